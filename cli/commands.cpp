@@ -1,0 +1,87 @@
+#include "cli/commands.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <ostream>
+
+#include "cli/context.h"
+#include "cli/progress_bar.h"
+
+namespace tarvelo::cli {
+namespace {
+
+// The parser would take a value such as -A0000000 for an option: the value is tied to its name.
+std::vector<std::string> TieNegativeValues(std::vector<std::string> arguments) {
+  const auto end = std::ranges::find(arguments, "--");
+  for (auto at = arguments.begin(); at != end && at + 1 != end; ++at) {
+    if (*at != "--base") continue;
+    *at += "=" + *(at + 1);
+    arguments.erase(at + 1);
+    break;
+  }
+  return arguments;
+}
+
+void SetLanguage(Context& context, std::string code) {
+  std::ranges::transform(code, code.begin(), [](unsigned char c) { return std::toupper(c); });
+  const Language* language = FindLanguage(code);
+  if (!language) throw CLI::ValidationError("--language", code + " is none of the languages");
+  context.messages = Messages(*language);
+}
+
+void Parse(std::vector<std::string> arguments, Context& context) {
+  CLI::App app("Tarvelo: explorer of fullflash images of Siemens phones", "tarvelo-cli");
+  app.allow_windows_style_options(false);
+  app.set_version_flag("--version", "Tarvelo v" TARVELO_VERSION);
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.add_option_function<std::string>(
+         "--language", [&](const std::string& code) { SetLanguage(context, code); },
+         "RU EN PL CH HR ES IT FR DE PT GR CZ")
+      ->trigger_on_parse();
+  AddInfo(app, context);
+  AddDecode(app, context);
+  AddEncode(app, context);
+  AddAddress(app, context);
+  AddDemo(app, context);
+
+  arguments = TieNegativeValues(std::move(arguments));
+  std::ranges::reverse(arguments);  // the parser takes them from the back
+  try {
+    app.parse(std::move(arguments));
+  } catch (const CLI::Success& success) {  // --help, --version
+    app.exit(success, context.out, context.err);
+  }
+}
+
+int Fail(Context& context, const std::exception& error, ExitStatus status) {
+  context.err << "tarvelo-cli: " << error.what() << '\n';
+  return status;
+}
+
+int Execute(const std::vector<std::string>& arguments, Context& context) try {
+  Parse(arguments, context);
+  context.out.flush();
+  if (!context.out) throw std::runtime_error("the output can't be written");
+  return context.status;
+} catch (const CLI::ParseError& error) {
+  return Fail(context, error, wrongArguments);
+} catch (const WrongArguments& error) {
+  return Fail(context, error, wrongArguments);
+} catch (const ScanFault& error) {
+  return Fail(context, error, scanFault);
+} catch (const std::bad_alloc&) {
+  return Fail(context, std::runtime_error("there is not enough memory"), fileTrouble);
+} catch (const std::exception& error) {
+  return Fail(context, error, fileTrouble);
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  const std::unique_ptr<Progress> progress = TerminalProgress();
+  Context context{out, err, *progress, Messages(), done};
+  return Execute(arguments, context);
+}
+
+}  // namespace tarvelo::cli

@@ -1,0 +1,49 @@
+// What every command gets, and the ways in which one can end early.
+#pragma once
+
+#include <iosfwd>
+#include <stdexcept>
+#include <string>
+
+#include "core/fullflash.h"
+#include "resources/messages.h"
+
+namespace CLI {
+class App;
+}
+
+namespace tarvelo::cli {
+
+struct Context {
+  std::ostream& out;
+  std::ostream& err;
+  Progress& progress;
+  Messages messages;
+  int status = 0;  // the exit status, unless an exception sets another
+};
+
+// Arguments that parse but make no sense together.
+class WrongArguments : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// A fault inside a scan of a file, with the cause.
+class ScanFault : public std::runtime_error {
+ public:
+  ScanFault(const std::string& file, const std::string& cause) : runtime_error(file + ": " + cause) {}
+};
+
+// Opens a dump given on the command line. Throws FileError, also for an empty file.
+[[nodiscard]] Fullflash OpenDump(const std::string& file, Context& context);
+
+// A hexadecimal number, with or without 0x. Throws WrongArguments, naming the option.
+[[nodiscard]] std::uint32_t ParseHex(const std::string& option, std::string text);
+
+// Each adds a subcommand, whose callback runs when it was given.
+void AddInfo(CLI::App& app, Context& context);
+void AddDecode(CLI::App& app, Context& context);
+void AddEncode(CLI::App& app, Context& context);
+void AddAddress(CLI::App& app, Context& context);
+void AddDemo(CLI::App& app, Context& context);
+
+}  // namespace tarvelo::cli

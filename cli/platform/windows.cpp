@@ -1,0 +1,32 @@
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+// after windows.h
+#include <shellapi.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "cli/platform/terminal.h"
+#include "core/file.h"
+
+namespace tarvelo::cli {
+
+// argv has been through the system's code page; the wide command line has every character.
+std::vector<std::string> Arguments(int, char**) {
+  int count = 0;
+  const std::unique_ptr<wchar_t*[], decltype(&LocalFree)> wide(
+      CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(PathText(std::filesystem::path(wide[i])));
+  return arguments;
+}
+
+void PrepareStreams() {
+  _setmode(_fileno(stdout), _O_BINARY);
+  SetConsoleOutputCP(CP_UTF8);
+}
+
+bool ErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+}  // namespace tarvelo::cli

@@ -1,0 +1,13 @@
+// The progress bar of the command line, on standard error.
+#pragma once
+
+#include <memory>
+
+#include "core/progress.h"
+
+namespace tarvelo::cli {
+
+// A bar where standard error is a terminal, nothing elsewhere.
+[[nodiscard]] std::unique_ptr<Progress> TerminalProgress();
+
+}  // namespace tarvelo::cli

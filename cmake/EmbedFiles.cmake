@@ -1,0 +1,16 @@
+# Run by tarvelo_embed (Embed.cmake): writes OUTPUT from FILES, which are separated by "|".
+string(REPLACE "|" ";" FILES "${FILES}")
+set(text "// Made by cmake/EmbedFiles.cmake.\n#pragma once\n\n#include <string_view>\n\nnamespace tarvelo::embedded {\n\n")
+foreach(file ${FILES})
+  get_filename_component(name ${file} NAME)
+  string(MAKE_C_IDENTIFIER ${name} name)
+  file(READ ${file} hex HEX)
+  string(LENGTH "${hex}" digits)
+  math(EXPR size "${digits} / 2")
+  string(REGEX REPLACE "(................................................................)" "\\1\n" hex "${hex}")
+  string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," hex "${hex}")
+  string(APPEND text "inline constexpr char ${name}_bytes[] = {\n${hex}'\\0'};\n"
+                     "inline constexpr std::string_view ${name}{${name}_bytes, ${size}};\n\n")
+endforeach()
+string(APPEND text "}  // namespace tarvelo::embedded\n")
+file(WRITE ${OUTPUT} "${text}")

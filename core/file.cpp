@@ -1,0 +1,106 @@
+#include "core/file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+namespace tarvelo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// One transfer moves at most this much, so that the bar moves while a huge file is read; the dumps
+// of all known phones come in one.
+constexpr std::size_t blockSize = std::size_t{64} << 20;
+
+// The system's words for why the last call failed.
+std::string Cause(std::string_view otherwise) {
+  return errno != 0 ? std::strerror(errno) : std::string(otherwise);
+}
+
+}  // namespace
+
+FileError::FileError(Kind kind, const fs::path& path, std::string_view cause)
+    : std::runtime_error(PathText(path).append(": ").append(cause)), kind_(kind), path_(path) {}
+
+FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (!fs::exists(status))
+    throw FileError(FileError::Kind::CantOpen, path,
+                    error ? error.message() : std::string("no such file"));
+  // Reading a folder, a pipe or a device would fail late or never end.
+  if (!fs::is_regular_file(status))
+    throw FileError(FileError::Kind::CantOpen, path,
+                    fs::is_directory(status) ? "it is a folder" : "it is not a file");
+  errno = 0;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+  const std::uint64_t size = fs::file_size(path, error);
+  if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
+  if (size > limit) throw FileError(FileError::Kind::TooLarge, path, "it is larger than 2 GiB");
+
+  FileBytes bytes{std::make_unique_for_overwrite<std::uint8_t[]>(size), size};
+  ProgressRun run(progress, 0, static_cast<std::int64_t>(size));
+  for (std::size_t done = 0; done < size;) {
+    const std::size_t part = std::min(blockSize, bytes.size - done);
+    errno = 0;
+    file.read(reinterpret_cast<char*>(bytes.data.get()) + done, static_cast<std::streamsize>(part));
+    if (!file) throw FileError(FileError::Kind::CantRead, path, Cause("it ended while it was read"));
+    done += part;
+    run.At(static_cast<std::int64_t>(done));
+  }
+  return bytes;
+}
+
+void WriteFile(const fs::path& path, std::span<const std::uint8_t> data, Progress& progress) {
+  errno = 0;
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  if (!file) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+  ProgressRun run(progress, 0, static_cast<std::int64_t>(data.size()));
+  for (std::size_t done = 0; done < data.size() && file;) {
+    const std::size_t part = std::min(blockSize, data.size() - done);
+    file.write(reinterpret_cast<const char*>(data.data()) + done, static_cast<std::streamsize>(part));
+    done += part;
+    run.At(static_cast<std::int64_t>(done));
+  }
+  file.close();
+  if (!file) {
+    const std::string cause = Cause("it can't be written");
+    std::error_code ignored;
+    fs::remove(path, ignored);
+    throw FileError(FileError::Kind::CantWrite, path, cause);
+  }
+}
+
+void WriteFile(const fs::path& path, std::string_view text) {
+  NoProgress progress;
+  WriteFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, progress);
+}
+
+void RemoveFile(const fs::path& path) {
+  std::error_code error;
+  fs::remove(path, error);
+  if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
+}
+
+bool FileExist(const fs::path& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  return fs::exists(status) && !fs::is_directory(status);
+}
+
+bool DirExist(const fs::path& path) {
+  std::error_code error;
+  return fs::is_directory(path, error);
+}
+
+std::string PathText(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+fs::path PathOf(std::string_view text) { return std::u8string(text.begin(), text.end()); }
+
+}  // namespace tarvelo

@@ -1,0 +1,63 @@
+// Whole files in and out, with failures that say what is wrong.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "core/progress.h"
+
+namespace tarvelo {
+
+// A file that could not be read or written. what() names the path and the cause.
+class FileError : public std::runtime_error {
+ public:
+  enum class Kind {
+    CantOpen,   // missing, a folder, locked, or no right to read or write it
+    TooLarge,   // longer than an image can be
+    CantRead,   // it broke off while it was read
+    CantWrite,  // it broke off while it was written (a full disk)
+  };
+
+  FileError(Kind kind, const std::filesystem::path& path, std::string_view cause);
+
+  [[nodiscard]] Kind Reason() const { return kind_; }
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  Kind kind_;
+  std::filesystem::path path_;
+};
+
+// The bytes of a whole file.
+struct FileBytes {
+  std::unique_ptr<std::uint8_t[]> data;
+  std::size_t size = 0;
+};
+
+// Reads a file of at most `limit` bytes. Throws FileError, and std::bad_alloc.
+[[nodiscard]] FileBytes ReadFile(const std::filesystem::path& path, std::uint64_t limit,
+                                 Progress& progress);
+
+// Writes a new file of exactly these bytes, or replaces the contents of one. Where writing breaks
+// off, the file is removed: no half of it stays behind. Throws FileError.
+void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data,
+               Progress& progress);
+void WriteFile(const std::filesystem::path& path, std::string_view text);
+
+// Removes a file. Throws FileError where it stays.
+void RemoveFile(const std::filesystem::path& path);
+
+// Whether the path names a file, resp. a folder. A path that cannot be looked at names neither.
+[[nodiscard]] bool FileExist(const std::filesystem::path& path);
+[[nodiscard]] bool DirExist(const std::filesystem::path& path);
+
+// A path as UTF-8 text, and back.
+[[nodiscard]] std::string PathText(const std::filesystem::path& path);
+[[nodiscard]] std::filesystem::path PathOf(std::string_view text);
+
+}  // namespace tarvelo

@@ -1,0 +1,93 @@
+// The fullflash: the whole dump of a phone's flash memory as one array of bytes, and the two bases
+// that tie the phone's addresses to positions in it.
+//
+// Everything is little-endian. Offsets are indices into the image, 0 being the first byte of the
+// file. A phone address is an offset plus CorrBase().
+//
+// Firmware keeps pointers in 4 bytes, in one of two ways:
+//   page pointer    (images of up to 16 MiB)  offset word, page word; address = page * 0x4000 + offset
+//   linear pointer  (larger images)           double word; its low 25 bits count, from CorrBase() on
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+#include "core/file.h"
+#include "text/bytes.h"
+
+namespace tarvelo {
+
+class Fullflash {
+ public:
+  // Files longer than this are large images: linear pointers, loaded at 0xA0000000.
+  static constexpr std::int32_t BigLimit = 0x1000000;
+  // The longest image: its last index is still a signed 32-bit number.
+  static constexpr std::uint64_t sizeLimit = std::uint64_t{1} << 31;
+
+  // No document.
+  Fullflash() = default;
+  // An image of these bytes. LoadBase() follows from the size, CorrBase() begins equal to it.
+  explicit Fullflash(FileBytes bytes);
+  explicit Fullflash(Bytes bytes);  // copies them
+
+  // Reads a dump whole. Throws FileError (sizeLimit is the limit) and std::bad_alloc. An empty
+  // file gives no document.
+  [[nodiscard]] static Fullflash Load(const std::filesystem::path& path, Progress& progress);
+
+  // Whether there is a document. A file of one byte counts as empty.
+  [[nodiscard]] bool IsOpen() const { return ffEnd() != 0; }
+
+  [[nodiscard]] Bytes ff() const { return {bytes_.data.get(), bytes_.size}; }
+  // The last valid offset; 0 when there is no document.
+  [[nodiscard]] std::int32_t ffEnd() const {
+    return bytes_.size == 0 ? 0 : static_cast<std::int32_t>(bytes_.size - 1);
+  }
+
+  // The phone address of offset 0. Negative for large images (0xA0000000 as a signed number).
+  [[nodiscard]] std::int32_t LoadBase() const { return loadBase_; }
+  // The base of all conversions: LoadBase(), but for a few models (identification.h).
+  [[nodiscard]] std::int32_t CorrBase() const { return corrBase_; }
+  void SetCorrBase(std::int32_t base) { corrBase_ = base; }
+
+  // C166 phones: images of at most 16 MiB, with page pointers.
+  [[nodiscard]] bool PageMode() const { return ffEnd() < BigLimit; }
+  [[nodiscard]] int PtrUnit() const { return PageMode() ? 1 : 2; }
+  [[nodiscard]] int PtrUnit2() const { return 2 * PtrUnit(); }
+  // Hexadecimal digits of the number of a 64 KiB block, and of an offset.
+  [[nodiscard]] int BlkDigits() const { return PtrUnit() + 1; }
+  [[nodiscard]] int OffDigits() const { return PtrUnit() + 5; }
+
+  // The byte, the 16-bit word, the 32-bit double word at an offset. All throw std::out_of_range
+  // outside the image; DWord throws std::overflow_error from 0x80000000 up, where pointers are read
+  // with GetAdr.
+  [[nodiscard]] std::uint8_t Byte(Offset a) const { return ByteAt(ff(), a); }
+  [[nodiscard]] std::uint16_t Word(Offset a) const { return WordAt(ff(), a); }
+  [[nodiscard]] std::int32_t DWord(Offset a) const;
+
+  // The phone address that the pointer at an offset holds. A page pointer's offset word is added
+  // whole. Throws std::out_of_range.
+  [[nodiscard]] std::int32_t GetAdr(Offset a) const;
+
+  // The byte at an offset in two hexadecimal digits; the last two digits of its decimal value.
+  [[nodiscard]] std::string ByteHex(Offset a) const;
+  [[nodiscard]] std::string ByteDec(Offset a) const;
+
+ private:
+  FileBytes bytes_;
+  std::int32_t loadBase_ = 0;
+  std::int32_t corrBase_ = 0;
+};
+
+inline std::int32_t Fullflash::DWord(Offset a) const {
+  const std::uint32_t value = Word(a) | static_cast<std::uint32_t>(Word(a + 2)) << 16;
+  if (value >= 0x80000000)
+    throw std::overflow_error("double word too large at offset " + std::to_string(a));
+  return static_cast<std::int32_t>(value);
+}
+
+inline std::int32_t Fullflash::GetAdr(Offset a) const {
+  if (PageMode()) return Word(a) + Word(a + 2) * 0x4000;
+  return Word(a) + ((Byte(a + 3) & 1) * 256 + Byte(a + 2)) * 0x10000 + CorrBase();
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,34 @@
+// How numbers and addresses are written: padded columns, hexadecimal, and the byte order in which
+// the firmware's own pointers lie in memory.
+//
+// All results fit the small buffer of std::string: none of these allocates.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarvelo {
+
+// Upper-case hexadecimal without leading zeros ("0" for 0).
+[[nodiscard]] std::string Hex(std::uint32_t value);
+
+// The last n characters of six zeros, resp. five blanks, with the text behind them: shorter texts are
+// filled on the left (by six, resp. five characters at the most), longer ones are cut on the left.
+[[nodiscard]] std::string PadZero(std::string_view text, std::size_t n);
+[[nodiscard]] std::string PadSpace(std::string_view text, std::size_t n);
+
+// A word as it lies in memory, low byte first, in four digits: 0x1234 gives "3412". Only the low
+// 16 bits count.
+[[nodiscard]] std::string Word2Str(std::int32_t value);
+
+// The page pointer to a phone address as it lies in memory, offset word before page word:
+// 0xA12345 is page 0x284, offset 0x2345, and gives "45238402".
+[[nodiscard]] std::string Adr2Str(std::int32_t address);
+
+// A byte in two upper-case hexadecimal digits, and the last two digits of its decimal value
+// (123 gives "23": date fields have two).
+[[nodiscard]] std::string HexOfByte(std::uint8_t byte);
+[[nodiscard]] std::string DecOfByte(std::uint8_t byte);
+
+}  // namespace tarvelo

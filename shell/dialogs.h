@@ -1,0 +1,52 @@
+// Everything that asks the user or tells him something in a box of its own. The desktop shows wx
+// dialogs; the tests answer from a script and record what was asked.
+#pragma once
+
+#include <wx/string.h>
+
+#include <filesystem>
+#include <optional>
+
+class wxWindow;
+
+namespace tarvelo {
+
+class Messages;
+
+class Dialogs {
+ public:
+  enum class Icon { Information, Critical };
+
+  virtual ~Dialogs() = default;
+
+  // Shows a text until the user has seen it.
+  virtual void Message(const wxString& text, Icon icon) = 0;
+  // Asks with Yes, No and Cancel; true only for Yes.
+  virtual bool Confirm(const wxString& text) = 0;
+  // A file to open, resp. to write to (asking before one is overwritten). The filter is a list of
+  // "name|patterns" joined by "|"; `current` is offered. Nothing when the user cancels.
+  virtual std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,
+                                                        const std::filesystem::path& current) = 0;
+  virtual std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
+                                                        const std::filesystem::path& current) = 0;
+};
+
+// The real ones. Buttons carry the current language's words.
+class WxDialogs final : public Dialogs {
+ public:
+  // Both must outlive the object; `parent` may be null.
+  WxDialogs(wxWindow* parent, const Messages& messages) : parent_(parent), messages_(messages) {}
+
+  void Message(const wxString& text, Icon icon) override;
+  bool Confirm(const wxString& text) override;
+  std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,
+                                                const std::filesystem::path& current) override;
+  std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
+                                                const std::filesystem::path& current) override;
+
+ private:
+  wxWindow* parent_;
+  const Messages& messages_;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,37 @@
+// The open fullflash, what it is, and its names.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "core/identification.h"
+
+namespace tarvelo {
+
+struct Document {
+  Fullflash image;
+  Identification info;
+
+  // The file as it was chosen: the file system is always asked with this. Kept after the document is
+  // closed, as the file dialog keeps it.
+  std::filesystem::path path;
+  // The name for showing and comparing: upper-cased when a dump is opened, else the last file chosen
+  // or written.
+  std::string FileName;
+  // The path without its extension, and the folder: where exported files go.
+  std::filesystem::path FileStem;
+  std::filesystem::path FileDir;
+
+  [[nodiscard]] bool IsOpen() const { return image.IsOpen(); }
+
+  // Sets `path` and the names that follow from it.
+  void SetPath(const std::filesystem::path& chosen);
+
+  // A file beside the dump: FileStem with this behind it ("_E.txt", ".info").
+  [[nodiscard]] std::filesystem::path Beside(std::string_view ending) const;
+
+  // Forgets the image and what is known of it.
+  void Close();
+};
+
+}  // namespace tarvelo

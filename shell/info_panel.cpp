@@ -1,0 +1,76 @@
+#include "shell/info_panel.h"
+
+#include <wx/panel.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include "resources/messages.h"
+#include "shell/main.h"
+#include "shell/picture.h"
+#include "shell/product.h"
+#include "shell/strings.h"
+
+namespace tarvelo {
+
+InfoPanel::InfoPanel(Main& main) : main_(main), window_(new wxPanel(&main)) {
+  Text = new wxTextCtrl(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                        wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2);
+  Text->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+  Text->SetMargins(window_->FromDIP(wxPoint(6, 4)));
+  Frame = new wxStaticBox(window_, wxID_ANY, productTitle);
+  PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
+  hint_ = new wxStaticText(Frame, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                           wxALIGN_CENTRE_HORIZONTAL | wxST_NO_AUTORESIZE);
+  main.AcceptDrops(*Text);
+  Layout();
+}
+
+void InfoPanel::Layout() {
+  const int gap = window_->FromDIP(8);
+  auto* box = new wxStaticBoxSizer(Frame, wxVERTICAL);
+  box->AddStretchSpacer(1);
+  box->Add(PicAbout, 0, wxALIGN_CENTRE_HORIZONTAL | wxLEFT | wxRIGHT, window_->FromDIP(24));
+  box->AddSpacer(2 * gap);
+  box->Add(hint_, 0, wxEXPAND | wxALL, gap);
+  box->AddStretchSpacer(2);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(Text, 1, wxEXPAND | wxALL, gap);
+  row->Add(box, 0, wxEXPAND | wxTOP | wxRIGHT | wxBOTTOM, gap);
+  window_->SetSizer(row);
+}
+
+int InfoPanel::MenuEntry() const { return Info; }
+
+wxWindow& InfoPanel::Window() { return *window_; }
+
+void InfoPanel::Save() {
+  const std::filesystem::path file = main_.Open().Beside(".info");
+  wxString text = GetText();
+  text.Replace("\n", CrLf);
+  WriteFile(file, Utf8(text));
+  main_.Tell(32, file);
+}
+
+void InfoPanel::Clear() { SetText(wxString()); }
+
+void InfoPanel::Recaption(const Messages& messages) {
+  hint_->SetLabel(Wx(messages.Msg(218)));
+  hint_->Wrap(PicAbout->GetBestSize().x + window_->FromDIP(32));
+  window_->Layout();
+}
+
+void InfoPanel::SetText(const wxString& text) {
+  Text->ChangeValue(text);
+  hint_->Show(text.empty());
+  window_->Layout();
+}
+
+void InfoPanel::AppendText(const wxString& text) { Text->AppendText(text); }
+
+wxString InfoPanel::GetText() const { return Text->GetValue(); }
+
+}  // namespace tarvelo

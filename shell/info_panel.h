@@ -1,0 +1,47 @@
+// The Info panel: the summary of the open dump, beside the program's picture.
+#pragma once
+
+#include <wx/string.h>
+
+#include "shell/panel.h"
+
+class wxStaticBitmap;
+class wxStaticBox;
+class wxStaticText;
+class wxTextCtrl;
+
+namespace tarvelo {
+
+class Main;
+
+class InfoPanel final : public Panel {
+ public:
+  explicit InfoPanel(Main& main);
+
+  [[nodiscard]] int MenuEntry() const override;
+  [[nodiscard]] int Name() const override { return 121; }
+  [[nodiscard]] int SaveTextCaption() const override { return 3; }
+  [[nodiscard]] wxWindow& Window() override;
+  void Build() override {}
+  // Writes the text to the dump's path with extension ".info".
+  void Save() override;
+  void Clear() override;
+  void Recaption(const Messages& messages) override;
+
+  // The information text. Explorers add lines to what the summary begins.
+  void SetText(const wxString& text);
+  void AppendText(const wxString& text);
+  [[nodiscard]] wxString GetText() const;
+
+ private:
+  void Layout();
+
+  Main& main_;
+  wxWindow* window_;
+  wxTextCtrl* Text;
+  wxStaticBox* Frame;
+  wxStaticBitmap* PicAbout;
+  wxStaticText* hint_;  // what to do while no dump is open
+};
+
+}  // namespace tarvelo

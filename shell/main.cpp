@@ -1,0 +1,134 @@
+// The window itself: building it, its panels, its language. The commands are in main_commands.cpp.
+#include "shell/main.h"
+
+#include <wx/dnd.h>
+#include <wx/fontmap.h>
+#include <wx/intl.h>
+#include <wx/sizer.h>
+
+#include "shell/info_panel.h"
+#include "shell/picture.h"
+#include "shell/product.h"
+#include "shell/strings.h"
+#include "shell/window_place.h"
+
+namespace tarvelo {
+namespace {
+
+// A dump that is dropped is opened when the drop is over: the program it came from waits until then.
+class DumpDrop final : public wxFileDropTarget {
+ public:
+  explicit DumpDrop(Main& main) : main_(main) {}
+
+  bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
+    if (files.empty()) return false;
+    main_.CallAfter([&main = main_, path = PathFrom(files[0])] { main.OpenChosen(path); });
+    return true;
+  }
+
+ private:
+  Main& main_;
+};
+
+wxFontEncoding EncodingOf(int charset) {
+  switch (charset) {
+    case 161: return wxFONTENCODING_CP1253;
+    case 204: return wxFONTENCODING_CP1251;
+    case 238: return wxFONTENCODING_CP1250;
+    default: return wxFONTENCODING_DEFAULT;
+  }
+}
+
+void SetFontEncoding(wxWindow& window, wxFontEncoding encoding) {
+  wxFont font = window.GetFont();
+  font.SetEncoding(encoding);
+  window.SetFont(font);
+  for (wxWindow* child : window.GetChildren()) SetFontEncoding(*child, encoding);
+}
+
+}  // namespace
+
+Main::Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Dialogs> dialogs)
+    : wxFrame(nullptr, wxID_ANY, productName),
+      settings_(std::move(settings)),
+      beeper_(std::move(beeper)),
+      dialogs_(dialogs ? std::move(dialogs) : std::make_unique<WxDialogs>(this, messages_)) {
+  SetIcons(ProgramIcons());
+  SetMinSize(FromDIP(wxSize(520, 340)));
+  status_ = new StatusBar(this);
+  SetStatusBar(status_);
+  menus_ = std::make_unique<Menus>(*this);
+  SetSizer(new wxBoxSizer(wxVERTICAL));
+
+  AddCommands();
+  auto info = std::make_unique<InfoPanel>(*this);
+  info_ = info.get();
+  AddPanel(std::move(info));
+  AcceptDrops(*this);
+
+  recent_.Read(settings_);
+  menus_->ShowRecent(recent_);
+  ChooseFirstLanguage();
+  CloseFF();
+  RestorePlace(*this, settings_);
+  Bind(wxEVT_MENU, [this](wxCommandEvent& event) { Run(event.GetId()); });
+  Bind(wxEVT_CLOSE_WINDOW, &Main::Form_Unload, this);
+}
+
+Main::~Main() = default;
+
+wxString Main::Msg(int n) const { return Wx(messages_.Msg(n)); }
+
+void Main::AcceptDrops(wxWindow& window) { window.SetDropTarget(new DumpDrop(*this)); }
+
+void Main::AddPanel(std::unique_ptr<Panel> panel) {
+  Panel& added = *panel;
+  GetSizer()->Add(&added.Window(), 1, wxEXPAND);
+  added.Window().Hide();
+  commands_[added.MenuEntry()] = [this, &added] { ShowPanel(added); };
+  panels_.push_back(std::move(panel));
+}
+
+void Main::ShowPanel(Panel& panel) {
+  if (visible_ == &panel) return;
+  panel.Build();
+  UnVis();
+  panel.Window().Show();
+  panel.Window().SetFocus();
+  visible_ = &panel;
+  SetTitle(wxString(productName) + " - " + Msg(panel.Name()));
+  menus_->CheckPanel(panel.MenuEntry());
+  menus_->Recaption(messages_, panel.SaveTextCaption());
+  GetSizer()->Layout();
+}
+
+void Main::UnVis() {
+  for (const auto& panel : panels_) panel->Window().Hide();
+  visible_ = nullptr;
+  menus_->Recaption(messages_, 5);
+}
+
+// The stored language, else the operating system's, else English.
+void Main::ChooseFirstLanguage() {
+  const Language* language = FindLanguage(settings_.GetIni("General", "Language"));
+  if (!language)
+    language = FindSystemLanguage(Utf8(wxLocale::GetLanguageCanonicalName(wxLocale::GetSystemLanguage())));
+  ApplyLang(language ? *language : English());
+}
+
+void Main::ApplyLang(const Language& language) {
+  messages_ = Messages(language);
+  SetFontEncoding(*this, EncodingOf(language.charset));
+  if (settings_.GetIni("General", "Language") != language.code)
+    settings_.SetIni("General", "Language", language.code);
+  menus_->Recaption(messages_, visible_ ? visible_->SaveTextCaption() : 5);
+  status_->Recaption(messages_);
+  for (const auto& panel : panels_) panel->Recaption(messages_);
+  if (visible_) SetTitle(wxString(productName) + " - " + Msg(visible_->Name()));
+}
+
+void Main::UpdateMenus() {
+  menus_->Enable(document_.IsOpen(), [this](int id) { return commands_.contains(id); });
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,128 @@
+// The main window: owns the open document and the panels, and routes commands to them.
+#pragma once
+
+#include <wx/frame.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "core/table.h"
+#include "resources/messages.h"
+#include "shell/dialogs.h"
+#include "shell/document.h"
+#include "shell/menus.h"
+#include "shell/platform/beeper.h"
+#include "shell/recent_files.h"
+#include "shell/settings.h"
+#include "shell/status_bar.h"
+
+namespace tarvelo {
+
+class InfoPanel;
+class Panel;
+
+// One and two line breaks, as files have them; texts on the screen have line feeds.
+inline constexpr char CrLf[] = "\r\n";
+inline constexpr char CrLf2[] = "\r\n\r\n";
+
+class Main final : public wxFrame {
+ public:
+  // Without dialogs of the caller's, the real ones are shown.
+  Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Dialogs> dialogs = nullptr);
+  ~Main() override;
+
+  // --- the document ---
+
+  [[nodiscard]] const Document& Open() const { return document_; }
+
+  // Closes the document and opens a dump: identifies it, writes the summary, shows the Info panel.
+  // What stands against it is told to the user, and no document is open then.
+  void OpenF(const std::filesystem::path& path);
+  void CloseFF();
+
+  // OpenF for a file that the user chose: asks about unsaved data first.
+  void OpenChosen(const std::filesystem::path& path);
+
+  // Opens a file named on the command line.
+  void OpenNamed(const std::string& name);
+
+  // Asks about unsaved patch data, if there is any. True means: stop.
+  [[nodiscard]] bool WasChanged();
+
+  // --- panels ---
+
+  // Shows a panel, unless it is shown already: builds it, hides all others, titles the window.
+  void ShowPanel(Panel& panel);
+  void UnVis();
+  [[nodiscard]] Panel* Visible() const { return visible_; }
+  // Takes over a panel and gives its menu entry the command that shows it.
+  void AddPanel(std::unique_ptr<Panel> panel);
+
+  // Writes a list as tab-separated text to the dump's path without extension, "_", the letter and
+  // ".txt", and tells the user. Throws FileError.
+  void SaveList(const Table& table, char letter);
+
+  // --- for the panels ---
+
+  [[nodiscard]] const Messages& Texts() const { return messages_; }
+  [[nodiscard]] StatusBar& Status() { return *status_; }
+  [[nodiscard]] InfoPanel& InfoText() { return *info_; }
+
+  // Says that something was done: message n, an empty line, the path.
+  void Tell(int n, const std::filesystem::path& path);
+
+  // Runs an access to a file. Where it fails the user is told ("Can't open file !" and the path)
+  // and the result is true.
+  [[nodiscard]] bool fOpenErr(const std::function<void()>& access);
+
+  // Lets dumps be dropped on a window.
+  void AcceptDrops(wxWindow& window);
+
+  // --- languages and commands ---
+
+  // Puts everything in a language: font character set, settings, captions, menu tick.
+  void ApplyLang(const Language& language);
+
+  // Runs the command of a menu entry. A fault ends the command with a message that names it.
+  void Run(int id);
+
+ private:
+  using Command = std::function<void()>;
+
+  void AddCommands();
+  void RunGuarded(const wxString& name, const Command& command);
+  void TellFileError(const FileError& error);
+  void TellFault(const wxString& command, const std::string& cause);
+  void UpdateMenus();
+  void ChooseFirstLanguage();
+  void ApplyCharset(int charset);
+
+  bool GetInfo(const std::filesystem::path& path);
+
+  void OpenFF_Click();
+  void Save_Click();
+  void SaveAs_Click();
+  void SaveText_Click();
+  void About_Click();
+  void ExitM_Click();
+  void Form_Unload(wxCloseEvent& event);
+
+  [[nodiscard]] wxString Msg(int n) const;
+  [[nodiscard]] wxString DumpFilter() const;
+
+  Settings settings_;
+  Messages messages_;
+  std::unique_ptr<Beeper> beeper_;
+  std::unique_ptr<Dialogs> dialogs_;
+  Document document_;
+  RecentFiles recent_;
+  std::map<int, Command> commands_;
+  std::vector<std::unique_ptr<Panel>> panels_;
+  std::unique_ptr<Menus> menus_;
+  StatusBar* status_ = nullptr;
+  InfoPanel* info_ = nullptr;
+  Panel* visible_ = nullptr;
+};
+
+}  // namespace tarvelo

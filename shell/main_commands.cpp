@@ -1,0 +1,185 @@
+// The main window's commands: opening, saving, leaving, and what happens when one fails.
+#include <wx/menu.h>
+#include <wx/stdpaths.h>
+
+#include "core/summary.h"
+#include "shell/info_panel.h"
+#include "shell/main.h"
+#include "shell/product.h"
+#include "shell/strings.h"
+#include "shell/window_place.h"
+
+namespace tarvelo {
+
+void Main::AddCommands() {
+  commands_ = {
+      {OpenFF, [this] { OpenFF_Click(); }},     {Save, [this] { Save_Click(); }},
+      {SaveAs, [this] { SaveAs_Click(); }},     {SaveText, [this] { SaveText_Click(); }},
+      {ExitM, [this] { ExitM_Click(); }},       {About, [this] { About_Click(); }},
+  };
+  for (int i = 0; i < static_cast<int>(RecentFiles::count); ++i)
+    commands_[File1 + i] = [this, i] { OpenChosen(PathOf(recent_[static_cast<std::size_t>(i)])); };
+  for (int i = 0; i <= LastLanguage - FirstLanguage; ++i)
+    commands_[FirstLanguage + i] = [this, i] { ApplyLang(Languages()[static_cast<std::size_t>(i)]); };
+}
+
+void Main::Run(int id) {
+  const auto command = commands_.find(id);
+  if (command == commands_.end()) return;
+  const wxMenuItem* entry = GetMenuBar()->FindItem(id);
+  RunGuarded(entry ? entry->GetItemLabelText() : wxString(), command->second);
+  // The tick that the click itself has changed follows the panel again.
+  menus_->CheckPanel(visible_ ? visible_->MenuEntry() : MenuNone);
+}
+
+void Main::RunGuarded(const wxString& name, const Command& command) try {
+  command();
+} catch (const FileError& error) {
+  TellFileError(error);
+} catch (const std::out_of_range& fault) {
+  TellFault(name, std::string(messages_.Msg(208)) + "\n" + fault.what());
+} catch (const std::overflow_error& fault) {
+  TellFault(name, std::string(messages_.Msg(209)) + "\n" + fault.what());
+} catch (const std::bad_alloc&) {
+  TellFault(name, std::string(messages_.Msg(210)));
+} catch (const std::exception& fault) {
+  TellFault(name, fault.what());
+}
+
+void Main::TellFault(const wxString& command, const std::string& cause) {
+  dialogs_->Message(Wx(messages_.MsgS(207, Utf8(command))) + "\n\n" + Wx(cause), Dialogs::Icon::Critical);
+}
+
+void Main::TellFileError(const FileError& error) {
+  int text = 80;
+  if (error.Reason() == FileError::Kind::TooLarge) text = 205;
+  if (error.Reason() == FileError::Kind::CantWrite) text = 206;
+  dialogs_->Message(Msg(text) + "\n\n" + WxPath(error.Path()), Dialogs::Icon::Critical);
+}
+
+bool Main::fOpenErr(const std::function<void()>& access) try {
+  access();
+  return false;
+} catch (const FileError& error) {
+  TellFileError(error);
+  return true;
+}
+
+void Main::Tell(int n, const std::filesystem::path& path) {
+  dialogs_->Message(Msg(n) + "\n\n" + WxPath(path), Dialogs::Icon::Information);
+}
+
+wxString Main::DumpFilter() const {
+  return Msg(111) + " (*.bin,*.fls)|*.bin;*.fls|" + Msg(114) + "|*.*";
+}
+
+bool Main::WasChanged() {
+  if (status_->Panel(StatusBar::patchPanel).empty()) return false;
+  return !dialogs_->Confirm(Msg(81) + "\n" + Msg(82));
+}
+
+void Main::OpenChosen(const std::filesystem::path& path) {
+  if (!WasChanged()) RunGuarded(Msg(134), [&] { OpenF(path); });
+}
+
+void Main::OpenNamed(const std::string& name) {
+  if (Upper(name).ends_with("ADR"))
+    dialogs_->Message(Msg(211) + "\n\n" + Wx(name), Dialogs::Icon::Critical);
+  else
+    OpenChosen(std::filesystem::absolute(PathOf(name)));
+}
+
+void Main::OpenFF_Click() {
+  if (WasChanged()) return;
+  const auto path = dialogs_->OpenFile(Msg(134), DumpFilter(), document_.path);
+  if (path) OpenF(*path);
+}
+
+void Main::OpenF(const std::filesystem::path& path) {
+  CloseFF();
+  if (!GetInfo(path)) return;
+  document_.FileName = Upper(PathText(path));
+  UpdateMenus();
+  recent_.Add(PathText(path));
+  menus_->ShowRecent(recent_);
+}
+
+// Reads and identifies a dump and writes the summary. False where there is nothing to show.
+bool Main::GetInfo(const std::filesystem::path& path) {
+  if (fOpenErr([&] { document_.image = Fullflash::Load(path, *status_); })) return false;
+  if (!document_.IsOpen()) {
+    dialogs_->Message(Msg(204) + "\n\n" + WxPath(path), Dialogs::Icon::Critical);
+    return false;
+  }
+  document_.SetPath(path);
+  document_.info = Identify(document_.image);
+  status_->SetPanel(1, WxPath(path));
+  status_->SetPanel(2, Wx(document_.info.StatusText()));
+  info_->SetText(Wx(Summary(PathText(path), document_.image, document_.info, messages_)));
+  return true;
+}
+
+void Main::CloseFF() {
+  document_.Close();
+  for (const auto& panel : panels_) panel->Clear();
+  status_->ClearFrom(2);
+  UpdateMenus();
+  ShowPanel(*info_);
+}
+
+void Main::Save_Click() {
+  document_.SetPath(document_.path);
+  if (fOpenErr([&] {
+        if (FileExist(document_.path)) RemoveFile(document_.path);
+        WriteFile(document_.path, document_.image.ff(), *status_);
+      }))
+    return;
+  status_->SetPanel(1, Wx(document_.FileName));
+  beeper_->Beep(12000, 300);
+}
+
+void Main::SaveAs_Click() {
+  const auto path = dialogs_->SaveFile(Msg(145), DumpFilter(), document_.path);
+  if (!path) return;
+  document_.SetPath(*path);
+  Save_Click();
+}
+
+void Main::SaveText_Click() {
+  if (visible_)
+    visible_->Save();
+  else
+    dialogs_->Message(Msg(33), Dialogs::Icon::Critical);
+}
+
+void Main::SaveList(const Table& table, char letter) {
+  const std::filesystem::path file = document_.Beside(std::string("_") + letter + ".txt");
+  WriteFile(file, TabSeparated(table, CrLf));
+  document_.FileName = PathText(file);
+  Tell(30, file);
+}
+
+void Main::About_Click() {
+  dialogs_->Message(wxString(productTitle) + "\n\n" + Msg(104), Dialogs::Icon::Information);
+}
+
+void Main::ExitM_Click() {
+  if (WasChanged()) return;
+  std::error_code ignored;
+  const auto folder = PathFrom(wxStandardPaths::Get().GetExecutablePath()).parent_path();
+  std::filesystem::remove(folder / "Tarvelo.whs", ignored);
+  recent_.Write(settings_);
+  StorePlace(*this, settings_);
+  Destroy();
+}
+
+void Main::Form_Unload(wxCloseEvent& event) {
+  if (event.CanVeto() && WasChanged()) {
+    event.Veto();
+    return;
+  }
+  status_->SetPanel(StatusBar::patchPanel, wxString());  // the question is not asked twice
+  ExitM_Click();
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,59 @@
+// The menu bar as data: which entries it has, where, with which caption and shortcut.
+#pragma once
+
+#include <wx/defs.h>
+
+#include <span>
+
+namespace tarvelo {
+
+// The commands, by their names.
+enum MenuId : int {
+  MenuNone = 0,  // a separator, in the table
+  OpenFF = wxID_HIGHEST + 1,
+  Save,
+  SaveAs,
+  SaveText,
+  View,
+  File1,
+  File5 = File1 + 4,
+  ExitM,
+  Info,
+  Menu,
+  EEPROM,
+  Langpack,
+  Pictures,
+  Ringtones,
+  Files,
+  Dump,
+  AddrBook,
+  PatchMenu,
+  Search,
+  StFun,
+  StPat,
+  Calc166_Menu,
+  Calculator,
+  Quillo,
+  FirstLanguage,  // the twelve, in the order of Languages()
+  LastLanguage = FirstLanguage + 11,
+  Help,
+  About,
+};
+
+struct MenuEntry {
+  int id;                     // MenuNone: a separator
+  int message = 0;            // its caption
+  const char* shortcut = "";  // as wx writes it: "Ctrl+O"
+  bool needsDocument = false;
+  wxItemKind kind = wxITEM_NORMAL;
+};
+
+struct MenuGroup {
+  int message;  // its title
+  std::span<const MenuEntry> entries;
+};
+
+// The whole bar, but for the recent files and the languages, which menus.h puts in their places.
+[[nodiscard]] std::span<const MenuGroup> MenuBarTable();
+
+}  // namespace tarvelo

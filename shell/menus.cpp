@@ -1,0 +1,99 @@
+#include "shell/menus.h"
+
+#include <wx/frame.h>
+#include <wx/menu.h>
+
+#include "resources/messages.h"
+#include "shell/mnemonics.h"
+#include "shell/recent_files.h"
+#include "shell/strings.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr char unnamed[] = "-";  // wx wants a caption; Recaption gives the real one
+
+bool IsLanguage(int id) { return id >= FirstLanguage && id <= LastLanguage; }
+
+// The caption of an entry, without shortcut.
+wxString Caption(const MenuEntry& entry, const Messages& messages, int saveText) {
+  return Wx(messages.Msg(entry.id == SaveText ? saveText : entry.message));
+}
+
+void RecaptionEntries(wxMenuBar& bar, const MenuGroup& group, const Messages& messages, int saveText) {
+  std::vector<wxString> captions;
+  for (const MenuEntry& entry : group.entries) captions.push_back(Caption(entry, messages, saveText));
+  captions = WithMnemonics(captions);
+  for (std::size_t i = 0; i < group.entries.size(); ++i) {
+    const MenuEntry& entry = group.entries[i];
+    if (entry.message == 0) continue;
+    const wxString shortcut = *entry.shortcut ? wxString("\t") + entry.shortcut : wxString();
+    bar.FindItem(entry.id)->SetItemLabel(captions[i] + shortcut);
+  }
+}
+
+}  // namespace
+
+Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
+  for (const MenuGroup& group : MenuBarTable()) {
+    auto* menu = new wxMenu;
+    for (const MenuEntry& entry : group.entries) {
+      if (entry.id == MenuNone) {
+        menu->AppendSeparator();
+      } else if (entry.id == File1) {
+        recentMenu_ = menu;
+        recentPosition_ = menu->GetMenuItemCount();
+      } else if (IsLanguage(entry.id)) {
+        for (int id = FirstLanguage; id <= LastLanguage; ++id) menu->AppendRadioItem(id, unnamed);
+      } else {
+        menu->Append(entry.id, unnamed, wxString(), entry.kind);
+      }
+    }
+    bar_->Append(menu, unnamed);
+  }
+  frame.SetMenuBar(bar_);
+}
+
+void Menus::Recaption(const Messages& messages, int saveText) {
+  std::vector<wxString> titles;
+  for (const MenuGroup& group : MenuBarTable()) {
+    titles.push_back(Wx(messages.Msg(group.message)));
+    RecaptionEntries(*bar_, group, messages, saveText);
+  }
+  titles = WithMnemonics(titles);
+  for (std::size_t i = 0; i < titles.size(); ++i) bar_->SetMenuLabel(i, titles[i]);
+
+  // Each language is called by its own name, whatever the current one.
+  std::vector<wxString> names;
+  for (const Language& language : Languages()) names.push_back(Wx(Messages(language).Msg(1)));
+  names = WithMnemonics(names);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const int id = FirstLanguage + static_cast<int>(i);
+    bar_->FindItem(id)->SetItemLabel(names[i]);
+    if (&Languages()[i] == &messages.Current()) bar_->Check(id, true);
+  }
+}
+
+void Menus::ShowRecent(const RecentFiles& files) {
+  for (; recentShown_ > 0; --recentShown_) recentMenu_->Destroy(File1 + static_cast<int>(recentShown_) - 1);
+  for (std::size_t i = 0; i < RecentFiles::count && !files[i].empty(); ++i) {
+    wxString path = Wx(files[i]);
+    path.Replace("&", "&&");
+    recentMenu_->Insert(recentPosition_ + i, File1 + static_cast<int>(i),
+                        wxString::Format("&%d ", static_cast<int>(i) + 1) + path);
+    ++recentShown_;
+  }
+}
+
+void Menus::Enable(bool documentOpen, const std::function<bool(int id)>& hasHandler) {
+  for (const MenuGroup& group : MenuBarTable())
+    for (const MenuEntry& entry : group.entries)
+      if (entry.message != 0)
+        bar_->Enable(entry.id, hasHandler(entry.id) && (documentOpen || !entry.needsDocument));
+}
+
+void Menus::CheckPanel(int shown) {
+  for (int id = Info; id <= PatchMenu; ++id) bar_->Check(id, id == shown);
+}
+
+}  // namespace tarvelo

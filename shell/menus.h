@@ -1,0 +1,42 @@
+// The menu bar of the main window, made of its table.
+#pragma once
+
+#include <functional>
+
+#include "shell/menu_table.h"
+
+class wxFrame;
+class wxMenu;
+class wxMenuBar;
+
+namespace tarvelo {
+
+class Messages;
+class RecentFiles;
+
+class Menus {
+ public:
+  // Builds the bar, without captions, and gives it to the frame.
+  explicit Menus(wxFrame& frame);
+
+  // Captions every title and entry in a language, ticks that language's entry.
+  // `saveText` is the number of the message that SaveText shows now.
+  void Recaption(const Messages& messages, int saveText);
+
+  // Shows the recent files; an entry without a file is hidden.
+  void ShowRecent(const RecentFiles& files);
+
+  // Enables each entry that has a handler and whose needs are met.
+  void Enable(bool documentOpen, const std::function<bool(int id)>& hasHandler);
+
+  // Ticks the entry of the panel that is shown, and only that one.
+  void CheckPanel(int id);
+
+ private:
+  wxMenuBar* bar_;
+  wxMenu* recentMenu_ = nullptr;     // where File1 .. File5 stand,
+  std::size_t recentPosition_ = 0;   // from this position on,
+  std::size_t recentShown_ = 0;      // and how many are shown
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,34 @@
+#include "shell/settings.h"
+
+#include <wx/filename.h>
+#include <wx/stdpaths.h>
+
+#include "shell/platform/ini.h"
+#include "shell/strings.h"
+
+namespace tarvelo {
+
+std::string Settings::GetIni(std::string_view section, std::string_view key) const {
+  return Upper(platform::ReadIni(file_, std::string(section), std::string(key)));
+}
+
+void Settings::SetIni(std::string_view section, std::string_view key, std::string_view value) {
+  platform::WriteIni(file_, std::string(section), std::string(key), std::string(value));
+}
+
+std::vector<std::pair<std::string, std::string>> Settings::GetSec(std::string_view section) const {
+  return platform::ReadIniSection(file_, std::string(section));
+}
+
+std::filesystem::path Settings::DefaultFile() {
+  constexpr char name[] = "Tarvelo.ini";
+  const wxStandardPaths& paths = wxStandardPaths::Get();
+  const std::filesystem::path beside = PathFrom(paths.GetExecutablePath()).parent_path();
+  if (wxFileName::IsDirWritable(WxPath(beside))) return beside / name;
+  const std::filesystem::path folder = PathFrom(paths.GetUserConfigDir()) / "Tarvelo";
+  std::error_code ignored;
+  std::filesystem::create_directories(folder, ignored);
+  return folder / name;
+}
+
+}  // namespace tarvelo

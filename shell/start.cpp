@@ -1,0 +1,3 @@
+#include "shell/app.h"
+
+wxIMPLEMENT_APP(tarvelo::App);

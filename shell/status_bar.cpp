@@ -1,0 +1,116 @@
+#include "shell/status_bar.h"
+
+#include <wx/evtloop.h>
+#include <wx/gauge.h>
+
+#include <algorithm>
+
+#include "resources/messages.h"
+#include "shell/strings.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int steps = 1000;  // of the progress bar
+constexpr int firstFigure = 3;
+constexpr int lastFigure = 8;
+
+}  // namespace
+
+StatusBar::StatusBar(wxWindow* parent)
+    : wxStatusBar(parent, wxID_ANY, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE | wxFULL_REPAINT_ON_RESIZE),
+      ProgressBar(new wxGauge(this, wxID_ANY, steps, wxDefaultPosition, wxDefaultSize,
+                              wxGA_HORIZONTAL | wxGA_SMOOTH)) {
+  SetFieldsCount(panels);
+  std::array<int, panels> styles;
+  styles.fill(wxSB_SUNKEN);
+  SetStatusStyles(panels, styles.data());
+  ProgressBar->Hide();
+  FitPanels();
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    PlaceProgressBar();
+    event.Skip();
+  });
+  Bind(wxEVT_MOTION, &StatusBar::ShowTooltip, this);
+}
+
+wxString StatusBar::Panel(int number) const { return GetStatusText(number - 1); }
+
+void StatusBar::SetPanel(int number, const wxString& text) {
+  if (text == Panel(number)) return;
+  SetStatusText(text, number - 1);
+  FitPanels();
+}
+
+void StatusBar::ClearFrom(int first) {
+  for (int number = first; number <= panels; ++number) SetPanel(number, wxString());
+}
+
+void StatusBar::Recaption(const Messages& messages) {
+  labels_[0] = Wx(messages.Msg(217));
+  labels_[1] = Wx(messages.Msg(216));
+  labels_[patchPanel - 1] = Wx(messages.Msg(172));
+  labels_[imagePanel - 1] = Wx(messages.Msg(174));
+}
+
+// The first two may be cut off in the bar: their text is shown whole.
+wxString StatusBar::Tooltip(int number) const {
+  const wxString& label = labels_[static_cast<std::size_t>(number - 1)];
+  const wxString text = Panel(number);
+  if (number > 2 || text.empty()) return label;
+  return label + "\n" + text;
+}
+
+void StatusBar::Start(std::int64_t first, std::int64_t last) {
+  first_ = first;
+  span_ = std::max<std::int64_t>(1, last - first);
+  ProgressBar->SetValue(0);
+  PlaceProgressBar();
+  ProgressBar->Show();
+}
+
+void StatusBar::At(std::int64_t position) {
+  const auto value = std::clamp<std::int64_t>((position - first_) * steps / span_, 0, steps);
+  if (ProgressBar->GetValue() == value) return;
+  ProgressBar->SetValue(static_cast<int>(value));
+  ProgressBar->Update();
+  if (wxEventLoopBase* loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_UI);
+}
+
+void StatusBar::Finish() { ProgressBar->Hide(); }
+
+// The path takes what is left; the figures are as wide as their texts.
+void StatusBar::FitPanels() {
+  int widths[panels];
+  widths[0] = -3;
+  widths[1] = -2;
+  for (int number = firstFigure; number <= panels; ++number) {
+    const int text = GetTextExtent(Panel(number)).x;
+    widths[number - 1] = std::max(FromDIP(24), text + FromDIP(14));
+  }
+  widths[panels - 1] += FromDIP(16);  // the size grip lies over the last one
+  SetStatusWidths(panels, widths);
+}
+
+void StatusBar::PlaceProgressBar() {
+  wxRect first, last;
+  if (!GetFieldRect(firstFigure - 1, first) || !GetFieldRect(lastFigure - 1, last)) return;
+  ProgressBar->SetSize(first.Union(last).Deflate(FromDIP(1)));
+}
+
+void StatusBar::ShowTooltip(wxMouseEvent& event) {
+  int number = 0;
+  wxRect field;
+  for (int i = 0; i < panels; ++i)
+    if (GetFieldRect(i, field) && field.Contains(event.GetPosition())) number = i + 1;
+  if (number != hovered_) {
+    hovered_ = number;
+    if (number == 0 || Tooltip(number).empty())
+      UnsetToolTip();
+    else
+      SetToolTip(Tooltip(number));
+  }
+  event.Skip();
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,60 @@
+// The status bar: ten panels, and the progress bar that lies over the middle ones while a command
+// runs.
+//
+//   1      path of the fullflash
+//   2      phone and firmware
+//   3 - 8  figures of the explorers
+//   9      "P" while the patch holds unsaved data
+//   10     "F" after the image was edited
+//
+// The letters are the only store of the two "changed" flags.
+#pragma once
+
+#include <wx/statusbr.h>
+
+#include <array>
+
+#include "core/progress.h"
+
+class wxGauge;
+
+namespace tarvelo {
+
+class Messages;
+
+class StatusBar final : public wxStatusBar, public Progress {
+ public:
+  static constexpr int panels = 10;
+  static constexpr int patchPanel = 9;
+  static constexpr int imagePanel = 10;
+
+  explicit StatusBar(wxWindow* parent);
+
+  // Panels count from 1.
+  [[nodiscard]] wxString Panel(int number) const;
+  void SetPanel(int number, const wxString& text);
+  // Empties panels first .. 10.
+  void ClearFrom(int first);
+
+  // What the mouse shows over panels 1, 2, 9 and 10, with the text of the first two.
+  void Recaption(const Messages& messages);
+  [[nodiscard]] wxString Tooltip(int number) const;
+
+  // The progress bar: shown while a run lasts. The window repaints, but takes no input.
+  void Start(std::int64_t first, std::int64_t last) override;
+  void At(std::int64_t position) override;
+  void Finish() override;
+
+ private:
+  void FitPanels();
+  void PlaceProgressBar();
+  void ShowTooltip(wxMouseEvent& event);
+
+  wxGauge* ProgressBar;
+  std::array<wxString, panels> labels_;
+  std::int64_t first_ = 0;
+  std::int64_t span_ = 1;
+  int hovered_ = 0;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,158 @@
+#include "cli/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "core/file.h"
+#include "demo/image_builder.h"
+#include "temporary_folder.h"
+
+namespace tarvelo::cli {
+namespace {
+
+struct Result {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+Result Call(const std::vector<std::string>& arguments) {
+  std::ostringstream out, err;
+  const int status = tarvelo::cli::Run(arguments, out, err);
+  return {status, out.str(), err.str()};
+}
+
+// A dump of 1 MiB with a header, in a folder of its own.
+class CommandLine : public testing::Test {
+ protected:
+  CommandLine() {
+    ImageBuilder builder(0x100000);
+    builder.Fill(0, 0x70000, 0);
+    builder.Byte(0x7FF50, 0x24);
+    builder.Text(0x7FF60, "FD-02");
+    builder.Text(0x7FF70, "C55");
+    builder.Text(0x7FF80, "SIEMENS");
+    builder.Data(0x10, std::vector<std::uint8_t>{0xD0, 0x90, 0x41, 0x00});
+    dump = PathText(folder.Write("dump.bin", std::move(builder).Take()));
+    missing = PathText(folder / "missing.bin");
+    empty = PathText(folder.Write("empty.bin", std::string()));
+    book = PathText(folder.Write("book.adr", std::string("\x34\x12" "ABC\0DE", 8)));
+  }
+
+  TemporaryFolder folder;
+  std::string dump, missing, empty, book;
+};
+
+// One line, which names the file.
+void ExpectDiagnosis(const Result& result, int status, const std::string& file) {
+  EXPECT_EQ(result.status, status) << result.err;
+  EXPECT_EQ(std::ranges::count(result.err, '\n'), 1) << result.err;
+  EXPECT_NE(result.err.find(file), std::string::npos) << result.err;
+}
+
+TEST_F(CommandLine, InfoPrintsSummariesInOrder) {
+  const Result one = Call({"info", dump});
+  EXPECT_EQ(one.status, done);
+  EXPECT_EQ(one.out, "Fullflash: " + dump + "\nSize: 100000 = 1M = 1048576\nLoading base: F00000\n"
+                     "Mobile: C55\nFirmware24 FD-02\nEmpty blocks: , 08 - 0F\n");
+  EXPECT_EQ(Call({"info", dump, dump}).out, one.out + "\n" + one.out);
+  EXPECT_NE(Call({"--language", "RU", "info", dump}).out, one.out);
+  EXPECT_EQ(Call({"info", dump, "--language", "ru"}).out, Call({"--language", "RU", "info", dump}).out);
+}
+
+TEST_F(CommandLine, InfoGoesOnAfterAFileThatFails) {
+  const Result result = Call({"info", missing, dump, "--json"});
+  ExpectDiagnosis(result, fileTrouble, missing);
+  EXPECT_EQ(result.out,
+            "{\"path\":\"" + [&] {
+              std::string escaped;
+              for (const char c : dump) escaped += c == '\\' ? "\\\\" : std::string(1, c);
+              return escaped;
+            }() + "\",\"size\":1048576,\"load_base\":15728640,\"corr_base\":15728640,\"page_mode\":true,"
+            "\"model\":\"C55\",\"family\":7,\"sig_pos\":524032,\"version\":\"24\",\"header_text\":\"FD-02\","
+            "\"t9\":null,\"empty_blocks\":\", 08 - 0F\"}\n");
+}
+
+TEST_F(CommandLine, FilesThatCannotBeReadEndWithThree) {
+  for (const auto& file : {missing, empty, PathText(folder.Path())}) {
+    ExpectDiagnosis(Call({"info", file}), fileTrouble, file);
+    ExpectDiagnosis(Call({"decode", "GetStr", file, "0"}), fileTrouble, file);
+    ExpectDiagnosis(Call({"decode", "WordA", file, "0"}), fileTrouble, file);
+  }
+  const std::string unwritable = PathText(folder / "no folder" / "demo.bin");
+  ExpectDiagnosis(Call({"demo", unwritable}), fileTrouble, unwritable);
+}
+
+TEST_F(CommandLine, DecodePrintsUnitsTextAndEnd) {
+  EXPECT_EQ(Call({"decode", "GetSiem", dump, "0x10"}).out,
+            "{\"units\":[1040,65],\"text\":\"АA\",\"end\":19,\"fault\":false}\n");
+  EXPECT_EQ(Call({"decode", "GetStr", dump, "7ff80"}).out,
+            "{\"units\":[83,73,69,77,69,78,83],\"text\":\"SIEMENS\",\"end\":524160,\"fault\":false}\n");
+  EXPECT_EQ(Call({"decode", "WordA", book, "0"}).out, "{\"value\":4660,\"end\":0,\"fault\":false}\n");
+  EXPECT_EQ(Call({"decode", "GetStrA", book, "2"}).out,
+            "{\"units\":[65,66,67],\"text\":\"ABC\",\"end\":2,\"fault\":false}\n");
+  EXPECT_EQ(Call({"decode", "GetStrA", book, "2", "--width", "1"}).out,
+            "{\"units\":[65],\"text\":\"A\",\"end\":2,\"fault\":false}\n");
+}
+
+TEST_F(CommandLine, DecodePrintsAFaultAndEndsWithFour) {
+  const Result uni = Call({"decode", "GetUniFF", dump, "FFFFE"});
+  EXPECT_EQ(uni.status, done);  // FFFF is a stop
+  const Result past = Call({"decode", "GetUniFF", dump, "100000"});
+  EXPECT_EQ(past.out, "{\"units\":[],\"text\":\"\",\"end\":1048576,\"fault\":true}\n");
+  ExpectDiagnosis(past, scanFault, dump);
+  const Result word = Call({"decode", "WordA", book, "7"});
+  EXPECT_EQ(word.out, "{\"value\":null,\"end\":7,\"fault\":true}\n");
+  ExpectDiagnosis(word, scanFault, book);
+  // GetStr has no faults: past the end there is an empty text.
+  EXPECT_EQ(Call({"decode", "GetStr", dump, "FFFFFFFF"}).status, done);
+}
+
+TEST(Encode, PrintsUpperCaseHexadecimal) {
+  EXPECT_EQ(Call({"encode", "AА"}).out, "95419B10\n");
+  EXPECT_EQ(Call({"encode", ""}).out, "\n");
+  EXPECT_EQ(Call({"encode", "[a,b]"}).out, "955B612C625D\n");
+  EXPECT_EQ(Call({"encode", "--", "-a"}).out, "952D61\n");
+  EXPECT_EQ(Call({"encode", "--", "--json"}).out, "952D2D6A736F6E\n");
+  EXPECT_EQ(Call({"encode", "中"}).status, scanFault);
+}
+
+TEST(Address, TakesOneOfThreeForms) {
+  const std::string expected = "{\"Page\":\"284\",\"Offs\":\"2345\",\"Addr\":\"A12345\",\"AdFF\":\"212345\"}\n";
+  EXPECT_EQ(Call({"address", "--base", "800000", "--page", "284", "--offs", "0x2345"}).out, expected);
+  EXPECT_EQ(Call({"address", "--base", "0x800000", "--addr", "a12345"}).out, expected);
+  EXPECT_EQ(Call({"address", "--adff", "212345", "--base", "800000"}).out, expected);
+  const std::string low = "{\"Page\":\"0\",\"Offs\":\"10\",\"Addr\":\"10\",\"AdFF\":\"10\"}\n";
+  EXPECT_EQ(Call({"address", "--offs", "10"}).out, low);
+  EXPECT_EQ(Call({"address", "--adff", "10", "--base", "A0000000"}).out, low);
+  EXPECT_EQ(Call({"address", "--adff", "10", "--base", "-60000000"}).out, low);
+}
+
+TEST_F(CommandLine, WrongArgumentsEndWithTwoAndOneLine) {
+  const std::vector<std::string> calls[] = {
+      {}, {"nonsense"}, {"info"}, {"info", "-"}, {"info", "--frobnicate", dump}, {"info", dump, "--language", "XX"},
+      {"decode", "GetFoo", dump, "0"}, {"decode", "GetStr", dump}, {"decode", "GetStr", dump, "xyz"},
+      {"decode", "GetStrA", book, "0", "--width", "-1"}, {"encode"}, {"encode", "a", "b"}, {"address"},
+      {"address", "--base", "10"}, {"address", "--addr", "1", "--adff", "1"}, {"address", "--page", "G"},
+      {"address", "--addr"}, {"address", "--base", "-80000001", "--addr", "1"}, {"demo"}, {"demo", "-"}};
+  for (const auto& call : calls) {
+    const Result result = Call(call);
+    std::string line;
+    for (const auto& argument : call) line += argument + ' ';
+    EXPECT_EQ(result.status, wrongArguments) << line;
+    EXPECT_EQ(std::ranges::count(result.err, '\n'), 1) << line << result.err;
+    EXPECT_EQ(result.out, "") << line;
+  }
+}
+
+TEST(Help, IsNoFailure) {
+  const Result help = Call({"--help"});
+  EXPECT_EQ(help.status, done);
+  EXPECT_NE(help.out.find("decode"), std::string::npos);
+  EXPECT_EQ(Call({"--version"}).out, "Tarvelo v3.45\n");
+}
+
+}  // namespace
+}  // namespace tarvelo::cli

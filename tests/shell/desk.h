@@ -1,0 +1,136 @@
+// A main window to test: with settings in a folder of its own, a beeper that records, and dialogs
+// that answer from a script and record what was asked.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <wx/dnd.h>
+#include <wx/menu.h>
+
+#include <deque>
+#include <optional>
+
+#include "demo/image_builder.h"
+#include "shell/info_panel.h"
+#include "shell/main.h"
+#include "shell/strings.h"
+#include "shell/test_app.h"
+#include "temporary_folder.h"
+
+namespace tarvelo {
+
+// What the window has said and asked, oldest first, and what to answer.
+struct Script {
+  std::deque<std::string> said;
+  std::deque<std::string> beeps;
+  bool confirm = false;
+  std::optional<std::filesystem::path> file;
+
+  // The oldest of what was said; empty when nothing was.
+  std::string TakeSaid() {
+    if (said.empty()) return {};
+    std::string text = said.front();
+    said.pop_front();
+    return text;
+  }
+};
+
+class ScriptedDialogs final : public Dialogs {
+ public:
+  explicit ScriptedDialogs(Script& script) : script_(script) {}
+
+  void Message(const wxString& text, Icon icon) override {
+    script_.said.push_back((icon == Icon::Critical ? "!" : "i") + Utf8(text));
+  }
+  bool Confirm(const wxString& text) override {
+    script_.said.push_back("?" + Utf8(text));
+    return script_.confirm;
+  }
+  std::optional<std::filesystem::path> OpenFile(const wxString&, const wxString& filter,
+                                                const std::filesystem::path&) override {
+    script_.said.push_back("open " + Utf8(filter));
+    return script_.file;
+  }
+  std::optional<std::filesystem::path> SaveFile(const wxString&, const wxString&,
+                                                const std::filesystem::path& current) override {
+    script_.said.push_back("save " + PathText(current.filename()));
+    return script_.file;
+  }
+
+ private:
+  Script& script_;
+};
+
+class RecordingBeeper final : public Beeper {
+ public:
+  explicit RecordingBeeper(Script& script) : script_(script) {}
+  void Beep(int frequency, int milliseconds) override {
+    script_.beeps.push_back(std::to_string(frequency) + " Hz " + std::to_string(milliseconds) + " ms");
+  }
+
+ private:
+  Script& script_;
+};
+
+class Desk : public testing::Test {
+ protected:
+  Desk() {
+    Settings(SettingsFile()).SetIni("General", "Language", "EN");
+    StartProgram();
+  }
+  ~Desk() override {
+    if (main) main->Destroy();
+    Settle();
+  }
+
+  void StartProgram() {
+    main = new Main(Settings(SettingsFile()), std::make_unique<RecordingBeeper>(script),
+                    std::make_unique<ScriptedDialogs>(script));
+    main->Show();
+    Settle();
+  }
+
+  [[nodiscard]] std::filesystem::path SettingsFile() const { return folder / "Tarvelo.ini"; }
+
+  // A dump of 1 MiB, C55 firmware 24.
+  std::filesystem::path WriteDump(const std::filesystem::path& name) const {
+    ImageBuilder builder(0x100000);
+    builder.Byte(0x7FF50, 0x24);
+    builder.Text(0x7FF60, "FD-02");
+    builder.Text(0x7FF70, "C55");
+    builder.Text(0x7FF80, "SIEMENS");
+    return folder.Write(name, std::move(builder).Take());
+  }
+
+  // Chooses a menu entry as a click does.
+  void Choose(int id) {
+    ASSERT_NE(Item(id), nullptr);
+    ASSERT_TRUE(Item(id)->IsEnabled()) << Caption(id);
+    main->ProcessCommand(id);
+    Settle();
+  }
+
+  // Drops a file on the window. It is opened when the drop is over, not before.
+  void Drop(const std::filesystem::path& file) {
+    wxArrayString files;
+    files.Add(WxPath(file));
+    auto* target = dynamic_cast<wxFileDropTarget*>(main->GetDropTarget());
+    ASSERT_NE(target, nullptr);
+    const bool wasOpen = main->Open().IsOpen();
+    EXPECT_TRUE(target->OnDropFiles(0, 0, files));
+    EXPECT_EQ(main->Open().IsOpen(), wasOpen);
+    Settle();
+  }
+
+  [[nodiscard]] wxMenuItem* Item(int id) const { return main->GetMenuBar()->FindItem(id); }
+  [[nodiscard]] bool Enabled(int id) const { return Item(id)->IsEnabled(); }
+  [[nodiscard]] std::string Caption(int id) const { return Utf8(Item(id)->GetItemLabelText()); }
+  [[nodiscard]] std::string Title() const { return Utf8(main->GetTitle()); }
+  [[nodiscard]] std::string Status(int panel) const { return Utf8(main->Status().Panel(panel)); }
+  [[nodiscard]] std::string InfoText() const { return Utf8(main->InfoText().GetText()); }
+
+  TemporaryFolder folder;
+  Script script;
+  Main* main = nullptr;
+};
+
+}  // namespace tarvelo

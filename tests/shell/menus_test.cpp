@@ -1,0 +1,81 @@
+#include <wx/font.h>
+
+#include <map>
+
+#include "shell/desk.h"
+#include "shell/mnemonics.h"
+
+namespace tarvelo {
+namespace {
+
+// Every label of a menu: none empty, no letter used twice.
+void CheckLabels(const std::vector<wxString>& labels, const std::string& where) {
+  std::map<wxUniChar::value_type, wxString> used;
+  for (const wxString& label : labels) {
+    const wxString text = wxMenuItem::GetLabelText(label);
+    EXPECT_FALSE(text.empty() || text == "-") << where;
+    wxString caption = label.BeforeFirst('\t');
+    caption.Replace("&&", "");
+    const auto mark = caption.find('&');
+    if (mark == wxString::npos) continue;
+    const auto key = wxString(caption[mark + 1]).Upper()[0].GetValue();
+    EXPECT_TRUE(used.emplace(key, text).second)
+        << where << ": \"" << Utf8(text) << "\" and \"" << Utf8(used[key]) << '"';
+  }
+}
+
+TEST_F(Desk, CaptionsEveryMenuInEveryLanguage) {
+  for (int i = 0; i < 12; ++i) {
+    Choose(FirstLanguage + i);
+    const Language& language = Languages()[static_cast<std::size_t>(i)];
+    const wxMenuBar& bar = *main->GetMenuBar();
+    std::vector<wxString> titles;
+    for (std::size_t menu = 0; menu < bar.GetMenuCount(); ++menu) {
+      titles.push_back(bar.GetMenuLabel(menu));
+      std::vector<wxString> labels;
+      for (const wxMenuItem* item : bar.GetMenu(menu)->GetMenuItems())
+        if (!item->IsSeparator()) labels.push_back(item->GetItemLabel());
+      CheckLabels(labels, std::string(language.code) + " " + std::to_string(menu));
+    }
+    CheckLabels(titles, std::string(language.code));
+    EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(134));
+    EXPECT_TRUE(Item(FirstLanguage + i)->IsChecked());
+  }
+}
+
+TEST_F(Desk, TakesTheLanguageOverARestart) {
+  main->OpenF(WriteDump("dump.bin"));
+  Choose(FirstLanguage + 10);  // Greek
+  const Messages greek(*FindLanguage("GR"));
+  EXPECT_EQ(Title(), "Tarvelo - " + std::string(greek.Msg(121)));
+  EXPECT_EQ(Caption(SaveText), greek.Msg(3));
+  EXPECT_EQ(Utf8(main->Status().Tooltip(9)), greek.Msg(172));
+  EXPECT_EQ(Utf8(main->Status().Tooltip(10)), greek.Msg(174));
+  EXPECT_EQ(Settings(SettingsFile()).GetIni("General", "Language"), "GR");
+  EXPECT_NE(InfoText().find("Loading base"), std::string::npos);  // texts keep their language
+  Choose(ExitM);
+  StartProgram();
+  EXPECT_EQ(Caption(OpenFF), greek.Msg(134));
+  EXPECT_TRUE(Item(FirstLanguage + 10)->IsChecked());
+}
+
+TEST_F(Desk, GivesFontsTheLanguagesCharacterSet) {
+  const auto encoding = [&] { return main->InfoText().Window().GetFont().GetEncoding(); };
+  const wxFontEncoding before = encoding();
+  Choose(FirstLanguage + 10);
+#ifdef __WXMSW__  // elsewhere fonts have every character, whatever is asked for
+  EXPECT_EQ(encoding(), wxFONTENCODING_CP1253);
+#endif
+  Choose(FirstLanguage + 1);
+  EXPECT_EQ(encoding(), before);
+}
+
+TEST(Mnemonics, TakeTheFirstFreeLetter) {
+  const auto marked = WithMnemonics({"Open", "Save", "Save as", "Save list as text", "Ass", "", Wx("打开"), "A & B"});
+  const std::vector<wxString> expected{"&Open", "&Save", "Save &as", "Save &list as text", "Ass", "",
+                                       Wx("打开(&B)"), "A && B"};
+  EXPECT_EQ(marked, expected);
+}
+
+}  // namespace
+}  // namespace tarvelo

@@ -1,0 +1,37 @@
+// The paged character encoding of the firmware's language packs.
+//
+// A byte b below 0x80 stands for the unit B + b, where B is the base of the current page, 0 at the
+// start of every text. Every other byte, and in page 0 every control byte, is a tag: it is kept in
+// the text as "<", two hexadecimal digits, ">", and sets the page.
+//
+//   bytes 0x95 .. 0x98   pages 0x0000, 0x0080, 0x0100, 0x0180
+//   bytes 0x99 .. 0xA0   pages 0x0300, 0x0380, ... 0x0680
+//   bytes 0xAA .. 0xEF   pages 0x4E00, 0x4E80, ... (CJK ideographs)
+//   all others           page 0x0000
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvelo {
+
+// Decodes one text, byte by byte.
+class LangpackDecoder {
+ public:
+  void Add(std::uint8_t byte);
+  [[nodiscard]] std::u16string Take() && { return std::move(text_); }
+
+ private:
+  std::u16string text_;
+  unsigned base_ = 0;
+};
+
+// The bytes of a text as the language pack keeps them: a page byte at the start and wherever the page
+// changes. Pages cover 0x80 characters, but page 0x98 takes U+0200 .. U+027F too (as bytes that
+// decode to tags). Throws std::overflow_error for U+0280 .. U+02FF and everything from U+0780 on,
+// which no page reaches, and where the result would be longer than 300 bytes.
+[[nodiscard]] std::vector<std::uint8_t> EncodeLangpack(std::u16string_view text);
+
+}  // namespace tarvelo

@@ -1,0 +1,19 @@
+// Between the character codes of the firmware and Unicode.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarvelo {
+
+// The character of a Windows-1251 byte. The page leaves 0x98 undefined: it gives U+0098.
+[[nodiscard]] char16_t FromWindows1251(std::uint8_t byte);
+
+// UTF-16 to UTF-8; an unpaired surrogate becomes U+FFFD.
+[[nodiscard]] std::string ToUtf8(std::u16string_view text);
+
+// UTF-8 to UTF-16; each byte that belongs to no well-formed sequence becomes U+FFFD.
+[[nodiscard]] std::u16string ToUtf16(std::string_view text);
+
+}  // namespace tarvelo
