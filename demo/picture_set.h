@@ -6,7 +6,8 @@
 
 namespace tarvelo {
 
-// One picture as the firmware keeps it: a table entry's first three bytes and the data it points to.
+// One picture as the firmware keeps it: a table entry's first three bytes and the data it points
+// to.
 struct EncodedPicture {
   std::uint8_t width = 0;   // pixels a row
   std::uint8_t height = 0;  // rows

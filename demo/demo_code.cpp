@@ -1,0 +1,213 @@
+#include "demo/demo_code.h"
+
+#include <array>
+#include <iterator>
+#include <vector>
+
+#include "demo/demo_code_writer.h"
+#include "demo/demo_random.h"
+
+namespace tarvelo {
+namespace {
+
+// A group of functions takes less than this.
+constexpr std::size_t longestGroup = 0x4000;
+
+enum class Operands { registers, constant, memory, bit, jump };
+
+struct Instruction {
+  std::uint8_t opcode;
+  Operands operands;
+};
+
+// The everyday instructions. How often one is listed is how often it is used.
+constexpr Instruction everyday[] = {
+    {0xF0, Operands::registers},  // MOV Rn, Rm
+    {0xF0, Operands::registers},  // MOV Rn, Rm
+    {0xE0, Operands::registers},  // MOV Rn, #4
+    {0xE0, Operands::registers},  // MOV Rn, #4
+    {0xA8, Operands::registers},  // MOV Rn, [Rm]
+    {0xB8, Operands::registers},  // MOV [Rm], Rn
+    {0x00, Operands::registers},  // ADD Rn, Rm
+    {0x08, Operands::registers},  // ADD Rn, #3
+    {0x20, Operands::registers},  // SUB Rn, Rm
+    {0x40, Operands::registers},  // CMP Rn, Rm
+    {0x48, Operands::registers},  // CMP Rn, #3
+    {0x5C, Operands::registers},  // SHL Rn, #4
+    {0xC0, Operands::registers},  // MOVBZ Rn, Rm
+    {0xE6, Operands::constant},   // MOV Rn, #16
+    {0xE6, Operands::constant},   // MOV Rn, #16
+    {0x46, Operands::constant},   // CMP Rn, #16
+    {0x66, Operands::constant},   // AND Rn, #16
+    {0x06, Operands::constant},   // ADD Rn, #16
+    {0xF2, Operands::memory},     // MOV Rn, mem
+    {0xF2, Operands::memory},     // MOV Rn, mem
+    {0xF2, Operands::memory},     // MOV Rn, mem
+    {0xF6, Operands::memory},     // MOV mem, Rn
+    {0xF6, Operands::memory},     // MOV mem, Rn
+    {0xF3, Operands::memory},     // MOVB Rn, mem
+    {0x9A, Operands::bit},        // JNB bit, rel
+    {0x8A, Operands::bit},        // JB bit, rel
+    {0x2D, Operands::jump},       // JMPR Z
+    {0x3D, Operands::jump},       // JMPR NZ
+    {0x3D, Operands::jump},       // JMPR NZ
+    {0x0D, Operands::jump},       // JMPR always
+    {0x8D, Operands::jump},       // JMPR C
+    {0x7C, Operands::registers},  // SHR Rn, #4
+};
+
+constexpr std::array logTexts{
+    "eeprom: block %u not found",
+    "eeprom: sector %u erased",
+    "eeprom: no room for block %u",
+    "flash: write failed at %08lx",
+    "flash: erase suspended",
+    "sim: card removed",
+    "sim: wrong answer to reset",
+    "sim: pin retries left %u",
+    "rr: cell %u selected",
+    "rr: no suitable cell",
+    "mm: location update",
+    "mm: imsi detach",
+    "cc: call %u connected",
+    "cc: call %u released, cause %u",
+    "sms: memory full",
+    "sms: stored in slot %u",
+    "mmi: unknown key %02x",
+    "mmi: menu %u opened",
+    "mmi: picture %u missing",
+    "mmi: text %u missing in language %u",
+    "audio: melody %u started",
+    "audio: melody %u stopped",
+    "audio: bad record in melody %u",
+    "t9: no dictionary for language %u",
+    "t9: word too long",
+    "accu: charging started",
+    "accu: voltage %u mV",
+    "accu: temperature sensor open",
+    "rtc: alarm set for %02u:%02u",
+    "rtc: oscillator stopped",
+    "os: stack of task %u low",
+    "os: queue %u full",
+    "os: timer %u expired twice",
+    "at: command too long",
+    "wap: connection closed",
+    "wap: no gateway configured",
+    "irda: link lost",
+    "ERROR %04x in task %u",
+    "ASSERT line %u",
+    "watchdog: task %u late",
+};
+
+class Functions {
+ public:
+  Functions(const ImageBuilder& image, Region region)
+      : image_(image), out_(region.begin), random_(static_cast<std::uint32_t>(region.begin)) {
+    for (unsigned& address : memory_) address = 0x8000 + 2 * random_.Below(0x1000);
+  }
+
+  void Group();
+  [[nodiscard]] const CodeWriter& Out() const { return out_; }
+
+ private:
+  void Texts();
+  void Function();
+  void Step();
+  void Call();
+  void CallWithMessage();
+  void CallWithText();
+  // Where to choose from a list.
+  std::uint32_t Below(const auto& list) {
+    return random_.Below(static_cast<std::uint32_t>(list.size()));
+  }
+
+  const ImageBuilder& image_;
+  CodeWriter out_;
+  Random random_;
+  std::array<unsigned, 64> memory_{};   // the variables of this part of the firmware
+  std::vector<std::size_t> functions_;  // offsets of what can be called
+  std::vector<std::size_t> texts_;      // offsets of what can be logged
+};
+
+void Functions::Group() {
+  Texts();
+  const unsigned count = 8 + random_.Below(12);
+  for (unsigned i = 0; i < count; ++i) Function();
+}
+
+void Functions::Texts() {
+  texts_.clear();
+  for (int i = 0; i < 5; ++i) texts_.push_back(out_.Text(logTexts[Below(logTexts)]));
+}
+
+void Functions::Function() {
+  functions_.push_back(out_.Offset());
+  const unsigned saved = random_.Below(4);
+  for (unsigned i = 0; i < saved; ++i) out_.Instruction(0x88, (9 - i) << 4);  // MOV [-R0], Rn
+  const unsigned steps = 6 + random_.Below(50);
+  for (unsigned i = 0; i < steps; ++i) Step();
+  for (unsigned i = saved; i-- > 0;) out_.Instruction(0x98, (9 - i) << 4);  // MOV Rn, [R0+]
+  out_.Instruction(0xDB, 0x00);                                             // RETS
+}
+
+void Functions::Step() {
+  switch (random_.Below(24)) {
+    case 0:
+    case 1:
+      return Call();
+    case 2:
+      return CallWithText();
+    case 3:
+      return CallWithMessage();
+    default:
+      break;
+  }
+  const Instruction next = everyday[random_.Below(std::size(everyday))];
+  const unsigned variable = memory_[Below(memory_)];
+  const std::uint8_t byte = random_.Byte();
+  const auto reg = static_cast<std::uint8_t>(0xF4 + random_.Below(12));
+  switch (next.operands) {
+    case Operands::registers:
+      return out_.Instruction(next.opcode, byte);
+    case Operands::constant:
+      return out_.Instruction(next.opcode, reg, byte % 4 == 0 ? variable : byte);
+    case Operands::memory:
+      return out_.Instruction(next.opcode, reg, variable);
+    case Operands::bit:
+      return out_.Instruction(next.opcode, variable >> 1 & 0x7F,
+                              (byte & 0xF0) << 8 | (2 + byte % 12));
+    case Operands::jump:
+      return out_.Instruction(next.opcode, 2 + byte % 20);
+  }
+}
+
+// CALLS to a function that came before.
+void Functions::Call() {
+  const std::uint32_t address = image_.Address(functions_[Below(functions_)]);
+  out_.Instruction(0xDA, address >> 16 & 0xFF, address & 0xFFFF);
+}
+
+// The number of an interface text goes into R12, what to do with it into R13.
+void Functions::CallWithMessage() {
+  out_.Instruction(0xE6, 0xFC, random_.Below(0x400));
+  out_.Instruction(0xE6, 0xFD, random_.Below(4));
+  Call();
+}
+
+// The offset of a log text in its page goes into R12, the page into R13.
+void Functions::CallWithText() {
+  const std::uint32_t address = image_.Address(texts_[Below(texts_)]);
+  out_.Instruction(0xE6, 0xFC, address % cpuPage);
+  out_.Instruction(0xE6, 0xFD, address / cpuPage & 0x3FF);
+  Call();
+}
+
+}  // namespace
+
+void WriteCode(ImageBuilder& image, Region region) {
+  Functions functions(image, region);
+  while (functions.Out().Offset() + longestGroup < region.end) functions.Group();
+  image.Data(region.begin, functions.Out().Code());
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,38 @@
+// Collects the machine code of a made-up firmware. Whatever is added, the code never looks like one
+// of the things that are found in an image by their bytes alone: an EEPROM block header, the start
+// of a picture or ringtone table, a stand-alone picture header, a T9 area.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace tarvelo {
+
+class CodeWriter {
+ public:
+  // The code begins at this offset of the image, a multiple of 4.
+  explicit CodeWriter(std::size_t offset) : start_(offset) {}
+
+  // Of the next instruction.
+  [[nodiscard]] std::size_t Offset() const { return start_ + code_.size(); }
+  [[nodiscard]] std::span<const std::uint8_t> Code() const { return code_; }
+
+  // One instruction of 2 or 4 bytes: the opcode, a byte of operands, a word of operands. One that
+  // would complete a look-alike becomes a NOP instead.
+  void Instruction(std::uint8_t opcode, unsigned operand);
+  void Instruction(std::uint8_t opcode, unsigned operand, unsigned word);
+  // A text and its zero, filled up to an even length. Gives its offset.
+  std::size_t Text(std::string_view text);
+
+ private:
+  void DropLookalike(std::size_t before);
+  [[nodiscard]] bool EndsLookalike(std::size_t end) const;
+
+  std::size_t start_;
+  std::vector<std::uint8_t> code_;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,126 @@
+#include "demo/demo_image.h"
+
+#include <array>
+#include <utility>
+
+#include "demo/demo_code.h"
+#include "demo/demo_eeprom.h"
+#include "demo/demo_header.h"
+#include "demo/demo_ringtones.h"
+#include "demo/demo_t9.h"
+#include "demo/demo_tables.h"
+#include "demo/demo_texts.h"
+
+namespace tarvelo {
+namespace {
+
+enum class Part {
+  code,
+  header,
+  firstTable,   // of pictures
+  secondTable,  // within 0x50000 bytes of the first one
+  pictures,     // what both tables point to
+  standalone,   // pictures without a table
+  ringtones,
+  texts,
+  t9,
+  oldSector,  // where blocks lay before the EEPROM moved
+  eeprom,
+};
+
+struct Place {
+  Part part;
+  Region region;
+};
+
+// What is not listed stays erased.
+constexpr std::size_t smallSize = 0x800000;
+constexpr std::array smallMap{
+    Place{Part::code, {0x000000, 0x07FF00}},      Place{Part::header, {0x07FF00, 0x080000}},
+    Place{Part::code, {0x080000, 0x100000}},      Place{Part::code, {0x120000, 0x1E0000}},
+    Place{Part::code, {0x1F0000, 0x200000}},      Place{Part::firstTable, {0x200000, 0x201000}},
+    Place{Part::code, {0x201000, 0x220000}},      Place{Part::secondTable, {0x220000, 0x221000}},
+    Place{Part::code, {0x221000, 0x280000}},      Place{Part::pictures, {0x280000, 0x300000}},
+    Place{Part::code, {0x300000, 0x310000}},      Place{Part::standalone, {0x310000, 0x314000}},
+    Place{Part::code, {0x314000, 0x330000}},      Place{Part::ringtones, {0x330000, 0x340000}},
+    Place{Part::texts, {0x340000, 0x350000}},     Place{Part::code, {0x350000, 0x3F0000}},
+    Place{Part::oldSector, {0x3F0000, 0x400000}}, Place{Part::t9, {0x400000, 0x440000}},
+    Place{Part::code, {0x500000, 0x590000}},      Place{Part::code, {0x600000, 0x6E0000}},
+    Place{Part::code, {0x6F0000, 0x750000}},      Place{Part::eeprom, {0x760000, 0x800000}},
+};
+
+constexpr std::size_t largeSize = 0x2000000;
+constexpr std::array largeMap{
+    Place{Part::code, {0x0000000, 0x008FC00}},
+    Place{Part::header, {0x008FC00, 0x008FD00}},
+    Place{Part::code, {0x008FD00, 0x0200000}},
+    Place{Part::code, {0x0300000, 0x05A0000}},
+    Place{Part::code, {0x05B0000, 0x0800000}},
+    Place{Part::firstTable, {0x0800000, 0x0801000}},
+    Place{Part::code, {0x0801000, 0x0830000}},
+    Place{Part::secondTable, {0x0830000, 0x0831000}},
+    Place{Part::code, {0x0831000, 0x0900000}},
+    Place{Part::pictures, {0x0900000, 0x0980000}},
+    Place{Part::code, {0x0980000, 0x0A00000}},
+    Place{Part::standalone, {0x0A00000, 0x0A04000}},
+    Place{Part::code, {0x0A04000, 0x0A80000}},
+    Place{Part::ringtones, {0x0A80000, 0x0A90000}},
+    Place{Part::texts, {0x0A90000, 0x0AA0000}},
+    Place{Part::code, {0x0AA0000, 0x0BF0000}},
+    Place{Part::oldSector, {0x0BF0000, 0x0C00000}},
+    Place{Part::code, {0x0C00000, 0x1000000}},
+    Place{Part::code, {0x1400000, 0x1800000}},
+    Place{Part::code, {0x1900000, 0x1A00000}},
+    Place{Part::eeprom, {0x1F60000, 0x2000000}},
+};
+
+constexpr bool InOrder(const auto& map, std::size_t size) {
+  std::size_t end = 0;
+  for (const Place& place : map) {
+    if (place.region.begin < end || place.region.end <= place.region.begin) return false;
+    end = place.region.end;
+  }
+  return end <= size;
+}
+static_assert(InOrder(smallMap, smallSize));
+static_assert(InOrder(largeMap, largeSize));
+
+constexpr HeaderTexts smallHeader{"C55", "Tarvelo demo", "14.11.2002", "10:22:31", 0x24};
+constexpr HeaderTexts largeHeader{"S55", "Tarvelo large", "21.05.2003", "16:05:09", 0x91};
+
+constexpr Region Find(const auto& map, Part part) {
+  for (const Place& place : map)
+    if (place.part == part) return place.region;
+  return {};
+}
+
+std::vector<std::uint8_t> Build(const auto& map, std::size_t size, const HeaderTexts& header) {
+  ImageBuilder image(size);
+  for (const Place& place : map)
+    if (place.part == Part::code) WriteCode(image, place.region);
+  WriteHeader(image, Find(map, Part::header), header);
+  const Region t9 = Find(map, Part::t9);
+  if (t9.end != 0) WriteT9(image, t9);
+
+  const bool small = image.PageMode();
+  const PictureSet pictures = DrawPictures(small);
+  RegionWriter data(image, Find(map, Part::pictures));
+  WritePictureTable(image, Find(map, Part::firstTable), pictures.first,
+                    small ? TableEnd::noHeight : TableEnd::reservedByte, data);
+  WritePictureTable(image, Find(map, Part::secondTable), pictures.second, TableEnd::fullWidth,
+                    data);
+  WriteStandalonePictures(image, Find(map, Part::standalone), pictures.standalone);
+
+  WriteRingtones(image, Find(map, Part::ringtones));
+  WriteTexts(image, Find(map, Part::texts));
+  WriteEeprom(image, Find(map, Part::eeprom), Find(map, Part::oldSector));
+  return std::move(image).Take();
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> DemoImage(bool large) {
+  return large ? Build(largeMap, largeSize, largeHeader) : Build(smallMap, smallSize, smallHeader);
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,75 @@
+#include "demo/demo_texts.h"
+
+#include "demo/demo_encoders.h"
+#include "demo/demo_phrases.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr std::size_t partSize = 0x1000;
+
+// Only the language packs have a place for these,
+constexpr std::u16string_view controlCharacters = u"\n\x11\x12";
+// and strings that a byte ends have none for the last small Russian letter either.
+constexpr std::u16string_view notInStrings = u"\n\x11\x12я";
+
+std::u16string_view Text(const Phrase& phrase, PhraseLanguage language) {
+  const std::u16string_view text = phrase[static_cast<std::size_t>(language)];
+  return text.empty() ? phrase[static_cast<std::size_t>(PhraseLanguage::english)] : text;
+}
+
+// Writes the messages of one language, each with `encode`, but for those that hold one of the
+// characters in `without`.
+void Encoded(RegionWriter& writer, PhraseLanguage language,
+             TextBytes (*encode)(std::u16string_view),
+             std::u16string_view without = controlCharacters) {
+  for (const Phrase& phrase : phrases) {
+    const std::u16string_view text = Text(phrase, language);
+    if (text.find_first_of(without) == std::u16string_view::npos) writer.Put(encode(text));
+  }
+}
+
+// The last ones are those of the test menu: a string may end in another byte than zero.
+void PlainStrings(RegionWriter& writer) {
+  const auto encode = [](std::u16string_view text) { return PlainText(text); };
+  Encoded(writer, PhraseLanguage::russian, encode, notInStrings);
+  writer.Put(PlainText(u"Service menu"));
+  writer.Put(PlainText(u"Tarvelo demo firmware"));
+  writer.Put(PlainText(u"Battery test", 0x01));
+  writer.Put(PlainText(u"Display test", 0xFF));
+  writer.Put(PlainText(u"Keypad test"));
+}
+
+void LanguagePack(ImageBuilder& image, RegionWriter& writer, PhraseLanguage language) {
+  writer.Align(2);
+  const std::size_t pack = writer.Reserve(4 + 4 * phrases.size());
+  std::size_t next = image.Word(pack, static_cast<std::uint16_t>(phrases.size()));
+  next = image.Word(next, static_cast<std::uint16_t>(language));
+  for (const Phrase& phrase : phrases)
+    next = image.Pointer(next, writer.PutInPage(LanguageText(Text(phrase, language))));
+}
+
+}  // namespace
+
+void WriteTexts(ImageBuilder& image, Region region) {
+  const auto part = [&](std::size_t number, auto&& write) {
+    const std::size_t begin = region.begin + number * partSize;
+    RegionWriter writer(image, {begin, begin + partSize});
+    write(writer);
+  };
+  using enum PhraseLanguage;
+  part(0, PlainStrings);
+  part(1, [](RegionWriter& w) { Encoded(w, english, CountedText); });
+  part(2, [](RegionWriter& w) { Encoded(w, russian, CyrillicText, notInStrings); });
+  part(3, [](RegionWriter& w) { Encoded(w, greek, UnicodeText); });
+  part(4, [](RegionWriter& w) { Encoded(w, chinese, BigEndianText); });
+  part(5, [](RegionWriter& w) { Encoded(w, german, OpenUnicodeText); });
+  part(6, [](RegionWriter& w) { Encoded(w, english, PackedText); });
+
+  RegionWriter packs(image, {region.begin + 7 * partSize, region.end});
+  for (std::size_t i = 0; i < phraseLanguages; ++i)
+    LanguagePack(image, packs, static_cast<PhraseLanguage>(i));
+  packs.Put(LanguageText(u"All languages"));
+}
+
+}  // namespace tarvelo
