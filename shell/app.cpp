@@ -9,6 +9,9 @@
 namespace tarvelo {
 
 bool App::OnInit() {
+#ifdef NDEBUG
+  wxDISABLE_DEBUG_SUPPORT();  // a user can do nothing about an assertion of the library
+#endif
   SetAppName(productName);
   auto* window = new Main(Settings(Settings::DefaultFile()), SystemBeeper());
   window->Show();

@@ -57,6 +57,7 @@ Main::Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Di
   SetMinSize(FromDIP(wxSize(520, 340)));
   status_ = new StatusBar(this);
   SetStatusBar(status_);
+  SetStatusBarPane(-1);  // menus do not write over the panels
   menus_ = std::make_unique<Menus>(*this);
   SetSizer(new wxBoxSizer(wxVERTICAL));
 

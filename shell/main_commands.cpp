@@ -8,6 +8,7 @@
 #include "shell/product.h"
 #include "shell/strings.h"
 #include "shell/window_place.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 
@@ -83,7 +84,7 @@ void Main::OpenChosen(const std::filesystem::path& path) {
 }
 
 void Main::OpenNamed(const std::string& name) {
-  if (Upper(name).ends_with("ADR"))
+  if (ToUpper(name).ends_with("ADR"))
     dialogs_->Message(Msg(211) + "\n\n" + Wx(name), Dialogs::Icon::Critical);
   else
     OpenChosen(std::filesystem::absolute(PathOf(name)));
@@ -98,7 +99,7 @@ void Main::OpenFF_Click() {
 void Main::OpenF(const std::filesystem::path& path) {
   CloseFF();
   if (!GetInfo(path)) return;
-  document_.FileName = Upper(PathText(path));
+  document_.FileName = ToUpper(PathText(path));
   UpdateMenus();
   recent_.Add(PathText(path));
   menus_->ShowRecent(recent_);

@@ -1,32 +1,36 @@
 #include "shell/mnemonics.h"
 
-#include <wx/crt.h>
-
 #include <set>
+
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
 
-using Used = std::set<wxUniChar::value_type>;
+using Used = std::set<char32_t>;
 
-// Letters of an alphabet and digits: what a keyboard has keys for. Ideographs have none.
-bool HasKey(wxUniChar c) { return c.GetValue() < 0x2E80 && wxIsalnum(c); }
-
-wxUniChar::value_type Key(wxUniChar c) { return static_cast<wxUniChar::value_type>(wxToupper(c)); }
+// The key of a letter or digit, 0 for a character that keyboards have no key for (ideographs, signs).
+char32_t Key(wxUniChar c) {
+  const char32_t upper = ToUpper(static_cast<char32_t>(c.GetValue()));
+  const auto in = [upper](char32_t first, char32_t last) { return upper >= first && upper <= last; };
+  const bool ascii = in('0', '9') || in('A', 'Z');
+  const bool beyond = in(0xC0, 0x24F) || in(0x386, 0x3FF) || in(0x400, 0x52F);
+  return ascii || beyond ? upper : 0;
+}
 
 // Where to put the mark, or npos.
 std::size_t Place(const wxString& caption, const Used& used) {
   for (const bool wordStart : {true, false})
     for (std::size_t i = 0; i < caption.length(); ++i) {
       const bool starts = i == 0 || caption[i - 1] == ' ' || caption[i - 1] == '(';
-      if (starts == wordStart && HasKey(caption[i]) && !used.contains(Key(caption[i]))) return i;
+      if (starts == wordStart && Key(caption[i]) && !used.contains(Key(caption[i]))) return i;
     }
   return wxString::npos;
 }
 
 bool HasLetters(const wxString& caption) {
   for (const wxUniChar c : caption)
-    if (HasKey(c)) return true;
+    if (Key(c)) return true;
   return false;
 }
 
@@ -42,7 +46,7 @@ wxString WithMnemonic(const wxString& caption, Used& used) {
   }
   if (!HasLetters(caption) && !caption.empty())
     for (char letter = 'A'; letter <= 'Z'; ++letter)
-      if (used.insert(static_cast<unsigned char>(letter)).second)
+      if (used.insert(static_cast<char32_t>(letter)).second)
         return doubled(caption) + "(&" + letter + ")";
   return doubled(caption);
 }

@@ -4,6 +4,7 @@
 
 #include "shell/settings.h"
 #include "shell/strings.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
@@ -15,7 +16,7 @@ std::string Key(std::size_t index) { return "File" + std::to_string(index + 1); 
 void RecentFiles::Read(const Settings& settings) {
   for (const auto& [key, value] : settings.GetSec("History"))
     for (std::size_t i = 0; i < count; ++i)
-      if (Upper(key) == Upper(Key(i))) files_[i] = value;
+      if (ToUpper(key) == ToUpper(Key(i))) files_[i] = value;
 }
 
 void RecentFiles::Write(Settings& settings) const {
@@ -24,7 +25,7 @@ void RecentFiles::Write(Settings& settings) const {
 }
 
 void RecentFiles::Add(std::string_view path) {
-  const auto same = [name = Upper(path)](const std::string& file) { return Upper(file) == name; };
+  const auto same = [name = ToUpper(path)](const std::string& file) { return ToUpper(file) == name; };
   if (std::ranges::any_of(files_, same)) return;
   std::ranges::rotate(files_, files_.end() - 1);
   files_.front() = path;

@@ -5,11 +5,12 @@
 
 #include "shell/platform/ini.h"
 #include "shell/strings.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 
 std::string Settings::GetIni(std::string_view section, std::string_view key) const {
-  return Upper(platform::ReadIni(file_, std::string(section), std::string(key)));
+  return ToUpper(platform::ReadIni(file_, std::string(section), std::string(key)));
 }
 
 void Settings::SetIni(std::string_view section, std::string_view key, std::string_view value) {

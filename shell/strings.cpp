@@ -12,8 +12,6 @@ std::string Utf8(const wxString& text) { return text.utf8_string(); }
 
 std::filesystem::path PathFrom(const wxString& text) { return PathOf(Utf8(text)); }
 
-std::string Upper(std::string_view utf8) { return Utf8(Wx(utf8).Upper()); }
-
 std::string quot(std::string_view text) {
   const std::string_view mark = text.find(' ') != text.npos ? "\"" : "";
   return std::string(mark).append(text).append(mark);

@@ -14,9 +14,6 @@ namespace tarvelo {
 [[nodiscard]] std::string Utf8(const wxString& text);
 [[nodiscard]] std::filesystem::path PathFrom(const wxString& text);
 
-// Upper case in every script.
-[[nodiscard]] std::string Upper(std::string_view utf8);
-
 // The text in double quote characters when it holds a blank, else as it is: for command lines.
 [[nodiscard]] std::string quot(std::string_view text);
 

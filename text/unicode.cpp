@@ -70,6 +70,34 @@ char32_t TakeCodePoint(std::string_view& text) {
 
 char16_t FromWindows1251(std::uint8_t byte) { return byte < 0x80 ? byte : upperHalf[byte - 0x80u]; }
 
+char32_t ToUpper(char32_t c) {
+  const auto in = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
+  if (in('a', 'z') || (in(0xE0, 0xFE) && c != 0xF7)) return c - 0x20;
+  if (c == 0xFF) return 0x178;
+  // Latin with diacritics: pairs of capital and small letter, from even or from odd numbers on.
+  if (in(0x100, 0x137) || in(0x14A, 0x177)) return c & ~char32_t{1};
+  if (in(0x139, 0x148) || in(0x179, 0x17E)) return c - (c + 1) % 2;
+  // Greek; the final sigma has no capital of its own.
+  if (c == 0x3C2) return 0x3A3;
+  if (in(0x3B1, 0x3CB)) return c - 0x20;
+  if (c == 0x3AC) return 0x386;
+  if (in(0x3AD, 0x3AF)) return c - 0x25;
+  if (c == 0x3CC) return 0x38C;
+  if (in(0x3CD, 0x3CE)) return c - 0x3F;
+  // Cyrillic
+  if (in(0x430, 0x44F)) return c - 0x20;
+  if (in(0x450, 0x45F)) return c - 0x50;
+  if (in(0x460, 0x481) || in(0x48A, 0x4BF) || in(0x4D0, 0x52F)) return c & ~char32_t{1};
+  return c;
+}
+
+std::string ToUpper(std::string_view utf8) {
+  std::string upper;
+  upper.reserve(utf8.size());
+  while (!utf8.empty()) AppendUtf8(upper, ToUpper(TakeCodePoint(utf8)));
+  return upper;
+}
+
 std::string ToUtf8(std::u16string_view text) {
   std::string out;
   out.reserve(text.size());

@@ -16,4 +16,9 @@ namespace tarvelo {
 // UTF-8 to UTF-16; each byte that belongs to no well-formed sequence becomes U+FFFD.
 [[nodiscard]] std::u16string ToUtf16(std::string_view text);
 
+// The upper-case letter of a Latin, Greek or Cyrillic one; every other character as it is. Unlike
+// the C library's, it does not depend on the machine's locale.
+[[nodiscard]] char32_t ToUpper(char32_t c);
+[[nodiscard]] std::string ToUpper(std::string_view utf8);
+
 }  // namespace tarvelo

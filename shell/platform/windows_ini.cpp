@@ -10,13 +10,25 @@ namespace tarvelo::platform {
 namespace {
 
 // The private-profile functions speak the system's code page. The program's manifest makes that
-// UTF-8 where Windows knows how to; elsewhere the texts are converted.
-std::string ToSystem(const std::string& utf8) {
-  return GetACP() == CP_UTF8 ? utf8 : std::string(Wx(utf8).mb_str(wxConvLocal));
+// UTF-8 where Windows knows how to, and an older one-byte code page hands every byte through as it
+// is: the file is UTF-8 there too. Only a code page of two-byte characters needs a conversion.
+bool BytesPass() {
+  CPINFO info;
+  return GetACP() == CP_UTF8 || (GetCPInfo(CP_ACP, &info) && info.MaxCharSize == 1);
 }
 
+std::string FileName(const std::filesystem::path& file) {
+  return GetACP() == CP_UTF8 ? PathText(file) : std::string(WxPath(file).mb_str(wxConvLocal));
+}
+
+std::string ToSystem(const std::string& utf8) {
+  return BytesPass() ? utf8 : std::string(Wx(utf8).mb_str(wxConvLocal));
+}
+
+// A value that is no UTF-8 was written by other means, in the system's code page.
 std::string FromSystem(const std::string& text) {
-  return GetACP() == CP_UTF8 ? text : Utf8(wxString(text.data(), wxConvLocal, text.size()));
+  const wxString utf8 = wxString::FromUTF8(text.data(), text.size());
+  return utf8.empty() ? Utf8(wxString(text.data(), wxConvLocal, text.size())) : text;
 }
 
 }  // namespace
@@ -25,14 +37,14 @@ std::string ReadIni(const std::filesystem::path& file, const std::string& sectio
   std::array<char, 256> buffer{};
   const DWORD length =
       GetPrivateProfileStringA(section.c_str(), key.c_str(), "", buffer.data(),
-                               static_cast<DWORD>(buffer.size()), ToSystem(PathText(file)).c_str());
+                               static_cast<DWORD>(buffer.size()), FileName(file).c_str());
   return FromSystem({buffer.data(), length});
 }
 
 void WriteIni(const std::filesystem::path& file, const std::string& section, const std::string& key,
               const std::string& value) {
   WritePrivateProfileStringA(section.c_str(), key.c_str(), ToSystem(value).c_str(),
-                             ToSystem(PathText(file)).c_str());
+                             FileName(file).c_str());
 }
 
 std::vector<std::pair<std::string, std::string>> ReadIniSection(const std::filesystem::path& file,
@@ -40,7 +52,7 @@ std::vector<std::pair<std::string, std::string>> ReadIniSection(const std::files
   std::string buffer(32767, '\0');
   const DWORD length = GetPrivateProfileSectionA(section.c_str(), buffer.data(),
                                                  static_cast<DWORD>(buffer.size()),
-                                                 ToSystem(PathText(file)).c_str());
+                                                 FileName(file).c_str());
   // "key=value" after "key=value", each ended by a zero.
   std::vector<std::pair<std::string, std::string>> pairs;
   for (std::size_t at = 0; at < length;) {

@@ -46,7 +46,7 @@ TEST(File, OverTwoGigabytesIsRefused) {
 TEST(File, NamesThePathAndTheCause) {
   const TemporaryFolder folder;
   try {
-    (void)ReadFile(folder / "нет.bin", 10, progress);
+    (void)ReadFile(folder / u8"нет.bin", 10, progress);
     FAIL();
   } catch (const FileError& error) {
     EXPECT_NE(std::string(error.what()).find("нет.bin: "), std::string::npos) << error.what();

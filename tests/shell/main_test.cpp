@@ -2,6 +2,7 @@
 
 #include "shell/desk.h"
 #include "shell/panel.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
@@ -47,7 +48,7 @@ TEST_F(Desk, OpensADump) {
   EXPECT_EQ(Status(1), PathText(*script.file));
   EXPECT_EQ(Status(2), "C55 v24 FD-02");
   EXPECT_NE(InfoText().find("Mobile: C55\n"), std::string::npos) << InfoText();
-  EXPECT_EQ(main->Open().FileName, Upper(PathText(*script.file)));
+  EXPECT_EQ(main->Open().FileName, ToUpper(PathText(*script.file)));
   EXPECT_EQ(main->Open().FileStem, folder / "dump");
   for (const int id : documentEntries) EXPECT_TRUE(Enabled(id)) << Caption(id);
   EXPECT_EQ(Caption(SaveText), "Save info-file");

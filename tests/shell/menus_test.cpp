@@ -4,13 +4,14 @@
 
 #include "shell/desk.h"
 #include "shell/mnemonics.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
 
 // Every label of a menu: none empty, no letter used twice.
 void CheckLabels(const std::vector<wxString>& labels, const std::string& where) {
-  std::map<wxUniChar::value_type, wxString> used;
+  std::map<char32_t, wxString> used;
   for (const wxString& label : labels) {
     const wxString text = wxMenuItem::GetLabelText(label);
     EXPECT_FALSE(text.empty() || text == "-") << where;
@@ -18,7 +19,7 @@ void CheckLabels(const std::vector<wxString>& labels, const std::string& where) 
     caption.Replace("&&", "");
     const auto mark = caption.find('&');
     if (mark == wxString::npos) continue;
-    const auto key = wxString(caption[mark + 1]).Upper()[0].GetValue();
+    const char32_t key = ToUpper(static_cast<char32_t>(caption[mark + 1].GetValue()));
     EXPECT_TRUE(used.emplace(key, text).second)
         << where << ": \"" << Utf8(text) << "\" and \"" << Utf8(used[key]) << '"';
   }

@@ -15,6 +15,12 @@ TEST(Windows1251, IsCyrillicInItsUpperHalf) {
   EXPECT_EQ(FromWindows1251(0xFF), u'\u044F');
 }
 
+TEST(ToUpper, KnowsTheInterfacesScripts) {
+  EXPECT_EQ(ToUpper("c:\\дамп ё-1 ĥžýęłß.bin ÷ Straße Ελληνικά ώς"),
+            "C:\\ДАМП Ё-1 ĤŽÝĘŁß.BIN ÷ STRAßE ΕΛΛΗΝΙΚΆ ΏΣ");
+  EXPECT_EQ(ToUpper("全字库 ĲŸ"), "全字库 ĲŸ");
+}
+
 TEST(Utf8, ReplacesUnpairedSurrogates) {
   EXPECT_EQ(ToUtf8(u"A\u00FF\u0410\u4E00\U0001F4DE"), "A\u00FF\u0410\u4E00\U0001F4DE");
   EXPECT_EQ(ToUtf8(std::u16string{u'\xD800', u'A'}), "\uFFFDA");
