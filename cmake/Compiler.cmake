@@ -12,6 +12,7 @@ if(TARVELO_SANITIZE)
   target_link_options(tarvelo_compiler INTERFACE -fsanitize=${TARVELO_SANITIZE})
 endif()
 if(WIN32)
+  target_link_options(tarvelo_compiler INTERFACE $<$<CONFIG:Release>:-s>)  # no symbols to hand out
   target_compile_definitions(tarvelo_compiler INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
 endif()

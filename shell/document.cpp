@@ -6,7 +6,6 @@ void Document::SetPath(const std::filesystem::path& chosen) {
   path = chosen;
   FileName = PathText(chosen);
   FileStem = std::filesystem::path(chosen).replace_extension();
-  FileDir = chosen.parent_path();
 }
 
 std::filesystem::path Document::Beside(std::string_view ending) const {

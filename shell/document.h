@@ -18,13 +18,12 @@ struct Document {
   // The name for showing and comparing: upper-cased when a dump is opened, else the last file chosen
   // or written.
   std::string FileName;
-  // The path without its extension, and the folder: where exported files go.
-  std::filesystem::path FileStem;
-  std::filesystem::path FileDir;
+  std::filesystem::path FileStem;  // the path without its extension: exported files are named from it
+  std::filesystem::path FileDir;   // the folder of the dump that was opened
 
   [[nodiscard]] bool IsOpen() const { return image.IsOpen(); }
 
-  // Sets `path` and the names that follow from it.
+  // Sets `path`, `FileName` and `FileStem`.
   void SetPath(const std::filesystem::path& chosen);
 
   // A file beside the dump: FileStem with this behind it ("_E.txt", ".info").

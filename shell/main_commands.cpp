@@ -113,6 +113,7 @@ bool Main::GetInfo(const std::filesystem::path& path) {
     return false;
   }
   document_.SetPath(path);
+  document_.FileDir = path.parent_path();
   document_.info = Identify(document_.image);
   status_->SetPanel(1, WxPath(path));
   status_->SetPanel(2, Wx(document_.info.StatusText()));

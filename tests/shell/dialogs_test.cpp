@@ -1,0 +1,45 @@
+#include "shell/dialogs.h"
+
+#include <wx/timer.h>
+#include <wx/uiaction.h>
+
+#include "shell/desk.h"
+
+namespace tarvelo {
+namespace {
+
+// Presses a key again and again, with the pointer over the middle of a window where its dialogs
+// appear, until it goes away.
+class KeyPresser final : public wxTimer {
+ public:
+  KeyPresser(wxWindow& window, int key) : window_(window), key_(key) { Start(400); }
+
+  void Notify() override {
+    const wxRect place = window_.GetScreenRect();
+    wxUIActionSimulator simulator;
+    simulator.MouseMove(place.GetTopLeft() + place.GetSize() / 2);
+    simulator.Char(key_);
+  }
+
+ private:
+  wxWindow& window_;
+  int key_;
+};
+
+TEST_F(Desk, RealDialogsTakeTheKeyboard) {
+  const Messages messages(*FindLanguage("RU"));
+  WxDialogs dialogs(main, messages);
+  {
+    const KeyPresser presser(*main, WXK_RETURN);
+    dialogs.Message("Information", Dialogs::Icon::Information);
+    EXPECT_TRUE(dialogs.Confirm("Yes by default"));
+  }
+  const KeyPresser presser(*main, WXK_ESCAPE);
+  dialogs.Message("Failure", Dialogs::Icon::Critical);
+  EXPECT_FALSE(dialogs.Confirm("Cancel"));
+  EXPECT_FALSE(dialogs.OpenFile("Open", "All files|*.*", folder / "dump.bin"));
+  EXPECT_FALSE(dialogs.SaveFile("Save", "All files|*.*", folder / "dump.bin"));
+}
+
+}  // namespace
+}  // namespace tarvelo
