@@ -1,11 +1,28 @@
-#include "cli/context.h"
+#include <algorithm>
+#include <charconv>
+#include <ostream>
 
+#include "cli/context.h"
 #include "core/calculator.h"
+#include "text/unicode.h"
 
 namespace tarvelo::cli {
 
-Fullflash OpenDump(const std::string& file, Context& context) {
+std::string Printable(const std::string& file) { return ToUtf8(ToUtf16(file)); }
+
+void Diagnose(Context& context, const std::exception& error) {
+  std::string line = Printable(error.what());
+  std::ranges::replace_if(
+      line, [](unsigned char c) { return c < 0x20; }, ' ');
+  context.err << "tarvelo-cli: " << line << '\n';
+}
+
+void RefuseStandardInput(const std::string& file) {
   if (file == "-") throw WrongArguments("-: a dump is read at random, it can't come from a pipe");
+}
+
+Fullflash OpenDump(const std::string& file, Context& context) {
+  RefuseStandardInput(file);
   const std::filesystem::path path = PathOf(file);
   Fullflash image = Fullflash::Load(path, context.progress);
   if (!image.IsOpen()) throw FileError(FileError::Kind::CantRead, path, "the file is empty");
@@ -19,6 +36,14 @@ std::uint32_t ParseHex(const std::string& option, std::string text) {
   } catch (const std::exception& error) {
     throw WrongArguments(option + ": " + error.what());
   }
+}
+
+int ParseDecimal(const std::string& option, const std::string& text) {
+  int value = -1;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc{} || end != text.data() + text.size() || value < 0)
+    throw WrongArguments(option + ": " + text + " is not a number from 0 up");
+  return value;
 }
 
 }  // namespace tarvelo::cli

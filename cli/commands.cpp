@@ -11,15 +11,30 @@ namespace tarvelo::cli {
 namespace {
 
 // The parser would take a value such as -A0000000 for an option: the value is tied to its name.
-std::vector<std::string> TieNegativeValues(std::vector<std::string> arguments) {
+std::vector<std::string> TieNegativeBase(std::vector<std::string> arguments) {
   const auto end = std::ranges::find(arguments, "--");
   for (auto at = arguments.begin(); at != end && at + 1 != end; ++at) {
-    if (*at != "--base") continue;
-    *at += "=" + *(at + 1);
+    const std::string& value = *(at + 1);
+    if (*at != "--base" || !value.starts_with('-') || value.starts_with("--")) continue;
+    *at += "=" + value;
     arguments.erase(at + 1);
     break;
   }
   return arguments;
+}
+
+// The parser's own word for an unknown command is that one is missing.
+void CheckCommand(const CLI::App& app, const std::vector<std::string>& arguments) {
+  for (auto at = arguments.begin(); at != arguments.end(); ++at) {
+    if (*at == "--language" && at + 1 != arguments.end()) {
+      ++at;  // its value
+      continue;
+    }
+    if (at->starts_with('-')) continue;
+    const auto named = [&](const CLI::App* command) { return command->get_name() == *at; };
+    if (app.get_subcommands(named).empty()) throw WrongArguments(*at + ": there is no such command");
+    return;
+  }
 }
 
 void SetLanguage(Context& context, std::string code) {
@@ -45,7 +60,8 @@ void Parse(std::vector<std::string> arguments, Context& context) {
   AddAddress(app, context);
   AddDemo(app, context);
 
-  arguments = TieNegativeValues(std::move(arguments));
+  CheckCommand(app, arguments);
+  arguments = TieNegativeBase(std::move(arguments));
   std::ranges::reverse(arguments);  // the parser takes them from the back
   try {
     app.parse(std::move(arguments));
@@ -55,7 +71,7 @@ void Parse(std::vector<std::string> arguments, Context& context) {
 }
 
 int Fail(Context& context, const std::exception& error, ExitStatus status) {
-  context.err << "tarvelo-cli: " << error.what() << '\n';
+  Diagnose(context, error);
   return status;
 }
 

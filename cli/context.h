@@ -33,11 +33,22 @@ class ScanFault : public std::runtime_error {
   ScanFault(const std::string& file, const std::string& cause) : runtime_error(file + ": " + cause) {}
 };
 
+// Prints one line on standard error, whatever the names in it hold.
+void Diagnose(Context& context, const std::exception& error);
+
+// A file's name as UTF-8 text, whatever its bytes are.
+[[nodiscard]] std::string Printable(const std::string& file);
+
 // Opens a dump given on the command line. Throws FileError, also for an empty file.
 [[nodiscard]] Fullflash OpenDump(const std::string& file, Context& context);
 
-// A hexadecimal number, with or without 0x. Throws WrongArguments, naming the option.
+// Refuses "-", which elsewhere means standard input: a dump is read at random.
+void RefuseStandardInput(const std::string& file);
+
+// A hexadecimal number, with or without 0x, and a decimal one. Both throw WrongArguments, naming the
+// option.
 [[nodiscard]] std::uint32_t ParseHex(const std::string& option, std::string text);
+[[nodiscard]] int ParseDecimal(const std::string& option, const std::string& text);
 
 // Each adds a subcommand, whose callback runs when it was given.
 void AddInfo(CLI::App& app, Context& context);

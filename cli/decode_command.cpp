@@ -19,7 +19,7 @@ struct DecodeArguments {
   std::string codec;
   std::string file;
   std::string offset;
-  int width = 20;
+  std::string width = "20";
 };
 
 // What a decoder made of the bytes. `end` is its offset or cursor afterwards.
@@ -46,7 +46,7 @@ Decoder FindDecoder(const DecodeArguments& arguments) {
       {"GetPDU", GetPDU},
       {"GetUniFF", GetUniFF},
       {"MessageHard", MessageHard},
-      {"GetStrA", [width = arguments.width](Bytes bytes, Offset& offset) {
+      {"GetStrA", [width = ParseDecimal("--width", arguments.width)](Bytes bytes, Offset& offset) {
          return GetStrA(bytes, offset, width);
        }}};
   return decoders.at(arguments.codec);
@@ -114,9 +114,7 @@ void AddDecode(CLI::App& app, Context& context) {
                              "MessageHard", "WordA", "GetStrA"}));
   command->add_option("FILE", arguments->file, "Dump, or address book for WordA and GetStrA")->required();
   command->add_option("OFFSET", arguments->offset, "Where the text begins (hexadecimal)")->required();
-  command->add_option("--width", arguments->width, "Width of the field, for GetStrA")
-      ->check(CLI::NonNegativeNumber)
-      ->capture_default_str();
+  command->add_option("--width", arguments->width, "Width of the field, for GetStrA")->capture_default_str();
   command->callback([arguments, &context] { PrintDecoded(*arguments, context); });
 }
 

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -24,7 +25,7 @@ Json T9Json(const T9Area& t9) {
 
 std::string InfoJson(const std::string& file, const Fullflash& image, const Identification& info) {
   Json object;
-  object["path"] = file;
+  object["path"] = Printable(file);
   object["size"] = image.ff().size();
   object["load_base"] = image.LoadBase();
   object["corr_base"] = image.CorrBase();
@@ -40,6 +41,7 @@ std::string InfoJson(const std::string& file, const Fullflash& image, const Iden
 }
 
 void PrintInfo(const InfoArguments& arguments, Context& context) {
+  std::ranges::for_each(arguments.files, RefuseStandardInput);
   bool first = true;
   for (const std::string& file : arguments.files) {
     try {
@@ -49,10 +51,10 @@ void PrintInfo(const InfoArguments& arguments, Context& context) {
         context.out << InfoJson(file, image, info) << '\n';
         continue;
       }
-      context.out << (first ? "" : "\n") << Summary(file, image, info, context.messages);
+      context.out << (first ? "" : "\n") << Summary(Printable(file), image, info, context.messages);
       first = false;
     } catch (const FileError& error) {  // the others are still shown
-      context.err << "tarvelo-cli: " << error.what() << '\n';
+      Diagnose(context, error);
       context.status = fileTrouble;
     }
   }

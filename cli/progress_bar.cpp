@@ -18,7 +18,8 @@ class Bar final : public Progress {
   }
 
   void At(std::int64_t position) override {
-    const int part = static_cast<int>(std::clamp<std::int64_t>((position - first_) * width / span_, 0, width));
+    const int part =
+        static_cast<int>(std::clamp<std::int64_t>((position - first_) * width / span_, 0, width));
     if (part == shown_) return;
     shown_ = part;
     const auto filled = static_cast<std::size_t>(part);

@@ -11,8 +11,7 @@ std::uint32_t HexVal(std::string_view text) {
   if (text.empty()) return 0;
   std::uint32_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
-  if (error == std::errc::result_out_of_range)
-    throw std::overflow_error(std::string(text) + " is too large");
+  if (error == std::errc::result_out_of_range) throw std::overflow_error(std::string(text) + " is too large");
   if (error != std::errc{} || end != text.data() + text.size())
     throw std::invalid_argument(std::string(text) + " is not a hexadecimal number");
   return value;

@@ -28,8 +28,7 @@ FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (!fs::exists(status))
-    throw FileError(FileError::Kind::CantOpen, path,
-                    error ? error.message() : std::string("no such file"));
+    throw FileError(FileError::Kind::CantOpen, path, error ? error.message() : std::string("no such file"));
   // Reading a folder, a pipe or a device would fail late or never end.
   if (!fs::is_regular_file(status))
     throw FileError(FileError::Kind::CantOpen, path,

@@ -40,13 +40,11 @@ struct FileBytes {
 };
 
 // Reads a file of at most `limit` bytes. Throws FileError, and std::bad_alloc.
-[[nodiscard]] FileBytes ReadFile(const std::filesystem::path& path, std::uint64_t limit,
-                                 Progress& progress);
+[[nodiscard]] FileBytes ReadFile(const std::filesystem::path& path, std::uint64_t limit, Progress& progress);
 
 // Writes a new file of exactly these bytes, or replaces the contents of one. Where writing breaks
 // off, the file is removed: no half of it stays behind. Throws FileError.
-void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data,
-               Progress& progress);
+void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data, Progress& progress);
 void WriteFile(const std::filesystem::path& path, std::string_view text);
 
 // Removes a file. Throws FileError where it stays.

@@ -32,9 +32,8 @@ Parts Split(std::string_view text, std::string_view separators) {
 int Number(std::string_view text) {
   int value = -1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc{} && end == text.data() + text.size() && text.size() <= 4 && value >= 0
-             ? value
-             : -1;
+  return error == std::errc{} && end == text.data() + text.size() && text.size() <= 4 && value >= 0 ? value
+                                                                                                    : -1;
 }
 
 bool IsDay(std::string_view text) { return text.size() <= 2 && Number(text) >= 1 && Number(text) <= 31; }
@@ -56,9 +55,9 @@ bool IsMonth(std::string_view text) {
 bool IsDate(std::string_view text) {
   const Parts parts = Split(text, "./- ,");
   if (text.size() < 6 || parts.size() != 3) return false;
-  return (IsDay(parts[0]) && IsMonth(parts[1]) && IsYear(parts[2])) ||   // 14.11.2002
-         (IsMonth(parts[0]) && IsDay(parts[1]) && IsYear(parts[2])) ||   // Nov 14 2002
-         (IsYear(parts[0]) && IsMonth(parts[1]) && IsDay(parts[2]));     // 2002-11-14
+  return (IsDay(parts[0]) && IsMonth(parts[1]) && IsYear(parts[2])) ||  // 14.11.2002
+         (IsMonth(parts[0]) && IsDay(parts[1]) && IsYear(parts[2])) ||  // Nov 14 2002
+         (IsYear(parts[0]) && IsMonth(parts[1]) && IsDay(parts[2]));    // 2002-11-14
 }
 
 bool IsTime(std::string_view text) {
@@ -69,18 +68,20 @@ bool IsTime(std::string_view text) {
   });
 }
 
-// The printable strings of the header's page that lie outside its named fields.
+// The printable strings of the header's page that lie outside its named fields. One that runs over
+// the page's end is no string of the header: a part of it could pass for a date.
 std::vector<std::string> PageStrings(Bytes bytes, Offset header) {
   std::vector<std::string> strings(1);
-  const auto size = static_cast<Offset>(bytes.size());
-  for (Offset p = 0; p < pageSize && header + p < size; ++p) {
-    const std::uint8_t b = ByteAt(bytes, header + p);
-    const bool inField = p >= fieldsFirst && p < fieldsEnd;
+  const Offset end = std::min(header + pageSize, static_cast<Offset>(bytes.size()));
+  for (Offset p = header; p < end; ++p) {
+    const std::uint8_t b = ByteAt(bytes, p);
+    const bool inField = p >= header + fieldsFirst && p < header + fieldsEnd;
     if (b >= 0x20 && b < 0x7F && !inField)
       strings.back() += static_cast<char>(b);
     else if (!strings.back().empty())
       strings.emplace_back();
   }
+  strings.pop_back();  // not ended, or empty
   return strings;
 }
 

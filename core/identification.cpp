@@ -86,9 +86,7 @@ std::optional<std::int32_t> FindSignature(const Fullflash& image) {
   return {};
 }
 
-std::string HeaderString(const Fullflash& image, Offset offset) {
-  return ToUtf8(GetStr(image.ff(), offset));
-}
+std::string HeaderString(const Fullflash& image, Offset offset) { return ToUtf8(GetStr(image.ff(), offset)); }
 
 std::int32_t CorrectedBase(const Fullflash& image, const Identification& info) {
   const bool shifted = (info.Family == 3 && image.LoadBase() == 0xA00000) || info.Model == "A52";
@@ -103,9 +101,9 @@ int FamilyOf(std::string_view model) {
     int family;
   };
   static constexpr Row rows[] = {
-      {"C35", 0},  {"M35", 0},  {"S35", 0},  {"A35", 1},   {"A36", 1},  {"A40", 1},  {"C45", 2},
-      {"2118", 2}, {"MT50", 2}, {"M50", 2},  {"3118", 2},  {"S45", 3},  {"S45i", 3}, {"ME45", 3},
-      {"SL42", 4}, {"SL45", 4}, {"6688", 4}, {"C30", 5},   {"S40", 6},
+      {"C35", 0},  {"M35", 0},  {"S35", 0},  {"A35", 1},  {"A36", 1}, {"A40", 1},  {"C45", 2},
+      {"2118", 2}, {"MT50", 2}, {"M50", 2},  {"3118", 2}, {"S45", 3}, {"S45i", 3}, {"ME45", 3},
+      {"SL42", 4}, {"SL45", 4}, {"6688", 4}, {"C30", 5},  {"S40", 6},
   };
   const auto found = std::ranges::find(rows, model, &Row::model);
   return found == std::end(rows) ? 7 : found->family;

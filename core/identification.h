@@ -37,13 +37,13 @@ struct T9Area {
 [[nodiscard]] int FamilyOf(std::string_view model);
 
 struct Identification {
-  std::string Model;                    // empty when there is no signature
-  int Family = 7;                       // FamilyOf(Model)
-  std::optional<std::int32_t> SigPos;   // offset of the firmware header
-  std::string version;                  // the version byte in two hexadecimal digits, or empty
-  std::string headerText;               // the second header string
-  std::string buildDate;                // as printed in the header, or empty
-  std::optional<T9Area> t9;             // page-mode images only
+  std::string Model;                   // empty when there is no signature
+  int Family = 7;                      // FamilyOf(Model)
+  std::optional<std::int32_t> SigPos;  // offset of the firmware header
+  std::string version;                 // the version byte in two hexadecimal digits, or empty
+  std::string headerText;              // the second header string
+  std::string buildDate;               // as printed in the header, or empty
+  std::optional<T9Area> t9;            // page-mode images only
   // The empty 64 KiB blocks: ", 12 - 1F, 40", block numbers in hexadecimal, each run after ", ".
   std::string EmptyBlocks;
 

@@ -35,14 +35,10 @@ std::string Word2Str(std::int32_t value) {
   return HexOfByte(static_cast<std::uint8_t>(word)) + HexOfByte(static_cast<std::uint8_t>(word >> 8));
 }
 
-std::string Adr2Str(std::int32_t address) {
-  return Word2Str(address & 0x3FFF) + Word2Str(address >> 14);
-}
+std::string Adr2Str(std::int32_t address) { return Word2Str(address & 0x3FFF) + Word2Str(address >> 14); }
 
 std::string HexOfByte(std::uint8_t byte) { return {digits[byte >> 4], digits[byte & 0xF]}; }
 
-std::string DecOfByte(std::uint8_t byte) {
-  return {digits[byte / 10 % 10], digits[byte % 10]};
-}
+std::string DecOfByte(std::uint8_t byte) { return {digits[byte / 10 % 10], digits[byte % 10]}; }
 
 }  // namespace tarvelo

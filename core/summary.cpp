@@ -11,9 +11,9 @@ namespace {
 // A number of MiB with as many digits as tell it exactly ("8", "1.5"), whatever the locale.
 std::string Mebibytes(std::size_t size) {
   std::array<char, 32> buffer;
-  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                          static_cast<double>(size) / 1024 / 1024,
-                                          std::chars_format::general, 15);
+  const auto [end, error] =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<double>(size) / 1024 / 1024,
+                    std::chars_format::general, 15);
   return {buffer.data(), end};
 }
 

@@ -112,9 +112,7 @@ void Canvas::Place(double x, double y, int pixels, int units) {
   scale_ = std::int64_t{pixels} * 65536 / units;
 }
 
-Fixed Canvas::ToPixels(Fixed units) const {
-  return static_cast<Fixed>((units * scale_ + 32768) >> 16);
-}
+Fixed Canvas::ToPixels(Fixed units) const { return static_cast<Fixed>((units * scale_ + 32768) >> 16); }
 
 Point Canvas::UnitsAt(int x, int y) const {
   const std::int64_t fromX = x * fixedOne + fixedOne / 2 - origin_.x;
@@ -197,9 +195,7 @@ void Canvas::Fill(const Path& path, const Canvas& pattern) {
   FillRows(path, [&](int x, int y) { return pattern.At(x, y); });
 }
 
-void Canvas::Stroke(const Path& path, double width, const Paint& paint) {
-  Fill(path.Stroked(width), paint);
-}
+void Canvas::Stroke(const Path& path, double width, const Paint& paint) { Fill(path.Stroked(width), paint); }
 
 bool Canvas::Inside(int x, int y) const { return x >= 0 && x < width_ && y >= 0 && y < height_; }
 

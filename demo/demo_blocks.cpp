@@ -17,10 +17,10 @@ struct Range {
   int last;
 };
 
-constexpr Range numberRanges[] = {
-    {1, 1},       {3, 40},      {51, 71},     {100, 108},   {250, 284},   {999, 999},
-    {5001, 5040}, {5070, 5079}, {5098, 5107}, {5120, 5139}, {5160, 5180}, {5206, 5209},
-    {5237, 5241}, {5262, 5262}, {5270, 5280}, {5301, 5301}, {5360, 5372}};
+constexpr Range numberRanges[] = {{1, 1},       {3, 40},      {51, 71},     {100, 108},   {250, 284},
+                                  {999, 999},   {5001, 5040}, {5070, 5079}, {5098, 5107}, {5120, 5139},
+                                  {5160, 5180}, {5206, 5209}, {5237, 5241}, {5262, 5262}, {5270, 5280},
+                                  {5301, 5301}, {5360, 5372}};
 
 constexpr int greeting = 5076;
 constexpr int names = 5124;
@@ -43,8 +43,7 @@ void Field(Data& data, const TextBytes& text, std::size_t size) {
 
 void Words(Data& data, unsigned first, unsigned step, int count) {
   for (int i = 0; i < count; ++i, first += step)
-    data.insert(data.end(),
-                {static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(first >> 8)});
+    data.insert(data.end(), {static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(first >> 8)});
 }
 
 Data Greeting(int generation) {
@@ -72,11 +71,10 @@ Data Address(int number, int generation) {
 }
 
 Data QuickText(int number) {
-  constexpr std::u16string_view texts[] = {u"I am late.",       u"Please call me back.",
-                                           u"Happy birthday!",  u"See you tomorrow.",
-                                           u"Wo bist du?",      u"Ich bin im Büro.",
-                                           u"Спасибо!",         u"Я в метро.",
-                                           u"Είμαι στο σπίτι.", u"Καλημέρα"};
+  constexpr std::u16string_view texts[] = {u"I am late.",        u"Please call me back.", u"Happy birthday!",
+                                           u"See you tomorrow.", u"Wo bist du?",          u"Ich bin im Büro.",
+                                           u"Спасибо!",          u"Я в метро.",           u"Είμαι στο σπίτι.",
+                                           u"Καλημέρα"};
   Data data;
   Field(data, OpenUnicodeText(texts[number % 10]), 64);
   return data;
@@ -162,23 +160,15 @@ Data DataOf(int number, int generation) {
   if (Within(number, 5098, 5107)) return Address(number, generation);
   if (Within(number, 5170, 5179)) return QuickText(number);
   switch (number) {
-    case greeting:
-      return Greeting(generation);
-    case names:
-      return Names(generation);
-    case accu:
-      return Accu(generation);
-    case drafts:
-      return Drafts(generation);
-    case shortcuts:
-      return Shortcuts();
-    case addressBook:
-      return AddressBook(generation);
+    case greeting: return Greeting(generation);
+    case names: return Names(generation);
+    case accu: return Accu(generation);
+    case drafts: return Drafts(generation);
+    case shortcuts: return Shortcuts();
+    case addressBook: return AddressBook(generation);
     case 5168:
-    case 5262:
-      return CyrillicNote(number);
-    default:
-      return Table(number, generation);
+    case 5262: return CyrillicNote(number);
+    default: return Table(number, generation);
   }
 }
 

@@ -117,9 +117,7 @@ class Functions {
   void CallWithMessage();
   void CallWithText();
   // Where to choose from a list.
-  std::uint32_t Below(const auto& list) {
-    return random_.Below(static_cast<std::uint32_t>(list.size()));
-  }
+  std::uint32_t Below(const auto& list) { return random_.Below(static_cast<std::uint32_t>(list.size())); }
 
   const ImageBuilder& image_;
   CodeWriter out_;
@@ -153,31 +151,22 @@ void Functions::Function() {
 void Functions::Step() {
   switch (random_.Below(24)) {
     case 0:
-    case 1:
-      return Call();
-    case 2:
-      return CallWithText();
-    case 3:
-      return CallWithMessage();
-    default:
-      break;
+    case 1: return Call();
+    case 2: return CallWithText();
+    case 3: return CallWithMessage();
+    default: break;
   }
   const Instruction next = everyday[random_.Below(std::size(everyday))];
   const unsigned variable = memory_[Below(memory_)];
   const std::uint8_t byte = random_.Byte();
   const auto reg = static_cast<std::uint8_t>(0xF4 + random_.Below(12));
   switch (next.operands) {
-    case Operands::registers:
-      return out_.Instruction(next.opcode, byte);
-    case Operands::constant:
-      return out_.Instruction(next.opcode, reg, byte % 4 == 0 ? variable : byte);
-    case Operands::memory:
-      return out_.Instruction(next.opcode, reg, variable);
+    case Operands::registers: return out_.Instruction(next.opcode, byte);
+    case Operands::constant: return out_.Instruction(next.opcode, reg, byte % 4 == 0 ? variable : byte);
+    case Operands::memory: return out_.Instruction(next.opcode, reg, variable);
     case Operands::bit:
-      return out_.Instruction(next.opcode, variable >> 1 & 0x7F,
-                              (byte & 0xF0) << 8 | (2 + byte % 12));
-    case Operands::jump:
-      return out_.Instruction(next.opcode, 2 + byte % 20);
+      return out_.Instruction(next.opcode, variable >> 1 & 0x7F, (byte & 0xF0) << 8 | (2 + byte % 12));
+    case Operands::jump: return out_.Instruction(next.opcode, 2 + byte % 20);
   }
 }
 

@@ -12,8 +12,8 @@ using CodeBytes = std::span<const std::uint8_t>;
 // The rules of an EEPROM block header.
 bool IsBlockHeader(CodeBytes b) {
   const bool address = b[6] == 0xBF || (b[6] >= 0x7C && b[6] <= 0x7F) || b[6] >= 0xF6;
-  return (b[0] == 0xFC || b[0] == 0xF0) && b[11] == b[0] && b[1] <= 0x21 && b[3] <= 0x14 &&
-         b[7] == 0 && b[9] <= 0x18 && address;
+  return (b[0] == 0xFC || b[0] == 0xF0) && b[11] == b[0] && b[1] <= 0x21 && b[3] <= 0x14 && b[7] == 0 &&
+         b[9] <= 0x18 && address;
 }
 
 // The first four bytes of a picture table of either kind of image, or of a stand-alone picture.
@@ -40,9 +40,8 @@ void CodeWriter::Instruction(std::uint8_t opcode, unsigned operand) {
 
 void CodeWriter::Instruction(std::uint8_t opcode, unsigned operand, unsigned word) {
   const std::size_t before = code_.size();
-  code_.insert(code_.end(),
-               {opcode, static_cast<std::uint8_t>(operand), static_cast<std::uint8_t>(word),
-                static_cast<std::uint8_t>(word >> 8)});
+  code_.insert(code_.end(), {opcode, static_cast<std::uint8_t>(operand), static_cast<std::uint8_t>(word),
+                             static_cast<std::uint8_t>(word >> 8)});
   DropLookalike(before);
 }
 

@@ -13,14 +13,11 @@ constexpr int headersOfSector = 90;
 // The end of the last sector is left to a header of its own.
 constexpr std::size_t headersEnd = flashBlock - 2 * blockHeaderSize;
 
-std::uint8_t ByteOf(std::size_t value, int index) {
-  return static_cast<std::uint8_t>(value >> 8 * index);
-}
+std::uint8_t ByteOf(std::size_t value, int index) { return static_cast<std::uint8_t>(value >> 8 * index); }
 
 }  // namespace
 
-std::array<std::uint8_t, blockHeaderSize> HeaderBytes(const ImageBuilder& image,
-                                                      const BlockHeader& header) {
+std::array<std::uint8_t, blockHeaderSize> HeaderBytes(const ImageBuilder& image, const BlockHeader& header) {
   const std::uint32_t address = image.Address(header.data);
   const auto number = static_cast<std::size_t>(header.number);
   return {header.state,

@@ -51,26 +51,16 @@ constexpr std::array smallMap{
 
 constexpr std::size_t largeSize = 0x2000000;
 constexpr std::array largeMap{
-    Place{Part::code, {0x0000000, 0x008FC00}},
-    Place{Part::header, {0x008FC00, 0x008FD00}},
-    Place{Part::code, {0x008FD00, 0x0200000}},
-    Place{Part::code, {0x0300000, 0x05A0000}},
-    Place{Part::code, {0x05B0000, 0x0800000}},
-    Place{Part::firstTable, {0x0800000, 0x0801000}},
-    Place{Part::code, {0x0801000, 0x0830000}},
-    Place{Part::secondTable, {0x0830000, 0x0831000}},
-    Place{Part::code, {0x0831000, 0x0900000}},
-    Place{Part::pictures, {0x0900000, 0x0980000}},
-    Place{Part::code, {0x0980000, 0x0A00000}},
-    Place{Part::standalone, {0x0A00000, 0x0A04000}},
-    Place{Part::code, {0x0A04000, 0x0A80000}},
-    Place{Part::ringtones, {0x0A80000, 0x0A90000}},
-    Place{Part::texts, {0x0A90000, 0x0AA0000}},
-    Place{Part::code, {0x0AA0000, 0x0BF0000}},
-    Place{Part::oldSector, {0x0BF0000, 0x0C00000}},
-    Place{Part::code, {0x0C00000, 0x1000000}},
-    Place{Part::code, {0x1400000, 0x1800000}},
-    Place{Part::code, {0x1900000, 0x1A00000}},
+    Place{Part::code, {0x0000000, 0x008FC00}},      Place{Part::header, {0x008FC00, 0x008FD00}},
+    Place{Part::code, {0x008FD00, 0x0200000}},      Place{Part::code, {0x0300000, 0x05A0000}},
+    Place{Part::code, {0x05B0000, 0x0800000}},      Place{Part::firstTable, {0x0800000, 0x0801000}},
+    Place{Part::code, {0x0801000, 0x0830000}},      Place{Part::secondTable, {0x0830000, 0x0831000}},
+    Place{Part::code, {0x0831000, 0x0900000}},      Place{Part::pictures, {0x0900000, 0x0980000}},
+    Place{Part::code, {0x0980000, 0x0A00000}},      Place{Part::standalone, {0x0A00000, 0x0A04000}},
+    Place{Part::code, {0x0A04000, 0x0A80000}},      Place{Part::ringtones, {0x0A80000, 0x0A90000}},
+    Place{Part::texts, {0x0A90000, 0x0AA0000}},     Place{Part::code, {0x0AA0000, 0x0BF0000}},
+    Place{Part::oldSector, {0x0BF0000, 0x0C00000}}, Place{Part::code, {0x0C00000, 0x1000000}},
+    Place{Part::code, {0x1400000, 0x1800000}},      Place{Part::code, {0x1900000, 0x1A00000}},
     Place{Part::eeprom, {0x1F60000, 0x2000000}},
 };
 
@@ -107,8 +97,7 @@ std::vector<std::uint8_t> Build(const auto& map, std::size_t size, const HeaderT
   RegionWriter data(image, Find(map, Part::pictures));
   WritePictureTable(image, Find(map, Part::firstTable), pictures.first,
                     small ? TableEnd::noHeight : TableEnd::reservedByte, data);
-  WritePictureTable(image, Find(map, Part::secondTable), pictures.second, TableEnd::fullWidth,
-                    data);
+  WritePictureTable(image, Find(map, Part::secondTable), pictures.second, TableEnd::fullWidth, data);
   WriteStandalonePictures(image, Find(map, Part::standalone), pictures.standalone);
 
   WriteRingtones(image, Find(map, Part::ringtones));

@@ -48,8 +48,7 @@ std::vector<std::uint8_t> Melody(const Tune& tune, MelodyEnd end, bool mark) {
   if (mark) records.Add(markFrequency, 0);
   for (std::size_t i = 0; i < notes.size(); ++i) {
     const int duration = notes[i].ticks * whole / ticksOfWhole;
-    const bool again =
-        i + 1 < notes.size() && notes[i].key != rest && notes[i + 1].key == notes[i].key;
+    const bool again = i + 1 < notes.size() && notes[i].key != rest && notes[i + 1].key == notes[i].key;
     records.Add(Frequency(notes[i].key), again ? duration - gap : duration);
     if (again) records.Add(restFrequency, gap);
   }

@@ -18,8 +18,7 @@ void Add(FileBytes& out, std::string_view text) { out.insert(out.end(), text.beg
 // Seven bits a byte, the highest ones first; all bytes but the last have bit 7.
 void Delta(FileBytes& out, unsigned ticks) {
   for (int shift = 21; shift > 0; shift -= 7)
-    if (ticks >> shift != 0)
-      out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
+    if (ticks >> shift != 0) out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
   out.push_back(ticks & 0x7F);
 }
 

@@ -7,9 +7,7 @@
 namespace tarvelo {
 namespace {
 
-[[noreturn]] void Refuse(const std::string& token) {
-  throw std::invalid_argument("no note: " + token);
-}
+[[noreturn]] void Refuse(const std::string& token) { throw std::invalid_argument("no note: " + token); }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 

@@ -41,9 +41,7 @@ class RingtoneTable {
   }
 
   // A ringtone that was taken out of the firmware, its address with it.
-  void AddWithoutAddress(std::uint8_t number, std::uint8_t kind) {
-    image_.DWord(Entry(number, kind), 0);
-  }
+  void AddWithoutAddress(std::uint8_t number, std::uint8_t kind) { image_.DWord(Entry(number, kind), 0); }
 
   // Room of one entry that readers pass over two bytes at a time: every second byte is 8.
   void AddGap() {

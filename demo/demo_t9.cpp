@@ -75,8 +75,7 @@ Bytes WordList(const std::set<std::u16string>& words) {
   Bytes list;
   std::u16string before;
   for (const std::u16string& word : words) {
-    const auto differs =
-        std::mismatch(word.begin(), word.end(), before.begin(), before.end()).first;
+    const auto differs = std::mismatch(word.begin(), word.end(), before.begin(), before.end()).first;
     list.push_back(static_cast<std::uint8_t>(differs - word.begin()));
     for (auto letter = differs; letter != word.end(); ++letter) list.push_back(LetterCode(*letter));
     list.push_back(Commonness(word));

@@ -5,8 +5,7 @@ namespace {
 
 constexpr std::size_t entrySize = 8;
 
-void WriteEntry(ImageBuilder& image, std::size_t entry, const EncodedPicture& picture,
-                std::size_t data) {
+void WriteEntry(ImageBuilder& image, std::size_t entry, const EncodedPicture& picture, std::size_t data) {
   image.Byte(entry, picture.width);
   image.Byte(entry + 1, picture.height);
   image.Byte(entry + 2, picture.type);
@@ -24,9 +23,8 @@ void WriteEnd(ImageBuilder& image, std::size_t entry, TableEnd end) {
 
 }  // namespace
 
-void WritePictureTable(ImageBuilder& image, Region table,
-                       const std::vector<EncodedPicture>& pictures, TableEnd end,
-                       RegionWriter& data) {
+void WritePictureTable(ImageBuilder& image, Region table, const std::vector<EncodedPicture>& pictures,
+                       TableEnd end, RegionWriter& data) {
   RegionWriter entries(image, table);
   for (const EncodedPicture& picture : pictures) {
     data.Align(2);

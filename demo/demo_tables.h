@@ -10,12 +10,10 @@ namespace tarvelo {
 
 // A table of the pictures, ended as `end` says; their data goes where `data` stands.
 enum class TableEnd { noHeight, fullWidth, reservedByte };
-void WritePictureTable(ImageBuilder& image, Region table,
-                       const std::vector<EncodedPicture>& pictures, TableEnd end,
-                       RegionWriter& data);
+void WritePictureTable(ImageBuilder& image, Region table, const std::vector<EncodedPicture>& pictures,
+                       TableEnd end, RegionWriter& data);
 
 // Pictures without a table: each a header like a table's entry, its data behind it.
-void WriteStandalonePictures(ImageBuilder& image, Region region,
-                             const std::vector<EncodedPicture>& pictures);
+void WriteStandalonePictures(ImageBuilder& image, Region region, const std::vector<EncodedPicture>& pictures);
 
 }  // namespace tarvelo

@@ -20,8 +20,7 @@ std::u16string_view Text(const Phrase& phrase, PhraseLanguage language) {
 
 // Writes the messages of one language, each with `encode`, but for those that hold one of the
 // characters in `without`.
-void Encoded(RegionWriter& writer, PhraseLanguage language,
-             TextBytes (*encode)(std::u16string_view),
+void Encoded(RegionWriter& writer, PhraseLanguage language, TextBytes (*encode)(std::u16string_view),
              std::u16string_view without = controlCharacters) {
   for (const Phrase& phrase : phrases) {
     const std::u16string_view text = Text(phrase, language);

@@ -60,14 +60,13 @@ const std::array<Tune, 14> tunes{{
      "2 f#5 8 b4 c#5 d5 e5 | 4. f#5 8 d5 4. f#5 8 d5 | 4. f#5 8 b4 8 d5 b4 g4 d5 | 2 b4"},
 }};
 
-const Duet minuet{
-    132,
-    "4 d5 8 g4 a4 b4 c5 | 4 d5 g4 g4 | e5 8 c5 d5 e5 f#5 | 4 g5 g4 g4 | "
-    "c5 8 d5 c5 b4 a4 | 4 b4 8 c5 b4 a4 g4 | 4 f#4 8 g4 a4 b4 g4 | 2. a4 | "
-    "4 d5 8 g4 a4 b4 c5 | 4 d5 g4 g4 | e5 8 c5 d5 e5 f#5 | 4 g5 g4 g4 | "
-    "c5 8 d5 c5 b4 a4 | 4 b4 8 c5 b4 a4 g4 | 4 a4 8 b4 a4 g4 f#4 | 2. g4",
-    "2 g3 4 a3 | 2. b3 | c4 | b3 | a3 | g3 | 4 d4 b3 g3 | d4 8 d3 c4 b3 a3 | "
-    "2 b3 4 a3 | g3 b3 g3 | 2. c4 | 4 b3 8 c4 b3 a3 g3 | 2 a3 4 f#3 | 2 g3 4 b3 | c4 d4 d3 | "
-    "2 g3 4 g2"};
+const Duet minuet{132,
+                  "4 d5 8 g4 a4 b4 c5 | 4 d5 g4 g4 | e5 8 c5 d5 e5 f#5 | 4 g5 g4 g4 | "
+                  "c5 8 d5 c5 b4 a4 | 4 b4 8 c5 b4 a4 g4 | 4 f#4 8 g4 a4 b4 g4 | 2. a4 | "
+                  "4 d5 8 g4 a4 b4 c5 | 4 d5 g4 g4 | e5 8 c5 d5 e5 f#5 | 4 g5 g4 g4 | "
+                  "c5 8 d5 c5 b4 a4 | 4 b4 8 c5 b4 a4 g4 | 4 a4 8 b4 a4 g4 f#4 | 2. g4",
+                  "2 g3 4 a3 | 2. b3 | c4 | b3 | a3 | g3 | 4 d4 b3 g3 | d4 8 d3 c4 b3 a3 | "
+                  "2 b3 4 a3 | g3 b3 g3 | 2. c4 | 4 b3 8 c4 b3 a3 g3 | 2 a3 4 f#3 | 2 g3 4 b3 | c4 d4 d3 | "
+                  "2 g3 4 g2"};
 
 }  // namespace tarvelo

@@ -20,9 +20,8 @@ struct Partial {
 };
 
 // c5, e5, g5, c6, each with its octave; the higher the sooner gone.
-constexpr Partial bell[] = {{52325, 26, 4200},  {104650, 11, 2400}, {65926, 20, 3800},
-                            {131851, 8, 2000},  {78399, 18, 3400},  {156798, 6, 1700},
-                            {104650, 14, 2800}, {209300, 4, 1300}};
+constexpr Partial bell[] = {{52325, 26, 4200}, {104650, 11, 2400}, {65926, 20, 3800},  {131851, 8, 2000},
+                            {78399, 18, 3400}, {156798, 6, 1700},  {104650, 14, 2800}, {209300, 4, 1300}};
 
 // The sine of a phase of 2^32 steps a turn, times `unit`; by a rational approximation that is right
 // to two thousandths.

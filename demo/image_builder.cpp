@@ -12,9 +12,7 @@ std::uint32_t ImageBuilder::Address(std::size_t offset) const {
   return static_cast<std::uint32_t>(base + offset);
 }
 
-std::size_t ImageBuilder::Byte(std::size_t offset, std::uint8_t value) {
-  return Data(offset, {&value, 1});
-}
+std::size_t ImageBuilder::Byte(std::size_t offset, std::uint8_t value) { return Data(offset, {&value, 1}); }
 
 std::size_t ImageBuilder::Word(std::size_t offset, std::uint16_t value) {
   Byte(offset, static_cast<std::uint8_t>(value));

@@ -25,8 +25,8 @@ class ImageBuilder {
   // Each writes at an offset and throws std::out_of_range where it would pass the end.
   // They return the offset behind what was written, so that calls can be chained.
   std::size_t Byte(std::size_t offset, std::uint8_t value);
-  std::size_t Word(std::size_t offset, std::uint16_t value);    // little-endian
-  std::size_t DWord(std::size_t offset, std::uint32_t value);   // little-endian
+  std::size_t Word(std::size_t offset, std::uint16_t value);   // little-endian
+  std::size_t DWord(std::size_t offset, std::uint32_t value);  // little-endian
   std::size_t Data(std::size_t offset, std::span<const std::uint8_t> data);
   std::size_t Text(std::size_t offset, std::string_view text);  // the bytes as they are, then 0x00
   std::size_t Fill(std::size_t offset, std::size_t count, std::uint8_t value);

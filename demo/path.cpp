@@ -41,10 +41,7 @@ Point At(double x, double y) { return {ToFixed(x), ToFixed(y)}; }
 
 // Short arcs need fewer corners to look round.
 int StepFor(Fixed radius) {
-  return radius < fixedOne * 3 / 2 ? 30
-         : radius < 3 * fixedOne   ? 15
-         : radius < 16 * fixedOne  ? 10
-                                   : 5;
+  return radius < fixedOne * 3 / 2 ? 30 : radius < 3 * fixedOne ? 15 : radius < 16 * fixedOne ? 10 : 5;
 }
 
 void AppendArc(Contour& contour, Point centre, Fixed rx, Fixed ry, int from, int to) {
@@ -66,10 +63,7 @@ Contour Bar(Point a, Point b, Fixed half) {
   const std::int64_t length = SquareRoot(dx * dx + dy * dy);
   const Fixed nx = static_cast<Fixed>(-dy * half / length);
   const Fixed ny = static_cast<Fixed>(dx * half / length);
-  return {.points = {{a.x + nx, a.y + ny},
-                     {b.x + nx, b.y + ny},
-                     {b.x - nx, b.y - ny},
-                     {a.x - nx, a.y - ny}},
+  return {.points = {{a.x + nx, a.y + ny}, {b.x + nx, b.y + ny}, {b.x - nx, b.y - ny}, {a.x - nx, a.y - ny}},
           .closed = true};
 }
 
@@ -233,8 +227,7 @@ Path Path::Scaled(double cx, double cy, double sx, double sy) const {
   Path scaled = *this;
   const Point c = At(cx, cy);
   for (Contour& contour : scaled.contours_)
-    for (Point& p : contour.points)
-      p = {Stretch(p.x, c.x, ToFixed(sx)), Stretch(p.y, c.y, ToFixed(sy))};
+    for (Point& p : contour.points) p = {Stretch(p.x, c.x, ToFixed(sx)), Stretch(p.y, c.y, ToFixed(sy))};
   return scaled;
 }
 

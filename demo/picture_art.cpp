@@ -40,15 +40,12 @@ Canvas DrawScene(Drawing drawing) {
   return canvas;
 }
 
-Path Backdrop(double top, double bottom) {
-  return Path::Rect(0, top, wallpaperWidth, bottom - top);
-}
+Path Backdrop(double top, double bottom) { return Path::Rect(0, top, wallpaperWidth, bottom - top); }
 
 Canvas GreyCopy(const Canvas& canvas) {
   std::array<int, 256> counts{};
   for (int y = 0; y < canvas.Height(); ++y)
-    for (int x = 0; x < canvas.Width(); ++x)
-      ++counts[static_cast<std::size_t>(Luma(canvas.At(x, y)))];
+    for (int x = 0; x < canvas.Width(); ++x) ++counts[static_cast<std::size_t>(Luma(canvas.At(x, y)))];
   const int pixels = canvas.Width() * canvas.Height();
   const int darkest = BrightnessAbove(counts, pixels / 8);
   const int brightest = std::max(darkest + 1, BrightnessAbove(counts, pixels * 7 / 8));

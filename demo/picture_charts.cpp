@@ -49,8 +49,7 @@ Canvas LogoBanner(int width, int height) {
   canvas.Fill(plate, glow);
   const double unit = BrandUnit(tall ? width - 16 : std::min(width - 16, (height - 10) * 6));
   const double top = tall ? height * 0.5625 : (height - 6 * unit) / 2;
-  DrawBrand(canvas, middle, top, unit,
-            Paint::Vertical(top, top + 6 * unit, {white, Rgb(0xFFD24A)}));
+  DrawBrand(canvas, middle, top, unit, Paint::Vertical(top, top + 6 * unit, {white, Rgb(0xFFD24A)}));
   canvas.Stroke(Path::RoundRect(0.5, 0.5, width - 1, height - 1, 4.5), 1, Rgb(0x0C1C5C));
   return canvas;
 }
@@ -156,8 +155,7 @@ Canvas HueField() {
 
 Canvas GradientStrip(Colour from, Colour to) {
   Canvas canvas(wallpaperWidth, 12);
-  canvas.Fill(Path::Rect(0, 0, wallpaperWidth, 12),
-              Paint::Linear({0, 0}, {wallpaperWidth, 0}, {from, to}));
+  canvas.Fill(Path::Rect(0, 0, wallpaperWidth, 12), Paint::Linear({0, 0}, {wallpaperWidth, 0}, {from, to}));
   canvas.Fill(Path::Rect(0, 0, wallpaperWidth, 6),
               Paint::Vertical(0, 6, {Rgb(0xFFFFFF, 110), Rgb(0xFFFFFF, 10)}));
   return canvas;

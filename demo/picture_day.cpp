@@ -27,8 +27,7 @@ void DrawWaves(Canvas& c, int top, std::uint32_t seed) {
     for (int i = 0; i < 7; ++i) {
       const double x = random.Below(wallpaperWidth);
       const double length = 2 + (y - top) / 8.0;
-      c.Stroke(Path::Polyline({{x - length, y}, {x, y - 0.75}, {x + length, y}}), 0.75,
-               Rgb(0xFFFFFF, 90));
+      c.Stroke(Path::Polyline({{x - length, y}, {x, y - 0.75}, {x + length, y}}), 0.75, Rgb(0xFFFFFF, 90));
     }
 }
 
@@ -56,8 +55,7 @@ void DrawBoat(Canvas& c) {
 
 void DrawSailing(Canvas& c) {
   c.Fill(Backdrop(0, 50), Paint::Vertical(0, 50, {Rgb(0x3F8CE8), Rgb(0xA8D8FF), Rgb(0xFFF2D8)}));
-  c.Fill(Path::Circle(84, 15, 16),
-         Paint::Radial(84, 15, 16, {Rgb(0xFFF6C0, 200), Rgb(0xFFF6C0, 0)}));
+  c.Fill(Path::Circle(84, 15, 16), Paint::Radial(84, 15, 16, {Rgb(0xFFF6C0, 200), Rgb(0xFFF6C0, 0)}));
   c.Fill(Path::Circle(84, 15, 7), Rgb(0xFFF7B0));
   DrawCloud(c, 2, 4, 30, 240);
   DrawCloud(c, 72, 24, 22, 200);
@@ -90,8 +88,7 @@ void DrawCactus(Canvas& c) {
 
 void DrawDesert(Canvas& c) {
   c.Fill(Backdrop(), Paint::Vertical(0, 48, {Rgb(0x2F7ED8), Rgb(0x8CC8F4), Rgb(0xFFF0C8)}));
-  c.Fill(Path::Circle(22, 16, 20),
-         Paint::Radial(22, 16, 20, {Rgb(0xFFFFE0, 230), Rgb(0xFFFFE0, 0)}));
+  c.Fill(Path::Circle(22, 16, 20), Paint::Radial(22, 16, 20, {Rgb(0xFFFFE0, 230), Rgb(0xFFFFE0, 0)}));
   c.Fill(Path::Circle(22, 16, 6), white);
   DrawPyramid(c, 84, 52, 18, 22);
   DrawPyramid(c, 54, 56, 27, 35);
@@ -202,15 +199,8 @@ void DrawCabin(Canvas& c) {
 
 void DrawWinter(Canvas& c) {
   c.Fill(Backdrop(), Paint::Vertical(0, 56, {Rgb(0x7CA8D8), Rgb(0xC8DCF0), Rgb(0xFFEADC)}));
-  c.Fill(Path::Polygon({{0, 56},
-                        {18, 26},
-                        {32, 44},
-                        {50, 20},
-                        {74, 50},
-                        {88, 34},
-                        {101, 50},
-                        {101, 60},
-                        {0, 60}}),
+  c.Fill(Path::Polygon(
+             {{0, 56}, {18, 26}, {32, 44}, {50, 20}, {74, 50}, {88, 34}, {101, 50}, {101, 60}, {0, 60}}),
          Rgb(0xA0B8D8));
   c.Fill(Path::Polygon({{12, 36}, {18, 26}, {25, 35}, {20, 33}, {17, 38}}), white);
   c.Fill(Path::Polygon({{40, 34}, {50, 20}, {61, 34}, {54, 30}, {49, 37}, {46, 31}}), white);
@@ -224,8 +214,7 @@ void DrawWinter(Canvas& c) {
   Random random(11);
   for (int i = 0; i < 60; ++i) {
     const double x = random.Below(wallpaperWidth);
-    c.Fill(Path::Circle(x, random.Below(wallpaperHeight), i % 3 == 0 ? 1 : 0.625),
-           Rgb(0xFFFFFF, 220));
+    c.Fill(Path::Circle(x, random.Below(wallpaperHeight), i % 3 == 0 ? 1 : 0.625), Rgb(0xFFFFFF, 220));
   }
 }
 
@@ -239,8 +228,8 @@ void DrawBalloon(Canvas& c, double x, double y, double size, Colour odd, Colour 
     c.Fill(fitted(bag.Scaled(0, 0, gore, 1)), gore == 0.5 ? odd : even);
   c.Fill(fitted(bag), Paint::Radial(x - 5 * size, y - 6 * size, 24 * size,
                                     {Rgb(0xFFFFFF, 130), Rgb(0x000000, 0), Rgb(0x000000, 120)}));
-  c.Stroke(fitted(Path::Polyline({{-3, 17}, {-2, 22}}).Plus(Path::Polyline({{3, 17}, {2, 22}}))),
-           0.75, Rgb(0x5A3A24));
+  c.Stroke(fitted(Path::Polyline({{-3, 17}, {-2, 22}}).Plus(Path::Polyline({{3, 17}, {2, 22}}))), 0.75,
+           Rgb(0x5A3A24));
   c.Fill(fitted(Path::RoundRect(-3, 21, 6, 5, 1)), Rgb(0x9A6430));
 }
 

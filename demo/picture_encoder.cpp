@@ -105,8 +105,8 @@ std::uint16_t NextBestByte(Colour colour) {
 
 std::uint16_t ByteValue(Colour colour, const LevelPicker& picker) {
   if (Clear(colour)) return byteClear;
-  const int value = picker.Pick(redLevels, colour.r) << 5 |
-                    picker.Pick(greenLevels, colour.g) << 2 | picker.Pick(blueLevels, colour.b);
+  const int value = picker.Pick(redLevels, colour.r) << 5 | picker.Pick(greenLevels, colour.g) << 2 |
+                    picker.Pick(blueLevels, colour.b);
   return value == byteClear ? NextBestByte(colour) : static_cast<std::uint16_t>(value);
 }
 
@@ -217,8 +217,7 @@ std::vector<std::uint8_t> PackedColours(const Values& values, int bytes) {
       continue;
     }
     const std::size_t start = i;
-    while (i < values.size() && i - start < longestBlock &&
-           RunLength(values, i, shortestRun) < shortestRun)
+    while (i < values.size() && i - start < longestBlock && RunLength(values, i, shortestRun) < shortestRun)
       ++i;
     data.push_back(static_cast<std::uint8_t>(256 - (i - start)));
     for (std::size_t k = start; k < i; ++k) AppendColour(data, values[k], bytes);
@@ -263,8 +262,8 @@ EncodedPicture EncodePicture(const Canvas& canvas, Storage storage, Shading shad
     throw std::invalid_argument("a picture's sides are 1 to 254 pixels long");
   const Values values = PixelValues(canvas, storage, shading);
   Form form = Store(values, canvas.Width(), storage);
-  return {static_cast<std::uint8_t>(canvas.Width()), static_cast<std::uint8_t>(canvas.Height()),
-          form.type, std::move(form.data)};
+  return {static_cast<std::uint8_t>(canvas.Width()), static_cast<std::uint8_t>(canvas.Height()), form.type,
+          std::move(form.data)};
 }
 
 }  // namespace tarvelo::art

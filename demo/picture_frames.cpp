@@ -5,7 +5,7 @@
 namespace tarvelo::art {
 namespace {
 
-constexpr int turningFrames = 3;  // the hourglass is turned in these last ones
+constexpr int turningFrames = 3;                           // the hourglass is turned in these last ones
 constexpr int fallingFrames = frames - turningFrames - 1;  // until its upper half is empty
 
 Path GlassShape() {
@@ -37,8 +37,7 @@ void DrawBeachBall(Canvas& c, double cy, int angle, double flat) {
   for (int i = 0; i < 6; ++i)
     c.Fill(pressed(Path::Pie(12, cy, 8, angle + i * 60, angle + i * 60 + 60)), stripes[i]);
   const Path ball = pressed(Path::Circle(12, cy, 8));
-  c.Fill(ball,
-         Paint::Radial(9, cy - 4, 15, {Rgb(0xFFFFFF, 150), Rgb(0x000000, 0), Rgb(0x000000, 130)}));
+  c.Fill(ball, Paint::Radial(9, cy - 4, 15, {Rgb(0xFFFFFF, 150), Rgb(0x000000, 0), Rgb(0x000000, 130)}));
   c.Fill(pressed(Path::Circle(12, cy, 1.5)), white);
   c.Stroke(ball, 1.25, ink);
 }
@@ -63,8 +62,7 @@ Canvas Hourglass(int frame) {
   canvas.Fill(glass, inside);
   canvas.Stroke(glass, 1.75, ink);
   const Paint wood = Paint::Linear({6, 0}, {26, 0}, {Rgb(0xE0A060), Rgb(0x8A4B20)});
-  for (const double y : {2.5, 26.0})
-    Inked(canvas, turned(Path::RoundRect(6, y, 20, 3.5, 1)), wood, 1.5);
+  for (const double y : {2.5, 26.0}) Inked(canvas, turned(Path::RoundRect(6, y, 20, 3.5, 1)), wood, 1.5);
   return canvas;
 }
 
@@ -79,8 +77,7 @@ Canvas BouncingBall(int frame) {
 
 Canvas ClockFace(int frame) {
   Canvas canvas = Canvas::Icon(36);
-  canvas.Fill(Path::Circle(16, 16, 15),
-              Paint::Linear({4, 4}, {28, 28}, {Rgb(0xFFE9A0), Rgb(0xB8741C)}));
+  canvas.Fill(Path::Circle(16, 16, 15), Paint::Linear({4, 4}, {28, 28}, {Rgb(0xFFE9A0), Rgb(0xB8741C)}));
   canvas.Stroke(Path::Circle(16, 16, 15), 1, ink);
   Inked(canvas, Path::Circle(16, 16, 12), Paint::Vertical(4, 28, {white, Rgb(0xD4E0F4)}), 1);
   for (int hour = 0; hour < 12; ++hour) {
@@ -111,8 +108,7 @@ Canvas FlyingEnvelope(int frame) {
   const double y = 3 - rise;
   for (int i = 0; i < 3; ++i) {
     const double length = frame * 1.5 - i % 2 * 2;
-    if (length > 0)
-      canvas.Fill(Path::Rect(x - 1 - length, y + 9 + i * 4, length, 1), Rgb(0x5A74B8));
+    if (length > 0) canvas.Fill(Path::Rect(x - 1 - length, y + 9 + i * 4, length, 1), Rgb(0x5A74B8));
   }
   canvas.Place(x, y, 24, Canvas::iconUnits);
   DrawEnvelope(canvas);

@@ -53,8 +53,8 @@ void DrawCardFace(Canvas& c, const Card& card) {
   c.Fill(corner, card.colour);
   c.Fill(corner.Turned(cardWidth / 2, cardHeight / 2, 180), card.colour);
   if (card.court) {
-    Backed(c, Fitted(CrownShape(), 8.5, 8.5, 11.5),
-           Paint::Vertical(10, 20, {Rgb(0xFFF0A0), Rgb(0xE09A1C)}), 0.75);
+    Backed(c, Fitted(CrownShape(), 8.5, 8.5, 11.5), Paint::Vertical(10, 20, {Rgb(0xFFF0A0), Rgb(0xE09A1C)}),
+           0.75);
     c.Fill(Fitted(card.suit(), 8.25, 20, 11.5), card.colour);
   } else {
     c.Fill(Fitted(card.suit(), 6.5, 12.5, 15), card.colour);
@@ -119,8 +119,7 @@ Path KingShape() {
 }
 
 using Shape = Path (*)();
-constexpr Shape chessShapes[] = {PawnShape,   RookShape,  KnightShape,
-                                 BishopShape, QueenShape, KingShape};
+constexpr Shape chessShapes[] = {PawnShape, RookShape, KnightShape, BishopShape, QueenShape, KingShape};
 static_assert(std::size(chessShapes) == chessKinds);
 
 void DrawChessPiece(Canvas& c, int kind, bool dark) {

@@ -47,8 +47,7 @@ void DrawAlarmClock(Canvas& c) {
 void DrawOpenEnvelope(Canvas& c) {
   Inked(c, Path::Polygon({{3, 14}, {16, 3}, {29, 14}}), Rgb(0x9DB4DC));
   Inked(c, Path::Rect(7, 7, 18, 16), white);
-  for (const double y : {11.0, 14.0, 17.0})
-    c.Stroke(Path::Polyline({{10, y}, {22, y}}), 1, Rgb(0x7C90BC));
+  for (const double y : {11.0, 14.0, 17.0}) c.Stroke(Path::Polyline({{10, y}, {22, y}}), 1, Rgb(0x7C90BC));
   Inked(c, Path::Polygon({{3, 14}, {16, 23}, {29, 14}, {29, 29}, {3, 29}}),
         Paint::Vertical(14, 29, {white, paperShade}));
   c.Stroke(Path::Polyline({{4, 28}, {13, 21}}), 1.5, ink);
@@ -58,8 +57,7 @@ void DrawOpenEnvelope(Canvas& c) {
 void DrawPhonebook(Canvas& c) {
   const Colour tabs[] = {Rgb(0xF2C230), Rgb(0x5DB83A), brightRed};
   for (int i = 0; i < 3; ++i) Inked(c, Path::Rect(25, 6 + i * 7, 5, 5), tabs[i]);
-  Inked(c, Path::RoundRect(5, 3, 21, 26, 2),
-        Paint::Linear({5, 3}, {26, 29}, {Rgb(0x6FA8FF), Rgb(0x2350B8)}));
+  Inked(c, Path::RoundRect(5, 3, 21, 26, 2), Paint::Linear({5, 3}, {26, 29}, {Rgb(0x6FA8FF), Rgb(0x2350B8)}));
   c.Fill(Path::Rect(6, 4, 3, 24), Rgb(0x1D3F94));
   c.Fill(Path::Circle(17.5, 12, 4), white);
   Path shoulders;
@@ -72,8 +70,7 @@ void DrawCamera(Canvas& c) {
   Inked(c, Path::RoundRect(3, 9, 26, 18, 3), Paint::Vertical(9, 27, {steel, darkSteel}));
   c.Fill(Path::RoundRect(4, 14, 24, 7, 0), Rgb(0x4A5878));
   Inked(c, Path::Circle(16, 18, 7), Rgb(0xD5DCE8));
-  c.Fill(Path::Circle(16, 18, 4.75),
-         Paint::Radial(14, 16, 7, {Rgb(0x8FC4FF), Rgb(0x1D4AA0), Rgb(0x0A1533)}));
+  c.Fill(Path::Circle(16, 18, 4.75), Paint::Radial(14, 16, 7, {Rgb(0x8FC4FF), Rgb(0x1D4AA0), Rgb(0x0A1533)}));
   c.Fill(Path::Circle(14, 16, 1.25), white);
   c.Fill(Path::Rect(23, 11, 4, 2), gold);
 }
@@ -92,8 +89,7 @@ Path Shackle() {
 }
 
 void DrawLockBody(Canvas& c) {
-  Inked(c, Path::RoundRect(6, 15, 20, 14, 2),
-        Paint::Linear({6, 15}, {26, 29}, {Rgb(0xFFE07A), darkGold}));
+  Inked(c, Path::RoundRect(6, 15, 20, 14, 2), Paint::Linear({6, 15}, {26, 29}, {Rgb(0xFFE07A), darkGold}));
   c.Fill(Path::Circle(16, 20.5, 2.5), ink);
   c.Fill(Path::Polygon({{15, 21}, {17, 21}, {18, 26}, {14, 26}}), ink);
 }
@@ -137,8 +133,7 @@ void DrawCalendar(Canvas& c) {
 }
 
 void DrawCalculator(Canvas& c) {
-  Inked(c, Path::RoundRect(6, 3, 20, 26, 3),
-        Paint::Vertical(3, 29, {Rgb(0xB8C3D6), Rgb(0x6C7A96)}));
+  Inked(c, Path::RoundRect(6, 3, 20, 26, 3), Paint::Vertical(3, 29, {Rgb(0xB8C3D6), Rgb(0x6C7A96)}));
   Inked(c, Path::Rect(9, 6, 14, 5), Rgb(0xCDEBB0), 1.5);
   for (int row = 0; row < 3; ++row)
     for (int column = 0; column < 3; ++column) {
@@ -177,10 +172,10 @@ void DrawMagnifier(Canvas& c) {
   c.Stroke(Path::Arc(13, 13, 5.5, 285, 350), 1.75, white);
 }
 
-constexpr Drawing menuIcons[] = {
-    DrawEnvelope,   DrawOpenEnvelope, DrawPhonebook, DrawAlarmClock, DrawCamera, DrawBell,
-    DrawMutedBell,  DrawLock,         DrawOpenLock,  DrawKey,        DrawFolder, DrawCalendar,
-    DrawCalculator, DrawHandset,      DrawHangUp,    DrawSim,        DrawGear,   DrawMagnifier};
+constexpr Drawing menuIcons[] = {DrawEnvelope, DrawOpenEnvelope, DrawPhonebook,  DrawAlarmClock, DrawCamera,
+                                 DrawBell,     DrawMutedBell,    DrawLock,       DrawOpenLock,   DrawKey,
+                                 DrawFolder,   DrawCalendar,     DrawCalculator, DrawHandset,    DrawHangUp,
+                                 DrawSim,      DrawGear,         DrawMagnifier};
 
 }  // namespace
 

@@ -18,8 +18,7 @@ void DrawStars(Canvas& c, int count, std::uint32_t bottom, std::uint32_t seed) {
 }
 
 void DrawTwinkle(Canvas& c, double x, double y, double size) {
-  c.Fill(Path::Circle(x, y, size),
-         Paint::Radial(x, y, size, {Rgb(0xFFFFFF, 150), Rgb(0xFFFFFF, 0)}));
+  c.Fill(Path::Circle(x, y, size), Paint::Radial(x, y, size, {Rgb(0xFFFFFF, 150), Rgb(0xFFFFFF, 0)}));
   c.Fill(Path::Star(x, y, size, size / 6, 4), white);
 }
 
@@ -28,21 +27,18 @@ void DrawFir(Canvas& c, double x, double foot, double height, Colour colour) {
   for (int i = 0; i < 3; ++i) {
     const double top = foot - height + i * height / 4;
     const double half = height * (i + 2) / 16;
-    c.Fill(Path::Polygon({{x - half, top + height / 2}, {x, top}, {x + half, top + height / 2}}),
-           colour);
+    c.Fill(Path::Polygon({{x - half, top + height / 2}, {x, top}, {x + half, top + height / 2}}), colour);
   }
 }
 
 void DrawSunset(Canvas& c) {
   c.Fill(Backdrop(0, 58),
-         Paint::Vertical(
-             0, 58, {Rgb(0x241A58), Rgb(0x7A2E84), Rgb(0xE85A62), Rgb(0xFFB45C), Rgb(0xFFE89A)}));
+         Paint::Vertical(0, 58, {Rgb(0x241A58), Rgb(0x7A2E84), Rgb(0xE85A62), Rgb(0xFFB45C), Rgb(0xFFE89A)}));
   c.Fill(Path::Circle(66, 46, 26),
          Paint::Radial(66, 46, 26, {Rgb(0xFFF4B0, 220), Rgb(0xFFC070, 90), Rgb(0xFFA060, 0)}));
   c.Fill(Path::Circle(66, 46, 8), Rgb(0xFFFBD8));
   for (const Spot& cloud : {Spot{20, 20}, Spot{46, 30}, Spot{84, 24}})
-    c.Fill(Path::Ellipse(cloud.x, cloud.y, 17, 1.75)
-               .Plus(Path::Ellipse(cloud.x + 5, cloud.y - 2, 9, 1.5)),
+    c.Fill(Path::Ellipse(cloud.x, cloud.y, 17, 1.75).Plus(Path::Ellipse(cloud.x + 5, cloud.y - 2, 9, 1.5)),
            Rgb(0xFF9A8A, 150));
   c.Fill(Path::Polygon({{0, 46},
                         {10, 34},
@@ -78,8 +74,7 @@ void DrawSunset(Canvas& c) {
   Path shore;
   shore.Move(0, 66).Curve(16, 62, 30, 70, 40, 74).Line(46, 80).Line(0, 80).Close();
   c.Fill(shore, Rgb(0x140E2C));
-  for (int i = 0; i < 6; ++i)
-    DrawFir(c, 3 + i * 6.5, 70 + i % 3 * 2, 26 - i * 2 + i % 2 * 5, Rgb(0x140E2C));
+  for (int i = 0; i < 6; ++i) DrawFir(c, 3 + i * 6.5, 70 + i % 3 * 2, 26 - i * 2 + i % 2 * 5, Rgb(0x140E2C));
 }
 
 void DrawCottage(Canvas& c, double x, double y) {
@@ -101,8 +96,7 @@ void DrawStarryNight(Canvas& c) {
   DrawStars(c, 150, 64, 3);
   for (const Spot& star : {Spot{14, 12}, Spot{44, 22}, Spot{61, 8}, Spot{92, 38}, Spot{30, 40}})
     DrawTwinkle(c, star.x, star.y, 3.5);
-  c.Fill(Path::Circle(80, 17, 18),
-         Paint::Radial(80, 17, 18, {Rgb(0xFFF4C8, 110), Rgb(0xFFF4C8, 0)}));
+  c.Fill(Path::Circle(80, 17, 18), Paint::Radial(80, 17, 18, {Rgb(0xFFF4C8, 110), Rgb(0xFFF4C8, 0)}));
   Path moon;
   moon.Move(82, 7)
       .Curve(74, 11, 74, 23, 83, 27)
@@ -134,14 +128,12 @@ void DrawStarryNight(Canvas& c) {
 
 void DrawTower(Canvas& c, Random& random, double x, double width, double height) {
   const double top = 62 - height;
-  c.Fill(Path::Rect(x, top, width, height),
-         Paint::Vertical(top, 62, {Rgb(0x283468), Rgb(0x141A3C)}));
+  c.Fill(Path::Rect(x, top, width, height), Paint::Vertical(top, 62, {Rgb(0x283468), Rgb(0x141A3C)}));
   c.Fill(Path::Rect(x + width - 1.5, top, 1.5, height), Rgb(0x0A0E24));
   for (double y = top + 2; y < 59; y += 3)
     for (double windowX = x + 1; windowX < x + width - 3; windowX += 3) {
       const auto light = random.Below(5);
-      if (light < 3)
-        c.Fill(Path::Rect(windowX, y, 1.5, 1.5), light == 0 ? Rgb(0x9AD8FF) : Rgb(0xFFE07A));
+      if (light < 3) c.Fill(Path::Rect(windowX, y, 1.5, 1.5), light == 0 ? Rgb(0x9AD8FF) : Rgb(0xFFE07A));
     }
 }
 
@@ -159,8 +151,7 @@ void MirrorInWater(Canvas& c, int level) {
 void DrawCity(Canvas& c) {
   c.Fill(Backdrop(), Paint::Vertical(0, 62, {Rgb(0x0C1038), Rgb(0x3A2A70), Rgb(0xC05A7A)}));
   DrawStars(c, 50, 34, 5);
-  c.Fill(Path::Circle(20, 15, 16),
-         Paint::Radial(20, 15, 16, {Rgb(0xFFF6D8, 130), Rgb(0xFFF6D8, 0)}));
+  c.Fill(Path::Circle(20, 15, 16), Paint::Radial(20, 15, 16, {Rgb(0xFFF6D8, 130), Rgb(0xFFF6D8, 0)}));
   c.Fill(Path::Circle(20, 15, 7), Rgb(0xFFF8E0));
   for (const Spot& crater : {Spot{18, 13}, Spot{22, 17}, Spot{22, 11}})
     c.Fill(Path::Circle(crater.x, crater.y, 1.5), Rgb(0xE8D8B0));
@@ -177,25 +168,22 @@ void DrawCity(Canvas& c) {
 
 void DrawPlanet(Canvas& c) {
   c.Fill(Backdrop(), Paint::Radial(20, 70, 110, {Rgb(0x3A1A5C), Rgb(0x140C38), Rgb(0x04040E)}));
-  c.Fill(Path::Circle(86, 16, 26),
-         Paint::Radial(86, 16, 26, {Rgb(0x3A90C0, 90), Rgb(0x3A90C0, 0)}));
+  c.Fill(Path::Circle(86, 16, 26), Paint::Radial(86, 16, 26, {Rgb(0x3A90C0, 90), Rgb(0x3A90C0, 0)}));
   DrawStars(c, 130, 80, 9);
   DrawTwinkle(c, 12, 14, 4);
   DrawTwinkle(c, 90, 60, 3.5);
   const Path ball = Path::Circle(48, 40, 19);
   Path ring = Path::Ellipse(48, 40, 36, 9).Minus(Path::Ellipse(48, 40, 25, 5)).Turned(48, 40, 340);
-  const Paint dust = Paint::Linear({14, 52}, {82, 28},
-                                   {Rgb(0xF0D8A0, 230), Rgb(0xB88A60, 230), Rgb(0xFFF0C8, 230)});
+  const Paint dust =
+      Paint::Linear({14, 52}, {82, 28}, {Rgb(0xF0D8A0, 230), Rgb(0xB88A60, 230), Rgb(0xFFF0C8, 230)});
   c.Fill(ring, dust);
   Canvas surface = c;
   surface.Fill(ball, Rgb(0xE8B070));
-  const Colour bands[] = {Rgb(0xF8D8A0), Rgb(0xC8824A), Rgb(0xFFE8C0), Rgb(0xD89A60),
-                          Rgb(0xB87040)};
+  const Colour bands[] = {Rgb(0xF8D8A0), Rgb(0xC8824A), Rgb(0xFFE8C0), Rgb(0xD89A60), Rgb(0xB87040)};
   for (int i = 0; i < 5; ++i)
     surface.Fill(Path::Ellipse(48, 26 + i * 7, 24, 2.75).Turned(48, 40, 340), bands[i]);
   surface.Fill(Path::Ellipse(54, 45, 4, 2).Turned(54, 45, 340), Rgb(0xC04A30));
-  surface.Fill(
-      ball, Paint::Radial(40, 30, 32, {Rgb(0xFFFFFF, 70), Rgb(0x000000, 0), Rgb(0x000010, 210)}));
+  surface.Fill(ball, Paint::Radial(40, 30, 32, {Rgb(0xFFFFFF, 70), Rgb(0x000000, 0), Rgb(0x000010, 210)}));
   c.Fill(ball, surface);
   Canvas front = c;
   front.Fill(ring, dust);
@@ -255,10 +243,9 @@ void DrawFireworks(Canvas& c) {
   DrawFirework(c, 70, 18, 15, 200);
   DrawFirework(c, 52, 38, 11, 110);
   DrawFirework(c, 88, 40, 9, 310);
-  c.Fill(Path::Polygon({{0, 58},  {9, 58},  {9, 52},  {16, 52},  {16, 57},  {22, 57},
-                        {22, 46}, {24, 42}, {26, 46}, {26, 57},  {40, 57},  {48, 51},
-                        {56, 57}, {70, 57}, {70, 53}, {80, 53},  {80, 57},  {88, 57},
-                        {88, 50}, {94, 50}, {94, 58}, {101, 58}, {101, 64}, {0, 64}}),
+  c.Fill(Path::Polygon({{0, 58},  {9, 58},  {9, 52},  {16, 52}, {16, 57}, {22, 57},  {22, 46},  {24, 42},
+                        {26, 46}, {26, 57}, {40, 57}, {48, 51}, {56, 57}, {70, 57},  {70, 53},  {80, 53},
+                        {80, 57}, {88, 57}, {88, 50}, {94, 50}, {94, 58}, {101, 58}, {101, 64}, {0, 64}}),
          Rgb(0x080A1C));
   MirrorInWater(c, 63);
 }

@@ -14,8 +14,7 @@ using namespace art;  // NOLINT: this file is nothing but a list of its drawings
 using Pictures = std::vector<EncodedPicture>;
 using Frame = Canvas (*)(int);
 
-void Add(Pictures& pictures, const Canvas& canvas, Storage storage,
-         Shading shading = Shading::Flat) {
+void Add(Pictures& pictures, const Canvas& canvas, Storage storage, Shading shading = Shading::Flat) {
   pictures.push_back(EncodePicture(canvas, storage, shading));
 }
 
@@ -80,8 +79,7 @@ constexpr Wallpaper nightWallpapers[] = {
     {Storage::Sixteen, Shading::Flat},       {Storage::SixteenPacked, Shading::Dithered},
     {Storage::Byte, Shading::Dithered},      {Storage::TwelvePacked, Shading::Flat}};
 
-void AddScenes(Pictures& pictures, std::span<const Drawing> scenes,
-               std::span<const Wallpaper> wallpapers) {
+void AddScenes(Pictures& pictures, std::span<const Drawing> scenes, std::span<const Wallpaper> wallpapers) {
   for (std::size_t i = 0; i < scenes.size(); ++i)
     Add(pictures, DrawScene(scenes[i]), wallpapers[i].storage, wallpapers[i].shading);
 }

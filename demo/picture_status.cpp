@@ -81,8 +81,7 @@ constexpr Segment segments[] = {{7, 2, false},   {12, 6.5, true}, {12, 15.5, tru
                                 {2, 15.5, true}, {2, 6.5, true},  {7, 11, false}};
 
 // Bit n lights segment n.
-constexpr std::array<unsigned, 10> litSegments{0x3F, 0x06, 0x5B, 0x4F, 0x66,
-                                               0x6D, 0x7D, 0x07, 0x7F, 0x6F};
+constexpr std::array<unsigned, 10> litSegments{0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07, 0x7F, 0x6F};
 
 Path SegmentShape(const Segment& s) {
   const Path bar = Path::Polygon({{s.x - 4.5, s.y},
@@ -97,8 +96,7 @@ Path SegmentShape(const Segment& s) {
 }  // namespace
 
 Canvas Battery(int level) {
-  const Colour light[] = {Rgb(0xC01818), Rgb(0xC07000), Rgb(0x2F8A30), Rgb(0x2F8A30),
-                          Rgb(0x2F8A30)};
+  const Colour light[] = {Rgb(0xC01818), Rgb(0xC07000), Rgb(0x2F8A30), Rgb(0x2F8A30), Rgb(0x2F8A30)};
   Canvas canvas(24, 12);
   const Colour edge = level == 0 ? Rgb(0xC01818) : ink;
   canvas.Fill(Path::RoundRect(0, 0, 22, 12, 1), edge);

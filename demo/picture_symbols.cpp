@@ -11,11 +11,7 @@ namespace {
 // The foot of the spade and the club.
 Path Foot() {
   Path foot;
-  foot.Move(15, 18)
-      .Curve(15, 24, 13, 27, 10, 29)
-      .Line(22, 29)
-      .Curve(19, 27, 17, 24, 17, 18)
-      .Close();
+  foot.Move(15, 18).Curve(15, 24, 13, 27, 10, 29).Line(22, 29).Curve(19, 27, 17, 24, 17, 18).Close();
   return foot;
 }
 
@@ -25,8 +21,7 @@ void DrawHeart(Canvas& c) {
 }
 
 void DrawStar(Canvas& c) {
-  Inked(c, Path::Star(16, 17, 14, 6, 5),
-        Paint::Linear({8, 6}, {24, 28}, {Rgb(0xFFF8B8), gold, darkGold}));
+  Inked(c, Path::Star(16, 17, 14, 6, 5), Paint::Linear({8, 6}, {24, 28}, {Rgb(0xFFF8B8), gold, darkGold}));
 }
 
 void DrawTick(Canvas& c) {
@@ -171,8 +166,7 @@ void DrawSurprised(Canvas& c) {
 constexpr Drawing symbolIcons[] = {DrawHeart,   DrawNote,    DrawStar,        DrawTick,
                                    DrawCross,   DrawWarning, DrawInformation, DrawQuestion,
                                    DrawNoEntry, DrawFlower,  DrawYinYang,     DrawTarget};
-constexpr Drawing faces[] = {DrawHappy,   DrawLaughing, DrawSad,
-                             DrawWinking, DrawCool,     DrawSurprised};
+constexpr Drawing faces[] = {DrawHappy, DrawLaughing, DrawSad, DrawWinking, DrawCool, DrawSurprised};
 
 }  // namespace
 
@@ -205,8 +199,7 @@ Path ClubShape() {
 }
 
 Path CrownShape() {
-  Path crown =
-      Path::Polygon({{6, 25}, {3.5, 10}, {10, 16}, {16, 6}, {22, 16}, {28.5, 10}, {26, 25}});
+  Path crown = Path::Polygon({{6, 25}, {3.5, 10}, {10, 16}, {16, 6}, {22, 16}, {28.5, 10}, {26, 25}});
   crown.Plus(Path::Circle(3.5, 9.5, 1.75)).Plus(Path::Circle(16, 5.5, 2));
   return crown.Plus(Path::Circle(28.5, 9.5, 1.75));
 }

@@ -11,8 +11,7 @@ constexpr Colour wood = Rgb(0xD08A40);
 void DrawBin(Canvas& c) {
   Inked(c, Path::Polygon({{7, 10}, {25, 10}, {23, 29}, {9, 29}}),
         Paint::Linear({7, 10}, {25, 10}, {Rgb(0x8A99B2), steel, Rgb(0x76859E)}));
-  for (const double x : {12.5, 16.0, 19.5})
-    c.Stroke(Path::Polyline({{x, 14}, {x, 25}}), 1.5, Rgb(0x56658A));
+  for (const double x : {12.5, 16.0, 19.5}) c.Stroke(Path::Polyline({{x, 14}, {x, 25}}), 1.5, Rgb(0x56658A));
   Inked(c, Path::RoundRect(5, 6, 22, 4, 1), steel);
   Inked(c, Path::Rect(13, 3, 6, 3), darkSteel);
 }
@@ -33,12 +32,10 @@ void DrawHeadphones(Canvas& c) {
 }
 
 void DrawJoystick(Canvas& c) {
-  Inked(c, Path::RoundRect(4, 21, 24, 8, 2),
-        Paint::Vertical(21, 29, {Rgb(0x7C8BB0), Rgb(0x3B4870)}));
+  Inked(c, Path::RoundRect(4, 21, 24, 8, 2), Paint::Vertical(21, 29, {Rgb(0x7C8BB0), Rgb(0x3B4870)}));
   c.Stroke(Path::Polyline({{16, 21}, {18, 10}}), 5, ink);
   c.Stroke(Path::Polyline({{16, 21}, {18, 10}}), 2, darkSteel);
-  Inked(c, Path::Circle(18.5, 8, 5),
-        Paint::Radial(17, 6, 7, {Rgb(0xFFC0B0), brightRed, Rgb(0x981010)}));
+  Inked(c, Path::Circle(18.5, 8, 5), Paint::Radial(17, 6, 7, {Rgb(0xFFC0B0), brightRed, Rgb(0x981010)}));
   Inked(c, Path::Circle(8.5, 21, 2), gold, 1.5);
 }
 
@@ -79,9 +76,7 @@ void DrawBulb(Canvas& c) {
 }
 
 void DrawPencil(Canvas& c) {
-  const auto part = [](std::initializer_list<Spot> spots) {
-    return Path::Polygon(spots).Turned(16, 16, 45);
-  };
+  const auto part = [](std::initializer_list<Spot> spots) { return Path::Polygon(spots).Turned(16, 16, 45); };
   Inked(c, part({{12.5, 1}, {19.5, 1}, {19.5, 5}, {12.5, 5}}), Rgb(0xFF9AA8));
   Inked(c, part({{12.5, 5}, {19.5, 5}, {19.5, 23}, {12.5, 23}}),
         Paint::Linear({12, 12}, {20, 20}, {Rgb(0xFFF09A), gold, darkGold}));
@@ -155,8 +150,7 @@ void DrawDisk(Canvas& c) {
   Inked(c, Path::Rect(9, 5, 13, 8), steel, 1.5);
   c.Fill(Path::Rect(17, 6.5, 3, 5), Rgb(0x3B4870));
   Inked(c, Path::Rect(8, 17, 16, 11), white, 1.5);
-  for (const double y : {20.0, 23.0})
-    c.Stroke(Path::Polyline({{11, y}, {21, y}}), 1.25, Rgb(0xE5705A));
+  for (const double y : {20.0, 23.0}) c.Stroke(Path::Polyline({{11, y}, {21, y}}), 1.25, Rgb(0xE5705A));
 }
 
 void DrawPad(Canvas& c) {
@@ -168,9 +162,9 @@ void DrawPad(Canvas& c) {
   Inked(c, Path::Circle(23.5, 14.5, 2), brightRed, 1.25);
 }
 
-constexpr Drawing toolIcons[] = {
-    DrawBin,  DrawSpeaker,  DrawHeadphones, DrawJoystick, DrawHouse, DrawCup,  DrawBulb, DrawPencil,
-    DrawGift, DrawUmbrella, DrawAnchor,     DrawTrophy,   DrawFilm,  DrawDisk, DrawPad};
+constexpr Drawing toolIcons[] = {DrawBin,    DrawSpeaker, DrawHeadphones, DrawJoystick, DrawHouse,
+                                 DrawCup,    DrawBulb,    DrawPencil,     DrawGift,     DrawUmbrella,
+                                 DrawAnchor, DrawTrophy,  DrawFilm,       DrawDisk,     DrawPad};
 
 }  // namespace
 

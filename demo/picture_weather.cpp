@@ -8,16 +8,14 @@ namespace {
 void DrawRays(Canvas& c, double cx, double cy, double r) {
   Path rays;
   for (int angle = 0; angle < 360; angle += 45)
-    rays.Plus(Path::Polygon({{cx - 2, cy - r}, {cx, cy - r - 4}, {cx + 2, cy - r}})
-                  .Turned(cx, cy, angle));
+    rays.Plus(Path::Polygon({{cx - 2, cy - r}, {cx, cy - r - 4}, {cx + 2, cy - r}}).Turned(cx, cy, angle));
   Backed(c, rays, Rgb(0xFFC61E), 0.75);
 }
 
 void DrawSunAt(Canvas& c, double cx, double cy, double r) {
   DrawRays(c, cx, cy, r + 2);
   Inked(c, Path::Circle(cx, cy, r),
-        Paint::Radial(cx - 2, cy - 2, r * 1.5, {Rgb(0xFFFBC0), Rgb(0xFFDB3A), Rgb(0xF59A0C)}),
-        1.75);
+        Paint::Radial(cx - 2, cy - 2, r * 1.5, {Rgb(0xFFFBC0), Rgb(0xFFDB3A), Rgb(0xF59A0C)}), 1.75);
 }
 
 void DrawCloudAt(Canvas& c, double dx, double dy, Colour light, Colour dark) {
@@ -45,8 +43,7 @@ void DrawRain(Canvas& c) {
 void DrawThunder(Canvas& c) {
   DrawDarkCloud(c);
   Inked(c,
-        Path::Polygon(
-            {{16, 15}, {10.5, 23.5}, {15, 23.5}, {12.5, 31}, {21.5, 20.5}, {17, 20.5}, {20, 15}}),
+        Path::Polygon({{16, 15}, {10.5, 23.5}, {15, 23.5}, {12.5, 31}, {21.5, 20.5}, {17, 20.5}, {20, 15}}),
         Paint::Vertical(15, 31, {Rgb(0xFFF68A), Rgb(0xFFB800)}), 1.5);
 }
 
@@ -89,9 +86,8 @@ void DrawThermometer(Canvas& c) {
   for (const double y : {7.0, 11.0, 15.0}) c.Stroke(Path::Polyline({{22, y}, {25, y}}), 1.25, ink);
 }
 
-constexpr Drawing weatherIcons[] = {DrawSun,  DrawPartlyCloudy, DrawFairCloud,
-                                    DrawRain, DrawThunder,      DrawSnow,
-                                    DrawFog,  DrawMoonlight,    DrawThermometer};
+constexpr Drawing weatherIcons[] = {DrawSun,  DrawPartlyCloudy, DrawFairCloud, DrawRain,       DrawThunder,
+                                    DrawSnow, DrawFog,          DrawMoonlight, DrawThermometer};
 
 // A round patch of land on a globe: its middle by latitude and longitude in degrees.
 struct Land {
@@ -102,10 +98,10 @@ struct Land {
 };
 
 // Two invented continents and a few islands.
-constexpr Land lands[] = {
-    {40, 0, 6, 4},   {25, 18, 5, 4},   {50, 25, 5, 3},   {5, 30, 4, 5},      {-15, 38, 2.5, 4},
-    {30, 150, 7, 4}, {45, 170, 5, 4},  {10, 165, 4, 4},  {-25, 200, 4, 4.5}, {-10, 185, 3.5, 4},
-    {-20, 95, 3, 2}, {30, 90, 2.5, 2}, {-35, 290, 5, 3}, {20, 280, 3, 2.5},  {55, 300, 4, 2.5}};
+constexpr Land lands[] = {{40, 0, 6, 4},      {25, 18, 5, 4},     {50, 25, 5, 3},   {5, 30, 4, 5},
+                          {-15, 38, 2.5, 4},  {30, 150, 7, 4},    {45, 170, 5, 4},  {10, 165, 4, 4},
+                          {-25, 200, 4, 4.5}, {-10, 185, 3.5, 4}, {-20, 95, 3, 2},  {30, 90, 2.5, 2},
+                          {-35, 290, 5, 3},   {20, 280, 3, 2.5},  {55, 300, 4, 2.5}};
 
 // The globe of radius 13 with the given longitude in the middle.
 void DrawGlobeAt(Canvas& c, int longitude) {

@@ -19,9 +19,7 @@ bool App::OnInit() {
   return true;
 }
 
-bool App::OnExceptionInMainLoop() try {
-  throw;
-} catch (const std::exception& fault) {
+bool App::OnExceptionInMainLoop() try { throw; } catch (const std::exception& fault) {
   wxMessageBox(wxString::FromUTF8(fault.what()), productName, wxOK | wxICON_ERROR);
   return true;
 }

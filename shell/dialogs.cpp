@@ -12,7 +12,8 @@ namespace {
 
 std::optional<std::filesystem::path> Ask(wxWindow* parent, const wxString& title, const wxString& filter,
                                          const std::filesystem::path& current, long style) {
-  wxFileDialog dialog(parent, title, WxPath(current.parent_path()), WxPath(current.filename()), filter, style);
+  wxFileDialog dialog(parent, title, WxPath(current.parent_path()), WxPath(current.filename()), filter,
+                      style);
   if (dialog.ShowModal() != wxID_OK) return {};
   return PathFrom(dialog.GetPath());
 }

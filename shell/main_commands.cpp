@@ -14,9 +14,9 @@ namespace tarvelo {
 
 void Main::AddCommands() {
   commands_ = {
-      {OpenFF, [this] { OpenFF_Click(); }},     {Save, [this] { Save_Click(); }},
-      {SaveAs, [this] { SaveAs_Click(); }},     {SaveText, [this] { SaveText_Click(); }},
-      {ExitM, [this] { ExitM_Click(); }},       {About, [this] { About_Click(); }},
+      {OpenFF, [this] { OpenFF_Click(); }}, {Save, [this] { Save_Click(); }},
+      {SaveAs, [this] { SaveAs_Click(); }}, {SaveText, [this] { SaveText_Click(); }},
+      {ExitM, [this] { ExitM_Click(); }},   {About, [this] { About_Click(); }},
   };
   for (int i = 0; i < static_cast<int>(RecentFiles::count); ++i)
     commands_[File1 + i] = [this, i] { OpenChosen(PathOf(recent_[static_cast<std::size_t>(i)])); };
@@ -70,9 +70,7 @@ void Main::Tell(int n, const std::filesystem::path& path) {
   dialogs_->Message(Msg(n) + "\n\n" + WxPath(path), Dialogs::Icon::Information);
 }
 
-wxString Main::DumpFilter() const {
-  return Msg(111) + " (*.bin,*.fls)|*.bin;*.fls|" + Msg(114) + "|*.*";
-}
+wxString Main::DumpFilter() const { return Msg(111) + " (*.bin,*.fls)|*.bin;*.fls|" + Msg(114) + "|*.*"; }
 
 bool Main::WasChanged() {
   if (status_->Panel(StatusBar::patchPanel).empty()) return false;

@@ -17,16 +17,11 @@ constexpr MenuEntry fullflash[] = {
 };
 
 constexpr MenuEntry panels[] = {
-    {Info, 121, "Ctrl+1", true, wxITEM_CHECK},
-    {Menu, 131, "Ctrl+2", true, wxITEM_CHECK},
-    {EEPROM, 201, "Ctrl+3", true, wxITEM_CHECK},
-    {Langpack, 125, "Ctrl+4", true, wxITEM_CHECK},
-    {Pictures, 136, "Ctrl+5", true, wxITEM_CHECK},
-    {Ringtones, 139, "Ctrl+6", true, wxITEM_CHECK},
-    {Files, 89, "Ctrl+7", true, wxITEM_CHECK},
-    {Dump, 86, "Ctrl+8", true, wxITEM_CHECK},
-    {AddrBook, 182, "Ctrl+9", false, wxITEM_CHECK},
-    {MenuNone},
+    {Info, 121, "Ctrl+1", true, wxITEM_CHECK},      {Menu, 131, "Ctrl+2", true, wxITEM_CHECK},
+    {EEPROM, 201, "Ctrl+3", true, wxITEM_CHECK},    {Langpack, 125, "Ctrl+4", true, wxITEM_CHECK},
+    {Pictures, 136, "Ctrl+5", true, wxITEM_CHECK},  {Ringtones, 139, "Ctrl+6", true, wxITEM_CHECK},
+    {Files, 89, "Ctrl+7", true, wxITEM_CHECK},      {Dump, 86, "Ctrl+8", true, wxITEM_CHECK},
+    {AddrBook, 182, "Ctrl+9", false, wxITEM_CHECK}, {MenuNone},
     {PatchMenu, 135, "Ctrl+0", true, wxITEM_CHECK},
 };
 

@@ -34,9 +34,9 @@ class Menus {
 
  private:
   wxMenuBar* bar_;
-  wxMenu* recentMenu_ = nullptr;     // where File1 .. File5 stand,
-  std::size_t recentPosition_ = 0;   // from this position on,
-  std::size_t recentShown_ = 0;      // and how many are shown
+  wxMenu* recentMenu_ = nullptr;    // where File1 .. File5 stand,
+  std::size_t recentPosition_ = 0;  // from this position on,
+  std::size_t recentShown_ = 0;     // and how many are shown
 };
 
 }  // namespace tarvelo

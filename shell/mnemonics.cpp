@@ -46,8 +46,7 @@ wxString WithMnemonic(const wxString& caption, Used& used) {
   }
   if (!HasLetters(caption) && !caption.empty())
     for (char letter = 'A'; letter <= 'Z'; ++letter)
-      if (used.insert(static_cast<char32_t>(letter)).second)
-        return doubled(caption) + "(&" + letter + ")";
+      if (used.insert(static_cast<char32_t>(letter)).second) return doubled(caption) + "(&" + letter + ")";
   return doubled(caption);
 }
 

@@ -27,13 +27,16 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  [[nodiscard]] std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
+  [[nodiscard]] std::filesystem::path operator/(const std::filesystem::path& name) const {
+    return path_ / name;
+  }
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
 
   template <typename Bytes>
   std::filesystem::path Write(const std::filesystem::path& name, const Bytes& bytes) const {
     std::ofstream(path_ / name, std::ios::binary)
-        .write(reinterpret_cast<const char*>(std::data(bytes)), static_cast<std::streamsize>(std::size(bytes)));
+        .write(reinterpret_cast<const char*>(std::data(bytes)),
+               static_cast<std::streamsize>(std::size(bytes)));
     return path_ / name;
   }
 

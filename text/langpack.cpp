@@ -46,7 +46,8 @@ std::vector<std::uint8_t> EncodeLangpack(std::u16string_view text) {
   };
   unsigned current = 0;
   for (const char16_t u : text) {
-    const auto index = static_cast<unsigned>(std::ranges::upper_bound(bases, unsigned{u}) - bases.begin()) - 1;
+    const auto index =
+        static_cast<unsigned>(std::ranges::upper_bound(bases, unsigned{u}) - bases.begin()) - 1;
     const unsigned value = u - bases[index];
     if (value > 0xFF) throw std::overflow_error("a character has no place in the language pack");
     if (firstPage + index != current) append(current = firstPage + index);

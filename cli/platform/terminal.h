@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-
 namespace tarvelo::cli {
 
 // The arguments behind the program's name, as UTF-8.

@@ -15,8 +15,8 @@ namespace tarvelo::cli {
 // argv has been through the system's code page; the wide command line has every character.
 std::vector<std::string> Arguments(int, char**) {
   int count = 0;
-  const std::unique_ptr<wchar_t*[], decltype(&LocalFree)> wide(
-      CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
+  const std::unique_ptr<wchar_t*[], decltype(&LocalFree)> wide(CommandLineToArgvW(GetCommandLineW(), &count),
+                                                               LocalFree);
   std::vector<std::string> arguments;
   for (int i = 1; i < count; ++i) arguments.push_back(PathText(std::filesystem::path(wide[i])));
   return arguments;

@@ -24,8 +24,8 @@ std::vector<std::uint8_t> SquareWave(int frequency, int milliseconds) {
   Append(wave, 36 + samples, 4);
   for (const char c : {'W', 'A', 'V', 'E', 'f', 'm', 't', ' '}) wave.push_back(static_cast<std::uint8_t>(c));
   Append(wave, 16, 4);
-  Append(wave, 1, 2);     // plain samples
-  Append(wave, 1, 2);     // mono
+  Append(wave, 1, 2);  // plain samples
+  Append(wave, 1, 2);  // mono
   Append(wave, rate, 4);
   Append(wave, rate, 4);  // bytes a second
   Append(wave, 1, 2);     // bytes a sample

@@ -35,24 +35,21 @@ std::string FromSystem(const std::string& text) {
 
 std::string ReadIni(const std::filesystem::path& file, const std::string& section, const std::string& key) {
   std::array<char, 256> buffer{};
-  const DWORD length =
-      GetPrivateProfileStringA(section.c_str(), key.c_str(), "", buffer.data(),
-                               static_cast<DWORD>(buffer.size()), FileName(file).c_str());
+  const DWORD length = GetPrivateProfileStringA(section.c_str(), key.c_str(), "", buffer.data(),
+                                                static_cast<DWORD>(buffer.size()), FileName(file).c_str());
   return FromSystem({buffer.data(), length});
 }
 
 void WriteIni(const std::filesystem::path& file, const std::string& section, const std::string& key,
               const std::string& value) {
-  WritePrivateProfileStringA(section.c_str(), key.c_str(), ToSystem(value).c_str(),
-                             FileName(file).c_str());
+  WritePrivateProfileStringA(section.c_str(), key.c_str(), ToSystem(value).c_str(), FileName(file).c_str());
 }
 
 std::vector<std::pair<std::string, std::string>> ReadIniSection(const std::filesystem::path& file,
                                                                 const std::string& section) {
   std::string buffer(32767, '\0');
   const DWORD length = GetPrivateProfileSectionA(section.c_str(), buffer.data(),
-                                                 static_cast<DWORD>(buffer.size()),
-                                                 FileName(file).c_str());
+                                                 static_cast<DWORD>(buffer.size()), FileName(file).c_str());
   // "key=value" after "key=value", each ended by a zero.
   std::vector<std::pair<std::string, std::string>> pairs;
   for (std::size_t at = 0; at < length;) {

@@ -38,7 +38,9 @@ class CommandLine : public testing::Test {
     dump = PathText(folder.Write("dump.bin", std::move(builder).Take()));
     missing = PathText(folder / "missing.bin");
     empty = PathText(folder.Write("empty.bin", std::string()));
-    book = PathText(folder.Write("book.adr", std::string("\x34\x12" "ABC\0DE", 8)));
+    book = PathText(folder.Write("book.adr", std::string("\x34\x12"
+                                                         "ABC\0DE",
+                                                         8)));
   }
 
   TemporaryFolder folder;
@@ -55,8 +57,9 @@ void ExpectDiagnosis(const Result& result, int status, const std::string& file) 
 TEST_F(CommandLine, InfoPrintsSummariesInOrder) {
   const Result one = Call({"info", dump});
   EXPECT_EQ(one.status, done);
-  EXPECT_EQ(one.out, "Fullflash: " + dump + "\nSize: 100000 = 1M = 1048576\nLoading base: F00000\n"
-                     "Mobile: C55\nFirmware24 FD-02\nEmpty blocks: , 08 - 0F\n");
+  EXPECT_EQ(one.out, "Fullflash: " + dump +
+                         "\nSize: 100000 = 1M = 1048576\nLoading base: F00000\n"
+                         "Mobile: C55\nFirmware24 FD-02\nEmpty blocks: , 08 - 0F\n");
   EXPECT_EQ(Call({"info", dump, dump}).out, one.out + "\n" + one.out);
   EXPECT_NE(Call({"--language", "RU", "info", dump}).out, one.out);
   EXPECT_EQ(Call({"info", dump, "--language", "ru"}).out, Call({"--language", "RU", "info", dump}).out);
@@ -65,14 +68,17 @@ TEST_F(CommandLine, InfoPrintsSummariesInOrder) {
 TEST_F(CommandLine, InfoGoesOnAfterAFileThatFails) {
   const Result result = Call({"info", missing, dump, "--json"});
   ExpectDiagnosis(result, fileTrouble, missing);
-  EXPECT_EQ(result.out,
-            "{\"path\":\"" + [&] {
-              std::string escaped;
-              for (const char c : dump) escaped += c == '\\' ? "\\\\" : std::string(1, c);
-              return escaped;
-            }() + "\",\"size\":1048576,\"load_base\":15728640,\"corr_base\":15728640,\"page_mode\":true,"
-            "\"model\":\"C55\",\"family\":7,\"sig_pos\":524032,\"version\":\"24\",\"header_text\":\"FD-02\","
-            "\"t9\":null,\"empty_blocks\":\", 08 - 0F\"}\n");
+  EXPECT_EQ(
+      result.out,
+      "{\"path\":\"" +
+          [&] {
+            std::string escaped;
+            for (const char c : dump) escaped += c == '\\' ? "\\\\" : std::string(1, c);
+            return escaped;
+          }() +
+          "\",\"size\":1048576,\"load_base\":15728640,\"corr_base\":15728640,\"page_mode\":true,"
+          "\"model\":\"C55\",\"family\":7,\"sig_pos\":524032,\"version\":\"24\",\"header_text\":\"FD-02\","
+          "\"t9\":null,\"empty_blocks\":\", 08 - 0F\"}\n");
 }
 
 TEST_F(CommandLine, FilesThatCannotBeReadEndWithThree) {
@@ -120,7 +126,8 @@ TEST(Encode, PrintsUpperCaseHexadecimal) {
 }
 
 TEST(Address, TakesOneOfThreeForms) {
-  const std::string expected = "{\"Page\":\"284\",\"Offs\":\"2345\",\"Addr\":\"A12345\",\"AdFF\":\"212345\"}\n";
+  const std::string expected =
+      "{\"Page\":\"284\",\"Offs\":\"2345\",\"Addr\":\"A12345\",\"AdFF\":\"212345\"}\n";
   EXPECT_EQ(Call({"address", "--base", "800000", "--page", "284", "--offs", "0x2345"}).out, expected);
   EXPECT_EQ(Call({"address", "--base", "0x800000", "--addr", "a12345"}).out, expected);
   EXPECT_EQ(Call({"address", "--adff", "212345", "--base", "800000"}).out, expected);
@@ -128,15 +135,36 @@ TEST(Address, TakesOneOfThreeForms) {
   EXPECT_EQ(Call({"address", "--offs", "10"}).out, low);
   EXPECT_EQ(Call({"address", "--adff", "10", "--base", "A0000000"}).out, low);
   EXPECT_EQ(Call({"address", "--adff", "10", "--base", "-60000000"}).out, low);
+  EXPECT_EQ(Call({"address", "--adff", "10", "--base", "-A000"}).status, done);
+  EXPECT_EQ(Call({"address", "--base", "", "--adff", "10"}).out, low);
 }
 
 TEST_F(CommandLine, WrongArgumentsEndWithTwoAndOneLine) {
-  const std::vector<std::string> calls[] = {
-      {}, {"nonsense"}, {"info"}, {"info", "-"}, {"info", "--frobnicate", dump}, {"info", dump, "--language", "XX"},
-      {"decode", "GetFoo", dump, "0"}, {"decode", "GetStr", dump}, {"decode", "GetStr", dump, "xyz"},
-      {"decode", "GetStrA", book, "0", "--width", "-1"}, {"encode"}, {"encode", "a", "b"}, {"address"},
-      {"address", "--base", "10"}, {"address", "--addr", "1", "--adff", "1"}, {"address", "--page", "G"},
-      {"address", "--addr"}, {"address", "--base", "-80000001", "--addr", "1"}, {"demo"}, {"demo", "-"}};
+  const std::vector<std::string> calls[] = {{},
+                                            {"nonsense"},
+                                            {"info"},
+                                            {"info", "-"},
+                                            {"info", "--frobnicate", dump},
+                                            {"info", dump, "--language", "XX"},
+                                            {"decode", "GetFoo", dump, "0"},
+                                            {"decode", "GetStr", dump},
+                                            {"decode", "GetStr", dump, "xyz"},
+                                            {"decode", "GetStrA", book, "0", "--width", "-1"},
+                                            {"encode"},
+                                            {"encode", "a", "b"},
+                                            {"address"},
+                                            {"address", "--base", "10"},
+                                            {"address", "--addr", "1", "--adff", "1"},
+                                            {"address", "--page", "G"},
+                                            {"address", "--addr"},
+                                            {"address", "--base", "-80000001", "--addr", "1"},
+                                            {"address", "--base", "--addr", "1"},
+                                            {"demo"},
+                                            {"demo", "-"},
+                                            {"info", dump, "-"},
+                                            {"no\nsense"},
+                                            {"decode", "GetStrA", book, "0", "--width", "0x10"},
+                                            {"decode", "GetStrA", book, "0", "--width", "+5"}};
   for (const auto& call : calls) {
     const Result result = Call(call);
     std::string line;

@@ -82,19 +82,27 @@ TEST(Identify, CorrectsTheBaseOfSomeModels) {
     std::size_t size;
     std::int32_t base;
   } const cases[] = {
-      {"S45", 6 * mebi, 0x800000},   {"ME45", 6 * mebi, 0x800000},
-      {"S45i", 8 * mebi, 0x800000},  {"S45", 4 * mebi, 0xC00000},
-      {"C45", 6 * mebi, 0xA00000},   {"A52", 4 * mebi, 0x800000},
-      {"A52", 32 * mebi, 0x800000},  {"s45", 6 * mebi, 0xA00000},
+      {"S45", 6 * mebi, 0x800000},  {"ME45", 6 * mebi, 0x800000}, {"S45i", 8 * mebi, 0x800000},
+      {"S45", 4 * mebi, 0xC00000},  {"C45", 6 * mebi, 0xA00000},  {"A52", 4 * mebi, 0x800000},
+      {"A52", 32 * mebi, 0x800000}, {"s45", 6 * mebi, 0xA00000},
   };
   for (const auto& [model, size, base] : cases)
     EXPECT_EQ(Identified(WithHeader(size, model)).image.CorrBase(), base) << model << ' ' << size;
 }
 
 TEST(Identify, KnowsTheFamilies) {
-  for (const auto& [model, family] : std::initializer_list<std::pair<const char*, int>>{
-           {"C35", 0}, {"A40", 1}, {"C45", 2}, {"2118", 2}, {"S45i", 3}, {"6688", 4},
-           {"C30", 5}, {"S40", 6}, {"C55", 7}, {"c35", 7}, {"C35 ", 7}, {"", 7}})
+  for (const auto& [model, family] : std::initializer_list<std::pair<const char*, int>>{{"C35", 0},
+                                                                                        {"A40", 1},
+                                                                                        {"C45", 2},
+                                                                                        {"2118", 2},
+                                                                                        {"S45i", 3},
+                                                                                        {"6688", 4},
+                                                                                        {"C30", 5},
+                                                                                        {"S40", 6},
+                                                                                        {"C55", 7},
+                                                                                        {"c35", 7},
+                                                                                        {"C35 ", 7},
+                                                                                        {"", 7}})
     EXPECT_EQ(FamilyOf(model), family) << model;
 }
 
@@ -108,7 +116,7 @@ TEST(EmptyBlocks, AreListedAsRuns) {
   // one byte at either edge of a block is enough
   EXPECT_EQ(list(0x50000, {0x0FFFF, 0x20000, 0x4FFFF}), ", 01, 03");
   EXPECT_EQ(list(0x10000, {}), ", 00");
-  EXPECT_EQ(list(0x1FFFF, {0}), "");         // a block that is cut off is never empty
+  EXPECT_EQ(list(0x1FFFF, {0}), "");  // a block that is cut off is never empty
   EXPECT_EQ(list(0x1FFFF, {}), ", 00");
   EXPECT_EQ(list(0x1010000, {0}), ", 001 - 100");  // three digits in a large image
 }
@@ -136,7 +144,7 @@ TEST(T9, IsMeasuredToItsLastUsedByte) {
 }
 
 TEST(T9, FreeAreaEndsAtUsedBytesAndAtTheExactSize) {
-  EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x20000)).info.t9->Empty(), 0);     // used to the end
+  EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x20000)).info.t9->Empty(), 0);  // used to the end
   EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x1FFFF)).info.t9->Empty(), 1);
   EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x100)).info.t9->T9Free, 0x22345);  // not below the size
   // A size beyond the full size: 0x212345 AND 0x1F0000 is 0x10000.
@@ -144,10 +152,10 @@ TEST(T9, FreeAreaEndsAtUsedBytesAndAtTheExactSize) {
 }
 
 TEST(T9, IsAbsentWhereItCannotBeRead) {
-  EXPECT_FALSE(Identified(WithT9(0x2FFFF, 0x12345, 0x100)).info.t9);       // full size is cut off
+  EXPECT_FALSE(Identified(WithT9(0x2FFFF, 0x12345, 0x100)).info.t9);  // full size is cut off
   EXPECT_TRUE(Identified(WithT9(0x30000, 0x12345, 0x100)).info.t9);
-  EXPECT_FALSE(Identified(WithT9(mebi, 0x80000000, 0x100)).info.t9);       // no signed double word
-  EXPECT_FALSE(Identified(WithT9(17 * mebi, 0x12345, 0x100)).info.t9);     // a large image
+  EXPECT_FALSE(Identified(WithT9(mebi, 0x80000000, 0x100)).info.t9);    // no signed double word
+  EXPECT_FALSE(Identified(WithT9(17 * mebi, 0x12345, 0x100)).info.t9);  // a large image
   ImageBuilder last(0x10001);
   last.Byte(0x10000, 'T');
   EXPECT_FALSE(Identified(last).info.t9);
@@ -167,8 +175,9 @@ TEST(BuildDate, IsFoundNextToTheSignature) {
   EXPECT_EQ(date({{0xA0, "Nov 14 2002"}}), "Nov 14 2002");
   EXPECT_EQ(date({{0xA0, "14-Nov-02"}}), "14-Nov-02");
   EXPECT_EQ(date({{0x10, "2002-11-14"}}), "2002-11-14");
-  EXPECT_EQ(date({{0xA0, "10:22"}}), "");                  // a time alone says nothing
-  EXPECT_EQ(date({{0x60, "01.02.2003"}}), "");             // the second header string is no date
+  EXPECT_EQ(date({{0xF8, "14.11.2002"}}), "");  // would be cut to 14.11.20
+  EXPECT_EQ(date({{0xA0, "10:22"}}), "");       // a time alone says nothing
+  EXPECT_EQ(date({{0x60, "01.02.2003"}}), "");  // the second header string is no date
   for (const char* text : {"32.01.2002", "14.13.2002", "14.11.1066", "14.11", "1.2.3", "14.11.2002x"})
     EXPECT_EQ(date({{0x90, text}}), "") << text;
 }

@@ -37,9 +37,7 @@ TEST(DemoImage, IsIdentifiedInLargeModeToo) {
   EXPECT_EQ(info.Family, 7);
 }
 
-TEST(DemoImage, IsTheSameEverywhere) {
-  EXPECT_EQ(Hash(DemoImage()), Hash(DemoImage()));
-}
+TEST(DemoImage, IsTheSameEverywhere) { EXPECT_EQ(Hash(DemoImage()), Hash(DemoImage())); }
 
 }  // namespace
 }  // namespace tarvelo

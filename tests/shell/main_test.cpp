@@ -184,9 +184,8 @@ TEST_F(Desk, AsksOnceAboutUnsavedData) {
   const auto dump = WriteDump("dump.bin");
   main->OpenF(dump);
   main->Status().SetPanel(StatusBar::patchPanel, "P");
-  const std::function<void()> ways[] = {
-      [&] { Choose(OpenFF); }, [&] { Choose(File1); }, [&] { main->Close(); }, [&] { Choose(ExitM); },
-      [&] { Drop(dump); }};
+  const std::function<void()> ways[] = {[&] { Choose(OpenFF); }, [&] { Choose(File1); },
+                                        [&] { main->Close(); }, [&] { Choose(ExitM); }, [&] { Drop(dump); }};
   for (const auto& way : ways) {
     way();
     EXPECT_EQ(script.TakeSaid(), question);
@@ -213,11 +212,13 @@ TEST_F(Desk, OpensWhatTheCommandLineNames) {
 }
 
 TEST_F(Desk, RemembersFiveFilesOverARestart) {
-  for (const char* name : {"1.bin", "2.bin", "3.bin", "4.bin", "5.bin", "6.bin"}) main->OpenF(WriteDump(name));
+  for (const char* name : {"1.bin", "2.bin", "3.bin", "4.bin", "5.bin", "6.bin"})
+    main->OpenF(WriteDump(name));
   main->OpenF(folder / "4.bin");  // is in the list: stays where it is
   const auto expect = [&] {
     for (int i = 0; i < 5; ++i)
-      EXPECT_EQ(Caption(File1 + i), std::to_string(i + 1) + " " + PathText(folder / (std::to_string(6 - i) + ".bin")));
+      EXPECT_EQ(Caption(File1 + i),
+                std::to_string(i + 1) + " " + PathText(folder / (std::to_string(6 - i) + ".bin")));
   };
   expect();
   Choose(ExitM);

@@ -72,9 +72,10 @@ TEST_F(Desk, GivesFontsTheLanguagesCharacterSet) {
 }
 
 TEST(Mnemonics, TakeTheFirstFreeLetter) {
-  const auto marked = WithMnemonics({"Open", "Save", "Save as", "Save list as text", "Ass", "", Wx("打开"), "A & B"});
-  const std::vector<wxString> expected{"&Open", "&Save", "Save &as", "Save &list as text", "Ass", "",
-                                       Wx("打开(&B)"), "A && B"};
+  const auto marked =
+      WithMnemonics({"Open", "Save", "Save as", "Save list as text", "Ass", "", Wx("打开"), "A & B"});
+  const std::vector<wxString> expected{"&Open", "&Save", "Save &as",     "Save &list as text",
+                                       "Ass",   "",      Wx("打开(&B)"), "A && B"};
   EXPECT_EQ(marked, expected);
 }
 

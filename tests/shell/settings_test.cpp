@@ -25,7 +25,8 @@ TEST(Settings, ReadsInUpperCase) {
 
 TEST(Settings, KeepsWhatOthersWrote) {
   const TemporaryFolder folder;
-  const auto file = folder.Write("Tarvelo.ini", std::string("; by hand\n[Mine]\nkey=some value\n\n[General]\nother=1\n"));
+  const auto file =
+      folder.Write("Tarvelo.ini", std::string("; by hand\n[Mine]\nkey=some value\n\n[General]\nother=1\n"));
   Settings(file).SetIni("General", "Language", "DE");
   const std::string text = ReadAll(file);
   for (const char* part : {"; by hand", "[Mine]", "key=some value", "other=1", "Language=DE"})
@@ -34,7 +35,8 @@ TEST(Settings, KeepsWhatOthersWrote) {
 
 TEST(Settings, SurvivesWhatIsNoSettingsFile) {
   const TemporaryFolder folder;
-  for (const auto& bytes : {std::string("\0\xFF\xFE[[[\n=\n===\n]", 14), std::string(5000, '['), std::string("no section")}) {
+  for (const auto& bytes :
+       {std::string("\0\xFF\xFE[[[\n=\n===\n]", 14), std::string(5000, '['), std::string("no section")}) {
     Settings settings(folder.Write("Tarvelo.ini", bytes));
     EXPECT_EQ(settings.GetIni("General", "Language"), "");
     EXPECT_TRUE(settings.GetSec("History").empty());

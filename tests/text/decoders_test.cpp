@@ -56,9 +56,9 @@ TEST(GetStrN, TakesItsLengthInBytesAsTheyAre) {
 TEST(GetSiem, ShiftsTheByteBehindAPrefix) {
   EXPECT_EQ(Decode(GetSiem, {0xD0, 0x90, 0xD0, 0xBF, 0x41, 0x00}), (Outcome{u"\u0410\u043FA", 5}));
   EXPECT_EQ(Decode(GetSiem, {0xD1, 0x80, 0xFF}), (Outcome{u"\u0421\u0402", 2}));
-  EXPECT_EQ(Decode(GetSiem, {0xD0, 0x00}), (Outcome{u"", 1}));                 // prefix before the stop
+  EXPECT_EQ(Decode(GetSiem, {0xD0, 0x00}), (Outcome{u"", 1}));                    // prefix before the stop
   EXPECT_EQ(Decode(GetSiem, {0xD0, 0xD0, 0x90, 0x00}), (Outcome{u"\u0410", 3}));  // counts as one
-  EXPECT_EQ(Decode(GetSiem, {0xD0, 0xCF, 0x00}), (Outcome{u"\u044F", 2}));     // FF as a character
+  EXPECT_EQ(Decode(GetSiem, {0xD0, 0xCF, 0x00}), (Outcome{u"\u044F", 2}));        // FF as a character
 }
 
 TEST(GetSiem, IsEmptyOnAFaultButKeepsTheOffset) {

@@ -33,7 +33,9 @@ TEST(Utf16, ReplacesWhatIsNotWellFormed) {
   EXPECT_EQ(ToUtf16("\xC1\x81"), u"\uFFFD\uFFFD");            // too long for its character
   EXPECT_EQ(ToUtf16("\xE2\x82"), u"\uFFFD\uFFFD");            // cut off
   EXPECT_EQ(ToUtf16("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");  // a surrogate
-  EXPECT_EQ(ToUtf16("\xF5\x80\x80\x80" "A"), u"\uFFFD\uFFFD\uFFFD\uFFFDA");
+  EXPECT_EQ(ToUtf16("\xF5\x80\x80\x80"
+                    "A"),
+            u"\uFFFD\uFFFD\uFFFD\uFFFDA");
 }
 
 }  // namespace
