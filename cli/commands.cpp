@@ -55,6 +55,8 @@ void Parse(std::vector<std::string> arguments, Context& context) {
          "RU EN PL CH HR ES IT FR DE PT GR CZ")
       ->trigger_on_parse();
   AddInfo(app, context);
+  AddList(app, context);
+  AddExport(app, context);
   AddDecode(app, context);
   AddEncode(app, context);
   AddAddress(app, context);

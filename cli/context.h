@@ -56,5 +56,7 @@ void AddDecode(CLI::App& app, Context& context);
 void AddEncode(CLI::App& app, Context& context);
 void AddAddress(CLI::App& app, Context& context);
 void AddDemo(CLI::App& app, Context& context);
+void AddList(CLI::App& app, Context& context);
+void AddExport(CLI::App& app, Context& context);
 
 }  // namespace tarvelo::cli

@@ -17,6 +17,7 @@ endfunction()
 
 tarvelo_header_library(cli11 CLI/CLI.hpp)
 tarvelo_header_library(json nlohmann/json.hpp)
+tarvelo_header_library(stb stb/stb_image_write.h)
 if(NOT WIN32 AND TARVELO_DESKTOP)
   # On Windows the settings go through the private-profile functions instead.
   tarvelo_header_library(simpleini SimpleIni.h)

@@ -78,6 +78,12 @@ void WriteFile(const fs::path& path, std::string_view text) {
   WriteFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, progress);
 }
 
+void MakeFolder(const fs::path& path) {
+  std::error_code error;
+  fs::create_directories(path, error);
+  if (!DirExist(path)) throw FileError(FileError::Kind::CantWrite, path, error ? error.message() : "it is no folder");
+}
+
 void RemoveFile(const fs::path& path) {
   std::error_code error;
   fs::remove(path, error);

@@ -47,6 +47,9 @@ struct FileBytes {
 void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data, Progress& progress);
 void WriteFile(const std::filesystem::path& path, std::string_view text);
 
+// Makes a folder; one that is there already will do. Throws FileError.
+void MakeFolder(const std::filesystem::path& path);
+
 // Removes a file. Throws FileError where it stays.
 void RemoveFile(const std::filesystem::path& path);
 

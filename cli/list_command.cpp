@@ -1,0 +1,65 @@
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "cli/commands.h"
+#include "cli/context.h"
+#include "core/identification.h"
+#include "core/table.h"
+#include "media/picture_search.h"
+#include "media/picture_table.h"
+
+namespace tarvelo::cli {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct ListArguments {
+  std::string file;
+  bool json = false;
+};
+
+// Builds the list of one kind of thing.
+using Lister = Table (*)(const Fullflash& image, Context& context);
+
+Table ListPictures(const Fullflash& image, Context& context) {
+  return PictureTable(GetP(image, context.progress));
+}
+
+void PrintJson(const Table& table, std::ostream& out) {
+  for (const Table::Row& row : table.rows) {
+    Json object;
+    for (std::size_t i = 0; i < row.cells.size(); ++i) object[table.captions[i]] = row.cells[i];
+    out << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+  }
+}
+
+void PrintList(const ListArguments& arguments, Lister lister, Context& context) {
+  Fullflash image = OpenDump(arguments.file, context);
+  (void)Identify(image);  // fixes the base of all addresses
+  const Table table = lister(image, context);
+  if (arguments.json)
+    PrintJson(table, context.out);
+  else
+    context.out << TabSeparated(table, "\n");
+  if (table.rows.empty()) context.status = nothingFound;
+}
+
+void AddKind(CLI::App& list, Context& context, const char* kind, const char* description, Lister lister) {
+  auto arguments = std::make_shared<ListArguments>();
+  CLI::App* command = list.add_subcommand(kind, description);
+  command->add_option("FILE", arguments->file, "Dump")->required();
+  command->add_flag("--json", arguments->json, "One JSON object a row and line");
+  command->callback([arguments, lister, &context] { PrintList(*arguments, lister, context); });
+}
+
+}  // namespace
+
+void AddList(CLI::App& app, Context& context) {
+  CLI::App* list = app.add_subcommand("list", "Print a list of what a dump holds");
+  list->require_subcommand(1);
+  list->fallthrough();
+  AddKind(*list, context, "pictures", "The pictures", ListPictures);
+}
+
+}  // namespace tarvelo::cli

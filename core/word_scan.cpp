@@ -1,0 +1,36 @@
+#include "core/word_scan.h"
+
+#include <array>
+#include <bit>
+#include <cstring>
+
+namespace tarvelo {
+namespace {
+
+constexpr Offset wordsAtOnce = 128;
+
+// Whether any of 128 words is the value: no early way out, so that the compiler can use vectors.
+bool AnyEquals(const std::uint8_t* bytes, std::uint16_t value) {
+  std::array<std::uint16_t, wordsAtOnce> words;
+  std::memcpy(words.data(), bytes, sizeof words);
+  std::uint16_t found = 0;
+  for (const std::uint16_t word : words) found = static_cast<std::uint16_t>(found | (word == value ? 1 : 0));
+  return found != 0;
+}
+
+}  // namespace
+
+Offset FindWord(Bytes bytes, Offset from, Offset last, std::uint16_t value) {
+  static_assert(std::endian::native == std::endian::little);
+  Offset p = from;
+  for (; p + 2 * wordsAtOnce - 2 <= last; p += 2 * wordsAtOnce) {
+    if (!AnyEquals(bytes.data() + p, value)) continue;
+    while (WordAt(bytes, p) != value) p += 2;
+    return p;
+  }
+  for (; p <= last; p += 2)
+    if (WordAt(bytes, p) == value) return p;
+  return -1;
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,56 @@
+// The pictures of a firmware: what a table entry says of one.
+//
+// A picture index table (PIT) is an array of 8-byte entries:
+//   0  width in pixels; 255 ends the table
+//   1  height in rows; 0 ends the table
+//   2  type: bit 7 compressed, bits 0..6 the colour type code
+//   3  reserved, 0; anything else ends the table
+//   4  pointer to the data (Fullflash::GetAdr)
+// Stand-alone headers that no table holds have the same form.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "text/bytes.h"
+
+namespace tarvelo {
+
+struct Picture {
+  int table = 0;   // 1 .. 99; 9 for one outside the tables, as the list shows it
+  int index = 0;   // within the table, or among those outside
+  int number = 0;  // over all, from 0
+  bool outside = false;
+  int width = 0;
+  int height = 0;
+  std::uint8_t type = 0;
+  Offset data = 0;   // offset of the data; may lie outside the image
+  Offset entry = 0;  // offset of the table entry or header
+  int size = 0;      // bytes of data, SizeP
+
+  [[nodiscard]] bool IsCompressed() const { return type >= 0x80; }
+  // 1, 2, 8, 12 or 16; 0 for a type that cannot be drawn.
+  [[nodiscard]] int BitsPerPixel() const;
+  // Bytes that the pixels take without compression.
+  [[nodiscard]] int PlainSize() const;
+  // " 7.  101 * 80 * 16 (comp) ": the caption of the frame around the picture.
+  [[nodiscard]] std::string Caption() const;
+};
+
+// All pictures of an image, in the order in which they were found.
+struct PictureList {
+  std::vector<Picture> pictures;
+  std::vector<Offset> tables;  // offset of each table found
+  int outsideCount = 0;
+  // Whether any picture has more than one bit a pixel: it changes how plain monochrome is drawn.
+  bool colourSeen = false;
+};
+
+// Bits a pixel of a type byte's colour type code (1, 3, 5, 7, 8), 0 for every other.
+[[nodiscard]] int BitsOfType(std::uint8_t type);
+
+// Bytes of a plain row; 12 bits are stored as 16.
+[[nodiscard]] int Stride(int width, int bitsPerPixel);
+
+}  // namespace tarvelo

@@ -1,0 +1,144 @@
+#include "media/picture_search.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/word_scan.h"
+#include "media/colours.h"
+#include "media/picture_data.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int mostTables = 99;
+constexpr Offset entrySize = 8;
+constexpr Offset nextTableWithin = 0x50000;
+constexpr Offset progressStep = 0x8000;
+
+// What the first entry of a table begins with: width and height, then the type with or without bit 7.
+struct Signature {
+  std::uint16_t size;
+  std::uint8_t type;
+  bool compressedOrNot;
+};
+
+constexpr Signature pageModeSignature{0x0404, 0x01, true};
+constexpr Signature largeSignature{0x3434, 0x88, false};
+
+class Search {
+ public:
+  Search(const Fullflash& image, Progress& progress)
+      : image_(image),
+        end_(static_cast<Offset>(image.ff().size())),
+        sizes_(image.ff()),
+        progress_(progress, 0, end_) {}
+
+  PictureList Run() {
+    Offset position = 0;
+    Offset lastTable = end_;
+    for (int table = 1; table <= mostTables; ++table) {
+      const auto start = FindTable(position, std::min(lastTable + nextTableWithin, end_ - 20));
+      if (!start) break;
+      lastTable = *start;
+      list_.tables.push_back(*start);
+      position = ReadTable(*start, table);
+      if (!list_.colourSeen) {
+        ListOutside(position);
+        break;
+      }
+    }
+    return std::move(list_);
+  }
+
+ private:
+  // Each position from .. last, step 2, where the word is `value`, given to `take` until that says
+  // so; in pieces between which progress is shown.
+  template <typename Take>
+  void EachWord(Offset from, Offset last, Offset wordAt, std::uint16_t value, Take take) {
+    for (Offset p = from; p <= last;) {
+      progress_.At(p);
+      const Offset pieceEnd = std::min(last, (p / progressStep + 1) * progressStep - 2);
+      for (Offset at; (at = FindWord(image_.ff(), p + wordAt, pieceEnd + wordAt, value)) >= 0;) {
+        if (take(at - wordAt)) return;
+        p = at - wordAt + 2;
+        if (p > pieceEnd) break;
+      }
+      p = pieceEnd + 2;
+    }
+  }
+
+  std::optional<Offset> FindTable(Offset from, Offset last) {
+    const Signature& signature = image_.PageMode() ? pageModeSignature : largeSignature;
+    std::optional<Offset> found;
+    EachWord(from, last, 0, signature.size, [&](Offset p) {
+      const auto byte = [&](Offset at) { return image_.Byte(p + at); };
+      const int type = signature.compressedOrNot ? byte(2) & 0x7F : byte(2);
+      const bool isStart =
+          type == signature.type && byte(3) == 0 && byte(8) != 0 && byte(9) != 0 && byte(11) == 0;
+      if (isStart) found = p;
+      return isStart;
+    });
+    return found;
+  }
+
+  // Lists the entries of a table. Returns where the table ends.
+  Offset ReadTable(Offset start, int table) {
+    Offset p = start;
+    for (int index = 0; p <= end_ - entrySize; p += entrySize, ++index) {
+      Picture picture = ReadHeader(p);
+      const bool isNextTable = p != start && picture.width == 4 && picture.height == 4 && picture.type == 1;
+      if (picture.height == 0 || picture.width == 255 || image_.Byte(p + 3) != 0 || isNextTable) break;
+      picture.table = table;
+      picture.index = index;
+      if (picture.data < 0) picture.data += 0x200000;  // an address below the base is meant to wrap
+      Add(picture);
+    }
+    return p;
+  }
+
+  void ListOutside(Offset from) {
+    constexpr std::uint16_t compressedMonochrome = 0x0081;  // type 0x81, reserved 0
+    EachWord(from, end_ - entrySize, 2, compressedMonochrome, [&](Offset p) {
+      Picture picture = ReadHeader(p);
+      const bool isHeader = picture.width >= 1 && picture.width <= 101 && picture.height >= 1 &&
+                            picture.height <= 80 && picture.data >= 1 && picture.data < end_;
+      if (isHeader) {
+        picture.outside = true;
+        picture.table = 9;
+        picture.index = list_.outsideCount++;
+        Add(picture);
+      }
+      return false;
+    });
+  }
+
+  [[nodiscard]] Picture ReadHeader(Offset p) const {
+    Picture picture;
+    picture.width = image_.Byte(p);
+    picture.height = image_.Byte(p + 1);
+    picture.type = image_.Byte(p + 2);
+    picture.entry = p;
+    picture.data = Offset{image_.GetAdr(p + 4)} - image_.LoadBase();
+    return picture;
+  }
+
+  void Add(Picture picture) {
+    const int bits = picture.BitsPerPixel();
+    picture.number = static_cast<int>(list_.pictures.size());
+    picture.size = sizes_.SizeP(picture.width, picture.height, bits, picture.data, picture.type);
+    if (bits > 1) list_.colourSeen = true;
+    list_.pictures.push_back(picture);
+  }
+
+  const Fullflash& image_;
+  const Offset end_;
+  PictureDecoder sizes_;
+  ProgressRun progress_;
+  PictureList list_;
+};
+
+}  // namespace
+
+PictureList GetP(const Fullflash& image, Progress& progress) { return Search(image, progress).Run(); }
+
+}  // namespace tarvelo

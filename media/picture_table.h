@@ -1,0 +1,20 @@
+// The list of pictures as people see it.
+#pragma once
+
+#include <string>
+
+#include "core/table.h"
+#include "media/picture.h"
+#include "resources/messages.h"
+
+namespace tarvelo {
+
+// The ten columns P, N/P, N, X, Y, B, Offset, Size, Uncomp, PIT; a row a picture, in their order.
+// Numbers keep the rightmost digits that their column holds.
+[[nodiscard]] Table PictureTable(const PictureList& list);
+
+// The lines that the search adds to the information text: where the tables lie, how many pictures
+// there are. Each is ended by a line feed.
+[[nodiscard]] std::string PictureInformation(const PictureList& list, const Messages& messages);
+
+}  // namespace tarvelo
