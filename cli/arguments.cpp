@@ -24,9 +24,13 @@ void RefuseStandardInput(const std::string& file) {
 Fullflash OpenDump(const std::string& file, Context& context) {
   RefuseStandardInput(file);
   const std::filesystem::path path = PathOf(file);
-  Fullflash image = Fullflash::Load(path, context.progress);
-  if (!image.IsOpen()) throw FileError(FileError::Kind::CantRead, path, "the file is empty");
-  return image;
+  try {
+    Fullflash image = Fullflash::Load(path, context.progress);
+    if (image.IsOpen()) return image;
+  } catch (const std::bad_alloc&) {
+    throw FileError(FileError::Kind::CantRead, path, "there is not enough memory");
+  }
+  throw FileError(FileError::Kind::CantRead, path, "the file is empty");
 }
 
 std::uint32_t ParseHex(const std::string& option, std::string text) {

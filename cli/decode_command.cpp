@@ -82,6 +82,7 @@ FileBytes ReadAddressBook(const std::string& file, Context& context) {
 }
 
 void PrintDecoded(const DecodeArguments& arguments, Context& context) {
+  if (arguments.offset.empty()) throw WrongArguments("OFFSET: a number is needed");
   const Offset offset = ParseHex("OFFSET", arguments.offset);
   Result result;
   if (arguments.codec == "WordA" || arguments.codec == "GetStrA") {

@@ -40,7 +40,7 @@ FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress
   if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
   if (size > limit) throw FileError(FileError::Kind::TooLarge, path, "it is larger than 2 GiB");
 
-  FileBytes bytes{std::make_unique_for_overwrite<std::uint8_t[]>(size), size};
+  FileBytes bytes(size);
   ProgressRun run(progress, 0, static_cast<std::int64_t>(size));
   for (std::size_t done = 0; done < size;) {
     const std::size_t part = std::min(blockSize, bytes.size - done);
@@ -54,6 +54,10 @@ FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress
 }
 
 void WriteFile(const fs::path& path, std::span<const std::uint8_t> data, Progress& progress) {
+  std::error_code status;
+  const fs::file_type type = fs::status(path, status).type();
+  if (type != fs::file_type::regular && type != fs::file_type::not_found)
+    throw FileError(FileError::Kind::CantOpen, path, "it is not a file");
   errno = 0;
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   if (!file) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
@@ -81,7 +85,8 @@ void WriteFile(const fs::path& path, std::string_view text) {
 void MakeFolder(const fs::path& path) {
   std::error_code error;
   fs::create_directories(path, error);
-  if (!DirExist(path)) throw FileError(FileError::Kind::CantWrite, path, error ? error.message() : "it is no folder");
+  if (!DirExist(path))
+    throw FileError(FileError::Kind::CantWrite, path, error ? error.message() : "it is no folder");
 }
 
 void RemoveFile(const fs::path& path) {
@@ -92,8 +97,7 @@ void RemoveFile(const fs::path& path) {
 
 bool FileExist(const fs::path& path) {
   std::error_code error;
-  const fs::file_status status = fs::status(path, error);
-  return fs::exists(status) && !fs::is_directory(status);
+  return fs::is_regular_file(path, error);
 }
 
 bool DirExist(const fs::path& path) {

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/progress.h"
 
@@ -33,8 +34,18 @@ class FileError : public std::runtime_error {
   std::filesystem::path path_;
 };
 
-// The bytes of a whole file.
+// The bytes of a whole file. Empty after it was moved from.
 struct FileBytes {
+  FileBytes() = default;
+  explicit FileBytes(std::size_t count)
+      : data(std::make_unique_for_overwrite<std::uint8_t[]>(count)), size(count) {}
+  FileBytes(FileBytes&& other) noexcept : data(std::move(other.data)), size(std::exchange(other.size, 0)) {}
+  FileBytes& operator=(FileBytes&& other) noexcept {
+    data = std::move(other.data);
+    size = std::exchange(other.size, 0);
+    return *this;
+  }
+
   std::unique_ptr<std::uint8_t[]> data;
   std::size_t size = 0;
 };

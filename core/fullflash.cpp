@@ -10,7 +10,7 @@ namespace {
 constexpr auto largeBase = static_cast<std::int32_t>(0xA0000000);
 
 FileBytes Copy(Bytes bytes) {
-  FileBytes copy{std::make_unique_for_overwrite<std::uint8_t[]>(bytes.size()), bytes.size()};
+  FileBytes copy(bytes.size());
   std::ranges::copy(bytes, copy.data.get());
   return copy;
 }

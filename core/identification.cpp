@@ -79,14 +79,20 @@ std::string ListEmptyBlocks(const Fullflash& image) {
   return list;
 }
 
+// A string of the header, looked for in the 64 KiB from an offset on. Firmware strings are short; an
+// image without stop bytes must not make texts of many megabytes.
+std::u16string HeaderString(const Fullflash& image, Offset offset) {
+  constexpr std::size_t longest = 0x10000;
+  const Bytes rest = image.ff().subspan(static_cast<std::size_t>(offset));
+  return GetStr(rest.first(std::min(longest, rest.size())), 0);
+}
+
 std::optional<std::int32_t> FindSignature(const Fullflash& image) {
   constexpr Offset step = 0x200000;
   for (Offset p = image.PageMode() ? 0x7FF80 : 0x8FC80; p <= image.ffEnd(); p += step)
-    if (GetStr(image.ff(), p) == u"SIEMENS") return static_cast<std::int32_t>(p & 0xFFFF00);
+    if (HeaderString(image, p) == u"SIEMENS") return static_cast<std::int32_t>(p & 0xFFFF00);
   return {};
 }
-
-std::string HeaderString(const Fullflash& image, Offset offset) { return ToUtf8(GetStr(image.ff(), offset)); }
 
 std::int32_t CorrectedBase(const Fullflash& image, const Identification& info) {
   const bool shifted = (info.Family == 3 && image.LoadBase() == 0xA00000) || info.Model == "A52";
@@ -123,9 +129,9 @@ Identification Identify(Fullflash& image) {
   info.SigPos = FindSignature(image);
   if (info.SigPos) {
     const Offset header = *info.SigPos;
-    info.Model = HeaderString(image, header + 0x70);
+    info.Model = ToUtf8(HeaderString(image, header + 0x70));
     info.version = image.ByteHex(header + 0x50);
-    info.headerText = HeaderString(image, header + 0x60);
+    info.headerText = ToUtf8(HeaderString(image, header + 0x60));
     info.buildDate = HeaderDate(image.ff(), header);
   }
   info.Family = FamilyOf(info.Model);

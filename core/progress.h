@@ -15,6 +15,8 @@ class Progress {
   virtual void At(std::int64_t position) = 0;
   // The run is over, done or given up.
   virtual void Finish() = 0;
+  // Whether the user wants the run to end early. Commands that can be stopped ask after At.
+  [[nodiscard]] virtual bool StopAsked() { return false; }
 };
 
 // For callers whom nobody watches.
@@ -36,6 +38,7 @@ class ProgressRun {
   ProgressRun& operator=(const ProgressRun&) = delete;
 
   void At(std::int64_t position) { progress_.At(position); }
+  [[nodiscard]] bool StopAsked() { return progress_.StopAsked(); }
 
  private:
   Progress& progress_;

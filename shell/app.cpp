@@ -3,8 +3,8 @@
 #include <wx/msgdlg.h>
 
 #include "shell/main.h"
+#include "shell/platform/arguments.h"
 #include "shell/product.h"
-#include "shell/strings.h"
 
 namespace tarvelo {
 
@@ -15,7 +15,8 @@ bool App::OnInit() {
   SetAppName(productName);
   auto* window = new Main(Settings(Settings::DefaultFile()), SystemBeeper());
   window->Show();
-  if (argc > 1) window->CallAfter([window, file = wxString(argv[1])] { window->OpenNamed(Utf8(file)); });
+  const std::vector<std::string> arguments = platform::Arguments();
+  if (!arguments.empty()) window->OpenWhenShown(arguments.front());
   return true;
 }
 

@@ -8,7 +8,7 @@ namespace tarvelo {
 class App final : public wxApp {
  public:
   bool OnInit() override;
-  // A fault that no command caught: told, and the program goes on.
+  // A fault in an event that is no command: told, and the program goes on.
   bool OnExceptionInMainLoop() override;
 };
 

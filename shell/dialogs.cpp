@@ -1,7 +1,11 @@
 #include "shell/dialogs.h"
 
+#include <wx/arrstr.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
+#include <wx/textdlg.h>
+
+#include <wx/generic/msgdlgg.h>  // after wx/msgdlg.h
 
 #include "resources/messages.h"
 #include "shell/product.h"
@@ -10,10 +14,25 @@
 namespace tarvelo {
 namespace {
 
-std::optional<std::filesystem::path> Ask(wxWindow* parent, const wxString& title, const wxString& filter,
-                                         const std::filesystem::path& current, long style) {
-  wxFileDialog dialog(parent, title, WxPath(current.parent_path()), WxPath(current.filename()), filter,
-                      style);
+#ifdef __WXGTK__
+using MessageDialog = wxGenericMessageDialog;  // the native one shows no icons
+#else
+using MessageDialog = wxMessageDialog;
+#endif
+
+// The filter with its patterns in upper case too: Linux tells DUMP.BIN from dump.bin.
+wxString AnyCase(const wxString& filter) {
+  wxArrayString parts = wxSplit(filter, '|', '\0');
+  for (std::size_t i = 1; i < parts.size(); i += 2)
+    if (parts[i] != parts[i].Upper()) parts[i] += ";" + parts[i].Upper();
+  return wxJoin(parts, '|', '\0');
+}
+
+std::optional<std::filesystem::path> ChooseFile(wxWindow* parent, const wxString& title,
+                                                const wxString& filter, const std::filesystem::path& current,
+                                                long style) {
+  wxFileDialog dialog(parent, title, WxPath(current.parent_path()), WxPath(current.filename()),
+                      AnyCase(filter), style);
   if (dialog.ShowModal() != wxID_OK) return {};
   return PathFrom(dialog.GetPath());
 }
@@ -22,25 +41,33 @@ std::optional<std::filesystem::path> Ask(wxWindow* parent, const wxString& title
 
 void WxDialogs::Message(const wxString& text, Icon icon) {
   const long style = wxOK | (icon == Icon::Critical ? wxICON_ERROR : wxICON_INFORMATION);
-  wxMessageDialog dialog(parent_, text, productName, style);
+  MessageDialog dialog(parent_, text, productName, style);
   dialog.SetOKLabel(Wx(messages_.Msg(215)));
   dialog.ShowModal();
 }
 
 bool WxDialogs::Confirm(const wxString& text) {
-  wxMessageDialog dialog(parent_, text, productName, wxYES_NO | wxCANCEL | wxICON_EXCLAMATION);
+  MessageDialog dialog(parent_, text, productName, wxYES_NO | wxCANCEL | wxICON_EXCLAMATION);
   dialog.SetYesNoCancelLabels(Wx(messages_.Msg(212)), Wx(messages_.Msg(213)), Wx(messages_.Msg(214)));
   return dialog.ShowModal() == wxID_YES;
 }
 
+std::optional<wxString> WxDialogs::Ask(const wxString& prompt, const wxString& initial) {
+  wxTextEntryDialog dialog(parent_, prompt, productName, initial);
+  for (const auto& [id, message] : {std::pair{wxID_OK, 215}, {wxID_CANCEL, 214}})
+    if (wxWindow* button = dialog.FindWindow(id)) button->SetLabel(Wx(messages_.Msg(message)));
+  if (dialog.ShowModal() != wxID_OK) return {};
+  return dialog.GetValue();
+}
+
 std::optional<std::filesystem::path> WxDialogs::OpenFile(const wxString& title, const wxString& filter,
                                                          const std::filesystem::path& current) {
-  return Ask(parent_, title, filter, current, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  return ChooseFile(parent_, title, filter, current, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
 }
 
 std::optional<std::filesystem::path> WxDialogs::SaveFile(const wxString& title, const wxString& filter,
                                                          const std::filesystem::path& current) {
-  return Ask(parent_, title, filter, current, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+  return ChooseFile(parent_, title, filter, current, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
 }
 
 }  // namespace tarvelo

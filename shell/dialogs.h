@@ -23,6 +23,8 @@ class Dialogs {
   virtual void Message(const wxString& text, Icon icon) = 0;
   // Asks with Yes, No and Cancel; true only for Yes.
   virtual bool Confirm(const wxString& text) = 0;
+  // Asks for a line of text. Nothing when the user cancels.
+  virtual std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) = 0;
   // A file to open, resp. to write to (asking before one is overwritten). The filter is a list of
   // "name|patterns" joined by "|"; `current` is offered. Nothing when the user cancels.
   virtual std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,
@@ -39,6 +41,7 @@ class WxDialogs final : public Dialogs {
 
   void Message(const wxString& text, Icon icon) override;
   bool Confirm(const wxString& text) override;
+  std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override;
   std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,
                                                 const std::filesystem::path& current) override;
   std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,

@@ -17,10 +17,11 @@
 namespace tarvelo {
 
 InfoPanel::InfoPanel(Main& main) : main_(main), window_(new wxPanel(&main)) {
-  Text = new wxTextCtrl(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                        wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2);
-  Text->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
-  Text->SetMargins(window_->FromDIP(wxPoint(6, 4)));
+  sheet_ = new wxPanel(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
+  Text = new wxTextCtrl(sheet_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                        wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxBORDER_NONE);
+  for (wxWindow* part : {sheet_, static_cast<wxWindow*>(Text)})
+    part->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
   Frame = new wxStaticBox(window_, wxID_ANY, productTitle);
   PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
   hint_ = new wxStaticText(Frame, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
@@ -37,8 +38,11 @@ void InfoPanel::Layout() {
   box->AddSpacer(2 * gap);
   box->Add(hint_, 0, wxEXPAND | wxALL, gap);
   box->AddStretchSpacer(2);
+  auto* margin = new wxBoxSizer(wxVERTICAL);  // the control's own margins work on Windows only
+  margin->Add(Text, 1, wxEXPAND | wxALL, gap);
+  sheet_->SetSizer(margin);
   auto* row = new wxBoxSizer(wxHORIZONTAL);
-  row->Add(Text, 1, wxEXPAND | wxALL, gap);
+  row->Add(sheet_, 1, wxEXPAND | wxALL, gap);
   row->Add(box, 0, wxEXPAND | wxTOP | wxRIGHT | wxBOTTOM, gap);
   window_->SetSizer(row);
 }

@@ -38,6 +38,7 @@ class InfoPanel final : public Panel {
 
   Main& main_;
   wxWindow* window_;
+  wxWindow* sheet_;  // the white page around the text
   wxTextCtrl* Text;
   wxStaticBox* Frame;
   wxStaticBitmap* PicAbout;

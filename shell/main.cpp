@@ -8,6 +8,7 @@
 
 #include "shell/info_panel.h"
 #include "shell/picture.h"
+#include "shell/pictures_panel.h"
 #include "shell/product.h"
 #include "shell/strings.h"
 #include "shell/window_place.h"
@@ -65,6 +66,7 @@ Main::Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Di
   auto info = std::make_unique<InfoPanel>(*this);
   info_ = info.get();
   AddPanel(std::move(info));
+  AddPanel(std::make_unique<PicturesPanel>(*this));
   AcceptDrops(*this);
 
   recent_.Read(settings_);
@@ -72,11 +74,16 @@ Main::Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Di
   ChooseFirstLanguage();
   CloseFF();
   RestorePlace(*this, settings_);
+  Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
+    status_->FitPanels();
+    event.Skip();
+  });
   Bind(wxEVT_MENU, [this](wxCommandEvent& event) { Run(event.GetId()); });
   Bind(wxEVT_CLOSE_WINDOW, &Main::Form_Unload, this);
 }
 
-Main::~Main() = default;
+// The windows go before the panels that they call.
+Main::~Main() { DestroyChildren(); }
 
 wxString Main::Msg(int n) const { return Wx(messages_.Msg(n)); }
 
@@ -99,14 +106,14 @@ void Main::ShowPanel(Panel& panel) {
   visible_ = &panel;
   SetTitle(wxString(productName) + " - " + Msg(panel.Name()));
   menus_->CheckPanel(panel.MenuEntry());
-  menus_->Recaption(messages_, panel.SaveTextCaption());
+  menus_->CaptionSaveText(messages_, panel.SaveTextCaption());
   GetSizer()->Layout();
 }
 
 void Main::UnVis() {
   for (const auto& panel : panels_) panel->Window().Hide();
   visible_ = nullptr;
-  menus_->Recaption(messages_, 5);
+  menus_->CaptionSaveText(messages_, 5);
 }
 
 // The stored language, else the operating system's, else English.

@@ -22,9 +22,8 @@ namespace tarvelo {
 class InfoPanel;
 class Panel;
 
-// One and two line breaks, as files have them; texts on the screen have line feeds.
+// A line break, as files have it; texts on the screen have line feeds.
 inline constexpr char CrLf[] = "\r\n";
-inline constexpr char CrLf2[] = "\r\n\r\n";
 
 class Main final : public wxFrame {
  public:
@@ -44,8 +43,9 @@ class Main final : public wxFrame {
   // OpenF for a file that the user chose: asks about unsaved data first.
   void OpenChosen(const std::filesystem::path& path);
 
-  // Opens a file named on the command line.
+  // Opens a file named on the command line, at once or as soon as the window stands in its place.
   void OpenNamed(const std::string& name);
+  void OpenWhenShown(const std::string& name);
 
   // Asks about unsaved patch data, if there is any. True means: stop.
   [[nodiscard]] bool WasChanged();
@@ -69,8 +69,16 @@ class Main final : public wxFrame {
   [[nodiscard]] StatusBar& Status() { return *status_; }
   [[nodiscard]] InfoPanel& InfoText() { return *info_; }
 
-  // Says that something was done: message n, an empty line, the path.
+  // Says that something was done: a text (or message n), an empty line, the path.
+  void Tell(const wxString& text, const std::filesystem::path& path);
   void Tell(int n, const std::filesystem::path& path);
+  // Says that something could not be done.
+  void Complain(const wxString& text);
+  // Asks for a line of text with message n. Nothing when the user cancels or leaves it empty.
+  [[nodiscard]] std::optional<std::string> Ask(int n, const std::string& initial);
+
+  // Runs a command of this name. A fault ends it with a message that names it.
+  void RunGuarded(const wxString& name, const std::function<void()>& command);
 
   // Runs an access to a file. Where it fails the user is told ("Can't open file !" and the path)
   // and the result is true.
@@ -84,14 +92,13 @@ class Main final : public wxFrame {
   // Puts everything in a language: font character set, settings, captions, menu tick.
   void ApplyLang(const Language& language);
 
-  // Runs the command of a menu entry. A fault ends the command with a message that names it.
+  // Runs the command of a menu entry.
   void Run(int id);
 
  private:
   using Command = std::function<void()>;
 
   void AddCommands();
-  void RunGuarded(const wxString& name, const Command& command);
   void TellFileError(const FileError& error);
   void TellFault(const wxString& command, const std::string& cause);
   void UpdateMenus();
@@ -102,6 +109,7 @@ class Main final : public wxFrame {
 
   void OpenFF_Click();
   void Save_Click();
+  void SaveTo(const std::filesystem::path& path);
   void SaveAs_Click();
   void SaveText_Click();
   void About_Click();
@@ -123,6 +131,7 @@ class Main final : public wxFrame {
   StatusBar* status_ = nullptr;
   InfoPanel* info_ = nullptr;
   Panel* visible_ = nullptr;
+  std::string openWhenIdle_;
 };
 
 }  // namespace tarvelo

@@ -2,6 +2,8 @@
 #include <wx/menu.h>
 #include <wx/stdpaths.h>
 
+#include <utility>
+
 #include "core/summary.h"
 #include "shell/info_panel.h"
 #include "shell/main.h"
@@ -33,7 +35,7 @@ void Main::Run(int id) {
   menus_->CheckPanel(visible_ ? visible_->MenuEntry() : MenuNone);
 }
 
-void Main::RunGuarded(const wxString& name, const Command& command) try {
+void Main::RunGuarded(const wxString& name, const std::function<void()>& command) try {
   command();
 } catch (const FileError& error) {
   TellFileError(error);
@@ -48,14 +50,14 @@ void Main::RunGuarded(const wxString& name, const Command& command) try {
 }
 
 void Main::TellFault(const wxString& command, const std::string& cause) {
-  dialogs_->Message(Wx(messages_.MsgS(207, Utf8(command))) + "\n\n" + Wx(cause), Dialogs::Icon::Critical);
+  Complain(Wx(messages_.MsgS(207, Utf8(command))) + "\n\n" + Wx(cause));
 }
 
 void Main::TellFileError(const FileError& error) {
   int text = 80;
   if (error.Reason() == FileError::Kind::TooLarge) text = 205;
   if (error.Reason() == FileError::Kind::CantWrite) text = 206;
-  dialogs_->Message(Msg(text) + "\n\n" + WxPath(error.Path()), Dialogs::Icon::Critical);
+  Complain(Msg(text) + "\n\n" + WxPath(error.Path()));
 }
 
 bool Main::fOpenErr(const std::function<void()>& access) try {
@@ -66,8 +68,18 @@ bool Main::fOpenErr(const std::function<void()>& access) try {
   return true;
 }
 
-void Main::Tell(int n, const std::filesystem::path& path) {
-  dialogs_->Message(Msg(n) + "\n\n" + WxPath(path), Dialogs::Icon::Information);
+void Main::Tell(const wxString& text, const std::filesystem::path& path) {
+  dialogs_->Message(text + "\n\n" + WxPath(path), Dialogs::Icon::Information);
+}
+
+void Main::Tell(int n, const std::filesystem::path& path) { Tell(Msg(n), path); }
+
+void Main::Complain(const wxString& text) { dialogs_->Message(text, Dialogs::Icon::Critical); }
+
+std::optional<std::string> Main::Ask(int n, const std::string& initial) {
+  const auto answer = dialogs_->Ask(Msg(n), Wx(initial));
+  if (!answer || answer->empty()) return {};
+  return Utf8(*answer);
 }
 
 wxString Main::DumpFilter() const { return Msg(111) + " (*.bin,*.fls)|*.bin;*.fls|" + Msg(114) + "|*.*"; }
@@ -78,14 +90,24 @@ bool Main::WasChanged() {
 }
 
 void Main::OpenChosen(const std::filesystem::path& path) {
-  if (!WasChanged()) RunGuarded(Msg(134), [&] { OpenF(path); });
+  RunGuarded(Msg(134), [&] {
+    if (!WasChanged()) OpenF(path);
+  });
+}
+
+void Main::OpenWhenShown(const std::string& name) {
+  openWhenIdle_ = name;
+  Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    event.Skip();
+    if (const std::string file = std::exchange(openWhenIdle_, {}); !file.empty()) OpenNamed(file);
+  });
 }
 
 void Main::OpenNamed(const std::string& name) {
-  if (ToUpper(name).ends_with("ADR"))
-    dialogs_->Message(Msg(211) + "\n\n" + Wx(name), Dialogs::Icon::Critical);
-  else
-    OpenChosen(std::filesystem::absolute(PathOf(name)));
+  if (ToUpper(name).ends_with("ADR")) return Complain(Msg(211) + "\n\n" + Wx(name));
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::absolute(PathOf(name), error);
+  OpenChosen(error ? PathOf(name) : path);
 }
 
 void Main::OpenFF_Click() {
@@ -105,17 +127,19 @@ void Main::OpenF(const std::filesystem::path& path) {
 
 // Reads and identifies a dump and writes the summary. False where there is nothing to show.
 bool Main::GetInfo(const std::filesystem::path& path) {
-  if (fOpenErr([&] { document_.image = Fullflash::Load(path, *status_); })) return false;
-  if (!document_.IsOpen()) {
-    dialogs_->Message(Msg(204) + "\n\n" + WxPath(path), Dialogs::Icon::Critical);
+  Document opened;
+  if (fOpenErr([&] { opened.image = Fullflash::Load(path, *status_); })) return false;
+  if (!opened.IsOpen()) {
+    Complain(Msg(204) + "\n\n" + WxPath(path));
     return false;
   }
-  document_.SetPath(path);
-  document_.FileDir = path.parent_path();
-  document_.info = Identify(document_.image);
+  opened.SetPath(path);
+  opened.FileDir = path.parent_path();
+  opened.info = Identify(opened.image);
+  info_->SetText(Wx(Summary(PathText(path), opened.image, opened.info, messages_)));
   status_->SetPanel(1, WxPath(path));
-  status_->SetPanel(2, Wx(document_.info.StatusText()));
-  info_->SetText(Wx(Summary(PathText(path), document_.image, document_.info, messages_)));
+  status_->SetPanel(2, Wx(opened.info.StatusText()));
+  document_ = std::move(opened);
   return true;
 }
 
@@ -127,29 +151,30 @@ void Main::CloseFF() {
   ShowPanel(*info_);
 }
 
-void Main::Save_Click() {
-  document_.SetPath(document_.path);
+void Main::Save_Click() { SaveTo(document_.path); }
+
+// Writes the image to a file, which is from then on the document's.
+void Main::SaveTo(const std::filesystem::path& path) {
   if (fOpenErr([&] {
-        if (FileExist(document_.path)) RemoveFile(document_.path);
-        WriteFile(document_.path, document_.image.ff(), *status_);
+        if (FileExist(path)) RemoveFile(path);
+        WriteFile(path, document_.image.ff(), *status_);
       }))
     return;
+  document_.SetPath(path);
   status_->SetPanel(1, Wx(document_.FileName));
   beeper_->Beep(12000, 300);
 }
 
 void Main::SaveAs_Click() {
   const auto path = dialogs_->SaveFile(Msg(145), DumpFilter(), document_.path);
-  if (!path) return;
-  document_.SetPath(*path);
-  Save_Click();
+  if (path) SaveTo(*path);
 }
 
 void Main::SaveText_Click() {
   if (visible_)
     visible_->Save();
   else
-    dialogs_->Message(Msg(33), Dialogs::Icon::Critical);
+    Complain(Msg(33));
 }
 
 void Main::SaveList(const Table& table, char letter) {

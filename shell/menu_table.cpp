@@ -26,7 +26,7 @@ constexpr MenuEntry panels[] = {
 };
 
 constexpr MenuEntry tools[] = {
-    {Search, 185, "Ctrl+F", true},
+    {Search, 185, "Ctrl+Shift+F", true},
     {StFun, 186, "", true},
     {StPat, 187, "", true},
     {MenuNone},

@@ -74,6 +74,10 @@ void Menus::Recaption(const Messages& messages, int saveText) {
   }
 }
 
+void Menus::CaptionSaveText(const Messages& messages, int saveText) {
+  RecaptionEntries(*bar_, MenuBarTable().front(), messages, saveText);
+}
+
 void Menus::ShowRecent(const RecentFiles& files) {
   for (; recentShown_ > 0; --recentShown_) recentMenu_->Destroy(File1 + static_cast<int>(recentShown_) - 1);
   for (std::size_t i = 0; i < RecentFiles::count && !files[i].empty(); ++i) {

@@ -23,6 +23,9 @@ class Menus {
   // `saveText` is the number of the message that SaveText shows now.
   void Recaption(const Messages& messages, int saveText);
 
+  // Changes the caption of SaveText alone.
+  void CaptionSaveText(const Messages& messages, int saveText);
+
   // Shows the recent files; an entry without a file is hidden.
   void ShowRecent(const RecentFiles& files);
 

@@ -8,7 +8,7 @@
 namespace tarvelo {
 
 wxIconBundle ProgramIcons() {
-  if (!wxImage::FindHandler(wxBITMAP_TYPE_ICO)) wxImage::AddHandler(new wxICOHandler);
+  if (!wxImage::FindHandler(wxBITMAP_TYPE_ICO)) wxInitAllImageHandlers();
   wxMemoryInputStream stream(embedded::tarvelo_ico.data(), embedded::tarvelo_ico.size());
   return {stream, wxBITMAP_TYPE_ICO};
 }

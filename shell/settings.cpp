@@ -3,6 +3,8 @@
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
 
+#include <algorithm>
+
 #include "shell/platform/ini.h"
 #include "shell/strings.h"
 #include "text/unicode.h"
@@ -14,7 +16,10 @@ std::string Settings::GetIni(std::string_view section, std::string_view key) con
 }
 
 void Settings::SetIni(std::string_view section, std::string_view key, std::string_view value) {
-  platform::WriteIni(file_, std::string(section), std::string(key), std::string(value));
+  std::string line(value);
+  std::ranges::replace_if(
+      line, [](unsigned char c) { return c < 0x20; }, ' ');  // one line a key
+  platform::WriteIni(file_, std::string(section), std::string(key), line);
 }
 
 std::vector<std::pair<std::string, std::string>> Settings::GetSec(std::string_view section) const {
@@ -23,7 +28,8 @@ std::vector<std::pair<std::string, std::string>> Settings::GetSec(std::string_vi
 
 std::filesystem::path Settings::DefaultFile() {
   constexpr char name[] = "Tarvelo.ini";
-  const wxStandardPaths& paths = wxStandardPaths::Get();
+  wxStandardPaths& paths = wxStandardPaths::Get();
+  paths.SetFileLayout(wxStandardPaths::FileLayout_XDG);
   const std::filesystem::path beside = PathFrom(paths.GetExecutablePath()).parent_path();
   if (wxFileName::IsDirWritable(WxPath(beside))) return beside / name;
   const std::filesystem::path folder = PathFrom(paths.GetUserConfigDir()) / "Tarvelo";

@@ -15,6 +15,15 @@ constexpr int steps = 1000;  // of the progress bar
 constexpr int firstFigure = 3;
 constexpr int lastFigure = 8;
 
+// A panel has one line, whatever a dump's texts hold.
+wxString OneLine(const wxString& text) {
+  constexpr std::size_t longest = 500;
+  wxString line = text.Left(longest);
+  for (wxUniCharRef c : line)
+    if (c < 0x20) c = ' ';
+  return line;
+}
+
 }  // namespace
 
 StatusBar::StatusBar(wxWindow* parent)
@@ -38,7 +47,8 @@ wxString StatusBar::Panel(int number) const { return GetStatusText(number - 1); 
 
 void StatusBar::SetPanel(int number, const wxString& text) {
   if (text == Panel(number)) return;
-  SetStatusText(text, number - 1);
+  SetStatusText(OneLine(text), number - 1);
+  hovered_ = 0;  // the tooltip is another
   FitPanels();
 }
 
@@ -47,8 +57,10 @@ void StatusBar::ClearFrom(int first) {
 }
 
 void StatusBar::Recaption(const Messages& messages) {
+  hovered_ = 0;
   labels_[0] = Wx(messages.Msg(217));
   labels_[1] = Wx(messages.Msg(216));
+  labels_[6 - 1] = Wx(messages.Msg(226));
   labels_[patchPanel - 1] = Wx(messages.Msg(172));
   labels_[imagePanel - 1] = Wx(messages.Msg(174));
 }
@@ -79,7 +91,8 @@ void StatusBar::At(std::int64_t position) {
 
 void StatusBar::Finish() { ProgressBar->Hide(); }
 
-// The path takes what is left; the figures are as wide as their texts.
+bool StatusBar::StopAsked() { return wxGetKeyState(WXK_ESCAPE); }
+
 void StatusBar::FitPanels() {
   int widths[panels];
   widths[0] = -3;

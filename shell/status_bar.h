@@ -36,6 +36,9 @@ class StatusBar final : public wxStatusBar, public Progress {
   // Empties panels first .. 10.
   void ClearFrom(int first);
 
+  // Gives the panels their widths: the path takes what is left, the figures are as wide as their texts.
+  void FitPanels();
+
   // What the mouse shows over panels 1, 2, 9 and 10, with the text of the first two.
   void Recaption(const Messages& messages);
   [[nodiscard]] wxString Tooltip(int number) const;
@@ -44,9 +47,10 @@ class StatusBar final : public wxStatusBar, public Progress {
   void Start(std::int64_t first, std::int64_t last) override;
   void At(std::int64_t position) override;
   void Finish() override;
+  // Escape is held down.
+  [[nodiscard]] bool StopAsked() override;
 
  private:
-  void FitPanels();
   void PlaceProgressBar();
   void ShowTooltip(wxMouseEvent& event);
 

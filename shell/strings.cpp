@@ -1,10 +1,17 @@
 #include "shell/strings.h"
 
 #include "core/file.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 
-wxString Wx(std::string_view utf8) { return wxString::FromUTF8(utf8.data(), utf8.size()); }
+// wx makes nothing at all of a text that is not well-formed; a file's name on Linux may be such.
+wxString Wx(std::string_view utf8) {
+  const wxString text = wxString::FromUTF8(utf8.data(), utf8.size());
+  if (!text.empty() || utf8.empty()) return text;
+  const std::string mended = ToUtf8(ToUtf16(utf8));
+  return wxString::FromUTF8(mended.data(), mended.size());
+}
 
 wxString WxPath(const std::filesystem::path& path) { return Wx(PathText(path)); }
 

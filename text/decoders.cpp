@@ -1,5 +1,7 @@
 #include "text/decoders.h"
 
+#include <algorithm>
+
 #include "text/langpack.h"
 #include "text/unicode.h"
 

@@ -66,6 +66,16 @@ TEST(Identify, WantsTheSignatureWhole) {
   EXPECT_EQ(Identified(stopped).info.SigPos, 0x7FF00);
 }
 
+TEST(Identify, IsQuickWhereNoStringEnds) {
+  ImageBuilder endless(0x4000000);
+  endless.Fill(0, 0x4000000, 'A');
+  endless.Text(0x108FC80, "SIEMENS");  // its header lies at 0x08FC00, amid the letters
+  const Identified phone(std::move(endless));
+  EXPECT_EQ(phone.info.SigPos, 0x08FC00);
+  EXPECT_EQ(phone.info.Model, "");
+  EXPECT_EQ(phone.info.headerText, "");
+}
+
 TEST(Identify, WithoutASignatureKnowsNothingButTheBlocks) {
   const Identified phone(ImageBuilder(8 * mebi));
   EXPECT_EQ(phone.info.Model, "");

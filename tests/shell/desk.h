@@ -23,6 +23,7 @@ struct Script {
   std::deque<std::string> said;
   std::deque<std::string> beeps;
   bool confirm = false;
+  std::string answer;  // cancelled when it is empty
   std::optional<std::filesystem::path> file;
 
   // The oldest of what was said; empty when nothing was.
@@ -44,6 +45,11 @@ class ScriptedDialogs final : public Dialogs {
   bool Confirm(const wxString& text) override {
     script_.said.push_back("?" + Utf8(text));
     return script_.confirm;
+  }
+  std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override {
+    script_.said.push_back("ask " + Utf8(prompt) + ": " + Utf8(initial));
+    if (script_.answer.empty()) return {};
+    return Wx(script_.answer);
   }
   std::optional<std::filesystem::path> OpenFile(const wxString&, const wxString& filter,
                                                 const std::filesystem::path&) override {

@@ -123,6 +123,7 @@ TEST_F(Desk, TellsThatTheImageCannotBeSaved) {
   EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(*script.file));
   EXPECT_TRUE(script.beeps.empty());
   EXPECT_TRUE(main->Open().IsOpen());
+  EXPECT_EQ(main->Open().FileStem, folder / "dump");  // still the old names
 }
 
 TEST_F(Desk, SavesTheInformation) {
@@ -168,6 +169,20 @@ TEST_F(Desk, RoutesPanels) {
   EXPECT_EQ(Title(), "Tarvelo - Info");
 }
 
+TEST_F(Desk, TellsWhatEndedACommand) {
+  main->OpenF(WriteDump("dump.bin"));
+  const std::pair<std::function<void()>, std::string> faults[] = {
+      {[] { throw std::out_of_range("at 5"); }, "It read past the end of the image.\nat 5"},
+      {[] { throw std::overflow_error("at 6"); }, "A number in the image is too large.\nat 6"},
+      {[] { throw std::bad_alloc(); }, "There is not enough memory."},
+      {[] { throw std::length_error("too many"); }, "too many"}};
+  for (const auto& [fault, text] : faults) {
+    main->RunGuarded("Search", fault);
+    EXPECT_EQ(script.TakeSaid(), "!The command \"Search\" failed.\n\n" + text);
+    EXPECT_TRUE(main->Open().IsOpen());
+  }
+}
+
 TEST_F(Desk, TellsAFaultAndGoesOn) {
   int builds = 0, clears = 0;
   main->AddPanel(std::make_unique<ListPanel>(*main, builds, clears));
@@ -207,6 +222,8 @@ TEST_F(Desk, OpensADroppedDump) {
 TEST_F(Desk, OpensWhatTheCommandLineNames) {
   main->OpenNamed("my.adr");
   EXPECT_EQ(script.TakeSaid(), "!Address books can't be opened.\n\nmy.adr");
+  main->OpenNamed("");
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n");
   main->OpenNamed(PathText(WriteDump("dump.bin")));
   EXPECT_TRUE(main->Open().IsOpen());
 }

@@ -1,0 +1,202 @@
+#include "shell/list_view.h"
+
+#include <wx/clipbrd.h>
+#include <wx/sizer.h>
+#include <wx/srchctrl.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "shell/strings.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int widestColumn = 60;  // characters; longer texts are cut off on the screen
+constexpr std::size_t rowsMeasured = 500;
+
+const wxColour markedColour(0xC0, 0, 0);
+
+}  // namespace
+
+// Hands the control the cells that it draws.
+class ListView::Model final : public wxDataViewVirtualListModel {
+ public:
+  explicit Model(const ListView& view) : view_(view) {}
+
+  void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
+    const Table::Row* found = Find(row);
+    value = found && column < found->cells.size() ? Wx(found->cells[column]) : wxString();
+  }
+
+  bool GetAttrByRow(unsigned row, unsigned, wxDataViewItemAttr& attr) const override {
+    const Table::Row* found = Find(row);
+    if (!found || !found->marked) return false;
+    attr.SetColour(markedColour);
+    return true;
+  }
+
+  bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
+
+ private:
+  [[nodiscard]] const Table::Row* Find(unsigned row) const {
+    return row < view_.order_.size() ? &view_.table_.rows[view_.order_[row]] : nullptr;
+  }
+
+  const ListView& view_;
+};
+
+ListView::ListView(wxWindow* parent)
+    : wxPanel(parent),
+      filterLine_(new wxSearchCtrl(this, wxID_ANY)),
+      control_(new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                  wxDV_MULTIPLE | wxDV_ROW_LINES | wxDV_VERT_RULES)),
+      model_(new Model(*this)) {
+  filterLine_->ShowCancelButton(true);
+  control_->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
+  control_->AssociateModel(model_.get());
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(filterLine_, 0, wxEXPAND | wxBOTTOM, FromDIP(4));
+  column->Add(control_, 1, wxEXPAND);
+  SetSizer(column);
+
+  filterLine_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Filter(Utf8(filterLine_->GetValue())); });
+  control_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
+    if (const auto row = Selected(); row && onSelect) onSelect(*row);
+  });
+  control_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
+    if (const auto row = Selected(); row && onActivate) onActivate(*row);
+  });
+  control_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent&) {
+    if (onContextMenu) onContextMenu();
+  });
+  control_->Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [this](wxDataViewEvent& event) {
+    if (event.GetColumn() >= 0) SortBy(static_cast<unsigned>(event.GetColumn()));
+  });
+}
+
+void ListView::SetTable(Table table) {
+  table_ = std::move(table);
+  filter_.clear();
+  filterLine_->ChangeValue(wxString());
+  sortColumn_.reset();
+  AddColumns();
+  Arrange();
+}
+
+// As wide as the texts of the first rows; figures are padded to the same width in all of them.
+void ListView::AddColumns() {
+  control_->ClearColumns();
+  const int character = control_->GetTextExtent("0").x;
+  const std::size_t measured = std::min(table_.rows.size(), rowsMeasured);
+  for (unsigned i = 0; i < table_.captions.size(); ++i) {
+    std::size_t longest = table_.captions[i].size() + 2;  // room for the mark of the sorting
+    for (std::size_t row = 0; row < measured; ++row)
+      longest = std::max(longest, table_.rows[row].cells[i].size());
+    const int width = std::min(static_cast<int>(longest), widestColumn) * character + FromDIP(14);
+    control_->AppendTextColumn(Wx(table_.captions[i]), i, wxDATAVIEW_CELL_INERT, width, wxALIGN_LEFT,
+                               wxDATAVIEW_COL_RESIZABLE);
+  }
+}
+
+bool ListView::RowHolds(std::size_t row, const std::string& upperText) const {
+  return std::ranges::any_of(table_.rows[row].cells, [&](const std::string& cell) {
+    return ToUpper(cell).find(upperText) != std::string::npos;
+  });
+}
+
+// Puts the rows on the screen in order. The current row stays the current one if it is still there.
+void ListView::Arrange() {
+  const auto current = Selected();
+  order_.clear();
+  for (std::size_t row = 0; row < table_.rows.size(); ++row)
+    if (filter_.empty() || RowHolds(row, filter_)) order_.push_back(row);
+  if (sortColumn_) {
+    const auto cell = [&](std::size_t row) -> const std::string& {
+      return table_.rows[row].cells[*sortColumn_];
+    };
+    std::ranges::stable_sort(order_, [&](std::size_t a, std::size_t b) {
+      return descending_ ? cell(b) < cell(a) : cell(a) < cell(b);
+    });
+  }
+  model_->Reset(static_cast<unsigned>(order_.size()));
+  const auto place = current ? std::ranges::find(order_, *current) : order_.end();
+  if (place != order_.end()) {
+    const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(place - order_.begin()));
+    control_->SetCurrentItem(item);
+    control_->Select(item);
+    control_->EnsureVisible(item);
+  }
+}
+
+std::optional<std::size_t> ListView::Selected() const {
+  const wxDataViewItem item = control_->GetCurrentItem();
+  if (!item.IsOk() || control_->GetSelectedItemsCount() == 0) return {};
+  const unsigned row = model_->GetRow(item);
+  if (row >= order_.size()) return {};
+  return order_[row];
+}
+
+void ListView::Select(std::size_t row) {
+  if (row >= table_.rows.size()) return;
+  if (std::ranges::find(order_, row) == order_.end()) {
+    filterLine_->ChangeValue(wxString());
+    Filter({});
+  }
+  const auto place = std::ranges::find(order_, row) - order_.begin();
+  const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(place));
+  control_->UnselectAll();
+  control_->SetCurrentItem(item);
+  control_->Select(item);
+  control_->EnsureVisible(item);
+  if (onSelect) onSelect(row);
+}
+
+bool ListView::Find(const std::string& text, bool behindCurrent) {
+  auto from = order_.begin();
+  if (const auto current = Selected(); behindCurrent && current)
+    from = std::ranges::find(order_, *current) + 1;
+  const std::string upper = ToUpper(text);
+  const auto found = std::find_if(from, order_.end(), [&](std::size_t row) { return RowHolds(row, upper); });
+  if (found == order_.end()) return false;
+  Select(*found);
+  return true;
+}
+
+void ListView::SortBy(unsigned column) {
+  descending_ = sortColumn_ == column && !descending_;
+  sortColumn_ = column;
+  Arrange();
+  ShowSortMark();
+}
+
+void ListView::ShowSortMark() {
+  for (unsigned i = 0; i < control_->GetColumnCount(); ++i) {
+    const wxString mark =
+        sortColumn_ == i ? wxString::FromUTF8(descending_ ? " \u25BE" : " \u25B4") : wxString();
+    control_->GetColumn(i)->SetTitle(Wx(table_.captions[i]) + mark);
+  }
+}
+
+void ListView::Filter(const std::string& text) {
+  filter_ = ToUpper(text);
+  Arrange();
+}
+
+void ListView::CopyRows() const {
+  wxDataViewItemArray items;
+  control_->GetSelections(items);
+  Table selected{table_.captions, {}};
+  std::vector<unsigned> rows;
+  for (const wxDataViewItem& item : items) rows.push_back(model_->GetRow(item));
+  std::ranges::sort(rows);
+  for (const unsigned row : rows)
+    if (row < order_.size()) selected.rows.push_back(table_.rows[order_[row]]);
+  const wxClipboardLocker lock;
+  if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
+}
+
+void ListView::SetFilterHint(const wxString& hint) { filterLine_->SetDescriptiveText(hint); }
+
+}  // namespace tarvelo

@@ -1,0 +1,69 @@
+// The list that every explorer's panel shows: a table with sorting, a line to filter it, search, and
+// copying of rows. Rows are asked for when they are drawn, so that thousands cost nothing.
+#pragma once
+
+#include <wx/dataview.h>
+#include <wx/panel.h>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "core/table.h"
+
+class wxSearchCtrl;
+
+namespace tarvelo {
+
+class ListView final : public wxPanel {
+ public:
+  explicit ListView(wxWindow* parent);
+
+  // Shows a table from now on, unfiltered, in its own order.
+  void SetTable(Table table);
+  [[nodiscard]] const Table& GetTable() const { return table_; }
+
+  // Rows are told by their index in the table, whatever the order and filter on the screen.
+  // The current row; nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> Selected() const;
+  // Makes a row the current one and scrolls to it; a filter that hides it is cleared. Calls onSelect.
+  void Select(std::size_t row);
+
+  // Searches the rows as they stand on the screen for a text, in any column, upper and lower case
+  // alike: from the top, or from behind the current row. Selects the first that matches.
+  bool Find(const std::string& text, bool behindCurrent);
+
+  // Sorts by a column's text; by the same one again: the other way round.
+  void SortBy(unsigned column);
+  // Shows only rows that hold the text in any column, upper and lower case alike.
+  void Filter(const std::string& text);
+
+  // The selected rows, tab-separated, into the clipboard.
+  void CopyRows() const;
+
+  void SetFilterHint(const wxString& hint);
+  [[nodiscard]] wxDataViewCtrl& Control() { return *control_; }
+
+  std::function<void(std::size_t row)> onSelect;
+  std::function<void(std::size_t row)> onActivate;  // double click, Enter
+  std::function<void()> onContextMenu;
+
+ private:
+  class Model;
+
+  void AddColumns();
+  void Arrange();
+  [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText) const;
+  void ShowSortMark();
+
+  Table table_;
+  std::vector<std::size_t> order_;  // rows of the table as they stand on the screen
+  std::string filter_;              // in upper case
+  std::optional<unsigned> sortColumn_;
+  bool descending_ = false;
+  wxSearchCtrl* filterLine_;
+  wxDataViewCtrl* control_;
+  wxObjectDataPtr<Model> model_;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,280 @@
+#include "shell/pictures_panel.h"
+
+#include <wx/clipbrd.h>
+#include <wx/image.h>
+#include <wx/sizer.h>
+#include <wx/splitter.h>
+#include <wx/statbox.h>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "core/notation.h"
+#include "media/picture_files.h"
+#include "media/picture_search.h"
+#include "media/picture_table.h"
+#include "shell/gallery.h"
+#include "shell/info_panel.h"
+#include "shell/list_view.h"
+#include "shell/main.h"
+#include "shell/mnemonics.h"
+#include "shell/picture_view.h"
+#include "shell/strings.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int countPanel = 6;  // of the status bar
+
+void ToClipboard(wxDataObject* data) {
+  const wxClipboardLocker lock;
+  if (!!lock)
+    wxTheClipboard->SetData(data);
+  else
+    delete data;
+}
+
+}  // namespace
+
+PicturesPanel::PicturesPanel(Main& main)
+    : main_(main),
+      window_(new wxSplitterWindow(&main, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
+      right_(new wxSplitterWindow(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
+      ListP_(new ListView(window_)) {
+  Layout();
+  Bind();
+}
+
+void PicturesPanel::Layout() {
+  const int gap = window_->FromDIP(6);
+  auto* top = new wxPanel(right_);
+  Frame = new wxStaticBox(top, wxID_ANY, wxString());
+  Pic_ = new PictureView(Frame);
+  gallery_ = new Gallery(right_);
+  auto* box = new wxStaticBoxSizer(Frame, wxVERTICAL);
+  box->Add(Pic_, 1, wxEXPAND | wxALL, gap / 2);
+  auto* around = new wxBoxSizer(wxVERTICAL);
+  around->Add(box, 1, wxEXPAND | wxALL, gap);
+  top->SetSizer(around);
+  for (wxSplitterWindow* splitter : {window_, right_}) splitter->SetMinimumPaneSize(window_->FromDIP(120));
+  right_->SetSashGravity(0.55);
+  window_->SetSashGravity(0.5);
+  right_->SplitHorizontally(top, gallery_);
+  window_->SplitVertically(ListP_, right_);
+}
+
+void PicturesPanel::Bind() {
+  ListP_->onSelect = [this](std::size_t row) { ShowPicture(row); };
+  ListP_->onActivate = [this](std::size_t) { Run(ShowPic); };
+  ListP_->onContextMenu = [this] { PopUp(); };
+  gallery_->onSelect = [this](std::size_t row) { ListP_->Select(row); };
+  gallery_->onActivate = [this](std::size_t) { Run(ShowPic); };
+  gallery_->onContextMenu = [this] { PopUp(); };
+  Pic_->Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent&) { PopUp(); });
+  window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const int key = event.GetModifiers() == wxMOD_CONTROL ? event.GetKeyCode() : 0;
+    const bool inList = ListP_->Control().HasFocus() || gallery_->HasFocus() || Pic_->HasFocus();
+    if (key == 'F')
+      Run(FindP);
+    else if (key == 'G')
+      Run(FindMoreP);
+    else if (key == 'C' && ListP_->Control().HasFocus())
+      ListP_->CopyRows();
+    else if (key == 'C' && inList)
+      Run(CopyPic);
+    else
+      event.Skip();
+  });
+  main_.AcceptDrops(ListP_->Control());
+  main_.AcceptDrops(*gallery_);
+  main_.AcceptDrops(*Pic_);
+}
+
+int PicturesPanel::MenuEntry() const { return tarvelo::Pictures; }
+
+wxWindow& PicturesPanel::Window() { return *window_; }
+
+void PicturesPanel::Build() {
+  if (list_.pictures.empty()) GetPictures();
+  if (!list_.pictures.empty()) ListP_->Select(0);
+  // The splitters have their size only once they are shown.
+  if (!std::exchange(placed_, true))
+    window_->CallAfter([this] {
+      window_->SetSashPosition(std::min(window_->FromDIP(520), window_->GetSize().x * 6 / 10));
+      right_->SetSashPosition(right_->GetSize().y / 2);
+    });
+}
+
+void PicturesPanel::GetPictures() {
+  const Fullflash& image = main_.Open().image;
+  list_ = GetP(image, main_.Status());
+  decoder_ = std::make_unique<PictureDecoder>(image.ff());
+  ListP_->SetTable(PictureTable(list_));
+  gallery_->SetPictures(list_.pictures.size(), [this](std::size_t i) { return Draw(list_.pictures[i]); });
+  main_.InfoText().AppendText(Wx(PictureInformation(list_, main_.Texts())));
+  main_.Status().SetPanel(countPanel,
+                          wxString::Format("%zu / %d", list_.pictures.size(), list_.outsideCount));
+}
+
+void PicturesPanel::Clear() {
+  list_ = PictureList();
+  decoder_.reset();
+  ListP_->SetTable(PictureTable(list_));
+  gallery_->SetPictures(0, {});
+  Pic_->Show(std::nullopt);
+  Frame->SetLabel(wxString());
+}
+
+void PicturesPanel::Save() { main_.SaveList(ListP_->GetTable(), 'P'); }
+
+void PicturesPanel::Recaption(const Messages& messages) { ListP_->SetFilterHint(Wx(messages.Msg(221))); }
+
+Bitmap PicturesPanel::Draw(const Picture& picture) { return decoder_->ShowP(picture, list_.colourSeen); }
+
+const Picture* PicturesPanel::Chosen() const {
+  const auto row = ListP_->Selected();
+  return row ? &list_.pictures[*row] : nullptr;
+}
+
+void PicturesPanel::ShowPicture(std::size_t row) {
+  const Picture& picture = list_.pictures[row];
+  Frame->SetLabel(Wx(picture.Caption()));
+  Pic_->Show(Draw(picture));
+  gallery_->Select(row);
+}
+
+// --- commands ---
+
+std::unique_ptr<wxMenu> PicturesPanel::ContextMenu() const {
+  struct Entry {
+    int id;
+    int message;
+    const char* key = "";
+  };
+  static constexpr Entry entries[] = {{ShowPic, 154},
+                                      {0, 0},
+                                      {SavePic, 149},
+                                      {SaveAllPic, 143},
+                                      {SavePng, 220},
+                                      {0, 0},
+                                      {CopyPic, 219},
+                                      {OffsetP, 132},
+                                      {OpenP, 2},
+                                      {OpenDescP, 178},
+                                      {0, 0},
+                                      {FindP, 119, "\tCtrl+F"},
+                                      {FindMoreP, 118, "\tCtrl+G"},
+                                      {0, 0},
+                                      {ZoomIn, 223, "\t+"},
+                                      {ZoomOut, 224, "\t-"},
+                                      {ZoomFit, 222, "\t0"}};
+  std::vector<wxString> captions;
+  for (const Entry& entry : entries) captions.push_back(Wx(main_.Texts().Msg(entry.message)));
+  captions = WithMnemonics(captions);
+  auto menu = std::make_unique<wxMenu>();
+  for (std::size_t i = 0; i < std::size(entries); ++i) {
+    const auto& [id, message, key] = entries[i];
+    if (id == 0)
+      menu->AppendSeparator();
+    else
+      menu->Append(id, captions[i] + key, wxString(), id == SavePng ? wxITEM_CHECK : wxITEM_NORMAL);
+  }
+  menu->Check(SavePng, savePng_);
+  for (const int id : {ShowPic, SavePic, CopyPic, OffsetP}) menu->Enable(id, Chosen() != nullptr);
+  for (const int id : {SaveAllPic, FindP, FindMoreP}) menu->Enable(id, !list_.pictures.empty());
+  for (const int id : {OpenP, OpenDescP}) menu->Enable(id, false);  // there is no hex view yet
+  return menu;
+}
+
+void PicturesPanel::PopUp() {
+  const std::unique_ptr<wxMenu> menu = ContextMenu();
+  Run(window_->GetPopupMenuSelectionFromUser(*menu));
+}
+
+void PicturesPanel::Run(int id) {
+  const std::pair<int, std::pair<int, void (PicturesPanel::*)()>> commands[] = {
+      {ShowPic, {154, &PicturesPanel::ShowPic_Click}},       {SavePic, {149, &PicturesPanel::SavePic_Click}},
+      {SaveAllPic, {143, &PicturesPanel::SaveAllPic_Click}}, {CopyPic, {219, &PicturesPanel::CopyPic_Click}},
+      {OffsetP, {132, &PicturesPanel::OffsetP_Click}},       {FindP, {119, &PicturesPanel::FindP_Click}},
+      {FindMoreP, {118, &PicturesPanel::FindMoreP_Click}}};
+  for (const auto& [command, action] : commands)
+    if (command == id)
+      main_.RunGuarded(Wx(main_.Texts().Msg(action.first)), [&] { (this->*action.second)(); });
+  if (id == SavePng) savePng_ = !savePng_;
+  if (id == ZoomIn || id == ZoomOut) Pic_->ZoomBy(id == ZoomIn ? 1 : -1);
+  if (id == ZoomFit) Pic_->Fit();
+}
+
+std::filesystem::path PicturesPanel::Folder() const { return main_.Open().FileDir / "BMP"; }
+
+// Writes a picture as a bitmap, and beside it as PNG if the user wants that too. Returns the bitmap's
+// path.
+std::filesystem::path PicturesPanel::SaveCurPic(const Picture& picture) {
+  const std::string stem = PathText(main_.Open().FileStem.filename());
+  if (savePng_) SavePicture(*decoder_, picture, list_.colourSeen, Folder(), stem, PictureFormat::Png);
+  return *SavePicture(*decoder_, picture, list_.colourSeen, Folder(), stem, PictureFormat::Bmp);
+}
+
+void PicturesPanel::SavePic_Click() {
+  const Picture* picture = Chosen();
+  if (!picture) return;
+  const std::filesystem::path file = SaveCurPic(*picture);
+  main_.Tell(Wx(main_.Texts().MsgS(41, std::to_string(picture->number))), file);
+}
+
+void PicturesPanel::SaveAllPic_Click() {
+  {
+    ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(list_.pictures.size()));
+    for (const Picture& picture : list_.pictures) {
+      run.At(picture.number);
+      if (run.StopAsked()) return;
+      SaveCurPic(picture);
+    }
+  }
+  main_.Tell(Wx(main_.Texts().Msg(42)), Folder() / "NNNN.bmp");
+}
+
+void PicturesPanel::CopyPic_Click() {
+  const auto& bitmap = Pic_->GetBitmap();
+  if (!Chosen() || !bitmap || bitmap->pixels.empty()) return;
+  // At its own size, and without the checkerboard: what is transparent is so in the clipboard too.
+  wxImage image = ToImage(*bitmap, 1, wxRect(0, 0, bitmap->width, bitmap->height));
+  image.InitAlpha();
+  for (int y = 0; y < bitmap->height; ++y)
+    for (int x = 0; x < bitmap->width; ++x)
+      image.SetAlpha(x, y, bitmap->At(x, y) == backgroundColour ? 0 : 255);
+  ToClipboard(new wxBitmapDataObject(wxBitmap(image)));
+}
+
+void PicturesPanel::OffsetP_Click() {
+  const Picture* picture = Chosen();
+  if (!picture) return;
+  ToClipboard(new wxTextDataObject(Wx(PadZero(Hex(static_cast<std::uint32_t>(picture->data)), 6))));
+}
+
+void PicturesPanel::ShowPic_Click() {
+  if (!Chosen()) return;
+  Pic_->Fit();
+  Pic_->SetFocus();
+}
+
+void PicturesPanel::FindP_Click() {
+  const auto text = main_.Ask(34, searched_);
+  if (!text) return;
+  searched_ = *text;
+  FindFrom(false);
+}
+
+void PicturesPanel::FindMoreP_Click() {
+  if (searched_.empty())
+    FindP_Click();
+  else
+    FindFrom(true);
+}
+
+void PicturesPanel::FindFrom(bool behindCurrent) {
+  if (!ListP_->Find(searched_, behindCurrent)) main_.Complain(Wx(main_.Texts().MsgS(35, searched_)));
+}
+
+}  // namespace tarvelo

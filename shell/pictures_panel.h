@@ -1,0 +1,96 @@
+// The Pictures panel: the list of pictures, the chosen one enlarged in its frame, and a gallery of all.
+#pragma once
+
+#include <wx/menu.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "media/picture.h"
+#include "media/picture_data.h"
+#include "shell/panel.h"
+
+class wxSplitterWindow;
+class wxStaticBox;
+
+namespace tarvelo {
+
+class Gallery;
+class ListView;
+class Main;
+class PictureView;
+
+class PicturesPanel final : public Panel {
+ public:
+  explicit PicturesPanel(Main& main);
+
+  [[nodiscard]] int MenuEntry() const override;
+  [[nodiscard]] int Name() const override { return 136; }
+  [[nodiscard]] int SaveTextCaption() const override { return 5; }
+  [[nodiscard]] wxWindow& Window() override;
+  // Looks for pictures while none are listed, and selects the first.
+  void Build() override;
+  void Save() override;
+  void Clear() override;
+  void Recaption(const Messages& messages) override;
+
+  // The commands of the context menu. Those that need a chosen picture do nothing without one.
+  void SavePic_Click();
+  void SaveAllPic_Click();
+  void CopyPic_Click();
+  void OffsetP_Click();
+  void ShowPic_Click();
+  void FindP_Click();
+  void FindMoreP_Click();
+
+  enum MenuId : int {
+    ShowPic = 1,
+    SavePic,
+    SaveAllPic,
+    SavePng,
+    CopyPic,
+    OffsetP,
+    OpenP,
+    OpenDescP,
+    FindP,
+    FindMoreP,
+    ZoomIn,
+    ZoomOut,
+    ZoomFit
+  };
+  [[nodiscard]] std::unique_ptr<wxMenu> ContextMenu() const;
+  void Run(int id);
+
+  [[nodiscard]] ListView& ListP() { return *ListP_; }
+  [[nodiscard]] PictureView& Pic() { return *Pic_; }
+  [[nodiscard]] Gallery& AllPictures() { return *gallery_; }
+  [[nodiscard]] const PictureList& Pictures() const { return list_; }
+
+ private:
+  void Layout();
+  void Bind();
+  void GetPictures();
+  void ShowPicture(std::size_t row);
+  [[nodiscard]] const Picture* Chosen() const;
+  [[nodiscard]] Bitmap Draw(const Picture& picture);
+  [[nodiscard]] std::filesystem::path Folder() const;
+  std::filesystem::path SaveCurPic(const Picture& picture);
+  void FindFrom(bool behindCurrent);
+  void PopUp();
+
+  Main& main_;
+  wxSplitterWindow* window_;
+  wxSplitterWindow* right_;
+  ListView* ListP_;
+  wxStaticBox* Frame;
+  PictureView* Pic_;
+  Gallery* gallery_;
+  PictureList list_;
+  std::unique_ptr<PictureDecoder> decoder_;
+  std::string searched_;
+  bool savePng_ = false;
+  bool placed_ = false;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,14 @@
+#include <wx/app.h>
+
+#include "shell/platform/arguments.h"
+#include "shell/strings.h"
+
+namespace tarvelo::platform {
+
+std::vector<std::string> Arguments() {
+  std::vector<std::string> arguments;
+  for (int i = 1; i < wxTheApp->argc; ++i) arguments.push_back(Utf8(wxString(wxTheApp->argv[i])));
+  return arguments;
+}
+
+}  // namespace tarvelo::platform
