@@ -1,6 +1,7 @@
 #include "media/picture_data.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "media/colours.h"
 
@@ -24,6 +25,10 @@ Colour ColourOf(int bitsPerPixel, int value, bool plainMonochromeIsWhite) {
     default: return backgroundColour;
   }
 }
+
+bool IsEmptyMonochromeRun(int byte) { return (byte & 0xBF) == 0x80; }
+
+bool IsEmptyColourRun(int byte) { return byte == 0; }
 
 }  // namespace
 
@@ -66,8 +71,8 @@ Offset PictureDecoder::WalkMonochrome(Offset p, int pixels, Draw draw) {
   const auto end = static_cast<Offset>(image_.size());
   while (pixels > 0 && p < end) {
     const int b = image_[static_cast<std::size_t>(p)];
-    if ((b & 0xBF) == 0x80) {
-      p = SkipEmptyRuns<1>(p, [](int byte) { return (byte & 0xBF) == 0x80; });
+    if (IsEmptyMonochromeRun(b)) {
+      p = SkipEmptyRuns<1>(p, IsEmptyMonochromeRun);
       continue;
     }
     ++p;
@@ -87,8 +92,8 @@ Offset PictureDecoder::WalkColour(Offset p, int pixels, Draw draw) {
   const auto byte = [&](Offset at) { return static_cast<int>(image_[static_cast<std::size_t>(at)]); };
   while (pixels > 0 && p < end) {
     const int n = byte(p);
-    if (n == 0) {
-      p = SkipEmptyRuns<1 + colourBytes>(p, [](int b) { return b == 0; });
+    if (IsEmptyColourRun(n)) {
+      p = SkipEmptyRuns<1 + colourBytes>(p, IsEmptyColourRun);
       continue;
     }
     ++p;
@@ -118,10 +123,62 @@ Offset PictureDecoder::Walk(int bitsPerPixel, Offset data, int pixels, Draw draw
   }
 }
 
+// The code at an offset: a run or a block of literals.
+PictureDecoder::Code PictureDecoder::CodeAt(Offset p, int bitsPerPixel) const {
+  const int n = image_[static_cast<std::size_t>(p)];
+  if (bitsPerPixel == 1) return {1, n < 0x80 ? 7 : n & 0x3F};
+  const int colourBytes = bitsPerPixel == 8 ? 1 : 2;
+  if (n < 0x80) return {1 + colourBytes, n};
+  return {1 + colourBytes * (256 - n), 256 - n};
+}
+
+// Follows a stream over whole codes, as far as that is possible without meeting the last pixel or the
+// image's end. Pictures whose data overlap walk the same codes again and again; so about each 500th
+// code remembers which of these comes next, and how many pixels lie between.
+void PictureDecoder::SkipWholeCodes(Offset& p, int& pixels, int bitsPerPixel) {
+  const auto end = static_cast<Offset>(image_.size());
+  const auto remembers = [](Offset at) {
+    return static_cast<std::uint64_t>(at) * 0x9E3779B97F4A7C15 >> 55 == 0;
+  };
+  auto& memory = landmarks_[bitsPerPixel == 1 ? 0 : bitsPerPixel == 8 ? 1 : 2];
+  std::optional<Offset> last;  // the landmark passed last
+  int pixelsThere = 0;         // what was left to draw at it
+  while (p < end) {
+    if (remembers(p)) {
+      if (last) memory.try_emplace(*last, p, pixelsThere - pixels);
+      const auto known = memory.find(p);
+      if (known != memory.end()) {
+        if (known->second.pixels >= pixels) return;
+        pixels -= known->second.pixels;
+        p = known->second.next;
+        last.reset();
+        continue;
+      }
+      last = p;
+      pixelsThere = pixels;
+    }
+    const Code code = CodeAt(p, bitsPerPixel);
+    if (code.pixels == 0)
+      p = bitsPerPixel == 1   ? SkipEmptyRuns<1>(p, IsEmptyMonochromeRun)
+          : bitsPerPixel == 8 ? SkipEmptyRuns<2>(p, IsEmptyColourRun)
+                              : SkipEmptyRuns<3>(p, IsEmptyColourRun);
+    else if (code.pixels >= pixels || p + code.length > end)
+      return;
+    else {
+      p += code.length;
+      pixels -= code.pixels;
+    }
+  }
+}
+
 int PictureDecoder::SizeP(int width, int height, int bitsPerPixel, Offset data, std::uint8_t type) {
   if (type < 0x80) return Stride(width, bitsPerPixel) * height;
-  const Offset end = Walk(bitsPerPixel, data, width * height, [](int, int) {});
-  return static_cast<int>(end - data);
+  const bool hasStream = bitsPerPixel == 1 || bitsPerPixel >= 8;
+  int pixels = width * height;
+  if (!hasStream || pixels == 0 || data < 0 || data >= static_cast<Offset>(image_.size())) return 0;
+  Offset p = data;
+  SkipWholeCodes(p, pixels, bitsPerPixel);
+  return static_cast<int>(Walk(bitsPerPixel, p, pixels, [](int, int) {}) - data);
 }
 
 void PictureDecoder::DrawPlain(const Picture& picture, bool colourSeen, Bitmap& bitmap) const try {

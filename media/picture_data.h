@@ -9,6 +9,7 @@
 #pragma once
 
 #include <array>
+#include <unordered_map>
 #include <vector>
 
 #include "media/bitmap.h"
@@ -38,6 +39,14 @@ class PictureDecoder {
   struct Stretch {
     Offset begin, end;
   };
+  struct Code {
+    int length;  // bytes
+    int pixels;
+  };
+  struct Landmark {
+    Offset next;
+    int pixels;
+  };
 
   template <typename Draw>
   Offset WalkMonochrome(Offset p, int pixels, Draw draw);
@@ -47,6 +56,8 @@ class PictureDecoder {
   Offset Walk(int bitsPerPixel, Offset data, int pixels, Draw draw);
   void DrawPlain(const Picture& picture, bool colourSeen, Bitmap& bitmap) const;
 
+  [[nodiscard]] Code CodeAt(Offset p, int bitsPerPixel) const;
+  void SkipWholeCodes(Offset& p, int& pixels, int bitsPerPixel);
   template <int length, typename IsEmpty>
   Offset SkipEmptyRuns(Offset p, IsEmpty isEmpty);
 
@@ -54,6 +65,8 @@ class PictureDecoder {
   // Long stretches of runs of no pixels, by the length of such a run and the residue of their
   // offsets. Each is walked once, however many pictures begin in it.
   std::array<std::array<std::vector<Stretch>, 3>, 4> stretches_;
+  // Where streams have come by, for 1, 8, and 12 and 16 bits.
+  std::array<std::unordered_map<Offset, Landmark>, 3> landmarks_;
 };
 
 }  // namespace tarvelo

@@ -106,7 +106,7 @@ std::optional<std::size_t> Gallery::At(const wxPoint& point) const {
 void Gallery::Paint(wxPaintEvent&) {
   wxAutoBufferedPaintDC dc(this);
   DoPrepareDC(dc);
-  dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+  dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
   dc.Clear();
   const int top = CalcUnscrolledPosition(wxPoint(0, 0)).y;
   const auto firstRow = static_cast<std::size_t>(top / cell_.y);

@@ -68,8 +68,12 @@ ListView::ListView(wxWindow* parent)
   control_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
     if (const auto row = Selected(); row && onActivate) onActivate(*row);
   });
-  control_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent&) {
-    if (onContextMenu) onContextMenu();
+  control_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent& event) {
+    // The row under the mouse is the one that is meant, also where the news of its selection is still
+    // to come; several selected rows stay so.
+    if (event.GetItem().IsOk() && control_->GetSelectedItemsCount() <= 1)
+      Select(order_[model_->GetRow(event.GetItem())]);
+    if (onContextMenu) CallAfter([this] { onContextMenu(); });
   });
   control_->Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [this](wxDataViewEvent& event) {
     if (event.GetColumn() >= 0) SortBy(static_cast<unsigned>(event.GetColumn()));

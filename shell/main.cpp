@@ -102,7 +102,7 @@ void Main::ShowPanel(Panel& panel) {
   panel.Build();
   UnVis();
   panel.Window().Show();
-  panel.Window().SetFocus();
+  panel.FirstFocus().SetFocus();
   visible_ = &panel;
   SetTitle(wxString(productName) + " - " + Msg(panel.Name()));
   menus_->CheckPanel(panel.MenuEntry());

@@ -20,6 +20,9 @@ class Panel {
   // Its window, a child of the main window.
   [[nodiscard]] virtual wxWindow& Window() = 0;
 
+  // What takes the keyboard when it is shown.
+  [[nodiscard]] virtual wxWindow& FirstFocus() { return Window(); }
+
   // Makes what it shows. Called each time before it becomes visible; it decides what is left to do.
   virtual void Build() = 0;
   // Writes what it shows to a file beside the dump and tells the user.

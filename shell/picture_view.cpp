@@ -2,7 +2,6 @@
 
 #include <wx/dcbuffer.h>
 #include <wx/image.h>
-#include <wx/settings.h>
 
 #include <algorithm>
 
@@ -12,6 +11,7 @@ namespace {
 constexpr int square = 4;  // of the checkerboard, in pixels of the screen
 constexpr Colour lightSquare = 0xFFFFFF;
 constexpr Colour darkSquare = 0xD0D0D8;
+const wxColour surroundings(0x96, 0x9A, 0xA0);  // neither white nor black, as pictures often are
 
 }  // namespace
 
@@ -71,7 +71,7 @@ void PictureView::Update() {
 // Only what is seen is drawn: a picture of 255 x 255 at 16x would be 16 million pixels.
 void PictureView::Paint(wxPaintEvent&) {
   wxAutoBufferedPaintDC dc(this);
-  dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_APPWORKSPACE));
+  dc.SetBackground(surroundings);
   dc.Clear();
   if (!bitmap_ || bitmap_->pixels.empty()) return;
   const wxSize whole(bitmap_->width * zoom_, bitmap_->height * zoom_);

@@ -95,13 +95,15 @@ int PicturesPanel::MenuEntry() const { return tarvelo::Pictures; }
 
 wxWindow& PicturesPanel::Window() { return *window_; }
 
+wxWindow& PicturesPanel::FirstFocus() { return ListP_->Control(); }
+
 void PicturesPanel::Build() {
   if (list_.pictures.empty()) GetPictures();
   if (!list_.pictures.empty()) ListP_->Select(0);
   // The splitters have their size only once they are shown.
   if (!std::exchange(placed_, true))
     window_->CallAfter([this] {
-      window_->SetSashPosition(std::min(window_->FromDIP(520), window_->GetSize().x * 6 / 10));
+      window_->SetSashPosition(std::min(window_->FromDIP(575), window_->GetSize().x * 13 / 20));
       right_->SetSashPosition(right_->GetSize().y / 2);
     });
 }

@@ -29,6 +29,7 @@ class PicturesPanel final : public Panel {
   [[nodiscard]] int Name() const override { return 136; }
   [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override;
+  [[nodiscard]] wxWindow& FirstFocus() override;
   // Looks for pictures while none are listed, and selects the first.
   void Build() override;
   void Save() override;

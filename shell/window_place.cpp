@@ -38,7 +38,7 @@ void RestorePlace(wxFrame& window, const Settings& settings) {
   if (place && CanBeReached(window, *place)) {
     window.SetSize(*place);
   } else {
-    window.SetSize(window.FromDIP(wxSize(960, 620)));
+    window.SetSize(window.FromDIP(wxSize(1000, 640)));
     window.Centre();
   }
   if (settings.GetIni(section, "Maximized") == "1") window.Maximize();
