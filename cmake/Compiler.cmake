@@ -3,7 +3,8 @@ add_library(tarvelo_compiler INTERFACE)
 target_compile_options(tarvelo_compiler INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wcast-qual -Wimplicit-fallthrough
   -Wno-missing-field-initializers  # designated initialisers name what matters
-  -Wno-restrict -Wno-stringop-overflow  # false alarms of GCC 12 inside its own headers at -O3
+  # false alarms of GCC 12 inside its own headers at -O3
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-stringop-overflow>
   $<$<BOOL:${TARVELO_WERROR}>:-Werror>)
 if(TARVELO_SANITIZE)
   target_compile_options(tarvelo_compiler INTERFACE

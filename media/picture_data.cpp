@@ -1,7 +1,6 @@
 #include "media/picture_data.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "media/colours.h"
 
@@ -141,17 +140,17 @@ void PictureDecoder::SkipWholeCodes(Offset& p, int& pixels, int bitsPerPixel) {
     return static_cast<std::uint64_t>(at) * 0x9E3779B97F4A7C15 >> 55 == 0;
   };
   auto& memory = landmarks_[bitsPerPixel == 1 ? 0 : bitsPerPixel == 8 ? 1 : 2];
-  std::optional<Offset> last;  // the landmark passed last
-  int pixelsThere = 0;         // what was left to draw at it
+  Offset last = -1;     // the landmark passed last
+  int pixelsThere = 0;  // what was left to draw at it
   while (p < end) {
     if (remembers(p)) {
-      if (last) memory.try_emplace(*last, p, pixelsThere - pixels);
+      if (last >= 0) memory.try_emplace(last, Landmark{p, pixelsThere - pixels});
       const auto known = memory.find(p);
       if (known != memory.end()) {
         if (known->second.pixels >= pixels) return;
         pixels -= known->second.pixels;
         p = known->second.next;
-        last.reset();
+        last = -1;
         continue;
       }
       last = p;
