@@ -8,6 +8,7 @@
 #include <fstream>
 #include <vector>
 
+#include "bench/scan_bench.h"
 #include "core/identification.h"
 #include "demo/demo_image.h"
 
@@ -80,5 +81,6 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   tarvelo::PrintRatio();
+  tarvelo::PrintScanRatios();
   std::filesystem::remove(tarvelo::DumpFile());
 }

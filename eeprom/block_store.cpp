@@ -1,0 +1,170 @@
+#include "eeprom/block_store.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+namespace tarvelo {
+namespace {
+
+constexpr Offset step = 4;
+constexpr Offset progressStep = 0x1000;
+constexpr Offset lastOfWholeScan = 0x800000;  // last index of the longest image that is searched whole
+constexpr Offset storeLength = 0xA0000;
+
+using Header = std::span<const std::uint8_t, blockHeaderLength>;
+
+struct Viewer {
+  int first, last;  // numbers
+  ViewerEntry entry;
+};
+
+constexpr Viewer viewers[] = {
+    {67, 67, ViewerEntry::x0067},     {71, 71, ViewerEntry::x0071},     {280, 280, ViewerEntry::x0280},
+    {5076, 5076, ViewerEntry::x5076}, {5079, 5079, ViewerEntry::x5079}, {5098, 5107, ViewerEntry::x509x},
+    {5124, 5124, ViewerEntry::x5124}, {5136, 5136, ViewerEntry::x5136}, {5166, 5166, ViewerEntry::x5166},
+    {5168, 5168, ViewerEntry::x5168}, {5170, 5179, ViewerEntry::x517x}, {5206, 5206, ViewerEntry::x5206},
+    {5209, 5209, ViewerEntry::x5209}, {5237, 5241, ViewerEntry::x5136}, {5262, 5262, ViewerEntry::x5262},
+    {5274, 5274, ViewerEntry::x5274}, {5275, 5275, ViewerEntry::x5275}, {5276, 5276, ViewerEntry::x5276},
+    {5277, 5277, ViewerEntry::x5277}, {5278, 5278, ViewerEntry::x5278},
+};
+
+std::size_t IndexOf(ViewerEntry entry) { return static_cast<std::size_t>(entry); }
+
+// Byte 6 of a header: the 64 KiB blocks of the address space that can hold data.
+bool CanHoldData(std::uint8_t block) {
+  return block == 0xBF || (block >= 0x7C && block <= 0x7F) || block >= 0xF6;
+}
+
+bool IsHeader(Header h) {
+  const bool isState = h[0] == liveBlockState || h[0] == deletedBlockState;
+  return isState && h[11] == h[0] && h[1] <= 0x21 && h[3] <= 0x14 && h[7] == 0 && h[9] < 0x19 &&
+         CanHoldData(h[6]);
+}
+
+constexpr Offset positionsAtOnce = 128;
+
+std::uint32_t DWordAt(const std::uint8_t* bytes) {
+  static_assert(std::endian::native == std::endian::little);
+  std::uint32_t value = 0;
+  std::memcpy(&value, bytes, sizeof value);
+  return value;
+}
+
+// Whether any of the next 128 positions can be a header, by some bits of its first 8 bytes: they turn
+// away erased and zero bytes, and nearly all code. No early way out, so that the compiler can use
+// vectors. Reads the 516 bytes from the first position on.
+bool AnyCandidate(const std::uint8_t* bytes) {
+  std::uint32_t found = 0;
+  for (Offset i = 0; i < positionsAtOnce; ++i) {
+    const std::uint8_t* header = bytes + i * step;
+    // Bytes 0, 1, 3: 0xF0, 0xFC or two more, below 0x40, below 0x20.
+    const std::uint32_t first = (DWordAt(header) & 0xE000C0F3) ^ 0x000000F0;
+    const std::uint32_t second = DWordAt(header + 4) & 0xFF000000;  // byte 7 is 0
+    found |= (first | second) == 0 ? ~std::uint32_t{0} : 0;
+  }
+  return found != 0;
+}
+
+Offset ScanStart(Offset last, std::string_view model) {
+  // A C60 is searched whole on purpose, however long its image is.
+  if (model == "C60" || last <= lastOfWholeScan) return 0;
+  return last - storeLength + 1;
+}
+
+class Scan {
+ public:
+  Scan(const Fullflash& image, std::string_view model, Progress& progress)
+      : image_(image),
+        start_(ScanStart(image.ffEnd(), model)),
+        last_(Offset{image.ffEnd()} - (blockHeaderLength - 1)),
+        progress_(progress, start_, image.ffEnd()) {}
+
+  BlockStore Run() {
+    constexpr Offset blockLength = positionsAtOnce * step;
+    Offset nextProgress = start_;
+    for (Offset p = start_; p <= last_;) {
+      if (p >= nextProgress) {
+        progress_.At(p);
+        nextProgress = (p / progressStep + 1) * progressStep;
+      }
+      const Offset blockEnd = p + blockLength;
+      if (blockEnd - step <= last_ && !AnyCandidate(image_.ff().data() + p))
+        p = blockEnd;
+      else
+        while (p < blockEnd && p <= last_) p += Take(p);
+    }
+    return std::move(store_);
+  }
+
+ private:
+  // Looks at one position. Returns how far it is to the next.
+  Offset Take(Offset p) {
+    const Header header(image_.ff().data() + p, blockHeaderLength);
+    if (!IsHeader(header) || !IsBlockNumber(image_.Word(p + 8))) return step;
+    Add(p);
+    return blockHeaderLength;
+  }
+
+  void Add(Offset p) {
+    if (store_.records.size() == mostBlocks)
+      throw std::length_error("more than " + std::to_string(mostBlocks) + " EEPROM block headers");
+    EepromBlockRecord record;
+    record.Number = image_.Word(p + 8);
+    record.V = image_.Byte(p + 1);
+    // Byte 7 is 0: neither the double word nor the difference can overflow.
+    record.DataOffset = image_.DWord(p + 4) - image_.LoadBase();
+    record.Size = image_.Word(p + 2);
+    record.State = image_.Byte(p);
+    record.HeaderPos = static_cast<std::int32_t>(p);
+    if (record.IsDeleted())
+      ++store_.DeletedCount;
+    else
+      EnterLive(record);
+    store_.records.push_back(record);
+  }
+
+  void EnterLive(EepromBlockRecord& record) {
+    store_.BlockOffset[record.Number] = record.DataOffset;
+    store_.BlockSize[record.Number] = record.Size;
+    store_.BlockV[record.Number] = record.V;
+    const auto viewer = ViewerOf(record.Number);
+    record.HasViewer = viewer.has_value();
+    if (viewer) store_.viewers.set(IndexOf(*viewer));
+  }
+
+  const Fullflash& image_;
+  const Offset start_;
+  const Offset last_;  // the last position where a header fits
+  ProgressRun progress_;
+  BlockStore store_;
+};
+
+}  // namespace
+
+bool IsBlockNumber(int number) {
+  return (number >= 1 && number <= 999) || (number >= 5001 && number <= 5999);
+}
+
+std::optional<ViewerEntry> ViewerOf(int number) {
+  const auto found = std::ranges::find_if(
+      viewers, [&](const Viewer& viewer) { return number >= viewer.first && number <= viewer.last; });
+  if (found == std::end(viewers)) return std::nullopt;
+  return found->entry;
+}
+
+ViewerSet EnabledViewers(const ViewerSet& before, const ViewerSet& found) {
+  ViewerSet stay;
+  for (const auto entry : {ViewerEntry::x5275, ViewerEntry::x5276, ViewerEntry::x5277, ViewerEntry::x5278})
+    stay.set(IndexOf(entry));
+  return (before & stay) | found;
+}
+
+BlockStore GetEE(const Fullflash& image, std::string_view model, Progress& progress) {
+  return Scan(image, model, progress).Run();
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,246 @@
+#include "eeprom/block_store.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <set>
+
+#include "demo/image_builder.h"
+
+namespace tarvelo {
+namespace {
+
+using Header = std::array<std::uint8_t, 12>;
+
+// A live header of block 654: V 5, 0x1234 bytes at phone address 0xF65678.
+constexpr Header good{0xFC, 0x05, 0x34, 0x12, 0x78, 0x56, 0xF6, 0x00, 0x8E, 0x02, 0x77, 0xFC};
+
+struct Change {
+  std::size_t at;
+  int value;
+};
+
+Header With(std::initializer_list<Change> changes) {
+  Header header = good;
+  for (const auto& [at, value] : changes) header[at] = static_cast<std::uint8_t>(value);
+  return header;
+}
+
+Header Numbered(int number) { return With({{8, number}, {9, number >> 8}}); }
+
+Header Deleted(Header header) {
+  header[0] = header[11] = 0xF0;
+  return header;
+}
+
+BlockStore ScanBytes(Bytes bytes, std::string_view model = "") {
+  NoProgress progress;
+  return GetEE(Fullflash(bytes), model, progress);
+}
+
+// The scan of an image that holds the headers one right behind the other, and 600 erased bytes, so that
+// none lies in the stretch at the end that is searched in another way.
+BlockStore ScanHeaders(const std::vector<Header>& headers) {
+  std::vector<std::uint8_t> bytes;
+  for (const Header& header : headers) bytes.insert(bytes.end(), header.begin(), header.end());
+  bytes.resize(bytes.size() + 600, 0xFF);
+  return ScanBytes(bytes);
+}
+
+std::vector<int> Positions(const BlockStore& store) {
+  std::vector<int> positions;
+  for (const EepromBlockRecord& record : store.records) positions.push_back(record.HeaderPos);
+  return positions;
+}
+
+// The scan of an image of `size` bytes with a header at each of the positions.
+BlockStore ScanAt(std::size_t size, std::initializer_list<std::size_t> headers, std::string_view model = "") {
+  ImageBuilder builder(size);
+  for (const std::size_t p : headers) builder.Data(p, good);
+  return ScanBytes(std::move(builder).Take(), model);
+}
+
+TEST(BlockHeader, IsReadFieldByField) {
+  const BlockStore store = ScanAt(0x100000, {0x404});  // offset 0 lies at 0xF00000
+  ASSERT_EQ(store.BlockCount(), 1);
+  EXPECT_EQ(store.records[0], (EepromBlockRecord{654, 5, 0x65678, 0x1234, false, 0xFC, 0x404}));
+  EXPECT_EQ(store.BlockOffset[654], 0x65678);
+  EXPECT_EQ(store.BlockSize[654], 0x1234);
+  EXPECT_EQ(store.BlockV[654], 5);
+}
+
+TEST(BlockHeader, MayPointOutsideTheImage) {
+  EXPECT_EQ(ScanAt(12, {0}).BlockOffset[654], -0x9A97C);                             // from 0xFFFFF4 on
+  EXPECT_EQ(ScanAt(0x1000001, {0x1000001 - 0xA0000}).BlockOffset[654], 0x60F65678);  // from 0xA0000000 on
+}
+
+TEST(BlockHeader, BreaksNoRule) {
+  const std::initializer_list<Change> misses[] = {{{0, 0xF0}},              // the copy is that of a live one
+                                                  {{11, 0xF0}},             // the other way round
+                                                  {{0, 0xF4}, {11, 0xF4}},  // no states
+                                                  {{0, 0xF8}, {11, 0xF8}},
+                                                  {{0, 0xFF}, {11, 0xFF}},
+                                                  {{1, 0x22}},
+                                                  {{1, 0xFF}},
+                                                  {{3, 0x15}},
+                                                  {{3, 0xFF}},
+                                                  {{7, 0x01}},
+                                                  {{7, 0x80}},
+                                                  {{9, 0x19}}};
+  for (const auto& changes : misses)
+    EXPECT_EQ(ScanHeaders({With(changes)}).BlockCount(), 0) << changes.begin()->at << changes.begin()->value;
+  const std::initializer_list<Change> hits[] = {
+      {{1, 0}}, {{1, 0x21}}, {{3, 0}}, {{2, 0xFF}, {3, 0x14}}, {{4, 0xFF}, {5, 0xFF}}, {{10, 0xFF}}};
+  for (const auto& changes : hits)
+    EXPECT_EQ(ScanHeaders({With(changes)}).BlockCount(), 1) << changes.begin()->at << changes.begin()->value;
+
+  for (int place = 0; place < 0x100; ++place) {
+    const bool holdsData = place == 0xBF || place >= 0xF6 || (place >= 0x7C && place <= 0x7F);
+    EXPECT_EQ(ScanHeaders({With({{6, place}})}).BlockCount(), holdsData ? 1 : 0) << place;
+  }
+  for (const int number : {0, 1000, 1001, 5000, 6000, 6001, 0x18FF})
+    EXPECT_EQ(ScanHeaders({Numbered(number)}).BlockCount(), 0) << number;
+  for (const std::uint16_t number : {1, 255, 256, 999, 5001, 5999})
+    EXPECT_EQ(ScanHeaders({Numbered(number)}).BlockSize[number], 0x1234) << number;
+}
+
+TEST(GetEE, LooksAtEveryFourthPositionToTheEnd) {
+  for (std::size_t p = 0; p < 1300; ++p) {
+    const std::vector<int> expected(p % 4 == 0 ? 1 : 0, static_cast<int>(p));
+    for (const std::size_t behind : {0, 1, 600})
+      EXPECT_EQ(Positions(ScanAt(p + 12 + behind, {p})), expected) << p << ' ' << behind;
+  }
+  for (std::size_t size = 0; size < 12; ++size)
+    EXPECT_EQ(ScanBytes(Bytes(good).first(size)).BlockCount(), 0) << size;
+}
+
+TEST(GetEE, FindsHeadersOneBehindTheOther) {
+  const BlockStore store = ScanHeaders({good, Numbered(1), Numbered(0), Deleted(good), Numbered(5999)});
+  EXPECT_EQ(Positions(store), (std::vector{0, 12, 36, 48}));
+  EXPECT_EQ(store.LiveCount(), 3);
+  EXPECT_EQ(store.DeletedCount, 1);
+}
+
+TEST(GetEE, SearchesTheEndOfLongImages) {
+  const auto scan = [](std::size_t size, std::string_view model) {
+    return Positions(ScanAt(size, {0, 0x75FFF6, 0x760002, 0x760010, size - 12}, model));
+  };
+  EXPECT_EQ(scan(0x800000, "S55"), (std::vector{0, 0x760010, 0x7FFFF4}));
+  EXPECT_EQ(scan(0x800001, "S55"), (std::vector{0, 0x760010}));
+  // One byte more, and the scan starts at 0x760002, which decides on the positions too.
+  for (const char* model : {"S55", "c60", ""})
+    EXPECT_EQ(scan(0x800002, model), (std::vector{0x760002, 0x7FFFF6})) << model;
+  EXPECT_EQ(scan(0x800002, "C60"), (std::vector{0, 0x760010}));
+}
+
+TEST(GetEE, KeepsTheLastLiveGeneration) {
+  const BlockStore store = ScanHeaders({With({{1, 1}, {2, 0x10}}), With({{1, 2}, {2, 0x20}, {4, 0x00}}),
+                                        Deleted(With({{1, 3}, {2, 0x30}, {4, 0x88}}))});
+  EXPECT_EQ(store.BlockCount(), 3);
+  EXPECT_EQ(store.BlockV[654], 2);
+  EXPECT_EQ(store.BlockSize[654], 0x1220);
+  EXPECT_EQ(store.BlockOffset[654], 0xF65600 - (0x1000000 - 636));
+
+  const BlockStore gone = ScanHeaders({Deleted(good)});
+  EXPECT_EQ(gone.BlockCount(), 1);
+  EXPECT_EQ(gone.BlockOffset, std::vector<std::int32_t>(6001));
+  EXPECT_EQ(gone.BlockSize, std::vector<std::uint16_t>(6001));
+  EXPECT_EQ(gone.BlockV, std::vector<std::uint8_t>(6001));
+}
+
+TEST(Viewers, BelongToLiveBlocks) {
+  std::set<int> numbers{5079, 5076, 5124, 5166, 280,  5206, 71,   5209, 5168,
+                        5262, 5136, 5274, 5275, 5276, 5277, 5278, 67};
+  for (const auto& [first, last] : {std::pair{5098, 5107}, {5170, 5179}, {5237, 5241}})
+    for (int number = first; number <= last; ++number) numbers.insert(number);
+  ViewerSet all;
+  for (int number = 1; number < 6000; ++number) {
+    if (!IsBlockNumber(number)) continue;
+    const BlockStore store = ScanHeaders({Numbered(number), Deleted(Numbered(number))});
+    EXPECT_EQ(store.records[0].HasViewer, numbers.contains(number)) << number;
+    EXPECT_EQ(store.viewers.count(), numbers.count(number)) << number;
+    EXPECT_FALSE(store.records[1].HasViewer);
+    all |= store.viewers;
+  }
+  EXPECT_EQ(all.count(), 19);
+  EXPECT_TRUE(ScanHeaders({Deleted(Numbered(67))}).viewers.none());
+  EXPECT_EQ(ViewerOf(5098), ViewerEntry::x509x);
+  EXPECT_EQ(ViewerOf(5179), ViewerEntry::x517x);
+  EXPECT_EQ(ViewerOf(5241), ViewerEntry::x5136);
+
+  // The next image, with a block 67 alone: x5275 .. x5278 stay enabled.
+  const ViewerSet nextImage = EnabledViewers(all, ScanHeaders({Numbered(67)}).viewers);
+  EXPECT_EQ(nextImage.count(), 5);
+  for (const int number : {67, 5275, 5276, 5277, 5278})
+    EXPECT_TRUE(nextImage[static_cast<std::size_t>(*ViewerOf(number))]);
+  EXPECT_TRUE(EnabledViewers({}, {}).none());
+}
+
+TEST(GetEE, RefusesMoreThanItsLimit) {
+  std::vector<Header> headers(1999, good);
+  headers.push_back(Deleted(good));
+  headers.push_back(Numbered(1000));  // does not count
+  EXPECT_EQ(ScanHeaders(headers).BlockCount(), 2000);
+  headers.push_back(Deleted(good));
+  try {
+    (void)ScanHeaders(headers);
+    FAIL() << "took a record too many";
+  } catch (const std::length_error& error) {
+    EXPECT_NE(std::string_view(error.what()).find("2000"), std::string_view::npos);
+  }
+}
+
+TEST(GetEE, ShowsProgress) {
+  struct : Progress {
+    void Start(std::int64_t first, std::int64_t last) override { calls = {first, last}; }
+    void At(std::int64_t position) override { calls.push_back(position); }
+    void Finish() override { calls.push_back(-1); }
+    std::vector<std::int64_t> calls;
+  } progress;
+  (void)GetEE(Fullflash(ImageBuilder(0x2800).Take()), "", progress);
+  EXPECT_EQ(progress.calls, (std::vector<std::int64_t>{0, 0x27FF, 0, 0x1000, 0x2000, -1}));
+}
+
+// The plain definition: every fourth position, one rule after the other, no shortcut.
+std::vector<EepromBlockRecord> PlainScan(const std::vector<std::uint8_t>& image) {
+  std::vector<EepromBlockRecord> records;
+  for (std::size_t p = 0; p + 12 <= image.size(); p += 4) {
+    const std::uint8_t* h = image.data() + p;
+    if (h[0] != 0xFC && h[0] != 0xF0) continue;
+    if (h[11] != h[0] || h[1] > 0x21 || h[3] > 0x14 || h[7] != 0 || h[9] >= 0x19) continue;
+    if (h[6] != 0xBF && !(h[6] >= 0x7C && h[6] <= 0x7F) && h[6] < 0xF6) continue;
+    const int number = h[8] + 256 * h[9];
+    if (number < 1 || number > 5999 || (number > 999 && number < 5001)) continue;
+    const int data = h[4] + 256 * h[5] + 65536 * h[6] - (0x1000000 - static_cast<int>(image.size()));
+    const bool hasViewer = h[0] == 0xFC && ViewerOf(number);
+    records.push_back({static_cast<std::uint16_t>(number), h[1], data,
+                       static_cast<std::uint16_t>(h[2] + 256 * h[3]), hasViewer, h[0], static_cast<int>(p)});
+    p += 8;
+  }
+  return records;
+}
+
+TEST(GetEE, AgreesWithThePlainDefinition) {
+  constexpr Header usual{0x00, 0xF0, 0xFC, 0xFF, 0xF6, 0x7C, 0xBF, 0x13, 0x14, 0x21, 0x01, 0x22};
+  std::mt19937 random(4);
+  std::size_t found = 0;
+  for (int round = 0; round < 1000; ++round) {
+    std::vector<std::uint8_t> image(random() % 4000);
+    for (std::uint8_t& byte : image) byte = usual[random() % 12];
+    for (std::size_t p = random() % 4; p + 12 <= image.size(); p += 12 + random() % 2 * (random() % 500)) {
+      Header header = Numbered(static_cast<int>(random() % 2 * 5000 + random() % 1002));
+      if (random() % 3 == 0) header = Deleted(header);
+      if (random() % 3 == 0) header[random() % 12] = usual[random() % 12];
+      std::ranges::copy(header, image.begin() + static_cast<std::ptrdiff_t>(p));
+    }
+    const std::vector<EepromBlockRecord> expected = PlainScan(image);
+    EXPECT_EQ(ScanBytes(image).records, expected) << round;
+    found += expected.size();
+  }
+  EXPECT_GT(found, 2000);
+}
+
+}  // namespace
+}  // namespace tarvelo
