@@ -139,6 +139,45 @@ TEST(Address, TakesOneOfThreeForms) {
   EXPECT_EQ(Call({"address", "--base", "", "--adff", "10"}).out, low);
 }
 
+TEST_F(CommandLine, ListsPrintTheirCaptionsWithoutARow) {
+  const Result pictures = Call({"list", "pictures", dump});
+  EXPECT_EQ(pictures.status, nothingFound);
+  EXPECT_EQ(pictures.out, "P\tN/P\tN\tX\tY\tB\tOffset\tSize\tUncomp\tPIT\n");
+  EXPECT_EQ(Call({"list", "eeprom", dump}).out, "Block\tDescription\tEIT\tV\tOffset\tSize\ti\t-\n");
+  EXPECT_EQ(Call({"list", "pictures", "--json", dump}).out, "");
+  EXPECT_EQ(Call({"export", "pictures", dump}).status, nothingFound);
+  ExpectDiagnosis(Call({"list", "eeprom", missing}), fileTrouble, missing);
+}
+
+TEST_F(CommandLine, ListsTheDemonstrationsBlocksAndPictures) {
+  const std::string demo = PathText(folder / "demo.bin");
+  ASSERT_EQ(Call({"demo", demo}).status, done);
+  const auto lines = [](const Result& result) { return std::ranges::count(result.out, '\n'); };
+  EXPECT_EQ(lines(Call({"list", "eeprom", demo})), 1 + 241);
+  EXPECT_EQ(lines(Call({"list", "eeprom", "--deleted", demo})), 1 + 367);
+  const Result first = Call({"list", "pictures", "--json", demo});
+  EXPECT_EQ(first.out.substr(0, first.out.find('\n')),
+            "{\"P\":\"1\",\"N/P\":\"000\",\"N\":\"   0\",\"X\":\"  4\",\"Y\":\"  4\",\"B\":\" 1\","
+            "\"Offset\":\"280000\",\"Size\":\"    4\",\"Uncomp\":\"\",\"PIT\":\"200000\"}");
+  const std::string to = PathText(folder / "out" / "of");
+  const Result one = Call({"export", "pictures", demo, "--number", "7", "--to", to, "--format", "png"});
+  EXPECT_EQ(one.out, PathText(folder / "out" / "of" / "demo_0007.png") + "\n");
+  EXPECT_EQ(ReadAll(folder / "out" / "of" / "demo_0007.png").substr(0, 4), "\x89PNG");
+  EXPECT_EQ(Call({"export", "pictures", demo, "--number", "9999"}).status, nothingFound);
+  EXPECT_EQ(lines(Call({"export", "pictures", demo})), lines(first));
+  EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));
+}
+
+TEST_F(CommandLine, TooManyBlocksAreAFault) {
+  ImageBuilder builder(0x10000);
+  for (std::size_t i = 0; i < 2001; ++i)
+    builder.Data(i * 12, std::vector<std::uint8_t>{0xFC, 0, 4, 0, 0, 0, 0xFE, 0, 1, 0, 0, 0xFC});
+  const std::string full = PathText(folder.Write("full.bin", std::move(builder).Take()));
+  const Result result = Call({"list", "eeprom", full});
+  ExpectDiagnosis(result, scanFault, full);
+  EXPECT_EQ(result.out, "");
+}
+
 TEST_F(CommandLine, WrongArgumentsEndWithTwoAndOneLine) {
   const std::vector<std::string> calls[] = {{},
                                             {"nonsense"},
