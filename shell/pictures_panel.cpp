@@ -226,15 +226,19 @@ void PicturesPanel::SavePic_Click() {
 }
 
 void PicturesPanel::SaveAllPic_Click() {
-  {
-    ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(list_.pictures.size()));
-    for (const Picture& picture : list_.pictures) {
-      run.At(picture.number);
-      if (run.StopAsked()) return;
-      SaveCurPic(picture);
-    }
+  if (SaveEach()) main_.Tell(42, Folder() / "NNNN.bmp");
+}
+
+// Saves all pictures. False when the user stopped it.
+bool PicturesPanel::SaveEach() {
+  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(225)));
+  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(list_.pictures.size()));
+  for (const Picture& picture : list_.pictures) {
+    run.At(picture.number);
+    if (run.StopAsked()) return false;
+    SaveCurPic(picture);
   }
-  main_.Tell(Wx(main_.Texts().Msg(42)), Folder() / "NNNN.bmp");
+  return true;
 }
 
 void PicturesPanel::CopyPic_Click() {

@@ -77,6 +77,7 @@ class PicturesPanel final : public Panel {
   [[nodiscard]] Bitmap Draw(const Picture& picture);
   [[nodiscard]] std::filesystem::path Folder() const;
   std::filesystem::path SaveCurPic(const Picture& picture);
+  bool SaveEach();
   void FindFrom(bool behindCurrent);
   void PopUp();
 

@@ -61,4 +61,19 @@ class StatusBar final : public wxStatusBar, public Progress {
   int hovered_ = 0;
 };
 
+// Shows a hint in the second panel while it lives.
+class StatusHint {
+ public:
+  StatusHint(StatusBar& bar, const wxString& hint) : bar_(bar), before_(bar.Panel(2)) {
+    bar_.SetPanel(2, hint);
+  }
+  ~StatusHint() { bar_.SetPanel(2, before_); }
+  StatusHint(const StatusHint&) = delete;
+  StatusHint& operator=(const StatusHint&) = delete;
+
+ private:
+  StatusBar& bar_;
+  wxString before_;
+};
+
 }  // namespace tarvelo

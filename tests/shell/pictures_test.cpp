@@ -68,6 +68,7 @@ TEST_F(PicturesDesk, AreSavedAsBitmaps) {
   const std::filesystem::directory_iterator files(folder / "BMP");
   EXPECT_EQ(std::distance(begin(files), end(files)), static_cast<long>(2 * List().GetTable().rows.size()));
   EXPECT_EQ(List().Selected(), 7u);
+  EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");
 }
 
 TEST_F(PicturesDesk, AreSearchedInAnyColumn) {

@@ -1,0 +1,26 @@
+// The list of ringtones as people see it.
+#pragma once
+
+#include <string>
+
+#include "core/fullflash.h"
+#include "core/table.h"
+#include "media/ringtone.h"
+#include "resources/messages.h"
+
+namespace tarvelo {
+
+// The eight columns N, Note, Time, T, Offset, Size, RIT, Ringtone; a row a ringtone, in their order.
+// N and T are two hexadecimal digits, Offset and RIT six; Note, Time and Size are decimal, 4, 6 and 5
+// wide, and keep the rightmost digits that fit. A file has "mid" or "wav" for Note.
+//
+// Ringtone is the text form of a melody. In an image of senseless data melodies may be as long as the
+// image, and many may share it: where all the texts together would pass 16 Mi characters and four for
+// each byte of the image, a text ends with a whole pair and "...". (DecodeMelody has no such limit.)
+[[nodiscard]] Table RingtoneTable(const RingtoneList& list, const Fullflash& image);
+
+// The lines that the search adds to the information text: where the table lies, how many ringtones
+// there are. Each is ended by a line feed. Empty where no table was found.
+[[nodiscard]] std::string RingtoneInformation(const RingtoneList& list, const Messages& messages);
+
+}  // namespace tarvelo
