@@ -5,8 +5,11 @@
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "core/identification.h"
+#include "core/notation.h"
 #include "media/picture_files.h"
 #include "media/picture_search.h"
+#include "media/ringtone_files.h"
+#include "media/ringtone_search.h"
 
 namespace tarvelo::cli {
 namespace {
@@ -46,19 +49,51 @@ void ExportPictures(const ExportArguments& arguments, Context& context) {
   if (!found) context.status = nothingFound;
 }
 
+void ExportRingtones(const ExportArguments& arguments, Context& context) {
+  std::optional<std::uint32_t> number;
+  if (arguments.number) number = ParseHex("--number", *arguments.number);
+  const RingtoneFormat format = arguments.format == "midi"  ? RingtoneFormat::Midi
+                                : arguments.format == "wav" ? RingtoneFormat::Wave
+                                                            : RingtoneFormat::Raw;
+  Fullflash image = OpenDump(arguments.file, context);
+  (void)Identify(image);  // fixes the base of all addresses
+  const std::filesystem::path folder = Folder(arguments, "MIDI");
+  const std::string stem = PathText(PathOf(arguments.file).stem());
+  bool found = false;
+  for (const Ringtone& ringtone : GetRingtones(image, context.progress).ringtones) {
+    if (number && ringtone.number != *number) continue;
+    found = true;
+    const auto file = SaveRingtone(image, ringtone, folder, stem, format);
+    if (file)
+      context.out << Printable(PathText(*file)) << '\n';
+    else
+      context.err << "ringtone " << HexOfByte(ringtone.number) << " is a file of another format\n";
+  }
+  if (!found) context.status = nothingFound;
+}
+
+// What all kinds of export have in common.
+void AddKind(CLI::App& command, Context& context, const char* kind, const char* description,
+             const std::vector<std::string>& formats,
+             void (*run)(const ExportArguments& arguments, Context& context)) {
+  auto arguments = std::make_shared<ExportArguments>();
+  CLI::App* added = command.add_subcommand(kind, description);
+  added->add_option("FILE", arguments->file, "Dump")->required();
+  added->add_option("--to", arguments->folder, "Folder, by default one beside the dump");
+  added->add_option("--number", arguments->number, "Only the one of this number");
+  added->add_option("--format", arguments->format, "Format")->check(CLI::IsMember(formats));
+  added->callback([arguments, run, &context] { run(*arguments, context); });
+}
+
 }  // namespace
 
 void AddExport(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("export", "Write what a dump holds to files");
   command->require_subcommand(1);
   command->fallthrough();
-  auto arguments = std::make_shared<ExportArguments>();
-  CLI::App* pictures = command->add_subcommand("pictures", "The pictures, as bitmaps");
-  pictures->add_option("FILE", arguments->file, "Dump")->required();
-  pictures->add_option("--to", arguments->folder, "Folder, by default BMP beside the dump");
-  pictures->add_option("--number", arguments->number, "Only the picture of this number (decimal)");
-  pictures->add_option("--format", arguments->format, "bmp or png")->check(CLI::IsMember({"bmp", "png"}));
-  pictures->callback([arguments, &context] { ExportPictures(*arguments, context); });
+  AddKind(*command, context, "pictures", "The pictures, into BMP", {"bmp", "png"}, ExportPictures);
+  AddKind(*command, context, "ringtones", "The ringtones, into MIDI", {"raw", "midi", "wav"},
+          ExportRingtones);
 }
 
 }  // namespace tarvelo::cli

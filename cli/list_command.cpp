@@ -10,6 +10,8 @@
 #include "eeprom/descriptions.h"
 #include "media/picture_search.h"
 #include "media/picture_table.h"
+#include "media/ringtone_search.h"
+#include "media/ringtone_table.h"
 
 namespace tarvelo::cli {
 namespace {
@@ -37,6 +39,10 @@ Table ListEeprom(const Fullflash& image, const Identification& info, const ListA
 
 Table ListPictures(const Fullflash& image, const Identification&, const ListArguments&, Context& context) {
   return PictureTable(GetP(image, context.progress));
+}
+
+Table ListRingtones(const Fullflash& image, const Identification&, const ListArguments&, Context& context) {
+  return RingtoneTable(GetRingtones(image, context.progress), image);
 }
 
 void PrintJson(const Table& table, std::ostream& out) {
@@ -77,6 +83,7 @@ void AddList(CLI::App& app, Context& context) {
   const auto eeprom = AddKind(*list, context, "eeprom", "The EEPROM blocks", ListEeprom);
   list->get_subcommand("eeprom")->add_flag("--deleted", eeprom->deleted, "Deleted blocks too");
   AddKind(*list, context, "pictures", "The pictures", ListPictures);
+  AddKind(*list, context, "ringtones", "The ringtones", ListRingtones);
 }
 
 }  // namespace tarvelo::cli

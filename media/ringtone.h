@@ -26,9 +26,10 @@ struct Ringtone {
   std::uint8_t number = 0;
   std::uint8_t kind = 0;  // 0, 2 .. 15
   RingtoneForm form = RingtoneForm::Melody;
-  Offset data = 0;        // offset of the first record, resp. of the file; within the image
-  Offset entry = 0;       // offset of the table entry
-  Offset size = 0;        // bytes of data, all within the image; 0 for a file that does not tell
+  Offset data = 0;   // offset of the first record, resp. of the file; a melody may lie behind the image, and
+                     // is empty then
+  Offset entry = 0;  // offset of the table entry
+  Offset size = 0;   // bytes of data, all within the image; 0 for a file that does not tell
   std::int64_t time = 0;  // milliseconds: the sum of the durations; for a file 0 where it does not tell
 
   [[nodiscard]] bool IsFile() const { return form != RingtoneForm::Melody; }

@@ -70,7 +70,7 @@ class Search {
     if (listed_[ringtone.number] || address == 0 || ringtone.kind == 1) return;
     ringtone.data = Offset{address} - image_.LoadBase();
     const bool isFile = ringtone.kind >= 6 && ringtone.kind <= 8;
-    if (isFile ? !FindFile(ringtone) : ringtone.data < 1 || ringtone.data >= end_) return;
+    if (isFile ? !FindFile(ringtone) : ringtone.data < 1) return;
     listed_[ringtone.number] = true;
     list_.ringtones.push_back(ringtone);
   }

@@ -11,11 +11,16 @@ namespace {
 // Characters that all the texts of a list may have, beside four for each byte of the image.
 constexpr std::size_t textOfTable = 0x1000000;
 
-std::string HexColumn(Offset value, std::size_t width) {
-  return PadZero(Hex(static_cast<std::uint32_t>(value)), width);
+// At least six digits; a longer number keeps all of its own.
+std::string HexColumn(Offset value) {
+  const std::string digits = Hex(static_cast<std::uint32_t>(value));
+  return PadZero(digits, std::max<std::size_t>(6, digits.size()));
 }
 
-std::string Column(std::int64_t value, std::size_t width) { return PadSpace(std::to_string(value), width); }
+std::string Column(std::int64_t value, std::size_t width) {
+  const std::string digits = std::to_string(value);
+  return PadSpace(digits, std::max(width, digits.size()));
+}
 
 std::string NoteColumn(const Ringtone& ringtone) {
   if (ringtone.IsFile()) return std::string(ringtone.Extension().substr(1));
@@ -48,8 +53,8 @@ Table RingtoneTable(const RingtoneList& list, const Fullflash& image) {
   std::size_t room = textOfTable + 4 * image.ff().size();
   for (const Ringtone& ringtone : list.ringtones)
     table.rows.push_back({{HexOfByte(ringtone.number), NoteColumn(ringtone), Column(ringtone.time, 6),
-                           HexOfByte(ringtone.kind), HexColumn(ringtone.data, 6), Column(ringtone.size, 5),
-                           HexColumn(ringtone.entry, 6), TextColumn(ringtone, image, room)}});
+                           HexOfByte(ringtone.kind), HexColumn(ringtone.data), Column(ringtone.size, 5),
+                           HexColumn(ringtone.entry), TextColumn(ringtone, image, room)}});
   return table;
 }
 

@@ -11,8 +11,8 @@
 namespace tarvelo {
 
 // The eight columns N, Note, Time, T, Offset, Size, RIT, Ringtone; a row a ringtone, in their order.
-// N and T are two hexadecimal digits, Offset and RIT six; Note, Time and Size are decimal, 4, 6 and 5
-// wide, and keep the rightmost digits that fit. A file has "mid" or "wav" for Note.
+// N and T are two hexadecimal digits, Offset and RIT at least six; Note, Time and Size are decimal, at
+// least 4, 6 and 5 wide. A file has "mid" or "wav" for Note.
 //
 // Ringtone is the text form of a melody. In an image of senseless data melodies may be as long as the
 // image, and many may share it: where all the texts together would pass 16 Mi characters and four for

@@ -164,6 +164,10 @@ TEST_F(CommandLine, ListsTheDemonstrationsBlocksAndPictures) {
   EXPECT_EQ(one.out, PathText(folder / "out" / "of" / "demo_0007.png") + "\n");
   EXPECT_EQ(ReadAll(folder / "out" / "of" / "demo_0007.png").substr(0, 4), "\x89PNG");
   EXPECT_EQ(Call({"export", "pictures", demo, "--number", "9999"}).status, nothingFound);
+  EXPECT_EQ(lines(Call({"list", "ringtones", demo})), 1 + 16);
+  const Result raw = Call({"export", "ringtones", demo, "--number", "0x2"});
+  EXPECT_EQ(raw.out, PathText(folder / "MIDI" / "demo_0002.bin") + "\n");
+  EXPECT_EQ(lines(Call({"export", "ringtones", demo, "--format", "midi"})), 15);  // all but the WAVE file
   EXPECT_EQ(lines(Call({"export", "pictures", demo})), lines(first));
   EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));
 }
