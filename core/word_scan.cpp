@@ -1,6 +1,5 @@
 #include "core/word_scan.h"
 
-#include <array>
 #include <bit>
 #include <cstring>
 
@@ -9,12 +8,14 @@ namespace {
 
 constexpr Offset wordsAtOnce = 128;
 
-// Whether any of 128 words is the value: no early way out, so that the compiler can use vectors.
+// Whether any of the next 128 words is the value: no early way out, so that the compiler can use vectors.
 bool AnyEquals(const std::uint8_t* bytes, std::uint16_t value) {
-  std::array<std::uint16_t, wordsAtOnce> words;
-  std::memcpy(words.data(), bytes, sizeof words);
   std::uint16_t found = 0;
-  for (const std::uint16_t word : words) found = static_cast<std::uint16_t>(found | (word == value ? 1 : 0));
+  for (Offset i = 0; i < wordsAtOnce; ++i) {
+    std::uint16_t word = 0;
+    std::memcpy(&word, bytes + 2 * i, sizeof word);
+    found |= word == value ? std::uint16_t{0xFFFF} : std::uint16_t{0};
+  }
   return found != 0;
 }
 
