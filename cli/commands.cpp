@@ -57,6 +57,7 @@ void Parse(std::vector<std::string> arguments, Context& context) {
   AddInfo(app, context);
   AddList(app, context);
   AddExport(app, context);
+  AddFind(app, context);
   AddDecode(app, context);
   AddEncode(app, context);
   AddAddress(app, context);

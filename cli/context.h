@@ -58,5 +58,6 @@ void AddAddress(CLI::App& app, Context& context);
 void AddDemo(CLI::App& app, Context& context);
 void AddList(CLI::App& app, Context& context);
 void AddExport(CLI::App& app, Context& context);
+void AddFind(CLI::App& app, Context& context);
 
 }  // namespace tarvelo::cli

@@ -1,5 +1,6 @@
 #include "shell/status_bar.h"
 
+#include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/gauge.h>
 
@@ -91,7 +92,7 @@ void StatusBar::At(std::int64_t position) {
 
 void StatusBar::Finish() { ProgressBar->Hide(); }
 
-bool StatusBar::StopAsked() { return wxGetKeyState(WXK_ESCAPE); }
+bool StatusBar::StopAsked() { return wxTheApp->IsActive() && wxGetKeyState(WXK_ESCAPE); }
 
 void StatusBar::FitPanels() {
   int widths[panels];

@@ -172,6 +172,18 @@ TEST_F(CommandLine, ListsTheDemonstrationsBlocksAndPictures) {
   EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));
 }
 
+TEST_F(CommandLine, FindsPatterns) {
+  EXPECT_EQ(Call({"find", dump, "5349??4D,45 4e"}).out, "  1. 07FF80: 5349454D454E\n");
+  EXPECT_EQ(Call({"find", dump, "--json", "43 35 35"}).out, "{\"offset\":524144,\"bytes\":\"433535\"}\n");
+  for (const char* pattern : {"e6,g1", "123456", " "}) {
+    const Result result = Call({"find", dump, pattern});
+    EXPECT_EQ(result.status, nothingFound);
+    EXPECT_EQ(result.out, "");
+  }
+  EXPECT_EQ(Call({"find", dump, "e6,g1"}).err, "String \"E6,G1\" wasn't found\n");
+  EXPECT_EQ(Call({"find", dump, ""}).status, wrongArguments);
+}
+
 TEST_F(CommandLine, TooManyBlocksAreAFault) {
   ImageBuilder builder(0x10000);
   for (std::size_t i = 0; i < 2001; ++i)
