@@ -1,6 +1,5 @@
-#include <string_view>
-
 #include "demo/demo_sound_files.h"
+#include "media/wave_file.h"
 
 namespace tarvelo {
 namespace {
@@ -49,35 +48,16 @@ std::vector<std::int64_t> Samples() {
   return samples;
 }
 
-void LittleEndian(FileBytes& out, unsigned value, int bytes) {
-  for (int i = 0; i < bytes; ++i) out.push_back(static_cast<std::uint8_t>(value >> 8 * i));
-}
-
-void Add(FileBytes& out, std::string_view text) { out.insert(out.end(), text.begin(), text.end()); }
-
 }  // namespace
 
 FileBytes BellWave() {
-  constexpr unsigned headSize = 36;  // behind the first eight bytes, up to the samples
-  FileBytes file;
-  Add(file, "RIFF");
-  LittleEndian(file, headSize + sampleCount, 4);
-  Add(file, "WAVEfmt ");
-  LittleEndian(file, 16, 4);
-  LittleEndian(file, 1, 2);           // plain samples
-  LittleEndian(file, 1, 2);           // mono
-  LittleEndian(file, sampleRate, 4);  // samples a second
-  LittleEndian(file, sampleRate, 4);  // bytes a second
-  LittleEndian(file, 1, 2);           // bytes a sample
-  LittleEndian(file, 8, 2);           // bits a sample
-  Add(file, "data");
-  LittleEndian(file, sampleCount, 4);
-  const std::vector<std::int64_t> samples = Samples();
+  const std::vector<std::int64_t> levels = Samples();
+  FileBytes samples;
   for (unsigned i = 0; i < sampleCount; ++i) {
-    const std::int64_t level = i < attack ? samples[i] * i / attack : samples[i];
-    file.push_back(static_cast<std::uint8_t>(128 + level / unit));
+    const std::int64_t level = i < attack ? levels[i] * i / attack : levels[i];
+    samples.push_back(static_cast<std::uint8_t>(128 + level / unit));
   }
-  return file;
+  return WaveFile(samples, sampleRate);
 }
 
 }  // namespace tarvelo

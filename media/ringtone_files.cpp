@@ -4,6 +4,7 @@
 
 #include "core/file.h"
 #include "core/notation.h"
+#include "media/wave_file.h"
 
 namespace tarvelo {
 namespace {
@@ -27,10 +28,6 @@ void Add(FileBuffer& out, std::string_view text) { out.insert(out.end(), text.be
 
 void BigEndian(FileBuffer& out, std::size_t value, int bytes) {
   while (bytes-- > 0) out.push_back(static_cast<std::uint8_t>(value >> 8 * bytes));
-}
-
-void LittleEndian(FileBuffer& out, std::size_t value, int bytes) {
-  for (int i = 0; i < bytes; ++i) out.push_back(static_cast<std::uint8_t>(value >> 8 * i));
 }
 
 // The ticks before an event, up to longestDelta: seven bits a byte, the highest first; all bytes but
@@ -140,27 +137,6 @@ FileBuffer MelodyMidi(std::span<const Tone> melody) {
   return file;
 }
 
-FileBuffer MelodyWave(std::span<const Tone> melody) {
-  constexpr std::size_t headSize = 36;  // behind the first eight bytes, up to the samples
-  const FileBuffer samples = Samples(melody);
-  const std::size_t filling = samples.size() % 2;
-  FileBuffer file;
-  file.reserve(8 + headSize + samples.size() + filling);
-  Add(file, "RIFF");
-  LittleEndian(file, headSize + samples.size() + filling, 4);
-  Add(file, "WAVEfmt ");
-  LittleEndian(file, 16, 4);
-  LittleEndian(file, 1, 2);           // plain samples
-  LittleEndian(file, 1, 2);           // mono
-  LittleEndian(file, sampleRate, 4);  // samples a second
-  LittleEndian(file, sampleRate, 4);  // bytes a second
-  LittleEndian(file, 1, 2);           // bytes a sample
-  LittleEndian(file, 8, 2);           // bits a sample
-  Add(file, "data");
-  LittleEndian(file, samples.size(), 4);
-  file.insert(file.end(), samples.begin(), samples.end());
-  if (filling != 0) file.push_back(0);
-  return file;
-}
+FileBuffer MelodyWave(std::span<const Tone> melody) { return WaveFile(Samples(melody), sampleRate); }
 
 }  // namespace tarvelo

@@ -22,7 +22,6 @@ class Pattern {
   // digits nor holds a "?" is invalid: it matches nowhere.
   explicit Pattern(std::string_view text);
 
-  [[nodiscard]] bool IsValid() const { return valid_; }
   // The number of its bytes.
   [[nodiscard]] std::int32_t PatCount() const { return static_cast<std::int32_t>(bytes_.size()); }
 

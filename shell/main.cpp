@@ -2,7 +2,6 @@
 #include "shell/main.h"
 
 #include <wx/dnd.h>
-#include <wx/fontmap.h>
 #include <wx/intl.h>
 #include <wx/sizer.h>
 

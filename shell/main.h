@@ -103,7 +103,6 @@ class Main final : public wxFrame {
   void TellFault(const wxString& command, const std::string& cause);
   void UpdateMenus();
   void ChooseFirstLanguage();
-  void ApplyCharset(int charset);
 
   bool GetInfo(const std::filesystem::path& path);
 

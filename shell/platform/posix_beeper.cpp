@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "media/wave_file.h"
 #include "shell/platform/beeper.h"
 
 namespace tarvelo {
@@ -13,30 +14,15 @@ namespace {
 
 constexpr std::uint32_t rate = 44100;  // samples a second
 
-void Append(std::vector<std::uint8_t>& bytes, std::uint32_t value, int count) {
-  for (int i = 0; i < count; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> 8 * i));
-}
-
-// A square wave, as a beeper sounds, as a RIFF WAVE file of 8-bit samples.
+// A square wave, as a beeper sounds.
 std::vector<std::uint8_t> SquareWave(int frequency, int milliseconds) {
-  const std::uint32_t samples = rate / 1000 * static_cast<std::uint32_t>(milliseconds);
-  std::vector<std::uint8_t> wave{'R', 'I', 'F', 'F'};
-  Append(wave, 36 + samples, 4);
-  for (const char c : {'W', 'A', 'V', 'E', 'f', 'm', 't', ' '}) wave.push_back(static_cast<std::uint8_t>(c));
-  Append(wave, 16, 4);
-  Append(wave, 1, 2);  // plain samples
-  Append(wave, 1, 2);  // mono
-  Append(wave, rate, 4);
-  Append(wave, rate, 4);  // bytes a second
-  Append(wave, 1, 2);     // bytes a sample
-  Append(wave, 8, 2);     // bits a sample
-  for (const char c : {'d', 'a', 't', 'a'}) wave.push_back(static_cast<std::uint8_t>(c));
-  Append(wave, samples, 4);
-  for (std::uint64_t i = 0; i < samples; ++i) {
+  const std::uint32_t count = rate / 1000 * static_cast<std::uint32_t>(milliseconds);
+  std::vector<std::uint8_t> samples;
+  for (std::uint64_t i = 0; i < count; ++i) {
     const bool high = i * 2 * static_cast<std::uint64_t>(frequency) / rate % 2 == 0;
-    wave.push_back(high ? 0xA0 : 0x60);
+    samples.push_back(high ? 0xA0 : 0x60);
   }
-  return wave;
+  return WaveFile(samples, rate);
 }
 
 class SoundBeeper final : public Beeper {
