@@ -1,13 +1,13 @@
-# tarvelo_wx: wxWidgets, core and base. The system's own on Linux; for Windows the static library
+# tarvelo_wx: wxWidgets: its text editor, core and base. The system's own on Linux; for Windows the static library
 # that tools/wx-mingw built, whose folder is named by the environment's TARVELO_WX.
 add_library(tarvelo_wx INTERFACE)
 if(CMAKE_CROSSCOMPILING)
   set(wxWidgets_DIR "$ENV{TARVELO_WX}" CACHE PATH "Where wxWidgets for Windows was installed")
-  find_package(wxWidgets CONFIG REQUIRED COMPONENTS core base
+  find_package(wxWidgets CONFIG REQUIRED COMPONENTS stc core base
                PATHS ${wxWidgets_DIR} NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
   target_link_libraries(tarvelo_wx INTERFACE ${wxWidgets_LIBRARIES})
 else()
-  find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
+  find_package(wxWidgets 3.2 REQUIRED COMPONENTS stc core base)
   target_include_directories(tarvelo_wx SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
   target_compile_definitions(tarvelo_wx INTERFACE ${wxWidgets_DEFINITIONS})
   target_compile_options(tarvelo_wx INTERFACE ${wxWidgets_CXX_FLAGS})

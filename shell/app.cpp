@@ -13,7 +13,7 @@ bool App::OnInit() {
   wxDISABLE_DEBUG_SUPPORT();  // a user can do nothing about an assertion of the library
 #endif
   SetAppName(productName);
-  auto* window = new Main(Settings(Settings::DefaultFile()), SystemBeeper());
+  auto* window = new Main({Settings(Settings::DefaultFile())});
   window->Show();
   const std::vector<std::string> arguments = platform::Arguments();
   if (!arguments.empty()) window->OpenWhenShown(arguments.front());

@@ -1,8 +1,11 @@
 #include "shell/dialogs.h"
 
 #include <wx/arrstr.h>
+#include <wx/button.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
 #include <wx/textdlg.h>
 
 #include <wx/generic/msgdlgg.h>  // after wx/msgdlg.h
@@ -43,6 +46,25 @@ void WxDialogs::Message(const wxString& text, Icon icon) {
   const long style = wxOK | (icon == Icon::Critical ? wxICON_ERROR : wxICON_INFORMATION);
   MessageDialog dialog(parent_, text, productName, style);
   dialog.SetOKLabel(Wx(messages_.Msg(215)));
+  dialog.ShowModal();
+}
+
+void WxDialogs::Announce(const wxString& title, const wxString& text) {
+  constexpr std::size_t longest = 50000;  // characters; more is read where it was added to
+  wxDialog dialog(parent_, wxID_ANY, title, wxDefaultPosition, wxDefaultSize,
+                  wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
+  const wxString shown = text.length() <= longest ? text : text.Left(longest) + "\n...";
+  auto* sheet = new wxTextCtrl(&dialog, wxID_ANY, shown, wxDefaultPosition, dialog.FromDIP(wxSize(520, 280)),
+                               wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
+  sheet->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
+  auto* button = new wxButton(&dialog, wxID_OK, Wx(messages_.Msg(215)));
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(sheet, 1, wxEXPAND | wxALL, dialog.FromDIP(8));
+  column->Add(button, 0, wxALIGN_RIGHT | wxLEFT | wxRIGHT | wxBOTTOM, dialog.FromDIP(8));
+  dialog.SetSizerAndFit(column);
+  dialog.SetEscapeId(wxID_OK);
+  button->SetDefault();
+  button->SetFocus();
   dialog.ShowModal();
 }
 

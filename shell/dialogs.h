@@ -21,6 +21,9 @@ class Dialogs {
 
   // Shows a text until the user has seen it.
   virtual void Message(const wxString& text, Icon icon) = 0;
+  // Shows a text under a title of its own, which says what has happened. However long the text is, the
+  // box fits the screen.
+  virtual void Announce(const wxString& title, const wxString& text) = 0;
   // Asks with Yes, No and Cancel; true only for Yes.
   virtual bool Confirm(const wxString& text) = 0;
   // Asks for a line of text. Nothing when the user cancels.
@@ -40,6 +43,7 @@ class WxDialogs final : public Dialogs {
   WxDialogs(wxWindow* parent, const Messages& messages) : parent_(parent), messages_(messages) {}
 
   void Message(const wxString& text, Icon icon) override;
+  void Announce(const wxString& title, const wxString& text) override;
   bool Confirm(const wxString& text) override;
   std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override;
   std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,

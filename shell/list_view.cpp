@@ -30,8 +30,8 @@ class ListView::Model final : public wxDataViewVirtualListModel {
     value = found && column < found->cells.size() ? Wx(found->cells[column]) : wxString();
   }
 
-  bool GetAttrByRow(unsigned row, unsigned, wxDataViewItemAttr& attr) const override {
-    const Table::Row* found = Find(row);
+  bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attr) const override {
+    const Table::Row* found = column < view_.markedColumns_ ? Find(row) : nullptr;
     if (!found || !found->marked) return false;
     attr.SetColour(markedColour);
     return true;
@@ -41,7 +41,7 @@ class ListView::Model final : public wxDataViewVirtualListModel {
 
  private:
   [[nodiscard]] const Table::Row* Find(unsigned row) const {
-    return row < view_.order_.size() ? &view_.table_.rows[view_.order_[row]] : nullptr;
+    return row < view_.order_.size() ? &view_.Row(view_.order_[row]) : nullptr;
   }
 
   const ListView& view_;
@@ -75,6 +75,12 @@ ListView::ListView(wxWindow* parent)
       Select(order_[model_->GetRow(event.GetItem())]);
     if (onContextMenu) CallAfter([this] { onContextMenu(); });
   });
+  control_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C')
+      CopyRows();
+    else
+      event.Skip();
+  });
   control_->Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [this](wxDataViewEvent& event) {
     if (event.GetColumn() >= 0) SortBy(static_cast<unsigned>(event.GetColumn()));
   });
@@ -82,6 +88,27 @@ ListView::ListView(wxWindow* parent)
 
 void ListView::SetTable(Table table) {
   table_ = std::move(table);
+  makeRow_ = nullptr;
+  ShowRows(table_.rows.size());
+}
+
+void ListView::SetRows(std::vector<std::string> captions, std::size_t count,
+                       std::function<Table::Row(std::size_t)> row) {
+  table_ = {std::move(captions), {}};
+  makeRow_ = std::move(row);
+  ShowRows(count);
+}
+
+const Table::Row& ListView::Row(std::size_t row) const {
+  if (!makeRow_) return table_.rows[row];
+  if (!made_ || madeIndex_ != row) made_ = makeRow_(row);
+  madeIndex_ = row;
+  return *made_;
+}
+
+void ListView::ShowRows(std::size_t count) {
+  count_ = count;
+  made_.reset();
   filter_.clear();
   filterLine_->ChangeValue(wxString());
   sortColumn_.reset();
@@ -93,11 +120,10 @@ void ListView::SetTable(Table table) {
 void ListView::AddColumns() {
   control_->ClearColumns();
   const int character = control_->GetTextExtent("0").x;
-  const std::size_t measured = std::min(table_.rows.size(), rowsMeasured);
+  const std::size_t measured = std::min(count_, rowsMeasured);
   for (unsigned i = 0; i < table_.captions.size(); ++i) {
     std::size_t longest = table_.captions[i].size() + 2;  // room for the mark of the sorting
-    for (std::size_t row = 0; row < measured; ++row)
-      longest = std::max(longest, table_.rows[row].cells[i].size());
+    for (std::size_t row = 0; row < measured; ++row) longest = std::max(longest, Row(row).cells[i].size());
     const int width = std::min(static_cast<int>(longest), widestColumn) * character + FromDIP(14);
     control_->AppendTextColumn(Wx(table_.captions[i]), i, wxDATAVIEW_CELL_INERT, width, wxALIGN_LEFT,
                                wxDATAVIEW_COL_RESIZABLE);
@@ -105,7 +131,7 @@ void ListView::AddColumns() {
 }
 
 bool ListView::RowHolds(std::size_t row, const std::string& upperText) const {
-  return std::ranges::any_of(table_.rows[row].cells, [&](const std::string& cell) {
+  return std::ranges::any_of(Row(row).cells, [&](const std::string& cell) {
     return ToUpper(cell).find(upperText) != std::string::npos;
   });
 }
@@ -114,15 +140,15 @@ bool ListView::RowHolds(std::size_t row, const std::string& upperText) const {
 void ListView::Arrange() {
   const auto current = Selected();
   order_.clear();
-  for (std::size_t row = 0; row < table_.rows.size(); ++row)
+  for (std::size_t row = 0; row < count_; ++row)
     if (filter_.empty() || RowHolds(row, filter_)) order_.push_back(row);
   if (sortColumn_) {
-    const auto cell = [&](std::size_t row) -> const std::string& {
-      return table_.rows[row].cells[*sortColumn_];
-    };
-    std::ranges::stable_sort(order_, [&](std::size_t a, std::size_t b) {
-      return descending_ ? cell(b) < cell(a) : cell(a) < cell(b);
+    std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows
+    for (const std::size_t row : order_) cells.emplace_back(Row(row).cells[*sortColumn_], row);
+    std::ranges::stable_sort(cells, [&](const auto& a, const auto& b) {
+      return descending_ ? b.first < a.first : a.first < b.first;
     });
+    std::ranges::transform(cells, order_.begin(), [](const auto& cell) { return cell.second; });
   }
   model_->Reset(static_cast<unsigned>(order_.size()));
   const auto place = current ? std::ranges::find(order_, *current) : order_.end();
@@ -143,7 +169,7 @@ std::optional<std::size_t> ListView::Selected() const {
 }
 
 void ListView::Select(std::size_t row) {
-  if (row >= table_.rows.size()) return;
+  if (row >= count_) return;
   if (std::ranges::find(order_, row) == order_.end()) {
     filterLine_->ChangeValue(wxString());
     Filter({});
@@ -196,7 +222,7 @@ void ListView::CopyRows() const {
   for (const wxDataViewItem& item : items) rows.push_back(model_->GetRow(item));
   std::ranges::sort(rows);
   for (const unsigned row : rows)
-    if (row < order_.size()) selected.rows.push_back(table_.rows[order_[row]]);
+    if (row < order_.size()) selected.rows.push_back(Row(order_[row]));
   const wxClipboardLocker lock;
   if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
 }

@@ -22,6 +22,16 @@ class ListView final : public wxPanel {
   // Shows a table from now on, unfiltered, in its own order.
   void SetTable(Table table);
   [[nodiscard]] const Table& GetTable() const { return table_; }
+  // Shows a list of which each row is made when it is needed: for lists of very many rows.
+  // Afterwards GetTable has captions only.
+  void SetRows(std::vector<std::string> captions, std::size_t count,
+               std::function<Table::Row(std::size_t row)> row);
+
+  // How many columns of a marked row, from the first on, are drawn in colour; all of them otherwise.
+  void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
+
+  // Rows of the list, whether shown or not.
+  [[nodiscard]] std::size_t RowCount() const { return count_; }
 
   // Rows are told by their index in the table, whatever the order and filter on the screen.
   // The current row; nothing when there is none.
@@ -38,7 +48,7 @@ class ListView final : public wxPanel {
   // Shows only rows that hold the text in any column, upper and lower case alike.
   void Filter(const std::string& text);
 
-  // The selected rows, tab-separated, into the clipboard.
+  // The selected rows, tab-separated, into the clipboard: Ctrl+C.
   void CopyRows() const;
 
   void SetFilterHint(const wxString& hint);
@@ -51,12 +61,19 @@ class ListView final : public wxPanel {
  private:
   class Model;
 
+  void ShowRows(std::size_t count);
+  [[nodiscard]] const Table::Row& Row(std::size_t row) const;
   void AddColumns();
   void Arrange();
   [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText) const;
   void ShowSortMark();
 
   Table table_;
+  std::size_t count_ = 0;
+  std::function<Table::Row(std::size_t)> makeRow_;  // none: the rows are the table's
+  mutable std::size_t madeIndex_ = 0;               // the row made last
+  mutable std::optional<Table::Row> made_;
+  unsigned markedColumns_ = static_cast<unsigned>(-1);
   std::vector<std::size_t> order_;  // rows of the table as they stand on the screen
   std::string filter_;              // in upper case
   std::optional<unsigned> sortColumn_;

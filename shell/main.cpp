@@ -1,14 +1,21 @@
 // The window itself: building it, its panels, its language. The commands are in main_commands.cpp.
 #include "shell/main.h"
 
+#include <wx/app.h>
 #include <wx/dnd.h>
 #include <wx/intl.h>
 #include <wx/sizer.h>
 
+#include "shell/eeprom_panel.h"
+#include "shell/hex_panel.h"
+#include "shell/hits_panel.h"
 #include "shell/info_panel.h"
+#include "shell/panel_commands.h"
+#include "shell/patch_panel.h"
 #include "shell/picture.h"
 #include "shell/pictures_panel.h"
 #include "shell/product.h"
+#include "shell/ringtones_panel.h"
 #include "shell/strings.h"
 #include "shell/window_place.h"
 
@@ -48,11 +55,14 @@ void SetFontEncoding(wxWindow& window, wxFontEncoding encoding) {
 
 }  // namespace
 
-Main::Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Dialogs> dialogs)
+Main::Main(Surroundings surroundings)
     : wxFrame(nullptr, wxID_ANY, productName),
-      settings_(std::move(settings)),
-      beeper_(std::move(beeper)),
-      dialogs_(dialogs ? std::move(dialogs) : std::make_unique<WxDialogs>(this, messages_)) {
+      settings_(std::move(surroundings.settings)),
+      beeper_(std::move(surroundings.beeper)),
+      launcher_(std::move(surroundings.launcher)),
+      dialogs_(std::move(surroundings.dialogs)),
+      tools_(settings_, *launcher_) {
+  if (!dialogs_) dialogs_ = std::make_unique<WxDialogs>(this, messages_);
   SetIcons(ProgramIcons());
   SetMinSize(FromDIP(wxSize(520, 340)));
   status_ = new StatusBar(this);
@@ -62,10 +72,7 @@ Main::Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Di
   SetSizer(new wxBoxSizer(wxVERTICAL));
 
   AddCommands();
-  auto info = std::make_unique<InfoPanel>(*this);
-  info_ = info.get();
-  AddPanel(std::move(info));
-  AddPanel(std::make_unique<PicturesPanel>(*this));
+  AddPanels();
   AcceptDrops(*this);
 
   recent_.Read(settings_);
@@ -79,10 +86,30 @@ Main::Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Di
   });
   Bind(wxEVT_MENU, [this](wxCommandEvent& event) { Run(event.GetId()); });
   Bind(wxEVT_CLOSE_WINDOW, &Main::Form_Unload, this);
+  wxTheApp->Bind(wxEVT_QUERY_END_SESSION, &Main::QueryEndSession, this);
+  wxTheApp->Bind(wxEVT_END_SESSION, &Main::EndSession, this);
 }
 
-// The windows go before the panels that they call.
-Main::~Main() { DestroyChildren(); }
+Main::~Main() {
+  wxTheApp->Unbind(wxEVT_QUERY_END_SESSION, &Main::QueryEndSession, this);
+  wxTheApp->Unbind(wxEVT_END_SESSION, &Main::EndSession, this);
+  DestroyChildren();  // the windows go before the panels that they call
+}
+
+void Main::AddPanels() {
+  const auto add = [this]<typename P>(P*& place) {
+    auto panel = std::make_unique<P>(*this);
+    place = panel.get();
+    AddPanel(std::move(panel));
+  };
+  add(info_);
+  AddPanel(std::make_unique<EepromPanel>(*this));
+  AddPanel(std::make_unique<PicturesPanel>(*this));
+  AddPanel(std::make_unique<RingtonesPanel>(*this));
+  add(hex_);
+  add(hits_);
+  add(patch_);
+}
 
 wxString Main::Msg(int n) const { return Wx(messages_.Msg(n)); }
 
@@ -104,6 +131,7 @@ void Main::ShowPanel(Panel& panel) {
   panel.FirstFocus().SetFocus();
   visible_ = &panel;
   SetTitle(wxString(productName) + " - " + Msg(panel.Name()));
+  menus_->ShowPanelMenu(panel.Commands(), panel.Name(), messages_);
   menus_->CheckPanel(panel.MenuEntry());
   menus_->CaptionSaveText(messages_, panel.SaveTextCaption());
   GetSizer()->Layout();
@@ -112,6 +140,7 @@ void Main::ShowPanel(Panel& panel) {
 void Main::UnVis() {
   for (const auto& panel : panels_) panel->Window().Hide();
   visible_ = nullptr;
+  menus_->ShowPanelMenu(nullptr, 0, messages_);
   menus_->CaptionSaveText(messages_, 5);
 }
 
@@ -135,7 +164,11 @@ void Main::ApplyLang(const Language& language) {
 }
 
 void Main::UpdateMenus() {
-  menus_->Enable(document_.IsOpen(), [this](int id) { return commands_.contains(id); });
+  menus_->Enable(document_.IsOpen(), [this](int id) {
+    if (id == Quillo) return tools_.HasQuillo();
+    if (id == Calculator) return tools_.HasCalculator();
+    return commands_.contains(id);
+  });
 }
 
 }  // namespace tarvelo

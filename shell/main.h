@@ -11,24 +11,36 @@
 #include "resources/messages.h"
 #include "shell/dialogs.h"
 #include "shell/document.h"
+#include "shell/external_tools.h"
 #include "shell/menus.h"
 #include "shell/platform/beeper.h"
+#include "shell/platform/launcher.h"
 #include "shell/recent_files.h"
 #include "shell/settings.h"
 #include "shell/status_bar.h"
 
 namespace tarvelo {
 
+class HexPanel;
+class HitsPanel;
 class InfoPanel;
 class Panel;
+class PatchPanel;
 
 // A line break, as files have it; texts on the screen have line feeds.
 inline constexpr char CrLf[] = "\r\n";
 
+// What the window needs from outside. The tests put their own in its place.
+struct Surroundings {
+  Settings settings;
+  std::unique_ptr<Beeper> beeper = SystemBeeper();
+  std::unique_ptr<Launcher> launcher = SystemLauncher();
+  std::unique_ptr<Dialogs> dialogs = nullptr;  // none: the real ones
+};
+
 class Main final : public wxFrame {
  public:
-  // Without dialogs of the caller's, the real ones are shown.
-  Main(Settings settings, std::unique_ptr<Beeper> beeper, std::unique_ptr<Dialogs> dialogs = nullptr);
+  explicit Main(Surroundings surroundings);
   ~Main() override;
 
   // --- the document ---
@@ -62,20 +74,44 @@ class Main final : public wxFrame {
   // Writes a list as tab-separated text to the dump's path without extension, "_", the letter and
   // ".txt", and tells the user. Throws FileError.
   void SaveList(const Table& table, char letter);
+  // The same for a list that is text already.
+  void SaveList(const std::string& tabSeparated, char letter);
+
+  // Shows a region of the image in the user's hex editor, or in the hex view where he has none. Says so
+  // where it does not begin within the image.
+  void ShowBl(Offset start, Offset size);
+  // Shows a region in the hex view, whatever the hex editor.
+  void ShowHex(Offset start, Offset size);
 
   // --- for the panels ---
 
   [[nodiscard]] const Messages& Texts() const { return messages_; }
+  [[nodiscard]] const Settings& Stored() const { return settings_; }
   [[nodiscard]] StatusBar& Status() { return *status_; }
+  [[nodiscard]] Beeper& Sound() { return *beeper_; }
+  [[nodiscard]] Launcher& Programs() { return *launcher_; }
   [[nodiscard]] InfoPanel& InfoText() { return *info_; }
+  [[nodiscard]] PatchPanel& Patch() { return *patch_; }
+  [[nodiscard]] HitsPanel& FoundHits() { return *hits_; }
+
+  // Shows the context menu of the visible panel, and runs what is chosen.
+  void PopUpCommands();
 
   // Says that something was done: a text (or message n), an empty line, the path.
   void Tell(const wxString& text, const std::filesystem::path& path);
   void Tell(int n, const std::filesystem::path& path);
   // Says that something could not be done.
   void Complain(const wxString& text);
+  // Says in a box with a title of its own, "Tarvelo - " and this, what was added to a text.
+  void Announce(const wxString& title, const wxString& text);
   // Asks for a line of text with message n. Nothing when the user cancels or leaves it empty.
   [[nodiscard]] std::optional<std::string> Ask(int n, const std::string& initial);
+  // Asks for a byte pattern. The last one is offered.
+  [[nodiscard]] std::optional<std::string> AskPattern();
+  // Asks a question. True only for Yes.
+  [[nodiscard]] bool Confirm(const wxString& question);
+  // Puts a text into the clipboard.
+  void Copy(const std::string& text);
 
   // Runs a command of this name. A fault ends it with a message that names it.
   void RunGuarded(const wxString& name, const std::function<void()>& command);
@@ -94,6 +130,8 @@ class Main final : public wxFrame {
 
   // Runs the command of a menu entry.
   void Run(int id);
+  // Enables the menu entries that can be used now.
+  void UpdateMenus();
 
  private:
   using Command = std::function<void()>;
@@ -101,7 +139,7 @@ class Main final : public wxFrame {
   void AddCommands();
   void TellFileError(const FileError& error);
   void TellFault(const wxString& command, const std::string& cause);
-  void UpdateMenus();
+  void AddPanels();
   void ChooseFirstLanguage();
 
   bool GetInfo(const std::filesystem::path& path);
@@ -111,9 +149,16 @@ class Main final : public wxFrame {
   void SaveTo(const std::filesystem::path& path);
   void SaveAs_Click();
   void SaveText_Click();
+  void View_Click();
+  void Quillo_Click();
+  void Help_Click();
   void About_Click();
   void ExitM_Click();
   void Form_Unload(wxCloseEvent& event);
+  // The user logs off or the machine is switched off: asks, resp. keeps what is to be kept.
+  void QueryEndSession(wxCloseEvent& event);
+  void EndSession(wxCloseEvent& event);
+  void StoreSettings();
 
   [[nodiscard]] wxString Msg(int n) const;
   [[nodiscard]] wxString DumpFilter() const;
@@ -121,7 +166,9 @@ class Main final : public wxFrame {
   Settings settings_;
   Messages messages_;
   std::unique_ptr<Beeper> beeper_;
+  std::unique_ptr<Launcher> launcher_;
   std::unique_ptr<Dialogs> dialogs_;
+  ExternalTools tools_;
   Document document_;
   RecentFiles recent_;
   std::map<int, Command> commands_;
@@ -129,8 +176,12 @@ class Main final : public wxFrame {
   std::unique_ptr<Menus> menus_;
   StatusBar* status_ = nullptr;
   InfoPanel* info_ = nullptr;
+  HexPanel* hex_ = nullptr;
+  HitsPanel* hits_ = nullptr;
+  PatchPanel* patch_ = nullptr;
   Panel* visible_ = nullptr;
   std::string openWhenIdle_;
+  std::string lastPattern_;
 };
 
 }  // namespace tarvelo

@@ -1,12 +1,17 @@
 // The main window's commands: opening, saving, leaving, and what happens when one fails.
+#include <wx/clipbrd.h>
 #include <wx/menu.h>
 #include <wx/stdpaths.h>
 
 #include <utility>
 
 #include "core/summary.h"
+#include "shell/hex_panel.h"
+#include "shell/hits_panel.h"
 #include "shell/info_panel.h"
 #include "shell/main.h"
+#include "shell/panel_commands.h"
+#include "shell/patch_panel.h"
 #include "shell/product.h"
 #include "shell/strings.h"
 #include "shell/window_place.h"
@@ -16,9 +21,17 @@ namespace tarvelo {
 
 void Main::AddCommands() {
   commands_ = {
-      {OpenFF, [this] { OpenFF_Click(); }}, {Save, [this] { Save_Click(); }},
-      {SaveAs, [this] { SaveAs_Click(); }}, {SaveText, [this] { SaveText_Click(); }},
-      {ExitM, [this] { ExitM_Click(); }},   {About, [this] { About_Click(); }},
+      {OpenFF, [this] { OpenFF_Click(); }},
+      {Save, [this] { Save_Click(); }},
+      {SaveAs, [this] { SaveAs_Click(); }},
+      {SaveText, [this] { SaveText_Click(); }},
+      {View, [this] { View_Click(); }},
+      {Quillo, [this] { Quillo_Click(); }},
+      {Search, [this] { hits_->Search_Click(); }},
+      {Help, [this] { Help_Click(); }},
+      {Calculator, [this] { tools_.Calculator(); }},
+      {ExitM, [this] { ExitM_Click(); }},
+      {About, [this] { About_Click(); }},
   };
   for (int i = 0; i < static_cast<int>(RecentFiles::count); ++i)
     commands_[File1 + i] = [this, i] { OpenChosen(PathOf(recent_[static_cast<std::size_t>(i)])); };
@@ -27,12 +40,21 @@ void Main::AddCommands() {
 }
 
 void Main::Run(int id) {
+  if (const PanelCommands* own = visible_ ? visible_->Commands() : nullptr; own && own->Find(id)) {
+    if (own->CanRun(id)) RunGuarded(Msg(own->Find(id)->message), own->Find(id)->run);
+    return;
+  }
   const auto command = commands_.find(id);
   if (command == commands_.end()) return;
   const wxMenuItem* entry = GetMenuBar()->FindItem(id);
   RunGuarded(entry ? entry->GetItemLabelText() : wxString(), command->second);
   // The tick that the click itself has changed follows the panel again.
   menus_->CheckPanel(visible_ ? visible_->MenuEntry() : MenuNone);
+}
+
+void Main::PopUpCommands() {
+  const PanelCommands* own = visible_ ? visible_->Commands() : nullptr;
+  if (own) Run(own->PopUp(visible_->Window(), messages_));
 }
 
 void Main::RunGuarded(const wxString& name, const std::function<void()>& command) try {
@@ -76,10 +98,40 @@ void Main::Tell(int n, const std::filesystem::path& path) { Tell(Msg(n), path); 
 
 void Main::Complain(const wxString& text) { dialogs_->Message(text, Dialogs::Icon::Critical); }
 
+void Main::Announce(const wxString& title, const wxString& text) {
+  dialogs_->Announce(wxString(productName) + " - " + title, text);
+}
+
 std::optional<std::string> Main::Ask(int n, const std::string& initial) {
   const auto answer = dialogs_->Ask(Msg(n), Wx(initial));
   if (!answer || answer->empty()) return {};
   return Utf8(*answer);
+}
+
+std::optional<std::string> Main::AskPattern() {
+  const wxString examples = "\n\nExamples:\nE6,FC,41,00,E6\nE6??4100E6\ne6??41,00 e6";
+  const auto answer = dialogs_->Ask(Msg(34) + examples, Wx(lastPattern_));
+  if (!answer || answer->empty()) return {};
+  lastPattern_ = Utf8(*answer);
+  return lastPattern_;
+}
+
+bool Main::Confirm(const wxString& question) { return dialogs_->Confirm(question); }
+
+void Main::Copy(const std::string& text) {
+  const wxClipboardLocker lock;
+  if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(text)));
+}
+
+void Main::ShowBl(Offset start, Offset size) {
+  if (start < 0 || start > document_.image.ffEnd()) return Complain(Msg(232));
+  if (!tools_.ShowBl(document_.path, start, size)) ShowHex(start, size);
+}
+
+void Main::ShowHex(Offset start, Offset size) {
+  if (start < 0 || start > document_.image.ffEnd()) return Complain(Msg(232));
+  ShowPanel(*hex_);
+  hex_->Go(start, size);
 }
 
 wxString Main::DumpFilter() const { return Msg(111) + " (*.bin,*.fls)|*.bin;*.fls|" + Msg(114) + "|*.*"; }
@@ -177,11 +229,29 @@ void Main::SaveText_Click() {
     Complain(Msg(33));
 }
 
-void Main::SaveList(const Table& table, char letter) {
+void Main::SaveList(const Table& table, char letter) { SaveList(TabSeparated(table, CrLf), letter); }
+
+void Main::SaveList(const std::string& tabSeparated, char letter) {
   const std::filesystem::path file = document_.Beside(std::string("_") + letter + ".txt");
-  WriteFile(file, TabSeparated(table, CrLf));
+  WriteFile(file, tabSeparated);
   document_.FileName = PathText(file);
   Tell(30, file);
+}
+
+void Main::View_Click() {
+  if (!tools_.View(document_.path)) ShowHex(0, 0);
+}
+
+void Main::Quillo_Click() {
+  if (!status_->Panel(StatusBar::patchPanel).empty()) patch_->SavePatch();
+  tools_.Quillo(document_.Beside(".qpt"));
+}
+
+void Main::Help_Click() {
+  const auto folder = PathFrom(wxStandardPaths::Get().GetExecutablePath()).parent_path();
+  const std::filesystem::path page = folder / PathFrom(Msg(103));
+  if (!FileExist(page)) return Complain(Wx(messages_.MsgS(48, PathText(page))));
+  launcher_->OpenWithSystem(page);
 }
 
 void Main::About_Click() {
@@ -190,12 +260,14 @@ void Main::About_Click() {
 
 void Main::ExitM_Click() {
   if (WasChanged()) return;
-  std::error_code ignored;
-  const auto folder = PathFrom(wxStandardPaths::Get().GetExecutablePath()).parent_path();
-  std::filesystem::remove(folder / "Tarvelo.whs", ignored);
+  StoreSettings();
+  Destroy();
+}
+
+void Main::StoreSettings() {
+  tools_.Forget();
   recent_.Write(settings_);
   StorePlace(*this, settings_);
-  Destroy();
 }
 
 void Main::Form_Unload(wxCloseEvent& event) {
@@ -206,5 +278,11 @@ void Main::Form_Unload(wxCloseEvent& event) {
   status_->SetPanel(StatusBar::patchPanel, wxString());  // the question is not asked twice
   ExitM_Click();
 }
+
+void Main::QueryEndSession(wxCloseEvent& event) {
+  if (event.CanVeto() && WasChanged()) event.Veto();
+}
+
+void Main::EndSession(wxCloseEvent&) { StoreSettings(); }
 
 }  // namespace tarvelo

@@ -22,11 +22,12 @@ constexpr MenuEntry panels[] = {
     {Pictures, 136, "Ctrl+5", true, wxITEM_CHECK},  {Ringtones, 139, "Ctrl+6", true, wxITEM_CHECK},
     {Files, 89, "Ctrl+7", true, wxITEM_CHECK},      {Dump, 86, "Ctrl+8", true, wxITEM_CHECK},
     {AddrBook, 182, "Ctrl+9", false, wxITEM_CHECK}, {MenuNone},
+    {HexView, 228, "Ctrl+H", true, wxITEM_CHECK},   {Hits, 229, "Ctrl+R", true, wxITEM_CHECK},
     {PatchMenu, 135, "Ctrl+0", true, wxITEM_CHECK},
 };
 
 constexpr MenuEntry tools[] = {
-    {Search, 185, "Ctrl+Shift+F", true},
+    {Search, 275, "Ctrl+Shift+F", true},
     {StFun, 186, "", true},
     {StPat, 187, "", true},
     {MenuNone},

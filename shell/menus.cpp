@@ -5,13 +5,15 @@
 
 #include "resources/messages.h"
 #include "shell/mnemonics.h"
+#include "shell/panel_commands.h"
 #include "shell/recent_files.h"
 #include "shell/strings.h"
 
 namespace tarvelo {
 namespace {
 
-constexpr char unnamed[] = "-";  // wx wants a caption; Recaption gives the real one
+constexpr std::size_t panelMenuPosition = 2;  // behind the menu of the panels
+constexpr char unnamed[] = "-";               // wx wants a caption; Recaption gives the real one
 
 bool IsLanguage(int id) { return id >= FirstLanguage && id <= LastLanguage; }
 
@@ -52,16 +54,19 @@ Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
     bar_->Append(menu, unnamed);
   }
   frame.SetMenuBar(bar_);
+  // Entries are grey while their menu is seen; closed, it leaves every shortcut alive.
+  const auto update = [this](wxMenuEvent& event, bool reachable) {
+    if (panelCommands_ && event.GetMenu() == bar_->GetMenu(panelMenuPosition))
+      panelCommands_->Update(*event.GetMenu(), reachable);
+    event.Skip();
+  };
+  frame.Bind(wxEVT_MENU_OPEN, [update](wxMenuEvent& event) { update(event, false); });
+  frame.Bind(wxEVT_MENU_CLOSE, [update](wxMenuEvent& event) { update(event, true); });
 }
 
 void Menus::Recaption(const Messages& messages, int saveText) {
-  std::vector<wxString> titles;
-  for (const MenuGroup& group : MenuBarTable()) {
-    titles.push_back(Wx(messages.Msg(group.message)));
-    RecaptionEntries(*bar_, group, messages, saveText);
-  }
-  titles = WithMnemonics(titles);
-  for (std::size_t i = 0; i < titles.size(); ++i) bar_->SetMenuLabel(i, titles[i]);
+  for (const MenuGroup& group : MenuBarTable()) RecaptionEntries(*bar_, group, messages, saveText);
+  ShowPanelMenu(panelCommands_, panelTitle_, messages);
 
   // Each language is called by its own name, whatever the current one.
   std::vector<wxString> names;
@@ -72,6 +77,26 @@ void Menus::Recaption(const Messages& messages, int saveText) {
     bar_->FindItem(id)->SetItemLabel(names[i]);
     if (&Languages()[i] == &messages.Current()) bar_->Check(id, true);
   }
+}
+
+void Menus::ShowPanelMenu(const PanelCommands* commands, int title, const Messages& messages) {
+  if (panelCommands_) delete bar_->Remove(panelMenuPosition);
+  panelCommands_ = commands;
+  panelTitle_ = title;
+  if (commands) {
+    std::unique_ptr<wxMenu> menu = commands->MakeMenu(messages);
+    commands->Update(*menu, true);
+    bar_->Insert(panelMenuPosition, menu.release(), unnamed);
+  }
+  Retitle(messages);
+}
+
+void Menus::Retitle(const Messages& messages) {
+  std::vector<wxString> titles;
+  for (const MenuGroup& group : MenuBarTable()) titles.push_back(Wx(messages.Msg(group.message)));
+  if (panelCommands_) titles.insert(titles.begin() + panelMenuPosition, Wx(messages.Msg(panelTitle_)));
+  titles = WithMnemonics(titles);
+  for (std::size_t i = 0; i < titles.size(); ++i) bar_->SetMenuLabel(i, titles[i]);
 }
 
 void Menus::CaptionSaveText(const Messages& messages, int saveText) {

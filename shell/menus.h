@@ -12,6 +12,7 @@ class wxMenuBar;
 namespace tarvelo {
 
 class Messages;
+class PanelCommands;
 class RecentFiles;
 
 class Menus {
@@ -26,6 +27,10 @@ class Menus {
   // Changes the caption of SaveText alone.
   void CaptionSaveText(const Messages& messages, int saveText);
 
+  // Puts the commands of the visible panel into the bar, under the panel's name (message `title`), in
+  // place of the last one's; null: there are none.
+  void ShowPanelMenu(const PanelCommands* commands, int title, const Messages& messages);
+
   // Shows the recent files; an entry without a file is hidden.
   void ShowRecent(const RecentFiles& files);
 
@@ -36,7 +41,11 @@ class Menus {
   void CheckPanel(int id);
 
  private:
+  void Retitle(const Messages& messages);
+
   wxMenuBar* bar_;
+  const PanelCommands* panelCommands_ = nullptr;
+  int panelTitle_ = 0;
   wxMenu* recentMenu_ = nullptr;    // where File1 .. File5 stand,
   std::size_t recentPosition_ = 0;  // from this position on,
   std::size_t recentShown_ = 0;     // and how many are shown

@@ -6,6 +6,7 @@ class wxWindow;
 namespace tarvelo {
 
 class Messages;
+class PanelCommands;
 
 class Panel {
  public:
@@ -19,6 +20,9 @@ class Panel {
 
   // Its window, a child of the main window.
   [[nodiscard]] virtual wxWindow& Window() = 0;
+
+  // Its menu; null for a panel without commands of its own.
+  [[nodiscard]] virtual const PanelCommands* Commands() const { return nullptr; }
 
   // What takes the keyboard when it is shown.
   [[nodiscard]] virtual wxWindow& FirstFocus() { return Window(); }

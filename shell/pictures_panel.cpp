@@ -25,20 +25,14 @@
 namespace tarvelo {
 namespace {
 
-constexpr int countPanel = 6;  // of the status bar
-
-void ToClipboard(wxDataObject* data) {
-  const wxClipboardLocker lock;
-  if (!!lock)
-    wxTheClipboard->SetData(data);
-  else
-    delete data;
-}
+constexpr int countPanel = 6;      // of the status bar
+constexpr Offset entryLength = 8;  // of a picture table
 
 }  // namespace
 
 PicturesPanel::PicturesPanel(Main& main)
     : main_(main),
+      commands_(MakeCommands()),
       window_(new wxSplitterWindow(&main, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
       right_(new wxSplitterWindow(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
       ListP_(new ListView(window_)) {
@@ -66,23 +60,16 @@ void PicturesPanel::Layout() {
 
 void PicturesPanel::Bind() {
   ListP_->onSelect = [this](std::size_t row) { ShowPicture(row); };
-  ListP_->onActivate = [this](std::size_t) { Run(ShowPic); };
-  ListP_->onContextMenu = [this] { PopUp(); };
+  ListP_->onActivate = [this](std::size_t) { main_.Run(ShowPic); };
+  ListP_->onContextMenu = [this] { main_.PopUpCommands(); };
   gallery_->onSelect = [this](std::size_t row) { ListP_->Select(row); };
-  gallery_->onActivate = [this](std::size_t) { Run(ShowPic); };
-  gallery_->onContextMenu = [this] { PopUp(); };
-  Pic_->Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent&) { PopUp(); });
+  gallery_->onActivate = [this](std::size_t) { main_.Run(ShowPic); };
+  gallery_->onContextMenu = [this] { main_.PopUpCommands(); };
+  Pic_->Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent&) { main_.PopUpCommands(); });
   window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    const int key = event.GetModifiers() == wxMOD_CONTROL ? event.GetKeyCode() : 0;
-    const bool inList = ListP_->Control().HasFocus() || gallery_->HasFocus() || Pic_->HasFocus();
-    if (key == 'F')
-      Run(FindP);
-    else if (key == 'G')
-      Run(FindMoreP);
-    else if (key == 'C' && ListP_->Control().HasFocus())
-      ListP_->CopyRows();
-    else if (key == 'C' && inList)
-      Run(CopyPic);
+    const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
+    if (copy && (gallery_->HasFocus() || Pic_->HasFocus()))
+      main_.Run(CopyPic);
     else
       event.Skip();
   });
@@ -148,64 +135,35 @@ void PicturesPanel::ShowPicture(std::size_t row) {
 
 // --- commands ---
 
-std::unique_ptr<wxMenu> PicturesPanel::ContextMenu() const {
-  struct Entry {
-    int id;
-    int message;
-    const char* key = "";
-  };
-  static constexpr Entry entries[] = {{ShowPic, 154},
-                                      {0, 0},
-                                      {SavePic, 149},
-                                      {SaveAllPic, 143},
-                                      {SavePng, 220},
-                                      {0, 0},
-                                      {CopyPic, 219},
-                                      {OffsetP, 132},
-                                      {OpenP, 2},
-                                      {OpenDescP, 178},
-                                      {0, 0},
-                                      {FindP, 119, "\tCtrl+F"},
-                                      {FindMoreP, 118, "\tCtrl+G"},
-                                      {0, 0},
-                                      {ZoomIn, 223, "\t+"},
-                                      {ZoomOut, 224, "\t-"},
-                                      {ZoomFit, 222, "\t0"}};
-  std::vector<wxString> captions;
-  for (const Entry& entry : entries) captions.push_back(Wx(main_.Texts().Msg(entry.message)));
-  captions = WithMnemonics(captions);
-  auto menu = std::make_unique<wxMenu>();
-  for (std::size_t i = 0; i < std::size(entries); ++i) {
-    const auto& [id, message, key] = entries[i];
-    if (id == 0)
-      menu->AppendSeparator();
-    else
-      menu->Append(id, captions[i] + key, wxString(), id == SavePng ? wxITEM_CHECK : wxITEM_NORMAL);
-  }
-  menu->Check(SavePng, savePng_);
-  for (const int id : {ShowPic, SavePic, CopyPic, OffsetP}) menu->Enable(id, Chosen() != nullptr);
-  for (const int id : {SaveAllPic, FindP, FindMoreP}) menu->Enable(id, !list_.pictures.empty());
-  for (const int id : {OpenP, OpenDescP}) menu->Enable(id, false);  // there is no hex view yet
-  return menu;
-}
-
-void PicturesPanel::PopUp() {
-  const std::unique_ptr<wxMenu> menu = ContextMenu();
-  Run(window_->GetPopupMenuSelectionFromUser(*menu));
-}
-
-void PicturesPanel::Run(int id) {
-  const std::pair<int, std::pair<int, void (PicturesPanel::*)()>> commands[] = {
-      {ShowPic, {154, &PicturesPanel::ShowPic_Click}},       {SavePic, {149, &PicturesPanel::SavePic_Click}},
-      {SaveAllPic, {143, &PicturesPanel::SaveAllPic_Click}}, {CopyPic, {219, &PicturesPanel::CopyPic_Click}},
-      {OffsetP, {132, &PicturesPanel::OffsetP_Click}},       {FindP, {119, &PicturesPanel::FindP_Click}},
-      {FindMoreP, {118, &PicturesPanel::FindMoreP_Click}}};
-  for (const auto& [command, action] : commands)
-    if (command == id)
-      main_.RunGuarded(Wx(main_.Texts().Msg(action.first)), [&] { (this->*action.second)(); });
-  if (id == SavePng) savePng_ = !savePng_;
-  if (id == ZoomIn || id == ZoomOut) Pic_->ZoomBy(id == ZoomIn ? 1 : -1);
-  if (id == ZoomFit) Pic_->Fit();
+PanelCommands PicturesPanel::MakeCommands() {
+  const auto chosen = [this] { return Chosen() != nullptr; };
+  const auto any = [this] { return !list_.pictures.empty(); };
+  return PanelCommands(
+      {{.id = ShowPic, .message = 154, .run = [this] { ShowPic_Click(); }, .enabled = chosen},
+       {},
+       {.id = SavePic, .message = 149, .run = [this] { SavePic_Click(); }, .enabled = chosen},
+       {.id = SaveAllPic, .message = 143, .run = [this] { SaveAllPic_Click(); }, .enabled = any},
+       {.id = SavePng,
+        .message = 220,
+        .run = [this] { savePng_ = !savePng_; },
+        .checked = [this] { return savePng_; }},
+       {},
+       {.id = CopyPic, .message = 219, .run = [this] { CopyPic_Click(); }, .enabled = chosen},
+       {.id = OffsetP, .message = 132, .run = [this] { OffsetP_Click(); }, .enabled = chosen},
+       {.id = OpenP, .message = 2, .run = [this] { OpenP_Click(); }, .enabled = chosen},
+       {.id = OpenDescP, .message = 178, .run = [this] { OpenDescP_Click(); }, .enabled = chosen},
+       {},
+       {.id = FindP, .message = 119, .shortcut = "Ctrl+F", .run = [this] { FindP_Click(); }, .enabled = any},
+       {.id = FindMoreP,
+        .message = 118,
+        .shortcut = "Ctrl+G",
+        .run = [this] { FindMoreP_Click(); },
+        .enabled = any},
+       {},
+       {.id = ZoomIn, .message = 223, .shortcut = "Ctrl++", .run = [this] { Pic_->ZoomBy(1); }},
+       {.id = ZoomOut, .message = 224, .shortcut = "Ctrl+-", .run = [this] { Pic_->ZoomBy(-1); }},
+       {.id = ZoomFit, .message = 222, .run = [this] { Pic_->Fit(); }}},
+      ShowPic);
 }
 
 std::filesystem::path PicturesPanel::Folder() const { return main_.Open().FileDir / "BMP"; }
@@ -250,13 +208,22 @@ void PicturesPanel::CopyPic_Click() {
   for (int y = 0; y < bitmap->height; ++y)
     for (int x = 0; x < bitmap->width; ++x)
       image.SetAlpha(x, y, bitmap->At(x, y) == backgroundColour ? 0 : 255);
-  ToClipboard(new wxBitmapDataObject(wxBitmap(image)));
+  const wxClipboardLocker lock;
+  if (!!lock) wxTheClipboard->SetData(new wxBitmapDataObject(wxBitmap(image)));
 }
 
 void PicturesPanel::OffsetP_Click() {
   const Picture* picture = Chosen();
   if (!picture) return;
-  ToClipboard(new wxTextDataObject(Wx(PadZero(Hex(static_cast<std::uint32_t>(picture->data)), 6))));
+  main_.Copy(PadZero(Hex(static_cast<std::uint32_t>(picture->data)), 6));
+}
+
+void PicturesPanel::OpenP_Click() {
+  if (const Picture* picture = Chosen()) main_.ShowBl(picture->data, picture->size);
+}
+
+void PicturesPanel::OpenDescP_Click() {
+  if (const Picture* picture = Chosen()) main_.ShowBl(picture->entry, entryLength);
 }
 
 void PicturesPanel::ShowPic_Click() {

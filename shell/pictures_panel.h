@@ -1,8 +1,6 @@
 // The Pictures panel: the list of pictures, the chosen one enlarged in its frame, and a gallery of all.
 #pragma once
 
-#include <wx/menu.h>
-
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -10,6 +8,7 @@
 #include "media/picture.h"
 #include "media/picture_data.h"
 #include "shell/panel.h"
+#include "shell/panel_commands.h"
 
 class wxSplitterWindow;
 class wxStaticBox;
@@ -29,6 +28,7 @@ class PicturesPanel final : public Panel {
   [[nodiscard]] int Name() const override { return 136; }
   [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override;
+  [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;
   // Looks for pictures while none are listed, and selects the first.
   void Build() override;
@@ -36,32 +36,16 @@ class PicturesPanel final : public Panel {
   void Clear() override;
   void Recaption(const Messages& messages) override;
 
-  // The commands of the context menu. Those that need a chosen picture do nothing without one.
+  // The commands. Those that need a chosen picture do nothing without one.
   void SavePic_Click();
   void SaveAllPic_Click();
   void CopyPic_Click();
   void OffsetP_Click();
+  void OpenP_Click();
+  void OpenDescP_Click();
   void ShowPic_Click();
   void FindP_Click();
   void FindMoreP_Click();
-
-  enum MenuId : int {
-    ShowPic = 1,
-    SavePic,
-    SaveAllPic,
-    SavePng,
-    CopyPic,
-    OffsetP,
-    OpenP,
-    OpenDescP,
-    FindP,
-    FindMoreP,
-    ZoomIn,
-    ZoomOut,
-    ZoomFit
-  };
-  [[nodiscard]] std::unique_ptr<wxMenu> ContextMenu() const;
-  void Run(int id);
 
   [[nodiscard]] ListView& ListP() { return *ListP_; }
   [[nodiscard]] PictureView& Pic() { return *Pic_; }
@@ -79,9 +63,10 @@ class PicturesPanel final : public Panel {
   std::filesystem::path SaveCurPic(const Picture& picture);
   bool SaveEach();
   void FindFrom(bool behindCurrent);
-  void PopUp();
+  [[nodiscard]] PanelCommands MakeCommands();
 
   Main& main_;
+  PanelCommands commands_;
   wxSplitterWindow* window_;
   wxSplitterWindow* right_;
   ListView* ListP_;

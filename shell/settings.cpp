@@ -26,6 +26,12 @@ std::vector<std::pair<std::string, std::string>> Settings::GetSec(std::string_vi
   return platform::ReadIniSection(file_, std::string(section));
 }
 
+std::string Settings::GetRaw(std::string_view section, std::string_view key) const {
+  for (const auto& [name, value] : GetSec(section))
+    if (ToUpper(name) == ToUpper(key)) return value;
+  return {};
+}
+
 std::filesystem::path Settings::DefaultFile() {
   constexpr char name[] = "Tarvelo.ini";
   wxStandardPaths& paths = wxStandardPaths::Get();

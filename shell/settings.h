@@ -2,7 +2,7 @@
 //
 //   [General]      Language     two-letter code of the interface language
 //   [History]      File1..5     the files opened last
-//   [Integration]  HexEditor, Quillo   commands, edited by the user
+//   [Integration]  HexEditor, Quillo, Calculator   other programs, edited by the user (external_tools.h)
 //   [Window]       Left, Top, Width, Height, Maximized   the main window's place
 //
 // A file that cannot be read counts as empty; one that cannot be written is left as it is. Keys
@@ -29,6 +29,12 @@ class Settings {
 
   // All keys of a section with their values as they stand.
   [[nodiscard]] std::vector<std::pair<std::string, std::string>> GetSec(std::string_view section) const;
+
+  // One value as it stands, such as a command line; empty where there is none.
+  [[nodiscard]] std::string GetRaw(std::string_view section, std::string_view key) const;
+
+  // The folder of the settings file: other files of the user's and of the program's lie there too.
+  [[nodiscard]] std::filesystem::path Folder() const { return file_.parent_path(); }
 
   // Where the settings live: beside the program where that folder can be written, else in the user's
   // configuration folder, which is made.

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <wx/clipbrd.h>
 #include <wx/dnd.h>
 #include <wx/menu.h>
 
 #include <deque>
+#include <map>
 #include <optional>
 
 #include "demo/image_builder.h"
@@ -22,6 +24,8 @@ namespace tarvelo {
 struct Script {
   std::deque<std::string> said;
   std::deque<std::string> beeps;
+  std::deque<std::string> started;
+  std::map<std::string, std::string> registry;
   bool confirm = false;
   std::string answer;  // cancelled when it is empty
   std::optional<std::filesystem::path> file;
@@ -41,6 +45,9 @@ class ScriptedDialogs final : public Dialogs {
 
   void Message(const wxString& text, Icon icon) override {
     script_.said.push_back((icon == Icon::Critical ? "!" : "i") + Utf8(text));
+  }
+  void Announce(const wxString& title, const wxString& text) override {
+    script_.said.push_back("[" + Utf8(title) + "]" + Utf8(text));
   }
   bool Confirm(const wxString& text) override {
     script_.said.push_back("?" + Utf8(text));
@@ -77,6 +84,28 @@ class RecordingBeeper final : public Beeper {
   Script& script_;
 };
 
+// Programs are not started but written down: "run ...", "open ...".
+class RecordingLauncher final : public Launcher {
+ public:
+  explicit RecordingLauncher(Script& script) : script_(script) {}
+  [[nodiscard]] std::string RegRead(const std::string& key) const override {
+    const auto found = script_.registry.find(key);
+    return found == script_.registry.end() ? std::string() : found->second;
+  }
+  [[nodiscard]] std::string CalculatorCommand() const override { return "calc"; }
+  long shel(const std::string& commandLine) override {
+    script_.started.push_back("run " + commandLine);
+    return 1;
+  }
+  bool OpenWithSystem(const std::filesystem::path& file) override {
+    script_.started.push_back("open " + PathText(file));
+    return true;
+  }
+
+ private:
+  Script& script_;
+};
+
 class Desk : public testing::Test {
  protected:
   Desk() {
@@ -89,8 +118,8 @@ class Desk : public testing::Test {
   }
 
   void StartProgram() {
-    main = new Main(Settings(SettingsFile()), std::make_unique<RecordingBeeper>(script),
-                    std::make_unique<ScriptedDialogs>(script));
+    main = new Main({Settings(SettingsFile()), std::make_unique<RecordingBeeper>(script),
+                     std::make_unique<RecordingLauncher>(script), std::make_unique<ScriptedDialogs>(script)});
     main->Show();
     Settle();
   }
@@ -125,6 +154,13 @@ class Desk : public testing::Test {
     EXPECT_TRUE(target->OnDropFiles(0, 0, files));
     EXPECT_EQ(main->Open().IsOpen(), wasOpen);
     Settle();
+  }
+
+  // What a program would find in the clipboard.
+  [[nodiscard]] static std::string ClipboardText() {
+    const wxClipboardLocker lock;
+    wxTextDataObject text;
+    return wxTheClipboard->GetData(text) ? Utf8(text.GetText()) : std::string();
   }
 
   [[nodiscard]] wxMenuItem* Item(int id) const { return main->GetMenuBar()->FindItem(id); }

@@ -13,12 +13,12 @@ class ListPanel final : public Panel {
   ListPanel(Main& main, int& builds, int& clears)
       : main_(main), window_(new wxPanel(&main)), builds_(builds), clears_(clears) {}
 
-  [[nodiscard]] int MenuEntry() const override { return EEPROM; }
-  [[nodiscard]] int Name() const override { return 201; }
+  [[nodiscard]] int MenuEntry() const override { return Files; }
+  [[nodiscard]] int Name() const override { return 89; }
   [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override { return *window_; }
   void Build() override { ++builds_; }
-  void Save() override { main_.SaveList({{"Block", "Size"}, {{{"   1", "20"}}}}, 'E'); }
+  void Save() override { main_.SaveList({{"Block", "Size"}, {{{"   1", "20"}}}}, 'F'); }
   void Clear() override { ++clears_; }
   void Recaption(const Messages&) override {}
 
@@ -139,30 +139,30 @@ TEST_F(Desk, SavesTheInformation) {
 
 TEST_F(Desk, RoutesPanels) {
   int builds = 0, clears = 0;
-  EXPECT_FALSE(Enabled(EEPROM));
+  EXPECT_FALSE(Enabled(Files));
   main->AddPanel(std::make_unique<ListPanel>(*main, builds, clears));
   main->OpenF(WriteDump("dump.bin"));
   EXPECT_EQ(clears, 1);
 
-  Choose(EEPROM);
-  Choose(EEPROM);  // is shown already: nothing happens
+  Choose(Files);
+  Choose(Files);  // is shown already: nothing happens
   EXPECT_EQ(builds, 1);
-  EXPECT_TRUE(Item(EEPROM)->IsChecked());
+  EXPECT_TRUE(Item(Files)->IsChecked());
   EXPECT_FALSE(Item(Info)->IsChecked());
-  EXPECT_EQ(Title(), "Tarvelo - EEPROM");
+  EXPECT_EQ(Title(), "Tarvelo - Files");
   EXPECT_EQ(Caption(SaveText), "Save list as text");
   EXPECT_FALSE(main->InfoText().Window().IsShown());
 
   Choose(SaveText);
-  EXPECT_EQ(script.TakeSaid(), "iList was saved in file\n\n" + PathText(folder / "dump_E.txt"));
-  EXPECT_EQ(ReadAll(folder / "dump_E.txt"), "Block\tSize\r\n   1\t20\r\n");
-  EXPECT_EQ(main->Open().FileName, PathText(folder / "dump_E.txt"));
+  EXPECT_EQ(script.TakeSaid(), "iList was saved in file\n\n" + PathText(folder / "dump_F.txt"));
+  EXPECT_EQ(ReadAll(folder / "dump_F.txt"), "Block\tSize\r\n   1\t20\r\n");
+  EXPECT_EQ(main->Open().FileName, PathText(folder / "dump_F.txt"));
 
   main->UnVis();
   Choose(SaveText);
   EXPECT_EQ(script.TakeSaid(), "!No data for saving !");
 
-  Choose(EEPROM);
+  Choose(Files);
   EXPECT_EQ(builds, 2);
   main->OpenF(WriteDump("other.bin"));
   EXPECT_EQ(clears, 2);
@@ -187,10 +187,10 @@ TEST_F(Desk, TellsAFaultAndGoesOn) {
   int builds = 0, clears = 0;
   main->AddPanel(std::make_unique<ListPanel>(*main, builds, clears));
   main->OpenF(WriteDump("dump.bin"));
-  Choose(EEPROM);
-  std::filesystem::create_directory(folder / "dump_E.txt");  // cannot be written
+  Choose(Files);
+  std::filesystem::create_directory(folder / "dump_F.txt");  // cannot be written
   Choose(SaveText);
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(folder / "dump_E.txt"));
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(folder / "dump_F.txt"));
   EXPECT_TRUE(main->Open().IsOpen());
 }
 

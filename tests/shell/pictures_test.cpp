@@ -21,11 +21,6 @@ class PicturesDesk : public Desk {
 
   [[nodiscard]] PicturesPanel& Panel() { return dynamic_cast<PicturesPanel&>(*main->Visible()); }
   [[nodiscard]] ListView& List() { return Panel().ListP(); }
-  [[nodiscard]] std::string ClipboardText() {
-    const wxClipboardLocker lock;
-    wxTextDataObject text;
-    return wxTheClipboard->GetData(text) ? Utf8(text.GetText()) : std::string();
-  }
 };
 
 TEST_F(PicturesDesk, ShowTheFirstPictureAndTheCounts) {
@@ -54,7 +49,7 @@ TEST_F(PicturesDesk, ListAndGalleryFollowEachOther) {
 
 TEST_F(PicturesDesk, AreSavedAsBitmaps) {
   List().Select(7);
-  Panel().Run(PicturesPanel::SavePic);
+  main->Run(SavePic);
   EXPECT_EQ(script.TakeSaid(),
             "iPicture \"7\" was saved in file\n\n" + PathText(folder / "BMP" / "demo_0007.bmp"));
   const Picture& picture = Panel().Pictures().pictures[7];
@@ -62,8 +57,8 @@ TEST_F(PicturesDesk, AreSavedAsBitmaps) {
   EXPECT_EQ(image.GetSize(), wxSize(picture.width, picture.height));
   EXPECT_FALSE(FileExist(folder / "BMP" / "demo_0007.png"));
 
-  Panel().Run(PicturesPanel::SavePng);
-  Panel().Run(PicturesPanel::SaveAllPic);
+  main->Run(SavePng);
+  main->Run(SaveAllPic);
   EXPECT_EQ(script.TakeSaid(), "iAll pictures were saved to\n\n" + PathText(folder / "BMP" / "NNNN.bmp"));
   const std::filesystem::directory_iterator files(folder / "BMP");
   EXPECT_EQ(std::distance(begin(files), end(files)), static_cast<long>(2 * List().GetTable().rows.size()));
@@ -73,13 +68,13 @@ TEST_F(PicturesDesk, AreSavedAsBitmaps) {
 
 TEST_F(PicturesDesk, AreSearchedInAnyColumn) {
   script.answer = "2a0";
-  Panel().Run(PicturesPanel::FindP);
+  main->Run(FindP);
   EXPECT_EQ(script.TakeSaid(), "ask Enter the string for search: ");
   const auto first = *List().Selected();
-  Panel().Run(PicturesPanel::FindMoreP);
+  main->Run(FindMoreP);
   EXPECT_GT(*List().Selected(), first);
   script.answer = "no such";
-  Panel().Run(PicturesPanel::FindP);
+  main->Run(FindP);
   EXPECT_EQ(script.TakeSaid(), "ask Enter the string for search: 2a0");
   EXPECT_EQ(script.TakeSaid(), "!String \"no such\" wasn't found");
 }
@@ -101,12 +96,12 @@ TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
 
 TEST_F(PicturesDesk, GoToTheClipboard) {
   List().Select(1);
-  Panel().Run(PicturesPanel::OffsetP);
+  main->Run(OffsetP);
   EXPECT_EQ(ClipboardText(), "280004");
   List().CopyRows();
   EXPECT_EQ(ClipboardText().substr(0, 30), "P\tN/P\tN\tX\tY\tB\tOffset\tSize\tUnco");
   EXPECT_NE(ClipboardText().find("\n1\t001\t   1\t"), std::string::npos);
-  Panel().Run(PicturesPanel::CopyPic);
+  main->Run(CopyPic);
   const wxClipboardLocker lock;
   EXPECT_TRUE(wxTheClipboard->IsSupported(wxDF_BITMAP));
 }
@@ -115,10 +110,10 @@ TEST_F(PicturesDesk, ZoomStaysWithinBounds) {
   PictureView& view = Panel().Pic();
   view.SetZoom(99);
   EXPECT_EQ(view.Zoom(), 16);
-  Panel().Run(PicturesPanel::ZoomIn);
+  main->Run(ZoomIn);
   EXPECT_EQ(view.Zoom(), 16);
   view.SetZoom(1);
-  Panel().Run(PicturesPanel::ZoomOut);
+  main->Run(ZoomOut);
   EXPECT_EQ(view.Zoom(), 1);
 }
 
@@ -128,10 +123,9 @@ TEST_F(PicturesDesk, GoWithTheDocument) {
   Choose(Pictures);
   EXPECT_EQ(List().GetTable().rows.size(), 0u);
   EXPECT_FALSE(Panel().Pic().GetBitmap());
-  EXPECT_FALSE(Panel().ContextMenu()->IsEnabled(PicturesPanel::SaveAllPic));
-  for (const int id :
-       {PicturesPanel::SavePic, PicturesPanel::OffsetP, PicturesPanel::ShowPic, PicturesPanel::CopyPic})
-    Panel().Run(id);  // nothing is chosen: nothing happens
+  EXPECT_FALSE(Panel().Commands()->CanRun(SaveAllPic));
+  for (const int id : {SavePic, OffsetP, ShowPic, CopyPic, OpenP})
+    main->Run(id);  // nothing is chosen: nothing happens
   EXPECT_TRUE(script.said.empty());
 }
 

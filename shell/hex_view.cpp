@@ -1,0 +1,1 @@
+// The control of the hex view.

@@ -1,0 +1,40 @@
+// The Patch panel: the patch text and its file.
+#pragma once
+
+#include <string>
+
+#include "shell/panel.h"
+#include "shell/panel_commands.h"
+#include "text/bytes.h"
+
+namespace tarvelo {
+
+class Main;
+
+class PatchPanel final : public Panel {
+ public:
+  explicit PatchPanel(Main& main);
+
+  [[nodiscard]] int MenuEntry() const override;
+  [[nodiscard]] int Name() const override { return 135; }
+  [[nodiscard]] int SaveTextCaption() const override { return 4; }
+  [[nodiscard]] wxWindow& Window() override;
+  [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
+  void Build() override;
+  void Save() override;
+  void Clear() override;
+  void Recaption(const Messages& messages) override;
+
+  // Appends a named patch; `body` may have several lines, parted by line feeds. Announces it if asked to.
+  void AddPatch(const std::string& name, const std::string& body, bool announce);
+
+  // Writes the patch file and tells the user. Throws FileError; the text still counts as unsaved then.
+  void SavePatch();
+
+ private:
+  Main& main_;
+  wxWindow* window_;
+  PanelCommands commands_;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,49 @@
+#include <wx/log.h>
+#include <wx/utils.h>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "core/file.h"
+#include "shell/platform/launcher.h"
+#include "shell/strings.h"
+
+namespace tarvelo {
+namespace {
+
+bool IsInstalled(const std::string& program) {
+  const char* path = std::getenv("PATH");
+  std::istringstream folders(path ? path : "/usr/local/bin:/usr/bin:/bin");
+  for (std::string folder; std::getline(folders, folder, ':');)
+    if (FileExist(PathOf(folder) / program)) return true;
+  return false;
+}
+
+class PosixLauncher final : public Launcher {
+ public:
+  [[nodiscard]] std::string RegRead(const std::string&) const override { return {}; }
+
+  [[nodiscard]] std::string CalculatorCommand() const override {
+    for (const char* name :
+         {"gnome-calculator", "kcalc", "mate-calc", "galculator", "qalculate-gtk", "xcalc"})
+      if (IsInstalled(name)) return name;
+    return {};
+  }
+
+  long shel(const std::string& commandLine) override {
+    if (commandLine.empty()) return 0;
+    const wxLogNull quiet;
+    return wxExecute(Wx(commandLine), wxEXEC_ASYNC);
+  }
+
+  bool OpenWithSystem(const std::filesystem::path& file) override {
+    const wxLogNull quiet;
+    return wxLaunchDefaultApplication(WxPath(file));
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Launcher> SystemLauncher() { return std::make_unique<PosixLauncher>(); }
+
+}  // namespace tarvelo

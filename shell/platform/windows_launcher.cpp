@@ -1,0 +1,47 @@
+#include <windows.h>
+#include <wx/log.h>
+#include <wx/msw/registry.h>
+#include <wx/utils.h>
+
+#include "shell/platform/launcher.h"
+#include "shell/strings.h"
+
+namespace tarvelo {
+namespace {
+
+class WindowsLauncher final : public Launcher {
+ public:
+  [[nodiscard]] std::string RegRead(const std::string& key) const override {
+    const wxLogNull quiet;  // a key that is not there is no error
+    wxString name = Wx(key);
+    if (name.EndsWith("\\")) name.RemoveLast();
+    wxRegKey registry(name);
+    wxString value;
+    if (!registry.Exists() || !registry.Open(wxRegKey::Read) || !registry.QueryValue(wxString(), value))
+      return {};
+    return Utf8(value);
+  }
+
+  [[nodiscard]] std::string CalculatorCommand() const override {
+    wxString windows;
+    if (!wxGetEnv("windir", &windows)) return {};
+    return Utf8(windows) + "\\System32\\Calc.exe";
+  }
+
+  long shel(const std::string& commandLine) override {
+    if (commandLine.empty()) return 0;
+    const wxLogNull quiet;
+    return wxExecute(Wx(commandLine), wxEXEC_ASYNC);
+  }
+
+  bool OpenWithSystem(const std::filesystem::path& file) override {
+    const wxLogNull quiet;
+    return wxLaunchDefaultApplication(WxPath(file));
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Launcher> SystemLauncher() { return std::make_unique<WindowsLauncher>(); }
+
+}  // namespace tarvelo
