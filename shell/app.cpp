@@ -2,6 +2,8 @@
 
 #include <wx/msgdlg.h>
 
+#include "shell/calc166.h"
+#include "shell/interface_language.h"
 #include "shell/main.h"
 #include "shell/platform/arguments.h"
 #include "shell/product.h"
@@ -13,9 +15,15 @@ bool App::OnInit() {
   wxDISABLE_DEBUG_SUPPORT();  // a user can do nothing about an assertion of the library
 #endif
   SetAppName(productName);
-  auto* window = new Main({Settings(Settings::DefaultFile())});
-  window->Show();
   const std::vector<std::string> arguments = platform::Arguments();
+  Settings settings(Settings::DefaultFile());
+  if (arguments == std::vector<std::string>{"166"}) {
+    auto* calculator = new Calc166(nullptr, Messages(StoredLanguage(settings)), {});
+    calculator->Centre();
+    return calculator->Show();
+  }
+  auto* window = new Main({std::move(settings)});
+  window->Show();
   if (!arguments.empty()) window->OpenWhenShown(arguments.front());
   return true;
 }

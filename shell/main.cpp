@@ -3,13 +3,14 @@
 
 #include <wx/app.h>
 #include <wx/dnd.h>
-#include <wx/intl.h>
 #include <wx/sizer.h>
 
+#include "shell/calc166.h"
 #include "shell/eeprom_panel.h"
 #include "shell/hex_panel.h"
 #include "shell/hits_panel.h"
 #include "shell/info_panel.h"
+#include "shell/interface_language.h"
 #include "shell/panel_commands.h"
 #include "shell/patch_panel.h"
 #include "shell/picture.h"
@@ -37,22 +38,6 @@ class DumpDrop final : public wxFileDropTarget {
   Main& main_;
 };
 
-wxFontEncoding EncodingOf(int charset) {
-  switch (charset) {
-    case 161: return wxFONTENCODING_CP1253;
-    case 204: return wxFONTENCODING_CP1251;
-    case 238: return wxFONTENCODING_CP1250;
-    default: return wxFONTENCODING_DEFAULT;
-  }
-}
-
-void SetFontEncoding(wxWindow& window, wxFontEncoding encoding) {
-  wxFont font = window.GetFont();
-  font.SetEncoding(encoding);
-  window.SetFont(font);
-  for (wxWindow* child : window.GetChildren()) SetFontEncoding(*child, encoding);
-}
-
 }  // namespace
 
 Main::Main(Surroundings surroundings)
@@ -77,7 +62,7 @@ Main::Main(Surroundings surroundings)
 
   recent_.Read(settings_);
   menus_->ShowRecent(recent_);
-  ChooseFirstLanguage();
+  ApplyLang(StoredLanguage(settings_));
   CloseFF();
   RestorePlace(*this, settings_);
   Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
@@ -144,22 +129,15 @@ void Main::UnVis() {
   menus_->CaptionSaveText(messages_, 5);
 }
 
-// The stored language, else the operating system's, else English.
-void Main::ChooseFirstLanguage() {
-  const Language* language = FindLanguage(settings_.GetIni("General", "Language"));
-  if (!language)
-    language = FindSystemLanguage(Utf8(wxLocale::GetLanguageCanonicalName(wxLocale::GetSystemLanguage())));
-  ApplyLang(language ? *language : English());
-}
-
 void Main::ApplyLang(const Language& language) {
   messages_ = Messages(language);
-  SetFontEncoding(*this, EncodingOf(language.charset));
+  SetCharacterSet(*this, language);
   if (settings_.GetIni("General", "Language") != language.code)
     settings_.SetIni("General", "Language", language.code);
   menus_->Recaption(messages_, visible_ ? visible_->SaveTextCaption() : 5);
   status_->Recaption(messages_);
   for (const auto& panel : panels_) panel->Recaption(messages_);
+  if (calculator_) calculator_->Recaption(messages_);
   if (visible_) SetTitle(wxString(productName) + " - " + Msg(visible_->Name()));
 }
 

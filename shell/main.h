@@ -21,6 +21,7 @@
 
 namespace tarvelo {
 
+class Calc166;
 class HexPanel;
 class HitsPanel;
 class InfoPanel;
@@ -68,6 +69,8 @@ class Main final : public wxFrame {
   void ShowPanel(Panel& panel);
   void UnVis();
   [[nodiscard]] Panel* Visible() const { return visible_; }
+  // The address calculator's window; null while it is closed.
+  [[nodiscard]] tarvelo::Calc166* AddressCalculator() const { return calculator_; }
   // Takes over a panel and gives its menu entry the command that shows it.
   void AddPanel(std::unique_ptr<Panel> panel);
 
@@ -140,7 +143,6 @@ class Main final : public wxFrame {
   void TellFileError(const FileError& error);
   void TellFault(const wxString& command, const std::string& cause);
   void AddPanels();
-  void ChooseFirstLanguage();
 
   bool GetInfo(const std::filesystem::path& path);
 
@@ -151,6 +153,7 @@ class Main final : public wxFrame {
   void SaveText_Click();
   void View_Click();
   void Quillo_Click();
+  void Calc166_Menu_Click();
   void Help_Click();
   void About_Click();
   void ExitM_Click();
@@ -179,6 +182,7 @@ class Main final : public wxFrame {
   HexPanel* hex_ = nullptr;
   HitsPanel* hits_ = nullptr;
   PatchPanel* patch_ = nullptr;
+  Calc166* calculator_ = nullptr;  // while it is open
   Panel* visible_ = nullptr;
   std::string openWhenIdle_;
   std::string lastPattern_;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/summary.h"
+#include "shell/calc166.h"
 #include "shell/hex_panel.h"
 #include "shell/hits_panel.h"
 #include "shell/info_panel.h"
@@ -30,6 +31,7 @@ void Main::AddCommands() {
       {Search, [this] { hits_->Search_Click(); }},
       {Help, [this] { Help_Click(); }},
       {Calculator, [this] { tools_.Calculator(); }},
+      {Calc166_Menu, [this] { Calc166_Menu_Click(); }},
       {ExitM, [this] { ExitM_Click(); }},
       {About, [this] { About_Click(); }},
   };
@@ -173,6 +175,7 @@ void Main::OpenF(const std::filesystem::path& path) {
   if (!GetInfo(path)) return;
   document_.FileName = ToUpper(PathText(path));
   UpdateMenus();
+  if (calculator_) calculator_->BaseChanged();
   recent_.Add(PathText(path));
   menus_->ShowRecent(recent_);
 }
@@ -245,6 +248,28 @@ void Main::View_Click() {
 void Main::Quillo_Click() {
   if (!status_->Panel(StatusBar::patchPanel).empty()) patch_->SavePatch();
   tools_.Quillo(document_.Beside(".qpt"));
+}
+
+// Shows the calculator, or closes it. Its tick tells whether it is open.
+void Main::Calc166_Menu_Click() {
+  if (calculator_) {
+    calculator_->Close();
+    return;
+  }
+  calculator_ = new Calc166(this, messages_,
+                            {.corrBase = [this] { return document_.image.CorrBase(); },
+                             .show =
+                                 [this](Offset offset) {
+                                   if (document_.IsOpen()) RunGuarded(Msg(228), [&] { ShowHex(offset, 1); });
+                                 },
+                             .closed =
+                                 [this] {
+                                   calculator_ = nullptr;
+                                   GetMenuBar()->Check(Calc166_Menu, false);
+                                 }});
+  calculator_->CentreOnParent();
+  calculator_->Show();
+  GetMenuBar()->Check(Calc166_Menu, true);
 }
 
 void Main::Help_Click() {

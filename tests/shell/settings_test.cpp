@@ -25,12 +25,36 @@ TEST(Settings, ReadsInUpperCase) {
 
 TEST(Settings, KeepsWhatOthersWrote) {
   const TemporaryFolder folder;
-  const auto file =
-      folder.Write("Tarvelo.ini", std::string("; by hand\n[Mine]\nkey=some value\n\n[General]\nother=1\n"));
-  Settings(file).SetIni("General", "Language", "DE");
+  const std::string before =
+      "; by hand\r\n[Mine]\r\nkey = some value\r\n\r\n[General]\r\nother=\xC4\xE0\r\na line\r\n";
+  const auto file = folder.Write("Tarvelo.ini", before + "\r\n[Last]\r\nx=1");
+  Settings settings(file);
+  settings.SetIni("General", "Language", "DE");
+  settings.SetIni("general", "LANGUAGE", "FR");
+  EXPECT_EQ(settings.GetIni("General", "Language"), "FR");
   const std::string text = ReadAll(file);
-  for (const char* part : {"; by hand", "[Mine]", "key=some value", "other=1", "Language=DE"})
-    EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+  EXPECT_EQ(text.substr(0, before.size()), before);
+  EXPECT_NE(text.find("[Last]\r\nx=1"), std::string::npos);
+  EXPECT_EQ(text.find("DE"), std::string::npos);
+  settings.SetIni("New", "Key", "Value");
+  EXPECT_EQ(settings.GetRaw("new", "key"), "Value");
+  EXPECT_EQ(settings.GetRaw("Mine", "key"), "some value");
+}
+
+TEST(Settings, NeverWritesOverWhatItCannotRead) {
+  const TemporaryFolder folder;
+#ifndef _WIN32  // there, the system's own functions know files of two-byte characters
+  for (const std::string& bytes : {std::string("\xFF\xFE[\0G\0]\0", 8), std::string((1 << 20) + 1, ';')}) {
+    const auto file = folder.Write("Tarvelo.ini", bytes);
+    Settings(file).SetIni("General", "Language", "DE");
+    EXPECT_EQ(ReadAll(file), bytes);
+  }
+#endif
+  const auto file = folder.Write("Tarvelo.ini", std::string("[General]\n"));
+  std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+  Settings(file).SetIni("General", "Language", "DE");
+  EXPECT_EQ(ReadAll(file), "[General]\n");
+  std::filesystem::permissions(file, std::filesystem::perms::owner_all);
 }
 
 TEST(Settings, SurvivesWhatIsNoSettingsFile) {

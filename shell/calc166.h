@@ -1,0 +1,74 @@
+// The address calculator: a small window of its own that converts between page and offset, phone
+// address and offset in the fullflash, and between hexadecimal and decimal.
+#pragma once
+
+#include <wx/frame.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "core/calculator.h"
+#include "resources/messages.h"
+
+class wxPanel;
+class wxStaticText;
+class wxTextCtrl;
+
+namespace tarvelo {
+
+class Calc166 final : public wxFrame {
+ public:
+  // What the calculator knows of the open dump. All may be empty: it also runs alone.
+  struct Dump {
+    std::function<std::int32_t()> corrBase;         // 0 without a dump
+    std::function<void(std::int64_t offset)> show;  // a double click on the address in the fullflash
+    std::function<void()> closed;
+  };
+
+  Calc166(wxWindow* parent, const Messages& messages, Dump dump);
+
+  void Recaption(const Messages& messages);
+  // The corrected base has changed: another dump was opened.
+  void BaseChanged();
+
+  wxTextCtrl* Page;
+  wxTextCtrl* Offs;
+  wxTextCtrl* Addr;
+  wxTextCtrl* AdFF;
+  wxTextCtrl* L16;
+  wxTextCtrl* L10;
+
+  // The line that says what cannot be read; empty where all can.
+  [[nodiscard]] wxString Error() const;
+
+ private:
+  struct Field {
+    wxTextCtrl* text;
+    wxStaticText* label;
+    int message;
+  };
+
+  void Arrange(wxPanel& sheet);
+  void FitFields();
+  void ShowAddress(const AddressFields& fields);
+  void Page_Change();
+  void Addr_Change();
+  void AdFF_Change();
+  void L16_Change();
+  void L10_Change();
+  void AdFF_DblClick();
+  void Form_KeyPress(wxKeyEvent& event);
+
+  void Convert(wxTextCtrl& field, void (Calc166::*change)());
+  void Put(wxTextCtrl& field, const std::string& text);
+  [[nodiscard]] std::int32_t CorrBase() const;
+
+  Messages messages_;
+  Dump dump_;
+  Field fields_[6];
+  wxStaticText* error_;
+  bool Updating = false;  // fields are being rewritten: their changes are not the user's
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,203 @@
+// Other programs that the dump is handed to, and the address calculator.
+#include <wx/app.h>
+#include <wx/textctrl.h>
+
+#include "shell/calc166.h"
+#include "shell/desk.h"
+#include "shell/external_tools.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr char quilloKey[] = "HKCR\\Quillo.bin\\shell\\open\\command\\";
+constexpr char hexWorkshopKey[] = "HKCR\\HexWorkshop\\shell\\open\\command\\";
+
+TEST(ExternalTools, MakesCommandLines) {
+  struct {
+    const char* command;
+    const char* dump;
+    const char* expected;
+  } const cases[] = {
+      {"hw.exe \"%1\"", "my dumps/a.bin", "hw.exe \"my dumps/a.bin\" /GOTO:0x01A2B4 /SELECT:20"},
+      {"hw.exe %1", "my dumps/a.bin", "hw.exe \"my dumps/a.bin\" /GOTO:0x01A2B4 /SELECT:20"},
+      {"hw.exe %1", "a.bin", "hw.exe a.bin /GOTO:0x01A2B4 /SELECT:20"},
+      {"hex --at=%2 --select %3 %1", "%2.bin", "hex --at=0x01A2B4 --select 20 %2.bin"}};
+  for (const auto& [command, dump, expected] : cases)
+    EXPECT_EQ(EditorCommand(command, dump, 0x1A2B4, 20), expected);
+  EXPECT_EQ(EditorScript("a b.bin", 0x1A2B4, 0x10),
+            "CloseAll\r\nOpen \"a b.bin\"\r\nGoto 0x01A2B4\r\nBlock 0x01A2B4 0x1A2C3\r\n");
+  EXPECT_EQ(EditorScript("a.bin", 0x1234567, 0), "CloseAll\r\nOpen \"a.bin\"\r\nGoto 0x1234567\r\n");
+}
+
+class ToolsDesk : public Desk {
+ protected:
+  // Starts the program again with another hex editor, and opens a dump.
+  void Restart(const std::string& hexEditor) {
+    Choose(ExitM);
+    Settings(SettingsFile()).SetIni("Integration", "HexEditor", hexEditor);
+    StartProgram();
+    script.started.clear();
+    main->OpenF(WriteDump("my dump.bin"));
+  }
+
+  [[nodiscard]] std::string TakeStarted() {
+    if (script.started.empty()) return {};
+    std::string line = script.started.front();
+    script.started.pop_front();
+    return line;
+  }
+
+  [[nodiscard]] std::string Dump() const { return PathText(folder / "my dump.bin"); }
+};
+
+TEST_F(ToolsDesk, HexEditorIsACommand) {
+  script.registry[hexWorkshopKey] = "hw.exe \"%1\"";
+  Restart("HexWorkshop");
+  main->ShowBl(0x1234, 12);
+  EXPECT_EQ(TakeStarted(), "run hw.exe \"" + Dump() + "\" /GOTO:0x001234 /SELECT:12");
+  Choose(View);
+  EXPECT_EQ(TakeStarted(), "run hw.exe \"" + Dump() + "\"");
+  EXPECT_EQ(Title(), "Tarvelo - Info");
+  main->ShowBl(0x100000, 1);
+  EXPECT_EQ(script.TakeSaid(), "!The data lies outside the image.");
+  EXPECT_TRUE(script.started.empty());
+}
+
+TEST_F(ToolsDesk, HexEditorReadsAScript) {
+  Restart("C:\\my tools\\WinHex.exe");
+  const auto file = folder / "Tarvelo.whs";
+  main->ShowBl(0x1234, 12);
+  EXPECT_EQ(TakeStarted(), "run \"C:\\my tools\\WinHex.exe\" " + quot(PathText(file)));
+  EXPECT_EQ(ReadAll(file),
+            "CloseAll\r\nOpen \"" + Dump() + "\"\r\nGoto 0x001234\r\nBlock 0x001234 0x123F\r\n");
+  Choose(ExitM);
+  EXPECT_FALSE(FileExist(file));
+  StartProgram();
+}
+
+TEST_F(ToolsDesk, WithoutAHexEditorTheHexViewIsShown) {
+  for (const char* editor : {"", "HEXWORKSHOP", "WinHex"}) {
+    Restart(editor);
+    main->ShowBl(0x1234, 12);
+    EXPECT_EQ(Title(), "Tarvelo - Hex view");
+    Choose(Info);
+    Choose(View);
+    EXPECT_EQ(Title(), "Tarvelo - Hex view");
+    EXPECT_TRUE(script.started.empty());
+  }
+}
+
+TEST_F(ToolsDesk, OtherProgramsAreStarted) {
+  Restart("");
+  EXPECT_FALSE(Enabled(Quillo));  // none is known
+  Choose(Calculator);
+  EXPECT_EQ(TakeStarted(), "run calc");
+  script.registry[quilloKey] = "quillo.exe \"%1\"";
+  Restart("");
+  Choose(Quillo);
+  EXPECT_EQ(TakeStarted(), "run quillo.exe \"" + PathText(folder / "my dump.qpt") + "\"");
+  EXPECT_FALSE(FileExist(folder / "my dump.qpt"));  // nothing was unsaved
+}
+
+TEST_F(Desk, EndOfTheSessionAsksToo) {
+  main->OpenF(WriteDump("dump.bin"));
+  const auto mayEnd = [] {
+    wxCloseEvent query(wxEVT_QUERY_END_SESSION);
+    query.SetCanVeto(true);
+    wxTheApp->ProcessEvent(query);
+    return !query.GetVeto();
+  };
+  EXPECT_TRUE(mayEnd());
+  main->Status().SetPanel(StatusBar::patchPanel, "P");
+  EXPECT_FALSE(mayEnd());
+  EXPECT_NE(script.TakeSaid(), "");
+  script.confirm = true;
+  EXPECT_TRUE(mayEnd());
+  wxCloseEvent end(wxEVT_END_SESSION);
+  wxTheApp->ProcessEvent(end);
+  EXPECT_EQ(Settings(SettingsFile()).GetRaw("History", "File1"), PathText(folder / "dump.bin"));
+}
+
+class CalculatorDesk : public Desk {
+ protected:
+  CalculatorDesk() { Choose(Calc166_Menu); }
+
+  [[nodiscard]] Calc166& Calc() { return *main->AddressCalculator(); }
+  void Type(wxTextCtrl* field, const char* text) {
+    field->SetFocus();
+    field->SetValue(text);
+  }
+  // Page, offset, address, address in the fullflash.
+  [[nodiscard]] std::string Fields() {
+    std::string all;
+    for (wxTextCtrl* field : {Calc().Page, Calc().Offs, Calc().Addr, Calc().AdFF})
+      all += Utf8(field->GetValue()) + " ";
+    return all;
+  }
+};
+
+TEST_F(CalculatorDesk, FieldsFollowEachOther) {
+  EXPECT_TRUE(Item(Calc166_Menu)->IsChecked());
+  Type(Calc().Page, "284");
+  EXPECT_EQ(Fields(), "284 0 A10000 A10000 ");
+  Type(Calc().Offs, "2345");
+  EXPECT_EQ(Fields(), "284 2345 A12345 A12345 ");
+  main->OpenF(WriteDump("dump.bin"));  // 1 MiB: from F00000 on
+  EXPECT_EQ(Fields(), "284 2345 A12345 B12345 ");
+  Type(Calc().AdFF, "1234");
+  EXPECT_EQ(Fields(), "3C0 1234 F01234 1234 ");
+  Type(Calc().Offs, "4001");
+  EXPECT_EQ(Fields(), "3C1 1 F04001 4001 ");
+  Type(Calc().Addr, "1234567");
+  EXPECT_EQ(Fields(), "8D 567 234567 334567 ");
+  Type(Calc().Addr, "");
+  EXPECT_EQ(Fields(), "0 0  100000 ");
+  Type(Calc().L16, "FF");
+  EXPECT_EQ(Calc().L10->GetValue(), "255");
+  Type(Calc().L10, "16777217");
+  EXPECT_EQ(Calc().L16->GetValue(), "1");
+}
+
+TEST_F(CalculatorDesk, SaysWhatItCannotRead) {
+  Type(Calc().Addr, "A12345");
+  Type(Calc().Page, "28G");
+  EXPECT_EQ(Utf8(Calc().Error()), "Not a number: \"28G\"");
+  EXPECT_EQ(Fields(), "28G 2345 A12345 A12345 ");
+  Type(Calc().Page, "284");
+  EXPECT_EQ(Calc().Error(), "");
+  Type(Calc().L10, "9999999999");
+  EXPECT_EQ(Utf8(Calc().Error()), "Number too large: \"9999999999\"");
+}
+
+TEST_F(CalculatorDesk, ShowsTheAddressInTheHexView) {
+  const auto doubleClick = [&] {
+    wxMouseEvent click(wxEVT_LEFT_DCLICK);
+    click.SetEventObject(Calc().AdFF);
+    Calc().AdFF->ProcessWindowEvent(click);
+  };
+  Type(Calc().AdFF, "1234");
+  doubleClick();  // no dump is open
+  EXPECT_EQ(Title(), "Tarvelo - Info");
+  main->OpenF(WriteDump("dump.bin"));
+  Type(Calc().AdFF, "1234");
+  doubleClick();
+  EXPECT_EQ(Title(), "Tarvelo - Hex view");
+  Type(Calc().AdFF, "100000");
+  doubleClick();
+  EXPECT_EQ(script.TakeSaid(), "!The data lies outside the image.");
+}
+
+TEST_F(CalculatorDesk, ClosesByItsMenuEntryToo) {
+  Choose(Calc166_Menu);
+  EXPECT_EQ(main->AddressCalculator(), nullptr);
+  EXPECT_FALSE(Item(Calc166_Menu)->IsChecked());
+  Choose(Calc166_Menu);
+  Calc().Close();
+  EXPECT_FALSE(Item(Calc166_Menu)->IsChecked());
+  Choose(Calc166_Menu);
+  Choose(ExitM);
+  main = nullptr;
+}
+
+}  // namespace
+}  // namespace tarvelo
