@@ -2,7 +2,9 @@
 # that tools/wx-mingw built, whose folder is named by the environment's TARVELO_WX.
 add_library(tarvelo_wx INTERFACE)
 if(CMAKE_CROSSCOMPILING)
-  set(wxWidgets_DIR "$ENV{TARVELO_WX}" CACHE PATH "Where wxWidgets for Windows was installed")
+  if(DEFINED ENV{TARVELO_WX})  # also where an older one was found before
+    set(wxWidgets_DIR "$ENV{TARVELO_WX}" CACHE PATH "Where wxWidgets for Windows was installed" FORCE)
+  endif()
   find_package(wxWidgets CONFIG REQUIRED COMPONENTS stc core base
                PATHS ${wxWidgets_DIR} NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
   target_link_libraries(tarvelo_wx INTERFACE ${wxWidgets_LIBRARIES})

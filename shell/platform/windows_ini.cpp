@@ -42,6 +42,8 @@ std::string ReadIni(const std::filesystem::path& file, const std::string& sectio
 
 void WriteIni(const std::filesystem::path& file, const std::string& section, const std::string& key,
               const std::string& value) {
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY)) return;
   WritePrivateProfileStringA(section.c_str(), key.c_str(), ToSystem(value).c_str(), FileName(file).c_str());
 }
 
