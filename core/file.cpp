@@ -82,6 +82,26 @@ void WriteFile(const fs::path& path, std::string_view text) {
   WriteFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, progress);
 }
 
+void ReplaceFile(const fs::path& path, std::string_view text) {
+  std::error_code error;
+  errno = 0;
+  // A file that may not be written to is not to be replaced either.
+  if (fs::exists(path, error) && !std::fstream(path))
+    throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+  fs::path beside = path;
+  beside += ".tmp";
+  try {
+    WriteFile(beside, text);
+  } catch (const FileError& failure) {
+    throw FileError(failure.Reason(), path, failure.what());
+  }
+  fs::rename(beside, path, error);
+  if (!error) return;
+  const std::string cause = error.message();
+  fs::remove(beside, error);
+  throw FileError(FileError::Kind::CantWrite, path, cause);
+}
+
 void MakeFolder(const fs::path& path) {
   std::error_code error;
   fs::create_directories(path, error);

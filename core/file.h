@@ -58,6 +58,10 @@ struct FileBytes {
 void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data, Progress& progress);
 void WriteFile(const std::filesystem::path& path, std::string_view text);
 
+// Writes a file whole or not at all: what stood there before stays until the new text is on the disk. It
+// is written beside, as the path and ".tmp", and then takes the file's place. Throws FileError.
+void ReplaceFile(const std::filesystem::path& path, std::string_view text);
+
 // Makes a folder; one that is there already will do. Throws FileError.
 void MakeFolder(const std::filesystem::path& path);
 

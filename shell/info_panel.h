@@ -3,6 +3,8 @@
 
 #include <wx/string.h>
 
+#include <string>
+
 #include "shell/panel.h"
 
 class wxStaticBitmap;
@@ -32,6 +34,10 @@ class InfoPanel final : public Panel {
   void SetText(const wxString& text);
   void AppendText(const wxString& text);
   [[nodiscard]] wxString GetText() const;
+
+  // Appends a named piece of information, of any length, and announces it; says that it is absent where
+  // `body` is empty.
+  void AddText(const std::string& name, const std::string& body);
 
  private:
   void Layout();

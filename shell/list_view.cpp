@@ -183,6 +183,14 @@ void ListView::Select(std::size_t row) {
   if (onSelect) onSelect(row);
 }
 
+void ListView::Step(int rows) {
+  if (order_.empty()) return;
+  const auto current = Selected();
+  if (!current) return Select(order_.front());
+  const auto place = std::ranges::find(order_, *current) - order_.begin() + rows;
+  Select(order_[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(place, 0, std::ssize(order_) - 1))]);
+}
+
 bool ListView::Find(const std::string& text, bool behindCurrent) {
   auto from = order_.begin();
   if (const auto current = Selected(); behindCurrent && current)

@@ -39,6 +39,10 @@ class ListView final : public wxPanel {
   // Makes a row the current one and scrolls to it; a filter that hides it is cleared. Calls onSelect.
   void Select(std::size_t row);
 
+  // Moves on from the current row by so many rows as they stand on the screen, not beyond the first or
+  // the last one.
+  void Step(int rows);
+
   // Searches the rows as they stand on the screen for a text, in any column, upper and lower case
   // alike: from the top, or from behind the current row. Selects the first that matches.
   bool Find(const std::string& text, bool behindCurrent);
