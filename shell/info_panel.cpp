@@ -20,7 +20,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t bytesAtOnce = 1 << 20;  // appended to the text; the progress bar moves between
+constexpr std::size_t bytesAtOnce = 1 << 18;  // appended to the text; the progress bar moves between
 
 }  // namespace
 
@@ -85,16 +85,19 @@ void InfoPanel::AppendText(const wxString& text) { Text->AppendText(text); }
 
 void InfoPanel::AddText(const std::string& name, const std::string& body) {
   if (body.empty()) return main_.Tell(Wx(main_.Texts().MsgS(78, name)));
-  const std::string block = InformationBlock(name, body);
-  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(block.size()));
-  for (std::size_t done = 0; done < block.size();) {
+  AppendLong(InformationBlock(name, body));
+  main_.Announce(Wx(main_.Texts().MsgS(79, name)), Wx(name + "\n\n" + body));
+}
+
+void InfoPanel::AppendLong(std::string_view text) {
+  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(text.size()));
+  for (std::size_t done = 0; done < text.size();) {
     // To the end of a line, so that no character is split.
-    const std::size_t end = std::min(block.find('\n', done + bytesAtOnce), block.size() - 1) + 1;
-    AppendText(Wx(std::string_view(block).substr(done, end - done)));
+    const std::size_t end = std::min(text.find('\n', done + bytesAtOnce), text.size() - 1) + 1;
+    AppendText(Wx(text.substr(done, end - done)));
     done = end;
     run.At(static_cast<std::int64_t>(done));
   }
-  main_.Announce(Wx(main_.Texts().MsgS(79, name)), Wx(name + "\n\n" + body));
 }
 
 wxString InfoPanel::GetText() const { return Text->GetValue(); }

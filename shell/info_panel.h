@@ -4,6 +4,7 @@
 #include <wx/string.h>
 
 #include <string>
+#include <string_view>
 
 #include "shell/panel.h"
 
@@ -41,6 +42,7 @@ class InfoPanel final : public Panel {
 
  private:
   void Layout();
+  void AppendLong(std::string_view text);
 
   Main& main_;
   wxWindow* window_;

@@ -2,6 +2,8 @@
 
 #include <wx/settings.h>
 
+#include <algorithm>
+
 #include "patch/patch_document.h"
 #include "shell/strings.h"
 #include "text/unicode.h"
@@ -34,7 +36,6 @@ PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
   SetLexer(wxSTC_LEX_CONTAINER);
   SetEOLMode(wxSTC_EOL_CRLF);
   UsePopUp(wxSTC_POPUP_NEVER);
-  SetScrollWidth(1);
   SetScrollWidthTracking(true);
   ChooseColours();
   SetMarginType(numberMargin, wxSTC_MARGIN_NUMBER);
@@ -42,6 +43,10 @@ PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
   SetMarginWidth(symbolMargin, 0);
   SetMarginLeft(FromDIP(6));
   Bind(wxEVT_STC_STYLENEEDED, &PatchEditor::StyleLines, this);
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    FitScrollWidth();
+    event.Skip();
+  });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     ChooseColours();
     event.Skip();
@@ -62,6 +67,14 @@ void PatchEditor::ChooseColours() {
   SetCaretForeground(text);
   SetSelBackground(true, system(wxSYS_COLOUR_HIGHLIGHT));
   SetSelForeground(true, system(wxSYS_COLOUR_HIGHLIGHTTEXT));
+}
+
+// What can be scrolled is as wide as what is seen, until a longer line makes it wider: the control's own
+// guess is a bar that is always there.
+void PatchEditor::FitScrollWidth() {
+  const int margins = GetMarginWidth(numberMargin) + GetMarginLeft() + GetMarginRight();
+  const int seen = std::max(1, GetClientSize().x - margins);
+  if (GetXOffset() == 0 || seen > GetScrollWidth()) SetScrollWidth(seen);
 }
 
 // Called for what is about to be drawn, so that even a long text costs nothing while it is typed.

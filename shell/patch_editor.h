@@ -28,6 +28,7 @@ class PatchEditor final : public wxStyledTextCtrl {
 
  private:
   void ChooseColours();
+  void FitScrollWidth();
   void StyleLines(wxStyledTextEvent& event);
 };
 

@@ -10,6 +10,13 @@ namespace tarvelo {
 PatchPanel::PatchPanel(Main& main) : main_(main), Patch_(new PatchEditor(&main)), commands_(MakeCommands()) {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
   Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { main_.PopUpCommands(); });
+  // Where keys reach the control before the menu bar, it would exchange two lines.
+  Patch_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'T')
+      main_.Run(SaveText);
+    else
+      event.Skip();
+  });
   main.AcceptDrops(*Patch_);
 }
 

@@ -119,6 +119,16 @@ TEST_F(PatchDesk, MarksCommentsAndLinesThatAreNoPatch) {
   EXPECT_NE(StyleAt("wrong"), StyleAt("change"));
 }
 
+TEST_F(PatchDesk, ShortcutOfTheMenuBarReachesIt) {
+  Editor().AddText("1A: 00 FF\r\n;last");
+  wxKeyEvent key(wxEVT_CHAR_HOOK);
+  key.m_keyCode = 'T';
+  key.SetControlDown(true);
+  EXPECT_TRUE(Editor().ProcessWindowEvent(key));
+  EXPECT_EQ(script.TakeSaid(), "iPatch was saved in file\n\n" + PathText(File()));
+  EXPECT_EQ(Document(), "1A: 00 FF\r\n;last");
+}
+
 TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
   main->Destroy();
   script.registry["HKCR\\Quillo.bin\\shell\\open\\command\\"] = R"("C:\Quillo\quillo.exe" "%1")";
