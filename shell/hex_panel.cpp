@@ -11,7 +11,7 @@
 #include <stdexcept>
 
 #include "patch/pattern_walk.h"
-#include "shell/hex_view.h"
+#include "shell/hex_canvas.h"
 #include "shell/main.h"
 #include "shell/strings.h"
 

@@ -6,7 +6,7 @@
 #include "demo/demo_image.h"
 #include "shell/desk.h"
 #include "shell/hex_panel.h"
-#include "shell/hex_view.h"
+#include "shell/hex_canvas.h"
 
 namespace tarvelo {
 namespace {

@@ -1,4 +1,4 @@
-#include "shell/hex_view.h"
+#include "shell/hex_canvas.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/settings.h>
