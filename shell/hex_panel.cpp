@@ -7,6 +7,7 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "patch/pattern_walk.h"
@@ -51,9 +52,9 @@ void HexPanel::Layout() {
   const int gap = window_->FromDIP(6);
   auto* line = new wxBoxSizer(wxHORIZONTAL);
   line->Add(caption_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-  line->Add(place_, 3, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(place_, 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
   line->Add(kind_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-  line->Add(fault_, 2, wxALIGN_CENTRE_VERTICAL);
+  line->Add(fault_, 1, wxALIGN_CENTRE_VERTICAL);
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(line, 0, wxEXPAND | wxALL, gap);
   all->Add(canvas_, 1, wxEXPAND);
@@ -148,6 +149,7 @@ void HexPanel::GoToPlace() {
 void HexPanel::ShowFault(const wxString& text) {
   if (fault_->GetLabelText() == text) return;
   fault_->SetLabelText(text);
+  fault_->SetToolTip(text);
   place_->SetBackgroundColour(text.empty() ? wxNullColour : FaultColour());
   place_->Refresh();
 }
