@@ -29,8 +29,9 @@ TEST_F(Desk, EepromTakesTheKeyboard) {
   EXPECT_EQ(script.TakeSaid(), "ask Enter the string for search: ");
 
   main->Run(InfoE);
-  BlockView& view = *dynamic_cast<EepromPanel&>(*main->Visible()).View();
-  EXPECT_TRUE(Press(view, WXK_ESCAPE, wxMOD_NONE, [&] { return !view.IsShown(); }));
+  BlockView* view = dynamic_cast<EepromPanel&>(*main->Visible()).View();
+  ASSERT_NE(view, nullptr);
+  EXPECT_TRUE(Press(*view, WXK_ESCAPE, wxMOD_NONE, [&] { return !view->IsShown(); }));
 }
 
 }  // namespace
