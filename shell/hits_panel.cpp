@@ -14,11 +14,11 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t mostHits = 1000000;         // that are kept
-constexpr std::size_t mostUnasked = 2000;         // that are added to the information text without a question
-constexpr std::size_t longestText = 100'000'000;  // bytes that the information text can take
-constexpr std::size_t hitsAtOnce = 1024;          // between two looks at the Escape key
-constexpr int bytesShown = 256;                   // of a hit, in the list
+constexpr std::size_t mostHits = 1000000;       // that are kept
+constexpr std::size_t mostUnasked = 2000;       // that are added to the information text without a question
+constexpr std::size_t longestText = 100000000;  // bytes that the information text can take
+constexpr std::size_t hitsAtOnce = 1024;        // between two looks at the Escape key
+constexpr int bytesShown = 256;                 // of a hit, in the list
 
 const std::vector<std::string> captions{"N", "Offset", "Address", "Bytes"};
 

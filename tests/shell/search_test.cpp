@@ -157,7 +157,7 @@ TEST_F(SearchDesk, InformationThatIsAbsentIsSaid) {
   EXPECT_EQ(script.TakeSaid(), "iInformation \"Block 71\" is absent");
   EXPECT_EQ(Added(), "");
   std::string body;  // longer than what is appended at once
-  while (body.size() < 3'000'000) body += "строка\n";
+  while (body.size() < 600'000) body += "строка\n";
   main->InfoText().AddText("Long", body);
   EXPECT_EQ(Added(), "\nLong\n\n" + body + "\n\n" + stars + "\n");
 }
