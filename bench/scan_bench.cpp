@@ -9,6 +9,7 @@
 #include "bench/ratio.h"
 #include "core/identification.h"
 #include "core/summary.h"
+#include "core/vector_scan.h"
 #include "eeprom/block_table.h"
 #include "eeprom/descriptions.h"
 #include "media/picture_search.h"
@@ -103,24 +104,31 @@ constexpr Line lines[] = {
     {"open and every explorer", everything, 0.20, 0.15, OpenAndExplore},
 };
 
-void Measure(benchmark::State& state, const Line& line, std::size_t mebibytes) {
+void Measure(benchmark::State& state, const Line& line, std::size_t mebibytes, VectorUnit unit) {
+  LimitVectorUnit(unit);
   Fullflash& image = Image(mebibytes, line.contents);
   for (auto _ : state) state.counters["ratio"] = MemoryRatio(image.ff(), [&] { line.work(image); });
-  state.counters["goal"] = line.goal;
+  state.counters["goal"] = unit == VectorUnit::Sse2 ? line.goalSse2 : line.goal;
+  LimitVectorUnit(VectorUnit::Avx2);
+}
+
+void Register(const Line& line, std::size_t mebibytes, VectorUnit unit) {
+  const std::string name = std::string(line.name) + "/" + std::to_string(mebibytes) + " MiB/" +
+                           (unit == VectorUnit::Avx2 ? "AVX2" : "SSE2");
+  benchmark::RegisterBenchmark(name.c_str(), [&line, mebibytes, unit](benchmark::State& state) {
+    Measure(state, line, mebibytes, unit);
+  })->Iterations(1);
 }
 
 }  // namespace
 
 void RegisterScans() {
   for (const Line& line : lines)
-    for (const std::size_t mebibytes : {8, 16, 64}) {
+    for (const std::size_t mebibytes : {8, 16, 64})
       // Large images always have colour tables, and then nothing outside is looked for.
-      if (line.contents == monochromeTable && mebibytes > 16) continue;
-      const std::string name = std::string(line.name) + "/" + std::to_string(mebibytes) + " MiB";
-      benchmark::RegisterBenchmark(name.c_str(), [&line, mebibytes](benchmark::State& state) {
-        Measure(state, line, mebibytes);
-      })->Iterations(1);
-    }
+      if (line.contents != monochromeTable || mebibytes <= 16)
+        for (const VectorUnit unit : {VectorUnit::Avx2, VectorUnit::Sse2})
+          if (unit <= BestVectorUnit()) Register(line, mebibytes, unit);
 }
 
 }  // namespace tarvelo

@@ -12,6 +12,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
+#include "core/vector_scan.h"
 #include "resources/messages.h"
 
 namespace tarvelo {
@@ -32,16 +33,23 @@ class Pattern {
   // starts up to ffEnd - PatCount only, and so never finds an occurrence that ends there.
   [[nodiscard]] Offset FindPat(const Fullflash& image, Offset start) const;
 
+  [[nodiscard]] bool HasWildcard() const { return hasWildcard_; }
+
+  // Adds each of the starts from .. last of these bytes at which it matches, plus `at`, the offset of
+  // the first byte. They must not be negative, and all that may match must lie within the bytes.
+  void AddMatches(Bytes bytes, Offset from, Offset last, Offset at, std::vector<Offset>& matches) const;
+
  private:
+  template <typename Take>
+  void EachMatch(Bytes bytes, Offset from, Offset last, Take take) const;
   [[nodiscard]] bool MatchesAt(const std::uint8_t* at) const;
-  [[nodiscard]] Offset FindWithin(Bytes image, Offset start, Offset lastStart) const;
 
   std::vector<std::uint8_t> bytes_;  // a wildcard's is 0
   std::vector<std::uint8_t> mask_;   // 0xFF where the byte must match, 0 for a wildcard
   bool valid_ = true;
   bool hasWildcard_ = false;
-  std::size_t anchor_ = 0;  // the byte that is looked for first
-  bool hasAnchor_ = false;
+  std::vector<Probe> rarest_;  // up to four bytes that are looked for first
+  bool areAll_ = true;         // whether no other byte has to match
 };
 
 // All occurrences, overlapping ones too, in their order. One at offset 0 ends the search before it has
