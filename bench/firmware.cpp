@@ -41,9 +41,9 @@ class Writer {
   std::vector<std::uint8_t> Write() && {
     for (std::size_t block = 0; block < image_.Size() / blockSize; ++block) WriteBlock(block);
     WriteHeader();
-    if (contents_.monochromeTable) WritePictures(0x100, 1);
+    if (contents_.monochromeTable) WritePictures(0x100, 50, 1);
     const std::size_t tables = image_.Size() - 2 * blockSize;
-    if (contents_.colourTable) WritePictures(tables, image_.PageMode() ? 5 : 8);
+    if (contents_.colourTable) WritePictures(tables, 200, image_.PageMode() ? 5 : 8);
     if (contents_.ringtones) WriteRingtones(tables + 0x4000);
     if (contents_.eeprom) WriteEeprom(tables + blockSize);
     std::vector<std::uint8_t> bytes = std::move(image_).Take();
@@ -88,13 +88,13 @@ class Writer {
     image_.Fill(0x70000, 0xFF00, 0x31);
   }
 
-  // 200 pictures of 64 x 40, which share the noise of a block.
-  void WritePictures(std::size_t at, std::uint8_t type) {
+  // Pictures of 64 x 40, which share the noise of a block.
+  void WritePictures(std::size_t at, std::size_t count, std::uint8_t type) {
     const bool page = image_.PageMode();
     Picture(at, page ? 4 : 0x34, page ? 1 : 0x88);
-    for (std::size_t i = 1; i <= 200; ++i)
+    for (std::size_t i = 1; i <= count; ++i)
       Picture(at + 8 * i, 64, i % 2 == 0 ? type : static_cast<std::uint8_t>(type | 0x80), 40);
-    image_.DWord(at + 8 * 201, 0xFFFFFFFF);
+    image_.DWord(at + 8 * (count + 1), 0xFFFFFFFF);
     if (type != 1) return;
     for (std::size_t block = 1; block < image_.Size() / blockSize; block += 16)
       Picture(block * blockSize + 0x200, 40, 0x81, 20);
@@ -109,8 +109,9 @@ class Writer {
   }
 
   void WriteRingtones(std::size_t at) {
-    const std::size_t melodies = at + 0x800;
-    for (std::uint8_t number = 0; number < 100; ++number) {
+    constexpr std::uint8_t count = 60;
+    const std::size_t melodies = 13 * blockSize;  // linear pointers reach no further than 32 MiB
+    for (std::uint8_t number = 0; number < count; ++number) {
       const std::size_t melody = melodies + number * 0x200u;
       image_.DWord(at + 8u * number, number);
       image_.Pointer(at + 8u * number + 4, melody);
@@ -118,7 +119,7 @@ class Writer {
         image_.DWord(p, 0x00300000 + random_.Below(2000));
       image_.DWord(melody + 0x1F0, 0xFFFC);
     }
-    image_.DWord(at + 800, 0xFFFFFFFF);
+    image_.DWord(at + 8u * count, 0xFFFFFFFF);
   }
 
   void WriteEeprom(std::size_t at) {
