@@ -19,7 +19,7 @@ double Seconds(const std::function<void()>& run) {
 }  // namespace
 
 double SpeedRatio(const std::function<void()>& pass, const std::function<void()>& work) {
-  constexpr int rounds = 25;
+  constexpr int rounds = 31;
   std::vector<double> ratios;
   work();  // warm
   for (int i = 0; i < rounds; ++i) {

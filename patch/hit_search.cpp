@@ -20,4 +20,28 @@ void HitSearch::Take(Bytes piece, Offset at, std::vector<Offset>& hits) {
   next_ = std::max(next_, last + 1);
 }
 
+void FindInFile(FileReader& file, const Pattern& pattern, Progress& progress,
+                const std::function<void(std::span<const Offset>, Bytes, Offset)>& take) {
+  constexpr std::size_t readAtOnce = 0x40000;  // stays in the processor's cache
+  const auto size = static_cast<Offset>(file.Size());
+  std::vector<std::uint8_t> buffer(readAtOnce + static_cast<std::size_t>(pattern.PatCount()));
+  std::vector<Offset> hits;
+  HitSearch search(pattern, size);
+  Offset at = 0;         // of the buffer in the file
+  std::size_t kept = 0;  // bytes at the buffer's start that a further hit may begin in
+  while (!search.IsOver()) {
+    progress.At(at);
+    const std::size_t part = std::min(readAtOnce, file.Size() - static_cast<std::size_t>(at) - kept);
+    file.Read(std::span(buffer).subspan(kept, part));
+    const Bytes piece = Bytes(buffer).first(kept + part);
+    hits.clear();
+    search.Take(piece, at, hits);
+    if (!hits.empty()) take(hits, piece, at);
+    const Bytes rest = piece.subspan(static_cast<std::size_t>(search.Next() - at));
+    std::ranges::copy(rest, buffer.begin());
+    kept = rest.size();
+    at = search.Next();
+  }
+}
+
 }  // namespace tarvelo

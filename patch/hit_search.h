@@ -1,6 +1,10 @@
 // The search for all occurrences of a pattern in an image that is seen piece by piece.
 #pragma once
 
+#include <functional>
+#include <span>
+
+#include "core/file.h"
 #include "patch/pattern.h"
 
 namespace tarvelo {
@@ -27,5 +31,10 @@ class HitSearch {
   bool anyHit_ = false;
   bool isOver_ = false;
 };
+
+// Searches a file without holding it: gives take(hits, piece, offset of the piece) the hits of each
+// piece that has some, with the bytes of them all. Throws FileError where the file breaks off.
+void FindInFile(FileReader& file, const Pattern& pattern, Progress& progress,
+                const std::function<void(std::span<const Offset> hits, Bytes piece, Offset at)>& take);
 
 }  // namespace tarvelo

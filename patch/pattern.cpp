@@ -131,15 +131,31 @@ std::vector<Offset> FindAll(const Fullflash& image, const Pattern& pattern, Prog
   return all;
 }
 
-std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hit) {
+std::string HexOfBytes(Bytes bytes) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
   std::string text;
-  for (Offset p = hit; p < hit + pattern.PatCount(); ++p) text += image.ByteHex(p);
+  text.reserve(2 * bytes.size());
+  for (const std::uint8_t b : bytes) {
+    text += digits[b >> 4];
+    text += digits[b & 0xF];
+  }
   return text;
 }
 
-std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_t number, Offset hit) {
+std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hit) {
+  return HexOfBytes(
+      image.ff().subspan(static_cast<std::size_t>(hit), static_cast<std::size_t>(pattern.PatCount())));
+}
+
+std::string LineOfHit(std::size_t number, Offset hit, Bytes found) {
   return PadSpace(std::to_string(number), 3) + ". " + PadZero(Hex(static_cast<std::uint32_t>(hit)), 6) +
-         ": " + BytesOfHit(image, pattern, hit);
+         ": " + HexOfBytes(found);
+}
+
+std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_t number, Offset hit) {
+  return LineOfHit(
+      number, hit,
+      image.ff().subspan(static_cast<std::size_t>(hit), static_cast<std::size_t>(pattern.PatCount())));
 }
 
 std::string NotFound(std::string_view pattern, const Messages& messages) {

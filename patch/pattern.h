@@ -59,10 +59,15 @@ class Pattern {
 // The bytes found at a hit, in upper-case hexadecimal.
 [[nodiscard]] std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hit);
 
+// Bytes in upper-case hexadecimal.
+[[nodiscard]] std::string HexOfBytes(Bytes bytes);
+
 // A hit as the search lists it, the first one being number 1: "  1. 01A2B4: E6124100E6". The number
 // keeps its last three digits, the offset its last six.
 [[nodiscard]] std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_t number,
                                     Offset hit);
+// The same, given the bytes found.
+[[nodiscard]] std::string LineOfHit(std::size_t number, Offset hit, Bytes found);
 
 // What is said where nothing was found: message 35 with the pattern in upper case.
 [[nodiscard]] std::string NotFound(std::string_view pattern, const Messages& messages);

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "patch/hit_search.h"
+#include "temporary_folder.h"
 
 namespace tarvelo {
 namespace {
@@ -141,6 +142,32 @@ TEST(HitSearch, FindsTheSameInPiecesOfAnySize) {
       search.Take(Bytes(image).subspan(at, end - at), search.Next(), hits);
     }
     ASSERT_EQ(hits, PlainAll(image, text.bytes)) << text.text;
+  }
+}
+
+TEST(FindInFile, FindsWhatTheImageHolds) {
+  const TemporaryFolder folder;
+  std::minstd_rand random(13);
+  Data image(0x150000);
+  for (std::uint8_t& b : image) b = static_cast<std::uint8_t>(random() % 64);
+  for (const std::size_t at : {0x3FFFA, 0x3FFFC, 0x40000, 0x7FFF9, 0x14FFFB})  // about where pieces part
+    std::ranges::copy(Data{0xE6, 0xFC, 0x41, 0x00, 0xE6}, image.begin() + static_cast<std::ptrdiff_t>(at));
+  image[0x50000] = 0x77;
+  const auto path = folder.Write("dump.bin", image);
+  for (const std::string& text : {std::string("E6FC4100E6"), std::string("E6??41"), std::string("01??02"),
+                                  std::string("77"), std::string(700, '0'), std::string("e6,g1")}) {
+    const Pattern pattern(text);
+    FileReader file(path, Fullflash::sizeLimit);
+    NoProgress progress;
+    std::vector<Offset> found;
+    FindInFile(file, pattern, progress, [&](std::span<const Offset> hits, Bytes piece, Offset at) {
+      for (const Offset hit : hits) {
+        found.push_back(hit);
+        ASSERT_EQ(ByteAt(piece, hit - at), image[static_cast<std::size_t>(hit)]);
+        ASSERT_LE(hit - at + pattern.PatCount(), static_cast<Offset>(piece.size()));
+      }
+    });
+    EXPECT_EQ(found, All(image, text)) << text;
   }
 }
 
