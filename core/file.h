@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -48,6 +49,24 @@ struct FileBytes {
 
   std::unique_ptr<std::uint8_t[]> data;
   std::size_t size = 0;
+};
+
+// A file that is read from its beginning on, piece by piece.
+class FileReader {
+ public:
+  // Opens a file of at most `limit` bytes. Throws FileError.
+  FileReader(const std::filesystem::path& path, std::uint64_t limit);
+
+  // Bytes of the whole file when it was opened.
+  [[nodiscard]] std::size_t Size() const { return size_; }
+
+  // Reads the next bytes, as many as are asked for. Throws FileError where the file has fewer.
+  void Read(std::span<std::uint8_t> bytes);
+
+ private:
+  std::filesystem::path path_;
+  std::ifstream file_;
+  std::size_t size_ = 0;
 };
 
 // Reads a file of at most `limit` bytes. Throws FileError, and std::bad_alloc.
