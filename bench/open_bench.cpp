@@ -79,8 +79,9 @@ void PrintRatio() {
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
+  tarvelo::RegisterScans();
+  tarvelo::RegisterDenseSearches();
   benchmark::RunSpecifiedBenchmarks();
   tarvelo::PrintRatio();
-  tarvelo::PrintScanRatios();
   std::filesystem::remove(tarvelo::DumpFile());
 }

@@ -7,6 +7,13 @@
 #include "text/unicode.h"
 
 namespace tarvelo::cli {
+namespace {
+
+FileError EmptyDump(const std::filesystem::path& path) {
+  return FileError(FileError::Kind::CantRead, path, "the file is empty");
+}
+
+}  // namespace
 
 std::string Printable(const std::string& file) { return ToUtf8(ToUtf16(file)); }
 
@@ -21,16 +28,26 @@ void RefuseStandardInput(const std::string& file) {
   if (file == "-") throw WrongArguments("-: a dump is read at random, it can't come from a pipe");
 }
 
-Fullflash OpenDump(const std::string& file, Context& context) {
+Fullflash OpenDump(const std::string& file, Progress& progress) {
   RefuseStandardInput(file);
   const std::filesystem::path path = PathOf(file);
   try {
-    Fullflash image = Fullflash::Load(path, context.progress);
+    Fullflash image = Fullflash::Load(path, progress);
     if (image.IsOpen()) return image;
   } catch (const std::bad_alloc&) {
     throw FileError(FileError::Kind::CantRead, path, "there is not enough memory");
   }
-  throw FileError(FileError::Kind::CantRead, path, "the file is empty");
+  throw EmptyDump(path);
+}
+
+Fullflash OpenDump(const std::string& file, Context& context) { return OpenDump(file, context.progress); }
+
+FileReader OpenDumpFile(const std::string& file) {
+  RefuseStandardInput(file);
+  const std::filesystem::path path = PathOf(file);
+  FileReader reader(path, Fullflash::sizeLimit);
+  if (reader.Size() < 2) throw EmptyDump(path);
+  return reader;
 }
 
 std::uint32_t ParseHex(const std::string& option, std::string text) {

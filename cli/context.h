@@ -41,6 +41,10 @@ void Diagnose(Context& context, const std::exception& error);
 
 // Opens a dump given on the command line. Throws FileError, also for an empty file.
 [[nodiscard]] Fullflash OpenDump(const std::string& file, Context& context);
+[[nodiscard]] Fullflash OpenDump(const std::string& file, Progress& progress);
+
+// Opens one that is read piece by piece. Throws the same.
+[[nodiscard]] FileReader OpenDumpFile(const std::string& file);
 
 // Refuses "-", which elsewhere means standard input: a dump is read at random.
 void RefuseStandardInput(const std::string& file);

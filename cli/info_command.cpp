@@ -1,10 +1,13 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <ostream>
+#include <thread>
 
 #include "cli/commands.h"
 #include "cli/context.h"
+#include "cli/in_order.h"
 #include "core/identification.h"
 #include "core/summary.h"
 
@@ -16,6 +19,7 @@ using Json = nlohmann::ordered_json;
 struct InfoArguments {
   std::vector<std::string> files;
   bool json = false;
+  std::optional<std::string> jobs;
 };
 
 Json T9Json(const T9Area& t9) {
@@ -40,18 +44,30 @@ std::string InfoJson(const std::string& file, const Fullflash& image, const Iden
   return object.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
+std::size_t Jobs(const InfoArguments& arguments) {
+  if (!arguments.jobs) return std::max(1u, std::thread::hardware_concurrency());
+  const int jobs = ParseDecimal("--jobs", *arguments.jobs);
+  if (jobs < 1) throw WrongArguments("--jobs: there must be one at least");
+  return static_cast<std::size_t>(jobs);
+}
+
 void PrintInfo(const InfoArguments& arguments, Context& context) {
-  std::ranges::for_each(arguments.files, RefuseStandardInput);
+  const std::vector<std::string>& files = arguments.files;
+  const std::size_t jobs = Jobs(arguments);
+  std::ranges::for_each(files, RefuseStandardInput);
+  NoProgress none;
+  Progress& progress = files.size() == 1 ? context.progress : none;  // several would share one bar
+  InOrder<std::string> texts(files.size(), jobs, [&](std::size_t i) {
+    Fullflash image = OpenDump(files[i], progress);
+    const Identification info = Identify(image);
+    return arguments.json ? InfoJson(files[i], image, info) + "\n"
+                          : Summary(Printable(files[i]), image, info, context.messages);
+  });
   bool first = true;
-  for (const std::string& file : arguments.files) {
+  for (std::size_t i = 0; i < files.size(); ++i) {
     try {
-      Fullflash image = OpenDump(file, context);
-      const Identification info = Identify(image);
-      if (arguments.json) {
-        context.out << InfoJson(file, image, info) << '\n';
-        continue;
-      }
-      context.out << (first ? "" : "\n") << Summary(Printable(file), image, info, context.messages);
+      const std::string text = texts.Get(i);
+      context.out << (first || arguments.json ? "" : "\n") << text;
       first = false;
     } catch (const FileError& error) {  // the others are still shown
       Diagnose(context, error);
@@ -67,6 +83,7 @@ void AddInfo(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("info", "Print what each dump is");
   command->add_option("FILE", arguments->files, "Dumps")->required();
   command->add_flag("--json", arguments->json, "One JSON object a file and line");
+  command->add_option("--jobs", arguments->jobs, "Dumps at a time (default: the number of processors)");
   command->callback([arguments, &context] { PrintInfo(*arguments, context); });
 }
 

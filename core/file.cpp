@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 
 namespace tarvelo {
 namespace {
@@ -24,7 +23,7 @@ std::string Cause(std::string_view otherwise) {
 FileError::FileError(Kind kind, const fs::path& path, std::string_view cause)
     : std::runtime_error(PathText(path).append(": ").append(cause)), kind_(kind), path_(path) {}
 
-FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress) {
+FileReader::FileReader(const fs::path& path, std::uint64_t limit) : path_(path) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (!fs::exists(status))
@@ -34,19 +33,27 @@ FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress
     throw FileError(FileError::Kind::CantOpen, path,
                     fs::is_directory(status) ? "it is a folder" : "it is not a file");
   errno = 0;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+  file_.open(path, std::ios::binary);
+  if (!file_) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
   const std::uint64_t size = fs::file_size(path, error);
   if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
   if (size > limit) throw FileError(FileError::Kind::TooLarge, path, "it is larger than 2 GiB");
+  size_ = static_cast<std::size_t>(size);
+}
 
-  FileBytes bytes(size);
-  ProgressRun run(progress, 0, static_cast<std::int64_t>(size));
-  for (std::size_t done = 0; done < size;) {
+void FileReader::Read(std::span<std::uint8_t> bytes) {
+  errno = 0;
+  file_.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  if (!file_) throw FileError(FileError::Kind::CantRead, path_, Cause("it ended while it was read"));
+}
+
+FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress) {
+  FileReader file(path, limit);
+  FileBytes bytes(file.Size());
+  ProgressRun run(progress, 0, static_cast<std::int64_t>(bytes.size));
+  for (std::size_t done = 0; done < bytes.size;) {
     const std::size_t part = std::min(blockSize, bytes.size - done);
-    errno = 0;
-    file.read(reinterpret_cast<char*>(bytes.data.get()) + done, static_cast<std::streamsize>(part));
-    if (!file) throw FileError(FileError::Kind::CantRead, path, Cause("it ended while it was read"));
+    file.Read({bytes.data.get() + done, part});
     done += part;
     run.At(static_cast<std::int64_t>(done));
   }
@@ -80,6 +87,26 @@ void WriteFile(const fs::path& path, std::span<const std::uint8_t> data, Progres
 void WriteFile(const fs::path& path, std::string_view text) {
   NoProgress progress;
   WriteFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, progress);
+}
+
+void ReplaceFile(const fs::path& path, std::string_view text) {
+  std::error_code error;
+  errno = 0;
+  // A file that may not be written to is not to be replaced either.
+  if (fs::exists(path, error) && !std::fstream(path))
+    throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+  fs::path beside = path;
+  beside += ".tmp";
+  try {
+    WriteFile(beside, text);
+  } catch (const FileError& failure) {
+    throw FileError(failure.Reason(), path, failure.what());
+  }
+  fs::rename(beside, path, error);
+  if (!error) return;
+  const std::string cause = error.message();
+  fs::remove(beside, error);
+  throw FileError(FileError::Kind::CantWrite, path, cause);
 }
 
 void MakeFolder(const fs::path& path) {

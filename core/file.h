@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -50,6 +51,24 @@ struct FileBytes {
   std::size_t size = 0;
 };
 
+// A file that is read from its beginning on, piece by piece.
+class FileReader {
+ public:
+  // Opens a file of at most `limit` bytes. Throws FileError.
+  FileReader(const std::filesystem::path& path, std::uint64_t limit);
+
+  // Bytes of the whole file when it was opened.
+  [[nodiscard]] std::size_t Size() const { return size_; }
+
+  // Reads the next bytes, as many as are asked for. Throws FileError where the file has fewer.
+  void Read(std::span<std::uint8_t> bytes);
+
+ private:
+  std::filesystem::path path_;
+  std::ifstream file_;
+  std::size_t size_ = 0;
+};
+
 // Reads a file of at most `limit` bytes. Throws FileError, and std::bad_alloc.
 [[nodiscard]] FileBytes ReadFile(const std::filesystem::path& path, std::uint64_t limit, Progress& progress);
 
@@ -57,6 +76,10 @@ struct FileBytes {
 // off, the file is removed: no half of it stays behind. Throws FileError.
 void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data, Progress& progress);
 void WriteFile(const std::filesystem::path& path, std::string_view text);
+
+// Writes a file whole or not at all: what stood there before stays until the new text is on the disk. It
+// is written beside, as the path and ".tmp", and then takes the file's place. Throws FileError.
+void ReplaceFile(const std::filesystem::path& path, std::string_view text);
 
 // Makes a folder; one that is there already will do. Throws FileError.
 void MakeFolder(const std::filesystem::path& path);

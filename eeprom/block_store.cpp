@@ -1,11 +1,11 @@
 #include "eeprom/block_store.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <span>
 #include <stdexcept>
 #include <string>
+
+#include "core/vector_scan.h"
 
 namespace tarvelo {
 namespace {
@@ -45,29 +45,13 @@ bool IsHeader(Header h) {
          CanHoldData(h[6]);
 }
 
-constexpr Offset positionsAtOnce = 128;
-
-std::uint32_t DWordAt(const std::uint8_t* bytes) {
-  static_assert(std::endian::native == std::endian::little);
-  std::uint32_t value = 0;
-  std::memcpy(&value, bytes, sizeof value);
-  return value;
-}
-
-// Whether any of the next 128 positions can be a header, by some bits of its first 8 bytes: they turn
-// away erased and zero bytes, and nearly all code. No early way out, so that the compiler can use
-// vectors. Reads the 516 bytes from the first position on.
-bool AnyCandidate(const std::uint8_t* bytes) {
-  std::uint32_t found = 0;
-  for (Offset i = 0; i < positionsAtOnce; ++i) {
-    const std::uint8_t* header = bytes + i * step;
-    // Bytes 0, 1, 3: 0xF0, 0xFC or two more, below 0x40, below 0x20.
-    const std::uint32_t first = (DWordAt(header) & 0xE000C0F3) ^ 0x000000F0;
-    const std::uint32_t second = DWordAt(header + 4) & 0xFF000000;  // byte 7 is 0
-    found |= (first | second) == 0 ? ~std::uint32_t{0} : 0;
-  }
-  return found != 0;
-}
+// The bits of the rules that need no comparing; they leave next to nothing but headers. Code has least of
+// what the first two ask for.
+constexpr Probe headerProbes[] = {
+    {.offset = 4, .value = 0x00300000, .mask = 0xFF300000},  // byte 6 as in all that CanHoldData, byte 7
+    {.offset = 8, .value = 0xF0000000, .mask = 0xF300E000},  // byte 9 below 0x20, byte 11 a state
+    {.offset = 0, .value = 0x000000F0, .mask = 0xE000C0F3},  // byte 0 a state, 1 and 3 below 0x40 and 0x20
+};
 
 Offset ScanStart(Offset last, std::string_view model) {
   // A C60 is searched whole on purpose, however long its image is.
@@ -84,29 +68,32 @@ class Scan {
         progress_(progress, start_, image.ffEnd()) {}
 
   BlockStore Run() {
-    constexpr Offset blockLength = positionsAtOnce * step;
-    Offset nextProgress = start_;
+    const Sieve sieve(step, headerProbes);
     for (Offset p = start_; p <= last_;) {
-      if (p >= nextProgress) {
-        progress_.At(p);
-        nextProgress = (p / progressStep + 1) * progressStep;
+      // Progress is shown for a few of its steps at once, so that the sieve gets long runs.
+      Offset pieceEnd = p;
+      for (int i = 0; i < 16 && pieceEnd <= last_; ++i) {
+        progress_.At(pieceEnd);
+        pieceEnd = NextPosition((pieceEnd / progressStep + 1) * progressStep);
       }
-      const Offset blockEnd = p + blockLength;
-      if (blockEnd - step <= last_ && !AnyCandidate(image_.ff().data() + p))
-        p = blockEnd;
-      else
-        while (p < blockEnd && p <= last_) p += Take(p);
+      sieve.Each(image_.ff(), p, std::min(pieceEnd - step, last_), [&](Offset candidate) {
+        Take(candidate);
+        return false;
+      });
+      p = pieceEnd;
     }
     return std::move(store_);
   }
 
  private:
-  // Looks at one position. Returns how far it is to the next.
-  Offset Take(Offset p) {
+  // The first position from p on.
+  [[nodiscard]] Offset NextPosition(Offset p) const { return start_ + (p - start_ + step - 1) / step * step; }
+
+  void Take(Offset p) {
     const Header header(image_.ff().data() + p, blockHeaderLength);
-    if (!IsHeader(header) || !IsBlockNumber(image_.Word(p + 8))) return step;
+    if (p < next_ || !IsHeader(header) || !IsBlockNumber(image_.Word(p + 8))) return;
     Add(p);
-    return blockHeaderLength;
+    next_ = p + blockHeaderLength;
   }
 
   void Add(Offset p) {
@@ -139,6 +126,7 @@ class Scan {
   const Fullflash& image_;
   const Offset start_;
   const Offset last_;  // the last position where a header fits
+  Offset next_ = 0;    // behind the last header that counts
   ProgressRun progress_;
   BlockStore store_;
 };

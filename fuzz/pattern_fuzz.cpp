@@ -1,6 +1,8 @@
 // Any text as a byte pattern, sought in any bytes, beside the search as it is defined.
+#include "core/vector_scan.h"
 #include "fuzz/target.h"
-#include "patch/pattern.h"
+#include "patch/hit_search.h"
+#include "patch/pattern_walk.h"
 #include "tests/patch/plain_search.h"
 
 namespace {
@@ -23,16 +25,45 @@ void CheckLines(const Fullflash& image, const Pattern& pattern, const std::vecto
   }
 }
 
+// The hits of an image that is seen in pieces.
+std::vector<Offset> FindInPieces(Bytes image, const Pattern& pattern, std::size_t length) {
+  HitSearch search(pattern, static_cast<Offset>(image.size()));
+  std::vector<Offset> hits;
+  for (std::size_t end = 0; !search.IsOver();) {
+    const auto at = static_cast<std::size_t>(search.Next());
+    Check(at <= image.size(), "a search goes on within the image");
+    end = std::min(image.size(), std::max(end, at) + length);
+    search.Take(image.subspan(at, end - at), search.Next(), hits);
+  }
+  return hits;
+}
+
+// From anywhere to the next occurrence and back.
+void Walk(Bytes image, const Fullflash& fullflash, const Pattern& pattern, const PlainBytes& plain,
+          Offset start) {
+  const Offset next = FirstFrom(fullflash, pattern, start);
+  const Offset last = LastBefore(fullflash, pattern, start);
+  Check(next < 0 || next >= start, "the next occurrence is not in front");
+  Check(last < start, "the last occurrence is in front");
+  for (const Offset at : {next, last}) {
+    if (at < 0) continue;
+    for (std::size_t k = 0; k < plain.size(); ++k)
+      Check(plain[k] < 0 || plain[k] == ByteAt(image, at + static_cast<Offset>(k)), "an occurrence matches");
+  }
+  if (next >= 0) Check(LastBefore(fullflash, pattern, next + 1) == next, "it is found on the way back");
+}
+
 }  // namespace
 
-// Byte 0 says how often the bytes are repeated, the word behind it where the search starts; then come
-// the pattern's text, a zero, and the bytes.
+// Byte 0 says how often the bytes are repeated and what vectors are used, the word behind it where the
+// search starts; then come the pattern's text, a zero, and the bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input input({data, size});
-  const int times = 1 + input.Byte() % 16;
+  const int choice = input.Byte();
   const Offset start = input.Word();
   const std::string text = input.Text();
-  const std::vector<std::uint8_t> bytes = Repeated(input.Rest(), times);
+  const std::vector<std::uint8_t> bytes = Repeated(input.Rest(), 1 + choice % 16);
+  LimitVectorUnit(static_cast<VectorUnit>(choice / 16 % 3));
 
   const Fullflash image{Bytes(bytes)};
   const Pattern pattern(text);
@@ -41,12 +72,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!image.IsOpen()) return 0;
   Check(pattern.FindPat(image, start) == PlainFindPat(bytes, plain, start), "a search finds the first hit");
 
-  std::vector<Offset> expected;
-  for (Offset hit = PlainFindPat(bytes, plain, 0); hit > 0; hit = PlainFindPat(bytes, plain, hit + 1))
-    expected.push_back(hit);
+  const std::vector<Offset> expected = PlainFindAll(bytes, plain);
   NoProgress progress;
   const std::vector<Offset> hits = FindAll(image, pattern, progress);
   Check(hits == expected, "all hits are found");
+  Check(FindInPieces(bytes, pattern, 1 + static_cast<std::size_t>(start) % 300) == expected,
+        "all hits are found in pieces");
+  if (plain) Walk(bytes, image, pattern, *plain, start);
   CheckLines(image, pattern, hits);
   (void)NotFound(text, Messages());
   return 0;

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "core/fullflash.h"
+#include "core/vector_scan.h"
 
 namespace tarvelo::fuzz {
 
@@ -62,8 +63,8 @@ class Input {
 
 // An image as an input describes it:
 //   0     size: 1 .. 6 one at which something changes, else that of the content, which is fast
-//   1     around the content: 0 erased bytes, 1 zeros, 2 the content again and again (modulo 3; images
-//         of more than 1 MiB are erased)
+//   1     around the content: 0 erased bytes, 1 zeros, 2 the content again and again (images of more
+//         than 1 MiB are erased); plus 3 or 6 for searches with narrower vectors
 //   2     word: the content's position in pages of 0x100 bytes, as far as it fits; 0xFFFF is the end
 //   4     the content
 inline Fullflash ImageOf(Bytes data) {
@@ -72,7 +73,9 @@ inline Fullflash ImageOf(Bytes data) {
   Input input(data);
   const std::size_t choice = input.Byte();
   const std::size_t wanted = choice < std::size(sizes) ? sizes[choice] : 0;
-  const int filling = input.Byte() % 3;
+  const int manner = input.Byte();
+  const int filling = manner % 3;
+  LimitVectorUnit(static_cast<VectorUnit>(2 - manner / 3 % 3));
   const std::uint16_t page = input.Word();
   const Bytes content = input.Rest();
 

@@ -1,6 +1,8 @@
 #include "media/melody.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace tarvelo {
@@ -33,8 +35,15 @@ std::vector<Tone> DecodeMelody(Bytes image, Offset data, std::size_t most) {
 
 std::string MelodyText(std::span<const Tone> tones) {
   std::string text;
-  for (const Tone& tone : tones)
-    text.append(std::to_string(tone.frequency)).append(":").append(std::to_string(tone.duration)).append(" ");
+  for (const Tone& tone : tones) {
+    std::array<char, longestPair> pair;
+    char* const end = pair.data() + pair.size();
+    char* p = std::to_chars(pair.data(), end, tone.frequency).ptr;
+    *p++ = ':';
+    p = std::to_chars(p, end, tone.duration).ptr;
+    *p++ = ' ';
+    text.append(pair.data(), p);
+  }
   return text;
 }
 

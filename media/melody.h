@@ -37,6 +37,9 @@ struct Tone {
 [[nodiscard]] std::vector<Tone> DecodeMelody(Bytes image, Offset data,
                                              std::size_t most = std::numeric_limits<std::size_t>::max());
 
+// Characters of the longest pair of a text form, with the blank behind it: "65535:65535 ".
+inline constexpr std::size_t longestPair = 12;
+
 // The text form of records.
 [[nodiscard]] std::string MelodyText(std::span<const Tone> tones);
 

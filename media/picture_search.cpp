@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
 
-#include "core/word_scan.h"
+#include "core/vector_scan.h"
 #include "media/colours.h"
 #include "media/picture_data.h"
 
@@ -15,15 +16,17 @@ constexpr Offset entrySize = 8;
 constexpr Offset nextTableWithin = 0x50000;
 constexpr Offset progressStep = 0x8000;
 
-// What the first entry of a table begins with: width and height, then the type with or without bit 7.
-struct Signature {
-  std::uint16_t size;
-  std::uint8_t type;
-  bool compressedOrNot;
-};
+// What the first entry of a table begins with: width and height, the type with or without bit 7, then 0;
+// and the 0 of the second entry.
+constexpr Probe pageModeSignature[] = {{.offset = 0, .value = 0x0404},
+                                       {.offset = 2, .value = 0x0001, .mask = 0xFF7F},
+                                       {.offset = 10, .value = 0, .mask = 0xFF00}};
+constexpr Probe largeSignature[] = {{.offset = 0, .value = 0x3434},
+                                    {.offset = 2, .value = 0x0088},
+                                    {.offset = 10, .value = 0, .mask = 0xFF00}};
 
-constexpr Signature pageModeSignature{0x0404, 0x01, true};
-constexpr Signature largeSignature{0x3434, 0x88, false};
+// What a header outside the tables begins with: width and height below 0x80, type 0x81, then 0.
+constexpr Probe outsideHeader[] = {{.offset = 2, .value = 0x0081}, {.offset = 0, .value = 0, .mask = 0x8080}};
 
 class Search {
  public:
@@ -51,32 +54,25 @@ class Search {
   }
 
  private:
-  // Each position from .. last, step 2, where the word is `value`, given to `take` until that says
-  // so; in pieces between which progress is shown.
+  // The positions from .. last, step 2, at which the probes match, given to `take` until that says so; in
+  // pieces between which progress is shown.
   template <typename Take>
-  void EachWord(Offset from, Offset last, Offset wordAt, std::uint16_t value, Take take) {
+  void EachMatch(std::span<const Probe> probes, Offset from, Offset last, Take take) {
+    const Sieve sieve(2, probes);
     for (Offset p = from; p <= last;) {
       progress_.At(p);
       const Offset pieceEnd = std::min(last, (p / progressStep + 1) * progressStep - 2);
-      for (Offset at; (at = FindWord(image_.ff(), p + wordAt, pieceEnd + wordAt, value)) >= 0;) {
-        if (take(at - wordAt)) return;
-        p = at - wordAt + 2;
-        if (p > pieceEnd) break;
-      }
+      if (sieve.Each(image_.ff(), p, pieceEnd, take)) return;
       p = pieceEnd + 2;
     }
   }
 
   std::optional<Offset> FindTable(Offset from, Offset last) {
-    const Signature& signature = image_.PageMode() ? pageModeSignature : largeSignature;
     std::optional<Offset> found;
-    EachWord(from, last, 0, signature.size, [&](Offset p) {
-      const auto byte = [&](Offset at) { return image_.Byte(p + at); };
-      const int type = signature.compressedOrNot ? byte(2) & 0x7F : byte(2);
-      const bool isStart =
-          type == signature.type && byte(3) == 0 && byte(8) != 0 && byte(9) != 0 && byte(11) == 0;
-      if (isStart) found = p;
-      return isStart;
+    EachMatch(image_.PageMode() ? pageModeSignature : largeSignature, from, last, [&](Offset p) {
+      const bool hasSecondEntry = image_.Byte(p + 8) != 0 && image_.Byte(p + 9) != 0;
+      if (hasSecondEntry) found = p;
+      return hasSecondEntry;
     });
     return found;
   }
@@ -97,8 +93,7 @@ class Search {
   }
 
   void ListOutside(Offset from) {
-    constexpr std::uint16_t compressedMonochrome = 0x0081;  // type 0x81, reserved 0
-    EachWord(from, end_ - entrySize, 2, compressedMonochrome, [&](Offset p) {
+    EachMatch(outsideHeader, from, end_ - entrySize, [&](Offset p) {
       Picture picture = ReadHeader(p);
       const bool isHeader = picture.width >= 1 && picture.width <= 101 && picture.height >= 1 &&
                             picture.height <= 80 && picture.data >= 1 && picture.data < end_;

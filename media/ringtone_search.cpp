@@ -4,7 +4,7 @@
 #include <array>
 #include <functional>
 
-#include "core/word_scan.h"
+#include "core/vector_scan.h"
 #include "media/melody.h"
 #include "media/ringtone_length.h"
 
@@ -15,6 +15,12 @@ constexpr Offset entrySize = 8;
 constexpr int startEntries = 5;  // that a table is known by, with the number of the next one
 constexpr std::uint8_t lastKind = 15;
 constexpr Offset progressStep = 0x8000;
+
+// The numbers of the entries behind the first: rarer in an image than the zeros of that.
+constexpr Probe entryNumbers[] = {{.offset = 8, .value = 1},
+                                  {.offset = 16, .value = 2},
+                                  {.offset = 24, .value = 3},
+                                  {.offset = 32, .value = 4}};
 
 class Search {
  public:
@@ -32,18 +38,17 @@ class Search {
 
  private:
   std::optional<Offset> FindTable() {
+    const Sieve sieve(2, entryNumbers);
     const Offset last = end_ - startEntries * entrySize - 1;
-    for (Offset piece = 0; piece <= last; piece += progressStep) {
+    std::optional<Offset> found;
+    for (Offset piece = 0; piece <= last && !found; piece += progressStep) {
       progress_.At(piece);
-      const Offset pieceLast = std::min(last, piece + progressStep - 2);
-      // The number of the second entry: rarer in an image than the zeros of the first.
-      for (Offset p = piece; (p = FindWord(image_.ff(), p + entrySize, pieceLast + entrySize, 1)) >= 0;) {
-        p -= entrySize;
-        if (IsTable(p)) return p;
-        p += 2;
-      }
+      sieve.Each(image_.ff(), piece, std::min(last, piece + progressStep - 2), [&](Offset p) {
+        if (IsTable(p)) found = p;
+        return found.has_value();
+      });
     }
-    return {};
+    return found;
   }
 
   // Needs the byte behind the entries within the image.

@@ -31,9 +31,15 @@ std::string NoteColumn(const Ringtone& ringtone) {
 std::string TextColumn(const Ringtone& ringtone, const Fullflash& image, std::size_t& room) {
   constexpr std::size_t shortestPair = 4;  // "0:1 "
   const auto records = static_cast<std::size_t>(ringtone.Notes());
+  const std::vector<Tone> tones =
+      DecodeMelody(image.ff(), ringtone.data, std::min(records, room / shortestPair + 1));
   std::string text;
-  for (const Tone& tone :
-       DecodeMelody(image.ff(), ringtone.data, std::min(records, room / shortestPair + 1))) {
+  if (tones.size() * longestPair <= room) {
+    text = MelodyText(tones);
+    room -= text.size();
+    return text;
+  }
+  for (const Tone& tone : tones) {
     const std::string pair = MelodyText({&tone, 1});
     if (pair.size() > room) {
       room = 0;

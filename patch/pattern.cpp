@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/notation.h"
+#include "patch/hit_search.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -19,16 +20,28 @@ int Digit(char16_t c) {
 
 // How common a byte is in flash images, roughly: the search looks for the rarest first.
 int Commonness(std::uint8_t byte) {
+  if (byte == 0xFF) return 5;  // erased, too
+  if (byte == 0x00) return 4;
+  if (byte >= 0xF0) return 3;  // registers, moves
   switch (byte) {
-    case 0xFF: return 4;
-    case 0x00: return 3;
-    case 0xE6:
-    case 0xF4:
+    case 0x01:
+    case 0x02:
+    case 0x08:
+    case 0x0D:
+    case 0x2D:
+    case 0x3D:
+    case 0x88:
+    case 0x98:
     case 0xD7:
-    case 0xDA: return 2;  // frequent instructions
+    case 0xDA:
+    case 0xDB:
+    case 0xE0:
+    case 0xE6: return 2;  // frequent instructions, small numbers
     default: return 1;
   }
 }
+
+int Commonness(const Probe& probe) { return Commonness(static_cast<std::uint8_t>(probe.value)); }
 
 }  // namespace
 
@@ -45,60 +58,104 @@ Pattern::Pattern(std::string_view text) {
     mask_.push_back(isWildcard ? 0x00 : 0xFF);
   }
   for (std::size_t i = 0; i < bytes_.size(); ++i)
-    if (mask_[i] != 0 && (!hasAnchor_ || Commonness(bytes_[i]) < Commonness(bytes_[anchor_]))) {
-      anchor_ = i;
-      hasAnchor_ = true;
-    }
+    if (mask_[i] != 0) rarest_.push_back({static_cast<std::int32_t>(i), bytes_[i]});
+  std::ranges::stable_sort(rarest_, {}, [](const Probe& probe) { return Commonness(probe); });
+  areAll_ = rarest_.size() <= SieveProbes::count;
+  if (!areAll_) rarest_.resize(SieveProbes::count);
 }
 
+// Eight bytes at a time: dense hits of long patterns must not be slower than a loop that stops early.
 bool Pattern::MatchesAt(const std::uint8_t* at) const {
-  if (!hasWildcard_) return std::memcmp(at, bytes_.data(), bytes_.size()) == 0;
-  for (std::size_t k = 0; k < bytes_.size(); ++k)
+  std::size_t k = 0;
+  for (std::uint64_t found, wanted, mask; k + sizeof found <= bytes_.size(); k += sizeof found) {
+    std::memcpy(&found, at + k, sizeof found);
+    std::memcpy(&wanted, bytes_.data() + k, sizeof wanted);
+    std::memcpy(&mask, mask_.data() + k, sizeof mask);
+    if ((found & mask) != wanted) return false;
+  }
+  for (; k < bytes_.size(); ++k)
     if ((at[k] & mask_[k]) != bytes_[k]) return false;
   return true;
 }
 
-// The first match at start .. lastStart. The caller has made sure that all of these lie in the image.
-Offset Pattern::FindWithin(Bytes image, Offset start, Offset lastStart) const {
-  if (start > lastStart) return -1;
-  if (!hasAnchor_) return start;  // wildcards alone match everywhere
-  for (Offset p = start; p <= lastStart; ++p) {
-    const std::uint8_t* from = image.data() + p + anchor_;
-    const void* found = std::memchr(from, bytes_[anchor_], static_cast<std::size_t>(lastStart - p + 1));
-    if (!found) return -1;
-    p += static_cast<const std::uint8_t*>(found) - from;
-    if (MatchesAt(image.data() + p)) return p;
+// Gives take(start) the matches until it returns true.
+template <typename Take>
+void Pattern::EachMatch(Bytes bytes, Offset from, Offset last, Take take) const {
+  if (!valid_ || from > last) return;
+  if (rarest_.empty()) {  // wildcards alone match everywhere
+    for (Offset p = from; p <= last; ++p)
+      if (take(p)) return;
+    return;
   }
-  return -1;
+  const bool allCommon = rarest_.size() > 2 && Commonness(rarest_[0]) + Commonness(rarest_[1]) > 6;
+  const Sieve sieve(1, rarest_, allCommon ? 3 : 2);
+  if (areAll_)
+    sieve.Each(bytes, from, last, take);
+  else
+    sieve.Each(bytes, from, last, [&](Offset p) { return MatchesAt(bytes.data() + p) && take(p); });
 }
 
 Offset Pattern::FindPat(const Fullflash& image, Offset start) const {
-  if (!valid_) return -1;
+  if (!image.IsOpen()) return -1;
   const bool toTheEnd = start == 0 && !hasWildcard_;
   const Offset lastStart = Offset{image.ffEnd()} - PatCount() + (toTheEnd ? 1 : 0);
-  return FindWithin(image.ff(), start, lastStart);
+  Offset found = -1;
+  EachMatch(image.ff(), start, lastStart, [&](Offset p) {
+    found = p;
+    return true;
+  });
+  return found;
+}
+
+void Pattern::AddMatches(Bytes bytes, Offset from, Offset last, Offset at,
+                         std::vector<Offset>& matches) const {
+  EachMatch(bytes, from, last, [&](Offset p) {
+    matches.push_back(at + p);
+    return false;
+  });
 }
 
 std::vector<Offset> FindAll(const Fullflash& image, const Pattern& pattern, Progress& progress) {
-  std::vector<Offset> hits;
+  constexpr Offset starts = 0x100000;  // between which progress is shown
+  std::vector<Offset> all;
+  const Bytes bytes = image.ff();
+  const auto size = static_cast<Offset>(bytes.size());
   ProgressRun run(progress, 0, image.ffEnd());
-  for (Offset hit = pattern.FindPat(image, 0); hit >= 1; hit = pattern.FindPat(image, hit + 1)) {
-    hits.push_back(hit);
-    run.At(hit);
-    if (run.StopAsked()) break;
+  HitSearch search(pattern, size);
+  while (!search.IsOver() && !run.StopAsked()) {
+    const Offset at = search.Next();
+    run.At(at);
+    const Offset length = std::min(starts + pattern.PatCount() - 1, size - at);
+    search.Take(bytes.subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(length)), at, all);
   }
-  return hits;
+  return all;
 }
 
-std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hit) {
+std::string HexOfBytes(Bytes bytes) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
   std::string text;
-  for (Offset p = hit; p < hit + pattern.PatCount(); ++p) text += image.ByteHex(p);
+  text.reserve(2 * bytes.size());
+  for (const std::uint8_t b : bytes) {
+    text += digits[b >> 4];
+    text += digits[b & 0xF];
+  }
   return text;
 }
 
-std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_t number, Offset hit) {
+std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hit) {
+  return HexOfBytes(
+      image.ff().subspan(static_cast<std::size_t>(hit), static_cast<std::size_t>(pattern.PatCount())));
+}
+
+std::string LineOfHit(std::size_t number, Offset hit, Bytes found) {
   return PadSpace(std::to_string(number), 3) + ". " + PadZero(Hex(static_cast<std::uint32_t>(hit)), 6) +
-         ": " + BytesOfHit(image, pattern, hit);
+         ": " + HexOfBytes(found);
+}
+
+std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_t number, Offset hit) {
+  return LineOfHit(
+      number, hit,
+      image.ff().subspan(static_cast<std::size_t>(hit), static_cast<std::size_t>(pattern.PatCount())));
 }
 
 std::string NotFound(std::string_view pattern, const Messages& messages) {

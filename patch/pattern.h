@@ -12,6 +12,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
+#include "core/vector_scan.h"
 #include "resources/messages.h"
 
 namespace tarvelo {
@@ -32,16 +33,23 @@ class Pattern {
   // starts up to ffEnd - PatCount only, and so never finds an occurrence that ends there.
   [[nodiscard]] Offset FindPat(const Fullflash& image, Offset start) const;
 
+  [[nodiscard]] bool HasWildcard() const { return hasWildcard_; }
+
+  // Adds each of the starts from .. last of these bytes at which it matches, plus `at`, the offset of
+  // the first byte. They must not be negative, and all that may match must lie within the bytes.
+  void AddMatches(Bytes bytes, Offset from, Offset last, Offset at, std::vector<Offset>& matches) const;
+
  private:
+  template <typename Take>
+  void EachMatch(Bytes bytes, Offset from, Offset last, Take take) const;
   [[nodiscard]] bool MatchesAt(const std::uint8_t* at) const;
-  [[nodiscard]] Offset FindWithin(Bytes image, Offset start, Offset lastStart) const;
 
   std::vector<std::uint8_t> bytes_;  // a wildcard's is 0
   std::vector<std::uint8_t> mask_;   // 0xFF where the byte must match, 0 for a wildcard
   bool valid_ = true;
   bool hasWildcard_ = false;
-  std::size_t anchor_ = 0;  // the byte that is looked for first
-  bool hasAnchor_ = false;
+  std::vector<Probe> rarest_;  // up to four bytes that are looked for first
+  bool areAll_ = true;         // whether no other byte has to match
 };
 
 // All occurrences, overlapping ones too, in their order. One at offset 0 ends the search before it has
@@ -51,10 +59,15 @@ class Pattern {
 // The bytes found at a hit, in upper-case hexadecimal.
 [[nodiscard]] std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hit);
 
+// Bytes in upper-case hexadecimal.
+[[nodiscard]] std::string HexOfBytes(Bytes bytes);
+
 // A hit as the search lists it, the first one being number 1: "  1. 01A2B4: E6124100E6". The number
 // keeps its last three digits, the offset its last six.
 [[nodiscard]] std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_t number,
                                     Offset hit);
+// The same, given the bytes found.
+[[nodiscard]] std::string LineOfHit(std::size_t number, Offset hit, Bytes found);
 
 // What is said where nothing was found: message 35 with the pattern in upper case.
 [[nodiscard]] std::string NotFound(std::string_view pattern, const Messages& messages);

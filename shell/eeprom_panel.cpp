@@ -1,20 +1,225 @@
 #include "shell/eeprom_panel.h"
 
-#include <wx/panel.h>
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
 
+#include "eeprom/block_report.h"
+#include "eeprom/block_table.h"
+#include "shell/block_view.h"
+#include "shell/info_panel.h"
+#include "shell/list_view.h"
 #include "shell/main.h"
+#include "shell/strings.h"
 
 namespace tarvelo {
+namespace {
 
-EepromPanel::EepromPanel(Main& main) : main_(main), window_(new wxPanel(&main)), commands_({}) {}
+constexpr int countPanel = 4;            // of the status bar
+constexpr unsigned colouredColumns = 2;  // of a deleted block's row
+constexpr unsigned descriptionColumn = 1;
+constexpr std::size_t offsetColumn = 4;
+constexpr char usersDescriptions[] = "eeprom_blocks.tsv";
+constexpr std::uint64_t longestDescriptions = 1 << 20;
+
+struct Viewer {
+  ViewerEntry entry;
+  int message;
+  const char* captionEnd = "";
+};
+
+constexpr Viewer viewers[] = {
+    {ViewerEntry::x0067, 159},          {ViewerEntry::x0071, 160},
+    {ViewerEntry::x0280, 161},          {ViewerEntry::x5076, 162},
+    {ViewerEntry::x5079, 163},          {ViewerEntry::x509x, 164},
+    {ViewerEntry::x5124, 165},          {ViewerEntry::x5136, 166},
+    {ViewerEntry::x5166, 167},          {ViewerEntry::x5168, 168},
+    {ViewerEntry::x517x, 169},          {ViewerEntry::x5206, 227},
+    {ViewerEntry::x5209, 170},          {ViewerEntry::x5262, 171},
+    {ViewerEntry::x5274, 71},           {ViewerEntry::x5275, 72, ": 5275"},
+    {ViewerEntry::x5276, 72, ": 5276"}, {ViewerEntry::x5277, 72, ": 5277"},
+    {ViewerEntry::x5278, 72, ": 5278"},
+};
+static_assert(std::size(viewers) == viewerEntries);
+
+// The lowest number of an entry.
+int NumberOf(ViewerEntry entry) {
+  int number = 0;
+  while (ViewerOf(number) != entry) ++number;
+  return number;
+}
+
+}  // namespace
+
+EepromPanel::EepromPanel(Main& main) : main_(main), commands_(MakeCommands()), ListE_(new ListView(&main)) {
+  ListE_->SetMarkedColumns(colouredColumns);
+  ListE_->onActivate = [this](std::size_t) { main_.Run(OpenE); };
+  ListE_->onContextMenu = [this] { main_.PopUpCommands(); };
+  main_.AcceptDrops(ListE_->Control());
+  ShowList();
+}
 
 int EepromPanel::MenuEntry() const { return EEPROM; }
 
-wxWindow& EepromPanel::Window() { return *window_; }
+wxWindow& EepromPanel::Window() { return *ListE_; }
 
-void EepromPanel::Build() {}
-void EepromPanel::Save() {}
-void EepromPanel::Clear() {}
-void EepromPanel::Recaption(const Messages&) {}
+wxWindow& EepromPanel::FirstFocus() { return ListE_->Control(); }
+
+void EepromPanel::Build() {
+  if (!scanned_) Scan();
+}
+
+void EepromPanel::Scan() {
+  ReadDescriptions();
+  try {
+    store_ = GetEE(main_.Open().image, main_.Open().info.Model, main_.Status());
+    scanned_ = true;
+  } catch (const std::length_error&) {
+    const Messages& texts = main_.Texts();
+    main_.Complain(Wx(texts.MsgS(207, texts.Msg(201))) + "\n\n" + Wx(texts.Msg(250)));
+  }
+  viewers_ = EnabledViewers(viewers_, store_.viewers);
+  ShowList();
+  if (!shown_.empty()) ListE_->Select(0);
+  main_.InfoText().AppendText(Wx(BlockInformation(store_, main_.Texts())));
+  main_.Status().SetPanel(countPanel, Wx(BlockStatus(store_)));
+}
+
+// The user's own, over the built-in ones, if there is a file of them that can be read.
+void EepromPanel::ReadDescriptions() {
+  std::string own;
+  try {
+    NoProgress progress;
+    const FileBytes file =
+        ReadFile(main_.Stored().Folder() / usersDescriptions, longestDescriptions, progress);
+    own.assign(file.data.get(), file.data.get() + file.size);
+  } catch (const FileError&) {
+  }
+  descriptions_ = GetDescriptions(own);
+}
+
+// The chosen block stays chosen; where it is no longer listed, the next one is.
+void EepromPanel::ShowList() {
+  const auto chosen = Chosen();
+  ListE_->SetTable(
+      ShowEE(store_, showDeleted_, [this](int number) { return Describe(descriptions_, number); }));
+  shown_ = ShownRecords(store_, showDeleted_);
+  if (!chosen || shown_.empty()) return;
+  const auto row = std::ranges::lower_bound(shown_, *chosen) - shown_.begin();
+  ListE_->Select(std::min(static_cast<std::size_t>(row), shown_.size() - 1));
+}
+
+void EepromPanel::Clear() {
+  if (view_) view_->Clear();
+  shown_.clear();
+  store_ = BlockStore();
+  scanned_ = false;
+  ShowList();
+}
+
+void EepromPanel::Save() { main_.SaveList(ListE_->GetTable(), 'E'); }
+
+void EepromPanel::Recaption(const Messages& messages) {
+  ListE_->SetFilterHint(Wx(messages.Msg(221)));
+  if (view_) view_->Recaption();
+}
+
+std::optional<std::size_t> EepromPanel::Chosen() const {
+  const auto row = ListE_->Selected();
+  if (!row || *row >= shown_.size()) return {};
+  return shown_[*row];
+}
+
+// --- commands ---
+
+PanelCommands EepromPanel::MakeCommands() {
+  const auto chosen = [this] { return Chosen().has_value(); };
+  const auto any = [this] { return !shown_.empty(); };
+  return PanelCommands(
+      {{.id = OpenE, .message = 2, .run = [this] { OpenE_Click(); }, .enabled = chosen},
+       {.id = OpenDescE, .message = 178, .run = [this] { OpenDescE_Click(); }, .enabled = chosen},
+       {.id = InfoE, .message = 122, .run = [this] { InfoE_Click(); }, .enabled = chosen},
+       {.id = OffsetE, .message = 132, .run = [this] { OffsetE_Click(); }, .enabled = chosen},
+       {},
+       {.id = FindE, .message = 115, .shortcut = "Ctrl+F", .run = [this] { FindE_Click(); }, .enabled = any},
+       {.id = FindMoreE,
+        .message = 118,
+        .shortcut = "Ctrl+G",
+        .run = [this] { FindMoreE_Click(); },
+        .enabled = any},
+       {},
+       {.id = ShowDel,
+        .message = 151,
+        .run = [this] { ShowDel_Click(); },
+        .checked = [this] { return showDeleted_; }},
+       {.message = 123, .entries = KnownBlocks()}},
+      OpenE);
+}
+
+std::vector<PanelCommand> EepromPanel::KnownBlocks() {
+  std::vector<PanelCommand> entries;
+  for (const Viewer& viewer : viewers)
+    entries.push_back(
+        {.id = FirstViewer + static_cast<int>(viewer.entry),
+         .message = viewer.message,
+         .run = [this, entry = viewer.entry] { Viewer_Click(entry); },
+         .enabled = [this, entry = viewer.entry] { return viewers_[static_cast<std::size_t>(entry)]; },
+         .captionEnd = viewer.captionEnd});
+  return entries;
+}
+
+void EepromPanel::ShowDel_Click() {
+  showDeleted_ = !showDeleted_;
+  ShowList();
+}
+
+void EepromPanel::OpenE_Click() {
+  const auto block = Chosen();
+  if (block) main_.ShowBl(store_.records[*block].DataOffset, store_.records[*block].Size);
+}
+
+void EepromPanel::OpenDescE_Click() {
+  if (const auto block = Chosen()) main_.ShowBl(store_.records[*block].HeaderPos, blockHeaderLength);
+}
+
+void EepromPanel::InfoE_Click() {
+  if (const auto block = Chosen()) ShowBlock(*block);
+}
+
+void EepromPanel::ShowBlock(std::size_t record) {
+  if (!view_) view_ = new BlockView(main_, store_, descriptions_);
+  view_->ShowBlock(record);
+}
+
+void EepromPanel::Viewer_Click(ViewerEntry entry) {
+  // Entries that stay enabled from an image to the next may have no block in this one.
+  if (const auto block = LiveBlock(store_, entry))
+    ShowBlock(*block);
+  else
+    main_.Complain(Wx(main_.Texts().MsgS(50, std::to_string(NumberOf(entry)))));
+}
+
+void EepromPanel::OffsetE_Click() {
+  if (Chosen()) main_.Copy(ListE_->GetTable().rows[*ListE_->Selected()].cells[offsetColumn]);
+}
+
+void EepromPanel::FindE_Click() {
+  const auto text = main_.Ask(34, searched_);
+  if (!text) return;
+  searched_ = *text;
+  FindFrom(false);
+}
+
+void EepromPanel::FindMoreE_Click() {
+  if (searched_.empty())
+    FindE_Click();
+  else
+    FindFrom(true);
+}
+
+void EepromPanel::FindFrom(bool behindCurrent) {
+  if (!ListE_->Find(searched_, behindCurrent, descriptionColumn))
+    main_.Complain(Wx(main_.Texts().MsgS(35, searched_)));
+}
 
 }  // namespace tarvelo

@@ -1,22 +1,269 @@
 #include "shell/hex_panel.h"
 
+#include <wx/choice.h>
 #include <wx/panel.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
 
+#include <algorithm>
+#include <stdexcept>
+
+#include "patch/pattern_walk.h"
+#include "shell/hex_canvas.h"
 #include "shell/main.h"
+#include "shell/strings.h"
 
 namespace tarvelo {
+namespace {
 
-HexPanel::HexPanel(Main& main) : main_(main), window_(new wxPanel(&main)), commands_({}) {}
+constexpr Offset copyLimit = 0x100000;  // bytes; as text they become several times as much
+constexpr unsigned long placeLength = 40;
+
+// The window colour with some red in it.
+wxColour FaultColour() {
+  const wxColour window = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+  const auto mix = [](unsigned char part, unsigned char red) { return wxColour::AlphaBlend(part, red, 0.7); };
+  return {mix(window.Red(), 0xFF), mix(window.Green(), 0x40), mix(window.Blue(), 0x40)};
+}
+
+}  // namespace
+
+HexPanel::HexPanel(Main& main)
+    : main_(main),
+      commands_(MakeCommands()),
+      window_(new wxPanel(&main)),
+      caption_(new wxStaticText(window_, wxID_ANY, wxString())),
+      place_(new wxTextCtrl(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                            wxTE_PROCESS_ENTER)),
+      kind_(new wxChoice(window_, wxID_ANY)),
+      fault_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
+      canvas_(new HexCanvas(window_)),
+      information_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                    wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {
+  place_->SetMaxLength(placeLength);
+  Layout();
+  Bind();
+}
+
+void HexPanel::Layout() {
+  const int gap = window_->FromDIP(6);
+  auto* line = new wxBoxSizer(wxHORIZONTAL);
+  line->Add(caption_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(place_, 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(kind_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(fault_, 1, wxALIGN_CENTRE_VERTICAL);
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(line, 0, wxEXPAND | wxALL, gap);
+  all->Add(canvas_, 1, wxEXPAND);
+  all->Add(information_, 0, wxEXPAND | wxALL, gap);
+  window_->SetSizer(all);
+}
+
+void HexPanel::Bind() {
+  place_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { GoToPlace(); });
+  place_->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
+    ShowFault(wxString());
+    event.Skip();
+  });
+  kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowFault(wxString()); });
+  canvas_->onSelect = [this] { ShowInformation(); };
+  canvas_->onContextMenu = [this] { main_.PopUpCommands(); };
+  window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
+    if (copy && canvas_->HasFocus())
+      main_.Run(CopyHex);
+    else if (event.GetKeyCode() == WXK_ESCAPE && !canvas_->HasFocus())
+      canvas_->SetFocus();
+    else
+      event.Skip();
+  });
+  main_.AcceptDrops(*canvas_);
+}
 
 int HexPanel::MenuEntry() const { return HexView; }
 
 wxWindow& HexPanel::Window() { return *window_; }
 
-void HexPanel::Build() {}
-void HexPanel::Save() {}
-void HexPanel::Clear() {}
-void HexPanel::Recaption(const Messages&) {}
+wxWindow& HexPanel::FirstFocus() { return *canvas_; }
 
-void HexPanel::Go(Offset, Offset) {}
+const Fullflash& HexPanel::Image() const { return main_.Open().image; }
+
+void HexPanel::Build() {
+  if (!canvas_->HasImage()) canvas_->SetImage(&Image());
+  ShowInformation();
+}
+
+void HexPanel::Clear() {
+  canvas_->SetImage(nullptr);
+  ShowFault(wxString());
+  ShowInformation();
+}
+
+void HexPanel::Save() {
+  const ByteRange range = canvas_->Selection();
+  if (range.size == 0) return main_.Complain(Wx(main_.Texts().Msg(33)));
+  const std::filesystem::path file = main_.Open().Beside("_" + OffsetText(Image(), range.start) + ".bin");
+  WriteFile(file,
+            Image().ff().subspan(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.size)),
+            main_.Status());
+  main_.Tell(Wx(main_.Texts().MsgS(98, PathText(file.filename()))), file);
+}
+
+void HexPanel::Recaption(const Messages& messages) {
+  caption_->SetLabel(Wx(messages.Msg(230)) + ":");
+  place_->SetHint(Wx(messages.Msg(231)));
+  place_->SetToolTip(Wx(messages.Msg(231)));
+  const int kind = std::max(0, kind_->GetSelection());
+  kind_->Set({Wx(messages.Msg(262)), Wx(messages.Msg(254))});
+  kind_->SetSelection(kind);
+  ShowFault(wxString());
+  ShowInformation();
+  window_->Layout();
+}
+
+void HexPanel::Go(Offset start, Offset size) { canvas_->Go(start, size); }
+
+// --- the line above ---
+
+void HexPanel::GoToPlace() {
+  if (!canvas_->HasImage()) return;
+  const std::string text = Utf8(place_->GetValue());
+  const auto kind = kind_->GetSelection() == 1 ? PlaceKind::AsAddress : PlaceKind::AsOffset;
+  try {
+    const auto offset = ReadPlace(text, kind, Image());
+    if (!offset) return ShowFault(Wx(main_.Texts().Msg(232)));
+    ShowFault(wxString());
+    Go(*offset, 0);
+    canvas_->SetFocus();
+  } catch (const std::invalid_argument&) {
+    ShowFault(Wx(main_.Texts().MsgS(270, text)));
+  } catch (const std::overflow_error&) {
+    ShowFault(Wx(main_.Texts().MsgS(271, text)));
+  }
+}
+
+// Says beside the line what is wrong with it; an empty text: nothing is.
+void HexPanel::ShowFault(const wxString& text) {
+  if (fault_->GetLabelText() == text) return;
+  fault_->SetLabelText(text);
+  fault_->SetToolTip(text);
+  place_->SetBackgroundColour(text.empty() ? wxNullColour : FaultColour());
+  place_->Refresh();
+}
+
+// --- the line below ---
+
+void HexPanel::ShowInformation() { information_->SetLabelText(Wx(InformationText())); }
+
+std::string HexPanel::InformationText() const {
+  if (!canvas_->HasImage()) return {};
+  const Messages& texts = main_.Texts();
+  const ByteRange range = canvas_->Selection();
+  std::string text = std::string(texts.Msg(262)) + ": " + OffsetText(Image(), range.start);
+  text.append("    ").append(texts.Msg(254)) += ": " + AddressText(Image(), range.start);
+  if (range.size > 0) text.append("    ").append(texts.Msg(264)) += std::to_string(range.size);
+  return text + "    " + Reading(Image(), range.start);
+}
+
+// --- commands ---
+
+PanelCommands HexPanel::MakeCommands() {
+  const auto any = [this] { return canvas_->HasImage(); };
+  return PanelCommands(
+      {{.id = GoTo, .message = 230, .shortcut = "Ctrl+L", .run = [this] { GoTo_Click(); }, .enabled = any},
+       {},
+       {.id = FindBytes,
+        .message = 275,
+        .shortcut = "Ctrl+F",
+        .run = [this] { FindBytes_Click(); },
+        .enabled = any},
+       {.id = FindNext,
+        .message = 118,
+        .shortcut = "F3",
+        .run = [this] { FindNext_Click(); },
+        .enabled = any},
+       {.id = FindPrevious,
+        .message = 243,
+        .shortcut = "Shift+F3",
+        .run = [this] { FindPrevious_Click(); },
+        .enabled = any},
+       {},
+       {.id = CopyHex, .message = 233, .run = [this] { CopyHex_Click(); }, .enabled = any},
+       {.id = CopyText, .message = 234, .run = [this] { CopyText_Click(); }, .enabled = any},
+       {.id = CopyOffset, .message = 132, .run = [this] { CopyOffset_Click(); }, .enabled = any},
+       {},
+       {.id = SelectBytes,
+        .message = 235,
+        .shortcut = "Ctrl+A",
+        .run = [this] { SelectBytes_Click(); },
+        .enabled = any}});
+}
+
+void HexPanel::GoTo_Click() {
+  place_->SetFocus();
+  place_->SelectAll();
+}
+
+Bytes HexPanel::BytesToCopy() {
+  const ByteRange range = canvas_->Selection();
+  if (range.size > copyLimit) {
+    const std::string sizes = std::to_string(range.size) + " > " + std::to_string(copyLimit);
+    main_.Complain(Wx(std::string(main_.Texts().Msg(264)) + sizes));
+    return {};
+  }
+  return Image().ff().subspan(static_cast<std::size_t>(range.start),
+                              static_cast<std::size_t>(std::max<Offset>(1, range.size)));
+}
+
+void HexPanel::CopyHex_Click() {
+  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) main_.Copy(AsHex(bytes));
+}
+
+void HexPanel::CopyText_Click() {
+  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) main_.Copy(AsText(bytes));
+}
+
+void HexPanel::CopyOffset_Click() { main_.Copy(OffsetText(Image(), canvas_->Selection().start)); }
+
+// In the line above it is the line's own text that is selected.
+void HexPanel::SelectBytes_Click() {
+  if (place_->HasFocus())
+    place_->SelectAll();
+  else
+    canvas_->SelectAll();
+}
+
+bool HexPanel::AskForPattern() {
+  const auto answer = main_.AskPattern();
+  if (answer) pattern_ = *answer;
+  return answer.has_value();
+}
+
+void HexPanel::FindBytes_Click() {
+  if (AskForPattern()) FindNext_Click();
+}
+
+// From behind the start of the selection, which may be the hit of the last search. A cursor alone may
+// stand on a hit that nobody has seen yet.
+void HexPanel::FindNext_Click() {
+  if (pattern_.empty() && !AskForPattern()) return;
+  const Pattern pattern(pattern_);
+  const ByteRange range = canvas_->Selection();
+  ShowHit(pattern, FirstFrom(Image(), pattern, range.start + (range.size > 0 ? 1 : 0)));
+}
+
+void HexPanel::FindPrevious_Click() {
+  if (pattern_.empty() && !AskForPattern()) return;
+  const Pattern pattern(pattern_);
+  ShowHit(pattern, LastBefore(Image(), pattern, canvas_->Selection().start));
+}
+
+void HexPanel::ShowHit(const Pattern& pattern, Offset hit) {
+  if (hit < 0) return main_.Complain(Wx(NotFound(pattern_, main_.Texts())));
+  Go(hit, pattern.PatCount());
+}
 
 }  // namespace tarvelo

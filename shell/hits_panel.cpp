@@ -1,22 +1,175 @@
 #include "shell/hits_panel.h"
 
-#include <wx/panel.h>
+#include <algorithm>
+#include <utility>
 
+#include "core/calculator.h"
+#include "core/notation.h"
+#include "shell/info_panel.h"
+#include "shell/list_view.h"
 #include "shell/main.h"
+#include "shell/strings.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
+namespace {
 
-HitsPanel::HitsPanel(Main& main) : main_(main), window_(new wxPanel(&main)), commands_({}) {}
+constexpr std::size_t mostHits = 1000000;       // that are kept
+constexpr std::size_t mostUnasked = 2000;       // that are added to the information text without a question
+constexpr std::size_t longestText = 100000000;  // bytes that the information text can take
+constexpr std::size_t hitsAtOnce = 1024;        // between two looks at the Escape key
+constexpr int bytesShown = 256;                 // of a hit, in the list
+
+const std::vector<std::string> captions{"N", "Offset", "Address", "Bytes"};
+
+// The text with this filling on its left, n characters in all if it is shorter.
+std::string Fill(char filling, const std::string& text, std::size_t n) {
+  return std::string(n - std::min(n, text.size()), filling) + text;
+}
+
+// All of an image's offsets have one length, so that they sort as numbers do.
+std::string OffsetOf(Offset hit, const Fullflash& image) {
+  return Fill('0', Hex(static_cast<std::uint32_t>(hit)), static_cast<std::size_t>(image.OffDigits()));
+}
+
+}  // namespace
+
+HitsPanel::HitsPanel(Main& main) : main_(main), ListS_(new ListView(&main)), commands_(MakeCommands()) {
+  ListS_->onActivate = [this](std::size_t) { main_.Run(OpenHit); };
+  ListS_->onContextMenu = [this] { main_.PopUpCommands(); };
+  main_.AcceptDrops(ListS_->Control());
+}
 
 int HitsPanel::MenuEntry() const { return Hits; }
 
-wxWindow& HitsPanel::Window() { return *window_; }
+wxWindow& HitsPanel::Window() { return *ListS_; }
 
-void HitsPanel::Build() {}
-void HitsPanel::Save() {}
-void HitsPanel::Clear() {}
-void HitsPanel::Recaption(const Messages&) {}
+wxWindow& HitsPanel::FirstFocus() { return ListS_->Control(); }
 
-void HitsPanel::Search_Click() {}
+void HitsPanel::Clear() { ShowHits({}); }
+
+void HitsPanel::Recaption(const Messages& messages) { ListS_->SetFilterHint(Wx(messages.Msg(221))); }
+
+void HitsPanel::Save() {
+  std::string text = TabSeparated({captions, {}}, CrLf);
+  for (std::size_t i = 0; i < found_.hits.size(); ++i) text += TabSeparated({RowOf(i).cells, {}}, CrLf);
+  main_.SaveList(text, 'S');
+}
+
+void HitsPanel::Search_Click() {
+  const auto answer = main_.AskPattern();
+  if (!answer) return;
+  const std::string pattern = ToUpper(*answer);
+  ShowHits(FindHits(pattern));
+  if (found_.hits.empty()) return main_.Complain(Wx(NotFound(pattern, main_.Texts())));
+  if (TextIsWanted()) {
+    const std::string name = std::string(main_.Texts().Msg(185)) + " \"" + pattern + "\" :";
+    if (const auto text = HitsAsText())
+      main_.InfoText().AddText(name, *text);
+    else
+      main_.Complain(Wx(main_.Texts().Msg(210)));
+  }
+  main_.ShowPanel(*this);
+  ListS_->Select(0);
+}
+
+// One at offset 0 ends the search before it has begun, as if there were none.
+HitsPanel::Found HitsPanel::FindHits(const std::string& pattern) {
+  const Fullflash& image = main_.Open().image;
+  Found found{Pattern(pattern), {}, false};
+  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(225)));
+  ProgressRun run(main_.Status(), 0, image.ffEnd());
+  for (Offset hit = found.pattern.FindPat(image, 0); hit >= 1; hit = found.pattern.FindPat(image, hit + 1)) {
+    found.cutOff = found.hits.size() == mostHits;
+    if (found.cutOff) break;
+    found.hits.push_back(hit);
+    run.At(hit);
+    if (found.hits.size() % hitsAtOnce == 0 && run.StopAsked()) break;
+  }
+  return found;
+}
+
+void HitsPanel::ShowHits(Found found) {
+  found_ = std::move(found);
+  ListS_->SetRows(captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); });
+}
+
+// Whether the hits shall go into the information text. The user is asked when they would flood it.
+bool HitsPanel::TextIsWanted() const {
+  if (found_.hits.size() <= mostUnasked) return true;
+  const auto message = [this](int n) { return Wx(main_.Texts().Msg(n)); };
+  wxString question = message(244) + std::to_string(found_.hits.size()) + "\n";
+  if (found_.cutOff) question += message(246) + "\n";
+  return main_.Confirm(question + message(245));
+}
+
+// A line a hit. Nothing where the text would be too long.
+std::optional<std::string> HitsPanel::HitsAsText() {
+  const Fullflash& image = main_.Open().image;
+  const std::size_t count = found_.hits.size();
+  const std::size_t line = LineOfHit(image, found_.pattern, 1, found_.hits.front()).size() + 1;
+  if (count * line > longestText) return {};
+  std::string text;
+  text.reserve(count * line);
+  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(count));
+  for (std::size_t i = 0; i < count; ++i) {
+    run.At(static_cast<std::int64_t>(i));
+    if (i > 0) text += '\n';
+    text += LineOfHit(image, found_.pattern, i + 1, found_.hits[i]);
+  }
+  return text;
+}
+
+Table::Row HitsPanel::RowOf(std::size_t number) const {
+  const Fullflash& image = main_.Open().image;
+  const Offset hit = found_.hits[number];
+  const std::size_t width = std::to_string(found_.hits.size()).size();
+  std::string bytes;
+  const int shown = std::min(found_.pattern.PatCount(), bytesShown);
+  for (int k = 0; k < shown; ++k) bytes += image.ByteHex(hit + k);
+  if (shown < found_.pattern.PatCount()) bytes += "...";
+  return {{Fill(' ', std::to_string(number + 1), width), OffsetOf(hit, image), AddressOf(hit), bytes}};
+}
+
+// The phone address: page and offset in it, resp. the linear one of a large image.
+std::string HitsPanel::AddressOf(Offset hit) const {
+  const Fullflash& image = main_.Open().image;
+  const Offset address = hit + image.CorrBase();
+  if (!image.PageMode()) return Fill('0', Hex(static_cast<std::uint32_t>(address)), 8);
+  const AddressFields fields = FromAddr(address, image.CorrBase());
+  return Fill('0', fields.Page, 3) + ":" + Fill('0', fields.Offs, 4);
+}
+
+std::optional<Offset> HitsPanel::Chosen() const {
+  const auto row = ListS_->Selected();
+  if (!row) return {};
+  return found_.hits[*row];
+}
+
+// --- commands ---
+
+PanelCommands HitsPanel::MakeCommands() {
+  const auto chosen = [this] { return Chosen().has_value(); };
+  const auto any = [this] { return !found_.hits.empty(); };
+  return PanelCommands(
+      {{.id = OpenHit, .message = 247, .run = [this] { OpenHit_Click(); }, .enabled = chosen},
+       {.id = OffsetHit, .message = 132, .run = [this] { OffsetHit_Click(); }, .enabled = chosen},
+       {},
+       {.id = NextHit, .message = 242, .shortcut = "F3", .run = [this] { ListS_->Step(1); }, .enabled = any},
+       {.id = PreviousHit,
+        .message = 243,
+        .shortcut = "Shift+F3",
+        .run = [this] { ListS_->Step(-1); },
+        .enabled = any}},
+      OpenHit);
+}
+
+void HitsPanel::OpenHit_Click() {
+  if (const auto hit = Chosen()) main_.ShowHex(*hit, found_.pattern.PatCount());
+}
+
+void HitsPanel::OffsetHit_Click() {
+  if (const auto hit = Chosen()) main_.Copy(OffsetOf(*hit, main_.Open().image));
+}
 
 }  // namespace tarvelo

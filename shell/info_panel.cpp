@@ -8,6 +8,9 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
+
+#include "patch/patch_document.h"
 #include "resources/messages.h"
 #include "shell/main.h"
 #include "shell/picture.h"
@@ -15,6 +18,11 @@
 #include "shell/strings.h"
 
 namespace tarvelo {
+namespace {
+
+constexpr std::size_t bytesAtOnce = 1 << 18;  // appended to the text; the progress bar moves between
+
+}  // namespace
 
 InfoPanel::InfoPanel(Main& main) : main_(main), window_(new wxPanel(&main)) {
   sheet_ = new wxPanel(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
@@ -74,6 +82,23 @@ void InfoPanel::SetText(const wxString& text) {
 }
 
 void InfoPanel::AppendText(const wxString& text) { Text->AppendText(text); }
+
+void InfoPanel::AddText(const std::string& name, const std::string& body) {
+  if (body.empty()) return main_.Tell(Wx(main_.Texts().MsgS(78, name)));
+  AppendLong(InformationBlock(name, body));
+  main_.Announce(Wx(main_.Texts().MsgS(79, name)), Wx(name + "\n\n" + body));
+}
+
+void InfoPanel::AppendLong(std::string_view text) {
+  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(text.size()));
+  for (std::size_t done = 0; done < text.size();) {
+    // To the end of a line, so that no character is split.
+    const std::size_t end = std::min(text.find('\n', done + bytesAtOnce), text.size() - 1) + 1;
+    AppendText(Wx(text.substr(done, end - done)));
+    done = end;
+    run.At(static_cast<std::int64_t>(done));
+  }
+}
 
 wxString InfoPanel::GetText() const { return Text->GetValue(); }
 

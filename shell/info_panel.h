@@ -3,6 +3,9 @@
 
 #include <wx/string.h>
 
+#include <string>
+#include <string_view>
+
 #include "shell/panel.h"
 
 class wxStaticBitmap;
@@ -33,8 +36,13 @@ class InfoPanel final : public Panel {
   void AppendText(const wxString& text);
   [[nodiscard]] wxString GetText() const;
 
+  // Appends a named piece of information, of any length, and announces it; says that it is absent where
+  // `body` is empty.
+  void AddText(const std::string& name, const std::string& body);
+
  private:
   void Layout();
+  void AppendLong(std::string_view text);
 
   Main& main_;
   wxWindow* window_;

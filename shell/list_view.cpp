@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "shell/platform/list_keys.h"
 #include "shell/strings.h"
 #include "text/unicode.h"
 
@@ -56,6 +57,7 @@ ListView::ListView(wxWindow* parent)
   filterLine_->ShowCancelButton(true);
   control_->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
   control_->AssociateModel(model_.get());
+  platform::LeaveSearchToMenus(*control_);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(filterLine_, 0, wxEXPAND | wxBOTTOM, FromDIP(4));
   column->Add(control_, 1, wxEXPAND);
@@ -130,10 +132,12 @@ void ListView::AddColumns() {
   }
 }
 
-bool ListView::RowHolds(std::size_t row, const std::string& upperText) const {
-  return std::ranges::any_of(Row(row).cells, [&](const std::string& cell) {
+bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::optional<unsigned> column) const {
+  const auto holds = [&](const std::string& cell) {
     return ToUpper(cell).find(upperText) != std::string::npos;
-  });
+  };
+  const auto& cells = Row(row).cells;
+  return column ? holds(cells[*column]) : std::ranges::any_of(cells, holds);
 }
 
 // Puts the rows on the screen in order. The current row stays the current one if it is still there.
@@ -183,12 +187,21 @@ void ListView::Select(std::size_t row) {
   if (onSelect) onSelect(row);
 }
 
-bool ListView::Find(const std::string& text, bool behindCurrent) {
+void ListView::Step(int rows) {
+  if (order_.empty()) return;
+  const auto current = Selected();
+  if (!current) return Select(order_.front());
+  const auto place = std::ranges::find(order_, *current) - order_.begin() + rows;
+  Select(order_[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(place, 0, std::ssize(order_) - 1))]);
+}
+
+bool ListView::Find(const std::string& text, bool behindCurrent, std::optional<unsigned> column) {
   auto from = order_.begin();
   if (const auto current = Selected(); behindCurrent && current)
     from = std::ranges::find(order_, *current) + 1;
   const std::string upper = ToUpper(text);
-  const auto found = std::find_if(from, order_.end(), [&](std::size_t row) { return RowHolds(row, upper); });
+  const auto found =
+      std::find_if(from, order_.end(), [&](std::size_t row) { return RowHolds(row, upper, column); });
   if (found == order_.end()) return false;
   Select(*found);
   return true;

@@ -39,9 +39,13 @@ class ListView final : public wxPanel {
   // Makes a row the current one and scrolls to it; a filter that hides it is cleared. Calls onSelect.
   void Select(std::size_t row);
 
-  // Searches the rows as they stand on the screen for a text, in any column, upper and lower case
-  // alike: from the top, or from behind the current row. Selects the first that matches.
-  bool Find(const std::string& text, bool behindCurrent);
+  // Moves on from the current row by so many rows as they stand on the screen, not beyond the first or
+  // the last one.
+  void Step(int rows);
+
+  // Searches the rows as they stand on the screen for a text, in one column or in any, upper and lower
+  // case alike: from the top, or from behind the current row. Selects the first that matches.
+  bool Find(const std::string& text, bool behindCurrent, std::optional<unsigned> column = {});
 
   // Sorts by a column's text; by the same one again: the other way round.
   void SortBy(unsigned column);
@@ -65,7 +69,8 @@ class ListView final : public wxPanel {
   [[nodiscard]] const Table::Row& Row(std::size_t row) const;
   void AddColumns();
   void Arrange();
-  [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText) const;
+  [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,
+                              std::optional<unsigned> column = {}) const;
   void ShowSortMark();
 
   Table table_;

@@ -100,6 +100,8 @@ class Main final : public wxFrame {
   // Shows the context menu of the visible panel, and runs what is chosen.
   void PopUpCommands();
 
+  // Says something that needs no answer.
+  void Tell(const wxString& text);
   // Says that something was done: a text (or message n), an empty line, the path.
   void Tell(const wxString& text, const std::filesystem::path& path);
   void Tell(int n, const std::filesystem::path& path);

@@ -92,8 +92,10 @@ bool Main::fOpenErr(const std::function<void()>& access) try {
   return true;
 }
 
+void Main::Tell(const wxString& text) { dialogs_->Message(text, Dialogs::Icon::Information); }
+
 void Main::Tell(const wxString& text, const std::filesystem::path& path) {
-  dialogs_->Message(text + "\n\n" + WxPath(path), Dialogs::Icon::Information);
+  Tell(text + "\n\n" + WxPath(path));
 }
 
 void Main::Tell(int n, const std::filesystem::path& path) { Tell(Msg(n), path); }

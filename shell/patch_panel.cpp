@@ -1,23 +1,116 @@
 #include "shell/patch_panel.h"
 
-#include <wx/panel.h>
-
+#include "patch/patch_document.h"
 #include "shell/main.h"
+#include "shell/patch_editor.h"
+#include "shell/strings.h"
 
 namespace tarvelo {
 
-PatchPanel::PatchPanel(Main& main) : main_(main), window_(new wxPanel(&main)), commands_({}) {}
+PatchPanel::PatchPanel(Main& main) : main_(main), Patch_(new PatchEditor(&main)), commands_(MakeCommands()) {
+  Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
+  Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { main_.PopUpCommands(); });
+  // Where keys reach the control before the menu bar, it would exchange two lines.
+  Patch_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'T')
+      main_.Run(SaveText);
+    else
+      event.Skip();
+  });
+  main.AcceptDrops(*Patch_);
+}
 
 int PatchPanel::MenuEntry() const { return PatchMenu; }
 
-wxWindow& PatchPanel::Window() { return *window_; }
+wxWindow& PatchPanel::Window() { return *Patch_; }
 
-void PatchPanel::Build() {}
-void PatchPanel::Save() {}
-void PatchPanel::Clear() {}
-void PatchPanel::Recaption(const Messages&) {}
+void PatchPanel::Clear() { Patch_->Forget(); }
 
-void PatchPanel::AddPatch(const std::string&, const std::string&, bool) {}
-void PatchPanel::SavePatch() {}
+// Every change counts as unsaved, by whom it may be; an empty text has nothing to lose.
+void PatchPanel::Patch_Change() {
+  main_.Status().SetPanel(StatusBar::patchPanel, Patch_->IsEmpty() ? "" : "P");
+}
+
+void PatchPanel::AddPatch(const std::string& name, const std::string& body, bool announce) {
+  Patch_->Append(PatchBlock(name, body));
+  if (announce) main_.Announce(Wx(main_.Texts().MsgS(77, name)), Wx(";" + name + "\n\n" + body));
+}
+
+void PatchPanel::SavePatch() {
+  const std::filesystem::path file = main_.Open().Beside(".qpt");
+  ReplaceFile(file, PatchFile(Utf8(main_.Status().Panel(2)), Patch_->Document()));
+  main_.Tell(31, file);
+  main_.Status().SetPanel(StatusBar::patchPanel, wxString());
+}
+
+// --- commands ---
+
+PanelCommands PatchPanel::MakeCommands() {
+  const auto any = [this] { return !Patch_->IsEmpty(); };
+  const auto selected = [this] { return !Patch_->GetSelectionEmpty(); };
+  return PanelCommands({{.id = UndoPatch,
+                         .message = 236,
+                         .shortcut = "Ctrl+Z",
+                         .run = [this] { Patch_->Undo(); },
+                         .enabled = [this] { return Patch_->CanUndo(); }},
+                        {.id = RedoPatch,
+                         .message = 237,
+                         .shortcut = "Ctrl+Y",
+                         .run = [this] { Patch_->Redo(); },
+                         .enabled = [this] { return Patch_->CanRedo(); }},
+                        {},
+                        {.id = CutPatch,
+                         .message = 238,
+                         .shortcut = "Ctrl+X",
+                         .run = [this] { Patch_->Cut(); },
+                         .enabled = selected},
+                        {.id = CopyPatch,
+                         .message = 239,
+                         .shortcut = "Ctrl+C",
+                         .run = [this] { Patch_->Copy(); },
+                         .enabled = selected},
+                        {.id = PastePatch,
+                         .message = 240,
+                         .shortcut = "Ctrl+V",
+                         .run = [this] { Patch_->Paste(); },
+                         .enabled = [this] { return Patch_->CanPaste(); }},
+                        {.id = SelectPatch,
+                         .message = 235,
+                         .shortcut = "Ctrl+A",
+                         .run = [this] { Patch_->SelectAll(); },
+                         .enabled = any},
+                        {},
+                        {.id = FindPatch,
+                         .message = 241,
+                         .shortcut = "Ctrl+F",
+                         .run = [this] { FindPatch_Click(); },
+                         .enabled = any},
+                        {.id = FindMorePatch,
+                         .message = 118,
+                         .shortcut = "Ctrl+G",
+                         .run = [this] { FindMorePatch_Click(); },
+                         .enabled = any},
+                        {},
+                        {.id = SavePatchFile, .message = 4, .run = [this] { SavePatch(); }}},
+                       SavePatchFile);
+}
+
+void PatchPanel::FindPatch_Click() {
+  const auto text = main_.Ask(34, searched_);
+  if (!text) return;
+  searched_ = *text;
+  FindNext();
+}
+
+void PatchPanel::FindMorePatch_Click() {
+  if (searched_.empty())
+    FindPatch_Click();
+  else
+    FindNext();
+}
+
+void PatchPanel::FindNext() {
+  if (!Patch_->SelectNext(searched_)) main_.Complain(Wx(main_.Texts().MsgS(35, searched_)));
+}
 
 }  // namespace tarvelo

@@ -5,11 +5,11 @@
 
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
-#include "text/bytes.h"
 
 namespace tarvelo {
 
 class Main;
+class PatchEditor;
 
 class PatchPanel final : public Panel {
  public:
@@ -20,10 +20,10 @@ class PatchPanel final : public Panel {
   [[nodiscard]] int SaveTextCaption() const override { return 4; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
-  void Build() override;
-  void Save() override;
+  void Build() override {}
+  void Save() override { SavePatch(); }
   void Clear() override;
-  void Recaption(const Messages& messages) override;
+  void Recaption(const Messages&) override {}
 
   // Appends a named patch; `body` may have several lines, parted by line feeds. Announces it if asked to.
   void AddPatch(const std::string& name, const std::string& body, bool announce);
@@ -31,10 +31,21 @@ class PatchPanel final : public Panel {
   // Writes the patch file and tells the user. Throws FileError; the text still counts as unsaved then.
   void SavePatch();
 
+  // The commands of the search.
+  void FindPatch_Click();
+  void FindMorePatch_Click();
+
+  [[nodiscard]] PatchEditor& Patch() { return *Patch_; }
+
  private:
+  void Patch_Change();
+  void FindNext();
+  [[nodiscard]] PanelCommands MakeCommands();
+
   Main& main_;
-  wxWindow* window_;
+  PatchEditor* Patch_;
   PanelCommands commands_;
+  std::string searched_;
 };
 
 }  // namespace tarvelo

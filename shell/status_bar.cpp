@@ -61,6 +61,7 @@ void StatusBar::Recaption(const Messages& messages) {
   hovered_ = 0;
   labels_[0] = Wx(messages.Msg(217));
   labels_[1] = Wx(messages.Msg(216));
+  labels_[4 - 1] = Wx(messages.Msg(272));
   labels_[6 - 1] = Wx(messages.Msg(226));
   labels_[patchPanel - 1] = Wx(messages.Msg(172));
   labels_[imagePanel - 1] = Wx(messages.Msg(174));

@@ -68,6 +68,23 @@ TEST(File, IsReadAndWrittenWholeUnderAnyName) {
   }
 }
 
+TEST(ReplaceFile, KeepsTheOldFileWhereItFails) {
+  const TemporaryFolder folder;
+  const auto file = folder / u8"имя.qpt";
+  ReplaceFile(file, "old\r\n");
+  EXPECT_EQ(ReadAll(file), "old\r\n");
+  ReplaceFile(file, "new");
+  EXPECT_EQ(ReadAll(file), "new");
+  EXPECT_FALSE(FileExist(folder / u8"имя.qpt.tmp"));
+  MakeFolder(folder / u8"имя.qpt.tmp");  // in the way of what is written beside
+  EXPECT_EQ(KindOf([&] { ReplaceFile(file, "never"); }), FileError::Kind::CantOpen);
+  EXPECT_EQ(ReadAll(file), "new");
+  MakeFolder(folder / "folder");
+  EXPECT_EQ(KindOf([&] { ReplaceFile(folder / "folder", "never"); }), FileError::Kind::CantOpen);
+  EXPECT_FALSE(FileExist(folder / "folder.tmp"));
+  EXPECT_EQ(KindOf([&] { ReplaceFile(folder / "no folder" / "x", "x"); }), FileError::Kind::CantOpen);
+}
+
 TEST(File, EmptyAndOneByteFilesAreNoDocument) {
   const TemporaryFolder folder;
   EXPECT_FALSE(Fullflash::Load(folder.Write("0", std::string()), progress).IsOpen());

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <random>
 
+#include "patch/hit_search.h"
 #include "patch/plain_search.h"
+#include "temporary_folder.h"
 
 namespace tarvelo {
 namespace {
@@ -63,17 +65,85 @@ TEST(LineOfHit, ShowsTheBytesFound) {
   EXPECT_EQ(NotFound("e6,g1", Messages()), "String \"E6,G1\" wasn't found");
 }
 
+struct RandomPattern {
+  explicit RandomPattern(std::minstd_rand& random, std::size_t longest) : bytes(1 + random() % longest) {
+    for (int& b : bytes) {
+      b = random() % 4 == 0 ? -1 : random() % 2 ? 0xFF : static_cast<int>(random() % 3);
+      text += b < 0 ? "??" : b == 0xFF ? "fF" : "0" + std::to_string(b);
+    }
+  }
+  std::vector<int> bytes;  // -1 for a wildcard
+  std::string text;
+};
+
+// Images in which patterns come close: much of few bytes, and at times a copy of the pattern itself.
+Data RandomImage(std::minstd_rand& random, std::size_t longest, const std::vector<int>& pattern) {
+  Data image(2 + random() % longest);
+  const auto usual = 2 + random() % 6;
+  for (std::uint8_t& b : image) b = random() % usual ? 0xFF : static_cast<std::uint8_t>(random() % 3);
+  for (auto copies = random() % 3; copies > 0 && pattern.size() < image.size(); --copies) {
+    const std::size_t at = random() % (image.size() - pattern.size() + 1);
+    for (std::size_t k = 0; k < pattern.size(); ++k)
+      if (pattern[k] >= 0) image[at + k] = static_cast<std::uint8_t>(pattern[k]);
+  }
+  return image;
+}
+
 TEST(FindPat, AgreesWithItsDefinition) {
   std::minstd_rand random(11);
-  for (int round = 0; round < 20000; ++round) {
-    Data image(2 + random() % 60);
-    for (std::uint8_t& b : image) b = random() % 2 ? 0xFF : static_cast<std::uint8_t>(random() % 3);
-    std::string text;
-    for (auto count = 1 + random() % 5; count > 0; --count)
-      text += random() % 4 == 0 ? "??" : random() % 2 ? "fF" : "0" + std::to_string(random() % 3);
-    const auto start = static_cast<Offset>(random() % 4 == 0 ? random() % image.size() : 0);
-    ASSERT_EQ(Find(image, text, start), PlainFindPat(image, PlainPattern(text), start))
-        << text << " from " << start;
+  for (const VectorUnit unit : {VectorUnit::None, VectorUnit::Sse2, VectorUnit::Avx2}) {
+    LimitVectorUnit(unit);
+    for (int round = 0; round < 10000; ++round) {
+      const bool small = random() % 2 == 0;
+      const RandomPattern pattern(random, small ? 5 : 40);
+      const Data image = RandomImage(random, small ? 60 : 600, pattern.bytes);
+      const auto start = static_cast<Offset>(random() % 2 == 0 ? random() % image.size() : 0);
+      ASSERT_EQ(Find(image, pattern.text, start), PlainFindPat(image, pattern.bytes, start)) << pattern.text;
+      ASSERT_EQ(All(image, pattern.text), PlainFindAll(image, pattern.bytes)) << pattern.text;
+    }
+  }
+}
+
+TEST(HitSearch, FindsTheSameInPiecesOfAnySize) {
+  std::minstd_rand random(12);
+  for (int round = 0; round < 5000; ++round) {
+    const RandomPattern text(random, 12);
+    const Data image = RandomImage(random, 400, text.bytes);
+    const Pattern pattern(text.text);
+    HitSearch search(pattern, static_cast<Offset>(image.size()));
+    std::vector<Offset> hits;
+    for (std::size_t end = 0; !search.IsOver();) {
+      const auto at = static_cast<std::size_t>(search.Next());
+      end = std::min(image.size(), std::max(end, at) + 1 + random() % 300);
+      search.Take(Bytes(image).subspan(at, end - at), search.Next(), hits);
+    }
+    ASSERT_EQ(hits, PlainFindAll(image, text.bytes)) << text.text;
+  }
+}
+
+TEST(FindInFile, FindsWhatTheImageHolds) {
+  const TemporaryFolder folder;
+  std::minstd_rand random(13);
+  Data image(0x150000);
+  for (std::uint8_t& b : image) b = static_cast<std::uint8_t>(random() % 64);
+  for (const std::size_t at : {0x3FFFA, 0x3FFFC, 0x40000, 0x7FFF9, 0x14FFFB})  // about where pieces part
+    std::ranges::copy(Data{0xE6, 0xFC, 0x41, 0x00, 0xE6}, image.begin() + static_cast<std::ptrdiff_t>(at));
+  image[0x50000] = 0x77;
+  const auto path = folder.Write("dump.bin", image);
+  for (const std::string& text : {std::string("E6FC4100E6"), std::string("E6??41"), std::string("01??02"),
+                                  std::string("77"), std::string(700, '0'), std::string("e6,g1")}) {
+    const Pattern pattern(text);
+    FileReader file(path, Fullflash::sizeLimit);
+    NoProgress progress;
+    std::vector<Offset> found;
+    FindInFile(file, pattern, progress, [&](std::span<const Offset> hits, Bytes piece, Offset at) {
+      for (const Offset hit : hits) {
+        found.push_back(hit);
+        ASSERT_EQ(ByteAt(piece, hit - at), image[static_cast<std::size_t>(hit)]);
+        ASSERT_LE(hit - at + pattern.PatCount(), static_cast<Offset>(piece.size()));
+      }
+    });
+    EXPECT_EQ(found, All(image, text)) << text;
   }
 }
 

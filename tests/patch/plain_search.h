@@ -48,4 +48,12 @@ inline Offset PlainFindPat(Bytes image, const std::optional<PlainBytes>& pattern
   return -1;
 }
 
+// All occurrences, from hit to hit: none after one at 0.
+inline std::vector<Offset> PlainFindAll(Bytes image, const std::optional<PlainBytes>& pattern) {
+  std::vector<Offset> hits;
+  for (Offset hit = PlainFindPat(image, pattern, 0); hit >= 1; hit = PlainFindPat(image, pattern, hit + 1))
+    hits.push_back(hit);
+  return hits;
+}
+
 }  // namespace tarvelo

@@ -1,0 +1,38 @@
+#include "bench/ratio.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <vector>
+
+namespace tarvelo {
+namespace {
+
+double Seconds(const std::function<void()>& run) {
+  const auto start = std::chrono::steady_clock::now();
+  run();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+}  // namespace
+
+double SpeedRatio(const std::function<void()>& pass, const std::function<void()>& work) {
+  constexpr int rounds = 31;
+  std::vector<double> ratios;
+  work();  // warm
+  for (int i = 0; i < rounds; ++i) {
+    const double plain = Seconds(pass);
+    ratios.push_back(plain / Seconds(work));
+  }
+  std::ranges::nth_element(ratios, ratios.begin() + rounds / 2);
+  return ratios[rounds / 2];
+}
+
+double MemoryRatio(Bytes image, const std::function<void()>& work) {
+  const auto pass = [&] { benchmark::DoNotOptimize(std::memchr(image.data(), absentByte, image.size())); };
+  return SpeedRatio(pass, work);
+}
+
+}  // namespace tarvelo

@@ -1,1 +1,0 @@
-// The control of the hex view.

@@ -1,0 +1,105 @@
+// The help pages: they are there for every language, their links lead somewhere, and the captions that
+// they name (<b>...</b>) are those of the program.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+
+#include "resources/messages.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+namespace {
+
+using Pages = std::map<std::string, std::string>;  // text by file name
+
+std::string ReadPage(const std::string& name) {
+  std::ifstream stream(std::filesystem::path(TARVELO_HELP) / name, std::ios::binary);
+  EXPECT_TRUE(stream) << name;
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+// The pages of all languages.
+Pages AllPages() {
+  Pages pages;
+  for (const Language& language : Languages()) {
+    const std::string name(Messages(language).Msg(103));
+    if (!pages.contains(name)) pages.emplace(name, ReadPage(name));
+  }
+  return pages;
+}
+
+// What stands between each `begin` and the next `end`, in their order.
+std::vector<std::string> Between(const std::string& text, std::string_view begin, std::string_view end) {
+  std::vector<std::string> parts;
+  for (auto at = text.find(begin); at != text.npos; at = text.find(begin, at)) {
+    at += begin.size();
+    const auto stop = text.find(end, at);
+    EXPECT_NE(stop, text.npos) << begin;
+    parts.push_back(text.substr(at, stop - at));
+  }
+  return parts;
+}
+
+// A caption as a page writes it: without a label's end.
+std::string Caption(std::string_view message) {
+  std::string text(message);
+  while (text.ends_with(' ') || text.ends_with(':')) text.pop_back();
+  return text;
+}
+
+TEST(HelpPages, ExistForEveryLanguageAndStandAlone) {
+  const Pages pages = AllPages();
+  EXPECT_EQ(pages.size(), 2u);
+  for (const auto& [name, text] : pages) {
+    EXPECT_TRUE(text.starts_with("<!DOCTYPE html>") && text.ends_with("</html>\n")) << name;
+    EXPECT_EQ(ToUtf8(ToUtf16(text)), text) << name << " is not UTF-8";
+    for (const char* outside : {"<script", "http:", "https:", "src=", "url("})
+      EXPECT_EQ(text.find(outside), text.npos) << name << ' ' << outside;
+  }
+}
+
+TEST(HelpPages, EveryLinkHasItsTarget) {
+  const Pages pages = AllPages();
+  for (const auto& [name, text] : pages) {
+    const std::vector<std::string> ids = Between(text, " id=\"", "\"");
+    const std::set<std::string> places(ids.begin(), ids.end());
+    EXPECT_EQ(places.size(), ids.size()) << name << ": two places of one name";
+    const std::vector<std::string> links = Between(text, " href=\"", "\"");
+    EXPECT_GT(links.size(), 16u) << name;
+    for (const std::string& link : links) {
+      const bool leads = link.starts_with('#') ? places.contains(link.substr(1)) : pages.contains(link);
+      EXPECT_TRUE(leads) << name << ' ' << link;
+    }
+  }
+}
+
+TEST(HelpPages, SayTheSameInBothLanguages) {
+  const std::string english = ReadPage("Tarvelo_en.htm");
+  const std::string russian = ReadPage("Tarvelo_ru.htm");
+  EXPECT_EQ(Between(english, " id=\"", "\""), Between(russian, " id=\"", "\""));
+  EXPECT_EQ(Between(english, "<kbd>", "</kbd>"), Between(russian, "<kbd>", "</kbd>"));
+  for (const char* part : {"<tr>", "<td>", "<li>", "<h3", "<pre>"})
+    EXPECT_EQ(Between(english, part, ">").size(), Between(russian, part, ">").size()) << part;
+}
+
+TEST(HelpPages, NameCaptionsAsTheProgramHasThem) {
+  for (const char* code : {"EN", "RU"}) {
+    const Messages messages(*FindLanguage(code));
+    std::set<std::string> captions;
+    for (int n = 0; n < 1000; ++n) captions.insert(Caption(messages.Msg(n)));
+    const std::vector<std::string> named = Between(ReadPage(std::string(messages.Msg(103))), "<b>", "</b>");
+    EXPECT_GT(named.size(), 100u) << code;
+    for (std::string caption : named) {
+      std::ranges::replace(caption, '\n', ' ');
+      EXPECT_TRUE(captions.contains(caption)) << code << ' ' << caption;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tarvelo
