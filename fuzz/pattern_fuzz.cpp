@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Offset start = input.Word();
   const std::string text = input.Text();
   const std::vector<std::uint8_t> bytes = Repeated(input.Rest(), 1 + choice % 16);
-  LimitVectorUnit(static_cast<VectorUnit>(choice / 16 % 3));
+  LimitVectorUnit(static_cast<VectorUnit>(2 - choice / 16 % 3));
 
   const Fullflash image{Bytes(bytes)};
   const Pattern pattern(text);
