@@ -1,5 +1,6 @@
 #include "shell/melody_player.h"
 
+#include <wx/dataview.h>
 #include <wx/eventfilter.h>
 #include <wx/evtloop.h>
 #include <wx/menu.h>
@@ -23,8 +24,9 @@ std::int64_t MillisecondsSince(Clock::time_point begin) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin).count();
 }
 
-// While it lives the main window takes no input. What stops the melody calls `stop`; what is to be done
-// after it is done when the object has gone and the caller's command has returned.
+// While it lives the main window's commands wait. What the user does with keys is passed over, but for
+// Escape; what he does with the mouse calls `stop` too, and is done when the object has gone and the
+// caller's command has returned.
 class InputGuard final : public wxEventFilter {
  public:
   InputGuard(Main& main, std::function<void()> stop) : main_(main), stop_(std::move(stop)) {
@@ -32,23 +34,34 @@ class InputGuard final : public wxEventFilter {
   }
   ~InputGuard() override {
     wxEvtHandler::RemoveFilter(this);
-    for (std::unique_ptr<wxEvent>& event : after_) wxQueueEvent(&main_, event.release());
+    for (Delayed& delayed : after_) wxQueueEvent(delayed.target, delayed.event.release());
     if (isClosed_) main_.CallAfter([&main = main_] { main.Close(); });
   }
 
   int FilterEvent(wxEvent& event) override {
     const wxEventType type = event.GetEventType();
     if (type == wxEVT_MENU) return Command(event);
-    if (type == wxEVT_CLOSE_WINDOW && event.GetEventObject() == &main_) return Close(event);
-    // A dropped file, for one: what the main window has put off until there is nothing else to do.
-    if (type == wxEVT_ASYNC_METHOD_CALL && event.GetEventObject() == &main_) return DoAfter(event);
-    if (!IsInput(event) || !IsOfMain(event)) return Event_Skip;
-    const auto* key = dynamic_cast<wxKeyEvent*>(&event);
-    if (key && key->GetKeyCode() == WXK_ESCAPE) stop_();
-    return Event_Processed;
+    auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
+    // Message boxes stay usable, whoever shows them.
+    if (!window || wxGetTopLevelParent(window) != &main_) return Event_Skip;
+    if (type == wxEVT_CLOSE_WINDOW) return Close(event);
+    if (const auto* key = dynamic_cast<wxKeyEvent*>(&event)) return Key(*key);
+    if (type == wxEVT_RIGHT_DOWN || type == wxEVT_RIGHT_UP || type == wxEVT_CONTEXT_MENU)
+      return Event_Processed;
+    // What the list's own control has done by now, and a dropped file.
+    if (type == wxEVT_DATAVIEW_SELECTION_CHANGED || type == wxEVT_DATAVIEW_ITEM_ACTIVATED ||
+        type == wxEVT_DATAVIEW_ITEM_CONTEXT_MENU || type == wxEVT_DATAVIEW_COLUMN_HEADER_CLICK ||
+        (type == wxEVT_ASYNC_METHOD_CALL && window == &main_))
+      return Delay(*window, event);
+    return Event_Skip;
   }
 
  private:
+  struct Delayed {
+    wxEvtHandler* target;
+    std::unique_ptr<wxEvent> event;
+  };
+
   int Command(wxEvent& event) {
     stop_();
     if (event.GetId() != StopPlaying) main_.CallAfter([&main = main_, id = event.GetId()] { main.Run(id); });
@@ -63,32 +76,21 @@ class InputGuard final : public wxEventFilter {
     return Event_Processed;
   }
 
-  int DoAfter(wxEvent& event) {
-    after_.emplace_back(event.Clone());
+  int Key(const wxKeyEvent& key) {
+    if (key.GetEventType() == wxEVT_KEY_UP) return Event_Skip;
+    if (key.GetKeyCode() == WXK_ESCAPE) stop_();
+    return Event_Processed;
+  }
+
+  int Delay(wxEvtHandler& target, const wxEvent& event) {
+    after_.push_back({&target, std::unique_ptr<wxEvent>(event.Clone())});
     stop_();
     return Event_Processed;
   }
 
-  // Keys and buttons pressed, and what controls make of them. Buttons let go do nothing by themselves,
-  // and controls that saw them pressed need to know.
-  static bool IsInput(const wxEvent& event) {
-    const wxEventType type = event.GetEventType();
-    if (type == wxEVT_LEFT_UP || type == wxEVT_MIDDLE_UP || type == wxEVT_MOTION ||
-        type == wxEVT_ENTER_WINDOW || type == wxEVT_LEAVE_WINDOW || type == wxEVT_KEY_UP ||
-        type == wxEVT_UPDATE_UI)
-      return false;
-    return event.GetEventCategory() == wxEVT_CATEGORY_USER_INPUT;
-  }
-
-  // Message boxes stay usable, whoever shows them; so does the menu bar.
-  bool IsOfMain(const wxEvent& event) const {
-    auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
-    return window && window != main_.GetMenuBar() && wxGetTopLevelParent(window) == &main_;
-  }
-
   Main& main_;
   std::function<void()> stop_;
-  std::vector<std::unique_ptr<wxEvent>> after_;
+  std::vector<Delayed> after_;
   bool isClosed_ = false;
 };
 

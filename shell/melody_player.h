@@ -15,9 +15,9 @@ class MelodyPlayer {
   explicit MelodyPlayer(Main& main) : main_(main) {}
 
   // Plays a melody in text form (melody.h) tone by tone, and returns when it is over or stopped.
-  // Meanwhile the window repaints, but takes no input other than what stops the melody: Escape and the
-  // command StopPlaying; closing the window, any other command of a menu and a file that is dropped are
-  // done after that. Nothing happens where a melody is playing already.
+  // Meanwhile the window repaints, but no other command runs. Escape and the command StopPlaying stop
+  // the melody, other keys do nothing; a row or a command chosen with the mouse, a file that is dropped
+  // and closing the window stop it and are done after it. Nothing happens where a melody plays already.
   void PlayRing(std::string_view text);
 
   void Stop() { isStopped_ = true; }

@@ -73,22 +73,17 @@ void PianoRoll::ShowText(const wxString& text) {
 
 // --- where things are ---
 
-// What is left for the notes: below the headline, above the seconds, beside the keys.
-wxRect PianoRoll::Area() const {
+// Short melodies fill the window, long ones are scrolled.
+void PianoRoll::Arrange() {
   const int line = GetCharHeight() + FromDIP(4);
   const int keys = GetTextExtent("G#-1 ").x + FromDIP(10);
   const wxSize size = GetClientSize();
-  return {keys, line, std::max(1, size.x - keys), std::max(1, size.y - 2 * line)};
-}
-
-// Short melodies fill the window, long ones are scrolled.
-void PianoRoll::Arrange() {
-  const wxRect area = Area();
+  area_ = wxRect(keys, line, std::max(1, size.x - keys), std::max(1, size.y - 2 * line));
   const auto length = static_cast<double>(std::max<std::int64_t>(length_, 1));
-  const double fitting = (area.width - FromDIP(8)) / length;
+  const double fitting = (area_.width - FromDIP(8)) / length;
   scale_ = std::clamp(fitting, FromDIP(slowest) / 1000.0, FromDIP(fastest) / 1000.0);
   scale_ = std::min(scale_, widest / length);
-  const int width = area.x + static_cast<int>(length * scale_);
+  const int width = area_.x + static_cast<int>(length * scale_);
   SetScrollRate(scrollStep, 0);
   SetVirtualSize(width, 1);
   Refresh();
@@ -96,11 +91,11 @@ void PianoRoll::Arrange() {
 
 int PianoRoll::XOf(std::int64_t time) const {
   const auto x = static_cast<std::int64_t>(std::lround(static_cast<double>(time) * scale_));
-  return static_cast<int>(x) + Area().x - CalcUnscrolledPosition(wxPoint(0, 0)).x;
+  return static_cast<int>(x) + area_.x - CalcUnscrolledPosition(wxPoint(0, 0)).x;
 }
 
 std::int64_t PianoRoll::TimeAt(int x) const {
-  const int place = x - Area().x + CalcUnscrolledPosition(wxPoint(0, 0)).x;
+  const int place = x - area_.x + CalcUnscrolledPosition(wxPoint(0, 0)).x;
   return static_cast<std::int64_t>(place / scale_);
 }
 
@@ -110,11 +105,10 @@ int PianoRoll::Row(int frequency) const {
 }
 
 wxRect PianoRoll::RowRect(int row) const {
-  const wxRect area = Area();
-  const double height = static_cast<double>(area.height) / (highest_ - lowest_ + 1);
-  const int top = area.y + static_cast<int>(std::lround((highest_ - row) * height));
-  const int bottom = area.y + static_cast<int>(std::lround((highest_ - row + 1) * height));
-  return {area.x, top, area.width, std::max(1, bottom - top)};
+  const double height = static_cast<double>(area_.height) / (highest_ - lowest_ + 1);
+  const int top = area_.y + static_cast<int>(std::lround((highest_ - row) * height));
+  const int bottom = area_.y + static_cast<int>(std::lround((highest_ - row + 1) * height));
+  return {area_.x, top, area_.width, std::max(1, bottom - top)};
 }
 
 std::optional<std::size_t> PianoRoll::NoteAtTime(std::int64_t time) const {
@@ -124,7 +118,7 @@ std::optional<std::size_t> PianoRoll::NoteAtTime(std::int64_t time) const {
 }
 
 std::optional<std::size_t> PianoRoll::NoteAt(const wxPoint& point) const {
-  if (!Area().Contains(point)) return {};
+  if (!area_.Contains(point)) return {};
   return NoteAtTime(TimeAt(point.x));
 }
 
@@ -146,14 +140,14 @@ void PianoRoll::SetTime(std::optional<std::int64_t> time) {
   const auto sounding = time ? NoteAtTime(*time) : std::nullopt;
   if (sounding != sounding_) Refresh();
   sounding_ = sounding;
-  if (time && XOf(*time) > Area().GetRight() - Area().width / 8) ScrollTo(*time);
-  if (time && XOf(*time) < Area().x) ScrollTo(*time);
+  if (time && XOf(*time) > area_.GetRight() - area_.width / 8) ScrollTo(*time);
+  if (time && XOf(*time) < area_.x) ScrollTo(*time);
   RefreshLine();
 }
 
 // Puts a time at the left of the window, with a little of what is before it.
 void PianoRoll::ScrollTo(std::int64_t time) {
-  const int x = XOf(time) - Area().x - Area().width / 8 + CalcUnscrolledPosition(wxPoint(0, 0)).x;
+  const int x = XOf(time) - area_.x - area_.width / 8 + CalcUnscrolledPosition(wxPoint(0, 0)).x;
   Scroll(std::max(0, x) / scrollStep, -1);
   Refresh();
 }
@@ -163,14 +157,13 @@ void PianoRoll::RefreshLine() {
   if (!time_) return;
   const wxSize size = GetClientSize();
   RefreshRect(wxRect(XOf(*time_) - FromDIP(3), 0, FromDIP(7), size.y));
-  RefreshRect(wxRect(0, 0, size.x, Area().y));
+  RefreshRect(wxRect(0, 0, size.x, area_.y));
 }
 
 void PianoRoll::Choose(std::size_t note) {
   if (note >= notes_.size()) return;
   chosen_ = note;
-  const wxRect area = Area();
-  if (XOf(notes_[note].begin) < area.x || XOf(notes_[note].end) > area.GetRight())
+  if (XOf(notes_[note].begin) < area_.x || XOf(notes_[note].end) > area_.GetRight())
     ScrollTo(notes_[note].begin);
   Refresh();
 }

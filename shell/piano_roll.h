@@ -55,7 +55,6 @@ class PianoRoll final : public wxScrolledCanvas {
 
   void Arrange();
   void ScrollTo(std::int64_t time);
-  [[nodiscard]] wxRect Area() const;
   [[nodiscard]] int XOf(std::int64_t time) const;
   [[nodiscard]] std::int64_t TimeAt(int x) const;
   [[nodiscard]] int Row(int frequency) const;
@@ -71,11 +70,13 @@ class PianoRoll final : public wxScrolledCanvas {
   void PaintNotes(wxDC& dc, const Paints& paints) const;
   void PaintNote(wxDC& dc, const Paints& paints, std::size_t index, const wxRect& bar) const;
   void PaintKeys(wxDC& dc, const Paints& paints) const;
+  void PaintNames(wxDC& dc, const Paints& paints) const;
   void PressKey(wxKeyEvent& event);
   void PointAt(const wxPoint& point);
 
   std::vector<Note> notes_;
   std::int64_t length_ = 0;
+  wxRect area_;     // of the notes: below the headline, above the seconds, beside the keys
   int lowest_ = 0;  // keys, the rows at the edges
   int highest_ = 0;
   double scale_ = 1;  // pixels a millisecond

@@ -27,7 +27,9 @@ bool IsBlack(int key) {
 struct PianoRoll::Paints {
   wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
   wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
-  wxColour note = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
+  // Dark themes have a highlight that is dark itself.
+  wxColour note = Blend(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), ink,
+                        ground.GetLuminance() < ink.GetLuminance() ? 0.3 : 0);
   wxColour blackRow = Blend(ground, ink, 0.06);
   wxColour octave = Blend(ground, ink, 0.25);
   wxColour second = Blend(ground, ink, 0.12);
@@ -46,10 +48,9 @@ void PianoRoll::Paint() {
   PaintRows(dc, paints);
   PaintSeconds(dc, paints);
   PaintNotes(dc, paints);
-  const wxRect area = Area();
   if (time_) {
     dc.SetPen(wxPen(paints.line, FromDIP(2)));
-    dc.DrawLine(XOf(*time_), area.y, XOf(*time_), area.GetBottom() + 1);
+    dc.DrawLine(XOf(*time_), area_.y, XOf(*time_), area_.GetBottom() + 1);
   }
   PaintKeys(dc, paints);
   dc.SetTextForeground(paints.ink);
@@ -74,11 +75,10 @@ void PianoRoll::PaintRows(wxDC& dc, const Paints& paints) const {
 }
 
 void PianoRoll::PaintSeconds(wxDC& dc, const Paints& paints) const {
-  const wxRect area = Area();
   const int gap = FromDIP(12);
   dc.SetTextForeground(paints.quiet);
-  const std::int64_t first = std::max<std::int64_t>(0, TimeAt(area.x) / 1000);
-  const std::int64_t last = std::min(TimeAt(area.GetRight()), length_) / 1000;
+  const std::int64_t first = std::max<std::int64_t>(0, TimeAt(area_.x) / 1000);
+  const std::int64_t last = std::min(TimeAt(area_.GetRight()), length_) / 1000;
   const double second = 1000 * scale_;
   // A melody of days is drawn so narrow that not every second has a line.
   const auto step = std::max<std::int64_t>(1, static_cast<std::int64_t>(gap / second));
@@ -86,31 +86,29 @@ void PianoRoll::PaintSeconds(wxDC& dc, const Paints& paints) const {
   for (std::int64_t i = first - first % step; i <= last; i += step) {
     const int x = XOf(i * 1000);
     dc.SetPen(paints.second);
-    dc.DrawLine(x, area.y, x, area.GetBottom() + FromDIP(3));
+    dc.DrawLine(x, area_.y, x, area_.GetBottom() + FromDIP(3));
     const wxString label =
         wxString::Format("%lld:%02lld", static_cast<long long>(i / 60), static_cast<long long>(i % 60));
     if (x < labelled) continue;
-    dc.DrawText(label, x + FromDIP(3), area.GetBottom() + FromDIP(3));
+    dc.DrawText(label, x + FromDIP(3), area_.GetBottom() + FromDIP(3));
     labelled = x + dc.GetTextExtent(label).x + gap;
   }
 }
 
-// Only what is seen is drawn, and a column of pixels only once.
+// Only what is seen is drawn, and of the notes that share a column of pixels the first.
 void PianoRoll::PaintNotes(wxDC& dc, const Paints& paints) const {
-  const wxRect area = Area();
-  const std::int64_t begin = TimeAt(area.x);
-  const std::int64_t end = TimeAt(area.GetRight()) + 1;
-  int drawn = area.x - 1;
-  auto note = std::ranges::partition_point(notes_, [&](const Note& n) { return n.end <= begin; });
-  for (; note != notes_.end() && note->begin <= end; ++note) {
-    const int left = std::max(XOf(note->begin), area.x - FromDIP(8));
-    const int right = std::min(XOf(note->end), area.GetRight() + FromDIP(8));
-    if (right <= drawn) continue;
-    drawn = right;
+  const int margin = FromDIP(8);  // beyond the edges, where bars are cut
+  std::int64_t time = TimeAt(area_.x);
+  for (;;) {
+    const auto note = std::ranges::partition_point(notes_, [&](const Note& n) { return n.end <= time; });
+    if (note == notes_.end() || XOf(note->begin) > area_.GetRight()) return;
+    const int left = std::max(XOf(note->begin), area_.x - margin);
+    const int right = std::min(XOf(note->end), area_.GetRight() + margin);
     const wxRect row = RowRect(Row(note->frequency));
     const int gap = right - left > 2 ? 1 : 0;
     PaintNote(dc, paints, static_cast<std::size_t>(note - notes_.begin()),
               wxRect(left, row.y, std::max(1, right - left - gap), row.height));
+    time = std::max(note->end, TimeAt(left + 1));
   }
 }
 
@@ -132,33 +130,47 @@ void PianoRoll::PaintNote(wxDC& dc, const Paints& paints, std::size_t index, con
     dc.DrawRoundedRectangle(rect, std::min({FromDIP(3), rect.width / 2, rect.height / 2}));
 }
 
-// The keys, with their names where there is room: every key's, or the octaves'.
 void PianoRoll::PaintKeys(wxDC& dc, const Paints& paints) const {
-  const wxRect area = Area();
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(paints.ground);
-  dc.DrawRectangle(0, 0, area.x, GetClientSize().y);
-  dc.DrawRectangle(0, 0, GetClientSize().x, area.y);
-  const int text = GetCharHeight();
-  int free = area.GetBottom() + text;  // the upper edge of the last name
+  dc.DrawRectangle(0, 0, area_.x, GetClientSize().y);
+  dc.DrawRectangle(0, 0, GetClientSize().x, area_.y);
   for (int row = lowest_; row <= highest_; ++row) {
-    wxRect rect = RowRect(row);
-    rect.x = 0;
-    rect.width = area.x;
+    const wxRect rect = RowRect(row);
     dc.SetPen(*wxTRANSPARENT_PEN);
     dc.SetBrush(IsBlack(row) ? paints.octave : paints.ground);
-    dc.DrawRectangle(0, rect.y, area.x - (IsBlack(row) ? FromDIP(4) : 0), rect.height);
-    dc.SetPen(paints.second);
-    dc.DrawLine(0, rect.GetBottom(), area.x, rect.GetBottom());
-    const int top = rect.y + (rect.height - text) / 2;
-    if (top + text > free || (rect.height < text - FromDIP(3) && row % 12 != 0)) continue;
-    free = top + FromDIP(3);
-    dc.SetTextForeground(row % 12 == 0 ? paints.ink : paints.quiet);
-    const wxString name = KeyName(row);
-    dc.DrawText(name, area.x - dc.GetTextExtent(name).x - FromDIP(7), top);
+    dc.DrawRectangle(0, rect.y, area_.x - (IsBlack(row) ? FromDIP(4) : 0), rect.height);
+    const bool isBetweenWhites = row % 12 == 0 || row % 12 == 5;
+    if (!isBetweenWhites) continue;
+    dc.SetPen(paints.octave);
+    dc.DrawLine(0, rect.GetBottom(), area_.x, rect.GetBottom());
   }
   dc.SetPen(paints.octave);
-  dc.DrawLine(area.x - 1, area.y, area.x - 1, area.GetBottom() + 1);
+  dc.DrawLine(area_.x - 1, area_.y, area_.x - 1, area_.GetBottom() + 1);
+  PaintNames(dc, paints);
+}
+
+// Where there is room, every key's name, in smaller letters if need be; else the octaves'.
+void PianoRoll::PaintNames(wxDC& dc, const Paints& paints) const {
+  const int rowHeight = area_.height / (highest_ - lowest_ + 1);
+  const bool isEach = rowHeight >= FromDIP(10);
+  wxFont font = GetFont();
+  if (isEach) font.SetPixelSize({0, std::min(rowHeight - FromDIP(1), font.GetPixelSize().y)});
+  dc.SetFont(font);
+  const int text = dc.GetCharHeight();
+  int free = GetClientSize().y;
+  for (int row = lowest_; row <= highest_; ++row) {
+    const bool isC = row % 12 == 0;
+    const wxRect rect = RowRect(row);
+    const int top = std::min(rect.y + (rect.height - text) / 2, area_.GetBottom() + FromDIP(3) - text);
+    if (!isC && !isEach) continue;
+    if (!isEach && top + text > free) continue;
+    free = top;
+    dc.SetTextForeground(isC ? paints.ink : paints.quiet);
+    const wxString name = KeyName(row);
+    dc.DrawText(name, area_.x - dc.GetTextExtent(name).x - FromDIP(7), top);
+  }
+  dc.SetFont(GetFont());
 }
 
 }  // namespace tarvelo

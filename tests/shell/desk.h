@@ -80,7 +80,7 @@ class RecordingBeeper final : public Beeper {
   bool BeepOn(int frequency, int milliseconds, const GoOn& goOn) override {
     script_.beeps.push_back(std::to_string(frequency) + " Hz " + std::to_string(milliseconds) + " ms");
     if (script_.duringBeep) script_.duringBeep();
-    return goOn();
+    return milliseconds == 0 || goOn();
   }
 
  private:
