@@ -55,6 +55,10 @@ void PianoRoll::Paint() {
   PaintKeys(dc, paints);
   dc.SetTextForeground(paints.ink);
   dc.DrawText(Headline(), FromDIP(6), FromDIP(2));
+  if (!HasFocus()) return;
+  dc.SetPen(paints.note);
+  dc.SetBrush(*wxTRANSPARENT_BRUSH);
+  dc.DrawRectangle(GetClientSize());
 }
 
 void PianoRoll::PaintText(wxDC& dc, const Paints& paints) const {

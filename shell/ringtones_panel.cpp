@@ -72,9 +72,13 @@ wxWindow& RingtonesPanel::FirstFocus() { return ListR_->Control(); }
 
 void RingtonesPanel::Build() {
   if (list_.ringtones.empty()) GetRingtones();
-  // The splitter has its size only once it is shown.
-  if (!std::exchange(placed_, true))
-    window_->CallAfter([this] { window_->SetSashPosition(window_->GetSize().y * 11 / 20); });
+  // The windows have their sizes only once they are shown.
+  window_->CallAfter([this] {
+    if (!std::exchange(placed_, true)) window_->SetSashPosition(window_->GetSize().y * 11 / 20);
+    wxDataViewCtrl& control = ListR_->Control();
+    if (const wxDataViewItem current = control.GetCurrentItem(); current.IsOk())
+      control.EnsureVisible(current);
+  });
 }
 
 void RingtonesPanel::GetRingtones() {
