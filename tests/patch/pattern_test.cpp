@@ -126,6 +126,7 @@ TEST(FindPat, AgreesWithItsDefinition) {
       ASSERT_EQ(All(image, pattern.text), PlainAll(image, pattern.bytes)) << pattern.text;
     }
   }
+  LimitVectorUnit(VectorUnit::Avx2);
 }
 
 TEST(HitSearch, FindsTheSameInPiecesOfAnySize) {
