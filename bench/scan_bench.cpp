@@ -10,8 +10,10 @@
 #include "core/identification.h"
 #include "core/summary.h"
 #include "core/vector_scan.h"
+#include "demo/demo_image.h"
 #include "eeprom/block_table.h"
 #include "eeprom/descriptions.h"
+#include "media/picture_data.h"
 #include "media/picture_search.h"
 #include "media/picture_table.h"
 #include "media/ringtone_search.h"
@@ -119,6 +121,25 @@ void Register(const Line& line, std::size_t mebibytes, VectorUnit unit) {
     Measure(state, line, mebibytes, unit);
   })->Iterations(1);
 }
+
+// All pictures of the demonstration, one after the other.
+void DrawPictures(benchmark::State& state) {
+  const Fullflash image{Bytes(DemoImage(true))};
+  NoProgress progress;
+  const PictureList list = GetP(image, progress);
+  double pixels = 0;
+  for (auto _ : state) {
+    PictureDecoder decoder(image.ff());
+    for (const Picture& picture : list.pictures) {
+      benchmark::DoNotOptimize(decoder.ShowP(picture, list.colourSeen));
+      pixels += picture.width * picture.height;
+    }
+  }
+  state.counters["seconds per pixel"] =
+      benchmark::Counter(pixels, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+  state.counters["goal"] = 20e-9;
+}
+BENCHMARK(DrawPictures)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

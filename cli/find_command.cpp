@@ -59,10 +59,13 @@ void PrintHits(const FindArguments& arguments, Context& context) {
   FileReader file = OpenDumpFile(arguments.file);
   const Pattern pattern(arguments.pattern);
   HitPrinter printer(pattern, arguments.json, context);
-  {
+  try {
     ProgressRun run(context.progress, 0, static_cast<Offset>(file.Size()));
     FindInFile(file, pattern, context.progress,
                [&](std::span<const Offset> hits, Bytes piece, Offset at) { printer.Add(hits, piece, at); });
+  } catch (const FileError&) {
+    printer.Write();
+    throw;
   }
   printer.Write();
   if (printer.Any()) return;

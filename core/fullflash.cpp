@@ -30,6 +30,17 @@ Fullflash Fullflash::Load(const std::filesystem::path& path, Progress& progress)
   return bytes.size < 2 ? Fullflash() : Fullflash(std::move(bytes));
 }
 
+Bytes Fullflash::Region(Offset a, Offset size) const {
+  const auto length = static_cast<Offset>(bytes_.size);
+  if (a < 0 || size < 0 || a > length || size > length - a) ThrowPastEnd(a);
+  return ff().subspan(static_cast<std::size_t>(a), static_cast<std::size_t>(size));
+}
+
+void Fullflash::Write(Offset a, Bytes bytes) {
+  (void)Region(a, std::ssize(bytes));
+  std::ranges::copy(bytes, bytes_.data.get() + a);
+}
+
 std::string Fullflash::ByteHex(Offset a) const { return HexOfByte(Byte(a)); }
 
 std::string Fullflash::ByteDec(Offset a) const { return DecOfByte(Byte(a)); }

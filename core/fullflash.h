@@ -68,6 +68,11 @@ class Fullflash {
   // whole. Throws std::out_of_range.
   [[nodiscard]] std::int32_t GetAdr(Offset a) const;
 
+  // The bytes of a region. Throws std::out_of_range where it does not all lie within the image.
+  [[nodiscard]] Bytes Region(Offset a, Offset size) const;
+  // Writes bytes over those at an offset. Throws likewise. Editors do it through ImageEdits.
+  void Write(Offset a, Bytes bytes);
+
   // The byte at an offset in two hexadecimal digits; the last two digits of its decimal value.
   [[nodiscard]] std::string ByteHex(Offset a) const;
   [[nodiscard]] std::string ByteDec(Offset a) const;

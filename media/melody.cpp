@@ -25,6 +25,7 @@ std::vector<Tone> DecodeMelody(Bytes image, Offset data, std::size_t most) {
   std::vector<Tone> tones;
   if (data < 0) return tones;
   const Offset last = static_cast<Offset>(image.size()) - 4;
+  tones.reserve(std::min<std::size_t>(most, 1024));
   for (Offset p = data; p <= last && tones.size() < most; p += 4) {
     const Tone tone{WordAt(image, p), WordAt(image, p + 2)};
     if (EndsMelody(tone.frequency, tone.duration)) break;
@@ -35,16 +36,19 @@ std::vector<Tone> DecodeMelody(Bytes image, Offset data, std::size_t most) {
 
 std::string MelodyText(std::span<const Tone> tones) {
   std::string text;
+  std::array<char, 64 * longestPair> buffer;
+  char* const end = buffer.data() + buffer.size();
+  char* p = buffer.data();
   for (const Tone& tone : tones) {
-    std::array<char, longestPair> pair;
-    char* const end = pair.data() + pair.size();
-    char* p = std::to_chars(pair.data(), end, tone.frequency).ptr;
+    p = std::to_chars(p, end, tone.frequency).ptr;
     *p++ = ':';
     p = std::to_chars(p, end, tone.duration).ptr;
     *p++ = ' ';
-    text.append(pair.data(), p);
+    if (end - p >= static_cast<std::ptrdiff_t>(longestPair)) continue;
+    text.append(buffer.data(), p);
+    p = buffer.data();
   }
-  return text;
+  return text.append(buffer.data(), p);
 }
 
 Tone Heard(std::uint32_t frequency, std::uint32_t duration) {

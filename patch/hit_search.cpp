@@ -9,7 +9,7 @@ void HitSearch::Take(Bytes piece, Offset at, std::vector<Offset>& hits) {
   const Offset pieceEnd = at + static_cast<Offset>(piece.size());
   // One that ends with the image's last byte is seen by the first search alone (FindPat).
   const Offset endOfImage = imageSize_ - pattern_.PatCount();
-  const Offset last = std::min(pieceEnd - pattern_.PatCount(), endOfImage - 1);
+  const Offset last = std::min(pieceEnd - std::max(1, pattern_.PatCount()), endOfImage - 1);
   pattern_.AddMatches(piece, next_ - at, last - at, at, hits);
   anyHit_ = anyHit_ || hits.size() > before;
   if (!anyHit_ && !pattern_.HasWildcard() && pieceEnd == imageSize_ && endOfImage >= next_)

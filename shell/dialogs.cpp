@@ -57,6 +57,7 @@ void WxDialogs::Announce(const wxString& title, const wxString& text) {
   auto* sheet = new wxTextCtrl(&dialog, wxID_ANY, shown, wxDefaultPosition, dialog.FromDIP(wxSize(520, 280)),
                                wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
   sheet->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
+  sheet->SetInsertionPoint(0);
   auto* button = new wxButton(&dialog, wxID_OK, Wx(messages_.Msg(215)));
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(sheet, 1, wxEXPAND | wxALL, dialog.FromDIP(8));

@@ -24,7 +24,7 @@ class HexPanel final : public Panel {
 
   [[nodiscard]] int MenuEntry() const override;
   [[nodiscard]] int Name() const override { return 228; }
-  [[nodiscard]] int SaveTextCaption() const override { return 5; }
+  [[nodiscard]] int SaveTextCaption() const override { return 277; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;

@@ -78,8 +78,13 @@ ListView::ListView(wxWindow* parent)
     if (onContextMenu) CallAfter([this] { onContextMenu(); });
   });
   control_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C')
+    const int key = event.GetKeyCode();
+    const bool isMenuKey =
+        key == WXK_WINDOWS_MENU || key == WXK_MENU || (key == WXK_F10 && event.GetModifiers() == wxMOD_SHIFT);
+    if (event.GetModifiers() == wxMOD_CONTROL && key == 'C')
       CopyRows();
+    else if (isMenuKey && onContextMenu)
+      onContextMenu();
     else
       event.Skip();
   });

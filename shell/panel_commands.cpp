@@ -69,7 +69,11 @@ bool PanelCommands::CanRun(int id) const {
 int PanelCommands::PopUp(wxWindow& window, const Messages& messages) const {
   const std::unique_ptr<wxMenu> menu = MakeMenu(messages);
   if (defaultId_ != 0) platform::ShowAsDefault(*menu, defaultId_);
-  const int id = window.GetPopupMenuSelectionFromUser(*menu);
+  // At the mouse, or in the window's corner where the keyboard asks for it and the mouse is elsewhere.
+  const wxPoint mouse = window.ScreenToClient(wxGetMousePosition());
+  const bool atMouse = window.GetClientRect().Contains(mouse);
+  const int id =
+      window.GetPopupMenuSelectionFromUser(*menu, atMouse ? mouse : window.FromDIP(wxPoint(24, 24)));
   return id == wxID_NONE ? 0 : id;
 }
 

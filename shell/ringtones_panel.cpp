@@ -1,20 +1,266 @@
 #include "shell/ringtones_panel.h"
 
-#include <wx/panel.h>
+#include <wx/splitter.h>
 
+#include <utility>
+#include <vector>
+
+#include "core/file.h"
+#include "core/notation.h"
+#include "media/melody.h"
+#include "media/ringtone_search.h"
+#include "media/ringtone_table.h"
+#include "shell/info_panel.h"
+#include "shell/list_view.h"
 #include "shell/main.h"
+#include "shell/piano_roll.h"
+#include "shell/strings.h"
 
 namespace tarvelo {
+namespace {
 
-RingtonesPanel::RingtonesPanel(Main& main) : main_(main), window_(new wxPanel(&main)), commands_({}) {}
+constexpr int countPanel = 7;      // of the status bar
+constexpr Offset entryLength = 8;  // of the ringtone index table
+
+}  // namespace
+
+RingtonesPanel::RingtonesPanel(Main& main)
+    : main_(main),
+      commands_(MakeCommands()),
+      player_(main),
+      window_(new wxSplitterWindow(&main, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
+      ListR_(new ListView(window_)),
+      roll_(new PianoRoll(window_)) {
+  Layout();
+  Bind();
+}
+
+void RingtonesPanel::Layout() {
+  window_->SetMinimumPaneSize(window_->FromDIP(70));
+  window_->SetSashGravity(0.5);
+  window_->SplitHorizontally(ListR_, roll_);
+}
+
+void RingtonesPanel::Bind() {
+  // Played when the control has done with the click or key, which it would wait for otherwise.
+  const auto play = [this] { window_->CallAfter([this] { main_.Run(Play); }); };
+  ListR_->onSelect = [this, play](std::size_t row) {
+    ShowRingtone(row);
+    if (autoplay_ && !selects_) play();
+  };
+  ListR_->onActivate = [play](std::size_t) { play(); };
+  ListR_->onContextMenu = [this] { main_.PopUpCommands(); };
+  roll_->onActivate = play;
+  roll_->onContextMenu = [this] { main_.PopUpCommands(); };
+  // GTK's lists know Ctrl+P as "one up" and would keep it.
+  window_->Bind(wxEVT_CHAR_HOOK, [this, play](wxKeyEvent& event) {
+    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'P')
+      play();
+    else
+      event.Skip();
+  });
+  player_.onTime = [this](std::optional<std::int64_t> time) { ShowTime(time); };
+  main_.AcceptDrops(ListR_->Control());
+  main_.AcceptDrops(*roll_);
+}
 
 int RingtonesPanel::MenuEntry() const { return tarvelo::Ringtones; }
 
 wxWindow& RingtonesPanel::Window() { return *window_; }
 
-void RingtonesPanel::Build() {}
-void RingtonesPanel::Save() {}
-void RingtonesPanel::Clear() {}
-void RingtonesPanel::Recaption(const Messages&) {}
+wxWindow& RingtonesPanel::FirstFocus() { return ListR_->Control(); }
+
+void RingtonesPanel::Build() {
+  if (list_.ringtones.empty()) GetRingtones();
+  // The windows have their sizes only once they are shown.
+  window_->CallAfter([this] {
+    if (!std::exchange(placed_, true)) window_->SetSashPosition(window_->GetSize().y * 11 / 20);
+    wxDataViewCtrl& control = ListR_->Control();
+    if (const wxDataViewItem current = control.GetCurrentItem(); current.IsOk())
+      control.EnsureVisible(current);
+  });
+}
+
+void RingtonesPanel::GetRingtones() {
+  list_ = tarvelo::GetRingtones(main_.Open().image, main_.Status());
+  ListR_->SetTable(RingtoneTable(list_, main_.Open().image));
+  main_.InfoText().AppendText(Wx(RingtoneInformation(list_, main_.Texts())));
+  const std::size_t count = list_.ringtones.size();
+  main_.Status().SetPanel(countPanel, count > 0 ? wxString::Format("%zu", count) : wxString());
+  if (count == 0) return;
+  selects_ = true;
+  ListR_->Select(0);
+  selects_ = false;
+}
+
+void RingtonesPanel::Clear() {
+  player_.Stop();
+  list_ = RingtoneList();
+  ListR_->SetTable(RingtoneTable(list_, main_.Open().image));
+  roll_->Clear();
+}
+
+void RingtonesPanel::Save() { main_.SaveList(ListR_->GetTable(), 'R'); }
+
+void RingtonesPanel::Recaption(const Messages& messages) {
+  ListR_->SetFilterHint(Wx(messages.Msg(221)));
+  if (const Ringtone* ringtone = Chosen(); ringtone && ringtone->IsFile()) ShowFile(*ringtone);
+}
+
+const Ringtone* RingtonesPanel::Chosen() const {
+  const auto row = ListR_->Selected();
+  return row ? &list_.ringtones[*row] : nullptr;
+}
+
+// The whole text, which the list may have cut.
+std::string RingtonesPanel::TextOf(const Ringtone& ringtone) const {
+  if (ringtone.IsFile()) return {};
+  return MelodyText(DecodeMelody(main_.Open().image.ff(), ringtone.data));
+}
+
+void RingtonesPanel::ShowRingtone(std::size_t row) {
+  const Ringtone& ringtone = list_.ringtones[row];
+  if (ringtone.IsFile()) return ShowFile(ringtone);
+  roll_->ShowMelody(DecodeMelody(main_.Open().image.ff(), ringtone.data, PianoRoll::mostTones));
+}
+
+void RingtonesPanel::ShowFile(const Ringtone& ringtone) {
+  wxString text = ringtone.form == RingtoneForm::Midi ? "MIDI" : "WAVE";
+  text << "\n" << Wx(main_.Texts().Msg(261)) << ": " << ringtone.size;
+  if (ringtone.time > 0) text << wxString::Format("\n%.1f s", static_cast<double>(ringtone.time) / 1000);
+  roll_->ShowText(text);
+}
+
+void RingtonesPanel::ShowTime(std::optional<std::int64_t> time) {
+  roll_->SetTime(time);
+  if (!window_->IsShown()) player_.Stop();  // another panel has come, by whatever way
+}
+
+void RingtonesPanel::PlayRing(const std::string& text) {
+  ListR_->Refresh();
+  player_.PlayRing(text);
+}
+
+// --- commands ---
+
+PanelCommands RingtonesPanel::MakeCommands() {
+  const auto chosen = [this] { return Chosen() && !player_.IsPlaying(); };
+  const auto any = [this] { return !list_.ringtones.empty() && !player_.IsPlaying(); };
+  const auto melody = [this] { return Chosen() && !Chosen()->IsFile() && !player_.IsPlaying(); };
+  return PanelCommands(
+      {{.id = Play, .message = 137, .shortcut = "Ctrl+P", .run = [this] { Play_Click(); }, .enabled = chosen},
+       {.id = StopPlaying,
+        .message = 248,
+        .run = [this] { player_.Stop(); },
+        .enabled = [this] { return player_.IsPlaying(); },
+        .captionEnd = " (Esc)"},
+       {.id = PlayText,
+        .message = 138,
+        .run = [this] { PlayText_Click(); },
+        .enabled = [this] { return !player_.IsPlaying(); }},
+       {.id = Autoplay,
+        .message = 107,
+        .run = [this] { Autoplay_Click(); },
+        .checked = [this] { return autoplay_; }},
+       {},
+       {.id = SaveRing, .message = 150, .run = [this] { SaveRing_Click(); }, .enabled = chosen},
+       {.id = SaveAllRing, .message = 144, .run = [this] { SaveAllRing_Click(); }, .enabled = any},
+       {.id = SaveMidi,
+        .message = 249,
+        .run = [this] { saveMidi_ = !saveMidi_; },
+        .checked = [this] { return saveMidi_; }},
+       {},
+       {.id = CopyR, .message = 110, .run = [this] { CopyR_Click(); }, .enabled = melody},
+       {.id = OffsetR, .message = 132, .run = [this] { OffsetR_Click(); }, .enabled = chosen},
+       {.id = OpenR, .message = 2, .run = [this] { OpenR_Click(); }, .enabled = chosen},
+       {.id = OpenDescR, .message = 178, .run = [this] { OpenDescR_Click(); }, .enabled = chosen}},
+      Play);
+}
+
+void RingtonesPanel::Play_Click() {
+  const Ringtone* ringtone = Chosen();
+  if (!ringtone) return;
+  if (!ringtone->IsFile()) return PlayRing(TextOf(*ringtone));
+  if (const auto file = SaveOne(*ringtone, RingtoneFormat::Raw)) main_.Programs().OpenWithSystem(*file);
+}
+
+// The picture is that of the typed melody while it plays.
+void RingtonesPanel::PlayText_Click() {
+  const auto text = main_.Ask(43, typed_);
+  if (!text) return;
+  typed_ = *text;
+  roll_->ShowMelody(ParseMelody(typed_));
+  PlayRing(*text);
+  if (const auto row = ListR_->Selected())
+    ShowRingtone(*row);
+  else
+    roll_->Clear();
+}
+
+void RingtonesPanel::Autoplay_Click() { autoplay_ = !autoplay_; }
+
+std::filesystem::path RingtonesPanel::Folder() const { return main_.Open().FileDir / "MIDI"; }
+
+// Nothing where the file cannot be created: it is passed over, and nobody is told.
+std::optional<std::filesystem::path> RingtonesPanel::SaveOne(const Ringtone& ringtone,
+                                                             RingtoneFormat format) try {
+  const std::string stem = PathText(main_.Open().FileStem.filename());
+  return SaveRingtone(main_.Open().image, ringtone, Folder(), stem, format);
+} catch (const FileError&) {
+  return {};
+}
+
+// Writes a ringtone as it stands, and a melody in the common formats too if the user wants that.
+// Returns the path of the first file.
+std::optional<std::filesystem::path> RingtonesPanel::SaveFormats(const Ringtone& ringtone) {
+  if (saveMidi_ && !ringtone.IsFile()) {
+    SaveOne(ringtone, RingtoneFormat::Midi);
+    SaveOne(ringtone, RingtoneFormat::Wave);
+  }
+  return SaveOne(ringtone, RingtoneFormat::Raw);
+}
+
+void RingtonesPanel::SaveRing_Click() {
+  const Ringtone* ringtone = Chosen();
+  if (!ringtone) return;
+  if (const auto file = SaveFormats(*ringtone))
+    main_.Tell(Wx(main_.Texts().MsgS(44, std::to_string(ringtone->number))), *file);
+}
+
+void RingtonesPanel::SaveAllRing_Click() {
+  if (SaveEach()) main_.Tell(45, Folder() / "NNNN.xxx");
+}
+
+// Saves all ringtones. False when the user stopped it, and when none could be written.
+bool RingtonesPanel::SaveEach() {
+  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(225)));
+  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(list_.ringtones.size()));
+  std::int64_t done = 0;
+  bool isAnySaved = false;
+  for (const Ringtone& ringtone : list_.ringtones) {
+    run.At(done++);
+    if (run.StopAsked()) return false;
+    if (SaveFormats(ringtone)) isAnySaved = true;
+  }
+  return isAnySaved;
+}
+
+void RingtonesPanel::CopyR_Click() {
+  if (const Ringtone* ringtone = Chosen()) main_.Copy(TextOf(*ringtone));
+}
+
+void RingtonesPanel::OffsetR_Click() {
+  const Ringtone* ringtone = Chosen();
+  if (!ringtone) return;
+  main_.Copy(PadZero(Hex(static_cast<std::uint32_t>(ringtone->data)), 6));
+}
+
+void RingtonesPanel::OpenR_Click() {
+  if (const Ringtone* ringtone = Chosen()) main_.ShowBl(ringtone->data, ringtone->size);
+}
+
+void RingtonesPanel::OpenDescR_Click() {
+  if (const Ringtone* ringtone = Chosen()) main_.ShowBl(ringtone->entry, entryLength);
+}
 
 }  // namespace tarvelo

@@ -63,6 +63,7 @@ void StatusBar::Recaption(const Messages& messages) {
   labels_[1] = Wx(messages.Msg(216));
   labels_[4 - 1] = Wx(messages.Msg(272));
   labels_[6 - 1] = Wx(messages.Msg(226));
+  labels_[7 - 1] = Wx(messages.Msg(139));
   labels_[patchPanel - 1] = Wx(messages.Msg(172));
   labels_[imagePanel - 1] = Wx(messages.Msg(174));
 }

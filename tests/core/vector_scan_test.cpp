@@ -10,7 +10,7 @@ namespace tarvelo {
 namespace {
 
 // Each test runs with every kind of vector that this machine has.
-class EachUnit : public testing::TestWithParam<VectorUnit> {
+class SieveOnEachUnit : public testing::TestWithParam<VectorUnit> {
  protected:
   void SetUp() override {
     LimitVectorUnit(GetParam());
@@ -19,7 +19,7 @@ class EachUnit : public testing::TestWithParam<VectorUnit> {
   void TearDown() override { LimitVectorUnit(VectorUnit::Avx2); }
 };
 
-INSTANTIATE_TEST_SUITE_P(Sieve, EachUnit,
+INSTANTIATE_TEST_SUITE_P(Units, SieveOnEachUnit,
                          testing::Values(VectorUnit::None, VectorUnit::Sse2, VectorUnit::Avx2));
 
 std::vector<Offset> Found(const Sieve& sieve, Bytes bytes, Offset from, Offset last) {
@@ -46,7 +46,7 @@ std::vector<Offset> Plain(int step, std::span<const Probe> probes, Bytes bytes, 
   return found;
 }
 
-TEST_P(EachUnit, AgreesWithTheDefinition) {
+TEST_P(SieveOnEachUnit, AgreesWithTheDefinition) {
   std::mt19937 random(3);
   std::size_t total = 0;
   for (int round = 0; round < 6000; ++round) {
@@ -74,7 +74,7 @@ TEST_P(EachUnit, AgreesWithTheDefinition) {
   EXPECT_GT(total, 10000u);
 }
 
-TEST_P(EachUnit, FindsOneWhereverItIs) {
+TEST_P(SieveOnEachUnit, FindsOneWhereverItIs) {
   const Probe probes[] = {{0, 7}};
   for (Offset size = 1; size < 520; ++size)
     for (const Offset at : {Offset{0}, size / 2, size - 1}) {
@@ -85,7 +85,7 @@ TEST_P(EachUnit, FindsOneWhereverItIs) {
   EXPECT_TRUE(Found(Sieve(1, probes), {}, 0, -1).empty());
 }
 
-TEST_P(EachUnit, StopsWhenAsked) {
+TEST_P(SieveOnEachUnit, StopsWhenAsked) {
   const std::vector<std::uint8_t> bytes(1000, 7);
   const Probe probes[] = {{0, 7}};
   for (const Offset stop : {0, 63, 64, 127, 128, 900, 999}) {

@@ -7,6 +7,7 @@
 #include <random>
 #include <set>
 
+#include "core/vector_scan.h"
 #include "demo/image_builder.h"
 
 namespace tarvelo {
@@ -222,7 +223,16 @@ std::vector<EepromBlockRecord> PlainScan(const std::vector<std::uint8_t>& image)
   return records;
 }
 
-TEST(GetEE, AgreesWithThePlainDefinition) {
+class GetEEOnEachUnit : public testing::TestWithParam<VectorUnit> {
+ protected:
+  void SetUp() override { LimitVectorUnit(GetParam()); }
+  void TearDown() override { LimitVectorUnit(VectorUnit::Avx2); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Units, GetEEOnEachUnit,
+                         testing::Values(VectorUnit::None, VectorUnit::Sse2, VectorUnit::Avx2));
+
+TEST_P(GetEEOnEachUnit, AgreesWithThePlainDefinition) {
   constexpr Header usual{0x00, 0xF0, 0xFC, 0xFF, 0xF6, 0x7C, 0xBF, 0x13, 0x14, 0x21, 0x01, 0x22};
   std::mt19937 random(4);
   std::size_t found = 0;

@@ -24,6 +24,7 @@ namespace tarvelo {
 struct Script {
   std::deque<std::string> said;
   std::deque<std::string> beeps;
+  std::function<void()> duringBeep;  // while a tone sounds
   std::deque<std::string> started;
   std::map<std::string, std::string> registry;
   bool confirm = false;
@@ -76,8 +77,10 @@ class ScriptedDialogs final : public Dialogs {
 class RecordingBeeper final : public Beeper {
  public:
   explicit RecordingBeeper(Script& script) : script_(script) {}
-  void Beep(int frequency, int milliseconds) override {
+  bool BeepOn(int frequency, int milliseconds, const GoOn& goOn) override {
     script_.beeps.push_back(std::to_string(frequency) + " Hz " + std::to_string(milliseconds) + " ms");
+    if (script_.duringBeep) script_.duringBeep();
+    return milliseconds == 0 || goOn();
   }
 
  private:
