@@ -18,12 +18,3 @@ endfunction()
 tarvelo_header_library(cli11 CLI/CLI.hpp)
 tarvelo_header_library(json nlohmann/json.hpp)
 tarvelo_header_library(stb stb/stb_image_write.h)
-if(NOT WIN32 AND TARVELO_DESKTOP)
-  # On Windows the settings go through the private-profile functions instead.
-  tarvelo_header_library(simpleini SimpleIni.h)
-  target_compile_definitions(tarvelo_simpleini INTERFACE SI_NO_CONVERSION)  # files are UTF-8
-  find_library(simpleini_LIBRARY simpleini)  # Debian compiles the templates once, into a library
-  if(simpleini_LIBRARY)
-    target_link_libraries(tarvelo_simpleini INTERFACE ${simpleini_LIBRARY})
-  endif()
-endif()

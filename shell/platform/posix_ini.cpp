@@ -1,5 +1,3 @@
-#include <SimpleIni.h>
-
 #include <algorithm>
 #include <optional>
 
@@ -26,13 +24,8 @@ std::optional<std::string> Load(const std::filesystem::path& file) try {
   return {};
 }
 
-// Reads nothing out of what cannot be loaded.
-void Parse(const std::filesystem::path& file, CSimpleIniA& ini) {
-  if (const auto text = Load(file)) ini.LoadData(*text);
-}
-
 std::string_view Trim(std::string_view text) {
-  constexpr char blanks[] = " \t\r";
+  constexpr char blanks[] = " \t";
   const auto first = text.find_first_not_of(blanks);
   if (first == text.npos) return {};
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
@@ -46,30 +39,64 @@ struct Span {
   std::size_t begin, end;
 };
 
-// Calls `see` with the start of each line and the line; ends where it returns false.
+struct Line {
+  std::size_t begin, next;  // where it stands, and the one behind it
+  std::string_view text;    // without its end
+};
+
+// Calls `see` with each line; ends where it returns false. A lone carriage return ends one too.
 template <typename See>
 void EachLine(std::string_view text, std::size_t from, See see) {
   while (from < text.size()) {
-    const std::size_t end = std::min(text.find('\n', from), text.size());
-    if (!see(from, text.substr(from, end - from))) return;
-    from = end + 1;
+    const std::size_t end = std::min(text.find_first_of("\r\n", from), text.size());
+    const std::size_t length = text.substr(end).starts_with("\r\n") ? 2 : 1;
+    const Line line{from, std::min(end + length, text.size()), text.substr(from, end - from)};
+    if (!see(line)) return;
+    from = line.next;
   }
 }
 
 std::optional<Span> FindSection(std::string_view text, std::string_view section) {
+  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  const std::size_t start = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
   std::optional<Span> found;
-  EachLine(text, 0, [&](std::size_t at, std::string_view line) {
-    const std::string_view trimmed = Trim(line);
+  EachLine(text, start, [&](const Line& line) {
+    const std::string_view trimmed = Trim(line.text);
     const bool isTitle = trimmed.starts_with('[') && trimmed.find(']') != trimmed.npos;
     if (found && isTitle) return false;
-    const std::size_t next = std::min(at + line.size() + 1, text.size());
     if (isTitle && SameName(trimmed.substr(1, trimmed.find(']') - 1), section))
-      found = Span{next, next};
+      found = Span{line.next, line.next};
     else if (found && !trimmed.empty())
-      found->end = next;
+      found->end = line.next;
     return true;
   });
   return found;
+}
+
+struct Entry {
+  Span line;
+  std::string_view name, value;
+};
+
+// The keys of a section, in their order. Comments have no key.
+std::vector<Entry> EntriesOf(std::string_view text, const Span& lines) {
+  std::vector<Entry> entries;
+  EachLine(text.substr(0, lines.end), lines.begin, [&](const Line& line) {
+    const std::size_t equals = std::min(line.text.find('='), line.text.size());
+    const std::string_view name = Trim(line.text.substr(0, equals));
+    const bool isKey = equals < line.text.size() && !name.starts_with(';') && !name.starts_with('#');
+    const Span place{line.begin, line.begin + line.text.size()};
+    if (isKey) entries.push_back({place, name, Trim(line.text.substr(equals + 1))});
+    return true;
+  });
+  return entries;
+}
+
+// The key of a name among others: of several the first counts, for reading and for writing.
+std::optional<Entry> FindKey(const std::vector<Entry>& entries, std::string_view key) {
+  const auto found =
+      std::ranges::find_if(entries, [&](const Entry& entry) { return SameName(entry.name, key); });
+  return found == entries.end() ? std::nullopt : std::optional(*found);
 }
 
 // Sets one key in the text of a settings file; every other byte stays as it is.
@@ -80,15 +107,8 @@ std::string WithKey(std::string text, std::string_view section, std::string_view
   if (!text.empty() && !text.ends_with('\n')) text += lineEnd;
   const auto lines = FindSection(text, section);
   if (!lines) return text.append("[").append(section).append("]").append(lineEnd + entry + lineEnd);
-  std::optional<Span> old;
-  EachLine(std::string_view(text).substr(0, lines->end), lines->begin,
-           [&](std::size_t at, std::string_view line) {
-             const std::size_t equals = line.find('=');
-             if (equals != line.npos && SameName(line.substr(0, equals), key))
-               old = Span{at, at + line.size() - (line.ends_with('\r') ? 1 : 0)};
-             return !old;
-           });
-  if (old) return text.replace(old->begin, old->end - old->begin, entry);
+  if (const auto old = FindKey(EntriesOf(text, *lines), key))
+    return text.replace(old->line.begin, old->line.end - old->line.begin, entry);
   return text.insert(lines->end, entry + lineEnd);
 }
 
@@ -115,9 +135,10 @@ bool IsWriteProtected(const std::filesystem::path& file) {
 }  // namespace
 
 std::string ReadIni(const std::filesystem::path& file, const std::string& section, const std::string& key) {
-  CSimpleIniA ini(true);
-  Parse(file, ini);
-  return std::string(ini.GetValue(section.c_str(), key.c_str(), "")).substr(0, longestValue);
+  const std::string text = Load(file).value_or("");
+  const auto lines = FindSection(text, section);
+  const auto entry = lines ? FindKey(EntriesOf(text, *lines), key) : std::nullopt;
+  return entry ? std::string(entry->value.substr(0, longestValue)) : std::string();
 }
 
 void WriteIni(const std::filesystem::path& file, const std::string& section, const std::string& key,
@@ -131,14 +152,10 @@ void WriteIni(const std::filesystem::path& file, const std::string& section, con
 
 std::vector<std::pair<std::string, std::string>> ReadIniSection(const std::filesystem::path& file,
                                                                 const std::string& section) {
+  const std::string text = Load(file).value_or("");
   std::vector<std::pair<std::string, std::string>> pairs;
-  CSimpleIniA ini(true);
-  Parse(file, ini);
-  CSimpleIniA::TNamesDepend keys;
-  ini.GetAllKeys(section.c_str(), keys);
-  keys.sort(CSimpleIniA::Entry::LoadOrder());
-  for (const CSimpleIniA::Entry& key : keys)
-    pairs.emplace_back(key.pItem, ini.GetValue(section.c_str(), key.pItem, ""));
+  if (const auto lines = FindSection(text, section))
+    for (const Entry& entry : EntriesOf(text, *lines)) pairs.emplace_back(entry.name, entry.value);
   return pairs;
 }
 

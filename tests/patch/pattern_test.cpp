@@ -6,6 +6,7 @@
 #include <random>
 
 #include "patch/hit_search.h"
+#include "patch/plain_search.h"
 #include "temporary_folder.h"
 
 namespace tarvelo {
@@ -64,31 +65,6 @@ TEST(LineOfHit, ShowsTheBytesFound) {
   EXPECT_EQ(NotFound("e6,g1", Messages()), "String \"E6,G1\" wasn't found");
 }
 
-// The definition, byte by byte.
-Offset Plain(const Data& image, const std::vector<int>& pattern, Offset start) {
-  const bool wildcard = std::ranges::find(pattern, -1) != pattern.end();
-  const auto end = static_cast<Offset>(image.size());
-  const auto count = static_cast<Offset>(pattern.size());
-  const Offset last = end - 1 - count + (start == 0 && !wildcard ? 1 : 0);
-  for (Offset p = start; p <= last; ++p) {
-    bool same = true;
-    for (Offset k = 0; same && k < count; ++k) {
-      const int wanted = pattern[static_cast<std::size_t>(k)];
-      same = wanted < 0 || image[static_cast<std::size_t>(p + k)] == wanted;
-    }
-    if (same) return p;
-  }
-  return -1;
-}
-
-// All occurrences by the definition: from hit to hit, none after one at 0.
-std::vector<Offset> PlainAll(const Data& image, const std::vector<int>& pattern) {
-  std::vector<Offset> hits;
-  for (Offset hit = Plain(image, pattern, 0); hit >= 1; hit = Plain(image, pattern, hit + 1))
-    hits.push_back(hit);
-  return hits;
-}
-
 struct RandomPattern {
   explicit RandomPattern(std::minstd_rand& random, std::size_t longest) : bytes(1 + random() % longest) {
     for (int& b : bytes) {
@@ -122,8 +98,8 @@ TEST(FindPat, AgreesWithItsDefinition) {
       const RandomPattern pattern(random, small ? 5 : 40);
       const Data image = RandomImage(random, small ? 60 : 600, pattern.bytes);
       const auto start = static_cast<Offset>(random() % 2 == 0 ? random() % image.size() : 0);
-      ASSERT_EQ(Find(image, pattern.text, start), Plain(image, pattern.bytes, start)) << pattern.text;
-      ASSERT_EQ(All(image, pattern.text), PlainAll(image, pattern.bytes)) << pattern.text;
+      ASSERT_EQ(Find(image, pattern.text, start), PlainFindPat(image, pattern.bytes, start)) << pattern.text;
+      ASSERT_EQ(All(image, pattern.text), PlainFindAll(image, pattern.bytes)) << pattern.text;
     }
   }
   LimitVectorUnit(VectorUnit::Avx2);
@@ -142,7 +118,7 @@ TEST(HitSearch, FindsTheSameInPiecesOfAnySize) {
       end = std::min(image.size(), std::max(end, at) + 1 + random() % 300);
       search.Take(Bytes(image).subspan(at, end - at), search.Next(), hits);
     }
-    ASSERT_EQ(hits, PlainAll(image, text.bytes)) << text.text;
+    ASSERT_EQ(hits, PlainFindAll(image, text.bytes)) << text.text;
   }
 }
 

@@ -1,0 +1,61 @@
+// Any bytes as a dump with ringtones: found, listed, decoded, turned into files; and as a sound file.
+#include "core/identification.h"
+#include "fuzz/target.h"
+#include "media/melody.h"
+#include "media/ringtone_files.h"
+#include "media/ringtone_length.h"
+#include "media/ringtone_search.h"
+#include "media/ringtone_table.h"
+
+namespace {
+
+using namespace tarvelo;
+using namespace tarvelo::fuzz;
+
+constexpr std::int64_t mostTime = 3000;  // ms of all ringtones together, so that an input stays fast
+
+// Returns the time that it took to play.
+std::int64_t Play(const Fullflash& image, const Ringtone& ringtone, bool heard) {
+  if (ringtone.IsFile()) return 0;
+  const std::vector<Tone> melody = DecodeMelody(image.ff(), ringtone.data);
+  Check(static_cast<Offset>(melody.size()) == ringtone.Notes(), "a melody has as many notes as its entry");
+  std::int64_t time = 0;
+  for (const Tone& tone : melody) time += tone.duration;
+  Check(time == ringtone.time, "a melody is as long as its notes");
+  if (!heard) return time;
+  (void)MelodyMidi(melody);
+  (void)MelodyWave(melody);
+  return time;
+}
+
+void CheckLength(Bytes file) {
+  for (const FileLength& length : {LengthOfMidi(file), LengthOfWave(file)}) {
+    Check(length.size >= 0 && length.size <= static_cast<Offset>(file.size()), "a file ends with the image");
+    Check(length.time >= 0, "time does not run backwards");
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Input content({data, size});
+  (void)content.DWord();  // what an image says of itself
+  CheckLength(content.Rest());
+  Fullflash image = ImageOf({data, size});
+  if (!image.IsOpen()) return 0;
+  (void)Identify(image);
+  NoProgress progress;
+  const RingtoneList list = GetRingtones(image, progress);
+  Check(list.ringtones.size() <= 256, "there is one ringtone a number");
+  const Table table = RingtoneTable(list, image);
+  Check(table.rows.size() == list.ringtones.size(), "a ringtone has a row");
+  (void)TabSeparated(table, "\n");
+  (void)RingtoneInformation(list, Messages());
+  std::int64_t played = 0;
+  for (const Ringtone& ringtone : list.ringtones) {
+    const auto end = static_cast<Offset>(image.ff().size());
+    Check(ringtone.size == 0 || ringtone.data + ringtone.size <= end, "a ringtone lies within the image");
+    played += Play(image, ringtone, played + ringtone.time < mostTime);
+  }
+  return 0;
+}
