@@ -15,6 +15,7 @@ std::filesystem::path Document::Beside(std::string_view ending) const {
 
 void Document::Close() {
   image = Fullflash();
+  edits.Clear();
   info = Identification();
 }
 

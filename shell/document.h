@@ -5,11 +5,13 @@
 #include <string>
 
 #include "core/identification.h"
+#include "core/image_edits.h"
 
 namespace tarvelo {
 
 struct Document {
   Fullflash image;
+  ImageEdits edits;  // of the image, since it was opened; Main writes through them
   Identification info;
 
   // The file as it was chosen: the file system is always asked with this. Kept after the document is
@@ -29,7 +31,7 @@ struct Document {
   // A file beside the dump: FileStem with this behind it ("_E.txt", ".info").
   [[nodiscard]] std::filesystem::path Beside(std::string_view ending) const;
 
-  // Forgets the image and what is known of it.
+  // Forgets the image, its edits, and what is known of it.
   void Close();
 };
 

@@ -67,15 +67,22 @@ HexCanvas::HexCanvas(wxWindow* parent)
   });
 }
 
-void HexCanvas::SetImage(const Fullflash* image) {
+void HexCanvas::SetImage(const Fullflash* image, const ImageEdits* edits) {
   EndDrag();
   scene_.image = image;
+  scene_.edits = edits;
   scene_.columns = image ? HexColumns(*image) : HexColumns();
   scene_.cursor = HexCursor(HasImage() ? Offset{image->ffEnd()} + 1 : 0);
   scene_.topRow = 0;
   scene_.leftColumn = 0;
   scene_.cursorInText = false;
+  scene_.secondDigit = false;
   UpdateScrollbars();
+  Refresh();
+}
+
+void HexCanvas::ImageChanged() {
+  scene_.secondDigit = false;
   Refresh();
 }
 
@@ -92,7 +99,15 @@ void HexCanvas::SelectAll() {
   CursorMoved();
 }
 
+void HexCanvas::SwitchSide() {
+  if (!HasImage()) return;
+  scene_.cursorInText = !scene_.cursorInText;
+  ShowCursor(false);
+  CursorMoved();
+}
+
 void HexCanvas::CursorMoved() {
+  scene_.secondDigit = false;
   Refresh();
   if (onSelect) onSelect();
 }
@@ -283,6 +298,7 @@ void HexCanvas::EndDrag() {
 
 void HexCanvas::BindKeyboard() {
   Bind(wxEVT_CHAR_HOOK, &HexCanvas::PressKey, this);
+  Bind(wxEVT_CHAR, &HexCanvas::TypeKey, this);
   for (const auto& type : {wxEVT_SET_FOCUS, wxEVT_KILL_FOCUS})
     Bind(type, [this](wxFocusEvent& event) {
       Refresh();
@@ -301,6 +317,44 @@ void HexCanvas::PressKey(wxKeyEvent& event) {
   } else {
     event.Skip();
   }
+}
+
+// With AltGr characters are typed, with Ctrl or Alt alone commands are given.
+void HexCanvas::TypeKey(wxKeyEvent& event) {
+  const auto character = static_cast<char32_t>(event.GetUnicodeKey());
+  const int modifiers = event.GetModifiers() & ~wxMOD_SHIFT;
+  const bool isCommand = modifiers != wxMOD_NONE && modifiers != wxMOD_ALTGR;
+  if (!HasImage() || isCommand || character < U' ' || character == WXK_DELETE) {
+    event.Skip();
+  } else if (!(scene_.cursorInText ? TypeCharacter(character) : TypeDigit(character))) {
+    wxBell();
+  }
+}
+
+bool HexCanvas::TypeDigit(char32_t character) {
+  const auto digit = DigitOf(character);
+  if (!digit) return false;
+  const bool second = scene_.secondDigit;
+  const std::uint8_t old = scene_.image->Byte(Selection().start);
+  const int byte = second ? (old & 0xF0) | *digit : *digit << 4 | (old & 0x0F);
+  Type(static_cast<std::uint8_t>(byte), second, second);
+  scene_.secondDigit = !second;
+  return true;
+}
+
+bool HexCanvas::TypeCharacter(char32_t character) {
+  const auto byte = ByteOf(character);
+  if (byte) Type(*byte, false, true);
+  return byte.has_value();
+}
+
+// Over the byte under the cursor, or the first that is selected.
+void HexCanvas::Type(std::uint8_t byte, bool again, bool moveOn) {
+  const Offset at = Selection().start;
+  if (onType) onType(at, byte, again);
+  scene_.cursor.MoveTo(at + (moveOn ? 1 : 0), false);
+  ShowCursor(false);
+  CursorMoved();
 }
 
 }  // namespace tarvelo

@@ -3,6 +3,7 @@
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <bitset>
 #include <cmath>
 
 #include "core/notation.h"
@@ -17,6 +18,8 @@ wxColour Blend(const wxColour& front, const wxColour& back, double share) {
   return {mix(front.Red(), back.Red()), mix(front.Green(), back.Green()), mix(front.Blue(), back.Blue())};
 }
 
+const wxColour red(220, 30, 50);
+
 struct Palette {
   wxColour background = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
   wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
@@ -26,6 +29,9 @@ struct Palette {
   wxColour zero = Blend(text, background, 0.6);
   wxColour erased = Blend(text, background, 0.35);
   wxColour line = Blend(text, background, 0.2);
+  wxColour changed = Blend(red, text, 0.75);
+  wxColour changedGround = Blend(red, background, 0.12);
+  wxColour changedHighlight = Blend(red, highlight, 0.55);
 };
 
 // One row while it is drawn.
@@ -40,10 +46,13 @@ class Row {
         bytes_(scene.image->ff().subspan(static_cast<std::size_t>(start_))),
         selection_(scene.cursor.Selection()) {
     bytes_ = bytes_.first(std::min<std::size_t>(bytes_.size(), bytesInRow));
+    for (int i = 0; i < Count(); ++i)
+      changed_[static_cast<std::size_t>(i)] = scene.edits->IsChanged(*scene.image, start_ + i);
   }
 
   void Draw() {
     DrawSelection();
+    DrawChanged();
     dc_.SetTextForeground(palette_.place);
     Put(0, Wx(OffsetText(*scene_.image, start_)));
     Put(scene_.columns.Address(), Wx(AddressText(*scene_.image, start_)));
@@ -56,10 +65,14 @@ class Row {
   [[nodiscard]] int Count() const { return static_cast<int>(bytes_.size()); }
   [[nodiscard]] std::uint8_t At(int i) const { return bytes_[static_cast<std::size_t>(i)]; }
 
+  [[nodiscard]] bool IsChanged(int i) const { return changed_[static_cast<std::size_t>(i)]; }
+  [[nodiscard]] bool IsSelected(int i) const { return selection_.Holds(start_ + i); }
+
   void Put(int column, const wxString& text) { dc_.DrawText(text, scene_.X(column), y_); }
 
   [[nodiscard]] const wxColour& ColourOf(int i) const {
-    if (selection_.Holds(start_ + i)) return palette_.highlightText;
+    if (IsSelected(i)) return palette_.highlightText;
+    if (IsChanged(i)) return palette_.changed;
     if (At(i) == 0xFF) return palette_.erased;
     return At(i) == 0 ? palette_.zero : palette_.text;
   }
@@ -73,8 +86,23 @@ class Row {
     const auto first = static_cast<int>(std::max<Offset>(0, selection_.start - start_));
     const auto last = static_cast<int>(std::min<Offset>(Count(), selection_.End() - start_)) - 1;
     if (selection_.size == 0 || first > last) return;
+    DrawGround(first, last, palette_.highlight);
+  }
+
+  void DrawChanged() {
+    for (int i = 0; i < Count(); ++i) {
+      const int first = i;
+      while (i < Count() && IsChanged(i) && IsSelected(i) == IsSelected(first)) ++i;
+      if (i == first) continue;
+      --i;
+      DrawGround(first, i, IsSelected(i) ? palette_.changedHighlight : palette_.changedGround);
+    }
+  }
+
+  // Behind the bytes first .. last.
+  void DrawGround(int first, int last, const wxColour& colour) {
     dc_.SetPen(*wxTRANSPARENT_PEN);
-    dc_.SetBrush(palette_.highlight);
+    dc_.SetBrush(colour);
     dc_.DrawRectangle(Cells(scene_.columns.Hex(first), scene_.columns.Hex(last) + 2));
     dc_.DrawRectangle(Cells(scene_.columns.Text(first), scene_.columns.Text(last) + 1));
   }
@@ -115,7 +143,7 @@ class Row {
       dc_.SetPen(isActive && scene_.focused ? palette_.text : palette_.place);
       dc_.DrawRectangle(wxRect(cells).Inflate(1, 0));
     };
-    frame(Cells(hex, hex + 2), !scene_.cursorInText);
+    frame(Cells(hex + (scene_.secondDigit ? 1 : 0), hex + 2), !scene_.cursorInText);
     frame(Cells(text, text + 1), scene_.cursorInText);
   }
 
@@ -126,6 +154,7 @@ class Row {
   int y_;
   Bytes bytes_;
   ByteRange selection_;
+  std::bitset<bytesInRow> changed_;
 };
 
 void DrawHeader(wxDC& dc, const HexScene& scene, const Palette& palette, int width) {

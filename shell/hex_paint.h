@@ -3,6 +3,7 @@
 
 #include <wx/dc.h>
 
+#include "core/image_edits.h"
 #include "shell/hex_cursor.h"
 #include "shell/hex_rows.h"
 
@@ -10,10 +11,12 @@ namespace tarvelo {
 
 // What is seen, and from where. Sizes are in pixels.
 struct HexScene {
-  const Fullflash* image = nullptr;  // none: nothing but the background
+  const Fullflash* image = nullptr;   // none: nothing but the background
+  const ImageEdits* edits = nullptr;  // what was changed has a colour of its own; set with the image
   HexColumns columns;
   HexCursor cursor;
   bool cursorInText = false;  // which of the two sides has the cursor
+  bool secondDigit = false;   // the first one of the byte under the cursor was typed
   bool focused = false;
 
   Offset topRow = 0;

@@ -41,6 +41,7 @@ HexPanel::HexPanel(Main& main)
       fault_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
       canvas_(new HexCanvas(window_)),
+      editor_(main, *canvas_),
       information_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                     wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {
   place_->SetMaxLength(placeLength);
@@ -92,13 +93,18 @@ wxWindow& HexPanel::FirstFocus() { return *canvas_; }
 const Fullflash& HexPanel::Image() const { return main_.Open().image; }
 
 void HexPanel::Build() {
-  if (!canvas_->HasImage()) canvas_->SetImage(&Image());
+  if (!canvas_->HasImage()) canvas_->SetImage(&Image(), &main_.Open().edits);
   ShowInformation();
 }
 
 void HexPanel::Clear() {
-  canvas_->SetImage(nullptr);
+  canvas_->SetImage(nullptr, nullptr);
   ShowFault(wxString());
+  ShowInformation();
+}
+
+void HexPanel::ImageChanged() {
+  canvas_->ImageChanged();
   ShowInformation();
 }
 
@@ -171,35 +177,69 @@ std::string HexPanel::InformationText() const {
 // --- commands ---
 
 PanelCommands HexPanel::MakeCommands() {
+  std::vector<PanelCommand> commands = SearchCommands();
+  for (PanelCommand& command : EditCommands()) commands.push_back(std::move(command));
+  return PanelCommands(std::move(commands));
+}
+
+std::vector<PanelCommand> HexPanel::SearchCommands() {
   const auto any = [this] { return canvas_->HasImage(); };
-  return PanelCommands(
-      {{.id = GoTo, .message = 230, .shortcut = "Ctrl+L", .run = [this] { GoTo_Click(); }, .enabled = any},
-       {},
-       {.id = FindBytes,
-        .message = 275,
-        .shortcut = "Ctrl+F",
-        .run = [this] { FindBytes_Click(); },
-        .enabled = any},
-       {.id = FindNext,
-        .message = 118,
-        .shortcut = "F3",
-        .run = [this] { FindNext_Click(); },
-        .enabled = any},
-       {.id = FindPrevious,
-        .message = 243,
-        .shortcut = "Shift+F3",
-        .run = [this] { FindPrevious_Click(); },
-        .enabled = any},
-       {},
-       {.id = CopyHex, .message = 233, .run = [this] { CopyHex_Click(); }, .enabled = any},
-       {.id = CopyText, .message = 234, .run = [this] { CopyText_Click(); }, .enabled = any},
-       {.id = CopyOffset, .message = 132, .run = [this] { CopyOffset_Click(); }, .enabled = any},
-       {},
-       {.id = SelectBytes,
-        .message = 235,
-        .shortcut = "Ctrl+A",
-        .run = [this] { SelectBytes_Click(); },
-        .enabled = any}});
+  return {
+      {.id = GoTo, .message = 230, .shortcut = "Ctrl+L", .run = [this] { GoTo_Click(); }, .enabled = any},
+      {},
+      {.id = FindBytes,
+       .message = 275,
+       .shortcut = "Ctrl+F",
+       .run = [this] { FindBytes_Click(); },
+       .enabled = any},
+      {.id = FindNext, .message = 118, .shortcut = "F3", .run = [this] { FindNext_Click(); }, .enabled = any},
+      {.id = FindPrevious,
+       .message = 243,
+       .shortcut = "Shift+F3",
+       .run = [this] { FindPrevious_Click(); },
+       .enabled = any},
+      {},
+      {.id = CopyHex, .message = 233, .run = [this] { CopyHex_Click(); }, .enabled = any},
+      {.id = CopyText, .message = 234, .run = [this] { CopyText_Click(); }, .enabled = any},
+      {.id = CopyOffset, .message = 132, .run = [this] { CopyOffset_Click(); }, .enabled = any},
+      {},
+      {.id = SelectBytes,
+       .message = 235,
+       .shortcut = "Ctrl+A",
+       .run = [this] { SelectBytes_Click(); },
+       .enabled = any}};
+}
+
+std::vector<PanelCommand> HexPanel::EditCommands() {
+  const auto any = [this] { return canvas_->HasImage(); };
+  const auto canUndo = [this] { return place_->HasFocus() ? place_->CanUndo() : editor_.CanUndo(); };
+  const auto canRedo = [this] { return place_->HasFocus() ? place_->CanRedo() : editor_.CanRedo(); };
+  const auto selected = [this] { return canvas_->Selection().size > 0; };
+  return {
+      {.id = SwitchSide,
+       .message = 284,
+       .shortcut = "F2",
+       .run = [this] { canvas_->SwitchSide(); },
+       .enabled = any},
+      {},
+      {.id = UndoBytes,
+       .message = 236,
+       .shortcut = "Ctrl+Z",
+       .run = [this] { UndoBytes_Click(); },
+       .enabled = canUndo},
+      {.id = RedoBytes,
+       .message = 237,
+       .shortcut = "Ctrl+Y",
+       .run = [this] { RedoBytes_Click(); },
+       .enabled = canRedo},
+      {.id = PasteHex,
+       .message = 240,
+       .shortcut = "Ctrl+V",
+       .run = [this] { PasteHex_Click(); },
+       .enabled = any},
+      {.id = FillBytes, .message = 280, .run = [this] { editor_.Fill(); }, .enabled = selected},
+      {},
+      {.id = ChangesToPatch, .message = 281, .run = [this] { editor_.ChangesToPatch(); }, .enabled = any}};
 }
 
 void HexPanel::GoTo_Click() {
@@ -234,6 +274,28 @@ void HexPanel::SelectBytes_Click() {
     place_->SelectAll();
   else
     canvas_->SelectAll();
+}
+
+// There too it is the line's own text that is edited.
+void HexPanel::UndoBytes_Click() {
+  if (place_->HasFocus())
+    place_->Undo();
+  else
+    editor_.Undo();
+}
+
+void HexPanel::RedoBytes_Click() {
+  if (place_->HasFocus())
+    place_->Redo();
+  else
+    editor_.Redo();
+}
+
+void HexPanel::PasteHex_Click() {
+  if (place_->HasFocus())
+    place_->Paste();
+  else
+    editor_.Paste();
 }
 
 bool HexPanel::AskForPattern() {

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "shell/hex_editor.h"
 #include "shell/hex_rows.h"
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
@@ -33,6 +34,7 @@ class HexPanel final : public Panel {
   // Writes the selected bytes to a file that is named after their offset.
   void Save() override;
   void Clear() override;
+  void ImageChanged() override;
   void Recaption(const Messages& messages) override;
 
   // Selects a region and scrolls to it; the caller has made sure that it begins within the image. What
@@ -48,6 +50,9 @@ class HexPanel final : public Panel {
   void FindNext_Click();
   void FindPrevious_Click();
   void SelectBytes_Click();
+  void UndoBytes_Click();
+  void RedoBytes_Click();
+  void PasteHex_Click();
 
   [[nodiscard]] HexCanvas& Canvas() { return *canvas_; }
   [[nodiscard]] wxTextCtrl& PlaceLine() { return *place_; }
@@ -59,6 +64,8 @@ class HexPanel final : public Panel {
   void Layout();
   void Bind();
   [[nodiscard]] PanelCommands MakeCommands();
+  [[nodiscard]] std::vector<PanelCommand> SearchCommands();
+  [[nodiscard]] std::vector<PanelCommand> EditCommands();
 
   void GoToPlace();
   void ShowFault(const wxString& text);
@@ -80,6 +87,7 @@ class HexPanel final : public Panel {
   wxChoice* kind_;
   wxStaticText* fault_;
   HexCanvas* canvas_;
+  HexEditor editor_;
   wxStaticText* information_;
   std::string pattern_;  // the last that was searched for
 };

@@ -10,6 +10,8 @@ namespace tarvelo {
 namespace {
 
 constexpr std::uint32_t pageSize = 0x4000;
+constexpr std::uint8_t undefinedByte = 0x98;  // of Windows-1251
+constexpr std::string_view separators = " \t\r\n,";
 
 std::string Digits(std::uint32_t value, int count) {
   std::string text = Hex(value);
@@ -71,8 +73,7 @@ std::string AddressText(const Fullflash& image, Offset offset) {
 
 char16_t ShownCharacter(std::uint8_t byte) {
   constexpr std::uint8_t softHyphen = 0xAD;
-  constexpr std::uint8_t undefined = 0x98;
-  if (byte < 0x20 || byte == 0x7F || byte == undefined || byte == softHyphen) return u'.';
+  if (byte < 0x20 || byte == 0x7F || byte == undefinedByte || byte == softHyphen) return u'.';
   return FromWindows1251(byte);
 }
 
@@ -105,6 +106,33 @@ std::string AsText(Bytes bytes) {
     text += isLayout ? char16_t{byte} : ShownCharacter(byte);
   }
   return ToUtf8(text);
+}
+
+std::optional<std::vector<std::uint8_t>> ReadHex(std::string_view text) {
+  std::vector<std::uint8_t> bytes;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (separators.find(text[i]) != separators.npos) continue;
+    const auto high = DigitOf(static_cast<unsigned char>(text[i]));
+    if (!high || ++i == text.size()) return {};
+    const auto low = DigitOf(static_cast<unsigned char>(text[i]));
+    if (!low) return {};
+    bytes.push_back(static_cast<std::uint8_t>(*high << 4 | *low));
+  }
+  if (bytes.empty()) return {};
+  return bytes;
+}
+
+std::optional<std::uint8_t> ByteOf(char32_t character) {
+  for (int byte = 0; byte <= 0xFF; ++byte)
+    if (byte != undefinedByte && FromWindows1251(static_cast<std::uint8_t>(byte)) == character)
+      return static_cast<std::uint8_t>(byte);
+  return {};
+}
+
+std::optional<std::uint8_t> DigitOf(char32_t character) {
+  const auto digit = std::u32string_view(U"0123456789ABCDEF").find(ToUpper(character));
+  if (digit == std::u32string_view::npos) return {};
+  return static_cast<std::uint8_t>(digit);
 }
 
 std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Fullflash& image) {

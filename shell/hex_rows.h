@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/fullflash.h"
 
@@ -56,6 +57,15 @@ class HexColumns {
 [[nodiscard]] std::string AsHex(Bytes bytes);
 // Bytes as Windows-1251 text in UTF-8. What cannot be seen is a dot, but for tabs and line breaks.
 [[nodiscard]] std::string AsText(Bytes bytes);
+
+// The bytes of a text of pairs of hexadecimal digits, with blanks, commas and line breaks between them or
+// not. Nothing for any other text, an empty one too.
+[[nodiscard]] std::optional<std::vector<std::uint8_t>> ReadHex(std::string_view text);
+
+// The Windows-1251 byte of a character, if it has one.
+[[nodiscard]] std::optional<std::uint8_t> ByteOf(char32_t character);
+// The value of a hexadecimal digit, if it is one.
+[[nodiscard]] std::optional<std::uint8_t> DigitOf(char32_t character);
 
 // What a plain number means.
 enum class PlaceKind { AsOffset, AsAddress };

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 
 #include "core/table.h"
 #include "resources/messages.h"
@@ -59,6 +60,15 @@ class Main final : public wxFrame {
   // Opens a file named on the command line, at once or as soon as the window stands in its place.
   void OpenNamed(const std::string& name);
   void OpenWhenShown(const std::string& name);
+
+  // Changes bytes of the image, as one step. From the first change on the status bar shows "F", until the
+  // document is closed. All panels are told. Throws std::out_of_range, and changes nothing, where the
+  // bytes do not all lie within the image.
+  void WriteImage(Offset offset, Bytes bytes);
+  void WriteImage(std::span<const Change> changes);
+  // Takes the last step back, resp. does it again. Returns where it was; nothing without such a step.
+  std::optional<ImageEdits::Region> UndoImage();
+  std::optional<ImageEdits::Region> RedoImage();
 
   // Asks about unsaved patch data, if there is any. True means: stop.
   [[nodiscard]] bool WasChanged();
@@ -117,6 +127,8 @@ class Main final : public wxFrame {
   [[nodiscard]] bool Confirm(const wxString& question);
   // Puts a text into the clipboard.
   void Copy(const std::string& text);
+  // The text in the clipboard; empty where it holds none.
+  [[nodiscard]] std::string CopiedText() const;
 
   // Runs a command of this name. A fault ends it with a message that names it.
   void RunGuarded(const wxString& name, const std::function<void()>& command);
@@ -147,6 +159,7 @@ class Main final : public wxFrame {
   void AddPanels();
 
   bool GetInfo(const std::filesystem::path& path);
+  void ImageChanged();
 
   void OpenFF_Click();
   void Save_Click();

@@ -127,6 +127,12 @@ void Main::Copy(const std::string& text) {
   if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(text)));
 }
 
+std::string Main::CopiedText() const {
+  const wxClipboardLocker lock;
+  wxTextDataObject text;
+  return !!lock && wxTheClipboard->GetData(text) ? Utf8(text.GetText()) : std::string();
+}
+
 void Main::ShowBl(Offset start, Offset size) {
   if (start < 0 || start > document_.image.ffEnd()) return Complain(Msg(232));
   if (!tools_.ShowBl(document_.path, start, size)) ShowHex(start, size);
@@ -206,6 +212,34 @@ void Main::CloseFF() {
   status_->ClearFrom(2);
   UpdateMenus();
   ShowPanel(*info_);
+}
+
+void Main::WriteImage(Offset offset, Bytes bytes) {
+  document_.edits.Write(document_.image, offset, bytes);
+  ImageChanged();
+}
+
+void Main::WriteImage(std::span<const Change> changes) {
+  document_.edits.Write(document_.image, changes);
+  ImageChanged();
+}
+
+std::optional<ImageEdits::Region> Main::UndoImage() {
+  const auto region = document_.edits.Undo(document_.image);
+  if (region) ImageChanged();
+  return region;
+}
+
+std::optional<ImageEdits::Region> Main::RedoImage() {
+  const auto region = document_.edits.Redo(document_.image);
+  if (region) ImageChanged();
+  return region;
+}
+
+// Writing what stands there already is no step, and then there may be none at all.
+void Main::ImageChanged() {
+  if (document_.edits.CanUndo()) status_->SetPanel(StatusBar::imagePanel, "F");
+  for (const auto& panel : panels_) panel->ImageChanged();
 }
 
 void Main::Save_Click() { SaveTo(document_.path); }

@@ -86,6 +86,12 @@ enum MenuId : int {
   FindNext,
   FindPrevious,
   SelectBytes,
+  UndoBytes,
+  RedoBytes,
+  PasteHex,
+  FillBytes,
+  SwitchSide,
+  ChangesToPatch,
 
   OpenHit,
   OffsetHit,

@@ -33,6 +33,8 @@ class Panel {
   virtual void Save() = 0;
   // Empties it: the document is closed.
   virtual void Clear() = 0;
+  // Bytes of the image were changed, by whichever panel.
+  virtual void ImageChanged() {}
   // Puts its captions in a language.
   virtual void Recaption(const Messages& messages) = 0;
 };

@@ -1,12 +1,7 @@
 #include <wx/choice.h>
-#include <wx/stattext.h>
-#include <wx/textctrl.h>
 
 #include "core/notation.h"
-#include "demo/demo_image.h"
-#include "shell/desk.h"
-#include "shell/hex_panel.h"
-#include "shell/hex_canvas.h"
+#include "shell/hex_desk.h"
 
 namespace tarvelo {
 namespace {
@@ -81,6 +76,20 @@ TEST(HexRows, CopyBytes) {
   EXPECT_EQ(AsText(bytes), "A.А\r\n.");
 }
 
+TEST(HexRows, ReadHexAndCharacters) {
+  const std::vector<std::uint8_t> bytes{0x41, 0x00, 0xC0};
+  for (const char* text : {"4100c0", "41 00 C0", "41,00,C0\r\n", "\t4100\n,C0"})
+    EXPECT_EQ(ReadHex(text), bytes) << text;
+  for (const char* text : {"", " ,", "4", "410", "4 1", "0x41", "41 ?? C0", "41h", "Д0"})
+    EXPECT_FALSE(ReadHex(text)) << text;
+  const std::pair<char32_t, int> characters[] = {{U'A', 0x41}, {U'Я', 0xDF},    {U'я', 0xFF}, {U'€', 0x88},
+                                                 {U'Ä', -1},   {U'\u0098', -1}, {U'中', -1}};
+  for (const auto& [character, byte] : characters) {
+    const auto found = ByteOf(character);
+    EXPECT_EQ(found ? *found : -1, byte) << static_cast<std::uint32_t>(character);
+  }
+}
+
 TEST(HexColumns, FindTheByteAtEachColumn) {
   const HexColumns columns(Erased(2));
   for (int i = 0; i < bytesInRow; ++i) {
@@ -120,43 +129,6 @@ TEST(HexCursor, StaysInTheImage) {
   none.Move(ImageEnd, 2, true);
   EXPECT_EQ(none.Selection(), ByteRange());
 }
-
-class HexDesk : public Desk {
- protected:
-  HexDesk() {
-    main->OpenF(folder.Write("demo.bin", DemoImage()));
-    Choose(HexView);
-  }
-
-  [[nodiscard]] HexPanel& Panel() { return dynamic_cast<HexPanel&>(*main->Visible()); }
-  [[nodiscard]] HexCanvas& Canvas() { return Panel().Canvas(); }
-  [[nodiscard]] ByteRange Selected() { return Canvas().Selection(); }
-  [[nodiscard]] std::string Information() { return Utf8(Panel().Information().GetLabelText()); }
-  [[nodiscard]] const Fullflash& Image() const { return main->Open().image; }
-
-  // Enters a place to go to, and returns what is said against it.
-  std::string Enter(const std::string& place) {
-    Panel().PlaceLine().SetValue(Wx(place));
-    wxCommandEvent enter(wxEVT_TEXT_ENTER, Panel().PlaceLine().GetId());
-    Panel().PlaceLine().ProcessWindowEvent(enter);
-    return Utf8(Panel().Fault().GetLabelText());
-  }
-
-  void Press(int key, bool shift = false, bool control = false) {
-    wxKeyEvent event(wxEVT_CHAR_HOOK);
-    event.m_keyCode = key;
-    event.SetShiftDown(shift);
-    event.SetControlDown(control);
-    Canvas().ProcessWindowEvent(event);
-  }
-
-  void Mouse(wxEventType type, const wxPoint& point, bool shift = false) {
-    wxMouseEvent event(type);
-    event.SetPosition(point);
-    event.SetShiftDown(shift);
-    Canvas().ProcessWindowEvent(event);
-  }
-};
 
 TEST_F(HexDesk, GoesWhereItIsTold) {
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
@@ -292,8 +264,7 @@ TEST_F(HexDesk, IsEmptyWithoutADocument) {
   }
   EXPECT_EQ(panel.Canvas().Selection(), ByteRange());
   EXPECT_EQ(Utf8(panel.Information().GetLabelText()), "");
-  for (const int id : {GoTo, CopyHex, CopyText, CopyOffset, FindBytes, FindNext, FindPrevious, SelectBytes})
-    EXPECT_FALSE(panel.Commands()->CanRun(id));
+  for (int id = GoTo; id <= ChangesToPatch; ++id) EXPECT_FALSE(panel.Commands()->CanRun(id)) << id;
 }
 
 }  // namespace
