@@ -58,6 +58,8 @@ void Parse(std::vector<std::string> arguments, Context& context) {
   AddList(app, context);
   AddExport(app, context);
   AddFind(app, context);
+  AddDiff(app, context);
+  AddApply(app, context);
   AddDecode(app, context);
   AddEncode(app, context);
   AddAddress(app, context);
