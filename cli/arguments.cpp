@@ -17,11 +17,15 @@ FileError EmptyDump(const std::filesystem::path& path) {
 
 std::string Printable(const std::string& file) { return ToUtf8(ToUtf16(file)); }
 
-void Diagnose(Context& context, const std::exception& error) {
-  std::string line = Printable(error.what());
+std::string InOneLine(const std::string& text) {
+  std::string line = Printable(text);
   std::ranges::replace_if(
       line, [](unsigned char c) { return c < 0x20; }, ' ');
-  context.err << "tarvelo-cli: " << line << '\n';
+  return line;
+}
+
+void Diagnose(Context& context, const std::exception& error) {
+  context.err << "tarvelo-cli: " << InOneLine(error.what()) << '\n';
 }
 
 void RefuseStandardInput(const std::string& file) {
@@ -48,6 +52,16 @@ FileReader OpenDumpFile(const std::string& file) {
   FileReader reader(path, Fullflash::sizeLimit);
   if (reader.Size() < 2) throw EmptyDump(path);
   return reader;
+}
+
+void CheckOutput(const std::string& option, const std::string& file,
+                 std::initializer_list<std::string> read) {
+  if (file.empty() || file == "-") throw WrongArguments(option + ": a file is needed");
+  for (const std::string& other : read) {
+    std::error_code notThere;
+    if (std::filesystem::equivalent(PathOf(file), PathOf(other), notThere))
+      throw WrongArguments(option + ": " + file + " is a file that is read");
+  }
 }
 
 std::uint32_t ParseHex(const std::string& option, std::string text) {

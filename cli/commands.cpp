@@ -59,6 +59,8 @@ void Parse(std::vector<std::string> arguments, Context& context) {
   AddExport(app, context);
   AddFind(app, context);
   AddMap(app, context);
+  AddDiff(app, context);
+  AddApply(app, context);
   AddDecode(app, context);
   AddEncode(app, context);
   AddAddress(app, context);

@@ -1,6 +1,7 @@
 // What every command gets, and the ways in which one can end early.
 #pragma once
 
+#include <initializer_list>
 #include <iosfwd>
 #include <stdexcept>
 #include <string>
@@ -38,6 +39,8 @@ void Diagnose(Context& context, const std::exception& error);
 
 // A file's name as UTF-8 text, whatever its bytes are.
 [[nodiscard]] std::string Printable(const std::string& file);
+// Any text likewise, with blanks for control characters.
+[[nodiscard]] std::string InOneLine(const std::string& text);
 
 // Opens a dump given on the command line. Throws FileError, also for an empty file.
 [[nodiscard]] Fullflash OpenDump(const std::string& file, Context& context);
@@ -48,6 +51,9 @@ void Diagnose(Context& context, const std::exception& error);
 
 // Refuses "-", which elsewhere means standard input: a dump is read at random.
 void RefuseStandardInput(const std::string& file);
+
+// Refuses a file to write that is "-", or one of those that are read.
+void CheckOutput(const std::string& option, const std::string& file, std::initializer_list<std::string> read);
 
 // A hexadecimal number, with or without 0x, and a decimal one. Both throw WrongArguments, naming the
 // option.
@@ -64,5 +70,7 @@ void AddList(CLI::App& app, Context& context);
 void AddExport(CLI::App& app, Context& context);
 void AddFind(CLI::App& app, Context& context);
 void AddMap(CLI::App& app, Context& context);
+void AddDiff(CLI::App& app, Context& context);
+void AddApply(CLI::App& app, Context& context);
 
 }  // namespace tarvelo::cli

@@ -37,6 +37,14 @@ std::vector<std::uint8_t> BytesOf(std::string_view digits) {
   return bytes;
 }
 
+// A name as a comment holds it: a line break in it would begin a line that is none.
+std::string InOneLine(std::string_view name) {
+  std::string line(name);
+  std::ranges::replace_if(
+      line, [](unsigned char c) { return c < 0x20; }, ' ');
+  return line;
+}
+
 bool ReadChange(std::string_view text, PatchLine& change) {
   const std::string_view address = TakeDigits(text);
   if (address.empty() || address.size() > longestAddress || !Take(text, ":")) return false;
@@ -69,7 +77,7 @@ std::string WithCrLf(std::string_view text) {
 
 std::string PatchBlock(std::string_view name, std::string_view body) {
   std::string block = "\n;";
-  block.append(name).append("\n\n").append(body).append("\n\n;").append(Separator()).append("\n");
+  block.append(InOneLine(name)).append("\n\n").append(body).append("\n\n;").append(Separator()).append("\n");
   return WithCrLf(block);
 }
 
@@ -80,7 +88,7 @@ std::string InformationBlock(std::string_view name, std::string_view body) {
 
 std::string PatchFile(std::string_view phone, std::string_view document) {
   std::string file = ";";
-  file.append(phone).append(" - Patch made by \"Tarvelo\", explorer of fullflash images\n");
+  file.append(InOneLine(phone)).append(" - Patch made by \"Tarvelo\", explorer of fullflash images\n");
   file.append(";Lines: address in the fullflash, old bytes, new bytes\n\n");
   file.append(";").append(Separator()).append("\n").append(document).append("\n");
   return WithCrLf(file);

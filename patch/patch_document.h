@@ -22,7 +22,8 @@ namespace tarvelo {
 [[nodiscard]] std::string WithCrLf(std::string_view text);
 
 // What a named patch adds to the document: its name as a comment, its lines, a comment of asterisks.
-// `body` may have several lines, parted by line ends of any kind.
+// `body` may have several lines, parted by line ends of any kind. Control characters in the name become
+// blanks.
 [[nodiscard]] std::string PatchBlock(std::string_view name, std::string_view body);
 
 // What a named piece of information adds to the information text. That text is for the screen: its lines
@@ -30,7 +31,7 @@ namespace tarvelo {
 [[nodiscard]] std::string InformationBlock(std::string_view name, std::string_view body);
 
 // The patch file: four lines that say what it is for, the document, a line break. `phone` is phone and
-// firmware in words.
+// firmware in words; control characters in it become blanks.
 [[nodiscard]] std::string PatchFile(std::string_view phone, std::string_view document);
 
 // A line of the document, taken apart.

@@ -16,6 +16,11 @@ TEST(PatchBlock, HasTheNameAboveAndAsterisksBelow) {
   EXPECT_EQ(InformationBlock("Search :", "one\ntwo"), "\nSearch :\n\none\ntwo\n\n" + stars + "\n");
 }
 
+TEST(PatchBlock, KeepsANameWithinItsComment) {
+  EXPECT_EQ(PatchBlock("a\r\n0: 00 FF\x1B", "").substr(0, 17), "\r\n;a  0: 00 FF \r\n");
+  EXPECT_TRUE(PatchFile("C55\n0: 00 FF", "").starts_with(";C55 0: 00 FF - Patch"));
+}
+
 TEST(PatchFile, BeginsWithFourLinesEvenWhenTheDocumentIsEmpty) {
   const std::string header =
       ";C55 v24 - Patch made by \"Tarvelo\", explorer of fullflash images\r\n"

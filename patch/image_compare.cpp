@@ -1,0 +1,79 @@
+#include "patch/image_compare.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "patch/patch_lines.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr std::size_t blockSize = 0x1000;
+
+std::uint64_t LoadWord(const std::uint8_t* at) {
+  std::uint64_t word;
+  std::memcpy(&word, at, sizeof word);
+  return word;
+}
+
+// The first index from `at` on at which they differ, or `end`.
+std::size_t NextDifference(const std::uint8_t* a, const std::uint8_t* b, std::size_t at, std::size_t end) {
+  while (end - at >= blockSize && std::memcmp(a + at, b + at, blockSize) == 0) at += blockSize;
+  while (end - at >= sizeof(std::uint64_t) && LoadWord(a + at) == LoadWord(b + at))
+    at += sizeof(std::uint64_t);
+  while (at < end && a[at] == b[at]) ++at;
+  return at;
+}
+
+// The index behind the last byte of the difference that begins at `at`.
+std::size_t EndOfDifference(const std::uint8_t* a, const std::uint8_t* b, std::size_t at, std::size_t end,
+                            std::size_t gap) {
+  std::size_t behind = at + 1;
+  for (std::size_t i = behind; i < end && i - behind <= gap; ++i)
+    if (a[i] != b[i]) behind = i + 1;
+  return behind;
+}
+
+Bytes RegionOf(Bytes bytes, const Difference& difference) {
+  const auto size = static_cast<Offset>(bytes.size());
+  if (difference.offset < 0 || difference.size < 0 || difference.offset > size - difference.size)
+    ThrowPastEnd(difference.offset + difference.size);
+  return bytes.subspan(static_cast<std::size_t>(difference.offset),
+                       static_cast<std::size_t>(difference.size));
+}
+
+}  // namespace
+
+Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap) {
+  const std::size_t common = std::min(oldBytes.size(), newBytes.size());
+  Comparison comparison;
+  comparison.common = static_cast<Offset>(common);
+  comparison.restOfOld = static_cast<Offset>(oldBytes.size() - common);
+  comparison.restOfNew = static_cast<Offset>(newBytes.size() - common);
+  const std::uint8_t* const a = oldBytes.data();
+  const std::uint8_t* const b = newBytes.data();
+  const auto most = static_cast<std::size_t>(std::max<Offset>(gap, 0));
+  for (std::size_t at = 0; (at = NextDifference(a, b, at, common)) < common;) {
+    const std::size_t behind = EndOfDifference(a, b, at, common, most);
+    comparison.differences.push_back({static_cast<Offset>(at), static_cast<Offset>(behind - at)});
+    at = behind;
+  }
+  return comparison;
+}
+
+Change ChangeOf(Bytes oldBytes, Bytes newBytes, const Difference& difference) {
+  const Bytes from = RegionOf(oldBytes, difference);
+  const Bytes to = RegionOf(newBytes, difference);
+  return {difference.offset, {from.begin(), from.end()}, {to.begin(), to.end()}};
+}
+
+std::string PatchLines(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences) {
+  std::string lines;
+  for (const Difference& difference : differences)
+    AppendPatchLines(lines, difference.offset, RegionOf(oldBytes, difference),
+                     RegionOf(newBytes, difference));
+  if (!lines.empty()) lines.pop_back();
+  return lines;
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,78 @@
+#include "patch/patch_apply.h"
+
+#include <algorithm>
+
+#include "patch/patch_document.h"
+#include "patch/sheet.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t longestText = 100;
+
+// Takes the first line off a text, without its end.
+std::string_view TakeLine(std::string_view& text) {
+  const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+  const std::string_view line = text.substr(0, end);
+  text.remove_prefix(end);
+  text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, text.size()));
+  return line;
+}
+
+bool LiesWithin(const Change& change, const Fullflash& image) {
+  return change.offset <= std::ssize(image.ff()) - change.Size();
+}
+
+CheckedChange CheckOne(const Change& change, const Sheet& now, const Sheet& afterAll) {
+  if (now.Holds(change.offset, change.newBytes) || now.Equals(afterAll, change.offset, change.Size()))
+    return {Fit::Applied, {}};
+  if (now.Holds(change.offset, change.oldBytes)) return {Fit::Fine, {}};
+  return {Fit::Mismatch, now.Copy(change.offset, change.Size())};
+}
+
+}  // namespace
+
+ReadPatch ReadPatchText(std::string_view text) {
+  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+  ReadPatch patch;
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::string_view line = TakeLine(text);
+    PatchLine read = ReadPatchLine(line);
+    if (read.kind == PatchLine::Kind::Change)
+      patch.changes.push_back(
+          {number, {Offset{read.address}, std::move(read.oldBytes), std::move(read.newBytes)}});
+    else if (read.kind == PatchLine::Kind::Invalid)
+      patch.invalid.push_back({number, std::string(line.substr(0, longestText))});
+  }
+  return patch;
+}
+
+std::size_t PatchCheck::Count(Fit fit) const {
+  return static_cast<std::size_t>(std::ranges::count(changes, fit, &CheckedChange::fit));
+}
+
+std::vector<Change> PatchCheck::ToWrite(std::span<const PatchChange> patch) const {
+  std::vector<Change> wanted;
+  for (std::size_t i = 0; i < std::min(patch.size(), changes.size()); ++i)
+    if (changes[i].fit == Fit::Fine) wanted.push_back(patch[i].change);
+  return wanted;
+}
+
+PatchCheck CheckPatch(std::span<const PatchChange> patch, const Fullflash& image) {
+  Sheet now(image.ff());
+  Sheet afterAll(image.ff());
+  for (const PatchChange& each : patch)
+    if (LiesWithin(each.change, image)) afterAll.Write(each.change.offset, each.change.newBytes);
+  PatchCheck check;
+  check.changes.reserve(patch.size());
+  for (const PatchChange& each : patch) {
+    const Change& change = each.change;
+    check.changes.push_back(LiesWithin(change, image) ? CheckOne(change, now, afterAll)
+                                                      : CheckedChange{Fit::Outside, {}});
+    if (check.changes.back().fit == Fit::Fine) now.Write(change.offset, change.newBytes);
+  }
+  return check;
+}
+
+}  // namespace tarvelo

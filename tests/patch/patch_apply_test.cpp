@@ -1,0 +1,134 @@
+#include "patch/patch_apply.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace tarvelo {
+namespace {
+
+using Values = std::vector<std::uint8_t>;
+
+TEST(ReadPatchText, NumbersTheLinesWhateverTheirEnds) {
+  const ReadPatch patch = ReadPatchText(
+      "\xEF\xBB\xBF;comment\r\n\r\n10: 00 01\n20: 00 02 ;\xD1\x82\rrubbish\n\r\n 30: 00 01\n40: 0000 0A0B");
+  ASSERT_EQ(patch.changes.size(), 3u);
+  EXPECT_EQ(patch.changes[0].line, 3u);
+  EXPECT_EQ(patch.changes[0].change, (Change{0x10, {0}, {1}}));
+  EXPECT_EQ(patch.changes[1].line, 4u);
+  EXPECT_EQ(patch.changes[2].line, 8u);
+  EXPECT_EQ(patch.changes[2].change, (Change{0x40, {0, 0}, {0xA, 0xB}}));
+  ASSERT_EQ(patch.invalid.size(), 2u);
+  EXPECT_EQ(patch.invalid[0].line, 5u);
+  EXPECT_EQ(patch.invalid[0].text, "rubbish");
+  EXPECT_EQ(patch.invalid[1].line, 7u);
+  EXPECT_EQ(patch.invalid[1].text, " 30: 00 01");
+}
+
+TEST(ReadPatchText, SurvivesWhatIsNoPatch) {
+  EXPECT_TRUE(ReadPatchText("").changes.empty());
+  EXPECT_TRUE(ReadPatchText("\xEF\xBB\xBF").invalid.empty());
+  EXPECT_TRUE(ReadPatchText("\r\r\n\n").invalid.empty());
+  const ReadPatch zeros = ReadPatchText(std::string(100000, '\0'));
+  ASSERT_EQ(zeros.invalid.size(), 1u);
+  EXPECT_EQ(zeros.invalid[0].text.size(), 100u);
+  EXPECT_EQ(ReadPatchText("0: " + std::string(200000, '1') + " " + std::string(200000, '2')).changes.size(),
+            1u);
+  EXPECT_EQ(ReadPatchText(std::string("\xFF\xFE"
+                                      "1\0:\0\n\0",
+                                      8))
+                .invalid.size(),
+            2u);  // UTF-16
+}
+
+// The fits of a patch, a letter a change, on an image of these bytes followed by zeros; then its bytes
+// once the fine ones were written.
+std::string FitsOf(const std::string& text, const Values& bytes, Values* written = nullptr) {
+  Values values = bytes;
+  values.resize(0x3000);
+  Fullflash image{Bytes(values)};
+  const ReadPatch patch = ReadPatchText(text);
+  const PatchCheck check = CheckPatch(patch.changes, image);
+  std::string fits;
+  for (const CheckedChange& each : check.changes) fits += "FAMO"[static_cast<int>(each.fit)];
+  ImageEdits().Write(image, check.ToWrite(patch.changes));
+  if (written) written->assign(image.ff().begin(), image.ff().begin() + std::ssize(bytes));
+  return fits;
+}
+
+TEST(CheckPatch, TellsHowEachChangeFits) {
+  struct Case {
+    const char* text;
+    Values bytes;
+    const char* fits;
+    Values written;
+  };
+  const Case cases[] = {
+      {"0: 0102 0304\n2: 05 06", {1, 2, 6, 7}, "FA", {3, 4, 6, 7}},
+      {"0: 0102 0304", {1, 3}, "M", {1, 3}},
+      {"0: 01 01", {1}, "A", {1}},  // nothing is to be done
+      {"2FFF: 00 01\n2FFF: 0000 0101\n3000: 00 01\nFFFFFFFF: 00 01", {0}, "FOOO", {0}},
+      // One after another over the same bytes: not applied, half applied, applied.
+      {"0: 01 02\n0: 02 03", {1}, "FF", {3}},
+      {"0: 01 02\n0: 02 03", {2}, "AF", {3}},
+      {"0: 01 02\n0: 02 03", {3}, "AA", {3}},
+      {"0: 01 02\n0: 02 03", {4}, "MM", {4}},
+      {"0: 01 02\n0: 01 03", {1}, "FM", {2}},  // they contradict each other
+      {"0: 01 02\n0: 01 02", {1}, "FA", {2}},  // twice the same
+      {"0: 01 02\n0: 02 01", {1}, "AA", {1}},  // there and back
+      {"0: 0101 0202\n1: 0203 0404", {1, 1, 3}, "FF", {2, 4, 4}},
+      {"0: 0101 0202\n1: 0203 0404", {2, 4, 4}, "AA", {2, 4, 4}},
+      // The second one's bytes stand there only until the first is made.
+      {"0: 0000 0101\n0: 01 00", {0, 0}, "FF", {0, 1}},
+  };
+  for (const Case& each : cases) {
+    Values written;
+    EXPECT_EQ(FitsOf(each.text, each.bytes, &written), each.fits) << each.text;
+    EXPECT_EQ(written, each.written) << each.text;
+  }
+}
+
+TEST(CheckPatch, TellsWhatWasFound) {
+  Values values(0x3000);
+  values[0xFFF] = 7;
+  values[0x1000] = 8;
+  const Fullflash image{Bytes(values)};
+  const PatchCheck check = CheckPatch(ReadPatchText("1000: 08 09\nFFF: 0101 0202").changes, image);
+  EXPECT_EQ(check.changes[1].found, (Values{7, 9}));  // as the first change leaves them
+  EXPECT_FALSE(check.Fits());
+  EXPECT_FALSE(check.CarriesAll());
+  EXPECT_FALSE(CheckPatch({}, image).CarriesAll());
+}
+
+// Any patch whose changes all fit leaves what it would write line by line, and is then carried.
+TEST(CheckPatch, AgreesWithWritingLineByLine) {
+  std::mt19937 random(5);
+  int fitting = 0;
+  for (int i = 0; i < 20000; ++i) {
+    std::string text;
+    Values expected(6);
+    for (int line = 0; line < 3; ++line) {
+      Change change{static_cast<Offset>(random() % 4), {}, {}};
+      text += std::to_string(change.offset) + ": ";
+      const std::size_t size = 1 + random() % 2;
+      for (std::size_t k = 0; k < size; ++k) text += random() % 3 ? "00" : "01";
+      text += " ";
+      for (std::size_t k = 0; k < size; ++k) {
+        const bool one = random() % 2;
+        text += one ? "01" : "00";
+        expected[static_cast<std::size_t>(change.offset) + k] = one;
+      }
+      text += "\n";
+    }
+    Values written;
+    if (FitsOf(text, Values(6), &written).find('M') != std::string::npos) continue;
+    ++fitting;
+    ASSERT_EQ(written, expected) << text;
+    ASSERT_EQ(FitsOf(text, written), "AAA") << text;
+  }
+  EXPECT_GT(fitting, 1000);
+}
+
+}  // namespace
+}  // namespace tarvelo
