@@ -58,6 +58,7 @@ void Parse(std::vector<std::string> arguments, Context& context) {
   AddList(app, context);
   AddExport(app, context);
   AddFind(app, context);
+  AddMap(app, context);
   AddDecode(app, context);
   AddEncode(app, context);
   AddAddress(app, context);

@@ -63,5 +63,6 @@ void AddDemo(CLI::App& app, Context& context);
 void AddList(CLI::App& app, Context& context);
 void AddExport(CLI::App& app, Context& context);
 void AddFind(CLI::App& app, Context& context);
+void AddMap(CLI::App& app, Context& context);
 
 }  // namespace tarvelo::cli

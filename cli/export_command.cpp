@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
 
@@ -6,6 +7,7 @@
 #include "cli/context.h"
 #include "core/identification.h"
 #include "core/notation.h"
+#include "eeprom/block_files.h"
 #include "media/picture_files.h"
 #include "media/picture_search.h"
 #include "media/ringtone_files.h"
@@ -19,6 +21,8 @@ struct ExportArguments {
   std::string folder;
   std::optional<std::string> number;
   std::string format;
+  bool deleted = false;  // of EEPROM blocks
+  bool json = false;     // likewise
 };
 
 // Where the files go: the folder that was named, else one beside the dump.
@@ -72,17 +76,55 @@ void ExportRingtones(const ExportArguments& arguments, Context& context) {
   if (!found) context.status = nothingFound;
 }
 
+void PrintBlock(const EepromBlockRecord& block, const std::filesystem::path& file, bool asJson,
+                std::ostream& out) {
+  const std::string path = Printable(PathText(file));
+  if (!asJson) {
+    out << path << '\n';
+    return;
+  }
+  const nlohmann::ordered_json object{{"number", block.Number},    {"deleted", block.IsDeleted()},
+                                      {"header", block.HeaderPos}, {"offset", block.DataOffset},
+                                      {"size", block.Size},        {"path", path}};
+  out << object.dump() << '\n';
+}
+
+void ExportEeprom(const ExportArguments& arguments, Context& context) try {
+  std::optional<int> number;
+  if (arguments.number) number = ParseDecimal("--number", *arguments.number);
+  Fullflash image = OpenDump(arguments.file, context);
+  const Identification info = Identify(image);
+  const BlockStore store = GetEE(image, info.Model, context.progress);
+  const std::filesystem::path folder = Folder(arguments, "EEPROM");
+  const std::string stem = PathText(PathOf(arguments.file).stem());
+  const auto blocks = BlocksToSave(store, arguments.deleted, number);
+  for (const EepromBlockRecord* block : blocks) {
+    const auto file = SaveBlock(image, store, *block, folder, stem);
+    if (file)
+      PrintBlock(*block, *file, arguments.json, context.out);
+    else
+      context.err << "block " << block->Number << " has no data in the image\n";
+  }
+  if (blocks.empty()) context.status = nothingFound;
+} catch (const std::length_error& fault) {
+  throw ScanFault(arguments.file, fault.what());
+}
+
 // What all kinds of export have in common.
-void AddKind(CLI::App& command, Context& context, const char* kind, const char* description,
-             const std::vector<std::string>& formats,
-             void (*run)(const ExportArguments& arguments, Context& context)) {
+using Exporter = void (*)(const ExportArguments& arguments, Context& context);
+
+std::shared_ptr<ExportArguments> AddKind(CLI::App& command, Context& context, const char* kind,
+                                         const char* description, const std::vector<std::string>& formats,
+                                         Exporter run) {
   auto arguments = std::make_shared<ExportArguments>();
   CLI::App* added = command.add_subcommand(kind, description);
   added->add_option("FILE", arguments->file, "Dump")->required();
   added->add_option("--to", arguments->folder, "Folder, by default one beside the dump");
   added->add_option("--number", arguments->number, "Only the one of this number");
-  added->add_option("--format", arguments->format, "Format")->check(CLI::IsMember(formats));
+  if (!formats.empty())
+    added->add_option("--format", arguments->format, "Format")->check(CLI::IsMember(formats));
   added->callback([arguments, run, &context] { run(*arguments, context); });
+  return arguments;
 }
 
 }  // namespace
@@ -91,6 +133,11 @@ void AddExport(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("export", "Write what a dump holds to files");
   command->require_subcommand(1);
   command->fallthrough();
+  const auto eeprom =
+      AddKind(*command, context, "eeprom", "The data of the EEPROM blocks, into EEPROM", {}, ExportEeprom);
+  CLI::App* added = command->get_subcommand("eeprom");
+  added->add_flag("--deleted", eeprom->deleted, "Deleted blocks and older generations too");
+  added->add_flag("--json", eeprom->json, "One JSON object a file and line");
   AddKind(*command, context, "pictures", "The pictures, into BMP", {"bmp", "png"}, ExportPictures);
   AddKind(*command, context, "ringtones", "The ringtones, into MIDI", {"raw", "midi", "wav"},
           ExportRingtones);

@@ -112,19 +112,6 @@ std::string WithKey(std::string text, std::string_view section, std::string_view
   return text.insert(lines->end, entry + lineEnd);
 }
 
-// Written beside and put in place whole: a full disk leaves the old settings.
-void Replace(const std::filesystem::path& file, const std::string& text) {
-  std::filesystem::path fresh = file;
-  fresh += ".new";
-  try {
-    WriteFile(fresh, text);
-    std::filesystem::rename(fresh, file);
-  } catch (const std::exception&) {
-    std::error_code ignored;
-    std::filesystem::remove(fresh, ignored);
-  }
-}
-
 bool IsWriteProtected(const std::filesystem::path& file) {
   std::error_code error;
   const auto permissions = std::filesystem::status(file, error).permissions();
@@ -147,7 +134,12 @@ void WriteIni(const std::filesystem::path& file, const std::string& section, con
   const std::filesystem::path target = std::filesystem::weakly_canonical(file, error);
   const std::filesystem::path& real = error ? file : target;  // what a link leads to
   const std::optional<std::string> text = Load(real);
-  if (text && !IsWriteProtected(real)) Replace(real, WithKey(*text, section, key, value));
+  if (!text || IsWriteProtected(real)) return;
+  try {
+    ReplaceFile(real, WithKey(*text, section, key, value));
+  } catch (const FileError&) {
+    // The old settings stay.
+  }
 }
 
 std::vector<std::pair<std::string, std::string>> ReadIniSection(const std::filesystem::path& file,

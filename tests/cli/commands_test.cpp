@@ -197,6 +197,39 @@ TEST_F(CommandLine, ListsTheDemonstrationsBlocksAndPictures) {
   EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));
 }
 
+TEST_F(CommandLine, MapsDumps) {
+  const Result text = Call({"map", dump});
+  EXPECT_EQ(text.status, done);
+  EXPECT_EQ(text.out,
+            "Offset\tAddress\tSize\tWhat\tSure\n"
+            "000000\tF00000\t  458752\tunknown\t\n"
+            "070000\tF70000\t   65280\terased\tlikely\n"
+            "07FF00\tF7FF00\t     256\tfirmware header\tcertain\n"
+            "080000\tF80000\t  524288\tempty blocks\tcertain\n");
+  const Result json = Call({"map", "--json", dump});
+  EXPECT_EQ(json.out.substr(0, json.out.find('\n')),
+            "{\"offset\":0,\"address\":15728640,\"size\":458752,\"kind\":\"unknown\",\"number\":null,"
+            "\"source\":null,\"sure\":\"\"}");
+  ExpectDiagnosis(Call({"map", missing}), fileTrouble, missing);
+}
+
+TEST_F(CommandLine, ExportsTheDemonstrationsBlocks) {
+  const std::string demo = PathText(folder / "demo.bin");
+  ASSERT_EQ(Call({"demo", demo}).status, done);
+  const auto lines = [](const Result& result) { return std::ranges::count(result.out, '\n'); };
+  const Result one = Call({"export", "eeprom", demo, "--number", "5076"});
+  EXPECT_EQ(one.out, PathText(folder / "EEPROM" / "demo_5076.bin") + "\n");
+  EXPECT_EQ(ReadAll(folder / "EEPROM" / "demo_5076.bin").size(), 66u);
+  const std::string to = PathText(folder / "out");
+  const Result all = Call({"export", "eeprom", demo, "--deleted", "--number", "5076", "--to", to, "--json"});
+  EXPECT_EQ(lines(all), 3);
+  EXPECT_TRUE(all.out.starts_with("{\"number\":5076,\"deleted\":true,\"header\":7914204,")) << all.out;
+  EXPECT_GT(lines(Call({"export", "eeprom", demo, "--to", to})), 200);
+  EXPECT_EQ(Call({"export", "eeprom", demo, "--number", "5999"}).status, nothingFound);
+  EXPECT_EQ(Call({"export", "eeprom", demo, "--number", "0x10"}).status, wrongArguments);
+  EXPECT_EQ(Call({"export", "eeprom", demo, "--format", "bmp"}).status, wrongArguments);
+}
+
 TEST_F(CommandLine, FindsPatterns) {
   EXPECT_EQ(Call({"find", dump, "5349??4D,45 4e"}).out, "  1. 07FF80: 5349454D454E\n");
   EXPECT_EQ(Call({"find", dump, "--json", "43 35 35"}).out, "{\"offset\":524144,\"bytes\":\"433535\"}\n");
@@ -217,6 +250,8 @@ TEST_F(CommandLine, TooManyBlocksAreAFault) {
   const Result result = Call({"list", "eeprom", full});
   ExpectDiagnosis(result, scanFault, full);
   EXPECT_EQ(result.out, "");
+  ExpectDiagnosis(Call({"map", full}), scanFault, full);
+  ExpectDiagnosis(Call({"export", "eeprom", full}), scanFault, full);
 }
 
 TEST_F(CommandLine, WrongArgumentsEndWithTwoAndOneLine) {
