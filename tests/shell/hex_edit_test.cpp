@@ -188,6 +188,27 @@ TEST_F(HexEditDesk, MakesPatches) {
   main->Status().SetPanel(9, "");
 }
 
+// What was found before is no longer there; the panels show what they can of it.
+TEST_F(HexEditDesk, LeavesTheOtherPanelsAlive) {
+  for (const int panel : {EEPROM, Pictures, Ringtones, HexView}) Choose(panel);
+  const std::string figures = Status(4) + Status(6) + Status(7);
+  for (const char* byte : {"A5", "FF", "00"}) {
+    Choose(HexView);
+    main->Run(SelectBytes);
+    script.answer = byte;
+    main->Run(FillBytes);
+    for (const int panel : {EEPROM, Pictures, Ringtones}) {
+      Choose(panel);
+      main->Visible()->Window().Refresh();
+      main->Visible()->Window().Update();
+      Settle();
+    }
+    EXPECT_EQ(Status(4) + Status(6) + Status(7), figures);
+  }
+  script.TakeSaid();
+  EXPECT_EQ(BytesAt(place, 1), "00");
+}
+
 TEST_F(HexEditDesk, RefusesPatchesThatAreTooLong) {
   main->Run(SelectBytes);
   script.answer = "A5";
