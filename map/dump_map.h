@@ -15,7 +15,8 @@
 //
 // Text is at least 512 bytes of printable ASCII, tabs and line ends, with at most three zeros in a row; half
 // of it letters and blanks. Code, in page-mode images alone, is what is not otherwise known of a 4 KiB page
-// that has at least 8 far returns of the C166 (DB 00 at even offsets): chance gives one in 30 pages.
+// that has at least 8 far returns of the C166 (DB 00 at even offsets); by chance 30
+// pages together have one.
 #pragma once
 
 #include <cstdint>
