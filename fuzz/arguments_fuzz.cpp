@@ -30,31 +30,41 @@ std::vector<std::uint8_t> Dump() {
 // Where the command line runs: a folder inside the process's own, so that ".." leads nowhere else.
 class Desk {
  public:
-  Desk() {
-    std::filesystem::create_directories(folder_);
-    const std::vector<std::uint8_t> dump = Dump();
-    WriteAll(folder_ / "dump", TextOf(dump));
-    WriteAll(folder_ / "book", {"\x34\x12"
-                                "ABC\0DE",
-                                8});
-    WriteAll(folder_ / "empty", "");
-  }
+  Desk() { Fill(); }
 
   int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) const {
     std::filesystem::current_path(folder_);
     const int status = cli::Run(arguments, out, err);
     std::filesystem::current_path(home_);
     Clear();
+    // These can write over any file here.
+    if (Names(arguments, "diff") || Names(arguments, "apply")) Fill();
     return status;
   }
 
  private:
+  void Fill() const {
+    std::filesystem::create_directories(folder_);
+    static const std::vector<std::uint8_t> dump = Dump();
+    WriteAll(folder_ / "dump", TextOf(dump));
+    WriteAll(folder_ / "book", {"\x34\x12"
+                                "ABC\0DE",
+                                8});
+    WriteAll(folder_ / "empty", "");
+    WriteAll(folder_ / "patch", "0: FC01 0203\n800: 00 01\n10: 01 02\nrubbish\n");
+  }
+
+  static bool Names(const std::vector<std::string>& arguments, const char* command) {
+    return std::ranges::find(arguments, command) != arguments.end();
+  }
+
   // Takes away what a command wrote.
   void Clear() const {
     for (const auto& folder : {folder_, scratch_.Path()})
       for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         const std::filesystem::path name = entry.path().filename();
-        const bool isOurs = name == "dump" || name == "book" || name == "empty" || name == "desk";
+        const bool isOurs =
+            name == "dump" || name == "book" || name == "empty" || name == "patch" || name == "desk";
         if (!isOurs) std::filesystem::remove_all(entry.path());
       }
   }
