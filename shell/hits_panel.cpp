@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/calculator.h"
-#include "core/notation.h"
+#include "shell/hex_rows.h"
 #include "shell/info_panel.h"
 #include "shell/list_view.h"
 #include "shell/main.h"
@@ -21,16 +20,6 @@ constexpr std::size_t hitsAtOnce = 1024;        // between two looks at the Esca
 constexpr int bytesShown = 256;                 // of a hit, in the list
 
 const std::vector<std::string> captions{"N", "Offset", "Address", "Bytes"};
-
-// The text with this filling on its left, n characters in all if it is shorter.
-std::string Fill(char filling, const std::string& text, std::size_t n) {
-  return std::string(n - std::min(n, text.size()), filling) + text;
-}
-
-// All of an image's offsets have one length, so that they sort as numbers do.
-std::string OffsetOf(Offset hit, const Fullflash& image) {
-  return Fill('0', Hex(static_cast<std::uint32_t>(hit)), static_cast<std::size_t>(image.OffDigits()));
-}
 
 }  // namespace
 
@@ -123,21 +112,13 @@ std::optional<std::string> HitsPanel::HitsAsText() {
 Table::Row HitsPanel::RowOf(std::size_t number) const {
   const Fullflash& image = main_.Open().image;
   const Offset hit = found_.hits[number];
-  const std::size_t width = std::to_string(found_.hits.size()).size();
+  std::string place = std::to_string(number + 1);
+  place.insert(0, std::to_string(found_.hits.size()).size() - place.size(), ' ');
   std::string bytes;
   const int shown = std::min(found_.pattern.PatCount(), bytesShown);
   for (int k = 0; k < shown; ++k) bytes += image.ByteHex(hit + k);
   if (shown < found_.pattern.PatCount()) bytes += "...";
-  return {{Fill(' ', std::to_string(number + 1), width), OffsetOf(hit, image), AddressOf(hit), bytes}};
-}
-
-// The phone address: page and offset in it, resp. the linear one of a large image.
-std::string HitsPanel::AddressOf(Offset hit) const {
-  const Fullflash& image = main_.Open().image;
-  const Offset address = hit + image.CorrBase();
-  if (!image.PageMode()) return Fill('0', Hex(static_cast<std::uint32_t>(address)), 8);
-  const AddressFields fields = FromAddr(address, image.CorrBase());
-  return Fill('0', fields.Page, 3) + ":" + Fill('0', fields.Offs, 4);
+  return {{place, OffsetText(image, hit), AddressText(image, hit), bytes}};
 }
 
 std::optional<Offset> HitsPanel::Chosen() const {
@@ -169,7 +150,7 @@ void HitsPanel::OpenHit_Click() {
 }
 
 void HitsPanel::OffsetHit_Click() {
-  if (const auto hit = Chosen()) main_.Copy(OffsetOf(*hit, main_.Open().image));
+  if (const auto hit = Chosen()) main_.Copy(OffsetText(main_.Open().image, *hit));
 }
 
 }  // namespace tarvelo

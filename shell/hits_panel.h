@@ -52,7 +52,6 @@ class HitsPanel final : public Panel {
   [[nodiscard]] bool TextIsWanted() const;
   [[nodiscard]] std::optional<std::string> HitsAsText();
   [[nodiscard]] Table::Row RowOf(std::size_t number) const;
-  [[nodiscard]] std::string AddressOf(Offset hit) const;
   [[nodiscard]] std::optional<Offset> Chosen() const;
   [[nodiscard]] PanelCommands MakeCommands();
 

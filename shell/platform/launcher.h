@@ -20,10 +20,10 @@ class Launcher {
 
   // Starts a program in a normal window and returns its process id; 0 where it cannot be started, which
   // nobody is told.
-  virtual long shel(const std::string& commandLine) = 0;
+  virtual long shel(const std::string& commandLine);
 
   // Opens a file with the program that the system has for it. False where there is none.
-  virtual bool OpenWithSystem(const std::filesystem::path& file) = 0;
+  virtual bool OpenWithSystem(const std::filesystem::path& file);
 };
 
 [[nodiscard]] std::unique_ptr<Launcher> SystemLauncher();

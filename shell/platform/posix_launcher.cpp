@@ -1,12 +1,8 @@
-#include <wx/log.h>
-#include <wx/utils.h>
-
 #include <cstdlib>
 #include <sstream>
 
 #include "core/file.h"
 #include "shell/platform/launcher.h"
-#include "shell/strings.h"
 
 namespace tarvelo {
 namespace {
@@ -28,17 +24,6 @@ class PosixLauncher final : public Launcher {
          {"gnome-calculator", "kcalc", "mate-calc", "galculator", "qalculate-gtk", "xcalc"})
       if (IsInstalled(name)) return name;
     return {};
-  }
-
-  long shel(const std::string& commandLine) override {
-    if (commandLine.empty()) return 0;
-    const wxLogNull quiet;
-    return wxExecute(Wx(commandLine), wxEXEC_ASYNC);
-  }
-
-  bool OpenWithSystem(const std::filesystem::path& file) override {
-    const wxLogNull quiet;
-    return wxLaunchDefaultApplication(WxPath(file));
   }
 };
 

@@ -27,17 +27,6 @@ class WindowsLauncher final : public Launcher {
     if (!wxGetEnv("windir", &windows)) return {};
     return Utf8(windows) + "\\System32\\Calc.exe";
   }
-
-  long shel(const std::string& commandLine) override {
-    if (commandLine.empty()) return 0;
-    const wxLogNull quiet;
-    return wxExecute(Wx(commandLine), wxEXEC_ASYNC);
-  }
-
-  bool OpenWithSystem(const std::filesystem::path& file) override {
-    const wxLogNull quiet;
-    return wxLaunchDefaultApplication(WxPath(file));
-  }
 };
 
 }  // namespace
