@@ -30,20 +30,17 @@ struct Pair {
   Fullflash other;
   Comparison comparison;
 
-  // A phone address as a number of 32 bits without sign.
-  [[nodiscard]] std::uint32_t Address(Offset offset) const {
-    return static_cast<std::uint32_t>(offset + one.CorrBase());
-  }
   [[nodiscard]] const char* Longer() const { return comparison.restOfOld > 0 ? "FILE" : "OTHER"; }
   [[nodiscard]] Offset Rest() const { return comparison.restOfOld + comparison.restOfNew; }
 };
 
 std::string Place(const Pair& pair, Offset offset, Offset size) {
-  return PatchAddress(offset) + "\t" + PatchAddress(pair.Address(offset)) + "\t" + std::to_string(size);
+  return PatchAddress(offset) + "\t" + PatchAddress(pair.one.PhoneAddress(offset)) + "\t" +
+         std::to_string(size);
 }
 
 Json PlaceJson(const Pair& pair, Offset offset, Offset size) {
-  return {{"offset", offset}, {"address", pair.Address(offset)}, {"length", size}};
+  return {{"offset", offset}, {"address", pair.one.PhoneAddress(offset)}, {"length", size}};
 }
 
 void PrintDifferences(const Pair& pair, bool json, std::ostream& out) {

@@ -22,7 +22,7 @@ Json NumberOrNull(std::int64_t value) { return value < 0 ? Json() : Json(value);
 void PrintJson(const DumpMap& map, const Fullflash& image, std::ostream& out) {
   for (const MapRegion& region : map.regions) {
     const Json object{{"offset", region.offset},
-                      {"address", AddressOf(region, image)},
+                      {"address", image.PhoneAddress(region.offset)},
                       {"size", region.size},
                       {"kind", KeyOf(region.kind)},
                       {"number", NumberOrNull(region.number)},

@@ -48,6 +48,10 @@ class Fullflash {
   // The base of all conversions: LoadBase(), but for a few models (identification.h).
   [[nodiscard]] std::int32_t CorrBase() const { return corrBase_; }
   void SetCorrBase(std::int32_t base) { corrBase_ = base; }
+  // The phone address of an offset, as a number without sign.
+  [[nodiscard]] std::uint32_t PhoneAddress(Offset a) const {
+    return static_cast<std::uint32_t>(a + corrBase_);
+  }
 
   // C166 phones: images of at most 16 MiB, with page pointers.
   [[nodiscard]] bool PageMode() const { return ffEnd() < BigLimit; }

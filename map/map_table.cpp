@@ -74,10 +74,6 @@ std::string WhatOf(const MapRegion& region) {
   return text.append(name.part);
 }
 
-std::uint32_t AddressOf(const MapRegion& region, const Fullflash& image) {
-  return static_cast<std::uint32_t>(region.offset + image.CorrBase());
-}
-
 std::string LabelOf(const DumpMap& map, Offset offset, Offset size) {
   constexpr std::size_t most = 3;
   std::set<std::string> told;
@@ -98,7 +94,7 @@ Table MapTable(const DumpMap& map, const Fullflash& image) {
   table.rows.reserve(map.regions.size());
   for (const MapRegion& region : map.regions)
     table.rows.push_back(
-        {{HexColumn(static_cast<std::uint32_t>(region.offset)), HexColumn(AddressOf(region, image)),
+        {{HexColumn(static_cast<std::uint32_t>(region.offset)), HexColumn(image.PhoneAddress(region.offset)),
           SizeColumn(region.size), WhatOf(region), std::string(KeyOf(region.sure))}});
   return table;
 }

@@ -17,9 +17,6 @@ namespace tarvelo {
 // What a region is: "EEPROM 5076", "picture 12", "erased".
 [[nodiscard]] std::string WhatOf(const MapRegion& region);
 
-// The phone address of a region's first byte.
-[[nodiscard]] std::uint32_t AddressOf(const MapRegion& region, const Fullflash& image);
-
 // What lies at `size` bytes from an offset on: the regions' names, each once, at most three and then
 // "...": "EEPROM 5076, erased". Empty outside the image.
 [[nodiscard]] std::string LabelOf(const DumpMap& map, Offset offset, Offset size = 1);

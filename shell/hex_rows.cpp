@@ -19,10 +19,6 @@ std::string Digits(std::uint32_t value, int count) {
   return text.size() < width ? std::string(width - text.size(), '0') + text : text;
 }
 
-std::uint32_t AddressOf(const Fullflash& image, Offset offset) {
-  return static_cast<std::uint32_t>(offset + image.CorrBase());
-}
-
 std::optional<Offset> Within(const Fullflash& image, Offset offset) {
   if (!image.IsOpen() || offset < 0 || offset > image.ffEnd()) return {};
   return offset;
@@ -66,7 +62,7 @@ std::string OffsetText(const Fullflash& image, Offset offset) {
 }
 
 std::string AddressText(const Fullflash& image, Offset offset) {
-  const std::uint32_t address = AddressOf(image, offset);
+  const std::uint32_t address = image.PhoneAddress(offset);
   if (!image.PageMode()) return Digits(address, 8);
   return Digits(address / pageSize, 3) + ":" + Digits(address % pageSize, 4);
 }

@@ -6,6 +6,8 @@
 #include <wx/sizer.h>
 
 #include "shell/calc166.h"
+#include "shell/compare_panel.h"
+#include "shell/dump_panel.h"
 #include "shell/eeprom_panel.h"
 #include "shell/hex_panel.h"
 #include "shell/hits_panel.h"
@@ -91,8 +93,10 @@ void Main::AddPanels() {
   AddPanel(std::make_unique<EepromPanel>(*this));
   AddPanel(std::make_unique<PicturesPanel>(*this));
   AddPanel(std::make_unique<RingtonesPanel>(*this));
+  AddPanel(std::make_unique<DumpPanel>(*this));
   add(hex_);
   add(hits_);
+  add(compare_);
   add(patch_);
 }
 

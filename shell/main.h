@@ -23,6 +23,7 @@
 namespace tarvelo {
 
 class Calc166;
+class ComparePanel;
 class HexPanel;
 class HitsPanel;
 class InfoPanel;
@@ -196,6 +197,7 @@ class Main final : public wxFrame {
   InfoPanel* info_ = nullptr;
   HexPanel* hex_ = nullptr;
   HitsPanel* hits_ = nullptr;
+  ComparePanel* compare_ = nullptr;
   PatchPanel* patch_ = nullptr;
   Calc166* calculator_ = nullptr;  // while it is open
   Panel* visible_ = nullptr;

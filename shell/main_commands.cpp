@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "core/summary.h"
+#include "shell/apply_patch.h"
 #include "shell/calc166.h"
+#include "shell/compare_panel.h"
 #include "shell/hex_panel.h"
 #include "shell/hits_panel.h"
 #include "shell/info_panel.h"
@@ -29,6 +31,8 @@ void Main::AddCommands() {
       {View, [this] { View_Click(); }},
       {Quillo, [this] { Quillo_Click(); }},
       {Search, [this] { hits_->Search_Click(); }},
+      {CompareWith, [this] { compare_->CompareWith_Click(); }},
+      {ApplyPatch, [this] { ApplyPatch_Click(*this); }},
       {Help, [this] { Help_Click(); }},
       {Calculator, [this] { tools_.Calculator(); }},
       {Calc166_Menu, [this] { Calc166_Menu_Click(); }},

@@ -17,17 +17,26 @@ constexpr MenuEntry fullflash[] = {
 };
 
 constexpr MenuEntry panels[] = {
-    {Info, 121, "Ctrl+1", true, wxITEM_CHECK},      {Menu, 131, "Ctrl+2", true, wxITEM_CHECK},
-    {EEPROM, 201, "Ctrl+3", true, wxITEM_CHECK},    {Langpack, 125, "Ctrl+4", true, wxITEM_CHECK},
-    {Pictures, 136, "Ctrl+5", true, wxITEM_CHECK},  {Ringtones, 139, "Ctrl+6", true, wxITEM_CHECK},
-    {Files, 89, "Ctrl+7", true, wxITEM_CHECK},      {Dump, 86, "Ctrl+8", true, wxITEM_CHECK},
-    {AddrBook, 182, "Ctrl+9", false, wxITEM_CHECK}, {MenuNone},
-    {HexView, 228, "Ctrl+H", true, wxITEM_CHECK},   {Hits, 229, "Ctrl+R", true, wxITEM_CHECK},
+    {Info, 121, "Ctrl+1", true, wxITEM_CHECK},
+    {Menu, 131, "Ctrl+2", true, wxITEM_CHECK},
+    {EEPROM, 201, "Ctrl+3", true, wxITEM_CHECK},
+    {Langpack, 125, "Ctrl+4", true, wxITEM_CHECK},
+    {Pictures, 136, "Ctrl+5", true, wxITEM_CHECK},
+    {Ringtones, 139, "Ctrl+6", true, wxITEM_CHECK},
+    {Files, 89, "Ctrl+7", true, wxITEM_CHECK},
+    {Dump, 86, "Ctrl+8", true, wxITEM_CHECK},
+    {AddrBook, 182, "Ctrl+9", false, wxITEM_CHECK},
+    {MenuNone},
+    {HexView, 228, "Ctrl+H", true, wxITEM_CHECK},
+    {Hits, 229, "Ctrl+R", true, wxITEM_CHECK},
+    {ComparePanelMenu, 286, "Ctrl+K", true, wxITEM_CHECK},
     {PatchMenu, 135, "Ctrl+0", true, wxITEM_CHECK},
 };
 
 constexpr MenuEntry tools[] = {
     {Search, 275, "Ctrl+Shift+F", true},
+    {CompareWith, 285, "Ctrl+Shift+K", true},
+    {ApplyPatch, 294, "Ctrl+Shift+A", true},
     {StFun, 186, "", true},
     {StPat, 187, "", true},
     {MenuNone},

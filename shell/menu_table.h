@@ -28,6 +28,7 @@ enum MenuId : int {
   Dump,
   AddrBook,
   HexView,
+  ComparePanelMenu,
   Hits,
   PatchMenu,
   Search,
@@ -36,6 +37,8 @@ enum MenuId : int {
   Calc166_Menu,
   Calculator,
   Quillo,
+  CompareWith,
+  ApplyPatch,
   FirstLanguage,  // the twelve, in the order of Languages()
   LastLanguage = FirstLanguage + 11,
   Help,
@@ -107,6 +110,28 @@ enum MenuId : int {
   FindPatch,
   FindMorePatch,
   SavePatchFile,
+
+  SaveBlockE,
+  SaveAllBlockE,
+  DeletedBlocksE,
+  LoadBlockE,
+  LoadAllBlockE,
+  BackupE,
+
+  LoadRing,
+  LoadAllRing,
+
+  OpenD,
+  OffsetD,
+  AddressD,
+  NextD,
+  PreviousD,
+
+  OpenDifference,
+  OffsetDifference,
+  NextDifference,
+  PreviousDifference,
+  DifferencesToPatch,
 };
 
 struct MenuEntry {

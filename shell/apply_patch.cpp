@@ -1,0 +1,7 @@
+#include "shell/apply_patch.h"
+
+namespace tarvelo {
+
+void ApplyPatch_Click(Main&) {}
+
+}  // namespace tarvelo
