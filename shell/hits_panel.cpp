@@ -16,7 +16,6 @@ namespace {
 constexpr std::size_t mostHits = 1000000;       // that are kept
 constexpr std::size_t mostUnasked = 2000;       // that are added to the information text without a question
 constexpr std::size_t longestText = 100000000;  // bytes that the information text can take
-constexpr std::size_t hitsAtOnce = 1024;        // between two looks at the Escape key
 constexpr int bytesShown = 256;                 // of a hit, in the list
 
 const std::vector<std::string> captions{"N", "Offset", "Address", "Bytes"};
@@ -62,19 +61,13 @@ void HitsPanel::Search_Click() {
   ListS_->Select(0);
 }
 
-// One at offset 0 ends the search before it has begun, as if there were none.
 HitsPanel::Found HitsPanel::FindHits(const std::string& pattern) {
   const Fullflash& image = main_.Open().image;
   Found found{Pattern(pattern), {}, false};
   const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(225)));
-  ProgressRun run(main_.Status(), 0, image.ffEnd());
-  for (Offset hit = found.pattern.FindPat(image, 0); hit >= 1; hit = found.pattern.FindPat(image, hit + 1)) {
-    found.cutOff = found.hits.size() == mostHits;
-    if (found.cutOff) break;
-    found.hits.push_back(hit);
-    run.At(hit);
-    if (found.hits.size() % hitsAtOnce == 0 && run.StopAsked()) break;
-  }
+  found.hits = FindAll(image, found.pattern, main_.Status(), mostHits + 1);
+  found.cutOff = found.hits.size() > mostHits;
+  if (found.cutOff) found.hits.pop_back();
   return found;
 }
 
