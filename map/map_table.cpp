@@ -44,9 +44,11 @@ bool IsRingtone(MapKind kind) {
   return kind == MapKind::RingtoneFile || kind == MapKind::RingtonePointer || kind == MapKind::Melody;
 }
 
-std::string HexColumn(std::uint32_t value) {
+// As many digits as the last value of the column has.
+std::string HexColumn(std::uint32_t value, std::uint32_t last) {
   const std::string digits = Hex(value);
-  return PadZero(digits, std::max<std::size_t>(6, digits.size()));
+  const std::size_t width = std::max({std::size_t{6}, Hex(last).size(), digits.size()});
+  return std::string(width - digits.size(), '0') + digits;
 }
 
 std::string SizeColumn(Offset size) {
@@ -89,13 +91,19 @@ std::string LabelOf(const DumpMap& map, Offset offset, Offset size) {
   return text;
 }
 
+std::vector<std::string> MapCaptions() { return {"Offset", "Address", "Size", "What", "Sure"}; }
+
+Table::Row MapRow(const MapRegion& region, const Fullflash& image) {
+  const Offset last = image.ffEnd();
+  return {{HexColumn(static_cast<std::uint32_t>(region.offset), static_cast<std::uint32_t>(last)),
+           HexColumn(image.PhoneAddress(region.offset), image.PhoneAddress(last)), SizeColumn(region.size),
+           WhatOf(region), std::string(KeyOf(region.sure))}};
+}
+
 Table MapTable(const DumpMap& map, const Fullflash& image) {
-  Table table{{"Offset", "Address", "Size", "What", "Sure"}, {}};
+  Table table{MapCaptions(), {}};
   table.rows.reserve(map.regions.size());
-  for (const MapRegion& region : map.regions)
-    table.rows.push_back(
-        {{HexColumn(static_cast<std::uint32_t>(region.offset)), HexColumn(image.PhoneAddress(region.offset)),
-          SizeColumn(region.size), WhatOf(region), std::string(KeyOf(region.sure))}});
+  for (const MapRegion& region : map.regions) table.rows.push_back(MapRow(region, image));
   return table;
 }
 

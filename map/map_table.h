@@ -21,8 +21,10 @@ namespace tarvelo {
 // "...": "EEPROM 5076, erased". Empty outside the image.
 [[nodiscard]] std::string LabelOf(const DumpMap& map, Offset offset, Offset size = 1);
 
-// The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal,
-// Size is decimal.
+// The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal
+// and as long in all rows, Size is decimal.
+[[nodiscard]] std::vector<std::string> MapCaptions();
+[[nodiscard]] Table::Row MapRow(const MapRegion& region, const Fullflash& image);
 [[nodiscard]] Table MapTable(const DumpMap& map, const Fullflash& image);
 
 }  // namespace tarvelo
