@@ -36,6 +36,8 @@ class ListView final : public wxPanel {
   // Rows are told by their index in the table, whatever the order and filter on the screen.
   // The current row; nothing when there is none.
   [[nodiscard]] std::optional<std::size_t> Selected() const;
+  // All selected rows, as they stand on the screen.
+  [[nodiscard]] std::vector<std::size_t> SelectedRows() const;
   // Makes a row the current one and scrolls to it; a filter that hides it is cleared. Calls onSelect.
   void Select(std::size_t row);
 

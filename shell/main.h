@@ -71,6 +71,11 @@ class Main final : public wxFrame {
   std::optional<ImageEdits::Region> UndoImage();
   std::optional<ImageEdits::Region> RedoImage();
 
+  // Asks for a dump with message n as the title. Nothing when the user cancels.
+  [[nodiscard]] std::optional<std::filesystem::path> AskForDump(int n, const std::filesystem::path& current);
+  // Reads a dump. Where it cannot be read or is empty, the user is told and there is nothing.
+  [[nodiscard]] std::optional<Fullflash> ReadDump(const std::filesystem::path& path);
+
   // Asks about unsaved patch data, if there is any. True means: stop.
   [[nodiscard]] bool WasChanged();
 

@@ -178,8 +178,12 @@ void Main::OpenNamed(const std::string& name) {
 
 void Main::OpenFF_Click() {
   if (WasChanged()) return;
-  const auto path = dialogs_->OpenFile(Msg(134), DumpFilter(), document_.path);
+  const auto path = AskForDump(134, document_.path);
   if (path) OpenF(*path);
+}
+
+std::optional<std::filesystem::path> Main::AskForDump(int n, const std::filesystem::path& current) {
+  return dialogs_->OpenFile(Msg(n), DumpFilter(), current);
 }
 
 void Main::OpenF(const std::filesystem::path& path) {
@@ -192,14 +196,20 @@ void Main::OpenF(const std::filesystem::path& path) {
   menus_->ShowRecent(recent_);
 }
 
+std::optional<Fullflash> Main::ReadDump(const std::filesystem::path& path) {
+  Fullflash image;
+  if (fOpenErr([&] { image = Fullflash::Load(path, *status_); })) return {};
+  if (image.IsOpen()) return image;
+  Complain(Msg(204) + "\n\n" + WxPath(path));
+  return {};
+}
+
 // Reads and identifies a dump and writes the summary. False where there is nothing to show.
 bool Main::GetInfo(const std::filesystem::path& path) {
+  auto image = ReadDump(path);
+  if (!image) return false;
   Document opened;
-  if (fOpenErr([&] { opened.image = Fullflash::Load(path, *status_); })) return false;
-  if (!opened.IsOpen()) {
-    Complain(Msg(204) + "\n\n" + WxPath(path));
-    return false;
-  }
+  opened.image = std::move(*image);
   opened.SetPath(path);
   opened.FileDir = path.parent_path();
   opened.info = Identify(opened.image);

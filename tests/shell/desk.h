@@ -30,6 +30,7 @@ struct Script {
   bool confirm = false;
   std::string answer;  // cancelled when it is empty
   std::optional<std::filesystem::path> file;
+  std::filesystem::path offered;  // when a file to open was asked for
 
   // The oldest of what was said; empty when nothing was.
   std::string TakeSaid() {
@@ -60,8 +61,9 @@ class ScriptedDialogs final : public Dialogs {
     return Wx(script_.answer);
   }
   std::optional<std::filesystem::path> OpenFile(const wxString&, const wxString& filter,
-                                                const std::filesystem::path&) override {
+                                                const std::filesystem::path& current) override {
     script_.said.push_back("open " + Utf8(filter));
+    script_.offered = current;
     return script_.file;
   }
   std::optional<std::filesystem::path> SaveFile(const wxString&, const wxString&,
