@@ -5,6 +5,7 @@
 #include <wx/dnd.h>
 #include <wx/sizer.h>
 
+#include "shell/apply_patch.h"
 #include "shell/calc166.h"
 #include "shell/compare_panel.h"
 #include "shell/dump_panel.h"
@@ -25,14 +26,20 @@
 namespace tarvelo {
 namespace {
 
-// A dump that is dropped is opened when the drop is over: the program it came from waits until then.
+// A file that is dropped is opened when the drop is over: the program it came from waits until then. A
+// patch is applied to the open dump.
 class DumpDrop final : public wxFileDropTarget {
  public:
   explicit DumpDrop(Main& main) : main_(main) {}
 
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
     if (files.empty()) return false;
-    main_.CallAfter([&main = main_, path = PathFrom(files[0])] { main.OpenChosen(path); });
+    main_.CallAfter([&main = main_, path = PathFrom(files[0])] {
+      if (main.Open().IsOpen() && IsPatchFile(path))
+        ApplyPatchFile(main, path);
+      else
+        main.OpenChosen(path);
+    });
     return true;
   }
 

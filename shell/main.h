@@ -109,6 +109,7 @@ class Main final : public wxFrame {
   [[nodiscard]] StatusBar& Status() { return *status_; }
   [[nodiscard]] Beeper& Sound() { return *beeper_; }
   [[nodiscard]] Launcher& Programs() { return *launcher_; }
+  [[nodiscard]] Dialogs& Boxes() { return *dialogs_; }
   [[nodiscard]] InfoPanel& InfoText() { return *info_; }
   [[nodiscard]] PatchPanel& Patch() { return *patch_; }
   [[nodiscard]] HitsPanel& FoundHits() { return *hits_; }
@@ -143,7 +144,7 @@ class Main final : public wxFrame {
   // and the result is true.
   [[nodiscard]] bool fOpenErr(const std::function<void()>& access);
 
-  // Lets dumps be dropped on a window.
+  // Lets dumps and patch files be dropped on a window.
   void AcceptDrops(wxWindow& window);
 
   // --- languages and commands ---

@@ -14,6 +14,7 @@
 #include "demo/image_builder.h"
 #include "shell/info_panel.h"
 #include "shell/main.h"
+#include "shell/patch_misfits.h"
 #include "shell/strings.h"
 #include "shell/test_app.h"
 #include "temporary_folder.h"
@@ -31,6 +32,7 @@ struct Script {
   std::string answer;  // cancelled when it is empty
   std::optional<std::filesystem::path> file;
   std::filesystem::path offered;  // when a file to open was asked for
+  bool applyOthers = false;
 
   // The oldest of what was said; empty when nothing was.
   std::string TakeSaid() {
@@ -70,6 +72,12 @@ class ScriptedDialogs final : public Dialogs {
                                                 const std::filesystem::path& current) override {
     script_.said.push_back("save " + PathText(current.filename()));
     return script_.file;
+  }
+  bool ApplyOthers(const PatchMisfits& misfits) override {
+    Table lines{misfits.Captions(), {}};
+    for (std::size_t i = 0; i < misfits.Listed(); ++i) lines.rows.push_back(misfits.Row(i));
+    script_.said.push_back(misfits.Summary() + "\n" + TabSeparated(lines, "\n"));
+    return script_.applyOthers;
   }
 
  private:
