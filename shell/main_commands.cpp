@@ -1,7 +1,6 @@
 // The main window's commands: opening, saving, leaving, and what happens when one fails.
 #include <wx/clipbrd.h>
 #include <wx/menu.h>
-#include <wx/stdpaths.h>
 
 #include <utility>
 
@@ -16,6 +15,7 @@
 #include "shell/panel_commands.h"
 #include "shell/patch_panel.h"
 #include "shell/product.h"
+#include "shell/program_files.h"
 #include "shell/strings.h"
 #include "shell/window_place.h"
 #include "text/unicode.h"
@@ -328,8 +328,7 @@ void Main::Calc166_Menu_Click() {
 }
 
 void Main::Help_Click() {
-  const auto folder = PathFrom(wxStandardPaths::Get().GetExecutablePath()).parent_path();
-  const std::filesystem::path page = folder / PathFrom(Msg(103));
+  const std::filesystem::path page = DataFolder() / PathFrom(Msg(103));
   if (!FileExist(page)) return Complain(Wx(messages_.MsgS(48, PathText(page))));
   launcher_->OpenWithSystem(page);
 }
