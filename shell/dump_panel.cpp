@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "map/map_table.h"
+#include "shell/hex_rows.h"
 #include "shell/image_strip.h"
 #include "shell/list_view.h"
 #include "shell/main.h"
@@ -51,7 +52,9 @@ void DumpPanel::Bind() {
   ListD_->onActivate = [this](std::size_t) { main_.Run(OpenD); };
   ListD_->onContextMenu = [this] { main_.PopUpCommands(); };
   strip_->onClick = [this](Offset offset) { SelectAt(offset); };
-  strip_->describe = [this](Offset offset, Offset size) { return Wx(LabelOf(map_, offset, size)); };
+  strip_->describe = [this](Offset offset, Offset size) {
+    return Wx(OffsetText(main_.Open().image, offset) + ": " + LabelOf(map_, offset, size));
+  };
   legend_->onClick = [this](std::size_t group) {
     Step(1, [group](const MapRegion& region) { return GroupOf(region.kind) == group; });
   };

@@ -41,7 +41,9 @@ const MapGroup groups[] = {
     {"unknown", wxColour(0x94, 0x94, 0x94)},
 };
 
-constexpr int square = 12;  // device independent pixels
+// In device independent pixels.
+constexpr int square = 12;
+constexpr int narrowWidth = 800;
 
 wxBitmap Square(const wxColour& colour, int size) {
   wxBitmap bitmap(size, size);
@@ -90,11 +92,21 @@ const MapGroup& GroupAt(std::size_t group) { return groups[group]; }
 
 MapLegend::MapLegend(wxWindow* parent) : wxPanel(parent) {
   SetSizer(new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES));
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    if (IsNarrow() == narrow_) return;
+    CallAfter([this] {
+      Caption();
+      GetParent()->Layout();
+    });
+  });
 }
+
+bool MapLegend::IsNarrow() const { return GetParent()->GetSize().x < FromDIP(narrowWidth); }
 
 void MapLegend::SetHint(const wxString& hint) {
   hint_ = hint;
-  for (wxWindow* button : GetChildren()) button->SetToolTip(hint);
+  Caption();
 }
 
 void MapLegend::ShowSums(const DumpMap& map) {
@@ -104,23 +116,33 @@ void MapLegend::ShowSums(const DumpMap& map) {
     sums[GroupOf(region.kind)] += region.size;
     whole += region.size;
   }
+  entries_.clear();
   GetSizer()->Clear(true);
   for (std::size_t group = 0; group < sums.size(); ++group)
     if (sums[group] > 0) AddButton(group, sums[group], whole);
+  Caption();
 }
 
 void MapLegend::AddButton(std::size_t group, Offset size, Offset whole) {
-  const wxString label = wxString::Format("%s  %lld  %s", groups[group].name, static_cast<long long>(size),
-                                          Percent(size, whole));
-  auto* button = new wxButton(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize,
+  auto* button = new wxButton(this, wxID_ANY, groups[group].name, wxDefaultPosition, wxDefaultSize,
                               wxBORDER_NONE | wxBU_EXACTFIT | wxBU_LEFT);
   button->SetBitmap(Square(groups[group].colour, FromDIP(square)));
   button->SetBitmapMargins(FromDIP(4), 0);
-  button->SetToolTip(hint_);
   button->Bind(wxEVT_BUTTON, [this, group](wxCommandEvent&) {
     if (onClick) onClick(group);
   });
   GetSizer()->Add(button, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, FromDIP(10));
+  entries_.push_back({button, groups[group].name, wxString::Format("%lld", static_cast<long long>(size)),
+                      Percent(size, whole)});
+}
+
+void MapLegend::Caption() {
+  narrow_ = IsNarrow();
+  for (const Entry& entry : entries_) {
+    const wxString full = entry.name + "  " + entry.size + "  " + entry.percent;
+    entry.button->SetLabel(narrow_ ? entry.name + "  " + entry.percent : full);
+    entry.button->SetToolTip(full + "\n" + hint_);
+  }
 }
 
 }  // namespace tarvelo

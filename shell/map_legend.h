@@ -5,8 +5,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <vector>
 
 #include "map/dump_map.h"
+
+class wxButton;
 
 namespace tarvelo {
 
@@ -18,7 +21,8 @@ struct MapGroup {
 [[nodiscard]] std::size_t GroupOf(MapKind kind);
 [[nodiscard]] const MapGroup& GroupAt(std::size_t group);
 
-// A button for each group that the image has, in as many lines as they need.
+// A button for each group that the image has, in as many lines as they need. Where there is little room the
+// sizes in bytes are left to the tooltips.
 class MapLegend final : public wxPanel {
  public:
   explicit MapLegend(wxWindow* parent);
@@ -30,9 +34,20 @@ class MapLegend final : public wxPanel {
   std::function<void(std::size_t group)> onClick;
 
  private:
-  void AddButton(std::size_t group, Offset size, Offset whole);
+  struct Entry {
+    wxButton* button;
+    wxString name;
+    wxString size;
+    wxString percent;
+  };
 
+  void AddButton(std::size_t group, Offset size, Offset whole);
+  [[nodiscard]] bool IsNarrow() const;
+  void Caption();
+
+  std::vector<Entry> entries_;
   wxString hint_;
+  bool narrow_ = false;
 };
 
 }  // namespace tarvelo
