@@ -18,10 +18,15 @@ std::string Cause(std::string_view otherwise) {
   return errno != 0 ? std::strerror(errno) : std::string(otherwise);
 }
 
+constexpr auto forWriting = FileError::Purpose::Write;
+
 }  // namespace
 
-FileError::FileError(Kind kind, const fs::path& path, std::string_view cause)
-    : std::runtime_error(PathText(path).append(": ").append(cause)), kind_(kind), path_(path) {}
+FileError::FileError(Kind kind, const fs::path& path, std::string_view cause, Purpose purpose)
+    : std::runtime_error(PathText(path).append(": ").append(cause)),
+      kind_(kind),
+      purpose_(purpose),
+      path_(path) {}
 
 FileReader::FileReader(const fs::path& path, std::uint64_t limit) : path_(path) {
   std::error_code error;
@@ -64,10 +69,10 @@ void WriteFile(const fs::path& path, std::span<const std::uint8_t> data, Progres
   std::error_code status;
   const fs::file_type type = fs::status(path, status).type();
   if (type != fs::file_type::regular && type != fs::file_type::not_found)
-    throw FileError(FileError::Kind::CantOpen, path, "it is not a file");
+    throw FileError(FileError::Kind::CantOpen, path, "it is not a file", forWriting);
   errno = 0;
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!file) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+  if (!file) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"), forWriting);
   ProgressRun run(progress, 0, static_cast<std::int64_t>(data.size()));
   for (std::size_t done = 0; done < data.size() && file;) {
     const std::size_t part = std::min(blockSize, data.size() - done);
@@ -80,7 +85,7 @@ void WriteFile(const fs::path& path, std::span<const std::uint8_t> data, Progres
     const std::string cause = Cause("it can't be written");
     std::error_code ignored;
     fs::remove(path, ignored);
-    throw FileError(FileError::Kind::CantWrite, path, cause);
+    throw FileError(FileError::Kind::CantWrite, path, cause, forWriting);
   }
 }
 
@@ -94,32 +99,33 @@ void ReplaceFile(const fs::path& path, std::string_view text) {
   errno = 0;
   // A file that may not be written to is not to be replaced either.
   if (fs::exists(path, error) && !std::fstream(path))
-    throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+    throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"), forWriting);
   fs::path beside = path;
   beside += ".tmp";
   try {
     WriteFile(beside, text);
   } catch (const FileError& failure) {
-    throw FileError(failure.Reason(), path, failure.what());
+    throw FileError(failure.Reason(), path, failure.what(), forWriting);
   }
   fs::rename(beside, path, error);
   if (!error) return;
   const std::string cause = error.message();
   fs::remove(beside, error);
-  throw FileError(FileError::Kind::CantWrite, path, cause);
+  throw FileError(FileError::Kind::CantWrite, path, cause, forWriting);
 }
 
 void MakeFolder(const fs::path& path) {
   std::error_code error;
   fs::create_directories(path, error);
   if (!DirExist(path))
-    throw FileError(FileError::Kind::CantWrite, path, error ? error.message() : "it is no folder");
+    throw FileError(FileError::Kind::CantWrite, path, error ? error.message() : "it is no folder",
+                    forWriting);
 }
 
 void RemoveFile(const fs::path& path) {
   std::error_code error;
   fs::remove(path, error);
-  if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
+  if (error) throw FileError(FileError::Kind::CantOpen, path, error.message(), forWriting);
 }
 
 bool FileExist(const fs::path& path) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "shell/platform/accessible_name.h"
 #include "shell/platform/list_keys.h"
 #include "shell/strings.h"
 #include "text/unicode.h"
@@ -250,6 +251,9 @@ void ListView::CopyRows() const {
   if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
 }
 
-void ListView::SetFilterHint(const wxString& hint) { filterLine_->SetDescriptiveText(hint); }
+void ListView::SetFilterHint(const wxString& hint) {
+  filterLine_->SetDescriptiveText(hint);
+  platform::SetAccessibleName(*filterLine_, hint);
+}
 
 }  // namespace tarvelo

@@ -39,6 +39,7 @@ struct Surroundings {
   std::unique_ptr<Beeper> beeper = SystemBeeper();
   std::unique_ptr<Launcher> launcher = SystemLauncher();
   std::unique_ptr<Dialogs> dialogs = nullptr;  // none: the real ones
+  std::filesystem::path documents = {};        // empty: the user's own folder
 };
 
 class Main final : public wxFrame {
@@ -107,6 +108,9 @@ class Main final : public wxFrame {
   [[nodiscard]] const Messages& Texts() const { return messages_; }
   [[nodiscard]] const Settings& Stored() const { return settings_; }
   [[nodiscard]] StatusBar& Status() { return *status_; }
+  // The files opened last, and the folder for what the user has not chosen a place for.
+  [[nodiscard]] const RecentFiles& Recent() const { return recent_; }
+  [[nodiscard]] std::filesystem::path Documents() const;
   [[nodiscard]] Beeper& Sound() { return *beeper_; }
   [[nodiscard]] Launcher& Programs() { return *launcher_; }
   [[nodiscard]] Dialogs& Boxes() { return *dialogs_; }
@@ -163,6 +167,7 @@ class Main final : public wxFrame {
  private:
   using Command = std::function<void()>;
 
+  void DoGiveHelp(const wxString& help, bool show) override;
   void AddCommands();
   void TellFileError(const FileError& error);
   void TellFault(const wxString& command, const std::string& cause);
@@ -197,6 +202,7 @@ class Main final : public wxFrame {
   std::unique_ptr<Launcher> launcher_;
   std::unique_ptr<Dialogs> dialogs_;
   ExternalTools tools_;
+  std::filesystem::path documents_;
   Document document_;
   RecentFiles recent_;
   std::map<int, Command> commands_;

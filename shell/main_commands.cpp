@@ -85,7 +85,10 @@ void Main::TellFileError(const FileError& error) {
   int text = 80;
   if (error.Reason() == FileError::Kind::TooLarge) text = 205;
   if (error.Reason() == FileError::Kind::CantWrite) text = 206;
-  Complain(Msg(text) + "\n\n" + WxPath(error.Path()));
+  const int advice = error.OpenedTo() == FileError::Purpose::Write ? 318 : 317;
+  wxString told = Msg(text) + "\n\n" + WxPath(error.Path());
+  if (error.Reason() != FileError::Kind::TooLarge) told += "\n\n" + Msg(advice);
+  Complain(told);
 }
 
 bool Main::fOpenErr(const std::function<void()>& access) try {
@@ -154,6 +157,10 @@ void Main::ShowHex(Offset start, Offset size) {
 }
 
 wxString Main::DumpFilter() const { return Msg(111) + " (*.bin,*.fls)|*.bin;*.fls|" + Msg(114) + "|*.*"; }
+
+std::filesystem::path Main::Documents() const {
+  return documents_.empty() ? PathFrom(wxStandardPaths::Get().GetDocumentsDir()) : documents_;
+}
 
 bool Main::WasChanged() {
   if (status_->Panel(StatusBar::patchPanel).empty()) return false;

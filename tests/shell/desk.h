@@ -123,6 +123,7 @@ class Desk : public testing::Test {
  protected:
   Desk() {
     Settings(SettingsFile()).SetIni("General", "Language", "EN");
+    std::filesystem::create_directory(folder / "documents");
     StartProgram();
   }
   ~Desk() override {
@@ -132,7 +133,8 @@ class Desk : public testing::Test {
 
   void StartProgram() {
     main = new Main({Settings(SettingsFile()), std::make_unique<RecordingBeeper>(script),
-                     std::make_unique<RecordingLauncher>(script), std::make_unique<ScriptedDialogs>(script)});
+                     std::make_unique<RecordingLauncher>(script), std::make_unique<ScriptedDialogs>(script),
+                     folder / "documents"});
     main->Show();
     Settle();
   }
@@ -156,6 +158,10 @@ class Desk : public testing::Test {
     main->ProcessCommand(id);
     Settle();
   }
+
+  // What follows the path where a file could not be read, resp. written.
+  [[nodiscard]] static std::string ReadAdvice() { return "\n\n" + std::string(Messages().Msg(317)); }
+  [[nodiscard]] static std::string WriteAdvice() { return "\n\n" + std::string(Messages().Msg(318)); }
 
   // Drops a file on the window. It is opened when the drop is over, not before.
   void Drop(const std::filesystem::path& file) {

@@ -71,7 +71,7 @@ TEST_F(PatchDesk, FailedWriteKeepsTheMarkAndTheOldFile) {
   MakeFolder(folder / "phone.qpt.tmp");
   script.said.clear();
   main->Run(SavePatchFile);
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(File()));
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
   EXPECT_EQ(Status(9), "P");
   EXPECT_EQ(ReadAll(File()), saved);
 }
@@ -147,7 +147,7 @@ TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
   Panel().AddPatch("two", "10: 00 01", false);
   MakeFolder(folder / "phone.qpt.tmp");
   Choose(Quillo);
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(File()));
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
   EXPECT_EQ(script.started.size(), 2u);  // not started with what is old
 }
 
