@@ -4,7 +4,6 @@
 #include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/wrapsizer.h>
 
 #include "resources/messages.h"
 #include "shell/list_view.h"
@@ -18,6 +17,7 @@ PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, c
     : wxDialog(parent, wxID_ANY, wxString(productName) + " - " + Wx(messages.Msg(294)), wxDefaultPosition,
                wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       list_(new ListView(this)) {
+  list_->SetMinSize(FromDIP(wxSize(300, 140)));
   list_->SetFilterHint(Wx(messages.Msg(221)));
   list_->SetRows(misfits.Captions(), misfits.Listed(), [&misfits](std::size_t i) { return misfits.Row(i); });
   const int gap = FromDIP(8);
@@ -25,7 +25,7 @@ PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, c
   column->Add(new wxStaticText(this, wxID_ANY, Wx(misfits.Summary())), 0, wxEXPAND | wxALL, gap);
   column->Add(list_, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
   column->Add(MakeButtons(messages, misfits.Fitting() > 0), 0, wxEXPAND | wxALL, gap);
-  SetSizer(column);
+  SetSizerAndFit(column);  // smaller it cannot be made
   FitScreen();
 }
 
@@ -36,16 +36,16 @@ wxSizer* PatchCheckDialog::MakeButtons(const Messages& messages, bool canApply) 
   SetEscapeId(wxID_CANCEL);
   leave->SetDefault();
   leave->SetFocus();
-  auto* row = new wxWrapSizer(wxHORIZONTAL);
-  row->Add(apply, 0, wxRIGHT | wxBOTTOM, FromDIP(8));
-  row->Add(leave, 0, wxBOTTOM, FromDIP(8));
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  row->AddStretchSpacer();
+  row->Add(apply);
+  row->Add(leave, 0, wxLEFT, FromDIP(8));
   return row;
 }
 
 void PatchCheckDialog::FitScreen() {
-  SetMinSize(FromDIP(wxSize(360, 260)));
   const wxSize screen = wxDisplay(GetParent() ? GetParent() : this).GetClientArea().GetSize();
-  wxSize size = FromDIP(wxSize(860, 440));
+  wxSize size = FromDIP(wxSize(960, 480));
   size.DecTo(screen - FromDIP(wxSize(40, 60)));  // its frame too is to be seen
   SetSize(size);
   CentreOnParent();
