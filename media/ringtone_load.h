@@ -2,7 +2,7 @@
 //
 // The place of a ringtone is what its data takes in the image (Ringtone::size): nothing that lies behind
 // it is ever written. A shorter ringtone leaves what it does not need of its place as it is, since other
-// melodies may share it; the place is as short from then on as what was loaded.
+// melodies may share it; the search finds it as short as it is then.
 #pragma once
 
 #include <cstdint>

@@ -92,6 +92,15 @@ bool RingtoneTransfer::SaveEach() {
 
 // --- loading ---
 
+// The ringtone with the size that its file may have.
+Ringtone RingtoneTransfer::PlaceOf(const Ringtone& ringtone) const {
+  Ringtone place = ringtone;
+  for (const Ringtone& before : places_)
+    if (before.number == place.number && before.data == place.data && before.form == place.form)
+      place.size = std::max(place.size, before.size);
+  return place;
+}
+
 wxString RingtoneTransfer::Why(const RefusedRingtone& refused, const Ringtone& ringtone) const {
   const Messages& texts = main_.Texts();
   if (const int message = MessageOf(refused.reason))
@@ -110,7 +119,7 @@ void RingtoneTransfer::LoadRing_Click() {
   const std::filesystem::path folder = DirExist(Folder()) ? Folder() : main_.Open().FileDir;
   const std::string name = NumberedFileName(Stem(), ringtone->number, ringtone->Extension());
   if (const auto file = main_.ChooseFile(Wx(texts.Msg(129)), filter, folder / PathOf(name)))
-    LoadFile(*ringtone, *file);
+    LoadFile(PlaceOf(*ringtone), *file);
 }
 
 void RingtoneTransfer::LoadFile(const Ringtone& ringtone, const std::filesystem::path& file) try {
@@ -146,7 +155,7 @@ void RingtoneTransfer::LoadNumber(int number, std::string_view extension, Loaded
   const std::filesystem::path file = Folder() / PathOf(NumberedFileName(Stem(), number, extension));
   if (!FileExist(file)) return;
   if (isListed)
-    LoadListed(*ringtone, file, loaded);
+    LoadListed(PlaceOf(*ringtone), file, loaded);
   else
     loaded.Refuse(file, Wx(main_.Texts().Msg(427)));
 }

@@ -37,6 +37,10 @@ class RingtoneTransfer {
   void LoadRing_Click();
   void LoadAllRing_Click();
 
+  // Remembers how much room each ringtone of the list has. One that was replaced by a shorter one can
+  // still be replaced by one as long as it was then.
+  void KeepPlaces() { places_ = list_.ringtones; }
+
   // Saves a ringtone in the folder "MIDI". Nothing where the file cannot be created: it is passed over,
   // and nobody is told.
   std::optional<std::filesystem::path> SaveOne(const Ringtone& ringtone, RingtoneFormat format);
@@ -47,12 +51,14 @@ class RingtoneTransfer {
   void LoadFile(const Ringtone& ringtone, const std::filesystem::path& file);
   void LoadNumber(int number, std::string_view extension, LoadedFiles& loaded);
   void LoadListed(const Ringtone& ringtone, const std::filesystem::path& file, LoadedFiles& loaded);
+  [[nodiscard]] Ringtone PlaceOf(const Ringtone& ringtone) const;
   [[nodiscard]] wxString Why(const RefusedRingtone& refused, const Ringtone& ringtone) const;
   [[nodiscard]] std::filesystem::path Folder() const;
   [[nodiscard]] std::string Stem() const;
 
   Main& main_;
   const RingtoneList& list_;
+  std::vector<Ringtone> places_;
   ChosenRingtone chosen_;
   std::function<bool()> ready_;
   bool saveMidi_ = false;

@@ -89,6 +89,7 @@ void RingtonesPanel::Build() {
 
 void RingtonesPanel::Find() {
   GetRingtones();
+  transfer_.KeepPlaces();
   main_.InfoText().AppendText(Wx(RingtoneInformation(list_, main_.Texts())));
   SelectQuietly(0);
 }

@@ -129,7 +129,7 @@ TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
   Alter(Saved("demo_5076.bin"), 65);
   Alter(Saved("demo_5077.bin"), 0);
   folder.Write("EEPROM/demo_0067.bin", std::string("1"));
-  folder.Write("EEPROM/demo_0999.bin", std::string("1"));
+  folder.Write("EEPROM/demo_0998.bin", std::string("1"));
   folder.Write("EEPROM/demo_7000.bin", std::string("no block's"));
   folder.Write("EEPROM/other_5078.bin", std::string("another dump's"));
   const std::string said = Said(LoadAllBlockE);
@@ -138,7 +138,7 @@ TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
                                "Files not loaded: 2\nError ! Wrong size of file \"demo_0067.bin\" !\n"
                                "Size of the file: 1\nSize in the fullflash: "))
       << said;
-  EXPECT_TRUE(said.ends_with(" (of block 67)\ndemo_0999.bin: Error ! Block \"999\" wasn't found !\n"))
+  EXPECT_TRUE(said.ends_with(" (of block 67)\ndemo_0998.bin: Error ! Block \"998\" wasn't found !\n"))
       << said;
   EXPECT_EQ(Status(10), "F");
   main->UndoImage();  // one step
@@ -209,6 +209,7 @@ constexpr std::string_view twoNotes("\xB8\x01\xF4\x01\x70\x03\xFA\x00", 8);
 TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   const auto file = folder.Write("new.bin", twoNotes);
   List().Select(1);
+  Said(SaveRing);
   const std::string text = Cell(1, 7);
   EXPECT_EQ(Said(LoadRing),
             "open Ringtones|*.bin;*.mid;*.wav|Mono (*.bin)|*.bin|*.mid|*.mid|*.wav|*.wav|All files|*.*");
@@ -220,6 +221,10 @@ TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   EXPECT_EQ(InfoText().find("RIT-table"), InfoText().rfind("RIT-table"));
   EXPECT_TRUE(script.beeps.empty());
 
+  Said(LoadRing, Saved("demo_0001.bin"));  // the old one has its place still
+  EXPECT_EQ(Cell(1, 7), text);
+  main->UndoImage();
+  EXPECT_EQ(Cell(1, 7), "440:500 880:250 ");
   Choose(Info);
   main->UndoImage();
   Choose(Ringtones);  // searched again
@@ -243,7 +248,7 @@ TEST_F(RingtoneTransferDesk, WhatDoesNotFitIsRefused) {
       {1, "MThd", "new.bin: The file is not of the same kind as the ringtone."},
       {5, std::string(twoNotes), "new.bin: The file is not of the same kind as the ringtone."},
       {5, "MThd", "new.bin: The file is empty or incomplete."},
-      {6, "RIFF\x50\0\0\0WAVE" + std::string(20000, '\0'), wrongSize},
+      {6, std::string("RIFF\x50\0\0\0WAVE", 12) + std::string(20000, 'a'), wrongSize},
   };
   for (const Case& c : cases) {
     List().Select(c.row);
