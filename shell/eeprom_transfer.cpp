@@ -126,7 +126,7 @@ void EepromTransfer::LoadBlock_Click() {
   const wxString filter = Wx(texts.Msg(201)) + " (*.bin)|*.bin|" + Wx(texts.Msg(114)) + "|*.*";
   const std::filesystem::path folder = DirExist(Folder()) ? Folder() : main_.Open().FileDir;
   const auto file =
-      main_.ChooseFile(Wx(texts.Msg(128)), filter, folder / PathOf(BlockFileName(Stem(), number)));
+      main_.Boxes().OpenFile(Wx(texts.Msg(128)), filter, folder / PathOf(BlockFileName(Stem(), number)));
   if (file) LoadFile(number, *file);
 }
 

@@ -134,9 +134,6 @@ class Main final : public wxFrame {
   [[nodiscard]] std::optional<std::string> Ask(int n, const std::string& initial);
   // Asks for a byte pattern. The last one is offered.
   [[nodiscard]] std::optional<std::string> AskPattern();
-  // Asks for a file to open; `current` is offered. Nothing when the user cancels.
-  [[nodiscard]] std::optional<std::filesystem::path> ChooseFile(const wxString& title, const wxString& filter,
-                                                                const std::filesystem::path& current);
   // Asks a question. True only for Yes.
   [[nodiscard]] bool Confirm(const wxString& question);
   // Puts a text into the clipboard.

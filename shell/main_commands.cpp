@@ -127,11 +127,6 @@ std::optional<std::string> Main::AskPattern() {
   return lastPattern_;
 }
 
-std::optional<std::filesystem::path> Main::ChooseFile(const wxString& title, const wxString& filter,
-                                                      const std::filesystem::path& current) {
-  return dialogs_->OpenFile(title, filter, current);
-}
-
 bool Main::Confirm(const wxString& question) { return dialogs_->Confirm(question); }
 
 void Main::Copy(const std::string& text) {

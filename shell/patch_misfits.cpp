@@ -75,7 +75,7 @@ Table::Row PatchMisfits::ChangeRow(std::size_t index) const {
   const bool isOutside = checked.fit == Fit::Outside;
   return {{LineText(line), OffsetText(image_, change.offset),
            isOutside ? "" : AddressText(image_, change.offset), FirstBytes(change.oldBytes, bytesShown),
-           isOutside ? Msg(305) : FirstBytes(checked.found, bytesShown)}};
+           isOutside ? Msg(232) : FirstBytes(checked.found, bytesShown)}};
 }
 
 // As wide as the last one, so that they can be sorted.

@@ -118,7 +118,7 @@ void RingtoneTransfer::LoadRing_Click() {
                           Wx(texts.Msg(114)) + "|*.*";
   const std::filesystem::path folder = DirExist(Folder()) ? Folder() : main_.Open().FileDir;
   const std::string name = NumberedFileName(Stem(), ringtone->number, ringtone->Extension());
-  if (const auto file = main_.ChooseFile(Wx(texts.Msg(129)), filter, folder / PathOf(name)))
+  if (const auto file = main_.Boxes().OpenFile(Wx(texts.Msg(129)), filter, folder / PathOf(name)))
     LoadFile(PlaceOf(*ringtone), *file);
 }
 
