@@ -21,7 +21,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t mostRows = 1000000;  // more differences are joined
+constexpr std::size_t mostRows = 1000000;  // more would be too slow to filter and to sort
 
 const wxColour differenceColour(0xD0, 0x20, 0x20);
 
@@ -141,7 +141,7 @@ void ComparePanel::ImageChanged() {
 void ComparePanel::CompareAgain() {
   const Bytes image = main_.Open().image.ff();
   Comparison comparison = Compare(image, second_.ff());
-  JoinDifferences(comparison.differences, mostRows);
+  joined_ = JoinDifferences(comparison.differences, mostRows);
   if (!map_ && !comparison.differences.empty()) MakeMap();
   const Difference* chosen = Chosen();
   const Offset place = chosen ? chosen->offset : 0;
@@ -187,7 +187,7 @@ void ComparePanel::ShowDifferences() {
 // What the open image alone has is grey.
 void ComparePanel::ShowStrip() {
   const auto size = static_cast<Offset>(main_.Open().image.ff().size());
-  std::vector<StripPart> parts = StripOf(comparison_.differences, size, differenceColour);
+  std::vector<StripPart> parts = StripOf(comparison_.differences, comparison_.common, size, differenceColour);
   if (comparison_.restOfOld > 0)
     parts.push_back(
         {comparison_.common, comparison_.restOfOld, wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT)});
@@ -200,9 +200,11 @@ wxString ComparePanel::Head() const { return Wx(main_.Texts().Msg(287)) + WxPath
 wxString ComparePanel::Figures() const {
   const auto message = [this](int n) { return Wx(main_.Texts().Msg(n)); };
   if (comparison_.Same()) return message(290);
-  const wxString figures = message(288) + std::to_string(comparison_.differences.size()) + "    " +
-                           message(289) + std::to_string(differingBytes_);
-  return comparison_.SameLength() ? figures : figures + "\n" + RestText();
+  wxString figures = message(288) + std::to_string(comparison_.differences.size()) + "    " + message(289) +
+                     std::to_string(differingBytes_);
+  if (joined_) figures += "\n" + message(402);
+  if (!comparison_.SameLength()) figures += "\n" + RestText();
+  return figures;
 }
 
 wxString ComparePanel::RestText() const {

@@ -91,6 +91,7 @@ class ComparePanel final : public Panel {
   Fullflash second_;
   Comparison comparison_;
   Offset differingBytes_ = 0;
+  bool joined_ = false;         // neighbours, as there were too many differences
   bool stale_ = false;          // the image was changed after the comparison
   std::optional<DumpMap> map_;  // of the open image; made once
 };

@@ -11,7 +11,7 @@ namespace tarvelo {
 namespace {
 
 constexpr std::size_t bytesShown = 8;  // of a difference, in the list
-constexpr Offset stripCells = 8192;    // more than a screen has columns
+constexpr Offset stripCells = 1024;
 
 Bytes BytesOf(Bytes image, const Difference& difference) {
   return image.subspan(static_cast<std::size_t>(difference.offset),
@@ -60,20 +60,23 @@ Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference
   return count;
 }
 
-void JoinDifferences(std::vector<Difference>& differences, std::size_t most) {
+bool JoinDifferences(std::vector<Difference>& differences, std::size_t most) {
+  if (differences.size() <= most) return false;
   for (Offset gap = 2 * usualGap; differences.size() > most; gap *= 2) JoinAcross(differences, gap);
+  return true;
 }
 
-// Differences that begin in the same cell share a part, which is as long as all of them.
-std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset imageSize,
+std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset compared, Offset imageSize,
                                const wxColour& colour) {
   const Offset cell = imageSize / stripCells + 1;
   std::vector<StripPart> parts;
-  for (const auto& [offset, size] : differences) {
-    if (!parts.empty() && parts.back().offset / cell == offset / cell)
-      parts.back().size += size;
+  for (const Difference& difference : differences) {
+    const Offset begin = difference.offset / cell * cell;
+    const Offset end = std::min((EndOf(difference) + cell - 1) / cell * cell, compared);
+    if (!parts.empty() && begin <= parts.back().offset + parts.back().size)
+      parts.back().size = end - parts.back().offset;
     else
-      parts.push_back({offset, size, colour});
+      parts.push_back({begin, end - begin, colour});
   }
   return parts;
 }

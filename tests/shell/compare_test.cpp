@@ -251,10 +251,18 @@ TEST(ComparisonRows, StayFewHoweverManyDifferencesThereAre) {
   EXPECT_EQ(NearestDifference(differences, 151), 2u);
   EXPECT_EQ(NearestDifference(differences, 1058), 10u);  // within
   EXPECT_EQ(NearestDifference(differences, 99999999), 999u);
-  const auto parts = StripOf(differences, 8192 * 1000, *wxRED);
-  EXPECT_EQ(parts.size(), 100u);  // of 1001 bytes each
-  EXPECT_EQ(parts[0].size, 60 + 9 + 60);
-  JoinDifferences(differences, 500);
+  const auto parts = StripOf(differences, 99950, 1024 * 200, *wxRED);  // cells of 201 bytes
+  EXPECT_EQ(parts.size(), 1u);
+  EXPECT_EQ(parts[0].size, 99950);
+  const auto apart = StripOf(std::vector<Difference>{{0, 1}, {402, 2}, {999, 10}}, 1100, 1024 * 200, *wxRED);
+  ASSERT_EQ(apart.size(), 3u);
+  EXPECT_EQ(apart[1].offset, 402);
+  EXPECT_EQ(apart[1].size, 201);
+  EXPECT_EQ(apart[2].offset, 804);
+  EXPECT_EQ(apart[2].size, 296);  // two cells, as far as was compared
+  EXPECT_FALSE(JoinDifferences(differences, 1000));
+  EXPECT_EQ(differences.size(), 1000u);
+  EXPECT_TRUE(JoinDifferences(differences, 500));
   EXPECT_EQ(differences.size(), 1u);
   EXPECT_EQ(differences[0], (Difference{0, 99901}));
 }
