@@ -114,7 +114,7 @@ bool StatusBar::StopAsked() { return wxTheApp->IsActive() && wxGetKeyState(WXK_E
 
 void StatusBar::FitPanels() {
   int widths[panels];
-  widths[0] = help_.empty() ? -3 : 0;
+  widths[0] = help_.empty() ? -3 : FromDIP(14);
   widths[1] = -2;
   for (int number = firstFigure; number <= panels; ++number) {
     const int text = GetTextExtent(Panel(number)).x;
