@@ -89,14 +89,17 @@ std::string LabelOf(const DumpMap& map, Offset offset, Offset size) {
   return text;
 }
 
-Table MapTable(const DumpMap& map, const Fullflash& image) {
-  Table table{{"Offset", "Address", "Size", "What", "Sure"}, {}};
-  table.rows.reserve(map.regions.size());
-  for (const MapRegion& region : map.regions)
-    table.rows.push_back(
-        {{HexColumn(static_cast<std::uint32_t>(region.offset)), HexColumn(image.PhoneAddress(region.offset)),
-          SizeColumn(region.size), WhatOf(region), std::string(KeyOf(region.sure))}});
-  return table;
+TableRows MapRows(const DumpMap& map, const Fullflash& image) {
+  return {{"Offset", "Address", "Size", "What", "Sure"},
+          map.regions.size(),
+          [&map, &image](std::size_t row) -> Table::Row {
+            const MapRegion& region = map.regions[row];
+            return {{HexColumn(static_cast<std::uint32_t>(region.offset)),
+                     HexColumn(image.PhoneAddress(region.offset)), SizeColumn(region.size), WhatOf(region),
+                     std::string(KeyOf(region.sure))}};
+          }};
 }
+
+Table MapTable(const DumpMap& map, const Fullflash& image) { return MapRows(map, image).All(); }
 
 }  // namespace tarvelo

@@ -22,7 +22,8 @@ namespace tarvelo {
 [[nodiscard]] std::string LabelOf(const DumpMap& map, Offset offset, Offset size = 1);
 
 // The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal,
-// Size is decimal.
+// Size is decimal. The map and the image must outlive the rows.
+[[nodiscard]] TableRows MapRows(const DumpMap& map, const Fullflash& image);
 [[nodiscard]] Table MapTable(const DumpMap& map, const Fullflash& image);
 
 }  // namespace tarvelo

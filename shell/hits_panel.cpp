@@ -40,9 +40,7 @@ void HitsPanel::Clear() { ShowHits({}); }
 void HitsPanel::Recaption(const Messages& messages) { ListS_->SetFilterHint(Wx(messages.Msg(221))); }
 
 void HitsPanel::Save() {
-  std::string text = TabSeparated({captions, {}}, CrLf);
-  for (std::size_t i = 0; i < found_.hits.size(); ++i) text += TabSeparated({RowOf(i).cells, {}}, CrLf);
-  main_.SaveList(text, 'S');
+  main_.SaveList({captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); }}, 'S');
 }
 
 void HitsPanel::Search_Click() {
