@@ -32,6 +32,14 @@ void RefuseStandardInput(const std::string& file) {
   if (file == "-") throw WrongArguments("-: a dump is read at random, it can't come from a pipe");
 }
 
+void PrintPiece(std::string_view text, Context& context) {
+  if (!(context.out << text)) throw std::runtime_error("the output can't be written");
+}
+
+void PrintTable(const TableRows& table, Context& context) {
+  WriteTabSeparated(table, "\n", [&](std::string_view piece) { PrintPiece(piece, context); });
+}
+
 Fullflash OpenDump(const std::string& file, Progress& progress) {
   RefuseStandardInput(file);
   const std::filesystem::path path = PathOf(file);

@@ -5,8 +5,10 @@
 #include <iosfwd>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "core/fullflash.h"
+#include "core/table.h"
 #include "resources/messages.h"
 
 namespace CLI {
@@ -48,6 +50,11 @@ void Diagnose(Context& context, const std::exception& error);
 
 // Opens one that is read piece by piece. Throws the same.
 [[nodiscard]] FileReader OpenDumpFile(const std::string& file);
+
+// Prints a piece of what may be very long. Throws where it cannot be written: nobody waits for the rest.
+void PrintPiece(std::string_view text, Context& context);
+// Prints a table as tab-separated text.
+void PrintTable(const TableRows& table, Context& context);
 
 // Refuses "-", which elsewhere means standard input: a dump is read at random.
 void RefuseStandardInput(const std::string& file);

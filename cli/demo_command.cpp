@@ -5,7 +5,7 @@
 
 namespace tarvelo::cli {
 
-void AddDemo(CLI::App& app, Context& context) {
+void AddDemo(CLI::App& app, Context&) {
   struct Arguments {
     std::string file;
     bool large = false;
@@ -14,9 +14,9 @@ void AddDemo(CLI::App& app, Context& context) {
   CLI::App* command = app.add_subcommand("demo", "Write the demonstration fullflash");
   command->add_option("FILE", arguments->file, "The file to write")->required();
   command->add_flag("--large", arguments->large, "A large image of 32 MiB instead of one of 8");
-  command->callback([arguments, &context] {
+  command->callback([arguments] {
     if (arguments->file == "-") throw WrongArguments("-: a file is needed");
-    WriteFile(PathOf(arguments->file), DemoImage(arguments->large), context.progress);
+    ReplaceFile(PathOf(arguments->file), DemoImage(arguments->large));
   });
 }
 

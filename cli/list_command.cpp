@@ -1,11 +1,10 @@
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <nlohmann/json.hpp>
-#include <ostream>
 
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "core/identification.h"
-#include "core/table.h"
 #include "eeprom/block_table.h"
 #include "eeprom/descriptions.h"
 #include "media/picture_search.h"
@@ -24,44 +23,54 @@ struct ListArguments {
   bool deleted = false;  // of EEPROM blocks
 };
 
-// Builds the list of one kind of thing.
-using Lister = Table (*)(const Fullflash& image, const Identification& info, const ListArguments& arguments,
-                         Context& context);
+using Print = std::function<void(const TableRows& table)>;
 
-Table ListEeprom(const Fullflash& image, const Identification& info, const ListArguments& arguments,
-                 Context& context) try {
+// Has the list of one kind of thing printed.
+using Lister = void (*)(const Fullflash& image, const Identification& info, const ListArguments& arguments,
+                        Context& context, const Print& print);
+
+void ListEeprom(const Fullflash& image, const Identification& info, const ListArguments& arguments,
+                Context& context, const Print& print) try {
   const BlockStore store = GetEE(image, info.Model, context.progress);
   const Descriptions descriptions = GetDescriptions();
-  return ShowEE(store, arguments.deleted, [&](int number) { return Describe(descriptions, number); });
+  const Table table =
+      ShowEE(store, arguments.deleted, [&](int number) { return Describe(descriptions, number); });
+  print(RowsOf(table));
 } catch (const std::length_error& fault) {
   throw ScanFault(arguments.file, fault.what());
 }
 
-Table ListPictures(const Fullflash& image, const Identification&, const ListArguments&, Context& context) {
-  return PictureTable(GetP(image, context.progress));
+void ListPictures(const Fullflash& image, const Identification&, const ListArguments&, Context& context,
+                  const Print& print) {
+  const PictureList list = GetP(image, context.progress);
+  print(PictureRows(list));
 }
 
-Table ListRingtones(const Fullflash& image, const Identification&, const ListArguments&, Context& context) {
-  return RingtoneTable(GetRingtones(image, context.progress), image);
+void ListRingtones(const Fullflash& image, const Identification&, const ListArguments&, Context& context,
+                   const Print& print) {
+  const RingtoneList list = GetRingtones(image, context.progress);
+  print(RingtoneRows(list, image));
 }
 
-void PrintJson(const Table& table, std::ostream& out) {
-  for (const Table::Row& row : table.rows) {
+void PrintJson(const TableRows& table, Context& context) {
+  for (std::size_t i = 0; i < table.count; ++i) {
+    Table::Row row = table.row(i);
     Json object;
-    for (std::size_t i = 0; i < row.cells.size(); ++i) object[table.captions[i]] = row.cells[i];
-    out << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+    for (std::size_t k = 0; k < row.cells.size(); ++k) object[table.captions[k]] = std::move(row.cells[k]);
+    PrintPiece(object.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n', context);
   }
 }
 
 void PrintList(const ListArguments& arguments, Lister lister, Context& context) {
   Fullflash image = OpenDump(arguments.file, context);
   const Identification info = Identify(image);
-  const Table table = lister(image, info, arguments, context);
-  if (arguments.json)
-    PrintJson(table, context.out);
-  else
-    context.out << TabSeparated(table, "\n");
-  if (table.rows.empty()) context.status = nothingFound;
+  lister(image, info, arguments, context, [&](const TableRows& table) {
+    if (arguments.json)
+      PrintJson(table, context);
+    else
+      PrintTable(table, context);
+    if (table.count == 0) context.status = nothingFound;
+  });
 }
 
 std::shared_ptr<ListArguments> AddKind(CLI::App& list, Context& context, const char* kind,

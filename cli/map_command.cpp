@@ -39,7 +39,7 @@ void PrintMap(const MapArguments& arguments, Context& context) try {
   if (arguments.json)
     PrintJson(map, image, context.out);
   else
-    context.out << TabSeparated(MapTable(map, image), "\n");
+    PrintTable(MapRows(map, image), context);
 } catch (const std::length_error& fault) {
   throw ScanFault(arguments.file, fault.what());
 }

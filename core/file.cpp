@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <random>
 
 namespace tarvelo {
 namespace {
@@ -19,6 +20,73 @@ std::string Cause(std::string_view otherwise) {
 }
 
 constexpr auto forWriting = FileError::Purpose::Write;
+
+// Whether there is a file to write over. Throws where there is something else, such as a device, and
+// where the path cannot be looked at.
+bool CheckTarget(const fs::path& path) {
+  std::error_code error;
+  const fs::file_type type = fs::status(path, error).type();
+  if (type == fs::file_type::not_found) return false;
+  if (type == fs::file_type::none)
+    throw FileError(FileError::Kind::CantOpen, path, error.message(), forWriting);
+  if (type != fs::file_type::regular)
+    throw FileError(FileError::Kind::CantOpen, path, "it is not a file", forWriting);
+  return true;
+}
+
+// A path for a new file in the folder of another. It is short, whatever the other's name: a name has 255
+// bytes at most.
+fs::path Beside(const fs::path& path) {
+  std::random_device random;
+  for (;;) {
+    fs::path beside = path.parent_path() / ("tarvelo-" + std::to_string(random()) + ".tmp");
+    std::error_code error;
+    const fs::file_type type = fs::symlink_status(beside, error).type();
+    if (type == fs::file_type::not_found || type == fs::file_type::none) return beside;
+  }
+}
+
+// A file that is being written. Unless it is finished it is removed: no half of it stays behind.
+class Output {
+ public:
+  // `named` is the path that errors name.
+  Output(const fs::path& path, const fs::path& named) : path_(path), named_(named) {
+    errno = 0;
+    file_.open(path, std::ios::binary | std::ios::trunc);
+    if (!file_) throw FileError(FileError::Kind::CantOpen, named, Cause("it can't be opened"), forWriting);
+  }
+  ~Output() {
+    if (finished_) return;
+    file_.close();
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+  }
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
+
+  void Write(std::string_view bytes) {
+    errno = 0;
+    Check(file_.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).good());
+  }
+
+  void Finish() {
+    errno = 0;
+    file_.close();
+    Check(file_.good());
+    finished_ = true;
+  }
+
+ private:
+  void Check(bool isWritten) const {
+    if (!isWritten)
+      throw FileError(FileError::Kind::CantWrite, named_, Cause("it can't be written"), forWriting);
+  }
+
+  const fs::path& path_;
+  const fs::path& named_;
+  std::ofstream file_;
+  bool finished_ = false;
+};
 
 }  // namespace
 
@@ -66,27 +134,16 @@ FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress
 }
 
 void WriteFile(const fs::path& path, std::span<const std::uint8_t> data, Progress& progress) {
-  std::error_code status;
-  const fs::file_type type = fs::status(path, status).type();
-  if (type != fs::file_type::regular && type != fs::file_type::not_found)
-    throw FileError(FileError::Kind::CantOpen, path, "it is not a file", forWriting);
-  errno = 0;
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!file) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"), forWriting);
+  CheckTarget(path);
+  Output file(path, path);
   ProgressRun run(progress, 0, static_cast<std::int64_t>(data.size()));
-  for (std::size_t done = 0; done < data.size() && file;) {
+  for (std::size_t done = 0; done < data.size();) {
     const std::size_t part = std::min(blockSize, data.size() - done);
-    file.write(reinterpret_cast<const char*>(data.data()) + done, static_cast<std::streamsize>(part));
+    file.Write({reinterpret_cast<const char*>(data.data()) + done, part});
     done += part;
     run.At(static_cast<std::int64_t>(done));
   }
-  file.close();
-  if (!file) {
-    const std::string cause = Cause("it can't be written");
-    std::error_code ignored;
-    fs::remove(path, ignored);
-    throw FileError(FileError::Kind::CantWrite, path, cause, forWriting);
-  }
+  file.Finish();
 }
 
 void WriteFile(const fs::path& path, std::string_view text) {
@@ -94,24 +151,31 @@ void WriteFile(const fs::path& path, std::string_view text) {
   WriteFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, progress);
 }
 
-void ReplaceFile(const fs::path& path, std::string_view text) {
-  std::error_code error;
+void ReplaceFile(const fs::path& path, const std::function<void(const TextSink& write)>& content) {
+  const bool isThere = CheckTarget(path);
   errno = 0;
   // A file that may not be written to is not to be replaced either.
-  if (fs::exists(path, error) && !std::fstream(path))
+  if (isThere && !std::fstream(path))
     throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"), forWriting);
-  fs::path beside = path;
-  beside += ".tmp";
-  try {
-    WriteFile(beside, text);
-  } catch (const FileError& failure) {
-    throw FileError(failure.Reason(), path, failure.what(), forWriting);
-  }
+  const fs::path beside = Beside(path);
+  Output file(beside, path);
+  content([&](std::string_view piece) { file.Write(piece); });
+  file.Finish();
+  std::error_code error;
+  if (isThere) fs::permissions(beside, fs::status(path, error).permissions(), error);
   fs::rename(beside, path, error);
   if (!error) return;
   const std::string cause = error.message();
   fs::remove(beside, error);
   throw FileError(FileError::Kind::CantWrite, path, cause, forWriting);
+}
+
+void ReplaceFile(const fs::path& path, std::string_view text) {
+  ReplaceFile(path, [&](const TextSink& write) { write(text); });
+}
+
+void ReplaceFile(const fs::path& path, std::span<const std::uint8_t> data) {
+  ReplaceFile(path, std::string_view(reinterpret_cast<const char*>(data.data()), data.size()));
 }
 
 void MakeFolder(const fs::path& path) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -12,6 +13,7 @@
 #include <utility>
 
 #include "core/progress.h"
+#include "core/text_sink.h"
 
 namespace tarvelo {
 
@@ -82,9 +84,15 @@ class FileReader {
 void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data, Progress& progress);
 void WriteFile(const std::filesystem::path& path, std::string_view text);
 
-// Writes a file whole or not at all: what stood there before stays until the new text is on the disk. It
-// is written beside, as the path and ".tmp", and then takes the file's place. Throws FileError.
+// Writes a file whole or not at all: what stood there before stays, with its rights, until the new
+// contents are written. They are written beside, as "tarvelo-" with a number and ".tmp", and then take
+// the file's place; a link to a file becomes a file. Throws FileError.
+void ReplaceFile(const std::filesystem::path& path, std::span<const std::uint8_t> data);
 void ReplaceFile(const std::filesystem::path& path, std::string_view text);
+// For contents that are not held whole: `content` hands them to the sink. What it throws leaves the old
+// file, too.
+void ReplaceFile(const std::filesystem::path& path,
+                 const std::function<void(const TextSink& write)>& content);
 
 // Makes a folder; one that is there already will do. Throws FileError.
 void MakeFolder(const std::filesystem::path& path);

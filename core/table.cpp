@@ -3,21 +3,63 @@
 namespace tarvelo {
 namespace {
 
-void AppendLine(std::string& text, const std::vector<std::string>& cells, std::string_view lineEnd) {
-  for (std::size_t column = 0; column < cells.size(); ++column) {
-    if (column > 0) text += '\t';
-    for (const char c : cells[column]) text += c == '\t' || c == '\n' || c == '\r' ? ' ' : c;
+// Gathers text into pieces.
+class Pieces {
+ public:
+  explicit Pieces(const TextSink& write) : write_(write) {}
+
+  void Add(char c) {
+    text_ += c;
+    if (text_.size() >= pieceSize) Flush();
   }
-  text += lineEnd;
+
+  void Add(std::string_view text) {
+    for (const char c : text) Add(c);
+  }
+
+  void Flush() {
+    if (!text_.empty()) write_(text_);
+    text_.clear();
+  }
+
+ private:
+  static constexpr std::size_t pieceSize = 0x10000;
+  const TextSink& write_;
+  std::string text_;
+};
+
+void AddLine(Pieces& text, const std::vector<std::string>& cells, std::string_view lineEnd) {
+  for (std::size_t column = 0; column < cells.size(); ++column) {
+    if (column > 0) text.Add('\t');
+    for (const char c : cells[column]) text.Add(c == '\t' || c == '\n' || c == '\r' ? ' ' : c);
+  }
+  text.Add(lineEnd);
 }
 
 }  // namespace
 
+Table TableRows::All() const {
+  Table table{captions, {}};
+  table.rows.reserve(count);
+  for (std::size_t i = 0; i < count; ++i) table.rows.push_back(row(i));
+  return table;
+}
+
+TableRows RowsOf(const Table& table) {
+  return {table.captions, table.rows.size(), [&table](std::size_t row) { return table.rows[row]; }};
+}
+
 std::string TabSeparated(const Table& table, std::string_view lineEnd) {
   std::string text;
-  AppendLine(text, table.captions, lineEnd);
-  for (const Table::Row& row : table.rows) AppendLine(text, row.cells, lineEnd);
+  WriteTabSeparated(RowsOf(table), lineEnd, [&](std::string_view piece) { text += piece; });
   return text;
+}
+
+void WriteTabSeparated(const TableRows& table, std::string_view lineEnd, const TextSink& write) {
+  Pieces text(write);
+  AddLine(text, table.captions, lineEnd);
+  for (std::size_t i = 0; i < table.count; ++i) AddLine(text, table.row(i).cells, lineEnd);
+  text.Flush();
 }
 
 }  // namespace tarvelo

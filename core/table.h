@@ -2,9 +2,12 @@
 // text. The desktop's list, the saved list and the command line all read it.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/text_sink.h"
 
 namespace tarvelo {
 
@@ -18,8 +21,24 @@ struct Table {
   std::vector<Row> rows;
 };
 
+// A table of which each row is made when it is asked for: a senseless image may have millions of them,
+// and a row takes a hundred times the room of what it tells of.
+struct TableRows {
+  std::vector<std::string> captions;
+  std::size_t count = 0;
+  std::function<Table::Row(std::size_t row)> row;  // 0 .. count - 1
+
+  [[nodiscard]] Table All() const;
+};
+
+// The rows of a table that there is already, which must outlive them.
+[[nodiscard]] TableRows RowsOf(const Table& table);
+
 // The table as tab-separated text: the captions, then a line a row, each line ended by `lineEnd`.
 // A tab or a line break inside a cell would break the columns; it is written as a blank.
 [[nodiscard]] std::string TabSeparated(const Table& table, std::string_view lineEnd);
+
+// The same, handed out in pieces of some 64 KiB.
+void WriteTabSeparated(const TableRows& table, std::string_view lineEnd, const TextSink& write);
 
 }  // namespace tarvelo

@@ -91,20 +91,16 @@ std::string LabelOf(const DumpMap& map, Offset offset, Offset size) {
   return text;
 }
 
-std::vector<std::string> MapCaptions() { return {"Offset", "Address", "Size", "What", "Sure"}; }
-
-Table::Row MapRow(const MapRegion& region, const Fullflash& image) {
-  const Offset last = image.ffEnd();
-  return {{HexColumn(static_cast<std::uint32_t>(region.offset), static_cast<std::uint32_t>(last)),
-           HexColumn(image.PhoneAddress(region.offset), image.PhoneAddress(last)), SizeColumn(region.size),
-           WhatOf(region), std::string(KeyOf(region.sure))}};
-}
-
-Table MapTable(const DumpMap& map, const Fullflash& image) {
-  Table table{MapCaptions(), {}};
-  table.rows.reserve(map.regions.size());
-  for (const MapRegion& region : map.regions) table.rows.push_back(MapRow(region, image));
-  return table;
+TableRows MapRows(const DumpMap& map, const Fullflash& image) {
+  return {{"Offset", "Address", "Size", "What", "Sure"},
+          map.regions.size(),
+          [&map, &image](std::size_t row) -> Table::Row {
+            const MapRegion& region = map.regions[row];
+            const auto last = static_cast<Offset>(image.ffEnd());
+            return {{HexColumn(static_cast<std::uint32_t>(region.offset), static_cast<std::uint32_t>(last)),
+                     HexColumn(image.PhoneAddress(region.offset), image.PhoneAddress(last)),
+                     SizeColumn(region.size), WhatOf(region), std::string(KeyOf(region.sure))}};
+          }};
 }
 
 }  // namespace tarvelo

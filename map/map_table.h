@@ -22,9 +22,7 @@ namespace tarvelo {
 [[nodiscard]] std::string LabelOf(const DumpMap& map, Offset offset, Offset size = 1);
 
 // The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal
-// and as long in all rows, Size is decimal.
-[[nodiscard]] std::vector<std::string> MapCaptions();
-[[nodiscard]] Table::Row MapRow(const MapRegion& region, const Fullflash& image);
-[[nodiscard]] Table MapTable(const DumpMap& map, const Fullflash& image);
+// and as long in all rows, Size is decimal. The map and the image must outlive the rows.
+[[nodiscard]] TableRows MapRows(const DumpMap& map, const Fullflash& image);
 
 }  // namespace tarvelo

@@ -17,17 +17,18 @@
 
 namespace tarvelo {
 
+// Small, since an image of senseless data may have one for every four of its bytes.
 struct Picture {
-  int table = 0;   // 1 .. 99; 9 for one outside the tables, as the list shows it
-  int index = 0;   // within the table, or among those outside
-  int number = 0;  // over all, from 0
-  bool outside = false;
-  int width = 0;
-  int height = 0;
+  std::uint8_t table : 7 = 0;  // 1 .. 99; 9 for one outside the tables, as the list shows it
+  bool outside : 1 = false;
   std::uint8_t type = 0;
-  Offset data = 0;   // offset of the data; may lie outside the image
-  Offset entry = 0;  // offset of the table entry or header
-  int size = 0;      // bytes of data, SizeP
+  std::uint8_t width = 0;
+  std::uint8_t height = 0;
+  std::int32_t index = 0;   // within the table, or among those outside
+  std::int32_t number = 0;  // over all, from 0
+  std::int32_t data = 0;    // offset of the data; may lie outside the image
+  std::int32_t entry = 0;   // offset of the table entry or header
+  std::int32_t size = 0;    // bytes of data, SizeP
 
   [[nodiscard]] bool IsCompressed() const { return type >= 0x80; }
   // 1, 2, 8, 12 or 16; 0 for a type that cannot be drawn.
@@ -37,6 +38,8 @@ struct Picture {
   // " 7.  101 * 80 * 16 (comp) ": the caption of the frame around the picture.
   [[nodiscard]] std::string Caption() const;
 };
+
+static_assert(sizeof(Picture) == 24);
 
 // All pictures of an image, in the order in which they were found.
 struct PictureList {

@@ -19,8 +19,7 @@ std::optional<std::filesystem::path> SavePicture(PictureDecoder& decoder, const 
                            PadZero(number, std::max<std::size_t>(4, number.size())) +
                            (isBmp ? ".bmp" : ".png");
   const std::filesystem::path file = folder / PathOf(name);
-  NoProgress progress;
-  WriteFile(file, bytes, progress);
+  ReplaceFile(file, bytes);
   return file;
 }
 

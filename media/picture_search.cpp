@@ -84,7 +84,7 @@ class Search {
       Picture picture = ReadHeader(p);
       const bool isNextTable = p != start && picture.width == 4 && picture.height == 4 && picture.type == 1;
       if (picture.height == 0 || picture.width == 255 || image_.Byte(p + 3) != 0 || isNextTable) break;
-      picture.table = table;
+      picture.table = static_cast<std::uint8_t>(table);
       picture.index = index;
       if (picture.data < 0) picture.data += 0x200000;  // an address below the base is meant to wrap
       Add(picture);
@@ -92,17 +92,27 @@ class Search {
     return p;
   }
 
+  // Counted first, so that the list is as long as it must be and never moves: here it may take more room
+  // than the image.
   void ListOutside(Offset from) {
+    std::size_t count = list_.pictures.size();
+    EachHeader(from, [&](const Picture&) { ++count; });
+    list_.pictures.reserve(count);
+    EachHeader(from, [&](Picture picture) {
+      picture.outside = true;
+      picture.table = 9;
+      picture.index = list_.outsideCount++;
+      Add(picture);
+    });
+  }
+
+  template <typename Take>
+  void EachHeader(Offset from, Take take) {
     EachMatch(outsideHeader, from, end_ - entrySize, [&](Offset p) {
-      Picture picture = ReadHeader(p);
-      const bool isHeader = picture.width >= 1 && picture.width <= 101 && picture.height >= 1 &&
-                            picture.height <= 80 && picture.data >= 1 && picture.data < end_;
-      if (isHeader) {
-        picture.outside = true;
-        picture.table = 9;
-        picture.index = list_.outsideCount++;
-        Add(picture);
-      }
+      const Picture picture = ReadHeader(p);
+      if (picture.width >= 1 && picture.width <= 101 && picture.height >= 1 && picture.height <= 80 &&
+          picture.data >= 1 && picture.data < end_)
+        take(picture);
       return false;
     });
   }
@@ -112,8 +122,8 @@ class Search {
     picture.width = image_.Byte(p);
     picture.height = image_.Byte(p + 1);
     picture.type = image_.Byte(p + 2);
-    picture.entry = p;
-    picture.data = Offset{image_.GetAdr(p + 4)} - image_.LoadBase();
+    picture.entry = static_cast<std::int32_t>(p);
+    picture.data = image_.GetAdr(p + 4) - image_.LoadBase();  // below 2^31 in images of either kind
     return picture;
   }
 

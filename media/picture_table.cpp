@@ -43,12 +43,13 @@ std::string Picture::Caption() const {
          " * " + std::to_string(BitsPerPixel()) + " " + (IsCompressed() ? "(comp) " : "");
 }
 
-Table PictureTable(const PictureList& list) {
-  Table table{{"P", "N/P", "N", "X", "Y", "B", "Offset", "Size", "Uncomp", "PIT"}, {}};
-  table.rows.reserve(list.pictures.size());
-  for (const Picture& picture : list.pictures) table.rows.push_back(RowOf(picture));
-  return table;
+TableRows PictureRows(const PictureList& list) {
+  return {{"P", "N/P", "N", "X", "Y", "B", "Offset", "Size", "Uncomp", "PIT"},
+          list.pictures.size(),
+          [&list](std::size_t row) { return RowOf(list.pictures[row]); }};
 }
+
+Table PictureTable(const PictureList& list) { return PictureRows(list).All(); }
 
 std::string PictureInformation(const PictureList& list, const Messages& messages) {
   std::string text;

@@ -11,6 +11,8 @@ namespace tarvelo {
 
 // The ten columns P, N/P, N, X, Y, B, Offset, Size, Uncomp, PIT; a row a picture, in their order.
 // Numbers keep the rightmost digits that their column holds.
+// The list must outlive the rows.
+[[nodiscard]] TableRows PictureRows(const PictureList& list);
 [[nodiscard]] Table PictureTable(const PictureList& list);
 
 // The lines that the search adds to the information text: where the tables lie, how many pictures

@@ -1,6 +1,7 @@
 #include "media/ringtone_table.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/notation.h"
 #include "media/melody.h"
@@ -27,41 +28,62 @@ std::string NoteColumn(const Ringtone& ringtone) {
   return Column(ringtone.Notes(), 4);
 }
 
-// The text form within `room`, which shrinks by it.
-std::string TextColumn(const Ringtone& ringtone, const Fullflash& image, std::size_t& room) {
-  constexpr std::size_t shortestPair = 4;  // "0:1 "
-  const auto records = static_cast<std::size_t>(ringtone.Notes());
-  const std::vector<Tone> tones =
-      DecodeMelody(image.ff(), ringtone.data, std::min(records, room / shortestPair + 1));
-  std::string text;
-  if (tones.size() * longestPair <= room) {
-    text = MelodyText(tones);
-    room -= text.size();
-    return text;
+// How much of a melody's text form its row shows.
+struct ShownText {
+  std::size_t records = 0;
+  std::size_t length = 0;  // characters
+  bool isCut = false;
+};
+
+std::size_t Digits(std::uint16_t value) {
+  return value >= 10000 ? 5 : value >= 1000 ? 4 : value >= 100 ? 3 : value >= 10 ? 2 : 1;
+}
+
+// What of a text form has room, which shrinks by it.
+ShownText Fit(const Ringtone& ringtone, Bytes image, std::size_t& room) {
+  ShownText text;
+  for (Offset p = ringtone.data; text.records < static_cast<std::size_t>(ringtone.Notes()); p += 4) {
+    const std::size_t pair = Digits(WordAt(image, p)) + Digits(WordAt(image, p + 2)) + 2;  // ':' and ' '
+    text.isCut = pair > room;
+    if (text.isCut) break;
+    room -= pair;
+    text.length += pair;
+    ++text.records;
   }
-  for (const Tone& tone : tones) {
-    const std::string pair = MelodyText({&tone, 1});
-    if (pair.size() > room) {
-      room = 0;
-      return text.append("...");
-    }
-    room -= pair.size();
-    text.append(pair);
-  }
+  if (text.isCut) room = 0;
   return text;
+}
+
+// In pieces: the records of a melody may be as many as the image has.
+std::string TextColumn(const Ringtone& ringtone, const ShownText& shown, Bytes image) {
+  constexpr std::size_t piece = 4096;
+  constexpr std::string_view cutMark = "...";
+  std::string text;
+  text.reserve(shown.length + cutMark.size());
+  for (std::size_t done = 0; done < shown.records; done += piece)
+    text += MelodyText(DecodeMelody(image, ringtone.data + 4 * static_cast<Offset>(done),
+                                    std::min(piece, shown.records - done)));
+  return shown.isCut ? text.append(cutMark) : text;
 }
 
 }  // namespace
 
-Table RingtoneTable(const RingtoneList& list, const Fullflash& image) {
-  Table table{{"N", "Note", "Time", "T", "Offset", "Size", "RIT", "Ringtone"}, {}};
-  table.rows.reserve(list.ringtones.size());
+TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image) {
   std::size_t room = textOfTable + 4 * image.ff().size();
-  for (const Ringtone& ringtone : list.ringtones)
-    table.rows.push_back({{HexOfByte(ringtone.number), NoteColumn(ringtone), Column(ringtone.time, 6),
-                           HexOfByte(ringtone.kind), HexColumn(ringtone.data), Column(ringtone.size, 5),
-                           HexColumn(ringtone.entry), TextColumn(ringtone, image, room)}});
-  return table;
+  std::vector<ShownText> texts;
+  for (const Ringtone& ringtone : list.ringtones) texts.push_back(Fit(ringtone, image.ff(), room));
+  return {{"N", "Note", "Time", "T", "Offset", "Size", "RIT", "Ringtone"},
+          list.ringtones.size(),
+          [&list, &image, texts = std::move(texts)](std::size_t row) -> Table::Row {
+            const Ringtone& ringtone = list.ringtones[row];
+            return {{HexOfByte(ringtone.number), NoteColumn(ringtone), Column(ringtone.time, 6),
+                     HexOfByte(ringtone.kind), HexColumn(ringtone.data), Column(ringtone.size, 5),
+                     HexColumn(ringtone.entry), TextColumn(ringtone, texts[row], image.ff())}};
+          }};
+}
+
+Table RingtoneTable(const RingtoneList& list, const Fullflash& image) {
+  return RingtoneRows(list, image).All();
 }
 
 std::string RingtoneInformation(const RingtoneList& list, const Messages& messages) {

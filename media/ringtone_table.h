@@ -17,6 +17,8 @@ namespace tarvelo {
 // Ringtone is the text form of a melody. In an image of senseless data melodies may be as long as the
 // image, and many may share it: where all the texts together would pass 16 Mi characters and four for
 // each byte of the image, a text ends with a whole pair and "...". (DecodeMelody has no such limit.)
+// The list and the image must outlive the rows.
+[[nodiscard]] TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image);
 [[nodiscard]] Table RingtoneTable(const RingtoneList& list, const Fullflash& image);
 
 // The lines that the search adds to the information text: where the table lies, how many ringtones

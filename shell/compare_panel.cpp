@@ -121,7 +121,7 @@ void ComparePanel::CompareWith_Click() {
   if (!second) return;
   path_ = *path;
   comparison_ = Comparison();
-  ListC_->SetRows(DifferenceCaptions(), 0, {});  // the old rows are of the other dump
+  ListC_->SetRows({});  // the old rows are of the other dump
   second_ = std::move(*second);
   CompareAgain();
   main_.ShowPanel(*this);
@@ -174,9 +174,7 @@ void ComparePanel::Clear() {
 // --- what is shown ---
 
 void ComparePanel::ShowDifferences() {
-  ListC_->SetRows(DifferenceCaptions(), comparison_.differences.size(), [this](std::size_t i) {
-    return DifferenceRow(main_.Open().image, second_.ff(), *map_, comparison_.differences[i]);
-  });
+  ListC_->SetRows(Rows());
   ShowStrip();
   none_->Show(!HasSecond());
   compared_->Show(HasSecond());
@@ -242,12 +240,12 @@ const Difference* ComparePanel::Chosen() const {
   return row && *row < comparison_.differences.size() ? &comparison_.differences[*row] : nullptr;
 }
 
-void ComparePanel::Save() {
-  std::string text = TabSeparated({DifferenceCaptions(), {}}, CrLf);
-  for (const Difference& difference : comparison_.differences)
-    text +=
-        TabSeparated({DifferenceRow(main_.Open().image, second_.ff(), *map_, difference).cells, {}}, CrLf);
-  main_.SaveList(text, 'C');
+void ComparePanel::Save() { main_.SaveList(Rows(), 'C'); }
+
+TableRows ComparePanel::Rows() const {
+  return {DifferenceCaptions(), comparison_.differences.size(), [this](std::size_t i) {
+            return DifferenceRow(main_.Open().image, second_.ff(), *map_, comparison_.differences[i]);
+          }};
 }
 
 // --- commands ---

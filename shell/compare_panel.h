@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/fullflash.h"
+#include "core/table.h"
 #include "map/dump_map.h"
 #include "patch/image_compare.h"
 #include "shell/panel.h"
@@ -71,6 +72,7 @@ class ComparePanel final : public Panel {
   [[nodiscard]] wxString RestText() const;
   [[nodiscard]] wxString Describe(Offset offset, Offset size) const;
   [[nodiscard]] bool HasSecond() const { return second_.IsOpen(); }
+  [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] const Difference* Chosen() const;
   [[nodiscard]] PanelCommands MakeCommands();
 

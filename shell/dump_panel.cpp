@@ -97,8 +97,7 @@ void DumpPanel::ShowMap() {
     parts.push_back({region.offset, region.size, GroupAt(GroupOf(region.kind)).colour});
   strip_->Show(map_.regions.empty() ? 0 : map_.regions.back().End(), std::move(parts));
   legend_->ShowSums(map_);
-  ListD_->SetRows(MapCaptions(), map_.regions.size(),
-                  [this](std::size_t row) { return MapRow(map_.regions[row], main_.Open().image); });
+  ListD_->SetRows(MapRows(map_, main_.Open().image));
   window_->Layout();
 }
 
@@ -107,7 +106,7 @@ void DumpPanel::SelectAt(Offset offset) {
   if (!regions.empty()) ListD_->Select(static_cast<std::size_t>(&regions.front() - map_.regions.data()));
 }
 
-void DumpPanel::Save() { main_.SaveList(MapTable(map_, main_.Open().image), 'D'); }
+void DumpPanel::Save() { main_.SaveList(MapRows(map_, main_.Open().image), 'D'); }
 
 void DumpPanel::Clear() {
   map_ = DumpMap();
@@ -157,12 +156,11 @@ void DumpPanel::OpenD_Click() {
 }
 
 void DumpPanel::OffsetD_Click() {
-  if (const MapRegion* region = Chosen()) main_.Copy(MapRow(*region, main_.Open().image).cells[offsetColumn]);
+  if (const auto row = ListD_->Selected()) main_.Copy(ListD_->Row(*row).cells[offsetColumn]);
 }
 
 void DumpPanel::AddressD_Click() {
-  if (const MapRegion* region = Chosen())
-    main_.Copy(MapRow(*region, main_.Open().image).cells[addressColumn]);
+  if (const auto row = ListD_->Selected()) main_.Copy(ListD_->Row(*row).cells[addressColumn]);
 }
 
 void DumpPanel::NextD_Click() { StepInKind(1); }

@@ -9,6 +9,11 @@
 #include "shell/picture_view.h"
 
 namespace tarvelo {
+namespace {
+
+constexpr std::size_t mostThumbnails = 1500;  // many screens full, some 20 MiB
+
+}  // namespace
 
 Gallery::Gallery(wxWindow* parent)
     : wxScrolledCanvas(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxWANTS_CHARS),
@@ -38,14 +43,15 @@ Gallery::Gallery(wxWindow* parent)
 
 void Gallery::SetPictures(std::size_t count, std::function<Bitmap(std::size_t)> draw) {
   draw_ = std::move(draw);
-  thumbnails_.assign(count, std::nullopt);
+  count_ = count;
+  thumbnails_.clear();
   selected_.reset();
   Scroll(0, 0);
   Arrange();
 }
 
 void Gallery::Select(std::size_t index) {
-  if (index >= thumbnails_.size() || selected_ == index) return;
+  if (index >= count_ || selected_ == index) return;
   selected_ = index;
   const wxRect cell = Cell(index);
   int unit = 0;
@@ -64,29 +70,29 @@ void Gallery::Choose(std::size_t index) {
 
 void Gallery::Arrange() {
   columns_ = static_cast<std::size_t>(std::max(1, GetClientSize().x / cell_.x));
-  const std::size_t rows = (thumbnails_.size() + columns_ - 1) / columns_;
+  const std::size_t rows = (count_ + columns_ - 1) / columns_;
   SetVirtualSize(GetClientSize().x, static_cast<int>(rows) * cell_.y);
   Refresh();
 }
 
 // Small pictures are shown as they are, larger ones are reduced to their cell.
+wxBitmap Gallery::Draw(std::size_t index) const {
+  const Bitmap bitmap = draw_(index);
+  if (bitmap.pixels.empty()) return {1, 1};
+  const wxSize room = cell_ - FromDIP(wxSize(8, 8));
+  wxImage image = ToImage(bitmap, 1, wxRect(0, 0, bitmap.width, bitmap.height));
+  const double factor = std::min({1.0, double(room.x) / bitmap.width, double(room.y) / bitmap.height});
+  if (factor < 1)
+    image.Rescale(std::max(1, int(bitmap.width * factor)), std::max(1, int(bitmap.height * factor)),
+                  wxIMAGE_QUALITY_BOX_AVERAGE);
+  return {image};
+}
+
 const wxBitmap& Gallery::Thumbnail(std::size_t index) {
-  std::optional<wxBitmap>& thumbnail = thumbnails_[index];
-  if (!thumbnail) {
-    const Bitmap bitmap = draw_(index);
-    const wxSize room = cell_ - FromDIP(wxSize(8, 8));
-    if (bitmap.pixels.empty()) {
-      thumbnail = wxBitmap(1, 1);
-    } else {
-      wxImage image = ToImage(bitmap, 1, wxRect(0, 0, bitmap.width, bitmap.height));
-      const double factor = std::min({1.0, double(room.x) / bitmap.width, double(room.y) / bitmap.height});
-      if (factor < 1)
-        image.Rescale(std::max(1, int(bitmap.width * factor)), std::max(1, int(bitmap.height * factor)),
-                      wxIMAGE_QUALITY_BOX_AVERAGE);
-      thumbnail = wxBitmap(image);
-    }
-  }
-  return *thumbnail;
+  const auto drawn = thumbnails_.find(index);
+  if (drawn != thumbnails_.end()) return drawn->second;
+  if (thumbnails_.size() >= mostThumbnails) thumbnails_.clear();
+  return thumbnails_[index] = Draw(index);
 }
 
 wxRect Gallery::Cell(std::size_t index) const {
@@ -99,7 +105,7 @@ std::optional<std::size_t> Gallery::At(const wxPoint& point) const {
   const wxPoint place = CalcUnscrolledPosition(point);
   const auto column = static_cast<std::size_t>(place.x / cell_.x);
   const std::size_t index = static_cast<std::size_t>(place.y / cell_.y) * columns_ + column;
-  if (column >= columns_ || index >= thumbnails_.size()) return {};
+  if (column >= columns_ || index >= count_) return {};
   return index;
 }
 
@@ -111,7 +117,7 @@ void Gallery::Paint(wxPaintEvent&) {
   const int top = CalcUnscrolledPosition(wxPoint(0, 0)).y;
   const auto firstRow = static_cast<std::size_t>(top / cell_.y);
   const auto rows = static_cast<std::size_t>(GetClientSize().y / cell_.y + 2);
-  const std::size_t end = std::min(thumbnails_.size(), (firstRow + rows) * columns_);
+  const std::size_t end = std::min(count_, (firstRow + rows) * columns_);
   for (std::size_t index = firstRow * columns_; index < end; ++index) {
     const wxRect cell = Cell(index);
     if (index == selected_) {
@@ -125,11 +131,11 @@ void Gallery::Paint(wxPaintEvent&) {
 }
 
 void Gallery::PressKey(wxKeyEvent& event) {
-  if (thumbnails_.empty()) return event.Skip();
+  if (count_ == 0) return event.Skip();
   const auto current = static_cast<long>(selected_.value_or(0));
   const auto step = static_cast<long>(columns_);
   const long page = step * std::max(1, GetClientSize().y / cell_.y);
-  const auto last = static_cast<long>(thumbnails_.size()) - 1;
+  const auto last = static_cast<long>(count_) - 1;
   long next = current;
   switch (event.GetKeyCode()) {
     case WXK_LEFT: next = current - 1; break;

@@ -6,8 +6,8 @@
 #include <wx/scrolwin.h>
 
 #include <functional>
+#include <map>
 #include <optional>
-#include <vector>
 
 #include "media/bitmap.h"
 
@@ -31,6 +31,7 @@ class Gallery final : public wxScrolledCanvas {
  private:
   void Arrange();
   void Choose(std::size_t index);
+  [[nodiscard]] wxBitmap Draw(std::size_t index) const;
   [[nodiscard]] const wxBitmap& Thumbnail(std::size_t index);
   [[nodiscard]] wxRect Cell(std::size_t index) const;
   [[nodiscard]] std::optional<std::size_t> At(const wxPoint& point) const;
@@ -38,7 +39,8 @@ class Gallery final : public wxScrolledCanvas {
   void PressKey(wxKeyEvent& event);
 
   std::function<Bitmap(std::size_t)> draw_;
-  std::vector<std::optional<wxBitmap>> thumbnails_;
+  std::size_t count_ = 0;
+  std::map<std::size_t, wxBitmap> thumbnails_;  // those drawn of late
   std::optional<std::size_t> selected_;
   wxSize cell_;
   std::size_t columns_ = 1;

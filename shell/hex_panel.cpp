@@ -113,9 +113,7 @@ void HexPanel::Save() {
   const ByteRange range = canvas_->Selection();
   if (range.size == 0) return main_.Complain(Wx(main_.Texts().Msg(33)));
   const std::filesystem::path file = main_.Open().Beside("_" + OffsetText(Image(), range.start) + ".bin");
-  WriteFile(file,
-            Image().ff().subspan(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.size)),
-            main_.Status());
+  ReplaceFile(file, Image().Region(range.start, range.size));
   main_.Tell(Wx(main_.Texts().MsgS(98, PathText(file.filename()))), file);
 }
 

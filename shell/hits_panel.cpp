@@ -38,11 +38,7 @@ void HitsPanel::Clear() { ShowHits({}); }
 
 void HitsPanel::Recaption(const Messages& messages) { ListS_->SetFilterHint(Wx(messages.Msg(221))); }
 
-void HitsPanel::Save() {
-  std::string text = TabSeparated({captions, {}}, CrLf);
-  for (std::size_t i = 0; i < found_.hits.size(); ++i) text += TabSeparated({RowOf(i).cells, {}}, CrLf);
-  main_.SaveList(text, 'S');
-}
+void HitsPanel::Save() { main_.SaveList(Rows(), 'S'); }
 
 void HitsPanel::Search_Click() {
   const auto answer = main_.AskPattern();
@@ -73,7 +69,7 @@ HitsPanel::Found HitsPanel::FindHits(const std::string& pattern) {
 
 void HitsPanel::ShowHits(Found found) {
   found_ = std::move(found);
-  ListS_->SetRows(captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); });
+  ListS_->SetRows(Rows());
 }
 
 // Whether the hits shall go into the information text. The user is asked when they would flood it.
@@ -100,6 +96,10 @@ std::optional<std::string> HitsPanel::HitsAsText() {
     text += LineOfHit(image, found_.pattern, i + 1, found_.hits[i]);
   }
   return text;
+}
+
+TableRows HitsPanel::Rows() const {
+  return {captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
 }
 
 Table::Row HitsPanel::RowOf(std::size_t number) const {

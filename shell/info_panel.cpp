@@ -68,7 +68,7 @@ void InfoPanel::Save() {
   const std::filesystem::path file = main_.Open().Beside(".info");
   wxString text = GetText();
   text.Replace("\n", CrLf);
-  WriteFile(file, Utf8(text));
+  ReplaceFile(file, Utf8(text));
   main_.Tell(32, file);
 }
 

@@ -18,7 +18,18 @@ namespace {
 constexpr int widestColumn = 60;  // characters; longer texts are cut off on the screen
 constexpr std::size_t rowsMeasured = 500;
 
+constexpr std::size_t longestDrawn =
+    2000;  // bytes of a cell that the control gets: a melody may have millions
+
 const wxColour markedColour(0xC0, 0, 0);
+
+// As much of a cell as can be seen.
+std::string_view Drawn(std::string_view cell) {
+  if (cell.size() <= longestDrawn) return cell;
+  std::size_t end = longestDrawn;
+  while (end > 0 && (cell[end] & 0xC0) == 0x80) --end;  // no character is split
+  return cell.substr(0, end);
+}
 
 }  // namespace
 
@@ -29,7 +40,7 @@ class ListView::Model final : public wxDataViewVirtualListModel {
 
   void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
     const Table::Row* found = Find(row);
-    value = found && column < found->cells.size() ? Wx(found->cells[column]) : wxString();
+    value = found && column < found->cells.size() ? Wx(Drawn(found->cells[column])) : wxString();
   }
 
   bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attr) const override {
@@ -100,11 +111,10 @@ void ListView::SetTable(Table table) {
   ShowRows(table_.rows.size());
 }
 
-void ListView::SetRows(std::vector<std::string> captions, std::size_t count,
-                       std::function<Table::Row(std::size_t)> row) {
-  table_ = {std::move(captions), {}};
-  makeRow_ = std::move(row);
-  ShowRows(count);
+void ListView::SetRows(TableRows rows) {
+  table_ = {std::move(rows.captions), {}};
+  makeRow_ = std::move(rows.row);
+  ShowRows(rows.count);
 }
 
 const Table::Row& ListView::Row(std::size_t row) const {
@@ -150,12 +160,16 @@ bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::opti
 void ListView::Arrange() {
   const auto current = Selected();
   order_.clear();
+  if (filter_.empty()) order_.reserve(count_);
   for (std::size_t row = 0; row < count_; ++row)
     if (filter_.empty() || RowHolds(row, filter_)) order_.push_back(row);
   if (sortColumn_) {
-    std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows
-    for (const std::size_t row : order_) cells.emplace_back(Row(row).cells[*sortColumn_], row);
-    std::ranges::stable_sort(cells, [&](const auto& a, const auto& b) {
+    std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows, which settle what is equal
+    cells.reserve(order_.size());
+    for (const std::size_t row : order_)
+      cells.emplace_back(Row(row).cells[*sortColumn_].substr(0, longestDrawn), row);
+    std::ranges::sort(cells, [&](const auto& a, const auto& b) {
+      if (a.first == b.first) return a.second < b.second;
       return descending_ ? b.first < a.first : a.first < b.first;
     });
     std::ranges::transform(cells, order_.begin(), [](const auto& cell) { return cell.second; });

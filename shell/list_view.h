@@ -24,14 +24,15 @@ class ListView final : public wxPanel {
   [[nodiscard]] const Table& GetTable() const { return table_; }
   // Shows a list of which each row is made when it is needed: for lists of very many rows.
   // Afterwards GetTable has captions only.
-  void SetRows(std::vector<std::string> captions, std::size_t count,
-               std::function<Table::Row(std::size_t row)> row);
+  void SetRows(TableRows rows);
 
   // How many columns of a marked row, from the first on, are drawn in colour; all of them otherwise.
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
 
   // Rows of the list, whether shown or not.
   [[nodiscard]] std::size_t RowCount() const { return count_; }
+  // One of them. Stays as it is until the next row is asked for.
+  [[nodiscard]] const Table::Row& Row(std::size_t row) const;
 
   // Rows are told by their index in the table, whatever the order and filter on the screen.
   // The current row; nothing when there is none.
@@ -68,7 +69,6 @@ class ListView final : public wxPanel {
   class Model;
 
   void ShowRows(std::size_t count);
-  [[nodiscard]] const Table::Row& Row(std::size_t row) const;
   void AddColumns();
   void Arrange();
   [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,

@@ -94,8 +94,7 @@ class Main final : public wxFrame {
   // Writes a list as tab-separated text to the dump's path without extension, "_", the letter and
   // ".txt", and tells the user. Throws FileError.
   void SaveList(const Table& table, char letter);
-  // The same for a list that is text already.
-  void SaveList(const std::string& tabSeparated, char letter);
+  void SaveList(const TableRows& table, char letter);
 
   // Shows a region of the image in the user's hex editor, or in the hex view where he has none. Says so
   // where it does not begin within the image.

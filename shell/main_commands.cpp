@@ -289,11 +289,11 @@ void Main::SaveText_Click() {
     Complain(Msg(33));
 }
 
-void Main::SaveList(const Table& table, char letter) { SaveList(TabSeparated(table, CrLf), letter); }
+void Main::SaveList(const Table& table, char letter) { SaveList(RowsOf(table), letter); }
 
-void Main::SaveList(const std::string& tabSeparated, char letter) {
+void Main::SaveList(const TableRows& table, char letter) {
   const std::filesystem::path file = document_.Beside(std::string("_") + letter + ".txt");
-  WriteFile(file, tabSeparated);
+  ReplaceFile(file, [&](const TextSink& write) { WriteTabSeparated(table, CrLf, write); });
   document_.FileName = PathText(file);
   Tell(30, file);
 }

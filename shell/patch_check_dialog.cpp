@@ -19,7 +19,8 @@ PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, c
       list_(new ListView(this)) {
   list_->SetMinSize(FromDIP(wxSize(300, 140)));
   list_->SetFilterHint(Wx(messages.Msg(221)));
-  list_->SetRows(misfits.Captions(), misfits.Listed(), [&misfits](std::size_t i) { return misfits.Row(i); });
+  list_->SetRows(
+      {misfits.Captions(), misfits.Listed(), [&misfits](std::size_t i) { return misfits.Row(i); }});
   const int gap = FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(new wxStaticText(this, wxID_ANY, Wx(misfits.Summary())), 0, wxEXPAND | wxALL, gap);

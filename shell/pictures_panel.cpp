@@ -99,7 +99,7 @@ void PicturesPanel::GetPictures() {
   const Fullflash& image = main_.Open().image;
   list_ = GetP(image, main_.Status());
   decoder_ = std::make_unique<PictureDecoder>(image.ff());
-  ListP_->SetTable(PictureTable(list_));
+  ListP_->SetRows(PictureRows(list_));
   gallery_->SetPictures(list_.pictures.size(), [this](std::size_t i) { return Draw(list_.pictures[i]); });
   main_.InfoText().AppendText(Wx(PictureInformation(list_, main_.Texts())));
   main_.Status().SetPanel(countPanel,
@@ -109,13 +109,13 @@ void PicturesPanel::GetPictures() {
 void PicturesPanel::Clear() {
   list_ = PictureList();
   decoder_.reset();
-  ListP_->SetTable(PictureTable(list_));
+  ListP_->SetRows(PictureRows(list_));
   gallery_->SetPictures(0, {});
   Pic_->Show(std::nullopt);
   Frame->SetLabel(wxString());
 }
 
-void PicturesPanel::Save() { main_.SaveList(ListP_->GetTable(), 'P'); }
+void PicturesPanel::Save() { main_.SaveList(PictureRows(list_), 'P'); }
 
 void PicturesPanel::Recaption(const Messages& messages) { ListP_->SetFilterHint(Wx(messages.Msg(221))); }
 

@@ -79,7 +79,8 @@ TEST_F(DumpDesk, LabelsEveryByteAndSavesTheList) {
 
   main->Run(SaveText);
   EXPECT_EQ(script.TakeSaid(), "iList was saved in file\n\n" + PathText(folder / "demo_D.txt"));
-  EXPECT_EQ(ReadAll(folder / "demo_D.txt"), TabSeparated(MapTable(Panel().Map(), main->Open().image), CrLf));
+  EXPECT_EQ(ReadAll(folder / "demo_D.txt"),
+            TabSeparated(MapRows(Panel().Map(), main->Open().image).All(), CrLf));
 }
 
 TEST_F(DumpDesk, StripSelectsTheRegionUnderTheMouse) {

@@ -26,7 +26,7 @@ class PicturesDesk : public Desk {
 TEST_F(PicturesDesk, ShowTheFirstPictureAndTheCounts) {
   EXPECT_EQ(Title(), "Tarvelo - Pictures");
   EXPECT_EQ(List().Selected(), 0u);
-  EXPECT_EQ(List().GetTable().rows.size(), Panel().Pictures().pictures.size());
+  EXPECT_EQ(List().RowCount(), Panel().Pictures().pictures.size());
   EXPECT_EQ(Panel().Pic().GetBitmap()->width, 4);
   EXPECT_EQ(Status(6), std::to_string(Panel().Pictures().pictures.size()) + " / 0");
   EXPECT_NE(
@@ -61,7 +61,7 @@ TEST_F(PicturesDesk, AreSavedAsBitmaps) {
   main->Run(SaveAllPic);
   EXPECT_EQ(script.TakeSaid(), "iAll pictures were saved to\n\n" + PathText(folder / "BMP" / "NNNN.bmp"));
   const std::filesystem::directory_iterator files(folder / "BMP");
-  EXPECT_EQ(std::distance(begin(files), end(files)), static_cast<long>(2 * List().GetTable().rows.size()));
+  EXPECT_EQ(std::distance(begin(files), end(files)), static_cast<long>(2 * List().RowCount()));
   EXPECT_EQ(List().Selected(), 7u);
   EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");
 }
@@ -80,7 +80,7 @@ TEST_F(PicturesDesk, AreSearchedInAnyColumn) {
 }
 
 TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
-  const std::size_t all = List().GetTable().rows.size();
+  const std::size_t all = List().RowCount();
   List().Select(5);
   List().SortBy(2);
   List().SortBy(2);  // descending
@@ -89,7 +89,7 @@ TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
   EXPECT_EQ(List().Selected(), all - 1);
   List().Filter("101");
   ASSERT_TRUE(List().Find("", false));
-  EXPECT_NE(List().GetTable().rows[*List().Selected()].cells[3], "  4");
+  EXPECT_NE(List().Row(*List().Selected()).cells[3], "  4");
   List().Select(0);  // hidden by the filter, which goes
   EXPECT_EQ(List().Selected(), 0u);
 }
@@ -121,7 +121,7 @@ TEST_F(PicturesDesk, GoWithTheDocument) {
   main->OpenF(WriteDump("other.bin"));
   EXPECT_EQ(Status(6), "");
   Choose(Pictures);
-  EXPECT_EQ(List().GetTable().rows.size(), 0u);
+  EXPECT_EQ(List().RowCount(), 0u);
   EXPECT_FALSE(Panel().Pic().GetBitmap());
   EXPECT_FALSE(Panel().Commands()->CanRun(SaveAllPic));
   for (const int id : {SavePic, OffsetP, ShowPic, CopyPic, OpenP})

@@ -1,0 +1,232 @@
+// Files that cannot be written or read: every way to save, with every fault.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/commands.h"
+#include "core/file.h"
+#include "core/fullflash.h"
+#include "demo/image_builder.h"
+#include "eeprom/block_files.h"
+#include "file_faults.h"
+#include "media/picture_files.h"
+#include "media/ringtone_files.h"
+#include "temporary_folder.h"
+
+namespace tarvelo {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Contents = std::map<std::string, std::optional<std::string>>;
+
+constexpr char oldContents[] = "what stood there before";
+
+// Saves something into a folder under a name that it settles itself. Throws FileError.
+struct Saver {
+  const char* name;
+  std::string file;    // the one that it writes, for the stem "dump"
+  bool deletesBefore;  // an old file goes first
+  std::function<void(const fs::path& folder, const std::string& stem)> save;
+};
+
+class Faults : public testing::Test {
+ protected:
+  Faults() {
+    ImageBuilder one(0x10000), other(0x10000);
+    other.Fill(0x100, 16, 0);
+    dump = PathText(folder.Write("one.bin", std::move(one).Take()));
+    changed = PathText(folder.Write("other.bin", std::move(other).Take()));
+    patch = PathText(folder / "read.qpt");
+    CommandLine({"diff", dump, changed, "--patch", patch});
+  }
+
+  // Runs the command line; what it complains of is thrown.
+  static void CommandLine(const std::vector<std::string>& arguments) {
+    std::ostringstream out, err;
+    if (cli::Run(arguments, out, err) == cli::fileTrouble)
+      throw FileError(FileError::Kind::CantWrite, {}, err.str());
+  }
+
+  static Fullflash Image() { return Fullflash(Bytes(ImageBuilder(0x10000).Take())); }
+
+  static void SaveAPicture(const fs::path& to, const std::string& stem, PictureFormat format) {
+    const Fullflash image = Image();
+    Picture picture;
+    picture.width = picture.height = 50;
+    picture.type = 8;
+    PictureDecoder decoder(image.ff());
+    SavePicture(decoder, picture, true, to, stem, format);
+  }
+
+  static void SaveABlock(const fs::path& to, const std::string& stem) {
+    BlockStore store;
+    store.records.push_back({.Number = 7, .DataOffset = 0x100, .Size = 0x100});
+    SaveBlock(Image(), store, store.records[0], to, stem);
+  }
+
+  static void SaveARingtone(const fs::path& to, const std::string& stem, RingtoneFormat format) {
+    const Ringtone ringtone{.number = 7, .data = 0x100, .size = 0x100};
+    SaveRingtone(Image(), ringtone, to, stem, format);
+  }
+
+  [[nodiscard]] std::vector<Saver> Savers() const {
+    using Text = const std::string&;
+    const auto named = [](const fs::path& to, Text name) { return PathText(to / PathOf(name)); };
+    return {
+        {"a text", "dump.qpt", false,
+         [](const fs::path& to, Text stem) {
+           ReplaceFile(to / PathOf(stem + ".qpt"), std::string(999, 'x'));
+         }},
+        {"bitmap", "dump_0000.bmp", false,
+         [](const fs::path& to, Text stem) { SaveAPicture(to, stem, PictureFormat::Bmp); }},
+        {"PNG", "dump_0000.png", false,
+         [](const fs::path& to, Text stem) { SaveAPicture(to, stem, PictureFormat::Png); }},
+        {"block", "dump_0007.bin", true, SaveABlock},
+        {"ringtone", "dump_0007.bin", true,
+         [](const fs::path& to, Text stem) { SaveARingtone(to, stem, RingtoneFormat::Raw); }},
+        {"MIDI", "dump_0007.mid", true,
+         [](const fs::path& to, Text stem) { SaveARingtone(to, stem, RingtoneFormat::Midi); }},
+        {"diff", "dump.qpt", false,
+         [=, this](const fs::path& to, Text stem) {
+           CommandLine({"diff", dump, changed, "--patch", named(to, stem + ".qpt")});
+         }},
+        {"apply", "dump.bin", false,
+         [=, this](const fs::path& to, Text stem) {
+           CommandLine({"apply", dump, patch, "--output", named(to, stem + ".bin")});
+         }},
+    };
+  }
+
+  // What a saver says where it fails.
+  static std::string Failure(const Saver& saver, const fs::path& to, const std::string& stem = "dump") try {
+    saver.save(to, stem);
+    return {};
+  } catch (const FileError& error) {
+    return error.what();
+  }
+
+  TemporaryFolder folder;
+  std::string dump, changed, patch;
+};
+
+TEST_F(Faults, FullDiskLeavesNoHalfOfAFile) {
+  if (!FullDisk::isPossible) GTEST_SKIP();
+  for (const Saver& saver : Savers()) {
+    SCOPED_TRACE(saver.name);
+    const TemporaryFolder to;
+    std::string failure;
+    for (const bool isThere : {false, true}) {
+      if (isThere) (void)to.Write(saver.file, std::string(oldContents));
+      {
+        const FullDisk full;
+        failure = Failure(saver, to.Path());
+      }
+      EXPECT_NE(failure.find(saver.file), std::string::npos) << failure;
+      const bool stays = isThere && !saver.deletesBefore;
+      EXPECT_EQ(ContentsOf(to.Path()), stays ? Contents({{saver.file, oldContents}}) : Contents());
+    }
+    EXPECT_EQ(Failure(saver, to.Path()), "");  // the next time it works
+    EXPECT_GT(ReadAll(to / saver.file).size(), 10u);
+    EXPECT_EQ(ContentsOf(to.Path()).size(), 1u);
+  }
+}
+
+TEST_F(Faults, WhatStandsInTheWayStays) {
+  for (const Saver& saver : Savers()) {
+    SCOPED_TRACE(saver.name);
+    const TemporaryFolder to;
+    MakeFolder(to / saver.file);
+    EXPECT_NE(Failure(saver, to.Path()).find(saver.file), std::string::npos);
+    EXPECT_EQ(ContentsOf(to.Path()), (Contents{{saver.file, {}}}));
+    const auto file = to.Write("no folder", std::string(oldContents));
+    EXPECT_NE(Failure(saver, file).find("no folder"), std::string::npos);
+    EXPECT_EQ(ReadAll(file), oldContents);
+  }
+}
+
+TEST_F(Faults, AFileThatIsOpenElsewhereStays) {
+  if (!OpenElsewhere::isPossible) GTEST_SKIP();
+  for (const Saver& saver : Savers()) {
+    SCOPED_TRACE(saver.name);
+    const TemporaryFolder to;
+    const auto file = to.Write(saver.file, std::string(oldContents));
+    {
+      const OpenElsewhere open(file);
+      EXPECT_NE(Failure(saver, to.Path()).find(saver.file), std::string::npos);
+    }
+    EXPECT_EQ(ContentsOf(to.Path()), (Contents{{saver.file, oldContents}}));
+  }
+}
+
+TEST_F(Faults, NamesAreOfAnyScript) {
+  std::vector<std::string> stems{"Дамп", "Αντίγραφο", "转储", "דָּמְפּ", "🎵📱", "e\u0301", "a b'&%"};
+#ifndef _WIN32
+  stems.emplace_back("\xFF\xC3(");  // no UTF-8 at all
+#endif
+  for (const Saver& saver : Savers())
+    for (const std::string& stem : stems) {
+      const TemporaryFolder to;
+      EXPECT_EQ(Failure(saver, to.Path(), stem), "") << saver.name << stem;
+      const Contents contents = ContentsOf(to.Path());
+      ASSERT_EQ(contents.size(), 1u) << saver.name << stem;
+      EXPECT_EQ(contents.begin()->first, stem + saver.file.substr(4));
+    }
+}
+
+TEST_F(Faults, NamesAreAsLongAsTheSystemHasThem) {
+  constexpr std::size_t longest = 255;
+  for (const Saver& saver : Savers()) {
+    SCOPED_TRACE(saver.name);
+    const TemporaryFolder to;
+    std::string stem(longest - saver.file.substr(4).size(), 'x');
+    EXPECT_EQ(Failure(saver, to.Path(), stem), "");
+    EXPECT_EQ(ContentsOf(to.Path()).size(), 1u);
+    stem += 'x';
+    EXPECT_NE(Failure(saver, to.Path(), stem), "");
+    EXPECT_EQ(ContentsOf(to.Path()).size(), 1u);
+  }
+}
+
+TEST(ReplaceFile, KeepsTheOldFileWhenItsContentsFail) {
+  const TemporaryFolder folder;
+  const auto file = folder.Write("a.txt", std::string(oldContents));
+  const auto fail = [](const TextSink& write) {
+    write("half of it");
+    throw std::bad_alloc();
+  };
+  EXPECT_THROW(ReplaceFile(file, fail), std::bad_alloc);
+  EXPECT_EQ(ContentsOf(folder.Path()), (Contents{{"a.txt", oldContents}}));
+}
+
+#ifndef _WIN32
+TEST(ReplaceFile, KeepsRightsAndLeavesDevicesAlone) {
+  const TemporaryFolder folder;
+  const auto file = folder.Write("a.txt", std::string(oldContents));
+  fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+  ReplaceFile(file, "new");
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_THROW(ReplaceFile("/dev/null", "x"), FileError);
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+#endif
+
+TEST(ReadFile, SaysThatTheFileHasShrunk) {
+  const TemporaryFolder folder;
+  const auto file = folder.Write("a.bin", std::string(100000, 'x'));
+  FileReader reader(file, 1 << 20);
+  std::vector<std::uint8_t> bytes(reader.Size());
+  std::error_code error;
+  fs::resize_file(file, 50000, error);
+  if (error) GTEST_SKIP() << error.message();  // the system guards it
+  try {
+    reader.Read(bytes);
+    FAIL();
+  } catch (const FileError& fault) {
+    EXPECT_EQ(fault.Reason(), FileError::Kind::CantRead);
+    EXPECT_NE(std::string(fault.what()).find("a.bin: it ended while it was read"), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace tarvelo
