@@ -1,6 +1,7 @@
 // The main window's commands: opening, saving, leaving, and what happens when one fails.
 #include <wx/clipbrd.h>
 #include <wx/menu.h>
+#include <wx/stdpaths.h>
 
 #include <utility>
 
