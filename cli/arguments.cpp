@@ -68,7 +68,7 @@ void CheckOutput(const std::string& option, const std::string& file,
   for (const std::string& other : read) {
     std::error_code notThere;
     if (std::filesystem::equivalent(PathOf(file), PathOf(other), notThere))
-      throw WrongArguments(option + ": " + file + " is a file that is read");
+      throw WrongArguments(std::string(option).append(": ").append(file).append(" is a file that is read"));
   }
 }
 

@@ -19,14 +19,18 @@ std::string Cause(std::string_view otherwise) {
   return errno != 0 ? std::strerror(errno) : std::string(otherwise);
 }
 
+constexpr auto forWriting = FileError::Purpose::Write;
+
 // Whether there is a file to write over. Throws where there is something else, such as a device, and
 // where the path cannot be looked at.
 bool CheckTarget(const fs::path& path) {
   std::error_code error;
   const fs::file_type type = fs::status(path, error).type();
   if (type == fs::file_type::not_found) return false;
-  if (type == fs::file_type::none) throw FileError(FileError::Kind::CantOpen, path, error.message());
-  if (type != fs::file_type::regular) throw FileError(FileError::Kind::CantOpen, path, "it is not a file");
+  if (type == fs::file_type::none)
+    throw FileError(FileError::Kind::CantOpen, path, error.message(), forWriting);
+  if (type != fs::file_type::regular)
+    throw FileError(FileError::Kind::CantOpen, path, "it is not a file", forWriting);
   return true;
 }
 
@@ -49,7 +53,7 @@ class Output {
   Output(const fs::path& path, const fs::path& named) : path_(path), named_(named) {
     errno = 0;
     file_.open(path, std::ios::binary | std::ios::trunc);
-    if (!file_) throw FileError(FileError::Kind::CantOpen, named, Cause("it can't be opened"));
+    if (!file_) throw FileError(FileError::Kind::CantOpen, named, Cause("it can't be opened"), forWriting);
   }
   ~Output() {
     if (finished_) return;
@@ -74,7 +78,8 @@ class Output {
 
  private:
   void Check(bool isWritten) const {
-    if (!isWritten) throw FileError(FileError::Kind::CantWrite, named_, Cause("it can't be written"));
+    if (!isWritten)
+      throw FileError(FileError::Kind::CantWrite, named_, Cause("it can't be written"), forWriting);
   }
 
   const fs::path& path_;
@@ -85,8 +90,11 @@ class Output {
 
 }  // namespace
 
-FileError::FileError(Kind kind, const fs::path& path, std::string_view cause)
-    : std::runtime_error(PathText(path).append(": ").append(cause)), kind_(kind), path_(path) {}
+FileError::FileError(Kind kind, const fs::path& path, std::string_view cause, Purpose purpose)
+    : std::runtime_error(PathText(path).append(": ").append(cause)),
+      kind_(kind),
+      purpose_(purpose),
+      path_(path) {}
 
 FileReader::FileReader(const fs::path& path, std::uint64_t limit) : path_(path) {
   std::error_code error;
@@ -148,7 +156,7 @@ void ReplaceFile(const fs::path& path, const std::function<void(const TextSink& 
   errno = 0;
   // A file that may not be written to is not to be replaced either.
   if (isThere && !std::fstream(path))
-    throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
+    throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"), forWriting);
   const fs::path beside = Beside(path);
   Output file(beside, path);
   content([&](std::string_view piece) { file.Write(piece); });
@@ -159,7 +167,7 @@ void ReplaceFile(const fs::path& path, const std::function<void(const TextSink& 
   if (!error) return;
   const std::string cause = error.message();
   fs::remove(beside, error);
-  throw FileError(FileError::Kind::CantWrite, path, cause);
+  throw FileError(FileError::Kind::CantWrite, path, cause, forWriting);
 }
 
 void ReplaceFile(const fs::path& path, std::string_view text) {
@@ -174,13 +182,14 @@ void MakeFolder(const fs::path& path) {
   std::error_code error;
   fs::create_directories(path, error);
   if (!DirExist(path))
-    throw FileError(FileError::Kind::CantWrite, path, error ? error.message() : "it is no folder");
+    throw FileError(FileError::Kind::CantWrite, path, error ? error.message() : "it is no folder",
+                    forWriting);
 }
 
 void RemoveFile(const fs::path& path) {
   std::error_code error;
   fs::remove(path, error);
-  if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
+  if (error) throw FileError(FileError::Kind::CantOpen, path, error.message(), forWriting);
 }
 
 bool FileExist(const fs::path& path) {

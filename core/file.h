@@ -26,14 +26,19 @@ class FileError : public std::runtime_error {
     CantRead,   // it broke off while it was read
     CantWrite,  // it broke off while it was written (a full disk)
   };
+  enum class Purpose { Read, Write };
 
-  FileError(Kind kind, const std::filesystem::path& path, std::string_view cause);
+  FileError(Kind kind, const std::filesystem::path& path, std::string_view cause,
+            Purpose purpose = Purpose::Read);
 
   [[nodiscard]] Kind Reason() const { return kind_; }
+  // What the file was to be opened for.
+  [[nodiscard]] Purpose OpenedTo() const { return purpose_; }
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
 
  private:
   Kind kind_;
+  Purpose purpose_;
   std::filesystem::path path_;
 };
 

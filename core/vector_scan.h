@@ -51,7 +51,7 @@ class Sieve {
       from = NextBlock(start, from, last, bits);
       for (int half = 0; half < 2; ++half)
         for (std::uint64_t word = bits.words[half]; word != 0; word &= word - 1)
-          if (take(from + 64 * half + std::countr_zero(word))) return true;
+          if (take(from + Offset{64} * half + std::countr_zero(word))) return true;
     }
     return false;
   }

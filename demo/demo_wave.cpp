@@ -35,8 +35,8 @@ std::int64_t Sine(std::uint32_t phase) {
 std::vector<std::int64_t> Samples() {
   std::vector<std::int64_t> samples(sampleCount);
   for (const Partial& partial : bell) {
-    const auto step =
-        static_cast<std::uint32_t>((std::uint64_t{partial.frequency} << 32) / (100 * sampleRate));
+    const auto step = static_cast<std::uint32_t>((std::uint64_t{partial.frequency} << 32) /
+                                                 (std::uint64_t{100} * sampleRate));
     std::int64_t loudness = partial.loudness * unit * unit;
     std::uint32_t phase = 0;
     for (std::int64_t& sample : samples) {

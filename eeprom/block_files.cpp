@@ -10,25 +10,20 @@
 namespace tarvelo {
 namespace {
 
-// The block's data; nothing where there is none or the image does not hold it all.
-std::optional<Bytes> DataOf(const Fullflash& image, const EepromBlockRecord& block) {
-  const Offset end = Offset{block.DataOffset} + block.Size;
-  if (block.Size == 0 || block.DataOffset < 0 || end > std::ssize(image.ff())) return {};
-  return image.Region(block.DataOffset, block.Size);
-}
-
 bool IsLive(const BlockStore& store, const EepromBlockRecord& block) {
   const auto live = LiveBlock(store, block.Number);
   return live && store.records[*live].HeaderPos == block.HeaderPos;
 }
 
+std::string NumberedName(std::string_view stem, int number) {
+  return std::string(stem) + "_" + PadZero(std::to_string(number), 4);
+}
+
 std::string NameOf(const BlockStore& store, const EepromBlockRecord& block, std::string_view stem) {
-  std::string name = std::string(stem) + "_" + PadZero(std::to_string(block.Number), 4);
-  if (!IsLive(store, block)) {
-    const std::string digits = Hex(static_cast<std::uint32_t>(block.HeaderPos));
-    name += "_" + PadZero(digits, std::max<std::size_t>(6, digits.size()));
-  }
-  return name + ".bin";
+  if (IsLive(store, block)) return BlockFileName(stem, block.Number);
+  const std::string digits = Hex(static_cast<std::uint32_t>(block.HeaderPos));
+  return NumberedName(stem, block.Number) + "_" + PadZero(digits, std::max<std::size_t>(6, digits.size())) +
+         ".bin";
 }
 
 std::string WrongSizeText(const std::filesystem::path& path, std::uint64_t fileSize, int blockSize) {
@@ -38,17 +33,21 @@ std::string WrongSizeText(const std::filesystem::path& path, std::uint64_t fileS
 
 }  // namespace
 
+bool HasData(const Fullflash& image, const EepromBlockRecord& block) {
+  const Offset end = Offset{block.DataOffset} + block.Size;
+  return block.Size > 0 && block.DataOffset >= 0 && end <= std::ssize(image.ff());
+}
+
 std::optional<std::filesystem::path> SaveBlock(const Fullflash& image, const BlockStore& store,
                                                const EepromBlockRecord& block,
                                                const std::filesystem::path& folder, std::string_view stem) {
-  const std::optional<Bytes> data = DataOf(image, block);
-  if (!data) return {};
+  if (!HasData(image, block)) return {};
   MakeFolder(folder);
   std::filesystem::path file = folder / PathOf(NameOf(store, block, stem));
   // Not written over: a link of that name would lead to another file.
   if (FileExist(file)) RemoveFile(file);
   NoProgress progress;
-  WriteFile(file, *data, progress);
+  WriteFile(file, image.Region(block.DataOffset, block.Size), progress);
   return file;
 }
 
@@ -71,6 +70,20 @@ std::vector<std::filesystem::path> SaveBlocks(const Fullflash& image, const Bloc
   return files;
 }
 
+std::string BlockFileName(std::string_view stem, int number) { return NumberedName(stem, number) + ".bin"; }
+
+std::filesystem::path MakeNewFolder(const std::filesystem::path& beside, std::string_view name) {
+  for (int count = 1;; ++count) {
+    const std::string suffix = count > 1 ? " (" + std::to_string(count) + ")" : "";
+    std::filesystem::path folder = beside / PathOf(std::string(name) + suffix);
+    std::error_code error;
+    if (std::filesystem::create_directory(folder, error)) return folder;
+    std::error_code ignored;
+    if (!std::filesystem::exists(std::filesystem::symlink_status(folder, ignored)))
+      throw FileError(FileError::Kind::CantWrite, folder, error ? error.message() : "it can't be made");
+  }
+}
+
 WrongBlockSize::WrongBlockSize(const std::filesystem::path& file, std::uint64_t sizeOfFile, int sizeOfBlock)
     : runtime_error(WrongSizeText(file, sizeOfFile, sizeOfBlock)),
       path(file),
@@ -82,11 +95,11 @@ std::optional<Change> LoadBlock(const Fullflash& image, const BlockStore& store,
   const auto live = LiveBlock(store, number);
   if (!live) return {};
   const EepromBlockRecord& block = store.records[*live];
-  const std::optional<Bytes> old = DataOf(image, block);
-  if (!old) return {};
+  if (!HasData(image, block)) return {};
+  const Bytes old = image.Region(block.DataOffset, block.Size);
   FileReader reader(file, std::numeric_limits<std::uint64_t>::max());
-  if (reader.Size() != old->size()) throw WrongBlockSize(file, reader.Size(), block.Size);
-  Change change{block.DataOffset, {old->begin(), old->end()}, std::vector<std::uint8_t>(old->size())};
+  if (reader.Size() != old.size()) throw WrongBlockSize(file, reader.Size(), block.Size);
+  Change change{block.DataOffset, {old.begin(), old.end()}, std::vector<std::uint8_t>(old.size())};
   reader.Read(change.newBytes);
   return change;
 }

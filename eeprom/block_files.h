@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,9 @@ std::optional<std::filesystem::path> SaveBlock(const Fullflash& image, const Blo
                                                const EepromBlockRecord& block,
                                                const std::filesystem::path& folder, std::string_view stem);
 
+// Whether a block has data and the image holds all of it.
+[[nodiscard]] bool HasData(const Fullflash& image, const EepromBlockRecord& block);
+
 // The blocks that are saved: the live block of each number, or all generations; of one number or of all.
 [[nodiscard]] std::vector<const EepromBlockRecord*> BlocksToSave(const BlockStore& store, bool allGenerations,
                                                                  std::optional<int> number = {});
@@ -28,6 +32,13 @@ std::optional<std::filesystem::path> SaveBlock(const Fullflash& image, const Blo
 std::vector<std::filesystem::path> SaveBlocks(const Fullflash& image, const BlockStore& store,
                                               bool allGenerations, const std::filesystem::path& folder,
                                               std::string_view stem);
+
+// STEM_NNNN.bin: how the file of the live block of a number is named.
+[[nodiscard]] std::string BlockFileName(std::string_view stem, int number);
+
+// Makes a folder that is not there yet, beside others: of this name, or with " (2)", " (3)" ... behind it.
+// Returns its path. Throws FileError.
+std::filesystem::path MakeNewFolder(const std::filesystem::path& beside, std::string_view name);
 
 // A file that is not as long as the block it is meant for. what() names the file and both sizes.
 class WrongBlockSize : public std::runtime_error {

@@ -155,12 +155,15 @@ std::string HexDump(const BlockData& data) {
     std::string text;
     for (const std::uint8_t byte :
          data.bytes.subspan(row, std::min(dumpRowLength, data.bytes.size() - row))) {
-      digits += HexOfByte(byte) + " ";
+      digits.append(HexOfByte(byte)).append(1, ' ');
       text += Character(byte);
     }
     digits.resize(dumpRowLength * byteWidth + 1, ' ');
     if (row > 0) dump += "\n";
-    dump += PadZero(Hex(static_cast<std::uint32_t>(data.position + row)), 4) + "  " + digits + text;
+    dump.append(PadZero(Hex(static_cast<std::uint32_t>(data.position + row)), 4))
+        .append("  ")
+        .append(digits)
+        .append(text);
   }
   return dump;
 }

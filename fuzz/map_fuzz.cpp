@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;  // more EEPROM blocks than the directory holds
   }
   CheckRegions(map, image);
-  const Table table = MapTable(map, image);
+  const Table table = MapRows(map, image).All();
   Check(table.rows.size() == map.regions.size(), "a region has a row");
   for (const MapRegion& region : map.regions) {
     Check(map.Within(region.offset, region.size).size() == 1, "a region is found where it lies");

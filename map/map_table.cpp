@@ -44,9 +44,11 @@ bool IsRingtone(MapKind kind) {
   return kind == MapKind::RingtoneFile || kind == MapKind::RingtonePointer || kind == MapKind::Melody;
 }
 
-std::string HexColumn(std::uint32_t value) {
+// As many digits as the last value of the column has.
+std::string HexColumn(std::uint32_t value, std::uint32_t last) {
   const std::string digits = Hex(value);
-  return PadZero(digits, std::max<std::size_t>(6, digits.size()));
+  const std::size_t width = std::max({std::size_t{6}, Hex(last).size(), digits.size()});
+  return std::string(width - digits.size(), '0') + digits;
 }
 
 std::string SizeColumn(Offset size) {
@@ -94,12 +96,11 @@ TableRows MapRows(const DumpMap& map, const Fullflash& image) {
           map.regions.size(),
           [&map, &image](std::size_t row) -> Table::Row {
             const MapRegion& region = map.regions[row];
-            return {{HexColumn(static_cast<std::uint32_t>(region.offset)),
-                     HexColumn(image.PhoneAddress(region.offset)), SizeColumn(region.size), WhatOf(region),
-                     std::string(KeyOf(region.sure))}};
+            const auto last = static_cast<Offset>(image.ffEnd());
+            return {{HexColumn(static_cast<std::uint32_t>(region.offset), static_cast<std::uint32_t>(last)),
+                     HexColumn(image.PhoneAddress(region.offset), image.PhoneAddress(last)),
+                     SizeColumn(region.size), WhatOf(region), std::string(KeyOf(region.sure))}};
           }};
 }
-
-Table MapTable(const DumpMap& map, const Fullflash& image) { return MapRows(map, image).All(); }
 
 }  // namespace tarvelo

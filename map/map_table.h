@@ -21,9 +21,8 @@ namespace tarvelo {
 // "...": "EEPROM 5076, erased". Empty outside the image.
 [[nodiscard]] std::string LabelOf(const DumpMap& map, Offset offset, Offset size = 1);
 
-// The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal,
-// Size is decimal. The map and the image must outlive the rows.
+// The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal
+// and as long in all rows, Size is decimal. The map and the image must outlive the rows.
 [[nodiscard]] TableRows MapRows(const DumpMap& map, const Fullflash& image);
-[[nodiscard]] Table MapTable(const DumpMap& map, const Fullflash& image);
 
 }  // namespace tarvelo

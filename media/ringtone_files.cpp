@@ -14,9 +14,7 @@ using FileBuffer = std::vector<std::uint8_t>;
 std::filesystem::path WriteNumbered(const std::filesystem::path& folder, std::string_view stem, int number,
                                     std::string_view extension, Bytes bytes) {
   MakeFolder(folder);
-  const std::string digits = PadZero(Hex(static_cast<std::uint32_t>(number)), 4);
-  std::filesystem::path file =
-      folder / PathOf(std::string(stem).append("_").append(digits).append(extension));
+  std::filesystem::path file = folder / PathOf(NumberedFileName(stem, number, extension));
   // Not written over: a link of that name would lead to another file.
   if (FileExist(file)) RemoveFile(file);
   NoProgress progress;
@@ -99,6 +97,11 @@ FileBuffer Samples(std::span<const Tone> melody) {
 }
 
 }  // namespace
+
+std::string NumberedFileName(std::string_view stem, int number, std::string_view extension) {
+  const std::string digits = PadZero(Hex(static_cast<std::uint32_t>(number)), 4);
+  return std::string(stem).append("_").append(digits).append(extension);
+}
 
 std::filesystem::path SaveDump(const Fullflash& image, const std::filesystem::path& folder,
                                std::string_view stem, int number, std::string_view extension, Offset offset,

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,9 +14,12 @@
 
 namespace tarvelo {
 
-// Writes `size` bytes of the image from an offset, or as many of them as it has, as STEM_NNNN with the
-// extension (".bin"): the number in hexadecimal with four digits. The folder is made when it is
-// missing; a file of that name is deleted first. Returns the file's path. Throws FileError.
+// STEM_NNNN with an extension (".bin"), the number in hexadecimal: how SaveDump names its files.
+[[nodiscard]] std::string NumberedFileName(std::string_view stem, int number, std::string_view extension);
+
+// Writes `size` bytes of the image from an offset, or as many of them as it has, to a file in a
+// folder, named as above. The folder is made when it is missing; a file of that name is deleted first.
+// Returns the file's path. Throws FileError.
 std::filesystem::path SaveDump(const Fullflash& image, const std::filesystem::path& folder,
                                std::string_view stem, int number, std::string_view extension, Offset offset,
                                Offset size);

@@ -115,19 +115,21 @@ void Pattern::AddMatches(Bytes bytes, Offset from, Offset last, Offset at,
   });
 }
 
-std::vector<Offset> FindAll(const Fullflash& image, const Pattern& pattern, Progress& progress) {
+std::vector<Offset> FindAll(const Fullflash& image, const Pattern& pattern, Progress& progress,
+                            std::size_t most) {
   constexpr Offset starts = 0x100000;  // between which progress is shown
   std::vector<Offset> all;
   const Bytes bytes = image.ff();
   const auto size = static_cast<Offset>(bytes.size());
   ProgressRun run(progress, 0, image.ffEnd());
   HitSearch search(pattern, size);
-  while (!search.IsOver() && !run.StopAsked()) {
+  while (!search.IsOver() && all.size() < most && !run.StopAsked()) {
     const Offset at = search.Next();
     run.At(at);
     const Offset length = std::min(starts + pattern.PatCount() - 1, size - at);
     search.Take(bytes.subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(length)), at, all);
   }
+  all.resize(std::min(all.size(), most));
   return all;
 }
 

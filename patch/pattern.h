@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,9 +53,10 @@ class Pattern {
   bool areAll_ = true;         // whether no other byte has to match
 };
 
-// All occurrences, overlapping ones too, in their order. One at offset 0 ends the search before it has
-// begun, as if there were none.
-[[nodiscard]] std::vector<Offset> FindAll(const Fullflash& image, const Pattern& pattern, Progress& progress);
+// All occurrences, overlapping ones too, in their order, but not more than the first `most`. One at offset
+// 0 ends the search before it has begun, as if there were none. Stops early where `progress` asks for it.
+[[nodiscard]] std::vector<Offset> FindAll(const Fullflash& image, const Pattern& pattern, Progress& progress,
+                                          std::size_t most = std::numeric_limits<std::size_t>::max());
 
 // The bytes found at a hit, in upper-case hexadecimal.
 [[nodiscard]] std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hit);

@@ -1,7 +1,78 @@
 #include "shell/apply_patch.h"
 
-namespace tarvelo {
+#include <wx/utils.h>
 
-void ApplyPatch_Click(Main&) {}
+#include "core/file.h"
+#include "patch/patch_apply.h"
+#include "shell/main.h"
+#include "shell/panel.h"
+#include "shell/patch_misfits.h"
+#include "shell/strings.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+namespace {
+
+// Bytes of a patch file. In memory its lines become many times as much.
+constexpr std::uint64_t patchFileLimit = 32 << 20;
+
+// Nothing where it is too large; the user is told.
+std::optional<ReadPatch> ReadPatchFile(Main& main, const std::filesystem::path& file) try {
+  const FileBytes bytes = ReadFile(file, patchFileLimit, main.Status());
+  return ReadPatchText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size});
+} catch (const FileError& error) {
+  if (error.Reason() != FileError::Kind::TooLarge) throw;
+  main.Complain(Wx(main.Texts().Msg(436)) + "\n\n" + WxPath(file));
+  return {};
+}
+
+// Writes the changes as one step and says what became of the patch.
+void WriteChanges(Main& main, const std::vector<Change>& changes, const PatchMisfits& misfits,
+                  const std::filesystem::path& file) {
+  main.WriteImage(changes);
+  const Panel* visible = main.Visible();
+  if (visible && visible->MenuEntry() == HexView)
+    main.ShowHex(changes.front().offset, changes.front().Size());
+  const Messages& texts = main.Texts();
+  std::string told = std::string(texts.Msg(295)) + std::to_string(changes.size());
+  const auto tellNumber = [&](int message, std::size_t number) {
+    if (number > 0) told.append("\n").append(texts.Msg(message)).append(std::to_string(number));
+  };
+  tellNumber(435, misfits.Applied());
+  tellNumber(297, misfits.Count());
+  main.Tell(Wx(told), file);
+}
+
+void Apply(Main& main, const std::filesystem::path& file) {
+  std::optional<wxBusyCursor> wait(std::in_place);
+  const std::optional<ReadPatch> patch = ReadPatchFile(main, file);
+  if (!patch) return;
+  const Fullflash& image = main.Open().image;
+  const PatchCheck check = CheckPatch(patch->changes, image);
+  const PatchMisfits misfits(*patch, check, image, main.Texts());
+  wait.reset();
+  if (misfits.Count() == 0 && patch->changes.empty()) return main.Tell(306, file);
+  if (misfits.Count() == 0 && check.CarriesAll()) return main.Tell(296, file);
+  if (misfits.Count() > 0 && !main.Boxes().ApplyOthers(misfits)) return;
+  if (misfits.Fitting() > 0) WriteChanges(main, check.ToWrite(patch->changes), misfits, file);
+}
+
+}  // namespace
+
+void ApplyPatch_Click(Main& main) {
+  const Messages& texts = main.Texts();
+  const std::string filter =
+      std::string(texts.Msg(135)) + " (*.qpt)|*.qpt|" + std::string(texts.Msg(114)) + "|*.*";
+  const std::filesystem::path own = main.Open().Beside(".qpt");
+  const std::filesystem::path offered = FileExist(own) ? own : own.parent_path() / "";
+  const auto file = main.Boxes().OpenFile(Wx(texts.Msg(294)), Wx(filter), offered);
+  if (file) Apply(main, *file);
+}
+
+void ApplyPatchFile(Main& main, const std::filesystem::path& file) {
+  main.RunGuarded(Wx(main.Texts().Msg(294)), [&] { Apply(main, file); });
+}
+
+bool IsPatchFile(const std::filesystem::path& file) { return ToUpper(PathText(file.extension())) == ".QPT"; }
 
 }  // namespace tarvelo

@@ -2,6 +2,8 @@
 // fit, written as one step.
 #pragma once
 
+#include <filesystem>
+
 namespace tarvelo {
 
 class Main;
@@ -9,5 +11,11 @@ class Main;
 // Asks for a patch file and applies it. Where lines do not fit they are listed, and nothing is written
 // unless the user says so.
 void ApplyPatch_Click(Main& main);
+
+// Applies a patch file that the user chose. What stands against it is told to him.
+void ApplyPatchFile(Main& main, const std::filesystem::path& file);
+
+// Whether a file is a patch, by its name.
+[[nodiscard]] bool IsPatchFile(const std::filesystem::path& file);
 
 }  // namespace tarvelo

@@ -192,6 +192,15 @@ void BlockView::ShowBlock(std::size_t record) {
   Raise();
 }
 
+void BlockView::ImageChanged() {
+  if (!shown_ || !IsShown()) return;
+  report_ = ReportOf(store_, *shown_, main_.Open().image);
+  start_ = 0;
+  ShowGenerations();
+  ShowDump();
+  ShowReadings();
+}
+
 // The dump as wide as its lines, where that leaves the readings as much as they need.
 void BlockView::FitSash() {
   const int line = dump_->GetTextExtent(wxString('0', DumpColumn(0) + 4 * dumpRowLength + 3)).x;

@@ -32,6 +32,8 @@ class BlockView final : public wxDialog {
 
   // Shows a record, by its index, and the window, if it is closed.
   void ShowBlock(std::size_t record);
+  // Shows the bytes of the image as they are now.
+  void ImageChanged();
   // Closes the window and forgets the block: its image is gone.
   void Clear();
   void Recaption();

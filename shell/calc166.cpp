@@ -13,6 +13,7 @@
 #include "core/calculator.h"
 #include "shell/interface_language.h"
 #include "shell/picture.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/strings.h"
 
 namespace tarvelo {
@@ -126,7 +127,7 @@ void Calc166::Recaption(const Messages& messages) {
   SetTitle(Wx(messages.Msg(202)));
   for (const Field& field : fields_) {
     field.label->SetLabel(Wx(messages.Msg(field.message)));
-    field.text->SetName(Wx(messages.Msg(field.message)));
+    platform::SetAccessibleName(*field.text, Wx(messages.Msg(field.message)));
   }
   error_->SetLabel(wxString());
   FitFields();

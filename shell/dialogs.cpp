@@ -11,6 +11,7 @@
 #include <wx/generic/msgdlgg.h>  // after wx/msgdlg.h
 
 #include "resources/messages.h"
+#include "shell/patch_check_dialog.h"
 #include "shell/product.h"
 #include "shell/strings.h"
 
@@ -91,6 +92,10 @@ std::optional<std::filesystem::path> WxDialogs::OpenFile(const wxString& title, 
 std::optional<std::filesystem::path> WxDialogs::SaveFile(const wxString& title, const wxString& filter,
                                                          const std::filesystem::path& current) {
   return ChooseFile(parent_, title, filter, current, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+}
+
+bool WxDialogs::ApplyOthers(const PatchMisfits& misfits) {
+  return PatchCheckDialog(parent_, messages_, misfits).ShowModal() == wxID_OK;
 }
 
 }  // namespace tarvelo

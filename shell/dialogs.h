@@ -12,6 +12,7 @@ class wxWindow;
 namespace tarvelo {
 
 class Messages;
+class PatchMisfits;
 
 class Dialogs {
  public:
@@ -34,6 +35,8 @@ class Dialogs {
                                                         const std::filesystem::path& current) = 0;
   virtual std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
                                                         const std::filesystem::path& current) = 0;
+  // Shows which lines of a patch do not fit. True where the others are to be applied.
+  virtual bool ApplyOthers(const PatchMisfits& misfits) = 0;
 };
 
 // The real ones. Buttons carry the current language's words.
@@ -50,6 +53,7 @@ class WxDialogs final : public Dialogs {
                                                 const std::filesystem::path& current) override;
   std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
                                                 const std::filesystem::path& current) override;
+  bool ApplyOthers(const PatchMisfits& misfits) override;
 
  private:
   wxWindow* parent_;

@@ -51,7 +51,15 @@ int NumberOf(ViewerEntry entry) {
 
 }  // namespace
 
-EepromPanel::EepromPanel(Main& main) : main_(main), commands_(MakeCommands()), ListE_(new ListView(&main)) {
+EepromPanel::EepromPanel(Main& main)
+    : main_(main),
+      transfer_(main, store_,
+                [this] {
+                  const auto record = Chosen();
+                  return record ? &store_.records[*record] : nullptr;
+                }),
+      commands_(MakeCommands()),
+      ListE_(new ListView(&main)) {
   ListE_->SetMarkedColumns(colouredColumns);
   ListE_->onActivate = [this](std::size_t) { main_.Run(OpenE); };
   ListE_->onContextMenu = [this] { main_.PopUpCommands(); };
@@ -117,6 +125,11 @@ void EepromPanel::Clear() {
   ShowList();
 }
 
+// The list stands: it is the directory as it was scanned.
+void EepromPanel::ImageChanged() {
+  if (view_) view_->ImageChanged();
+}
+
 void EepromPanel::Save() { main_.SaveList(ListE_->GetTable(), 'E'); }
 
 void EepromPanel::Recaption(const Messages& messages) {
@@ -135,12 +148,16 @@ std::optional<std::size_t> EepromPanel::Chosen() const {
 PanelCommands EepromPanel::MakeCommands() {
   const auto chosen = [this] { return Chosen().has_value(); };
   const auto any = [this] { return !shown_.empty(); };
-  return PanelCommands(
-      {{.id = OpenE, .message = 2, .run = [this] { OpenE_Click(); }, .enabled = chosen},
-       {.id = OpenDescE, .message = 178, .run = [this] { OpenDescE_Click(); }, .enabled = chosen},
-       {.id = InfoE, .message = 122, .run = [this] { InfoE_Click(); }, .enabled = chosen},
-       {.id = OffsetE, .message = 132, .run = [this] { OffsetE_Click(); }, .enabled = chosen},
-       {},
+  std::vector<PanelCommand> commands = {
+      {.id = OpenE, .message = 2, .run = [this] { OpenE_Click(); }, .enabled = chosen},
+      {.id = OpenDescE, .message = 178, .run = [this] { OpenDescE_Click(); }, .enabled = chosen},
+      {.id = InfoE, .message = 122, .run = [this] { InfoE_Click(); }, .enabled = chosen},
+      {.id = OffsetE, .message = 132, .run = [this] { OffsetE_Click(); }, .enabled = chosen},
+      {}};
+  std::ranges::move(transfer_.Commands(), std::back_inserter(commands));
+  commands.insert(
+      commands.end(),
+      {{},
        {.id = FindE, .message = 115, .shortcut = "Ctrl+F", .run = [this] { FindE_Click(); }, .enabled = any},
        {.id = FindMoreE,
         .message = 118,
@@ -152,8 +169,8 @@ PanelCommands EepromPanel::MakeCommands() {
         .message = 151,
         .run = [this] { ShowDel_Click(); },
         .checked = [this] { return showDeleted_; }},
-       {.message = 123, .entries = KnownBlocks()}},
-      OpenE);
+       {.message = 123, .entries = KnownBlocks()}});
+  return PanelCommands(std::move(commands), OpenE);
 }
 
 std::vector<PanelCommand> EepromPanel::KnownBlocks() {

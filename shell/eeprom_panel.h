@@ -7,6 +7,7 @@
 
 #include "eeprom/block_store.h"
 #include "eeprom/descriptions.h"
+#include "shell/eeprom_transfer.h"
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
 
@@ -30,6 +31,7 @@ class EepromPanel final : public Panel {
   void Build() override;
   void Save() override;
   void Clear() override;
+  void ImageChanged() override;
   void Recaption(const Messages& messages) override;
 
   // The commands. Those that need a chosen block do nothing without one.
@@ -60,10 +62,11 @@ class EepromPanel final : public Panel {
   [[nodiscard]] std::vector<PanelCommand> KnownBlocks();
 
   Main& main_;
+  BlockStore store_;
+  EepromTransfer transfer_;
   PanelCommands commands_;
   ListView* ListE_;
   BlockView* view_ = nullptr;
-  BlockStore store_;
   Descriptions descriptions_;
   std::vector<std::size_t> shown_;  // the record of each row
   ViewerSet viewers_;               // the entries of KnownBlocks that are enabled

@@ -10,7 +10,6 @@ namespace tarvelo {
 namespace {
 
 constexpr Offset patchGap = 8;            // so many bytes that stay may lie within a line of a patch
-constexpr Offset patchLimit = 0x100000;   // changed bytes; as text they become several times as much
 constexpr std::size_t longestQuote = 60;  // of a text that is refused
 
 }  // namespace
@@ -71,12 +70,7 @@ void HexEditor::ChangesToPatch() {
   if (changes.empty()) return main_.Tell(Wx(main_.Texts().Msg(283)));
   Offset size = 0;
   for (const Change& change : changes) size += change.Size();
-  if (size > patchLimit) {
-    const std::string sizes = std::to_string(size) + " > " + std::to_string(patchLimit);
-    return main_.Complain(Wx(std::string(main_.Texts().Msg(281)) + ": " + sizes));
-  }
-  const auto name = main_.Ask(282, PathText(main_.Open().path.filename()));
-  if (name) main_.Patch().AddPatch(*name, PatchLines(changes), true);
+  main_.Patch().AskAndAddPatch(281, size, [&] { return PatchLines(changes); });
 }
 
 void HexEditor::RefuseNumber(const std::string& text) {

@@ -13,6 +13,7 @@
 #include "patch/pattern_walk.h"
 #include "shell/hex_canvas.h"
 #include "shell/main.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/strings.h"
 
 namespace tarvelo {
@@ -120,6 +121,9 @@ void HexPanel::Recaption(const Messages& messages) {
   caption_->SetLabel(Wx(messages.Msg(230)) + ":");
   place_->SetHint(Wx(messages.Msg(231)));
   place_->SetToolTip(Wx(messages.Msg(231)));
+  platform::SetAccessibleName(*place_, Wx(messages.Msg(231)));
+  platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Name())));
+  platform::SetAccessibleName(*kind_, Wx(messages.Msg(230)));
   const int kind = std::max(0, kind_->GetSelection());
   kind_->Set({Wx(messages.Msg(262)), Wx(messages.Msg(254))});
   kind_->SetSelection(kind);

@@ -16,7 +16,6 @@ namespace {
 constexpr std::size_t mostHits = 1000000;       // that are kept
 constexpr std::size_t mostUnasked = 2000;       // that are added to the information text without a question
 constexpr std::size_t longestText = 100000000;  // bytes that the information text can take
-constexpr std::size_t hitsAtOnce = 1024;        // between two looks at the Escape key
 constexpr int bytesShown = 256;                 // of a hit, in the list
 
 const std::vector<std::string> captions{"N", "Offset", "Address", "Bytes"};
@@ -39,9 +38,7 @@ void HitsPanel::Clear() { ShowHits({}); }
 
 void HitsPanel::Recaption(const Messages& messages) { ListS_->SetFilterHint(Wx(messages.Msg(221))); }
 
-void HitsPanel::Save() {
-  main_.SaveList({captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); }}, 'S');
-}
+void HitsPanel::Save() { main_.SaveList(Rows(), 'S'); }
 
 void HitsPanel::Search_Click() {
   const auto answer = main_.AskPattern();
@@ -60,25 +57,19 @@ void HitsPanel::Search_Click() {
   ListS_->Select(0);
 }
 
-// One at offset 0 ends the search before it has begun, as if there were none.
 HitsPanel::Found HitsPanel::FindHits(const std::string& pattern) {
   const Fullflash& image = main_.Open().image;
   Found found{Pattern(pattern), {}, false};
   const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(225)));
-  ProgressRun run(main_.Status(), 0, image.ffEnd());
-  for (Offset hit = found.pattern.FindPat(image, 0); hit >= 1; hit = found.pattern.FindPat(image, hit + 1)) {
-    found.cutOff = found.hits.size() == mostHits;
-    if (found.cutOff) break;
-    found.hits.push_back(hit);
-    run.At(hit);
-    if (found.hits.size() % hitsAtOnce == 0 && run.StopAsked()) break;
-  }
+  found.hits = FindAll(image, found.pattern, main_.Status(), mostHits + 1);
+  found.cutOff = found.hits.size() > mostHits;
+  if (found.cutOff) found.hits.pop_back();
   return found;
 }
 
 void HitsPanel::ShowHits(Found found) {
   found_ = std::move(found);
-  ListS_->SetRows(captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); });
+  ListS_->SetRows(Rows());
 }
 
 // Whether the hits shall go into the information text. The user is asked when they would flood it.
@@ -105,6 +96,10 @@ std::optional<std::string> HitsPanel::HitsAsText() {
     text += LineOfHit(image, found_.pattern, i + 1, found_.hits[i]);
   }
   return text;
+}
+
+TableRows HitsPanel::Rows() const {
+  return {captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
 }
 
 Table::Row HitsPanel::RowOf(std::size_t number) const {

@@ -51,6 +51,7 @@ class HitsPanel final : public Panel {
   void ShowHits(Found found);
   [[nodiscard]] bool TextIsWanted() const;
   [[nodiscard]] std::optional<std::string> HitsAsText();
+  [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] Table::Row RowOf(std::size_t number) const;
   [[nodiscard]] std::optional<Offset> Chosen() const;
   [[nodiscard]] PanelCommands MakeCommands();

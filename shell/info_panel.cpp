@@ -1,11 +1,11 @@
 #include "shell/info_panel.h"
 
+#include <wx/button.h>
 #include <wx/panel.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/statbox.h>
-#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <algorithm>
@@ -14,8 +14,10 @@
 #include "resources/messages.h"
 #include "shell/main.h"
 #include "shell/picture.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/product.h"
 #include "shell/strings.h"
+#include "shell/welcome.h"
 
 namespace tarvelo {
 namespace {
@@ -32,8 +34,7 @@ InfoPanel::InfoPanel(Main& main) : main_(main), window_(new wxPanel(&main)) {
     part->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
   Frame = new wxStaticBox(window_, wxID_ANY, productTitle);
   PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
-  hint_ = new wxStaticText(Frame, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                           wxALIGN_CENTRE_HORIZONTAL | wxST_NO_AUTORESIZE);
+  welcome_ = new Welcome(sheet_, main);
   main.AcceptDrops(*Text);
   Layout();
 }
@@ -43,11 +44,10 @@ void InfoPanel::Layout() {
   auto* box = new wxStaticBoxSizer(Frame, wxVERTICAL);
   box->AddStretchSpacer(1);
   box->Add(PicAbout, 0, wxALIGN_CENTRE_HORIZONTAL | wxLEFT | wxRIGHT, window_->FromDIP(24));
-  box->AddSpacer(2 * gap);
-  box->Add(hint_, 0, wxEXPAND | wxALL, gap);
   box->AddStretchSpacer(2);
   auto* margin = new wxBoxSizer(wxVERTICAL);  // the control's own margins work on Windows only
   margin->Add(Text, 1, wxEXPAND | wxALL, gap);
+  margin->Add(welcome_, 1, wxEXPAND);
   sheet_->SetSizer(margin);
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   row->Add(sheet_, 1, wxEXPAND | wxALL, gap);
@@ -58,6 +58,11 @@ void InfoPanel::Layout() {
 int InfoPanel::MenuEntry() const { return Info; }
 
 wxWindow& InfoPanel::Window() { return *window_; }
+
+wxWindow& InfoPanel::FirstFocus() {
+  if (welcome_->IsShown()) return welcome_->OpenButton();
+  return *Text;
+}
 
 void InfoPanel::Save() {
   const std::filesystem::path file = main_.Open().Beside(".info");
@@ -70,15 +75,20 @@ void InfoPanel::Save() {
 void InfoPanel::Clear() { SetText(wxString()); }
 
 void InfoPanel::Recaption(const Messages& messages) {
-  hint_->SetLabel(Wx(messages.Msg(218)));
-  hint_->Wrap(PicAbout->GetBestSize().x + window_->FromDIP(32));
+  welcome_->Recaption(messages);
+  platform::SetAccessibleName(*Text, Wx(messages.Msg(Name())));
   window_->Layout();
 }
 
 void InfoPanel::SetText(const wxString& text) {
   Text->ChangeValue(text);
-  hint_->Show(text.empty());
+  const bool hadFocus = window_->IsDescendant(wxWindow::FindFocus());
+  if (text.empty()) welcome_->ShowRecent(main_.Recent());
+  welcome_->Show(text.empty());
+  Text->Show(!text.empty());
+  sheet_->Layout();
   window_->Layout();
+  if (hadFocus) FirstFocus().SetFocus();
 }
 
 void InfoPanel::AppendText(const wxString& text) { Text->AppendText(text); }

@@ -16,6 +16,7 @@ class wxTextCtrl;
 namespace tarvelo {
 
 class Main;
+class Welcome;
 
 class InfoPanel final : public Panel {
  public:
@@ -25,6 +26,8 @@ class InfoPanel final : public Panel {
   [[nodiscard]] int Name() const override { return 121; }
   [[nodiscard]] int SaveTextCaption() const override { return 3; }
   [[nodiscard]] wxWindow& Window() override;
+  // Before a dump is open the keyboard is at what opens one.
+  [[nodiscard]] wxWindow& FirstFocus() override;
   void Build() override {}
   // Writes the text to the dump's path with extension ".info".
   void Save() override;
@@ -50,7 +53,7 @@ class InfoPanel final : public Panel {
   wxTextCtrl* Text;
   wxStaticBox* Frame;
   wxStaticBitmap* PicAbout;
-  wxStaticText* hint_;  // what to do while no dump is open
+  Welcome* welcome_;  // in the place of the text while that is empty
 };
 
 }  // namespace tarvelo

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "shell/platform/accessible_name.h"
 #include "shell/platform/list_keys.h"
 #include "shell/strings.h"
 #include "text/unicode.h"
@@ -191,6 +192,17 @@ std::optional<std::size_t> ListView::Selected() const {
   return order_[row];
 }
 
+std::vector<std::size_t> ListView::SelectedRows() const {
+  wxDataViewItemArray items;
+  control_->GetSelections(items);
+  std::vector<std::size_t> rows;
+  for (const wxDataViewItem& item : items) rows.push_back(model_->GetRow(item));
+  std::ranges::sort(rows);
+  std::erase_if(rows, [this](std::size_t row) { return row >= order_.size(); });
+  for (std::size_t& row : rows) row = order_[row];
+  return rows;
+}
+
 void ListView::Select(std::size_t row) {
   if (row >= count_) return;
   if (std::ranges::find(order_, row) == order_.end()) {
@@ -247,18 +259,15 @@ void ListView::Filter(const std::string& text) {
 }
 
 void ListView::CopyRows() const {
-  wxDataViewItemArray items;
-  control_->GetSelections(items);
   Table selected{table_.captions, {}};
-  std::vector<unsigned> rows;
-  for (const wxDataViewItem& item : items) rows.push_back(model_->GetRow(item));
-  std::ranges::sort(rows);
-  for (const unsigned row : rows)
-    if (row < order_.size()) selected.rows.push_back(Row(order_[row]));
+  for (const std::size_t row : SelectedRows()) selected.rows.push_back(Row(row));
   const wxClipboardLocker lock;
   if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
 }
 
-void ListView::SetFilterHint(const wxString& hint) { filterLine_->SetDescriptiveText(hint); }
+void ListView::SetFilterHint(const wxString& hint) {
+  filterLine_->SetDescriptiveText(hint);
+  platform::SetAccessibleName(*filterLine_, hint);
+}
 
 }  // namespace tarvelo

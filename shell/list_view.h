@@ -25,10 +25,6 @@ class ListView final : public wxPanel {
   // Shows a list of which each row is made when it is needed: for lists of very many rows.
   // Afterwards GetTable has captions only.
   void SetRows(TableRows rows);
-  void SetRows(std::vector<std::string> captions, std::size_t count,
-               std::function<Table::Row(std::size_t row)> row) {
-    SetRows({std::move(captions), count, std::move(row)});
-  }
 
   // How many columns of a marked row, from the first on, are drawn in colour; all of them otherwise.
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
@@ -41,6 +37,8 @@ class ListView final : public wxPanel {
   // Rows are told by their index in the table, whatever the order and filter on the screen.
   // The current row; nothing when there is none.
   [[nodiscard]] std::optional<std::size_t> Selected() const;
+  // All selected rows, as they stand on the screen.
+  [[nodiscard]] std::vector<std::size_t> SelectedRows() const;
   // Makes a row the current one and scrolls to it; a filter that hides it is cleared. Calls onSelect.
   void Select(std::size_t row);
 

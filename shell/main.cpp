@@ -5,6 +5,7 @@
 #include <wx/dnd.h>
 #include <wx/sizer.h>
 
+#include "shell/apply_patch.h"
 #include "shell/calc166.h"
 #include "shell/compare_panel.h"
 #include "shell/dump_panel.h"
@@ -17,6 +18,7 @@
 #include "shell/patch_panel.h"
 #include "shell/picture.h"
 #include "shell/pictures_panel.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/product.h"
 #include "shell/ringtones_panel.h"
 #include "shell/strings.h"
@@ -25,14 +27,20 @@
 namespace tarvelo {
 namespace {
 
-// A dump that is dropped is opened when the drop is over: the program it came from waits until then.
+// A file that is dropped is opened when the drop is over: the program it came from waits until then. A
+// patch is applied to the open dump.
 class DumpDrop final : public wxFileDropTarget {
  public:
   explicit DumpDrop(Main& main) : main_(main) {}
 
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
     if (files.empty()) return false;
-    main_.CallAfter([&main = main_, path = PathFrom(files[0])] { main.OpenChosen(path); });
+    main_.CallAfter([&main = main_, path = PathFrom(files[0])] {
+      if (main.Open().IsOpen() && IsPatchFile(path))
+        ApplyPatchFile(main, path);
+      else
+        main.OpenChosen(path);
+    });
     return true;
   }
 
@@ -48,13 +56,13 @@ Main::Main(Surroundings surroundings)
       beeper_(std::move(surroundings.beeper)),
       launcher_(std::move(surroundings.launcher)),
       dialogs_(std::move(surroundings.dialogs)),
-      tools_(settings_, *launcher_) {
+      tools_(settings_, *launcher_),
+      documents_(std::move(surroundings.documents)) {
   if (!dialogs_) dialogs_ = std::make_unique<WxDialogs>(this, messages_);
   SetIcons(ProgramIcons());
   SetMinSize(FromDIP(wxSize(520, 340)));
   status_ = new StatusBar(this);
   SetStatusBar(status_);
-  SetStatusBarPane(-1);  // menus do not write over the panels
   menus_ = std::make_unique<Menus>(*this);
   SetSizer(new wxBoxSizer(wxVERTICAL));
 
@@ -140,10 +148,15 @@ void Main::ApplyLang(const Language& language) {
     settings_.SetIni("General", "Language", language.code);
   menus_->Recaption(messages_, visible_ ? visible_->SaveTextCaption() : 5);
   status_->Recaption(messages_);
-  for (const auto& panel : panels_) panel->Recaption(messages_);
+  for (const auto& panel : panels_) {
+    panel->Recaption(messages_);
+    platform::SetAccessibleName(panel->Window(), Msg(panel->Name()));
+  }
   if (calculator_) calculator_->Recaption(messages_);
   if (visible_) SetTitle(wxString(productName) + " - " + Msg(visible_->Name()));
 }
+
+void Main::DoGiveHelp(const wxString& help, bool show) { status_->ShowHelp(show ? help : wxString()); }
 
 void Main::UpdateMenus() {
   menus_->Enable(document_.IsOpen(), [this](int id) {

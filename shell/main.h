@@ -39,6 +39,7 @@ struct Surroundings {
   std::unique_ptr<Beeper> beeper = SystemBeeper();
   std::unique_ptr<Launcher> launcher = SystemLauncher();
   std::unique_ptr<Dialogs> dialogs = nullptr;  // none: the real ones
+  std::filesystem::path documents = {};        // empty: the user's own folder
 };
 
 class Main final : public wxFrame {
@@ -71,6 +72,11 @@ class Main final : public wxFrame {
   std::optional<ImageEdits::Region> UndoImage();
   std::optional<ImageEdits::Region> RedoImage();
 
+  // Asks for a dump with message n as the title. Nothing when the user cancels.
+  [[nodiscard]] std::optional<std::filesystem::path> AskForDump(int n, const std::filesystem::path& current);
+  // Reads a dump. Where it cannot be read or is empty, the user is told and there is nothing.
+  [[nodiscard]] std::optional<Fullflash> ReadDump(const std::filesystem::path& path);
+
   // Asks about unsaved patch data, if there is any. True means: stop.
   [[nodiscard]] bool WasChanged();
 
@@ -101,8 +107,12 @@ class Main final : public wxFrame {
   [[nodiscard]] const Messages& Texts() const { return messages_; }
   [[nodiscard]] const Settings& Stored() const { return settings_; }
   [[nodiscard]] StatusBar& Status() { return *status_; }
+  // The files opened last, and the folder for what the user has not chosen a place for.
+  [[nodiscard]] const RecentFiles& Recent() const { return recent_; }
+  [[nodiscard]] std::filesystem::path Documents() const;
   [[nodiscard]] Beeper& Sound() { return *beeper_; }
   [[nodiscard]] Launcher& Programs() { return *launcher_; }
+  [[nodiscard]] Dialogs& Boxes() { return *dialogs_; }
   [[nodiscard]] InfoPanel& InfoText() { return *info_; }
   [[nodiscard]] PatchPanel& Patch() { return *patch_; }
   [[nodiscard]] HitsPanel& FoundHits() { return *hits_; }
@@ -137,7 +147,7 @@ class Main final : public wxFrame {
   // and the result is true.
   [[nodiscard]] bool fOpenErr(const std::function<void()>& access);
 
-  // Lets dumps be dropped on a window.
+  // Lets dumps and patch files be dropped on a window.
   void AcceptDrops(wxWindow& window);
 
   // --- languages and commands ---
@@ -153,6 +163,7 @@ class Main final : public wxFrame {
  private:
   using Command = std::function<void()>;
 
+  void DoGiveHelp(const wxString& help, bool show) override;
   void AddCommands();
   void TellFileError(const FileError& error);
   void TellFault(const wxString& command, const std::string& cause);
@@ -187,6 +198,7 @@ class Main final : public wxFrame {
   std::unique_ptr<Launcher> launcher_;
   std::unique_ptr<Dialogs> dialogs_;
   ExternalTools tools_;
+  std::filesystem::path documents_;
   Document document_;
   RecentFiles recent_;
   std::map<int, Command> commands_;

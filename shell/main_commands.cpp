@@ -1,7 +1,6 @@
 // The main window's commands: opening, saving, leaving, and what happens when one fails.
 #include <wx/clipbrd.h>
 #include <wx/menu.h>
-#include <wx/stdpaths.h>
 
 #include <utility>
 
@@ -16,6 +15,7 @@
 #include "shell/panel_commands.h"
 #include "shell/patch_panel.h"
 #include "shell/product.h"
+#include "shell/program_files.h"
 #include "shell/strings.h"
 #include "shell/window_place.h"
 #include "text/unicode.h"
@@ -85,7 +85,10 @@ void Main::TellFileError(const FileError& error) {
   int text = 80;
   if (error.Reason() == FileError::Kind::TooLarge) text = 205;
   if (error.Reason() == FileError::Kind::CantWrite) text = 206;
-  Complain(Msg(text) + "\n\n" + WxPath(error.Path()));
+  const int advice = error.OpenedTo() == FileError::Purpose::Write ? 318 : 317;
+  wxString told = Msg(text) + "\n\n" + WxPath(error.Path());
+  if (error.Reason() != FileError::Kind::TooLarge) told += "\n\n" + Msg(advice);
+  Complain(told);
 }
 
 bool Main::fOpenErr(const std::function<void()>& access) try {
@@ -150,6 +153,10 @@ void Main::ShowHex(Offset start, Offset size) {
 
 wxString Main::DumpFilter() const { return Msg(111) + " (*.bin,*.fls)|*.bin;*.fls|" + Msg(114) + "|*.*"; }
 
+std::filesystem::path Main::Documents() const {
+  return documents_.empty() ? PathFrom(wxStandardPaths::Get().GetDocumentsDir()) : documents_;
+}
+
 bool Main::WasChanged() {
   if (status_->Panel(StatusBar::patchPanel).empty()) return false;
   return !dialogs_->Confirm(Msg(81) + "\n" + Msg(82));
@@ -178,8 +185,12 @@ void Main::OpenNamed(const std::string& name) {
 
 void Main::OpenFF_Click() {
   if (WasChanged()) return;
-  const auto path = dialogs_->OpenFile(Msg(134), DumpFilter(), document_.path);
+  const auto path = AskForDump(134, document_.path);
   if (path) OpenF(*path);
+}
+
+std::optional<std::filesystem::path> Main::AskForDump(int n, const std::filesystem::path& current) {
+  return dialogs_->OpenFile(Msg(n), DumpFilter(), current);
 }
 
 void Main::OpenF(const std::filesystem::path& path) {
@@ -192,14 +203,20 @@ void Main::OpenF(const std::filesystem::path& path) {
   menus_->ShowRecent(recent_);
 }
 
+std::optional<Fullflash> Main::ReadDump(const std::filesystem::path& path) {
+  Fullflash image;
+  if (fOpenErr([&] { image = Fullflash::Load(path, *status_); })) return {};
+  if (image.IsOpen()) return image;
+  Complain(Msg(204) + "\n\n" + WxPath(path));
+  return {};
+}
+
 // Reads and identifies a dump and writes the summary. False where there is nothing to show.
 bool Main::GetInfo(const std::filesystem::path& path) {
+  auto image = ReadDump(path);
+  if (!image) return false;
   Document opened;
-  if (fOpenErr([&] { opened.image = Fullflash::Load(path, *status_); })) return false;
-  if (!opened.IsOpen()) {
-    Complain(Msg(204) + "\n\n" + WxPath(path));
-    return false;
-  }
+  opened.image = std::move(*image);
   opened.SetPath(path);
   opened.FileDir = path.parent_path();
   opened.info = Identify(opened.image);
@@ -313,8 +330,7 @@ void Main::Calc166_Menu_Click() {
 }
 
 void Main::Help_Click() {
-  const auto folder = PathFrom(wxStandardPaths::Get().GetExecutablePath()).parent_path();
-  const std::filesystem::path page = folder / PathFrom(Msg(103));
+  const std::filesystem::path page = DataFolder() / PathFrom(Msg(103));
   if (!FileExist(page)) return Complain(Wx(messages_.MsgS(48, PathText(page))));
   launcher_->OpenWithSystem(page);
 }

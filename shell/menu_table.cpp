@@ -36,7 +36,7 @@ constexpr MenuEntry panels[] = {
 constexpr MenuEntry tools[] = {
     {Search, 275, "Ctrl+Shift+F", true},
     {CompareWith, 285, "Ctrl+Shift+K", true},
-    {ApplyPatch, 294, "Ctrl+Shift+A", true},
+    {ApplyPatch, 294, "Ctrl+Shift+O", true},
     {StFun, 186, "", true},
     {StPat, 187, "", true},
     {MenuNone},

@@ -129,6 +129,7 @@ enum MenuId : int {
 
   OpenDifference,
   OffsetDifference,
+  AddressDifference,
   NextDifference,
   PreviousDifference,
   DifferencesToPatch,

@@ -4,6 +4,7 @@
 #include <wx/menu.h>
 
 #include "resources/messages.h"
+#include "shell/menu_help.h"
 #include "shell/mnemonics.h"
 #include "shell/panel_commands.h"
 #include "shell/recent_files.h"
@@ -30,7 +31,9 @@ void RecaptionEntries(wxMenuBar& bar, const MenuGroup& group, const Messages& me
     const MenuEntry& entry = group.entries[i];
     if (entry.message == 0) continue;
     const wxString shortcut = *entry.shortcut ? wxString("\t") + entry.shortcut : wxString();
-    bar.FindItem(entry.id)->SetItemLabel(captions[i] + shortcut);
+    wxMenuItem& item = *bar.FindItem(entry.id);
+    item.SetItemLabel(captions[i] + shortcut);
+    item.SetHelp(Wx(messages.Msg(HelpOf(entry.id))));
   }
 }
 
@@ -67,6 +70,9 @@ Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
 void Menus::Recaption(const Messages& messages, int saveText) {
   for (const MenuGroup& group : MenuBarTable()) RecaptionEntries(*bar_, group, messages, saveText);
   ShowPanelMenu(panelCommands_, panelTitle_, messages);
+  recentHelp_ = Wx(messages.Msg(HelpOf(File1)));
+  for (std::size_t i = 0; i < recentShown_; ++i)
+    bar_->FindItem(File1 + static_cast<int>(i))->SetHelp(recentHelp_);
 
   // Each language is called by its own name, whatever the current one.
   std::vector<wxString> names;
@@ -75,6 +81,7 @@ void Menus::Recaption(const Messages& messages, int saveText) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     const int id = FirstLanguage + static_cast<int>(i);
     bar_->FindItem(id)->SetItemLabel(names[i]);
+    bar_->FindItem(id)->SetHelp(Wx(messages.Msg(HelpOf(id))));
     if (&Languages()[i] == &messages.Current()) bar_->Check(id, true);
   }
 }
@@ -109,7 +116,7 @@ void Menus::ShowRecent(const RecentFiles& files) {
     wxString path = Wx(files[i]);
     path.Replace("&", "&&");
     recentMenu_->Insert(recentPosition_ + i, File1 + static_cast<int>(i),
-                        wxString::Format("&%d ", static_cast<int>(i) + 1) + path);
+                        wxString::Format("&%d ", static_cast<int>(i) + 1) + path, recentHelp_);
     ++recentShown_;
   }
 }

@@ -1,6 +1,8 @@
 // The menu bar of the main window, made of its table.
 #pragma once
 
+#include <wx/string.h>
+
 #include <functional>
 
 #include "shell/menu_table.h"
@@ -20,7 +22,7 @@ class Menus {
   // Builds the bar, without captions, and gives it to the frame.
   explicit Menus(wxFrame& frame);
 
-  // Captions every title and entry in a language, ticks that language's entry.
+  // Captions and explains every title and entry in a language, ticks that language's entry.
   // `saveText` is the number of the message that SaveText shows now.
   void Recaption(const Messages& messages, int saveText);
 
@@ -48,7 +50,8 @@ class Menus {
   int panelTitle_ = 0;
   wxMenu* recentMenu_ = nullptr;    // where File1 .. File5 stand,
   std::size_t recentPosition_ = 0;  // from this position on,
-  std::size_t recentShown_ = 0;     // and how many are shown
+  std::size_t recentShown_ = 0;     // and how many are shown,
+  wxString recentHelp_;             // with this in the status bar
 };
 
 }  // namespace tarvelo

@@ -3,6 +3,7 @@
 #include <wx/window.h>
 
 #include "resources/messages.h"
+#include "shell/menu_help.h"
 #include "shell/mnemonics.h"
 #include "shell/platform/default_entry.h"
 #include "shell/strings.h"
@@ -18,6 +19,12 @@ const PanelCommand* FindIn(const std::vector<PanelCommand>& commands, int id) {
   return nullptr;
 }
 
+// A submenu is explained as its entries are.
+wxString HelpText(const PanelCommand& command, const Messages& messages) {
+  const int id = command.entries.empty() ? command.id : command.entries.front().id;
+  return Wx(messages.Msg(HelpOf(id)));
+}
+
 bool IsEnabled(const PanelCommand& command) { return !command.enabled || command.enabled(); }
 
 std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const Messages& messages) {
@@ -29,13 +36,13 @@ std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const 
   for (std::size_t i = 0; i < commands.size(); ++i) {
     const PanelCommand& command = commands[i];
     const wxString shortcut = *command.shortcut ? wxString("\t") + command.shortcut : wxString();
+    const wxString help = HelpText(command, messages);
     if (!command.entries.empty())
-      menu->AppendSubMenu(MenuOf(command.entries, messages).release(), captions[i]);
+      menu->AppendSubMenu(MenuOf(command.entries, messages).release(), captions[i], help);
     else if (command.id == 0)
       menu->AppendSeparator();
     else
-      menu->Append(command.id, captions[i] + shortcut, wxString(),
-                   command.checked ? wxITEM_CHECK : wxITEM_NORMAL);
+      menu->Append(command.id, captions[i] + shortcut, help, command.checked ? wxITEM_CHECK : wxITEM_NORMAL);
   }
   return menu;
 }

@@ -6,6 +6,11 @@
 #include "shell/strings.h"
 
 namespace tarvelo {
+namespace {
+
+constexpr Offset patchLimit = 0x100000;  // changed bytes; as text they become several times as much
+
+}  // namespace
 
 PatchPanel::PatchPanel(Main& main) : main_(main), Patch_(new PatchEditor(&main)), commands_(MakeCommands()) {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
@@ -34,6 +39,15 @@ void PatchPanel::Patch_Change() {
 void PatchPanel::AddPatch(const std::string& name, const std::string& body, bool announce) {
   Patch_->Append(PatchBlock(name, body));
   if (announce) main_.Announce(Wx(main_.Texts().MsgS(77, name)), Wx(";" + name + "\n\n" + body));
+}
+
+void PatchPanel::AskAndAddPatch(int n, Offset changedBytes, const std::function<std::string()>& makeBody) {
+  if (changedBytes > patchLimit) {
+    const std::string sizes = std::to_string(changedBytes) + " > " + std::to_string(patchLimit);
+    return main_.Complain(Wx(std::string(main_.Texts().Msg(n)) + ": " + sizes));
+  }
+  const auto name = main_.Ask(282, PathText(main_.Open().path.filename()));
+  if (name) AddPatch(*name, makeBody(), true);
 }
 
 void PatchPanel::SavePatch() {

@@ -1,10 +1,12 @@
 // The Patch panel: the patch text and its file.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
+#include "text/bytes.h"
 
 namespace tarvelo {
 
@@ -27,6 +29,10 @@ class PatchPanel final : public Panel {
 
   // Appends a named patch; `body` may have several lines, parted by line feeds. Announces it if asked to.
   void AddPatch(const std::string& name, const std::string& body, bool announce);
+
+  // Asks for a name and appends and announces a patch that changes so many bytes. Too many are refused
+  // in the name of the command, message n; then no body is made.
+  void AskAndAddPatch(int n, Offset changedBytes, const std::function<std::string()>& makeBody);
 
   // Writes the patch file and tells the user. Throws FileError; the text still counts as unsaved then.
   void SavePatch();

@@ -2,10 +2,11 @@
 
 #include <wx/splitter.h>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
-#include "core/file.h"
 #include "core/notation.h"
 #include "media/melody.h"
 #include "media/ringtone_search.h"
@@ -26,8 +27,10 @@ constexpr Offset entryLength = 8;  // of the ringtone index table
 
 RingtonesPanel::RingtonesPanel(Main& main)
     : main_(main),
-      commands_(MakeCommands()),
       player_(main),
+      transfer_(
+          main, list_, [this] { return Chosen(); }, [this] { return !player_.IsPlaying(); }),
+      commands_(MakeCommands()),
       window_(new wxSplitterWindow(&main, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
       ListR_(new ListView(window_)),
       roll_(new PianoRoll(window_)) {
@@ -71,7 +74,10 @@ wxWindow& RingtonesPanel::Window() { return *window_; }
 wxWindow& RingtonesPanel::FirstFocus() { return ListR_->Control(); }
 
 void RingtonesPanel::Build() {
-  if (list_.ringtones.empty()) GetRingtones();
+  if (list_.ringtones.empty())
+    Find();
+  else if (stale_)
+    FindAgain();
   // The windows have their sizes only once they are shown.
   window_->CallAfter([this] {
     if (!std::exchange(placed_, true)) window_->SetSashPosition(window_->GetSize().y * 11 / 20);
@@ -81,21 +87,45 @@ void RingtonesPanel::Build() {
   });
 }
 
+void RingtonesPanel::Find() {
+  GetRingtones();
+  transfer_.KeepPlaces();
+  main_.InfoText().AppendText(Wx(RingtoneInformation(list_, main_.Texts())));
+  SelectQuietly(0);
+}
+
+// The current row stays the current one.
+void RingtonesPanel::FindAgain() {
+  const std::size_t row = ListR_->Selected().value_or(0);
+  GetRingtones();
+  SelectQuietly(row);
+}
+
 void RingtonesPanel::GetRingtones() {
   list_ = tarvelo::GetRingtones(main_.Open().image, main_.Status());
+  stale_ = false;
   ListR_->SetTable(RingtoneTable(list_, main_.Open().image));
-  main_.InfoText().AppendText(Wx(RingtoneInformation(list_, main_.Texts())));
   const std::size_t count = list_.ringtones.size();
   main_.Status().SetPanel(countPanel, count > 0 ? wxString::Format("%zu", count) : wxString());
-  if (count == 0) return;
+}
+
+void RingtonesPanel::SelectQuietly(std::size_t row) {
+  if (list_.ringtones.empty()) return roll_->Clear();
   selects_ = true;
-  ListR_->Select(0);
+  ListR_->Select(std::min(row, list_.ringtones.size() - 1));
   selects_ = false;
+}
+
+// Lengths, texts and the table itself may be others now.
+void RingtonesPanel::ImageChanged() {
+  stale_ = true;
+  if (main_.Visible() == this && !player_.IsPlaying()) FindAgain();
 }
 
 void RingtonesPanel::Clear() {
   player_.Stop();
   list_ = RingtoneList();
+  stale_ = false;
   ListR_->SetTable(RingtoneTable(list_, main_.Open().image));
   roll_->Clear();
 }
@@ -145,43 +175,40 @@ void RingtonesPanel::PlayRing(const std::string& text) {
 
 PanelCommands RingtonesPanel::MakeCommands() {
   const auto chosen = [this] { return Chosen() && !player_.IsPlaying(); };
-  const auto any = [this] { return !list_.ringtones.empty() && !player_.IsPlaying(); };
   const auto melody = [this] { return Chosen() && !Chosen()->IsFile() && !player_.IsPlaying(); };
-  return PanelCommands(
-      {{.id = Play, .message = 137, .shortcut = "Ctrl+P", .run = [this] { Play_Click(); }, .enabled = chosen},
-       {.id = StopPlaying,
-        .message = 248,
-        .run = [this] { player_.Stop(); },
-        .enabled = [this] { return player_.IsPlaying(); },
-        .captionEnd = " (Esc)"},
-       {.id = PlayText,
-        .message = 138,
-        .run = [this] { PlayText_Click(); },
-        .enabled = [this] { return !player_.IsPlaying(); }},
-       {.id = Autoplay,
-        .message = 107,
-        .run = [this] { Autoplay_Click(); },
-        .checked = [this] { return autoplay_; }},
-       {},
-       {.id = SaveRing, .message = 150, .run = [this] { SaveRing_Click(); }, .enabled = chosen},
-       {.id = SaveAllRing, .message = 144, .run = [this] { SaveAllRing_Click(); }, .enabled = any},
-       {.id = SaveMidi,
-        .message = 249,
-        .run = [this] { saveMidi_ = !saveMidi_; },
-        .checked = [this] { return saveMidi_; }},
-       {},
+  std::vector<PanelCommand> commands = {
+      {.id = Play, .message = 137, .shortcut = "Ctrl+P", .run = [this] { Play_Click(); }, .enabled = chosen},
+      {.id = StopPlaying,
+       .message = 248,
+       .run = [this] { player_.Stop(); },
+       .enabled = [this] { return player_.IsPlaying(); },
+       .captionEnd = " (Esc)"},
+      {.id = PlayText,
+       .message = 138,
+       .run = [this] { PlayText_Click(); },
+       .enabled = [this] { return !player_.IsPlaying(); }},
+      {.id = Autoplay,
+       .message = 107,
+       .run = [this] { Autoplay_Click(); },
+       .checked = [this] { return autoplay_; }},
+      {}};
+  std::ranges::move(transfer_.Commands(), std::back_inserter(commands));
+  commands.insert(
+      commands.end(),
+      {{},
        {.id = CopyR, .message = 110, .run = [this] { CopyR_Click(); }, .enabled = melody},
        {.id = OffsetR, .message = 132, .run = [this] { OffsetR_Click(); }, .enabled = chosen},
        {.id = OpenR, .message = 2, .run = [this] { OpenR_Click(); }, .enabled = chosen},
-       {.id = OpenDescR, .message = 178, .run = [this] { OpenDescR_Click(); }, .enabled = chosen}},
-      Play);
+       {.id = OpenDescR, .message = 178, .run = [this] { OpenDescR_Click(); }, .enabled = chosen}});
+  return PanelCommands(std::move(commands), Play);
 }
 
 void RingtonesPanel::Play_Click() {
   const Ringtone* ringtone = Chosen();
   if (!ringtone) return;
   if (!ringtone->IsFile()) return PlayRing(TextOf(*ringtone));
-  if (const auto file = SaveOne(*ringtone, RingtoneFormat::Raw)) main_.Programs().OpenWithSystem(*file);
+  if (const auto file = transfer_.SaveOne(*ringtone, RingtoneFormat::Raw))
+    main_.Programs().OpenWithSystem(*file);
 }
 
 // The picture is that of the typed melody while it plays.
@@ -198,52 +225,6 @@ void RingtonesPanel::PlayText_Click() {
 }
 
 void RingtonesPanel::Autoplay_Click() { autoplay_ = !autoplay_; }
-
-std::filesystem::path RingtonesPanel::Folder() const { return main_.Open().FileDir / "MIDI"; }
-
-// Nothing where the file cannot be created: it is passed over, and nobody is told.
-std::optional<std::filesystem::path> RingtonesPanel::SaveOne(const Ringtone& ringtone,
-                                                             RingtoneFormat format) try {
-  const std::string stem = PathText(main_.Open().FileStem.filename());
-  return SaveRingtone(main_.Open().image, ringtone, Folder(), stem, format);
-} catch (const FileError&) {
-  return {};
-}
-
-// Writes a ringtone as it stands, and a melody in the common formats too if the user wants that.
-// Returns the path of the first file.
-std::optional<std::filesystem::path> RingtonesPanel::SaveFormats(const Ringtone& ringtone) {
-  if (saveMidi_ && !ringtone.IsFile()) {
-    SaveOne(ringtone, RingtoneFormat::Midi);
-    SaveOne(ringtone, RingtoneFormat::Wave);
-  }
-  return SaveOne(ringtone, RingtoneFormat::Raw);
-}
-
-void RingtonesPanel::SaveRing_Click() {
-  const Ringtone* ringtone = Chosen();
-  if (!ringtone) return;
-  if (const auto file = SaveFormats(*ringtone))
-    main_.Tell(Wx(main_.Texts().MsgS(44, std::to_string(ringtone->number))), *file);
-}
-
-void RingtonesPanel::SaveAllRing_Click() {
-  if (SaveEach()) main_.Tell(45, Folder() / "NNNN.xxx");
-}
-
-// Saves all ringtones. False when the user stopped it, and when none could be written.
-bool RingtonesPanel::SaveEach() {
-  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(225)));
-  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(list_.ringtones.size()));
-  std::int64_t done = 0;
-  bool isAnySaved = false;
-  for (const Ringtone& ringtone : list_.ringtones) {
-    run.At(done++);
-    if (run.StopAsked()) return false;
-    if (SaveFormats(ringtone)) isAnySaved = true;
-  }
-  return isAnySaved;
-}
 
 void RingtonesPanel::CopyR_Click() {
   if (const Ringtone* ringtone = Chosen()) main_.Copy(TextOf(*ringtone));

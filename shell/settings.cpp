@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "shell/platform/ini.h"
+#include "shell/program_files.h"
 #include "shell/strings.h"
 #include "text/unicode.h"
 
@@ -36,8 +37,9 @@ std::filesystem::path Settings::DefaultFile() {
   constexpr char name[] = "Tarvelo.ini";
   wxStandardPaths& paths = wxStandardPaths::Get();
   paths.SetFileLayout(wxStandardPaths::FileLayout_XDG);
-  const std::filesystem::path beside = PathFrom(paths.GetExecutablePath()).parent_path();
-  if (wxFileName::IsDirWritable(WxPath(beside))) return beside / name;
+  const std::filesystem::path beside = ProgramFolder();
+  const bool installed = DataFolder() != beside;
+  if (!installed && wxFileName::IsDirWritable(WxPath(beside))) return beside / name;
   const std::filesystem::path folder = PathFrom(paths.GetUserConfigDir()) / "Tarvelo";
   std::error_code ignored;
   std::filesystem::create_directories(folder, ignored);

@@ -36,8 +36,8 @@ class Settings {
   // The folder of the settings file: other files of the user's and of the program's lie there too.
   [[nodiscard]] std::filesystem::path Folder() const { return file_.parent_path(); }
 
-  // Where the settings live: beside the program where that folder can be written, else in the user's
-  // configuration folder, which is made.
+  // Where the settings live: beside the program where that folder can be written, else, and where the
+  // program was installed as the system's own are, in the user's configuration folder, which is made.
   [[nodiscard]] static std::filesystem::path DefaultFile();
 
  private:

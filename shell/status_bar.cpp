@@ -44,12 +44,28 @@ StatusBar::StatusBar(wxWindow* parent)
   Bind(wxEVT_MOTION, &StatusBar::ShowTooltip, this);
 }
 
-wxString StatusBar::Panel(int number) const { return GetStatusText(number - 1); }
+wxString StatusBar::Panel(int number) const { return texts_[static_cast<std::size_t>(number - 1)]; }
 
 void StatusBar::SetPanel(int number, const wxString& text) {
   if (text == Panel(number)) return;
-  SetStatusText(OneLine(text), number - 1);
+  texts_[static_cast<std::size_t>(number - 1)] = OneLine(text);
   hovered_ = 0;  // the tooltip is another
+  ShowTexts();
+}
+
+void StatusBar::ShowHelp(const wxString& help) {
+  if (help == help_) return;
+  help_ = help;
+  ShowTexts();
+}
+
+// Help stands in the second panel, as hints do; the first one makes room for it.
+void StatusBar::ShowTexts() {
+  for (int number = 1; number <= panels; ++number) SetStatusText(Panel(number), number - 1);
+  if (!help_.empty()) {
+    SetStatusText(wxString(), 0);
+    SetStatusText(help_, 1);
+  }
   FitPanels();
 }
 
@@ -98,7 +114,7 @@ bool StatusBar::StopAsked() { return wxTheApp->IsActive() && wxGetKeyState(WXK_E
 
 void StatusBar::FitPanels() {
   int widths[panels];
-  widths[0] = -3;
+  widths[0] = help_.empty() ? -3 : FromDIP(14);
   widths[1] = -2;
   for (int number = firstFigure; number <= panels; ++number) {
     const int text = GetTextExtent(Panel(number)).x;

@@ -30,11 +30,14 @@ class StatusBar final : public wxStatusBar, public Progress {
 
   explicit StatusBar(wxWindow* parent);
 
-  // Panels count from 1.
+  // Panels count from 1. Their texts are these, whatever ShowHelp shows in the place of some.
   [[nodiscard]] wxString Panel(int number) const;
   void SetPanel(int number, const wxString& text);
   // Empties panels first .. 10.
   void ClearFrom(int first);
+
+  // Explains a menu entry in the place of the first two panels; an empty text gives it back to them.
+  void ShowHelp(const wxString& help);
 
   // Gives the panels their widths: the path takes what is left, the figures are as wide as their texts.
   void FitPanels();
@@ -51,11 +54,14 @@ class StatusBar final : public wxStatusBar, public Progress {
   [[nodiscard]] bool StopAsked() override;
 
  private:
+  void ShowTexts();
   void PlaceProgressBar();
   void ShowTooltip(wxMouseEvent& event);
 
   wxGauge* ProgressBar;
   std::array<wxString, panels> labels_;
+  std::array<wxString, panels> texts_;
+  wxString help_;
   std::int64_t first_ = 0;
   std::int64_t span_ = 1;
   int hovered_ = 0;

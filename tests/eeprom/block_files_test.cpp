@@ -71,5 +71,13 @@ TEST_F(BlockFiles, OfAnotherSizeAreRefusedWithBothSizes) {
     }
 }
 
+TEST_F(BlockFiles, NewFoldersStandBesideOlderOnes) {
+  EXPECT_EQ(MakeNewFolder(folder.Path(), "backup"), folder / "backup");
+  folder.Write("backup (2)", std::string("a file"));
+  EXPECT_EQ(MakeNewFolder(folder.Path(), "backup"), folder / "backup (3)");
+  EXPECT_EQ(ReadAll(folder / "backup (2)"), "a file");
+  EXPECT_THROW(MakeNewFolder(folder / "missing", "backup"), FileError);
+}
+
 }  // namespace
 }  // namespace tarvelo

@@ -20,9 +20,9 @@ Offset Find(const Data& bytes, std::string_view pattern, Offset start = 0) {
   return Pattern(pattern).FindPat(Image(bytes), start);
 }
 
-std::vector<Offset> All(const Data& bytes, std::string_view pattern) {
+std::vector<Offset> All(const Data& bytes, std::string_view pattern, std::size_t most = 1000) {
   NoProgress progress;
-  return FindAll(Image(bytes), Pattern(pattern), progress);
+  return FindAll(Image(bytes), Pattern(pattern), progress, most);
 }
 
 TEST(Pattern, IsReadInAllItsForms) {
@@ -51,6 +51,7 @@ TEST(FindAll, FindsOverlappingHitsButNoneAfterOneAtZero) {
   EXPECT_EQ(All({0, 7, 7, 7, 7, 0}, "07,07"), (std::vector<Offset>{1, 2, 3}));
   EXPECT_EQ(All({7, 7, 7, 7, 0}, "07,07"), std::vector<Offset>{});
   EXPECT_EQ(All({0, 7, 7, 7, 7}, "07,07"), (std::vector<Offset>{1, 2}));  // the last ends with the image
+  EXPECT_EQ(All({0, 7, 7, 7, 7, 0}, "07,07", 2), (std::vector<Offset>{1, 2}));
   EXPECT_EQ(All({0, 1, 2, 3}, "??"), std::vector<Offset>{});
   EXPECT_EQ(All({0, 1, 2, 3}, "?"), std::vector<Offset>{});
 }

@@ -14,6 +14,7 @@
 #include "demo/image_builder.h"
 #include "shell/info_panel.h"
 #include "shell/main.h"
+#include "shell/patch_misfits.h"
 #include "shell/strings.h"
 #include "shell/test_app.h"
 #include "temporary_folder.h"
@@ -30,6 +31,8 @@ struct Script {
   bool confirm = false;
   std::string answer;  // cancelled when it is empty
   std::optional<std::filesystem::path> file;
+  std::filesystem::path offered;  // when a file to open was asked for
+  bool applyOthers = false;
 
   // The oldest of what was said; empty when nothing was.
   std::string TakeSaid() {
@@ -60,14 +63,21 @@ class ScriptedDialogs final : public Dialogs {
     return Wx(script_.answer);
   }
   std::optional<std::filesystem::path> OpenFile(const wxString&, const wxString& filter,
-                                                const std::filesystem::path&) override {
+                                                const std::filesystem::path& current) override {
     script_.said.push_back("open " + Utf8(filter));
+    script_.offered = current;
     return script_.file;
   }
   std::optional<std::filesystem::path> SaveFile(const wxString&, const wxString&,
                                                 const std::filesystem::path& current) override {
     script_.said.push_back("save " + PathText(current.filename()));
     return script_.file;
+  }
+  bool ApplyOthers(const PatchMisfits& misfits) override {
+    Table lines{misfits.Captions(), {}};
+    for (std::size_t i = 0; i < misfits.Listed(); ++i) lines.rows.push_back(misfits.Row(i));
+    script_.said.push_back(misfits.Summary() + "\n" + TabSeparated(lines, "\n"));
+    return script_.applyOthers;
   }
 
  private:
@@ -113,6 +123,7 @@ class Desk : public testing::Test {
  protected:
   Desk() {
     Settings(SettingsFile()).SetIni("General", "Language", "EN");
+    std::filesystem::create_directory(folder / "documents");
     StartProgram();
   }
   ~Desk() override {
@@ -122,7 +133,8 @@ class Desk : public testing::Test {
 
   void StartProgram() {
     main = new Main({Settings(SettingsFile()), std::make_unique<RecordingBeeper>(script),
-                     std::make_unique<RecordingLauncher>(script), std::make_unique<ScriptedDialogs>(script)});
+                     std::make_unique<RecordingLauncher>(script), std::make_unique<ScriptedDialogs>(script),
+                     folder / "documents"});
     main->Show();
     Settle();
   }
@@ -146,6 +158,10 @@ class Desk : public testing::Test {
     main->ProcessCommand(id);
     Settle();
   }
+
+  // What follows the path where a file could not be read, resp. written.
+  [[nodiscard]] static std::string ReadAdvice() { return "\n\n" + std::string(Messages().Msg(317)); }
+  [[nodiscard]] static std::string WriteAdvice() { return "\n\n" + std::string(Messages().Msg(318)); }
 
   // Drops a file on the window. It is opened when the drop is over, not before.
   void Drop(const std::filesystem::path& file) {

@@ -41,5 +41,17 @@ TEST_F(Desk, RealDialogsTakeTheKeyboard) {
   EXPECT_FALSE(dialogs.SaveFile("Save", "All files|*.*", folder / "dump.bin"));
 }
 
+TEST_F(Desk, ListOfMisfitsTakesTheKeyboard) {
+  main->OpenF(WriteDump("phone.bin"));
+  const ReadPatch patch = ReadPatchText("0: FF 00\n1: 00 11\n");
+  const PatchCheck check = CheckPatch(patch.changes, main->Open().image);
+  const PatchMisfits misfits(patch, check, main->Open().image, main->Texts());
+  WxDialogs dialogs(main, main->Texts());
+  for (const int key : {WXK_RETURN, WXK_ESCAPE}) {  // nothing is applied by mistake
+    const KeyPresser presser(*main, key);
+    EXPECT_FALSE(dialogs.ApplyOthers(misfits));
+  }
+}
+
 }  // namespace
 }  // namespace tarvelo

@@ -70,14 +70,15 @@ TEST_F(Desk, RefusesWhatIsNoDump) {
   struct {
     const char* name;
     const char* text;
-  } const cases[] = {{"missing.bin", "!Can't open file !\n\n"},
-                     {"folder.bin", "!Can't open file !\n\n"},
-                     {"empty.bin", "!The file is empty.\n\n"},
-                     {"one.bin", "!The file is empty.\n\n"}};
-  for (const auto& [name, text] : cases) {
+    std::string advice;
+  } const cases[] = {{"missing.bin", "!Can't open file !\n\n", ReadAdvice()},
+                     {"folder.bin", "!Can't open file !\n\n", ReadAdvice()},
+                     {"empty.bin", "!The file is empty.\n\n", ""},
+                     {"one.bin", "!The file is empty.\n\n", ""}};
+  for (const auto& [name, text, advice] : cases) {
     main->OpenF(WriteDump("good.bin"));
     main->OpenF(folder / name);
-    EXPECT_EQ(script.TakeSaid(), text + path(name));
+    EXPECT_EQ(script.TakeSaid(), text + path(name) + advice);
     EXPECT_FALSE(main->Open().IsOpen());
     EXPECT_EQ(InfoText(), "");
     EXPECT_EQ(Status(2), "");
@@ -120,7 +121,7 @@ TEST_F(Desk, TellsThatTheImageCannotBeSaved) {
   script.file = folder / "no folder" / "copy.bin";
   Choose(SaveAs);
   (void)script.TakeSaid();
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(*script.file));
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(*script.file) + WriteAdvice());
   EXPECT_TRUE(script.beeps.empty());
   EXPECT_TRUE(main->Open().IsOpen());
   EXPECT_EQ(main->Open().FileStem, folder / "dump");  // still the old names
@@ -190,7 +191,7 @@ TEST_F(Desk, TellsAFaultAndGoesOn) {
   Choose(Files);
   std::filesystem::create_directory(folder / "dump_F.txt");  // cannot be written
   Choose(SaveText);
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(folder / "dump_F.txt"));
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(folder / "dump_F.txt") + WriteAdvice());
   EXPECT_TRUE(main->Open().IsOpen());
 }
 
@@ -223,7 +224,7 @@ TEST_F(Desk, OpensWhatTheCommandLineNames) {
   main->OpenNamed("my.adr");
   EXPECT_EQ(script.TakeSaid(), "!Address books can't be opened.\n\nmy.adr");
   main->OpenNamed("");
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n");
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + ReadAdvice());
   main->OpenNamed(PathText(WriteDump("dump.bin")));
   EXPECT_TRUE(main->Open().IsOpen());
 }

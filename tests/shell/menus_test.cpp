@@ -3,6 +3,7 @@
 #include <map>
 
 #include "shell/desk.h"
+#include "shell/menu_help.h"
 #include "shell/mnemonics.h"
 #include "text/unicode.h"
 
@@ -42,6 +43,68 @@ TEST_F(Desk, CaptionsEveryMenuInEveryLanguage) {
     EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(134));
     EXPECT_TRUE(Item(FirstLanguage + i)->IsChecked());
   }
+}
+
+// The first entry of a menu or its submenus that does not say what it does; empty where all do.
+std::string Unexplained(const wxMenu& menu) {
+  for (const wxMenuItem* item : menu.GetMenuItems()) {
+    if (item->IsSeparator()) continue;
+    if (item->GetHelp().empty()) return Utf8(item->GetItemLabelText());
+    const std::string below = item->IsSubMenu() ? Unexplained(*item->GetSubMenu()) : std::string();
+    if (!below.empty()) return below;
+  }
+  return {};
+}
+
+TEST_F(Desk, ExplainsEveryMenuEntryInEveryLanguage) {
+  main->OpenF(WriteDump("dump.bin"));
+  for (int panel = Info; panel <= PatchMenu; ++panel) {
+    if (!Enabled(panel)) continue;
+    Choose(panel);
+    for (const Language& language : Languages()) {
+      main->ApplyLang(language);
+      const wxMenuBar& bar = *main->GetMenuBar();
+      for (std::size_t menu = 0; menu < bar.GetMenuCount(); ++menu)
+        EXPECT_EQ(Unexplained(*bar.GetMenu(menu)), "") << language.code << ": " << Title();
+    }
+  }
+}
+
+TEST(MenuHelp, KnowsEveryCommand) {
+  for (int id = OpenFF; id <= DifferencesToPatch; ++id)
+    EXPECT_FALSE(Messages().Msg(HelpOf(id)).empty()) << id;
+}
+
+TEST_F(Desk, ExcusesOnlyWhatCannotBeDone) {
+  main->OpenF(WriteDump("dump.bin"));
+  for (const MenuGroup& group : MenuBarTable())
+    for (const MenuEntry& entry : group.entries) {
+      if (entry.message == 0 || entry.id == Quillo) continue;
+      EXPECT_EQ(HelpOf(entry.id) != HelpOf(StFun), Enabled(entry.id)) << Caption(entry.id);
+    }
+}
+
+TEST_F(Desk, ShowsHelpInPlaceOfTheHintUntilTheMenuCloses) {
+  const auto shown = [&](int panel) { return Utf8(main->Status().GetStatusText(panel - 1)); };
+  const auto send = [&](wxEventType type, int id) {
+    wxMenuEvent event(type, id);
+    main->ProcessWindowEvent(event);
+  };
+  const auto dump = WriteDump("dump.bin");
+  main->OpenF(dump);
+  const std::string phone = Status(2);
+  send(wxEVT_MENU_HIGHLIGHT, Save);
+  EXPECT_EQ(shown(2), Messages().Msg(HelpOf(Save)));
+  EXPECT_EQ(Status(2), phone);  // which the patch file names
+  send(wxEVT_MENU_HIGHLIGHT, MenuNone);
+  EXPECT_EQ(shown(2), phone);
+  send(wxEVT_MENU_HIGHLIGHT, File1);
+  EXPECT_EQ(shown(2), Messages().Msg(HelpOf(File1)));
+  main->Status().SetPanel(2, "new");
+  EXPECT_EQ(shown(2), Messages().Msg(HelpOf(File1)));
+  send(wxEVT_MENU_CLOSE, 0);
+  EXPECT_EQ(shown(2), "new");
+  EXPECT_EQ(shown(1), PathText(dump));
 }
 
 TEST_F(Desk, TakesTheLanguageOverARestart) {

@@ -135,7 +135,7 @@ TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
   RemoveFile(File());
   MakeFolder(File());  // in the way
   Choose(Quillo);
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(File()));
+  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
   EXPECT_EQ(script.started.size(), 2u);  // not started with what is old
 }
 

@@ -1,0 +1,41 @@
+// Differences of two dumps as people see them: rows of a list, parts of a strip, figures.
+#pragma once
+
+#include <wx/colour.h>
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/fullflash.h"
+#include "core/table.h"
+#include "map/dump_map.h"
+#include "patch/image_compare.h"
+#include "shell/image_strip.h"
+
+namespace tarvelo {
+
+// The captions of the list, and the row of a difference between the open image and other bytes. The map
+// is the open image's; of an empty one there are no labels. Throws std::out_of_range where one of both
+// does not have all the bytes.
+[[nodiscard]] const std::vector<std::string>& DifferenceCaptions();
+[[nodiscard]] Table::Row DifferenceRow(const Fullflash& image, Bytes other, const DumpMap& map,
+                                       const Difference& difference);
+
+// How many bytes differ: within a difference some may be the same.
+[[nodiscard]] Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences);
+
+// Joins neighbours across more and more equal bytes until there are at most so many. False where there
+// were no more anyway.
+bool JoinDifferences(std::vector<Difference>& differences, std::size_t most);
+
+// Parts for a strip of an image, the first bytes of which were compared. A difference colours all of the
+// cells, a thousandth of the image each, that it touches, so that a single byte is seen too.
+[[nodiscard]] std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset compared,
+                                             Offset imageSize, const wxColour& colour);
+
+// The index of the difference that lies at an offset or is next to it. There must be one.
+[[nodiscard]] std::size_t NearestDifference(std::span<const Difference> differences, Offset offset);
+
+}  // namespace tarvelo

@@ -1,0 +1,27 @@
+// The question what is to become of a patch of which lines do not fit: all of them are listed.
+#pragma once
+
+#include <wx/dialog.h>
+
+namespace tarvelo {
+
+class ListView;
+class Messages;
+class PatchMisfits;
+
+// ShowModal gives wxID_OK where the lines that fit are to be applied.
+class PatchCheckDialog final : public wxDialog {
+ public:
+  // The misfits must outlive the dialog; `parent` may be null.
+  PatchCheckDialog(wxWindow* parent, const Messages& messages, const PatchMisfits& misfits);
+
+  [[nodiscard]] ListView& List() { return *list_; }
+
+ private:
+  [[nodiscard]] wxSizer* MakeButtons(const Messages& messages, bool canApply);
+  void FitScreen();
+
+  ListView* list_;
+};
+
+}  // namespace tarvelo

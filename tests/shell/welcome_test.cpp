@@ -1,0 +1,101 @@
+#include "shell/welcome.h"
+
+#include <wx/button.h>
+
+#include "shell/desk.h"
+
+namespace tarvelo {
+namespace {
+
+class WelcomeDesk : public Desk {
+ protected:
+  // The button of this caption that can be seen; null where there is none.
+  [[nodiscard]] wxButton* Button(const std::string& caption) const {
+    return ButtonIn(main->InfoText().Window(), Wx(caption));
+  }
+
+  void Click(wxButton* button) {
+    ASSERT_NE(button, nullptr);
+    wxCommandEvent click(wxEVT_BUTTON, button->GetId());
+    click.SetEventObject(button);
+    button->ProcessWindowEvent(click);
+    Settle();
+  }
+
+  // A name that a button shows whole, unlike the path of the test's folder.
+  [[nodiscard]] wxButton* RecentButton(const std::filesystem::path& path) const {
+    return ButtonIn(main->InfoText().Window(), WxPath(path), true);
+  }
+
+  [[nodiscard]] std::filesystem::path Demonstration(const char* name) const {
+    return folder / "documents" / name;
+  }
+
+ private:
+  static wxButton* ButtonIn(const wxWindow& window, const wxString& text, bool byTip = false) {
+    for (wxWindow* child : window.GetChildren()) {
+      auto* button = dynamic_cast<wxButton*>(child);
+      if (button && button->IsShownOnScreen() &&
+          (byTip ? button->GetToolTipText() : button->GetLabelText()) == text)
+        return button;
+      if (wxButton* found = ButtonIn(*child, text, byTip)) return found;
+    }
+    return nullptr;
+  }
+};
+
+TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
+  EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
+  script.file = WriteDump("dump.bin");
+  Click(Button("Open"));
+  EXPECT_TRUE(main->Open().IsOpen());
+  EXPECT_EQ(Button("Open"), nullptr);
+  Choose(Pictures);
+  main->OpenF(folder / "missing.bin");  // closes the dump
+  EXPECT_EQ(InfoText(), "");
+  EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
+  EXPECT_NE(Button("Help"), nullptr);
+}
+
+TEST_F(WelcomeDesk, OffersWhatWasOpenedLast) {
+  const auto first = WriteDump("first.bin");
+  const auto second = WriteDump("A & B.bin");
+  EXPECT_EQ(RecentButton(first), nullptr);
+  main->OpenF(first);
+  main->OpenF(second);
+  main->CloseFF();
+  EXPECT_NE(RecentButton(second), nullptr);
+  Click(RecentButton(first));
+  EXPECT_EQ(main->Open().path, first);
+}
+
+TEST_F(WelcomeDesk, SpeaksTheLanguageThatIsChosen) {
+  Choose(FirstLanguage + 10);
+  const Messages greek(*FindLanguage("GR"));
+  for (const int n : {134, 315, 120}) EXPECT_NE(Button(std::string(greek.Msg(n))), nullptr) << n;
+}
+
+TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
+  const std::string tryIt(Messages().Msg(315));
+  const auto file = Demonstration("Tarvelo demo.bin");
+  const std::string said = "i" + std::string(Messages().Msg(358)) + "\n\n" + PathText(file);
+  for (int time = 0; time < 2; ++time) {  // the second time it lies there already
+    Click(Button(tryIt));
+    EXPECT_EQ(script.TakeSaid(), said);
+    EXPECT_EQ(main->Open().path, file);
+    main->CloseFF();
+  }
+  EXPECT_EQ(std::filesystem::file_size(file), 0x800000u);
+  EXPECT_FALSE(FileExist(Demonstration("Tarvelo demo 2.bin")));
+}
+
+TEST_F(WelcomeDesk, OverwritesNothingWithTheDemonstration) {
+  const auto file = Demonstration("Tarvelo demo.bin");
+  WriteFile(file, "mine");
+  std::filesystem::create_directory(Demonstration("Tarvelo demo 2.bin"));
+  EXPECT_EQ(WriteDemonstration(folder / "documents"), Demonstration("Tarvelo demo 3.bin"));
+  EXPECT_EQ(ReadAll(file), "mine");
+}
+
+}  // namespace
+}  // namespace tarvelo
