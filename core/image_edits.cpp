@@ -81,8 +81,8 @@ std::vector<Change> ImageEdits::Changes(const Fullflash& image, Offset from, Off
   for (auto page = originals_.lower_bound(from / pageSize); page != originals_.end(); ++page) {
     const Offset start = page->first * pageSize;
     if (start >= end) break;
-    for (Offset i = std::max<Offset>(0, from - start); i < std::min(std::ssize(page->second), end - start);
-         ++i)
+    for (Offset i = std::max<Offset>(0, from - start);
+         i < std::min<Offset>(std::ssize(page->second), end - start); ++i)
       if (const std::uint8_t old = page->second[static_cast<std::size_t>(i)]; old != image.Byte(start + i))
         Add(changes, image, start + i, old, gap);
   }

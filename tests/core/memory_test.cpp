@@ -89,10 +89,10 @@ TEST(Memory, EveryListTakesASmallMultipleOfTheImage) {
     std::size_t size;
     std::vector<std::string> commands;
   } cases[] = {
-      {PictureTableWithoutEnd, 0x200000, {"list pictures", "list pictures --json", "map"}},
+      {PictureTableWithoutEnd, 0x100000, {"list pictures", "list pictures --json", "map"}},
       {HeadersThatOverlap, 0x1000000, {"map"}},
       {MelodiesThatOverlap, 0x100000, {"list ringtones", "list ringtones --json", "map"}},
-      {RunsAndFilling, 0x200000, {"map", "map --json"}},
+      {RunsAndFilling, 0x100000, {"map", "map --json"}},
   };
   for (const auto& [fill, size, commands] : cases) {
     ImageBuilder builder(size);
