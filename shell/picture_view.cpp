@@ -37,28 +37,28 @@ PictureView::PictureView(wxWindow* parent)
   Bind(wxEVT_MOUSEWHEEL, &PictureView::TurnWheel, this);
   Bind(wxEVT_CHAR_HOOK, &PictureView::PressKey, this);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-    if (fit_) Update();
+    if (fit_) Arrange();
     event.Skip();
   });
 }
 
 void PictureView::Show(std::optional<Bitmap> bitmap) {
   bitmap_ = std::move(bitmap);
-  Update();
+  Arrange();
 }
 
 void PictureView::SetZoom(int zoom) {
   fit_ = false;
   zoom_ = std::clamp(zoom, 1, largestZoom);
-  Update();
+  Arrange();
 }
 
-void PictureView::Fit() {
+void PictureView::FitWindow() {
   fit_ = true;
-  Update();
+  Arrange();
 }
 
-void PictureView::Update() {
+void PictureView::Arrange() {
   const int width = bitmap_ ? std::max(1, bitmap_->width) : 1;
   const int height = bitmap_ ? std::max(1, bitmap_->height) : 1;
   if (fit_) zoom_ = std::clamp(std::min(GetSize().x / width, GetSize().y / height), 1, largestZoom);
@@ -92,7 +92,7 @@ void PictureView::PressKey(wxKeyEvent& event) {
     case '+':
     case '=': ZoomBy(1); break;
     case '-': ZoomBy(-1); break;
-    case '0': Fit(); break;
+    case '0': FitWindow(); break;
     default: event.Skip();
   }
 }

@@ -26,12 +26,12 @@ class PictureView final : public wxScrolledCanvas {
 
   // 1 .. 16. Fit chooses the largest at which the whole picture is seen, and goes on doing so.
   void SetZoom(int zoom);
-  void Fit();
+  void FitWindow();
   void ZoomBy(int steps) { SetZoom(zoom_ + steps); }
   [[nodiscard]] int Zoom() const { return zoom_; }
 
  private:
-  void Update();
+  void Arrange();
   void Paint(wxPaintEvent& event);
   void TurnWheel(wxMouseEvent& event);
   void PressKey(wxKeyEvent& event);

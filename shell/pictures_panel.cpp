@@ -162,7 +162,7 @@ PanelCommands PicturesPanel::MakeCommands() {
        {},
        {.id = ZoomIn, .message = 223, .shortcut = "Ctrl++", .run = [this] { Pic_->ZoomBy(1); }},
        {.id = ZoomOut, .message = 224, .shortcut = "Ctrl+-", .run = [this] { Pic_->ZoomBy(-1); }},
-       {.id = ZoomFit, .message = 222, .run = [this] { Pic_->Fit(); }}},
+       {.id = ZoomFit, .message = 222, .run = [this] { Pic_->FitWindow(); }}},
       ShowPic);
 }
 
@@ -228,7 +228,7 @@ void PicturesPanel::OpenDescP_Click() {
 
 void PicturesPanel::ShowPic_Click() {
   if (!Chosen()) return;
-  Pic_->Fit();
+  Pic_->FitWindow();
   Pic_->SetFocus();
 }
 

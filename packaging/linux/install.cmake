@@ -27,6 +27,7 @@ if(TARVELO_DESKTOP)
   tarvelo_install_manual(tarvelo.1)
   install(FILES ${CMAKE_SOURCE_DIR}/help/Tarvelo_en.htm ${CMAKE_SOURCE_DIR}/help/Tarvelo_ru.htm
           DESTINATION ${CMAKE_INSTALL_DATADIR}/tarvelo)
+  install(DIRECTORY ${CMAKE_SOURCE_DIR}/help/Tarvelo_images DESTINATION ${CMAKE_INSTALL_DATADIR}/tarvelo)
   install(FILES ${here}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES ${here}/${id}.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
   configure_file(${here}/${id}.metainfo.xml.in ${made}/${id}.metainfo.xml @ONLY)

@@ -3,6 +3,7 @@
 set(here ${CMAKE_CURRENT_LIST_DIR})
 install(TARGETS tarvelo tarvelo-cli RUNTIME DESTINATION .)
 install(FILES ${CMAKE_SOURCE_DIR}/help/Tarvelo_en.htm ${CMAKE_SOURCE_DIR}/help/Tarvelo_ru.htm DESTINATION .)
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/help/Tarvelo_images DESTINATION .)
 
 # The licences of ours and of what is linked in, as the packages that it came from state them.
 install(FILES ${CMAKE_SOURCE_DIR}/LICENSE DESTINATION licences RENAME Tarvelo.txt)
