@@ -151,7 +151,11 @@ PanelCommands EepromPanel::MakeCommands() {
   std::vector<PanelCommand> commands = {
       {.id = OpenE, .message = 2, .run = [this] { OpenE_Click(); }, .enabled = chosen},
       {.id = OpenDescE, .message = 178, .run = [this] { OpenDescE_Click(); }, .enabled = chosen},
-      {.id = InfoE, .message = 122, .run = [this] { InfoE_Click(); }, .enabled = chosen},
+      {.id = InfoE,
+       .message = 122,
+       .shortcut = "Ctrl+I",
+       .run = [this] { InfoE_Click(); },
+       .enabled = chosen},
       {.id = OffsetE, .message = 132, .run = [this] { OffsetE_Click(); }, .enabled = chosen},
       {}};
   std::ranges::move(transfer_.Commands(), std::back_inserter(commands));

@@ -177,7 +177,8 @@ TEST_F(LoadedRingtones, FilesThatDoNotFitAreRefused) {
   for (const Case& c : cases) {
     const std::size_t at = static_cast<std::size_t>(&c - cases);
     EXPECT_EQ(Load(c.number, c.file), c.reason) << at;
-    if (!c.reason && c.number != outside) EXPECT_EQ(BytesOf(c.number), c.file) << at;
+    if (c.reason || c.number == outside) continue;
+    EXPECT_EQ(BytesOf(c.number), c.file) << at;
   }
   EXPECT_THROW((void)LoadRingtone(image, list[0], folder / "missing"), FileError);
   EXPECT_THROW((void)LoadRingtone(image, list[0], folder.Path()), FileError);
