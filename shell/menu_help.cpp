@@ -45,7 +45,7 @@ constexpr HelpText helpTexts[] = {
     {361, {SavePng, SaveMidi}},
     {362, {CopyPic}},
     {363, {OffsetP, OffsetE, OffsetR, OffsetHit, OffsetD, OffsetDifference, CopyOffset}},
-    {363, {AddressD}},
+    {363, {AddressD, AddressDifference}},
     {364, {OpenP, OpenE, OpenR}},
     {365, {OpenDescP, OpenDescE, OpenDescR}},
     {366, {FindP, FindE, FindPatch}},

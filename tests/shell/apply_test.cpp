@@ -61,7 +61,7 @@ TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
   script.file = folder / "missing.qpt";
   Choose(ApplyPatch);
   script.TakeSaid();
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(*script.file));
+  EXPECT_TRUE(script.TakeSaid().starts_with("!Can't open file !\n\n" + PathText(*script.file)));
   EXPECT_FALSE(main->Open().edits.CanUndo());
   EXPECT_EQ(Status(10), "");
 }
@@ -84,8 +84,8 @@ TEST_F(ApplyDesk, ListsWhatDoesNotFitAndAsks) {
       "Line\tOffset\tPhone address\tExpected\tFound\n"
       "2\t000002\t3C0:0002\t00\tFF\n"
       "3\t\t\t\tThis is not a line of a patch. \"rub bish\"\n"
-      "4\t0FFFFF\t\t0000\tThe data lies outside of the fullflash.\n"
-      "5\tFFFFFFFF\t\t00\tThe data lies outside of the fullflash.\n"
+      "4\t0FFFFF\t\t0000\tThe data lies outside the image.\n"
+      "5\tFFFFFFFF\t\t00\tThe data lies outside the image.\n"
       "7\t000004\t3C0:0004\t00000000000000000000000000000000...\tFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF...\n"
       "8\t\t\t\tThis is not a line of a patch. \"5: 0 1\"\n";
   EXPECT_EQ(Apply(mixed), list);
@@ -110,7 +110,7 @@ TEST_F(ApplyDesk, TakesDroppedPatches) {
   EXPECT_EQ(Start(), "12 FF FF FF FF FF FF FF");
   EXPECT_EQ(main->Open().path, folder / "phone.bin");
   Drop(folder / "missing.qpt");
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(folder / "missing.qpt"));
+  EXPECT_TRUE(script.TakeSaid().starts_with("!Can't open file !\n\n" + PathText(folder / "missing.qpt")));
   EXPECT_TRUE(main->Open().IsOpen());
 }
 
