@@ -13,6 +13,7 @@ namespace tarvelo {
 namespace {
 
 constexpr int steps = 1000;  // of the progress bar
+constexpr std::chrono::milliseconds betweenMoves{40};
 constexpr int firstFigure = 3;
 constexpr int lastFigure = 8;
 
@@ -95,14 +96,18 @@ wxString StatusBar::Tooltip(int number) const {
 void StatusBar::Start(std::int64_t first, std::int64_t last) {
   first_ = first;
   span_ = std::max<std::int64_t>(1, last - first);
+  nextMove_ = Clock::now() + betweenMoves;
   ProgressBar->SetValue(0);
   PlaceProgressBar();
   ProgressBar->Show();
 }
 
+// Painting takes longer than most scans: the bar moves as often as is seen.
 void StatusBar::At(std::int64_t position) {
+  const Clock::time_point now = Clock::now();
+  if (now < nextMove_) return;
+  nextMove_ = now + betweenMoves;
   const auto value = std::clamp<std::int64_t>((position - first_) * steps / span_, 0, steps);
-  if (ProgressBar->GetValue() == value) return;
   ProgressBar->SetValue(static_cast<int>(value));
   ProgressBar->Update();
   if (wxEventLoopBase* loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_UI);

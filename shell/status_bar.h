@@ -13,6 +13,7 @@
 #include <wx/statusbr.h>
 
 #include <array>
+#include <chrono>
 
 #include "core/progress.h"
 
@@ -54,6 +55,8 @@ class StatusBar final : public wxStatusBar, public Progress {
   [[nodiscard]] bool StopAsked() override;
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   void ShowTexts();
   void PlaceProgressBar();
   void ShowTooltip(wxMouseEvent& event);
@@ -64,6 +67,7 @@ class StatusBar final : public wxStatusBar, public Progress {
   wxString help_;
   std::int64_t first_ = 0;
   std::int64_t span_ = 1;
+  Clock::time_point nextMove_;
   int hovered_ = 0;
 };
 
