@@ -48,6 +48,8 @@ void HeadersThatOverlap(ImageBuilder& image) {
   image.DWord(16, 0xFFFFFFFF);
 }
 
+#if TARVELO_MEASURES_MEMORY
+
 // All numbers, and the melody of each has all that is behind the table.
 void MelodiesThatOverlap(ImageBuilder& image) {
   image.Fill(0, image.Size(), 0xFA);
@@ -60,8 +62,6 @@ void MelodiesThatOverlap(ImageBuilder& image) {
 void RunsAndFilling(ImageBuilder& image) {
   for (std::size_t p = 0; p + 4 <= image.Size(); p += p % 1024 == 0 ? 260 : 4) image.DWord(p, 0x02FFFF01);
 }
-
-#if TARVELO_MEASURES_MEMORY
 
 long PeakKiB() {
   rusage usage{};
