@@ -92,18 +92,33 @@ class Search {
     return p;
   }
 
-  // Counted first, so that the list is as long as it must be and never moves: here it may take more room
-  // than the image.
+  // Very many are counted before they are listed, so that the list never moves: it may take more room than
+  // the image.
   void ListOutside(Offset from) {
-    std::size_t count = list_.pictures.size();
-    EachHeader(from, [&](const Picture&) { ++count; });
-    list_.pictures.reserve(count);
+    constexpr std::size_t few = 0x10000;
+    const auto rest = ListHeaders(from, few);
+    if (!rest) return;
+    std::size_t count = 0;
+    EachHeader(*rest, [&](const Picture&) {
+      ++count;
+      return false;
+    });
+    list_.pictures.reserve(list_.pictures.size() + count);
+    ListHeaders(*rest, count + 1);
+  }
+
+  // Lists the headers from an offset on, at most so many. Returns where there may be more.
+  std::optional<Offset> ListHeaders(Offset from, std::size_t most) {
+    std::optional<Offset> rest;
     EachHeader(from, [&](Picture picture) {
       picture.outside = true;
       picture.table = 9;
       picture.index = list_.outsideCount++;
       Add(picture);
+      if (--most == 0) rest = picture.entry + 2;
+      return rest.has_value();
     });
+    return rest;
   }
 
   template <typename Take>
@@ -112,7 +127,7 @@ class Search {
       const Picture picture = ReadHeader(p);
       if (picture.width >= 1 && picture.width <= 101 && picture.height >= 1 && picture.height <= 80 &&
           picture.data >= 1 && picture.data < end_)
-        take(picture);
+        return take(picture);
       return false;
     });
   }
