@@ -34,6 +34,20 @@ std::size_t EndOfDifference(const std::uint8_t* a, const std::uint8_t* b, std::s
   return behind;
 }
 
+void JoinAcross(std::vector<Difference>& differences, Offset gap) {
+  std::size_t kept = 0;
+  for (const Difference& next : differences) {
+    Difference& last = differences[kept == 0 ? 0 : kept - 1];
+    if (kept > 0 && next.offset - last.End() <= gap)
+      last.size = next.End() - last.offset;
+    else
+      differences[kept++] = next;
+  }
+  differences.resize(kept);
+}
+
+}  // namespace
+
 Bytes RegionOf(Bytes bytes, const Difference& difference) {
   const auto size = static_cast<Offset>(bytes.size());
   if (difference.offset < 0 || difference.size < 0 || difference.offset > size - difference.size)
@@ -41,8 +55,6 @@ Bytes RegionOf(Bytes bytes, const Difference& difference) {
   return bytes.subspan(static_cast<std::size_t>(difference.offset),
                        static_cast<std::size_t>(difference.size));
 }
-
-}  // namespace
 
 Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap) {
   const std::size_t common = std::min(oldBytes.size(), newBytes.size());
@@ -59,6 +71,30 @@ Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap) {
     at = behind;
   }
   return comparison;
+}
+
+Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences) {
+  Offset count = 0;
+  for (const Difference& difference : differences) {
+    const Bytes from = RegionOf(oldBytes, difference);
+    const Bytes to = RegionOf(newBytes, difference);
+    for (std::size_t i = 0; i < from.size(); ++i) count += from[i] != to[i];
+  }
+  return count;
+}
+
+bool JoinDifferences(std::vector<Difference>& differences, std::size_t most) {
+  if (differences.size() <= most) return false;
+  for (Offset gap = 2 * usualGap; differences.size() > most; gap *= 2) JoinAcross(differences, gap);
+  return true;
+}
+
+std::size_t NearestDifference(std::span<const Difference> differences, Offset offset) {
+  const auto behind = std::ranges::upper_bound(differences, offset, {}, &Difference::offset);
+  if (behind == differences.begin()) return 0;
+  const auto before = behind - 1;
+  const bool isBefore = behind == differences.end() || offset - before->End() < behind->offset - offset;
+  return static_cast<std::size_t>((isBefore ? before : behind) - differences.begin());
 }
 
 Change ChangeOf(Bytes oldBytes, Bytes newBytes, const Difference& difference) {

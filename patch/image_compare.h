@@ -14,6 +14,7 @@ struct Difference {
   Offset offset = 0;
   Offset size = 0;
 
+  [[nodiscard]] Offset End() const { return offset + size; }
   [[nodiscard]] bool operator==(const Difference&) const = default;
 };
 
@@ -32,6 +33,19 @@ constexpr Offset usualGap = 8;
 
 // Compares two dumps from their first bytes on, as far as the shorter one goes.
 [[nodiscard]] Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap = usualGap);
+
+// The bytes of a dump that a difference takes. Throws std::out_of_range where it does not have them all.
+[[nodiscard]] Bytes RegionOf(Bytes dump, const Difference& difference);
+
+// How many bytes differ: within a difference some may be the same.
+[[nodiscard]] Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences);
+
+// Joins neighbours across more and more equal bytes until there are at most so many. False where there
+// were no more anyway.
+bool JoinDifferences(std::vector<Difference>& differences, std::size_t most);
+
+// The index of the difference that lies at an offset or is next to it. There must be one.
+[[nodiscard]] std::size_t NearestDifference(std::span<const Difference> differences, Offset offset);
 
 // A difference as the change that makes the second dump's bytes out of the first one's. Throws
 // std::out_of_range where one of them does not have them all.

@@ -23,19 +23,9 @@ namespace tarvelo {
 [[nodiscard]] Table::Row DifferenceRow(const Fullflash& image, Bytes other, const DumpMap& map,
                                        const Difference& difference);
 
-// How many bytes differ: within a difference some may be the same.
-[[nodiscard]] Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences);
-
-// Joins neighbours across more and more equal bytes until there are at most so many. False where there
-// were no more anyway.
-bool JoinDifferences(std::vector<Difference>& differences, std::size_t most);
-
 // Parts for a strip of an image, the first bytes of which were compared. A difference colours all of the
 // cells, a thousandth of the image each, that it touches, so that a single byte is seen too.
 [[nodiscard]] std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset compared,
                                              Offset imageSize, const wxColour& colour);
-
-// The index of the difference that lies at an offset or is next to it. There must be one.
-[[nodiscard]] std::size_t NearestDifference(std::span<const Difference> differences, Offset offset);
 
 }  // namespace tarvelo
