@@ -31,7 +31,7 @@ void WriteChanges(Main& main, const std::vector<Change>& changes, const PatchMis
                   const std::filesystem::path& file) {
   main.WriteImage(changes);
   const Panel* visible = main.Visible();
-  if (visible && visible->MenuEntry() == HexView)
+  if (visible && visible->Traits().menuEntry == HexView)
     main.ShowHex(changes.front().offset, changes.front().Size());
   const Messages& texts = main.Texts();
   std::string told = std::string(texts.Msg(295)) + std::to_string(changes.size());

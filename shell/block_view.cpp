@@ -12,6 +12,7 @@
 
 #include "core/notation.h"
 #include "shell/main.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/product.h"
 #include "shell/strings.h"
 
@@ -45,6 +46,12 @@ wxDataViewListCtrl* MakeList(wxWindow* parent, long style = 0) {
 void AddColumn(wxDataViewListCtrl& list, int width) {
   list.AppendTextColumn(wxString(), wxDATAVIEW_CELL_INERT, list.FromDIP(width), wxALIGN_LEFT,
                         wxDATAVIEW_COL_RESIZABLE);
+}
+
+// Says what a button without words is for.
+void Explain(wxButton& button, const wxString& text) {
+  button.SetToolTip(text);
+  platform::SetAccessibleName(button, text);
 }
 
 }  // namespace
@@ -164,6 +171,11 @@ void BlockView::Recaption() {
     const int message = generationColumns[i].message;
     generations_->GetColumn(i)->SetTitle(message ? Msg(message) : wxString("V"));
   }
+  platform::SetAccessibleName(*generations_, Msg(256));
+  platform::SetAccessibleName(*dump_, Msg(273));
+  platform::SetAccessibleName(*readings_, Msg(259));
+  Explain(*previous_, Msg(321));
+  Explain(*next_, Msg(322));
   hexView_->SetLabelText(Msg(247));
   close_->SetLabelText(Msg(263));
   if (shown_) {

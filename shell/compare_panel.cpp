@@ -39,7 +39,8 @@ wxString WithNumber(wxString text, Offset number) {
 }  // namespace
 
 ComparePanel::ComparePanel(Main& main)
-    : main_(main),
+    : Panel({.menuEntry = ComparePanelMenu, .name = 286}),
+      main_(main),
       commands_(MakeCommands()),
       window_(new wxPanel(&main)),
       none_(new wxPanel(window_)),
@@ -101,8 +102,6 @@ void ComparePanel::Bind() {
   main_.AcceptDrops(*none_);
   main_.AcceptDrops(ListC_->Control());
 }
-
-int ComparePanel::MenuEntry() const { return ComparePanelMenu; }
 
 wxWindow& ComparePanel::Window() { return *window_; }
 
@@ -224,7 +223,7 @@ void ComparePanel::LayOutTexts() {
 }
 
 void ComparePanel::Recaption(const Messages& messages) {
-  ListC_->SetFilterHint(Wx(messages.Msg(221)));
+  ListC_->Recaption(messages, Traits().name);
   choose_->SetLabel(Wx(messages.Msg(285)));
   chooseAnother_->SetLabel(Wx(messages.Msg(293)));
   LayOutTexts();

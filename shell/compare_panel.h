@@ -30,9 +30,6 @@ class ComparePanel final : public Panel {
  public:
   explicit ComparePanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 286; }
-  [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   // The list; as long as there is no second dump, the button that chooses one.

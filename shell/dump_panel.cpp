@@ -25,7 +25,8 @@ constexpr std::size_t addressColumn = 1;
 
 // The list is made first: the keyboard goes from it to the legend.
 DumpPanel::DumpPanel(Main& main)
-    : main_(main),
+    : Panel({.menuEntry = Dump, .name = 86}),
+      main_(main),
       window_(new wxPanel(&main)),
       ListD_(new ListView(window_)),
       strip_(new ImageStrip(window_)),
@@ -60,8 +61,6 @@ void DumpPanel::Bind() {
   };
   main_.AcceptDrops(ListD_->Control());
 }
-
-int DumpPanel::MenuEntry() const { return Dump; }
 
 wxWindow& DumpPanel::Window() { return *window_; }
 
@@ -123,7 +122,7 @@ void DumpPanel::ImageChanged() {
 }
 
 void DumpPanel::Recaption(const Messages& messages) {
-  ListD_->SetFilterHint(Wx(messages.Msg(221)));
+  ListD_->Recaption(messages, Traits().name);
   strip_->SetName(Wx(messages.Msg(86)));
   legend_->SetHint(Wx(messages.Msg(310)));
 }

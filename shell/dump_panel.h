@@ -20,9 +20,6 @@ class DumpPanel final : public Panel {
  public:
   explicit DumpPanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 86; }
-  [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;

@@ -52,12 +52,15 @@ int NumberOf(ViewerEntry entry) {
 }  // namespace
 
 EepromPanel::EepromPanel(Main& main)
-    : main_(main),
+    : Panel({.menuEntry = EEPROM, .name = 201}),
+      main_(main),
       transfer_(main, store_,
                 [this] {
                   const auto record = Chosen();
                   return record ? &store_.records[*record] : nullptr;
                 }),
+      search_(main, [this](const auto& text,
+                           bool behind) { return ListE_->Find(text, behind, descriptionColumn); }),
       commands_(MakeCommands()),
       ListE_(new ListView(&main)) {
   ListE_->SetMarkedColumns(colouredColumns);
@@ -66,8 +69,6 @@ EepromPanel::EepromPanel(Main& main)
   main_.AcceptDrops(ListE_->Control());
   ShowList();
 }
-
-int EepromPanel::MenuEntry() const { return EEPROM; }
 
 wxWindow& EepromPanel::Window() { return *ListE_; }
 
@@ -133,7 +134,7 @@ void EepromPanel::ImageChanged() {
 void EepromPanel::Save() { main_.SaveList(ListE_->GetTable(), 'E'); }
 
 void EepromPanel::Recaption(const Messages& messages) {
-  ListE_->SetFilterHint(Wx(messages.Msg(221)));
+  ListE_->Recaption(messages, Traits().name);
   if (view_) view_->Recaption();
 }
 
@@ -162,11 +163,11 @@ PanelCommands EepromPanel::MakeCommands() {
   commands.insert(
       commands.end(),
       {{},
-       {.id = FindE, .message = 115, .shortcut = "Ctrl+F", .run = [this] { FindE_Click(); }, .enabled = any},
+       {.id = FindE, .message = 115, .shortcut = "Ctrl+F", .run = [this] { search_.Find(); }, .enabled = any},
        {.id = FindMoreE,
         .message = 118,
         .shortcut = "Ctrl+G",
-        .run = [this] { FindMoreE_Click(); },
+        .run = [this] { search_.FindMore(); },
         .enabled = any},
        {},
        {.id = ShowDel,
@@ -222,25 +223,6 @@ void EepromPanel::Viewer_Click(ViewerEntry entry) {
 
 void EepromPanel::OffsetE_Click() {
   if (Chosen()) main_.Copy(ListE_->GetTable().rows[*ListE_->Selected()].cells[offsetColumn]);
-}
-
-void EepromPanel::FindE_Click() {
-  const auto text = main_.Ask(34, searched_);
-  if (!text) return;
-  searched_ = *text;
-  FindFrom(false);
-}
-
-void EepromPanel::FindMoreE_Click() {
-  if (searched_.empty())
-    FindE_Click();
-  else
-    FindFrom(true);
-}
-
-void EepromPanel::FindFrom(bool behindCurrent) {
-  if (!ListE_->Find(searched_, behindCurrent, descriptionColumn))
-    main_.Complain(Wx(main_.Texts().MsgS(35, searched_)));
 }
 
 }  // namespace tarvelo

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "eeprom/block_store.h"
@@ -10,6 +9,7 @@
 #include "shell/eeprom_transfer.h"
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
+#include "shell/text_search.h"
 
 namespace tarvelo {
 
@@ -21,9 +21,6 @@ class EepromPanel final : public Panel {
  public:
   explicit EepromPanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 201; }
-  [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;
@@ -40,8 +37,6 @@ class EepromPanel final : public Panel {
   void OpenDescE_Click();
   void InfoE_Click();
   void OffsetE_Click();
-  void FindE_Click();
-  void FindMoreE_Click();
   // Shows the live block that an entry of KnownBlocks stands for.
   void Viewer_Click(ViewerEntry entry);
 
@@ -57,20 +52,19 @@ class EepromPanel final : public Panel {
   void ShowBlock(std::size_t record);
   // The record of the current row.
   [[nodiscard]] std::optional<std::size_t> Chosen() const;
-  void FindFrom(bool behindCurrent);
   [[nodiscard]] PanelCommands MakeCommands();
   [[nodiscard]] std::vector<PanelCommand> KnownBlocks();
 
   Main& main_;
   BlockStore store_;
   EepromTransfer transfer_;
+  TextSearch search_;
   PanelCommands commands_;
   ListView* ListE_;
   BlockView* view_ = nullptr;
   Descriptions descriptions_;
   std::vector<std::size_t> shown_;  // the record of each row
   ViewerSet viewers_;               // the entries of KnownBlocks that are enabled
-  std::string searched_;
   bool scanned_ = false;
   bool showDeleted_ = false;
 };

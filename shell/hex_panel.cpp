@@ -32,7 +32,8 @@ wxColour FaultColour() {
 }  // namespace
 
 HexPanel::HexPanel(Main& main)
-    : main_(main),
+    : Panel({.menuEntry = HexView, .name = 228, .saveTextCaption = 277}),
+      main_(main),
       commands_(MakeCommands()),
       window_(new wxPanel(&main)),
       caption_(new wxStaticText(window_, wxID_ANY, wxString())),
@@ -85,8 +86,6 @@ void HexPanel::Bind() {
   main_.AcceptDrops(*canvas_);
 }
 
-int HexPanel::MenuEntry() const { return HexView; }
-
 wxWindow& HexPanel::Window() { return *window_; }
 
 wxWindow& HexPanel::FirstFocus() { return *canvas_; }
@@ -122,7 +121,7 @@ void HexPanel::Recaption(const Messages& messages) {
   place_->SetHint(Wx(messages.Msg(231)));
   place_->SetToolTip(Wx(messages.Msg(231)));
   platform::SetAccessibleName(*place_, Wx(messages.Msg(231)));
-  platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Name())));
+  platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Traits().name)));
   platform::SetAccessibleName(*kind_, Wx(messages.Msg(230)));
   const int kind = std::max(0, kind_->GetSelection());
   kind_->Set({Wx(messages.Msg(262)), Wx(messages.Msg(254))});

@@ -23,9 +23,6 @@ class HexPanel final : public Panel {
  public:
   explicit HexPanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 228; }
-  [[nodiscard]] int SaveTextCaption() const override { return 277; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;

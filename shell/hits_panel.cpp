@@ -22,13 +22,15 @@ const std::vector<std::string> captions{"N", "Offset", "Address", "Bytes"};
 
 }  // namespace
 
-HitsPanel::HitsPanel(Main& main) : main_(main), ListS_(new ListView(&main)), commands_(MakeCommands()) {
+HitsPanel::HitsPanel(Main& main)
+    : Panel({.menuEntry = Hits, .name = 229}),
+      main_(main),
+      ListS_(new ListView(&main)),
+      commands_(MakeCommands()) {
   ListS_->onActivate = [this](std::size_t) { main_.Run(OpenHit); };
   ListS_->onContextMenu = [this] { main_.PopUpCommands(); };
   main_.AcceptDrops(ListS_->Control());
 }
-
-int HitsPanel::MenuEntry() const { return Hits; }
 
 wxWindow& HitsPanel::Window() { return *ListS_; }
 
@@ -36,7 +38,7 @@ wxWindow& HitsPanel::FirstFocus() { return ListS_->Control(); }
 
 void HitsPanel::Clear() { ShowHits({}); }
 
-void HitsPanel::Recaption(const Messages& messages) { ListS_->SetFilterHint(Wx(messages.Msg(221))); }
+void HitsPanel::Recaption(const Messages& messages) { ListS_->Recaption(messages, Traits().name); }
 
 void HitsPanel::Save() { main_.SaveList(Rows(), 'S'); }
 

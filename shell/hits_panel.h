@@ -19,9 +19,6 @@ class HitsPanel final : public Panel {
  public:
   explicit HitsPanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 229; }
-  [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;

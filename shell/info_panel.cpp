@@ -26,7 +26,10 @@ constexpr std::size_t bytesAtOnce = 1 << 18;  // appended to the text; the progr
 
 }  // namespace
 
-InfoPanel::InfoPanel(Main& main) : main_(main), window_(new wxPanel(&main)) {
+InfoPanel::InfoPanel(Main& main)
+    : Panel({.menuEntry = Info, .name = 121, .saveTextCaption = 3}),
+      main_(main),
+      window_(new wxPanel(&main)) {
   sheet_ = new wxPanel(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
   Text = new wxTextCtrl(sheet_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                         wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxBORDER_NONE);
@@ -55,8 +58,6 @@ void InfoPanel::Layout() {
   window_->SetSizer(row);
 }
 
-int InfoPanel::MenuEntry() const { return Info; }
-
 wxWindow& InfoPanel::Window() { return *window_; }
 
 wxWindow& InfoPanel::FirstFocus() {
@@ -76,7 +77,7 @@ void InfoPanel::Clear() { SetText(wxString()); }
 
 void InfoPanel::Recaption(const Messages& messages) {
   welcome_->Recaption(messages);
-  platform::SetAccessibleName(*Text, Wx(messages.Msg(Name())));
+  platform::SetAccessibleName(*Text, Wx(messages.Msg(Traits().name)));
   window_->Layout();
 }
 

@@ -22,9 +22,6 @@ class InfoPanel final : public Panel {
  public:
   explicit InfoPanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 121; }
-  [[nodiscard]] int SaveTextCaption() const override { return 3; }
   [[nodiscard]] wxWindow& Window() override;
   // Before a dump is open the keyboard is at what opens one.
   [[nodiscard]] wxWindow& FirstFocus() override;

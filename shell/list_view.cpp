@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "resources/messages.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/platform/list_keys.h"
 #include "shell/strings.h"
@@ -265,9 +266,11 @@ void ListView::CopyRows() const {
   if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
 }
 
-void ListView::SetFilterHint(const wxString& hint) {
+void ListView::Recaption(const Messages& messages, int name) {
+  const wxString hint = Wx(messages.Msg(221));
   filterLine_->SetDescriptiveText(hint);
   platform::SetAccessibleName(*filterLine_, hint);
+  platform::SetAccessibleName(*control_, Wx(messages.Msg(name)));
 }
 
 }  // namespace tarvelo

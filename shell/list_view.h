@@ -15,6 +15,8 @@ class wxSearchCtrl;
 
 namespace tarvelo {
 
+class Messages;
+
 class ListView final : public wxPanel {
  public:
   explicit ListView(wxWindow* parent);
@@ -58,7 +60,8 @@ class ListView final : public wxPanel {
   // The selected rows, tab-separated, into the clipboard: Ctrl+C.
   void CopyRows() const;
 
-  void SetFilterHint(const wxString& hint);
+  // Puts the filter line in a language; screen readers call the list by message `name`.
+  void Recaption(const Messages& messages, int name);
   [[nodiscard]] wxDataViewCtrl& Control() { return *control_; }
 
   std::function<void(std::size_t row)> onSelect;

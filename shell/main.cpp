@@ -116,7 +116,7 @@ void Main::AddPanel(std::unique_ptr<Panel> panel) {
   Panel& added = *panel;
   GetSizer()->Add(&added.Window(), 1, wxEXPAND);
   added.Window().Hide();
-  commands_[added.MenuEntry()] = [this, &added] { ShowPanel(added); };
+  commands_[added.Traits().menuEntry] = [this, &added] { ShowPanel(added); };
   panels_.push_back(std::move(panel));
 }
 
@@ -127,10 +127,10 @@ void Main::ShowPanel(Panel& panel) {
   panel.Window().Show();
   panel.FirstFocus().SetFocus();
   visible_ = &panel;
-  SetTitle(wxString(productName) + " - " + Msg(panel.Name()));
-  menus_->ShowPanelMenu(panel.Commands(), panel.Name(), messages_);
-  menus_->CheckPanel(panel.MenuEntry());
-  menus_->CaptionSaveText(messages_, panel.SaveTextCaption());
+  SetTitle(wxString(productName) + " - " + Msg(panel.Traits().name));
+  menus_->ShowPanelMenu(panel.Commands(), panel.Traits().name, messages_);
+  menus_->CheckPanel(panel.Traits().menuEntry);
+  menus_->CaptionSaveText(messages_, panel.Traits().saveTextCaption);
   GetSizer()->Layout();
 }
 
@@ -146,14 +146,14 @@ void Main::ApplyLang(const Language& language) {
   SetCharacterSet(*this, language);
   if (settings_.GetIni("General", "Language") != language.code)
     settings_.SetIni("General", "Language", language.code);
-  menus_->Recaption(messages_, visible_ ? visible_->SaveTextCaption() : 5);
+  menus_->Recaption(messages_, visible_ ? visible_->Traits().saveTextCaption : 5);
   status_->Recaption(messages_);
   for (const auto& panel : panels_) {
     panel->Recaption(messages_);
-    platform::SetAccessibleName(panel->Window(), Msg(panel->Name()));
+    platform::SetAccessibleName(panel->Window(), Msg(panel->Traits().name));
   }
   if (calculator_) calculator_->Recaption(messages_);
-  if (visible_) SetTitle(wxString(productName) + " - " + Msg(visible_->Name()));
+  if (visible_) SetTitle(wxString(productName) + " - " + Msg(visible_->Traits().name));
 }
 
 void Main::DoGiveHelp(const wxString& help, bool show) { status_->ShowHelp(show ? help : wxString()); }

@@ -56,7 +56,7 @@ void Main::Run(int id) {
   const wxMenuItem* entry = GetMenuBar()->FindItem(id);
   RunGuarded(entry ? entry->GetItemLabelText() : wxString(), command->second);
   // The tick that the click itself has changed follows the panel again.
-  menus_->CheckPanel(visible_ ? visible_->MenuEntry() : MenuNone);
+  menus_->CheckPanel(visible_ ? visible_->Traits().menuEntry : MenuNone);
 }
 
 void Main::PopUpCommands() {

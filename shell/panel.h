@@ -8,15 +8,19 @@ namespace tarvelo {
 class Messages;
 class PanelCommands;
 
+// What a panel is to the main window.
+struct PanelTraits {
+  int menuEntry;            // of MenuId: shows it
+  int name;                 // the message of its name ("Tarvelo - Info")
+  int saveTextCaption = 5;  // the message that SaveText shows while the panel is visible
+};
+
 class Panel {
  public:
+  explicit Panel(PanelTraits traits) : traits_(traits) {}
   virtual ~Panel() = default;
 
-  // The menu entry that shows it, and the message of its name ("Tarvelo - Info").
-  [[nodiscard]] virtual int MenuEntry() const = 0;
-  [[nodiscard]] virtual int Name() const = 0;
-  // The message that SaveText shows while the panel is visible.
-  [[nodiscard]] virtual int SaveTextCaption() const = 0;
+  [[nodiscard]] const PanelTraits& Traits() const { return traits_; }
 
   // Its window, a child of the main window.
   [[nodiscard]] virtual wxWindow& Window() = 0;
@@ -37,6 +41,9 @@ class Panel {
   virtual void ImageChanged() {}
   // Puts its captions in a language.
   virtual void Recaption(const Messages& messages) = 0;
+
+ private:
+  PanelTraits traits_;
 };
 
 }  // namespace tarvelo

@@ -18,7 +18,7 @@ PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, c
                wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       list_(new ListView(this)) {
   list_->SetMinSize(FromDIP(wxSize(300, 140)));
-  list_->SetFilterHint(Wx(messages.Msg(221)));
+  list_->Recaption(messages, 294);
   list_->SetRows(
       {misfits.Captions(), misfits.Listed(), [&misfits](std::size_t i) { return misfits.Row(i); }});
   const int gap = FromDIP(8);

@@ -12,7 +12,12 @@ constexpr Offset patchLimit = 0x100000;  // changed bytes; as text they become s
 
 }  // namespace
 
-PatchPanel::PatchPanel(Main& main) : main_(main), Patch_(new PatchEditor(&main)), commands_(MakeCommands()) {
+PatchPanel::PatchPanel(Main& main)
+    : Panel({.menuEntry = PatchMenu, .name = 135, .saveTextCaption = 4}),
+      main_(main),
+      Patch_(new PatchEditor(&main)),
+      search_(main, [this](const auto& text, bool) { return Patch_->SelectNext(text); }),
+      commands_(MakeCommands()) {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
   Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { main_.PopUpCommands(); });
   // Where keys reach the control before the menu bar, it would exchange two lines.
@@ -24,8 +29,6 @@ PatchPanel::PatchPanel(Main& main) : main_(main), Patch_(new PatchEditor(&main))
   });
   main.AcceptDrops(*Patch_);
 }
-
-int PatchPanel::MenuEntry() const { return PatchMenu; }
 
 wxWindow& PatchPanel::Window() { return *Patch_; }
 
@@ -97,34 +100,16 @@ PanelCommands PatchPanel::MakeCommands() {
                         {.id = FindPatch,
                          .message = 241,
                          .shortcut = "Ctrl+F",
-                         .run = [this] { FindPatch_Click(); },
+                         .run = [this] { search_.Find(); },
                          .enabled = any},
                         {.id = FindMorePatch,
                          .message = 118,
                          .shortcut = "Ctrl+G",
-                         .run = [this] { FindMorePatch_Click(); },
+                         .run = [this] { search_.FindMore(); },
                          .enabled = any},
                         {},
                         {.id = SavePatchFile, .message = 4, .run = [this] { SavePatch(); }}},
                        SavePatchFile);
-}
-
-void PatchPanel::FindPatch_Click() {
-  const auto text = main_.Ask(34, searched_);
-  if (!text) return;
-  searched_ = *text;
-  FindNext();
-}
-
-void PatchPanel::FindMorePatch_Click() {
-  if (searched_.empty())
-    FindPatch_Click();
-  else
-    FindNext();
-}
-
-void PatchPanel::FindNext() {
-  if (!Patch_->SelectNext(searched_)) main_.Complain(Wx(main_.Texts().MsgS(35, searched_)));
 }
 
 }  // namespace tarvelo

@@ -6,6 +6,7 @@
 
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
+#include "shell/text_search.h"
 #include "text/bytes.h"
 
 namespace tarvelo {
@@ -17,9 +18,6 @@ class PatchPanel final : public Panel {
  public:
   explicit PatchPanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 135; }
-  [[nodiscard]] int SaveTextCaption() const override { return 4; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   void Build() override {}
@@ -37,21 +35,16 @@ class PatchPanel final : public Panel {
   // Writes the patch file and tells the user. Throws FileError; the text still counts as unsaved then.
   void SavePatch();
 
-  // The commands of the search.
-  void FindPatch_Click();
-  void FindMorePatch_Click();
-
   [[nodiscard]] PatchEditor& Patch() { return *Patch_; }
 
  private:
   void Patch_Change();
-  void FindNext();
   [[nodiscard]] PanelCommands MakeCommands();
 
   Main& main_;
   PatchEditor* Patch_;
+  TextSearch search_;
   PanelCommands commands_;
-  std::string searched_;
 };
 
 }  // namespace tarvelo

@@ -170,7 +170,7 @@ void PianoRoll::PaintNames(wxDC& dc, const Paints& paints) const {
     if (!isC && !isEach) continue;
     if (!isEach && top + text > free) continue;
     free = top;
-    dc.SetTextForeground(isC ? paints.ink : paints.quiet);
+    dc.SetTextForeground(isC || IsBlack(row) ? paints.ink : paints.quiet);
     const wxString name = KeyName(row);
     dc.DrawText(name, area_.x - dc.GetTextExtent(name).x - FromDIP(7), top);
   }

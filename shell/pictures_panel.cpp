@@ -20,6 +20,7 @@
 #include "shell/main.h"
 #include "shell/mnemonics.h"
 #include "shell/picture_view.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/strings.h"
 
 namespace tarvelo {
@@ -31,7 +32,9 @@ constexpr Offset entryLength = 8;  // of a picture table
 }  // namespace
 
 PicturesPanel::PicturesPanel(Main& main)
-    : main_(main),
+    : Panel({.menuEntry = tarvelo::Pictures, .name = 136}),
+      main_(main),
+      search_(main, [this](const auto& text, bool behind) { return ListP_->Find(text, behind); }),
       commands_(MakeCommands()),
       window_(new wxSplitterWindow(&main, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
       right_(new wxSplitterWindow(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
@@ -78,8 +81,6 @@ void PicturesPanel::Bind() {
   main_.AcceptDrops(*Pic_);
 }
 
-int PicturesPanel::MenuEntry() const { return tarvelo::Pictures; }
-
 wxWindow& PicturesPanel::Window() { return *window_; }
 
 wxWindow& PicturesPanel::FirstFocus() { return ListP_->Control(); }
@@ -117,7 +118,10 @@ void PicturesPanel::Clear() {
 
 void PicturesPanel::Save() { main_.SaveList(PictureRows(list_), 'P'); }
 
-void PicturesPanel::Recaption(const Messages& messages) { ListP_->SetFilterHint(Wx(messages.Msg(221))); }
+void PicturesPanel::Recaption(const Messages& messages) {
+  ListP_->Recaption(messages, Traits().name);
+  platform::SetAccessibleName(*gallery_, Wx(messages.Msg(Traits().name)));
+}
 
 Bitmap PicturesPanel::Draw(const Picture& picture) { return decoder_->ShowP(picture, list_.colourSeen); }
 
@@ -129,6 +133,7 @@ const Picture* PicturesPanel::Chosen() const {
 void PicturesPanel::ShowPicture(std::size_t row) {
   const Picture& picture = list_.pictures[row];
   Frame->SetLabel(Wx(picture.Caption()));
+  platform::SetAccessibleName(*Pic_, Wx(picture.Caption()));
   Pic_->Show(Draw(picture));
   gallery_->Select(row);
 }
@@ -153,11 +158,11 @@ PanelCommands PicturesPanel::MakeCommands() {
        {.id = OpenP, .message = 2, .run = [this] { OpenP_Click(); }, .enabled = chosen},
        {.id = OpenDescP, .message = 178, .run = [this] { OpenDescP_Click(); }, .enabled = chosen},
        {},
-       {.id = FindP, .message = 119, .shortcut = "Ctrl+F", .run = [this] { FindP_Click(); }, .enabled = any},
+       {.id = FindP, .message = 119, .shortcut = "Ctrl+F", .run = [this] { search_.Find(); }, .enabled = any},
        {.id = FindMoreP,
         .message = 118,
         .shortcut = "Ctrl+G",
-        .run = [this] { FindMoreP_Click(); },
+        .run = [this] { search_.FindMore(); },
         .enabled = any},
        {},
        {.id = ZoomIn, .message = 223, .shortcut = "Ctrl++", .run = [this] { Pic_->ZoomBy(1); }},
@@ -230,24 +235,6 @@ void PicturesPanel::ShowPic_Click() {
   if (!Chosen()) return;
   Pic_->FitWindow();
   Pic_->SetFocus();
-}
-
-void PicturesPanel::FindP_Click() {
-  const auto text = main_.Ask(34, searched_);
-  if (!text) return;
-  searched_ = *text;
-  FindFrom(false);
-}
-
-void PicturesPanel::FindMoreP_Click() {
-  if (searched_.empty())
-    FindP_Click();
-  else
-    FindFrom(true);
-}
-
-void PicturesPanel::FindFrom(bool behindCurrent) {
-  if (!ListP_->Find(searched_, behindCurrent)) main_.Complain(Wx(main_.Texts().MsgS(35, searched_)));
 }
 
 }  // namespace tarvelo

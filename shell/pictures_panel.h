@@ -3,12 +3,12 @@
 
 #include <filesystem>
 #include <memory>
-#include <string>
 
 #include "media/picture.h"
 #include "media/picture_data.h"
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
+#include "shell/text_search.h"
 
 class wxSplitterWindow;
 class wxStaticBox;
@@ -24,9 +24,6 @@ class PicturesPanel final : public Panel {
  public:
   explicit PicturesPanel(Main& main);
 
-  [[nodiscard]] int MenuEntry() const override;
-  [[nodiscard]] int Name() const override { return 136; }
-  [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;
@@ -44,8 +41,6 @@ class PicturesPanel final : public Panel {
   void OpenP_Click();
   void OpenDescP_Click();
   void ShowPic_Click();
-  void FindP_Click();
-  void FindMoreP_Click();
 
   [[nodiscard]] ListView& ListP() { return *ListP_; }
   [[nodiscard]] PictureView& Pic() { return *Pic_; }
@@ -62,10 +57,10 @@ class PicturesPanel final : public Panel {
   [[nodiscard]] std::filesystem::path Folder() const;
   std::filesystem::path SaveCurPic(const Picture& picture);
   bool SaveEach();
-  void FindFrom(bool behindCurrent);
   [[nodiscard]] PanelCommands MakeCommands();
 
   Main& main_;
+  TextSearch search_;
   PanelCommands commands_;
   wxSplitterWindow* window_;
   wxSplitterWindow* right_;
@@ -75,7 +70,6 @@ class PicturesPanel final : public Panel {
   Gallery* gallery_;
   PictureList list_;
   std::unique_ptr<PictureDecoder> decoder_;
-  std::string searched_;
   bool savePng_ = false;
   bool placed_ = false;
 };

@@ -15,6 +15,7 @@
 #include "shell/list_view.h"
 #include "shell/main.h"
 #include "shell/piano_roll.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/strings.h"
 
 namespace tarvelo {
@@ -26,7 +27,8 @@ constexpr Offset entryLength = 8;  // of the ringtone index table
 }  // namespace
 
 RingtonesPanel::RingtonesPanel(Main& main)
-    : main_(main),
+    : Panel({.menuEntry = tarvelo::Ringtones, .name = 139}),
+      main_(main),
       player_(main),
       transfer_(
           main, list_, [this] { return Chosen(); }, [this] { return !player_.IsPlaying(); }),
@@ -66,8 +68,6 @@ void RingtonesPanel::Bind() {
   main_.AcceptDrops(ListR_->Control());
   main_.AcceptDrops(*roll_);
 }
-
-int RingtonesPanel::MenuEntry() const { return tarvelo::Ringtones; }
 
 wxWindow& RingtonesPanel::Window() { return *window_; }
 
@@ -133,7 +133,8 @@ void RingtonesPanel::Clear() {
 void RingtonesPanel::Save() { main_.SaveList(ListR_->GetTable(), 'R'); }
 
 void RingtonesPanel::Recaption(const Messages& messages) {
-  ListR_->SetFilterHint(Wx(messages.Msg(221)));
+  ListR_->Recaption(messages, Traits().name);
+  platform::SetAccessibleName(*roll_, Wx(messages.Msg(Traits().name)));
   if (const Ringtone* ringtone = Chosen(); ringtone && ringtone->IsFile()) ShowFile(*ringtone);
 }
 

@@ -9,22 +9,21 @@ namespace {
 // Everything but the name of the control itself is as the system has it.
 class NamedAccessible final : public wxAccessible {
  public:
-  NamedAccessible(wxWindow* window, const wxString& name) : wxAccessible(window), name_(name) {}
+  using wxAccessible::wxAccessible;
 
   wxAccStatus GetName(int child, wxString* name) override {
     if (child != wxACC_SELF) return wxACC_NOT_IMPLEMENTED;
-    *name = name_;
+    *name = GetWindow()->GetName();
     return wxACC_OK;
   }
-
- private:
-  wxString name_;
 };
 
 }  // namespace
 
 void SetAccessibleName(wxWindow& window, const wxString& name) {
-  window.SetAccessible(new NamedAccessible(&window, name));  // the window owns it
+  window.SetName(name);
+  // Lists have an object of their own, which tells the window's name, too, and their rows.
+  if (!window.GetOrCreateAccessible()) window.SetAccessible(new NamedAccessible(&window));
 }
 
 }  // namespace tarvelo::platform

@@ -39,7 +39,7 @@ TEST_F(ApplyDesk, WritesWhatFitsAsOneStep) {
             "iThe patch was applied. Number of changes: 3");
   EXPECT_EQ(Start(), "48 69 FF FF 21 FF 3F FF");
   EXPECT_EQ(Status(10), "F");
-  EXPECT_EQ(main->Visible()->MenuEntry(), Info);  // the user stays where he is
+  EXPECT_EQ(main->Visible()->Traits().menuEntry, Info);  // the user stays where he is
   Choose(HexView);
   main->Run(UndoBytes);
   EXPECT_EQ(Start(), "FF FF FF FF FF FF FF FF");

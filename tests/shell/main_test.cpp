@@ -11,11 +11,8 @@ namespace {
 class ListPanel final : public Panel {
  public:
   ListPanel(Main& main, int& builds, int& clears)
-      : main_(main), window_(new wxPanel(&main)), builds_(builds), clears_(clears) {}
+      : Panel({.menuEntry = Files, .name = 89}), main_(main), window_(new wxPanel(&main)), builds_(builds), clears_(clears) {}
 
-  [[nodiscard]] int MenuEntry() const override { return Files; }
-  [[nodiscard]] int Name() const override { return 89; }
-  [[nodiscard]] int SaveTextCaption() const override { return 5; }
   [[nodiscard]] wxWindow& Window() override { return *window_; }
   void Build() override { ++builds_; }
   void Save() override { main_.SaveList({{"Block", "Size"}, {{{"   1", "20"}}}}, 'F'); }
