@@ -1,5 +1,7 @@
 #include "core/table.h"
 
+#include "resources/messages.h"
+
 namespace tarvelo {
 namespace {
 
@@ -37,6 +39,12 @@ void AddLine(Pieces& text, const std::vector<std::string>& cells, std::string_vi
 }
 
 }  // namespace
+
+std::vector<std::string> Captions(const Messages& messages, std::initializer_list<int> numbers) {
+  std::vector<std::string> captions;
+  for (const int n : numbers) captions.emplace_back(messages.Msg(n));
+  return captions;
+}
 
 Table TableRows::All() const {
   Table table{captions, {}};

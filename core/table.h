@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,8 @@
 #include "core/text_sink.h"
 
 namespace tarvelo {
+
+class Messages;
 
 struct Table {
   struct Row {
@@ -30,6 +33,9 @@ struct TableRows {
 
   [[nodiscard]] Table All() const;
 };
+
+// Captions by the numbers of their messages.
+[[nodiscard]] std::vector<std::string> Captions(const Messages& messages, std::initializer_list<int> numbers);
 
 // The rows of a table that there is already, which must outlive them.
 [[nodiscard]] TableRows RowsOf(const Table& table);

@@ -224,13 +224,14 @@ void ComparePanel::LayOutTexts() {
 
 void ComparePanel::Recaption(const Messages& messages) {
   ListC_->Recaption(messages, Traits().name);
+  ListC_->Reword(Rows());
   choose_->SetLabel(Wx(messages.Msg(285)));
   chooseAnother_->SetLabel(Wx(messages.Msg(293)));
   LayOutTexts();
 }
 
 wxString ComparePanel::Describe(Offset offset, Offset size) const {
-  const std::string label = map_ ? LabelOf(*map_, offset, size) : std::string();
+  const std::string label = map_ ? LabelOf(*map_, offset, size, main_.Texts()) : std::string();
   return Wx(OffsetText(main_.Open().image, offset) + (label.empty() ? "" : ": " + label));
 }
 
@@ -242,8 +243,9 @@ const Difference* ComparePanel::Chosen() const {
 void ComparePanel::Save() { main_.SaveList(Rows(), 'C'); }
 
 TableRows ComparePanel::Rows() const {
-  return {DifferenceCaptions(), comparison_.differences.size(), [this](std::size_t i) {
-            return DifferenceRow(main_.Open().image, second_.ff(), *map_, comparison_.differences[i]);
+  return {DifferenceCaptions(main_.Texts()), comparison_.differences.size(), [this](std::size_t i) {
+            return DifferenceRow(main_.Open().image, second_.ff(), *map_, comparison_.differences[i],
+                                 main_.Texts());
           }};
 }
 

@@ -15,19 +15,17 @@ constexpr Offset stripCells = 1024;
 
 }  // namespace
 
-const std::vector<std::string>& DifferenceCaptions() {
-  static const std::vector<std::string> captions{"Offset", "Address", "Length",
-                                                 "Old",    "New",     "What lies there"};
-  return captions;
+std::vector<std::string> DifferenceCaptions(const Messages& messages) {
+  return Captions(messages, {262, 465, 466, 461, 462, 463});
 }
 
 Table::Row DifferenceRow(const Fullflash& image, Bytes other, const DumpMap& map,
-                         const Difference& difference) {
+                         const Difference& difference, const Messages& messages) {
   const std::size_t width = std::to_string(image.ff().size()).size();
   const auto& [offset, size] = difference;
   return {{OffsetText(image, offset), AddressText(image, offset), PadSpace(std::to_string(size), width),
            FirstBytes(image.Region(offset, size), bytesShown),
-           FirstBytes(RegionOf(other, difference), bytesShown), LabelOf(map, offset, size)}};
+           FirstBytes(RegionOf(other, difference), bytesShown), LabelOf(map, offset, size, messages)}};
 }
 
 std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset compared, Offset imageSize,

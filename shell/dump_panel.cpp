@@ -54,7 +54,7 @@ void DumpPanel::Bind() {
   ListD_->onContextMenu = [this] { main_.PopUpCommands(); };
   strip_->onClick = [this](Offset offset) { SelectAt(offset); };
   strip_->describe = [this](Offset offset, Offset size) {
-    return Wx(OffsetText(main_.Open().image, offset) + ": " + LabelOf(map_, offset, size));
+    return Wx(OffsetText(main_.Open().image, offset) + ": " + LabelOf(map_, offset, size, main_.Texts()));
   };
   legend_->onClick = [this](std::size_t group) {
     Step(1, [group](const MapRegion& region) { return GroupOf(region.kind) == group; });
@@ -96,7 +96,7 @@ void DumpPanel::ShowMap() {
     parts.push_back({region.offset, region.size, GroupAt(GroupOf(region.kind)).colour});
   strip_->Show(map_.regions.empty() ? 0 : map_.regions.back().End(), std::move(parts));
   legend_->ShowSums(map_);
-  ListD_->SetRows(MapRows(map_, main_.Open().image));
+  ListD_->SetRows(Rows());
   window_->Layout();
 }
 
@@ -105,7 +105,9 @@ void DumpPanel::SelectAt(Offset offset) {
   if (!regions.empty()) ListD_->Select(static_cast<std::size_t>(&regions.front() - map_.regions.data()));
 }
 
-void DumpPanel::Save() { main_.SaveList(MapRows(map_, main_.Open().image), 'D'); }
+TableRows DumpPanel::Rows() const { return MapRows(map_, main_.Open().image, main_.Texts()); }
+
+void DumpPanel::Save() { main_.SaveList(Rows(), 'D'); }
 
 void DumpPanel::Clear() {
   map_ = DumpMap();
@@ -123,8 +125,10 @@ void DumpPanel::ImageChanged() {
 
 void DumpPanel::Recaption(const Messages& messages) {
   ListD_->Recaption(messages, Traits().name);
+  ListD_->Reword(Rows());
   strip_->SetName(Wx(messages.Msg(86)));
-  legend_->SetHint(Wx(messages.Msg(310)));
+  legend_->Recaption(messages);
+  window_->Layout();
 }
 
 const MapRegion* DumpPanel::Chosen() const {

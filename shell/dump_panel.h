@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "core/table.h"
 #include "map/dump_map.h"
 #include "shell/panel.h"
 #include "shell/panel_commands.h"
@@ -50,6 +51,7 @@ class DumpPanel final : public Panel {
   void Bind();
   void MakeMap();
   void ShowMap();
+  [[nodiscard]] TableRows Rows() const;
   void SelectAt(Offset offset);
   void Step(int direction, const std::function<bool(const MapRegion&)>& isSought);
   void StepInKind(int direction);

@@ -18,8 +18,6 @@ constexpr std::size_t mostUnasked = 2000;       // that are added to the informa
 constexpr std::size_t longestText = 100000000;  // bytes that the information text can take
 constexpr int bytesShown = 256;                 // of a hit, in the list
 
-const std::vector<std::string> captions{"N", "Offset", "Address", "Bytes"};
-
 }  // namespace
 
 HitsPanel::HitsPanel(Main& main)
@@ -38,7 +36,10 @@ wxWindow& HitsPanel::FirstFocus() { return ListS_->Control(); }
 
 void HitsPanel::Clear() { ShowHits({}); }
 
-void HitsPanel::Recaption(const Messages& messages) { ListS_->Recaption(messages, Traits().name); }
+void HitsPanel::Recaption(const Messages& messages) {
+  ListS_->Recaption(messages, Traits().name);
+  ListS_->Reword(Rows());
+}
 
 void HitsPanel::Save() { main_.SaveList(Rows(), 'S'); }
 
@@ -101,7 +102,9 @@ std::optional<std::string> HitsPanel::HitsAsText() {
 }
 
 TableRows HitsPanel::Rows() const {
-  return {captions, found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
+  std::vector<std::string> captions = Captions(main_.Texts(), {262, 465, 464});
+  captions.insert(captions.begin(), "N");
+  return {std::move(captions), found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
 }
 
 Table::Row HitsPanel::RowOf(std::size_t number) const {

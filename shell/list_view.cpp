@@ -125,6 +125,12 @@ const Table::Row& ListView::Row(std::size_t row) const {
   return *made_;
 }
 
+void ListView::Reword(TableRows rows) {
+  const auto row = Selected();
+  SetRows(std::move(rows));
+  if (row) Select(*row);
+}
+
 void ListView::ShowRows(std::size_t count) {
   count_ = count;
   made_.reset();

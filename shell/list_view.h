@@ -27,6 +27,8 @@ class ListView final : public wxPanel {
   // Shows a list of which each row is made when it is needed: for lists of very many rows.
   // Afterwards GetTable has captions only.
   void SetRows(TableRows rows);
+  // Shows the same rows in other words. The current row stays so; order and filter do not.
+  void Reword(TableRows rows);
 
   // How many columns of a marked row, from the first on, are drawn in colour; all of them otherwise.
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }

@@ -9,6 +9,9 @@
 #include <array>
 #include <iterator>
 
+#include "map/map_table.h"
+#include "shell/strings.h"
+
 namespace tarvelo {
 namespace {
 
@@ -28,17 +31,17 @@ enum Group : std::size_t {
 
 // Colours that people with any kind of colour vision can tell apart; what is of little interest is grey.
 const MapGroup groups[] = {
-    {"firmware header", wxColour(0xD5, 0x5E, 0x00)},
-    {"T9", wxColour(0xF0, 0xE4, 0x42)},
-    {"EEPROM", wxColour(0x00, 0x72, 0xB2)},
-    {"EEPROM (deleted)", wxColour(0x56, 0xB4, 0xE9)},
-    {"ringtone", wxColour(0xCC, 0x79, 0xA7)},
-    {"picture", wxColour(0x00, 0x9E, 0x73)},
-    {"text", wxColour(0xE6, 0x9F, 0x00)},
-    {"code", wxColour(0x88, 0x22, 0x55)},
-    {"erased", wxColour(0xDC, 0xDC, 0xDC)},
-    {"filling", wxColour(0x50, 0x50, 0x50)},
-    {"unknown", wxColour(0x94, 0x94, 0x94)},
+    {MapKind::FirmwareHeader, wxColour(0xD5, 0x5E, 0x00)},
+    {MapKind::T9, wxColour(0xF0, 0xE4, 0x42)},
+    {MapKind::EepromData, wxColour(0x00, 0x72, 0xB2)},
+    {MapKind::EepromDeletedData, wxColour(0x56, 0xB4, 0xE9)},
+    {MapKind::Melody, wxColour(0xCC, 0x79, 0xA7)},
+    {MapKind::Picture, wxColour(0x00, 0x9E, 0x73)},
+    {MapKind::Text, wxColour(0xE6, 0x9F, 0x00)},
+    {MapKind::Code, wxColour(0x88, 0x22, 0x55)},
+    {MapKind::Erased, wxColour(0xDC, 0xDC, 0xDC)},
+    {MapKind::Filling, wxColour(0x50, 0x50, 0x50)},
+    {MapKind::Unknown, wxColour(0x94, 0x94, 0x94)},
 };
 
 // In device independent pixels.
@@ -104,8 +107,8 @@ MapLegend::MapLegend(wxWindow* parent) : wxPanel(parent) {
 
 bool MapLegend::IsNarrow() const { return GetParent()->GetSize().x < FromDIP(narrowWidth); }
 
-void MapLegend::SetHint(const wxString& hint) {
-  hint_ = hint;
+void MapLegend::Recaption(const Messages& messages) {
+  messages_ = messages;
   Caption();
 }
 
@@ -124,7 +127,7 @@ void MapLegend::ShowSums(const DumpMap& map) {
 }
 
 void MapLegend::AddButton(std::size_t group, Offset size, Offset whole) {
-  auto* button = new wxButton(this, wxID_ANY, groups[group].name, wxDefaultPosition, wxDefaultSize,
+  auto* button = new wxButton(this, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize,
                               wxBORDER_NONE | wxBU_EXACTFIT | wxBU_LEFT);
   button->SetBitmap(Square(groups[group].colour, FromDIP(square)));
   button->SetBitmapMargins(FromDIP(4), 0);
@@ -132,16 +135,17 @@ void MapLegend::AddButton(std::size_t group, Offset size, Offset whole) {
     if (onClick) onClick(group);
   });
   GetSizer()->Add(button, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, FromDIP(10));
-  entries_.push_back({button, groups[group].name, wxString::Format("%lld", static_cast<long long>(size)),
-                      Percent(size, whole)});
+  entries_.push_back(
+      {button, group, wxString::Format("%lld", static_cast<long long>(size)), Percent(size, whole)});
 }
 
 void MapLegend::Caption() {
   narrow_ = IsNarrow();
   for (const Entry& entry : entries_) {
-    const wxString full = entry.name + "  " + entry.size + "  " + entry.percent;
-    entry.button->SetLabel(narrow_ ? entry.name + "  " + entry.percent : full);
-    entry.button->SetToolTip(full + "\n" + hint_);
+    const wxString name = Wx(WhatOf({.kind = groups[entry.group].kind}, messages_));
+    const wxString full = name + "  " + entry.size + "  " + entry.percent;
+    entry.button->SetLabel(narrow_ ? name + "  " + entry.percent : full);
+    entry.button->SetToolTip(full + "\n" + Wx(messages_.Msg(310)));
   }
 }
 

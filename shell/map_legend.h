@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "map/dump_map.h"
+#include "resources/messages.h"
 
 class wxButton;
 
@@ -15,7 +16,7 @@ namespace tarvelo {
 
 // Kinds of regions that have a colour in common: "picture", "ringtone".
 struct MapGroup {
-  const char* name;
+  MapKind kind;  // the one that the group is called by
   wxColour colour;
 };
 [[nodiscard]] std::size_t GroupOf(MapKind kind);
@@ -27,8 +28,7 @@ class MapLegend final : public wxPanel {
  public:
   explicit MapLegend(wxWindow* parent);
 
-  // What the mouse shows over the buttons.
-  void SetHint(const wxString& hint);
+  void Recaption(const Messages& messages);
   void ShowSums(const DumpMap& map);
 
   std::function<void(std::size_t group)> onClick;
@@ -36,7 +36,7 @@ class MapLegend final : public wxPanel {
  private:
   struct Entry {
     wxButton* button;
-    wxString name;
+    std::size_t group;
     wxString size;
     wxString percent;
   };
@@ -46,7 +46,7 @@ class MapLegend final : public wxPanel {
   void Caption();
 
   std::vector<Entry> entries_;
-  wxString hint_;
+  Messages messages_;
   bool narrow_ = false;
 };
 

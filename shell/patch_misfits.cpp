@@ -57,7 +57,7 @@ std::string PatchMisfits::Summary() const {
 }
 
 std::vector<std::string> PatchMisfits::Captions() const {
-  return {Msg(301), Msg(262), Msg(254), Msg(302), Msg(303)};
+  return tarvelo::Captions(messages_, {301, 262, 254, 302, 303});
 }
 
 Table::Row PatchMisfits::Row(std::size_t number) const {
