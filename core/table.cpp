@@ -40,10 +40,14 @@ void AddLine(Pieces& text, const std::vector<std::string>& cells, std::string_vi
 
 }  // namespace
 
-std::vector<std::string> Captions(const Messages& messages, std::initializer_list<int> numbers) {
-  std::vector<std::string> captions;
-  for (const int n : numbers) captions.emplace_back(messages.Msg(n));
-  return captions;
+std::vector<std::string> Captions(const Messages& messages,
+                                  std::initializer_list<std::variant<int, const char*>> captions) {
+  std::vector<std::string> texts;
+  for (const auto& caption : captions) {
+    const int* message = std::get_if<int>(&caption);
+    texts.emplace_back(message ? messages.Msg(*message) : std::get<const char*>(caption));
+  }
+  return texts;
 }
 
 Table TableRows::All() const {

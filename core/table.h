@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "core/text_sink.h"
@@ -34,8 +35,9 @@ struct TableRows {
   [[nodiscard]] Table All() const;
 };
 
-// Captions by the numbers of their messages.
-[[nodiscard]] std::vector<std::string> Captions(const Messages& messages, std::initializer_list<int> numbers);
+// Captions in a language: each by the number of its message, or as it stands.
+[[nodiscard]] std::vector<std::string> Captions(
+    const Messages& messages, std::initializer_list<std::variant<int, const char*>> captions);
 
 // The rows of a table that there is already, which must outlive them.
 [[nodiscard]] TableRows RowsOf(const Table& table);

@@ -25,8 +25,13 @@ std::vector<std::size_t> ShownRecords(const BlockStore& store, bool showDeleted)
   return shown;
 }
 
-Table ShowEE(const BlockStore& store, bool showDeleted, const DescriptionOf& description) {
-  Table table{{"Block", "Description", "EIT", "V", "Offset", "Size", "i", "-"}, {}};
+std::vector<std::string> BlockCaptions(const Messages& messages) {
+  return Captions(messages, {468, 260, "EIT", "V", 262, 261, "i", "-"});
+}
+
+Table ShowEE(const BlockStore& store, bool showDeleted, const DescriptionOf& description,
+             const Messages& messages) {
+  Table table{BlockCaptions(messages), {}};
   for (const std::size_t i : ShownRecords(store, showDeleted))
     table.rows.push_back(RowOf(store.records[i], description));
   return table;

@@ -18,10 +18,14 @@ using DescriptionOf = std::function<std::string(int number)>;
 // row's record by it, since a cell may have lost digits.
 [[nodiscard]] std::vector<std::size_t> ShownRecords(const BlockStore& store, bool showDeleted);
 
-// The eight columns Block, Description, EIT, V, Offset, Size, i, -; a row a shown record, in their
+// The captions of the eight columns Block, Description, EIT, V, Offset, Size, i, -.
+[[nodiscard]] std::vector<std::string> BlockCaptions(const Messages& messages);
+
+// The list: a row a shown record, in their
 // order. Numbers keep the rightmost digits that their column holds. Rows of deleted blocks are marked;
 // on a desktop only their first two cells are coloured.
-[[nodiscard]] Table ShowEE(const BlockStore& store, bool showDeleted, const DescriptionOf& description);
+[[nodiscard]] Table ShowEE(const BlockStore& store, bool showDeleted, const DescriptionOf& description,
+                           const Messages& messages = Messages());
 
 // The lines that the scan adds to the information text: how many blocks are live, how many deleted.
 // Each is ended by a line feed. Empty without a block.

@@ -43,9 +43,12 @@ std::string Picture::Caption() const {
          " * " + std::to_string(BitsPerPixel()) + " " + (IsCompressed() ? "(comp) " : "");
 }
 
-TableRows PictureRows(const PictureList& list) {
-  return {{"P", "N/P", "N", "X", "Y", "B", "Offset", "Size", "Uncomp", "PIT"},
-          list.pictures.size(),
+std::vector<std::string> PictureCaptions(const Messages& messages) {
+  return Captions(messages, {"P", "N/P", "N", "X", "Y", "B", 262, 261, 472, "PIT"});
+}
+
+TableRows PictureRows(const PictureList& list, const Messages& messages) {
+  return {PictureCaptions(messages), list.pictures.size(),
           [&list](std::size_t row) { return RowOf(list.pictures[row]); }};
 }
 

@@ -9,10 +9,13 @@
 
 namespace tarvelo {
 
-// The ten columns P, N/P, N, X, Y, B, Offset, Size, Uncomp, PIT; a row a picture, in their order.
+// The captions of the ten columns P, N/P, N, X, Y, B, Offset, Size, Uncomp, PIT.
+[[nodiscard]] std::vector<std::string> PictureCaptions(const Messages& messages);
+
+// The list: a row a picture, in their order.
 // Numbers keep the rightmost digits that their column holds.
 // The list must outlive the rows.
-[[nodiscard]] TableRows PictureRows(const PictureList& list);
+[[nodiscard]] TableRows PictureRows(const PictureList& list, const Messages& messages = Messages());
 [[nodiscard]] Table PictureTable(const PictureList& list);
 
 // The lines that the search adds to the information text: where the tables lie, how many pictures

@@ -68,12 +68,15 @@ std::string TextColumn(const Ringtone& ringtone, const ShownText& shown, Bytes i
 
 }  // namespace
 
-TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image) {
+std::vector<std::string> RingtoneCaptions(const Messages& messages) {
+  return Captions(messages, {"N", 469, 470, "T", 262, 261, "RIT", 471});
+}
+
+TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image, const Messages& messages) {
   std::size_t room = textOfTable + 4 * image.ff().size();
   std::vector<ShownText> texts;
   for (const Ringtone& ringtone : list.ringtones) texts.push_back(Fit(ringtone, image.ff(), room));
-  return {{"N", "Note", "Time", "T", "Offset", "Size", "RIT", "Ringtone"},
-          list.ringtones.size(),
+  return {RingtoneCaptions(messages), list.ringtones.size(),
           [&list, &image, texts = std::move(texts)](std::size_t row) -> Table::Row {
             const Ringtone& ringtone = list.ringtones[row];
             return {{HexOfByte(ringtone.number), NoteColumn(ringtone), Column(ringtone.time, 6),
@@ -82,8 +85,8 @@ TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image) {
           }};
 }
 
-Table RingtoneTable(const RingtoneList& list, const Fullflash& image) {
-  return RingtoneRows(list, image).All();
+Table RingtoneTable(const RingtoneList& list, const Fullflash& image, const Messages& messages) {
+  return RingtoneRows(list, image, messages).All();
 }
 
 std::string RingtoneInformation(const RingtoneList& list, const Messages& messages) {

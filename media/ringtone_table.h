@@ -10,7 +10,10 @@
 
 namespace tarvelo {
 
-// The eight columns N, Note, Time, T, Offset, Size, RIT, Ringtone; a row a ringtone, in their order.
+// The captions of the eight columns N, Note, Time, T, Offset, Size, RIT, Ringtone.
+[[nodiscard]] std::vector<std::string> RingtoneCaptions(const Messages& messages);
+
+// The list: a row a ringtone, in their order.
 // N and T are two hexadecimal digits, Offset and RIT at least six; Note, Time and Size are decimal, at
 // least 4, 6 and 5 wide. A file has "mid" or "wav" for Note.
 //
@@ -18,8 +21,10 @@ namespace tarvelo {
 // image, and many may share it: where all the texts together would pass 16 Mi characters and four for
 // each byte of the image, a text ends with a whole pair and "...". (DecodeMelody has no such limit.)
 // The list and the image must outlive the rows.
-[[nodiscard]] TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image);
-[[nodiscard]] Table RingtoneTable(const RingtoneList& list, const Fullflash& image);
+[[nodiscard]] TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image,
+                                     const Messages& messages = Messages());
+[[nodiscard]] Table RingtoneTable(const RingtoneList& list, const Fullflash& image,
+                                  const Messages& messages = Messages());
 
 // The lines that the search adds to the information text: where the table lies, how many ringtones
 // there are. Each is ended by a line feed. Empty where no table was found.

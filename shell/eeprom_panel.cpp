@@ -110,8 +110,8 @@ void EepromPanel::ReadDescriptions() {
 // The chosen block stays chosen; where it is no longer listed, the next one is.
 void EepromPanel::ShowList() {
   const auto chosen = Chosen();
-  ListE_->SetTable(
-      ShowEE(store_, showDeleted_, [this](int number) { return Describe(descriptions_, number); }));
+  ListE_->SetTable(ShowEE(
+      store_, showDeleted_, [this](int number) { return Describe(descriptions_, number); }, main_.Texts()));
   shown_ = ShownRecords(store_, showDeleted_);
   if (!chosen || shown_.empty()) return;
   const auto row = std::ranges::lower_bound(shown_, *chosen) - shown_.begin();
@@ -135,6 +135,7 @@ void EepromPanel::Save() { main_.SaveList(ListE_->GetTable(), 'E'); }
 
 void EepromPanel::Recaption(const Messages& messages) {
   ListE_->Recaption(messages, Traits().name);
+  ListE_->SetCaptions(BlockCaptions(messages));
   if (view_) view_->Recaption();
 }
 

@@ -18,6 +18,10 @@ constexpr std::size_t mostUnasked = 2000;       // that are added to the informa
 constexpr std::size_t longestText = 100000000;  // bytes that the information text can take
 constexpr int bytesShown = 256;                 // of a hit, in the list
 
+std::vector<std::string> HitCaptions(const Messages& messages) {
+  return Captions(messages, {"N", 262, 465, 464});
+}
+
 }  // namespace
 
 HitsPanel::HitsPanel(Main& main)
@@ -38,7 +42,7 @@ void HitsPanel::Clear() { ShowHits({}); }
 
 void HitsPanel::Recaption(const Messages& messages) {
   ListS_->Recaption(messages, Traits().name);
-  ListS_->Reword(Rows());
+  ListS_->SetCaptions(HitCaptions(messages));
 }
 
 void HitsPanel::Save() { main_.SaveList(Rows(), 'S'); }
@@ -102,9 +106,7 @@ std::optional<std::string> HitsPanel::HitsAsText() {
 }
 
 TableRows HitsPanel::Rows() const {
-  std::vector<std::string> captions = Captions(main_.Texts(), {262, 465, 464});
-  captions.insert(captions.begin(), "N");
-  return {std::move(captions), found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
+  return {HitCaptions(main_.Texts()), found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
 }
 
 Table::Row HitsPanel::RowOf(std::size_t number) const {

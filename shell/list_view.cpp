@@ -1,11 +1,13 @@
 #include "shell/list_view.h"
 
 #include <wx/clipbrd.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/srchctrl.h>
 
 #include <algorithm>
 #include <numeric>
+#include <string_view>
 
 #include "resources/messages.h"
 #include "shell/platform/accessible_name.h"
@@ -30,6 +32,14 @@ std::string_view Drawn(std::string_view cell) {
   std::size_t end = longestDrawn;
   while (end > 0 && (cell[end] & 0xC0) == 0x80) --end;  // no character is split
   return cell.substr(0, end);
+}
+
+// Characters of a text, those twice that are wide in a monospaced font. (Not only they need three bytes,
+// but the others that do are rare.)
+std::size_t WidthOf(std::string_view text) {
+  const auto starts = std::ranges::count_if(text, [](unsigned char c) { return (c & 0xC0) != 0x80; });
+  const auto wide = std::ranges::count_if(text, [](unsigned char c) { return c >= 0xE0; });
+  return static_cast<std::size_t>(starts + wide);
 }
 
 }  // namespace
@@ -125,6 +135,12 @@ const Table::Row& ListView::Row(std::size_t row) const {
   return *made_;
 }
 
+void ListView::SetCaptions(std::vector<std::string> captions) {
+  table_.captions = std::move(captions);
+  AddColumns();
+  ShowSortMark();
+}
+
 void ListView::Reword(TableRows rows) {
   const auto row = Selected();
   SetRows(std::move(rows));
@@ -147,8 +163,8 @@ void ListView::AddColumns() {
   const int character = control_->GetTextExtent("0").x;
   const std::size_t measured = std::min(count_, rowsMeasured);
   for (unsigned i = 0; i < table_.captions.size(); ++i) {
-    std::size_t longest = table_.captions[i].size() + 2;  // room for the mark of the sorting
-    for (std::size_t row = 0; row < measured; ++row) longest = std::max(longest, Row(row).cells[i].size());
+    std::size_t longest = WidthOf(table_.captions[i]) + 2;  // room for the mark of the sorting
+    for (std::size_t row = 0; row < measured; ++row) longest = std::max(longest, WidthOf(Row(row).cells[i]));
     const int width = std::min(static_cast<int>(longest), widestColumn) * character + FromDIP(14);
     control_->AppendTextColumn(Wx(table_.captions[i]), i, wxDATAVIEW_CELL_INERT, width, wxALIGN_LEFT,
                                wxDATAVIEW_COL_RESIZABLE);
@@ -250,6 +266,12 @@ void ListView::SortBy(unsigned column) {
   sortColumn_ = column;
   Arrange();
   ShowSortMark();
+}
+
+int ListView::BestColumnsWidth() const {
+  int width = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, control_) + FromDIP(4);
+  for (unsigned i = 0; i < control_->GetColumnCount(); ++i) width += control_->GetColumn(i)->GetWidth();
+  return width;
 }
 
 void ListView::ShowSortMark() {

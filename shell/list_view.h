@@ -27,6 +27,8 @@ class ListView final : public wxPanel {
   // Shows a list of which each row is made when it is needed: for lists of very many rows.
   // Afterwards GetTable has captions only.
   void SetRows(TableRows rows);
+  // Other captions of the same columns.
+  void SetCaptions(std::vector<std::string> captions);
   // Shows the same rows in other words. The current row stays so; order and filter do not.
   void Reword(TableRows rows);
 
@@ -64,6 +66,8 @@ class ListView final : public wxPanel {
 
   // Puts the filter line in a language; screen readers call the list by message `name`.
   void Recaption(const Messages& messages, int name);
+  // What all columns need, with a scrollbar beside them.
+  [[nodiscard]] int BestColumnsWidth() const;
   [[nodiscard]] wxDataViewCtrl& Control() { return *control_; }
 
   std::function<void(std::size_t row)> onSelect;

@@ -91,7 +91,7 @@ void PicturesPanel::Build() {
   // The splitters have their size only once they are shown.
   if (!std::exchange(placed_, true))
     window_->CallAfter([this] {
-      window_->SetSashPosition(std::min(window_->FromDIP(575), window_->GetSize().x * 13 / 20));
+      window_->SetSashPosition(std::min(ListP_->BestColumnsWidth(), window_->GetSize().x * 7 / 10));
       right_->SetSashPosition(right_->GetSize().y / 2);
     });
 }
@@ -100,7 +100,7 @@ void PicturesPanel::GetPictures() {
   const Fullflash& image = main_.Open().image;
   list_ = GetP(image, main_.Status());
   decoder_ = std::make_unique<PictureDecoder>(image.ff());
-  ListP_->SetRows(PictureRows(list_));
+  ListP_->SetRows(PictureRows(list_, main_.Texts()));
   gallery_->SetPictures(list_.pictures.size(), [this](std::size_t i) { return Draw(list_.pictures[i]); });
   main_.InfoText().AppendText(Wx(PictureInformation(list_, main_.Texts())));
   main_.Status().SetPanel(countPanel,
@@ -110,16 +110,17 @@ void PicturesPanel::GetPictures() {
 void PicturesPanel::Clear() {
   list_ = PictureList();
   decoder_.reset();
-  ListP_->SetRows(PictureRows(list_));
+  ListP_->SetRows(PictureRows(list_, main_.Texts()));
   gallery_->SetPictures(0, {});
   Pic_->Show(std::nullopt);
   Frame->SetLabel(wxString());
 }
 
-void PicturesPanel::Save() { main_.SaveList(PictureRows(list_), 'P'); }
+void PicturesPanel::Save() { main_.SaveList(PictureRows(list_, main_.Texts()), 'P'); }
 
 void PicturesPanel::Recaption(const Messages& messages) {
   ListP_->Recaption(messages, Traits().name);
+  ListP_->SetCaptions(PictureCaptions(messages));
   platform::SetAccessibleName(*gallery_, Wx(messages.Msg(Traits().name)));
 }
 

@@ -104,7 +104,7 @@ void RingtonesPanel::FindAgain() {
 void RingtonesPanel::GetRingtones() {
   list_ = tarvelo::GetRingtones(main_.Open().image, main_.Status());
   stale_ = false;
-  ListR_->SetTable(RingtoneTable(list_, main_.Open().image));
+  ListR_->SetTable(RingtoneTable(list_, main_.Open().image, main_.Texts()));
   const std::size_t count = list_.ringtones.size();
   main_.Status().SetPanel(countPanel, count > 0 ? wxString::Format("%zu", count) : wxString());
 }
@@ -126,7 +126,7 @@ void RingtonesPanel::Clear() {
   player_.Stop();
   list_ = RingtoneList();
   stale_ = false;
-  ListR_->SetTable(RingtoneTable(list_, main_.Open().image));
+  ListR_->SetTable(RingtoneTable(list_, main_.Open().image, main_.Texts()));
   roll_->Clear();
 }
 
@@ -134,6 +134,7 @@ void RingtonesPanel::Save() { main_.SaveList(ListR_->GetTable(), 'R'); }
 
 void RingtonesPanel::Recaption(const Messages& messages) {
   ListR_->Recaption(messages, Traits().name);
+  ListR_->SetCaptions(RingtoneCaptions(messages));
   platform::SetAccessibleName(*roll_, Wx(messages.Msg(Traits().name)));
   if (const Ringtone* ringtone = Chosen(); ringtone && ringtone->IsFile()) ShowFile(*ringtone);
 }

@@ -33,11 +33,8 @@ StatusBar::StatusBar(wxWindow* parent)
       ProgressBar(new wxGauge(this, wxID_ANY, steps, wxDefaultPosition, wxDefaultSize,
                               wxGA_HORIZONTAL | wxGA_SMOOTH)) {
   SetFieldsCount(panels);
-  std::array<int, panels> styles;
-  styles.fill(wxSB_SUNKEN);
-  SetStatusStyles(panels, styles.data());
   ProgressBar->Hide();
-  FitPanels();
+  ShowTexts();
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     PlaceProgressBar();
     event.Skip();
@@ -60,13 +57,15 @@ void StatusBar::ShowHelp(const wxString& help) {
   ShowTexts();
 }
 
-// Help stands in the second panel, as hints do; the first one makes room for it.
+// Help stands in the second panel, as hints do; all others make room for it.
 void StatusBar::ShowTexts() {
-  for (int number = 1; number <= panels; ++number) SetStatusText(Panel(number), number - 1);
-  if (!help_.empty()) {
-    SetStatusText(wxString(), 0);
-    SetStatusText(help_, 1);
-  }
+  const bool isHelp = !help_.empty();
+  std::array<int, panels> styles;
+  styles.fill(isHelp ? wxSB_FLAT : wxSB_SUNKEN);
+  SetStatusStyles(panels, styles.data());
+  for (int number = 1; number <= panels; ++number)
+    SetStatusText(isHelp ? wxString() : Panel(number), number - 1);
+  if (isHelp) SetStatusText(help_, 1);
   FitPanels();
 }
 
@@ -118,10 +117,10 @@ void StatusBar::Finish() { ProgressBar->Hide(); }
 bool StatusBar::StopAsked() { return wxTheApp->IsActive() && wxGetKeyState(WXK_ESCAPE); }
 
 void StatusBar::FitPanels() {
-  int widths[panels];
-  widths[0] = help_.empty() ? -3 : FromDIP(14);
+  int widths[panels] = {};
+  widths[0] = help_.empty() ? -3 : 0;
   widths[1] = -2;
-  for (int number = firstFigure; number <= panels; ++number) {
+  for (int number = firstFigure; number <= panels && help_.empty(); ++number) {
     const int text = GetTextExtent(Panel(number)).x;
     widths[number - 1] = std::max(FromDIP(24), text + FromDIP(14));
   }
