@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <limits>
 #include <ostream>
 
 #include "cli/context.h"
@@ -84,7 +85,9 @@ std::uint32_t ParseHex(const std::string& option, std::string text) {
 int ParseDecimal(const std::string& option, const std::string& text) {
   int value = -1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc{} || end != text.data() + text.size() || value < 0)
+  const bool isNumber = !text.empty() && text[0] != '-' && end == text.data() + text.size();
+  if (isNumber && error == std::errc::result_out_of_range) return std::numeric_limits<int>::max();
+  if (!isNumber || error != std::errc{})
     throw WrongArguments(option + ": " + text + " is not a number from 0 up");
   return value;
 }

@@ -23,6 +23,22 @@ std::vector<std::string> TieNegativeBase(std::vector<std::string> arguments) {
   return arguments;
 }
 
+// The parser gives "++" and words in brackets a meaning of its own. Behind a zero byte, which no argument
+// has, they stand as they are.
+void GuardWords(std::vector<std::string>& arguments) {
+  for (std::string& word : arguments)
+    if (word == "++" || (word.starts_with('[') && word.ends_with(']'))) word += '\0';
+}
+
+void TakeGuardsOff(CLI::App& app) {
+  for (CLI::Option* option : app.get_options())
+    option->transform([](std::string word) {
+      if (word.ends_with('\0')) word.pop_back();
+      return word;
+    });
+  for (CLI::App* command : app.get_subcommands({})) TakeGuardsOff(*command);
+}
+
 // The parser's own word for an unknown command is that one is missing.
 void CheckCommand(const CLI::App& app, const std::vector<std::string>& arguments) {
   for (auto at = arguments.begin(); at != arguments.end(); ++at) {
@@ -68,6 +84,8 @@ void Parse(std::vector<std::string> arguments, Context& context) {
 
   CheckCommand(app, arguments);
   arguments = TieNegativeBase(std::move(arguments));
+  GuardWords(arguments);
+  TakeGuardsOff(app);
   std::ranges::reverse(arguments);  // the parser takes them from the back
   try {
     app.parse(std::move(arguments));

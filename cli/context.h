@@ -62,8 +62,8 @@ void RefuseStandardInput(const std::string& file);
 // Refuses a file to write that is "-", or one of those that are read.
 void CheckOutput(const std::string& option, const std::string& file, std::initializer_list<std::string> read);
 
-// A hexadecimal number, with or without 0x, and a decimal one. Both throw WrongArguments, naming the
-// option.
+// A hexadecimal number, with or without 0x (0 where the text is empty), and a decimal one (the largest int
+// where it is larger). Both throw WrongArguments, naming the option.
 [[nodiscard]] std::uint32_t ParseHex(const std::string& option, std::string text);
 [[nodiscard]] int ParseDecimal(const std::string& option, const std::string& text);
 

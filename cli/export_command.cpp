@@ -123,7 +123,10 @@ std::shared_ptr<ExportArguments> AddKind(CLI::App& command, Context& context, co
   added->add_option("--number", arguments->number, "Only the one of this number");
   if (!formats.empty())
     added->add_option("--format", arguments->format, "Format")->check(CLI::IsMember(formats));
-  added->callback([arguments, run, &context] { run(*arguments, context); });
+  added->callback([arguments, run, &context] {
+    if (arguments->number == "") throw WrongArguments("--number: a number is needed");
+    run(*arguments, context);
+  });
   return arguments;
 }
 

@@ -49,7 +49,8 @@ void ListPictures(const Fullflash& image, const Identification&, const ListArgum
 void ListRingtones(const Fullflash& image, const Identification&, const ListArguments&, Context& context,
                    const Print& print) {
   const RingtoneList list = GetRingtones(image, context.progress);
-  print(RingtoneRows(list, image));
+  constexpr std::size_t roomForTexts = 0x10000000;  // nobody waits for more
+  print(RingtoneRows(list, image, Messages(), roomForTexts));
 }
 
 void PrintJson(const TableRows& table, Context& context) {

@@ -9,9 +9,6 @@
 namespace tarvelo {
 namespace {
 
-// Characters that all the texts of a list may have, beside four for each byte of the image.
-constexpr std::size_t textOfTable = 0x1000000;
-
 // At least six digits; a longer number keeps all of its own.
 std::string HexColumn(Offset value) {
   const std::string digits = Hex(static_cast<std::uint32_t>(value));
@@ -72,8 +69,9 @@ std::vector<std::string> RingtoneCaptions(const Messages& messages) {
   return Captions(messages, {"N", 469, 470, "T", 262, 261, "RIT", 471});
 }
 
-TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image, const Messages& messages) {
-  std::size_t room = textOfTable + 4 * image.ff().size();
+TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image, const Messages& messages,
+                       std::size_t roomForTexts) {
+  std::size_t room = roomForTexts + 4 * image.ff().size();
   std::vector<ShownText> texts;
   for (const Ringtone& ringtone : list.ringtones) texts.push_back(Fit(ringtone, image.ff(), room));
   return {RingtoneCaptions(messages), list.ringtones.size(),

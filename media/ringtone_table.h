@@ -18,11 +18,12 @@ namespace tarvelo {
 // least 4, 6 and 5 wide. A file has "mid" or "wav" for Note.
 //
 // Ringtone is the text form of a melody. In an image of senseless data melodies may be as long as the
-// image, and many may share it: where all the texts together would pass 16 Mi characters and four for
-// each byte of the image, a text ends with a whole pair and "...". (DecodeMelody has no such limit.)
+// image, and many may share it: where all the texts together would pass `roomForTexts` characters and four
+// for each byte of the image, a text ends with a whole pair and "...". (DecodeMelody has no such limit.)
 // The list and the image must outlive the rows.
 [[nodiscard]] TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image,
-                                     const Messages& messages = Messages());
+                                     const Messages& messages = Messages(),
+                                     std::size_t roomForTexts = 0x1000000);
 [[nodiscard]] Table RingtoneTable(const RingtoneList& list, const Fullflash& image,
                                   const Messages& messages = Messages());
 

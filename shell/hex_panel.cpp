@@ -118,9 +118,12 @@ void HexPanel::Save() {
 
 void HexPanel::Recaption(const Messages& messages) {
   caption_->SetLabel(Wx(messages.Msg(230)) + ":");
-  place_->SetHint(Wx(messages.Msg(231)));
-  place_->SetToolTip(Wx(messages.Msg(231)));
-  platform::SetAccessibleName(*place_, Wx(messages.Msg(231)));
+  const wxString hint = Wx(messages.Msg(231));
+  place_->SetHint(hint);
+  place_->SetToolTip(hint);
+  platform::SetAccessibleName(*place_, hint);
+  const int needed = place_->GetTextExtent(hint).x + window_->FromDIP(24);
+  place_->SetMinSize(wxSize(std::min(needed, window_->FromDIP(320)), -1));
   platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Traits().name)));
   platform::SetAccessibleName(*kind_, Wx(messages.Msg(230)));
   const int kind = std::max(0, kind_->GetSelection());

@@ -20,11 +20,13 @@ namespace {
 
 constexpr int widestColumn = 60;  // characters; longer texts are cut off on the screen
 constexpr std::size_t rowsMeasured = 500;
+constexpr std::size_t longestDrawn = 2000;  // bytes of a cell; a melody may have millions
 
-constexpr std::size_t longestDrawn =
-    2000;  // bytes of a cell that the control gets: a melody may have millions
-
-const wxColour markedColour(0xC0, 0, 0);
+// Red that is legible on the ground of the theme.
+wxColour MarkedColour() {
+  const bool isDark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
+  return isDark ? wxColour(0xFF, 0x70, 0x70) : wxColour(0xC0, 0, 0);
+}
 
 // As much of a cell as can be seen.
 std::string_view Drawn(std::string_view cell) {
@@ -57,7 +59,7 @@ class ListView::Model final : public wxDataViewVirtualListModel {
   bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attr) const override {
     const Table::Row* found = column < view_.markedColumns_ ? Find(row) : nullptr;
     if (!found || !found->marked) return false;
-    attr.SetColour(markedColour);
+    attr.SetColour(MarkedColour());
     return true;
   }
 
