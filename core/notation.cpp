@@ -1,12 +1,13 @@
 #include "core/notation.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
 namespace tarvelo {
 namespace {
 
-constexpr std::string_view digits = "0123456789ABCDEF";
+constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 std::string Pad(std::string_view filling, std::string_view text, std::size_t n) {
   if (text.size() >= n) return std::string(text.substr(text.size() - n));
@@ -20,7 +21,7 @@ std::string Hex(std::uint32_t value) {
   std::array<char, 8> buffer;
   std::size_t first = buffer.size();
   do {
-    buffer[--first] = digits[value & 0xF];
+    buffer[--first] = hexDigits[value & 0xF];
     value >>= 4;
   } while (value != 0);
   return {buffer.data() + first, buffer.size() - first};
@@ -30,6 +31,16 @@ std::string PadZero(std::string_view text, std::size_t n) { return Pad("000000",
 
 std::string PadSpace(std::string_view text, std::size_t n) { return Pad("     ", text, n); }
 
+std::string WholeHex(std::uint32_t value, std::size_t n) {
+  const std::string digits = Hex(value);
+  return std::string(n - std::min(n, digits.size()), '0') + digits;
+}
+
+std::string WholeDecimal(std::int64_t value, std::size_t n) {
+  const std::string digits = std::to_string(value);
+  return std::string(n - std::min(n, digits.size()), ' ') + digits;
+}
+
 std::string Word2Str(std::int32_t value) {
   const auto word = static_cast<std::uint32_t>(value);
   return HexOfByte(static_cast<std::uint8_t>(word)) + HexOfByte(static_cast<std::uint8_t>(word >> 8));
@@ -37,8 +48,8 @@ std::string Word2Str(std::int32_t value) {
 
 std::string Adr2Str(std::int32_t address) { return Word2Str(address & 0x3FFF) + Word2Str(address >> 14); }
 
-std::string HexOfByte(std::uint8_t byte) { return {digits[byte >> 4], digits[byte & 0xF]}; }
+std::string HexOfByte(std::uint8_t byte) { return {hexDigits[byte >> 4], hexDigits[byte & 0xF]}; }
 
-std::string DecOfByte(std::uint8_t byte) { return {digits[byte / 10 % 10], digits[byte % 10]}; }
+std::string DecOfByte(std::uint8_t byte) { return {hexDigits[byte / 10 % 10], hexDigits[byte % 10]}; }
 
 }  // namespace tarvelo

@@ -1,7 +1,7 @@
 // How numbers and addresses are written: padded columns, hexadecimal, and the byte order in which
 // the firmware's own pointers lie in memory.
 //
-// All results fit the small buffer of std::string: none of these allocates.
+// Results fit the small buffer of std::string: but for wide columns none of these allocates.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +17,11 @@ namespace tarvelo {
 // filled on the left (by six, resp. five characters at the most), longer ones are cut on the left.
 [[nodiscard]] std::string PadZero(std::string_view text, std::size_t n);
 [[nodiscard]] std::string PadSpace(std::string_view text, std::size_t n);
+
+// Numbers that keep all their digits, filled on the left to n characters: hexadecimal by zeros, decimal by
+// blanks.
+[[nodiscard]] std::string WholeHex(std::uint32_t value, std::size_t n = 6);
+[[nodiscard]] std::string WholeDecimal(std::int64_t value, std::size_t n);
 
 // A word as it lies in memory, low byte first, in four digits: 0x1234 gives "3412". Only the low
 // 16 bits count.

@@ -46,15 +46,7 @@ bool IsRingtone(MapKind kind) {
 
 // As many digits as the last value of the column has.
 std::string HexColumn(std::uint32_t value, std::uint32_t last) {
-  const std::string digits = Hex(value);
-  const std::size_t width = std::max({std::size_t{6}, Hex(last).size(), digits.size()});
-  return std::string(width - digits.size(), '0') + digits;
-}
-
-std::string SizeColumn(Offset size) {
-  constexpr std::size_t width = 8;
-  const std::string digits = std::to_string(size);
-  return std::string(width - std::min(width, digits.size()), ' ') + digits;
+  return WholeHex(value, std::max<std::size_t>(6, Hex(last).size()));
 }
 
 std::string SurenessOf(const MapRegion& region, const Messages& messages) {
@@ -106,7 +98,7 @@ TableRows MapRows(const DumpMap& map, const Fullflash& image, const Messages& me
             const auto last = static_cast<Offset>(image.ffEnd());
             return {{HexColumn(static_cast<std::uint32_t>(region.offset), static_cast<std::uint32_t>(last)),
                      HexColumn(image.PhoneAddress(region.offset), image.PhoneAddress(last)),
-                     SizeColumn(region.size), WhatOf(region, messages), SurenessOf(region, messages)}};
+                     WholeDecimal(region.size, 8), WhatOf(region, messages), SurenessOf(region, messages)}};
           }};
 }
 

@@ -9,20 +9,9 @@
 namespace tarvelo {
 namespace {
 
-// At least six digits; a longer number keeps all of its own.
-std::string HexColumn(Offset value) {
-  const std::string digits = Hex(static_cast<std::uint32_t>(value));
-  return PadZero(digits, std::max<std::size_t>(6, digits.size()));
-}
-
-std::string Column(std::int64_t value, std::size_t width) {
-  const std::string digits = std::to_string(value);
-  return PadSpace(digits, std::max(width, digits.size()));
-}
-
 std::string NoteColumn(const Ringtone& ringtone) {
   if (ringtone.IsFile()) return std::string(ringtone.Extension().substr(1));
-  return Column(ringtone.Notes(), 4);
+  return WholeDecimal(ringtone.Notes(), 4);
 }
 
 // How much of a melody's text form its row shows.
@@ -77,9 +66,10 @@ TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image, const M
   return {RingtoneCaptions(messages), list.ringtones.size(),
           [&list, &image, texts = std::move(texts)](std::size_t row) -> Table::Row {
             const Ringtone& ringtone = list.ringtones[row];
-            return {{HexOfByte(ringtone.number), NoteColumn(ringtone), Column(ringtone.time, 6),
-                     HexOfByte(ringtone.kind), HexColumn(ringtone.data), Column(ringtone.size, 5),
-                     HexColumn(ringtone.entry), TextColumn(ringtone, texts[row], image.ff())}};
+            return {{HexOfByte(ringtone.number), NoteColumn(ringtone), WholeDecimal(ringtone.time, 6),
+                     HexOfByte(ringtone.kind), WholeHex(static_cast<std::uint32_t>(ringtone.data)),
+                     WholeDecimal(ringtone.size, 5), WholeHex(static_cast<std::uint32_t>(ringtone.entry)),
+                     TextColumn(ringtone, texts[row], image.ff())}};
           }};
 }
 

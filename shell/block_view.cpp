@@ -33,10 +33,7 @@ wxString HexText(std::int64_t value, std::size_t digits) {
 }
 
 // An offset or address with all its digits.
-wxString WholeHex(std::int64_t value) {
-  const std::string digits = Hex(static_cast<std::uint32_t>(value));
-  return Wx(PadZero(digits, std::max<std::size_t>(6, digits.size())));
-}
+wxString PlaceText(std::int64_t value) { return Wx(WholeHex(static_cast<std::uint32_t>(value))); }
 
 wxDataViewListCtrl* MakeList(wxWindow* parent, long style = 0) {
   return new wxDataViewListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
@@ -233,11 +230,11 @@ void BlockView::ShowFacts() {
   const wxString hint = report_.data.whole ? wxString() : " - " + Msg(232);
   values_[Description]->SetLabelText(Wx(Describe(descriptions_, record.Number)));
   values_[State]->SetLabelText(Msg(record.IsDeleted() ? 252 : 251));
-  values_[PhoneAddress]->SetLabelText(WholeHex(report_.address));
+  values_[PhoneAddress]->SetLabelText(PlaceText(report_.address));
   values_[Size]->SetLabelText(wxString::Format("%d", record.Size));
   values_[V]->SetLabelText(wxString::Format("%d", record.V));
-  values_[DataOffset]->SetLabelText(WholeHex(record.DataOffset) + hint);
-  values_[HeaderPosition]->SetLabelText(WholeHex(record.HeaderPos));
+  values_[DataOffset]->SetLabelText(PlaceText(record.DataOffset) + hint);
+  values_[HeaderPosition]->SetLabelText(PlaceText(record.HeaderPos));
   previous_->Enable(PreviousBlock(store_, record.Number).has_value());
   next_->Enable(NextBlock(store_, record.Number).has_value());
   hexView_->Enable(!report_.data.bytes.empty());
@@ -262,8 +259,8 @@ void BlockView::ShowGenerations() {
     cells.push_back(Msg(record.IsDeleted() ? 252 : 251));
     cells.push_back(wxString::Format("%d", record.V));
     cells.push_back(wxString::Format("%d", record.Size));
-    cells.push_back(WholeHex(record.HeaderPos));
-    cells.push_back(WholeHex(record.DataOffset));
+    cells.push_back(PlaceText(record.HeaderPos));
+    cells.push_back(PlaceText(record.DataOffset));
     cells.push_back(DifferenceText(generation.difference));
     generations_->AppendItem(cells);
   }

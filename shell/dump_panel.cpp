@@ -141,13 +141,19 @@ const MapRegion* DumpPanel::Chosen() const {
 PanelCommands DumpPanel::MakeCommands() {
   const auto chosen = [this] { return Chosen() != nullptr; };
   return PanelCommands(
-      {{.id = OpenD, .message = 247, .run = [this] { OpenD_Click(); }, .enabled = chosen},
-       {.id = OffsetD, .message = 132, .run = [this] { OffsetD_Click(); }, .enabled = chosen},
-       {.id = AddressD, .message = 320, .run = [this] { AddressD_Click(); }, .enabled = chosen},
+      {{.id = OpenD, .message = 247, .help = 343, .run = [this] { OpenD_Click(); }, .enabled = chosen},
+       {.id = OffsetD, .message = 132, .help = 363, .run = [this] { OffsetD_Click(); }, .enabled = chosen},
+       {.id = AddressD, .message = 320, .help = 363, .run = [this] { AddressD_Click(); }, .enabled = chosen},
        {},
-       {.id = NextD, .message = 310, .shortcut = "F3", .run = [this] { NextD_Click(); }, .enabled = chosen},
+       {.id = NextD,
+        .message = 310,
+        .help = 382,
+        .shortcut = "F3",
+        .run = [this] { NextD_Click(); },
+        .enabled = chosen},
        {.id = PreviousD,
         .message = 311,
+        .help = 383,
         .shortcut = "Shift+F3",
         .run = [this] { PreviousD_Click(); },
         .enabled = chosen}},

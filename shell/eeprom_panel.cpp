@@ -151,31 +151,37 @@ PanelCommands EepromPanel::MakeCommands() {
   const auto chosen = [this] { return Chosen().has_value(); };
   const auto any = [this] { return !shown_.empty(); };
   std::vector<PanelCommand> commands = {
-      {.id = OpenE, .message = 2, .run = [this] { OpenE_Click(); }, .enabled = chosen},
-      {.id = OpenDescE, .message = 178, .run = [this] { OpenDescE_Click(); }, .enabled = chosen},
+      {.id = OpenE, .message = 2, .help = 364, .run = [this] { OpenE_Click(); }, .enabled = chosen},
+      {.id = OpenDescE, .message = 178, .help = 365, .run = [this] { OpenDescE_Click(); }, .enabled = chosen},
       {.id = InfoE,
        .message = 122,
+       .help = 369,
        .shortcut = "Ctrl+I",
        .run = [this] { InfoE_Click(); },
        .enabled = chosen},
-      {.id = OffsetE, .message = 132, .run = [this] { OffsetE_Click(); }, .enabled = chosen},
+      {.id = OffsetE, .message = 132, .help = 363, .run = [this] { OffsetE_Click(); }, .enabled = chosen},
       {}};
   std::ranges::move(transfer_.Commands(), std::back_inserter(commands));
-  commands.insert(
-      commands.end(),
-      {{},
-       {.id = FindE, .message = 115, .shortcut = "Ctrl+F", .run = [this] { search_.Find(); }, .enabled = any},
-       {.id = FindMoreE,
-        .message = 118,
-        .shortcut = "Ctrl+G",
-        .run = [this] { search_.FindMore(); },
-        .enabled = any},
-       {},
-       {.id = ShowDel,
-        .message = 151,
-        .run = [this] { ShowDel_Click(); },
-        .checked = [this] { return showDeleted_; }},
-       {.message = 123, .entries = KnownBlocks()}});
+  commands.insert(commands.end(), {{},
+                                   {.id = FindE,
+                                    .message = 115,
+                                    .help = 366,
+                                    .shortcut = "Ctrl+F",
+                                    .run = [this] { search_.Find(); },
+                                    .enabled = any},
+                                   {.id = FindMoreE,
+                                    .message = 118,
+                                    .help = 367,
+                                    .shortcut = "Ctrl+G",
+                                    .run = [this] { search_.FindMore(); },
+                                    .enabled = any},
+                                   {},
+                                   {.id = ShowDel,
+                                    .message = 151,
+                                    .help = 368,
+                                    .run = [this] { ShowDel_Click(); },
+                                    .checked = [this] { return showDeleted_; }},
+                                   {.message = 123, .help = 370, .entries = KnownBlocks()}});
   return PanelCommands(std::move(commands), OpenE);
 }
 
@@ -185,6 +191,7 @@ std::vector<PanelCommand> EepromPanel::KnownBlocks() {
     entries.push_back(
         {.id = FirstViewer + static_cast<int>(viewer.entry),
          .message = viewer.message,
+         .help = 370,
          .run = [this, entry = viewer.entry] { Viewer_Click(entry); },
          .enabled = [this, entry = viewer.entry] { return viewers_[static_cast<std::size_t>(entry)]; },
          .captionEnd = viewer.captionEnd});

@@ -24,15 +24,32 @@ wxString Numbers(const std::vector<int>& numbers) {
 std::vector<PanelCommand> EepromTransfer::Commands() {
   const auto chosen = [this] { return chosen_() != nullptr; };
   const auto any = [this] { return !store_.records.empty(); };
-  return {{.id = SaveBlockE, .message = 146, .run = [this] { SaveBlock_Click(); }, .enabled = chosen},
-          {.id = SaveAllBlockE, .message = 142, .run = [this] { SaveAllBlock_Click(); }, .enabled = any},
+  return {{.id = SaveBlockE,
+           .message = 146,
+           .help = 395,
+           .run = [this] { SaveBlock_Click(); },
+           .enabled = chosen},
+          {.id = SaveAllBlockE,
+           .message = 142,
+           .help = 396,
+           .run = [this] { SaveAllBlock_Click(); },
+           .enabled = any},
           {.id = DeletedBlocksE,
            .message = 307,
+           .help = 368,
            .run = [this] { deletedToo_ = !deletedToo_; },
            .checked = [this] { return deletedToo_; }},
-          {.id = LoadBlockE, .message = 128, .run = [this] { LoadBlock_Click(); }, .enabled = chosen},
-          {.id = LoadAllBlockE, .message = 126, .run = [this] { LoadAllBlock_Click(); }, .enabled = any},
-          {.id = BackupE, .message = 112, .run = [this] { eeBackup_Click(); }, .enabled = any}};
+          {.id = LoadBlockE,
+           .message = 128,
+           .help = 397,
+           .run = [this] { LoadBlock_Click(); },
+           .enabled = chosen},
+          {.id = LoadAllBlockE,
+           .message = 126,
+           .help = 398,
+           .run = [this] { LoadAllBlock_Click(); },
+           .enabled = any},
+          {.id = BackupE, .message = 112, .help = 399, .run = [this] { eeBackup_Click(); }, .enabled = any}};
 }
 
 std::filesystem::path EepromTransfer::Folder() const { return main_.Open().FileDir / "EEPROM"; }

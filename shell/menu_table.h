@@ -137,7 +137,8 @@ enum MenuId : int {
 
 struct MenuEntry {
   int id;                     // MenuNone: a separator
-  int message = 0;            // its caption
+  int message = 0;            // its caption; 0: a separator, or one that Menus captions itself
+  int help = 0;               // the message that the status bar shows while it is highlighted
   const char* shortcut = "";  // as wx writes it: "Ctrl+O"
   bool needsDocument = false;
   wxItemKind kind = wxITEM_NORMAL;
@@ -150,5 +151,8 @@ struct MenuGroup {
 
 // The whole bar, but for the recent files and the languages, which menus.h puts in their places.
 [[nodiscard]] std::span<const MenuGroup> MenuBarTable();
+
+// The entries in it that show panels, of which the visible one has a tick.
+[[nodiscard]] std::span<const MenuEntry> PanelEntries();
 
 }  // namespace tarvelo

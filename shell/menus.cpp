@@ -4,7 +4,6 @@
 #include <wx/menu.h>
 
 #include "resources/messages.h"
-#include "shell/menu_help.h"
 #include "shell/mnemonics.h"
 #include "shell/panel_commands.h"
 #include "shell/recent_files.h"
@@ -33,8 +32,16 @@ void RecaptionEntries(wxMenuBar& bar, const MenuGroup& group, const Messages& me
     const wxString shortcut = *entry.shortcut ? wxString("\t") + entry.shortcut : wxString();
     wxMenuItem& item = *bar.FindItem(entry.id);
     item.SetItemLabel(captions[i] + shortcut);
-    item.SetHelp(Wx(messages.Msg(HelpOf(entry.id))));
+    item.SetHelp(Wx(messages.Msg(entry.help)));
   }
+}
+
+// Of entries that stand for several.
+wxString HelpOf(int id, const Messages& messages) {
+  for (const MenuGroup& group : MenuBarTable())
+    for (const MenuEntry& entry : group.entries)
+      if (entry.id == id) return Wx(messages.Msg(entry.help));
+  return {};
 }
 
 }  // namespace
@@ -70,7 +77,7 @@ Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
 void Menus::Recaption(const Messages& messages, int saveText) {
   for (const MenuGroup& group : MenuBarTable()) RecaptionEntries(*bar_, group, messages, saveText);
   ShowPanelMenu(panelCommands_, panelTitle_, messages);
-  recentHelp_ = Wx(messages.Msg(HelpOf(File1)));
+  recentHelp_ = HelpOf(File1, messages);
   for (std::size_t i = 0; i < recentShown_; ++i)
     bar_->FindItem(File1 + static_cast<int>(i))->SetHelp(recentHelp_);
 
@@ -78,10 +85,11 @@ void Menus::Recaption(const Messages& messages, int saveText) {
   std::vector<wxString> names;
   for (const Language& language : Languages()) names.push_back(Wx(Messages(language).Msg(1)));
   names = WithMnemonics(names);
+  const wxString help = HelpOf(FirstLanguage, messages);
   for (std::size_t i = 0; i < names.size(); ++i) {
     const int id = FirstLanguage + static_cast<int>(i);
     bar_->FindItem(id)->SetItemLabel(names[i]);
-    bar_->FindItem(id)->SetHelp(Wx(messages.Msg(HelpOf(id))));
+    bar_->FindItem(id)->SetHelp(help);
     if (&Languages()[i] == &messages.Current()) bar_->Check(id, true);
   }
 }
@@ -129,7 +137,8 @@ void Menus::Enable(bool documentOpen, const std::function<bool(int id)>& hasHand
 }
 
 void Menus::CheckPanel(int shown) {
-  for (int id = Info; id <= PatchMenu; ++id) bar_->Check(id, id == shown);
+  for (const MenuEntry& entry : PanelEntries())
+    if (entry.id != MenuNone) bar_->Check(entry.id, entry.id == shown);
 }
 
 }  // namespace tarvelo

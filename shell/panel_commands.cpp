@@ -3,7 +3,6 @@
 #include <wx/window.h>
 
 #include "resources/messages.h"
-#include "shell/menu_help.h"
 #include "shell/mnemonics.h"
 #include "shell/platform/default_entry.h"
 #include "shell/strings.h"
@@ -19,12 +18,6 @@ const PanelCommand* FindIn(const std::vector<PanelCommand>& commands, int id) {
   return nullptr;
 }
 
-// A submenu is explained as its entries are.
-wxString HelpText(const PanelCommand& command, const Messages& messages) {
-  const int id = command.entries.empty() ? command.id : command.entries.front().id;
-  return Wx(messages.Msg(HelpOf(id)));
-}
-
 bool IsEnabled(const PanelCommand& command) { return !command.enabled || command.enabled(); }
 
 std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const Messages& messages) {
@@ -36,7 +29,7 @@ std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const 
   for (std::size_t i = 0; i < commands.size(); ++i) {
     const PanelCommand& command = commands[i];
     const wxString shortcut = *command.shortcut ? wxString("\t") + command.shortcut : wxString();
-    const wxString help = HelpText(command, messages);
+    const wxString help = Wx(messages.Msg(command.help));
     if (!command.entries.empty())
       menu->AppendSubMenu(MenuOf(command.entries, messages).release(), captions[i], help);
     else if (command.id == 0)

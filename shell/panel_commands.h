@@ -15,6 +15,7 @@ class Messages;
 struct PanelCommand {
   int id = 0;                 // of MenuId; 0: a separator, or a submenu if it has entries
   int message = 0;            // its caption
+  int help = 0;               // the message that the status bar shows while it is highlighted
   const char* shortcut = "";  // as wx writes it: "Ctrl+F"
   std::function<void()> run;
   std::function<bool()> enabled;      // none: always

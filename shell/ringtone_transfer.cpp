@@ -32,14 +32,24 @@ int MessageOf(Reason reason) {
 std::vector<PanelCommand> RingtoneTransfer::Commands() {
   const auto chosen = [this] { return chosen_() != nullptr && ready_(); };
   const auto any = [this] { return !list_.ringtones.empty() && ready_(); };
-  return {{.id = SaveRing, .message = 150, .run = [this] { SaveRing_Click(); }, .enabled = chosen},
-          {.id = SaveAllRing, .message = 144, .run = [this] { SaveAllRing_Click(); }, .enabled = any},
-          {.id = SaveMidi,
-           .message = 249,
-           .run = [this] { saveMidi_ = !saveMidi_; },
-           .checked = [this] { return saveMidi_; }},
-          {.id = LoadRing, .message = 129, .run = [this] { LoadRing_Click(); }, .enabled = chosen},
-          {.id = LoadAllRing, .message = 127, .run = [this] { LoadAllRing_Click(); }, .enabled = any}};
+  return {
+      {.id = SaveRing, .message = 150, .help = 375, .run = [this] { SaveRing_Click(); }, .enabled = chosen},
+      {.id = SaveAllRing,
+       .message = 144,
+       .help = 376,
+       .run = [this] { SaveAllRing_Click(); },
+       .enabled = any},
+      {.id = SaveMidi,
+       .message = 249,
+       .help = 361,
+       .run = [this] { saveMidi_ = !saveMidi_; },
+       .checked = [this] { return saveMidi_; }},
+      {.id = LoadRing, .message = 129, .help = 397, .run = [this] { LoadRing_Click(); }, .enabled = chosen},
+      {.id = LoadAllRing,
+       .message = 127,
+       .help = 398,
+       .run = [this] { LoadAllRing_Click(); },
+       .enabled = any}};
 }
 
 std::filesystem::path RingtoneTransfer::Folder() const { return main_.Open().FileDir / "MIDI"; }

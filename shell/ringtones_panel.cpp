@@ -178,30 +178,41 @@ void RingtonesPanel::PlayRing(const std::string& text) {
 PanelCommands RingtonesPanel::MakeCommands() {
   const auto chosen = [this] { return Chosen() && !player_.IsPlaying(); };
   const auto melody = [this] { return Chosen() && !Chosen()->IsFile() && !player_.IsPlaying(); };
-  std::vector<PanelCommand> commands = {
-      {.id = Play, .message = 137, .shortcut = "Ctrl+P", .run = [this] { Play_Click(); }, .enabled = chosen},
-      {.id = StopPlaying,
-       .message = 248,
-       .run = [this] { player_.Stop(); },
-       .enabled = [this] { return player_.IsPlaying(); },
-       .captionEnd = " (Esc)"},
-      {.id = PlayText,
-       .message = 138,
-       .run = [this] { PlayText_Click(); },
-       .enabled = [this] { return !player_.IsPlaying(); }},
-      {.id = Autoplay,
-       .message = 107,
-       .run = [this] { Autoplay_Click(); },
-       .checked = [this] { return autoplay_; }},
-      {}};
+  std::vector<PanelCommand> commands = {{.id = Play,
+                                         .message = 137,
+                                         .help = 371,
+                                         .shortcut = "Ctrl+P",
+                                         .run = [this] { Play_Click(); },
+                                         .enabled = chosen},
+                                        {.id = StopPlaying,
+                                         .message = 248,
+                                         .help = 372,
+                                         .run = [this] { player_.Stop(); },
+                                         .enabled = [this] { return player_.IsPlaying(); },
+                                         .captionEnd = " (Esc)"},
+                                        {.id = PlayText,
+                                         .message = 138,
+                                         .help = 373,
+                                         .run = [this] { PlayText_Click(); },
+                                         .enabled = [this] { return !player_.IsPlaying(); }},
+                                        {.id = Autoplay,
+                                         .message = 107,
+                                         .help = 374,
+                                         .run = [this] { Autoplay_Click(); },
+                                         .checked = [this] { return autoplay_; }},
+                                        {}};
   std::ranges::move(transfer_.Commands(), std::back_inserter(commands));
   commands.insert(
       commands.end(),
       {{},
-       {.id = CopyR, .message = 110, .run = [this] { CopyR_Click(); }, .enabled = melody},
-       {.id = OffsetR, .message = 132, .run = [this] { OffsetR_Click(); }, .enabled = chosen},
-       {.id = OpenR, .message = 2, .run = [this] { OpenR_Click(); }, .enabled = chosen},
-       {.id = OpenDescR, .message = 178, .run = [this] { OpenDescR_Click(); }, .enabled = chosen}});
+       {.id = CopyR, .message = 110, .help = 377, .run = [this] { CopyR_Click(); }, .enabled = melody},
+       {.id = OffsetR, .message = 132, .help = 363, .run = [this] { OffsetR_Click(); }, .enabled = chosen},
+       {.id = OpenR, .message = 2, .help = 364, .run = [this] { OpenR_Click(); }, .enabled = chosen},
+       {.id = OpenDescR,
+        .message = 178,
+        .help = 365,
+        .run = [this] { OpenDescR_Click(); },
+        .enabled = chosen}});
   return PanelCommands(std::move(commands), Play);
 }
 
