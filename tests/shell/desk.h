@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <wx/button.h>
 #include <wx/clipbrd.h>
 #include <wx/dnd.h>
 #include <wx/menu.h>
@@ -11,8 +12,10 @@
 #include <map>
 #include <optional>
 
+#include "demo/demo_image.h"
 #include "demo/image_builder.h"
 #include "shell/info_panel.h"
+#include "shell/list_view.h"
 #include "shell/main.h"
 #include "shell/patch_misfits.h"
 #include "shell/strings.h"
@@ -139,7 +142,16 @@ class Desk : public testing::Test {
     Settle();
   }
 
+  // Ends the program and starts it again, with this hex editor if there is one.
+  void Restart(const std::string& hexEditor = {}) {
+    Choose(ExitM);
+    if (!hexEditor.empty()) Settings(SettingsFile()).SetIni("Integration", "HexEditor", hexEditor);
+    StartProgram();
+  }
+
   [[nodiscard]] std::filesystem::path SettingsFile() const { return folder / "Tarvelo.ini"; }
+
+  // --- dumps ---
 
   // A dump of 1 MiB, C55 firmware 24.
   std::filesystem::path WriteDump(const std::filesystem::path& name) const {
@@ -151,6 +163,38 @@ class Desk : public testing::Test {
     return folder.Write(name, std::move(builder).Take());
   }
 
+  // 64 KiB with a live block of each number, its header at a multiple of 12; their data, of 16 bytes, is
+  // at 0xF000. More than 2000 blocks are refused.
+  [[nodiscard]] static std::vector<std::uint8_t> ImageOfBlocks(const std::vector<int>& numbers) {
+    ImageBuilder builder(0x10000);
+    std::size_t p = 0;
+    for (const int number : numbers) {
+      p = builder.Word(p, 0x00FC);
+      p = builder.Word(p, 16);
+      p = builder.DWord(p, 0xFFF000);
+      p = builder.Word(p, static_cast<std::uint16_t>(number));
+      p = builder.Word(p, 0xFC00);
+    }
+    return std::move(builder).Take();
+  }
+
+  // Opens bytes as a dump of this name and shows a panel.
+  void OpenBytes(const std::filesystem::path& name, const std::vector<std::uint8_t>& bytes, int panel) {
+    main->OpenF(folder.Write(name, bytes));
+    if (panel != Info) Choose(panel);
+  }
+  void OpenDemo(int panel) {
+    static const std::vector<std::uint8_t> demo = DemoImage();
+    OpenBytes("demo.bin", demo, panel);
+  }
+
+  [[nodiscard]] const Fullflash& Image() const { return main->Open().image; }
+  [[nodiscard]] std::vector<std::uint8_t> AllBytes() const {
+    return {Image().ff().begin(), Image().ff().end()};
+  }
+
+  // --- what the user does ---
+
   // Chooses a menu entry as a click does.
   void Choose(int id) {
     ASSERT_NE(Item(id), nullptr);
@@ -159,9 +203,38 @@ class Desk : public testing::Test {
     Settle();
   }
 
-  // What follows the path where a file could not be read, resp. written.
-  [[nodiscard]] static std::string ReadAdvice() { return "\n\n" + std::string(Messages().Msg(317)); }
-  [[nodiscard]] static std::string WriteAdvice() { return "\n\n" + std::string(Messages().Msg(318)); }
+  // Runs a command, with this text for an answer, and returns all that was asked and said.
+  std::string Said(int id, const std::string& answer = {}) {
+    script.said.clear();
+    script.answer = answer;
+    main->Run(id);
+    std::string all = script.TakeSaid();
+    while (!script.said.empty()) all += " | " + script.TakeSaid();
+    return all;
+  }
+
+  // A key, resp. the mouse, in a window. True where the key was taken.
+  static bool Key(wxWindow& window, int key, int modifiers = wxMOD_NONE) {
+    wxKeyEvent event(wxEVT_CHAR_HOOK);
+    event.m_keyCode = key;
+    event.SetControlDown((modifiers & wxMOD_CONTROL) != 0);
+    event.SetShiftDown((modifiers & wxMOD_SHIFT) != 0);
+    event.SetEventObject(&window);
+    return window.ProcessWindowEvent(event);
+  }
+  static void Mouse(wxWindow& window, wxEventType type, const wxPoint& point = {}, bool shift = false) {
+    wxMouseEvent event(type);
+    event.SetPosition(point);
+    event.SetShiftDown(shift);
+    event.SetEventObject(&window);
+    window.ProcessWindowEvent(event);
+  }
+  static void Click(wxButton& button) {
+    wxCommandEvent click(wxEVT_BUTTON, button.GetId());
+    click.SetEventObject(&button);
+    button.ProcessWindowEvent(click);
+    Settle();
+  }
 
   // Drops a file on the window. It is opened when the drop is over, not before.
   void Drop(const std::filesystem::path& file) {
@@ -174,6 +247,38 @@ class Desk : public testing::Test {
     EXPECT_EQ(main->Open().IsOpen(), wasOpen);
     Settle();
   }
+
+  // --- what there is to see ---
+
+  // The panel that is shown, and the list in it.
+  template <typename P>
+  [[nodiscard]] P& Shown() const {
+    return dynamic_cast<P&>(*main->Visible());
+  }
+  [[nodiscard]] ListView& List() const {
+    auto* list = FirstIn<ListView>(main->Visible()->Window(), [](ListView&) { return true; });
+    if (!list) throw std::logic_error("the panel has no list");
+    return *list;
+  }
+  // The first window of its kind, this one or one in it, for which something holds; null where none is.
+  template <typename W, typename Holds>
+  [[nodiscard]] static W* FirstIn(wxWindow& window, const Holds& holds) {
+    if (auto* found = dynamic_cast<W*>(&window); found && holds(*found)) return found;
+    for (wxWindow* child : window.GetChildren())
+      if (W* found = FirstIn<W>(*child, holds)) return found;
+    return nullptr;
+  }
+  // A row of a list as the clipboard has it.
+  [[nodiscard]] static std::string RowOf(ListView& list, std::size_t row) {
+    list.Select(row);
+    list.CopyRows();
+    const std::string text = ClipboardText();
+    return text.substr(text.find('\n') + 1);
+  }
+
+  // What follows the path where a file could not be read, resp. written.
+  [[nodiscard]] static std::string ReadAdvice() { return "\n\n" + std::string(Messages().Msg(317)); }
+  [[nodiscard]] static std::string WriteAdvice() { return "\n\n" + std::string(Messages().Msg(318)); }
 
   // What a program would find in the clipboard.
   [[nodiscard]] static std::string ClipboardText() {

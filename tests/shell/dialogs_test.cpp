@@ -1,9 +1,9 @@
 #include "shell/dialogs.h"
 
 #include <wx/timer.h>
-#include <wx/uiaction.h>
 
 #include "shell/desk.h"
+#include "shell/keys.h"
 
 namespace tarvelo {
 namespace {
@@ -15,10 +15,8 @@ class KeyPresser final : public wxTimer {
   KeyPresser(wxWindow& window, int key) : window_(window), key_(key) { Start(400); }
 
   void Notify() override {
-    const wxRect place = window_.GetScreenRect();
-    wxUIActionSimulator simulator;
-    simulator.MouseMove(place.GetTopLeft() + place.GetSize() / 2);
-    simulator.Char(key_);
+    PointAt(window_);
+    wxUIActionSimulator().Char(key_);
   }
 
  private:
@@ -44,8 +42,8 @@ TEST_F(Desk, RealDialogsTakeTheKeyboard) {
 TEST_F(Desk, ListOfMisfitsTakesTheKeyboard) {
   main->OpenF(WriteDump("phone.bin"));
   const ReadPatch patch = ReadPatchText("0: FF 00\n1: 00 11\n");
-  const PatchCheck check = CheckPatch(patch.changes, main->Open().image);
-  const PatchMisfits misfits(patch, check, main->Open().image, main->Texts());
+  const PatchCheck check = CheckPatch(patch.changes, Image());
+  const PatchMisfits misfits(patch, check, Image(), main->Texts());
   WxDialogs dialogs(main, main->Texts());
   for (const int key : {WXK_RETURN, WXK_ESCAPE}) {  // nothing is applied by mistake
     const KeyPresser presser(*main, key);

@@ -4,7 +4,6 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "demo/demo_image.h"
 #include "shell/desk.h"
 #include "shell/hex_canvas.h"
 #include "shell/hex_panel.h"
@@ -13,16 +12,13 @@ namespace tarvelo {
 
 class HexDesk : public Desk {
  protected:
-  HexDesk() {
-    main->OpenF(folder.Write("demo.bin", DemoImage()));
-    Choose(HexView);
-  }
+  HexDesk() { OpenDemo(HexView); }
 
-  [[nodiscard]] HexPanel& Panel() { return dynamic_cast<HexPanel&>(*main->Visible()); }
+  [[nodiscard]] HexPanel& Panel() { return Shown<HexPanel>(); }
   [[nodiscard]] HexCanvas& Canvas() { return Panel().Canvas(); }
   [[nodiscard]] ByteRange Selected() { return Canvas().Selection(); }
   [[nodiscard]] std::string Information() { return Utf8(Panel().Information().GetLabelText()); }
-  [[nodiscard]] const Fullflash& Image() const { return main->Open().image; }
+  [[nodiscard]] Offset End() const { return std::ssize(Image().ff()); }
 
   // Enters a place to go to, and returns what is said against it.
   std::string Enter(const std::string& place) {
@@ -32,13 +28,7 @@ class HexDesk : public Desk {
     return Utf8(Panel().Fault().GetLabelText());
   }
 
-  void Press(int key, bool shift = false, bool control = false) {
-    wxKeyEvent event(wxEVT_CHAR_HOOK);
-    event.m_keyCode = key;
-    event.SetShiftDown(shift);
-    event.SetControlDown(control);
-    Canvas().ProcessWindowEvent(event);
-  }
+  void Press(int key, int modifiers = wxMOD_NONE) { Key(Canvas(), key, modifiers); }
 
   // Types a text, or gives a command by a letter.
   void Type(const std::u32string& text, int modifiers = wxMOD_NONE) {
@@ -49,13 +39,6 @@ class HexDesk : public Desk {
       event.SetAltDown((modifiers & wxMOD_ALT) != 0);
       Canvas().ProcessWindowEvent(event);
     }
-  }
-
-  void Mouse(wxEventType type, const wxPoint& point, bool shift = false) {
-    wxMouseEvent event(type);
-    event.SetPosition(point);
-    event.SetShiftDown(shift);
-    Canvas().ProcessWindowEvent(event);
   }
 };
 

@@ -1,16 +1,15 @@
 // What keys do that are really pressed.
 #include <wx/textctrl.h>
-#include <wx/uiaction.h>
 
 #include "shell/calc166.h"
 #include "shell/desk.h"
+#include "shell/keys.h"
 
 namespace tarvelo {
 namespace {
 
-void Press(int key, int modifiers = wxMOD_NONE) {
-  wxUIActionSimulator simulator;
-  simulator.Char(key, modifiers);
+void Press(int key) {
+  wxUIActionSimulator().Char(key);
   wxYield();
   wxMilliSleep(50);
   wxYield();
@@ -24,12 +23,12 @@ TEST_F(Desk, CalculatorIsUsedByKeyboardAlone) {
     wxYield();
   }
   ASSERT_TRUE(calculator.Page->HasFocus());
-  for (const char key : {'2', 'z', '8', '-', 'a', ' '}) Press(key);
+  for (const int key : {'2', 'z', '8', '-', 'a', ' '}) Press(key);
   EXPECT_EQ(calculator.Page->GetValue(), "28A");
   Press(WXK_BACK);
   Press('4');
   Press(WXK_TAB);
-  for (const char key : {'2', '3', '4', '5'}) Press(key);
+  for (const int key : {'2', '3', '4', '5'}) Press(key);
   EXPECT_EQ(calculator.Addr->GetValue(), "A12345");
   Press('g');
   EXPECT_EQ(Utf8(calculator.Error()), "Not a number: \"2345G\"");

@@ -1,42 +1,17 @@
-#include <wx/panel.h>
+#include <array>
 
 #include "shell/desk.h"
 #include "shell/panel.h"
+#include "shell/panel_commands.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
 
-// A panel with a list, as explorers have.
-class ListPanel final : public Panel {
- public:
-  ListPanel(Main& main, int& builds, int& clears)
-      : Panel({.menuEntry = Files, .name = 89}), main_(main), window_(new wxPanel(&main)), builds_(builds), clears_(clears) {}
-
-  [[nodiscard]] wxWindow& Window() override { return *window_; }
-  void Build() override { ++builds_; }
-  void Save() override { main_.SaveList({{"Block", "Size"}, {{{"   1", "20"}}}}, 'F'); }
-  void Clear() override { ++clears_; }
-  void Recaption(const Messages&) override {}
-
- private:
-  Main& main_;
-  wxWindow* window_;
-  int& builds_;
-  int& clears_;
-};
-
 constexpr int documentEntries[] = {Save, SaveAs, SaveText, Info};
 
-TEST_F(Desk, StartsEmpty) {
-  EXPECT_EQ(InfoText(), "");
-  EXPECT_TRUE(main->InfoText().Window().IsShown());
-  EXPECT_TRUE(Enabled(OpenFF));
-  for (const int id : documentEntries) EXPECT_FALSE(Enabled(id)) << Caption(id);
-  for (int panel = 1; panel <= StatusBar::panels; ++panel) EXPECT_EQ(Status(panel), "");
-}
-
 TEST_F(Desk, OpensADump) {
+  for (const int id : documentEntries) EXPECT_FALSE(Enabled(id)) << Caption(id);
   script.file = WriteDump("dump.bin");
   Choose(OpenFF);
   EXPECT_EQ(script.TakeSaid(), "open Fullflash (*.bin,*.fls)|*.bin;*.fls|All files|*.*");
@@ -48,48 +23,31 @@ TEST_F(Desk, OpensADump) {
   EXPECT_EQ(main->Open().FileName, ToUpper(PathText(*script.file)));
   EXPECT_EQ(main->Open().FileStem, folder / "dump");
   for (const int id : documentEntries) EXPECT_TRUE(Enabled(id)) << Caption(id);
+  EXPECT_FALSE(Enabled(Files));  // not built yet
   EXPECT_EQ(Caption(SaveText), "Save info-file");
-}
 
-TEST_F(Desk, KeepsTheDocumentWhenTheDialogIsCancelled) {
-  main->OpenF(WriteDump("dump.bin"));
-  Choose(OpenFF);
+  script.file.reset();
+  for (const int id : {OpenFF, SaveAs}) Choose(id);  // cancelled
   EXPECT_TRUE(main->Open().IsOpen());
-  Choose(SaveAs);
   EXPECT_TRUE(script.beeps.empty());
 }
 
 TEST_F(Desk, RefusesWhatIsNoDump) {
   const auto path = [&](const char* name) { return PathText(folder / name); };
-  folder.Write("empty.bin", std::string());
   folder.Write("one.bin", std::string("x"));
-  std::filesystem::create_directory(folder / "folder.bin");
-  struct {
-    const char* name;
-    const char* text;
-    std::string advice;
-  } const cases[] = {{"missing.bin", "!Can't open file !\n\n", ReadAdvice()},
-                     {"folder.bin", "!Can't open file !\n\n", ReadAdvice()},
-                     {"empty.bin", "!The file is empty.\n\n", ""},
-                     {"one.bin", "!The file is empty.\n\n", ""}};
-  for (const auto& [name, text, advice] : cases) {
+  const std::pair<const char*, std::string> cases[] = {
+      {"missing.bin", "!Can't open file !\n\n" + path("missing.bin") + ReadAdvice()},
+      {"one.bin", "!The file is empty.\n\n" + path("one.bin")}};
+  for (const auto& [name, text] : cases) {
     main->OpenF(WriteDump("good.bin"));
+    EXPECT_TRUE(main->Open().IsOpen());
     main->OpenF(folder / name);
-    EXPECT_EQ(script.TakeSaid(), text + path(name) + advice);
+    EXPECT_EQ(script.TakeSaid(), text);
     EXPECT_FALSE(main->Open().IsOpen());
     EXPECT_EQ(InfoText(), "");
     EXPECT_EQ(Status(2), "");
     for (const int id : documentEntries) EXPECT_FALSE(Enabled(id)) << Caption(id);
   }
-  main->OpenF(WriteDump("good.bin"));
-  EXPECT_TRUE(main->Open().IsOpen());
-}
-
-TEST_F(Desk, OpensADumpThatMeansNothing) {
-  main->OpenF(folder.Write("erased.bin", std::string(0x20000, '\xFF')));
-  EXPECT_TRUE(main->Open().IsOpen());
-  EXPECT_TRUE(script.said.empty());
-  EXPECT_NE(InfoText().find("Empty blocks: , 00 - 01\n"), std::string::npos) << InfoText();
 }
 
 TEST_F(Desk, SavesTheImageWithABeep) {
@@ -99,8 +57,7 @@ TEST_F(Desk, SavesTheImageWithABeep) {
   main->Status().SetPanel(StatusBar::imagePanel, "F");
 
   script.file = folder / "copy.fls";
-  Choose(SaveAs);
-  EXPECT_EQ(script.TakeSaid(), "save dump.bin");
+  EXPECT_EQ(Said(SaveAs), "save dump.bin");
   EXPECT_EQ(ReadAll(*script.file), bytes);
   EXPECT_EQ(script.beeps, std::deque<std::string>{"12000 Hz 300 ms"});
   EXPECT_EQ(Status(1), PathText(*script.file));
@@ -113,58 +70,80 @@ TEST_F(Desk, SavesTheImageWithABeep) {
   EXPECT_EQ(script.beeps.size(), 2u);
 }
 
-TEST_F(Desk, TellsThatTheImageCannotBeSaved) {
-  main->OpenF(WriteDump("dump.bin"));
-  script.file = folder / "no folder" / "copy.bin";
-  Choose(SaveAs);
-  (void)script.TakeSaid();
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(*script.file) + WriteAdvice());
-  EXPECT_TRUE(script.beeps.empty());
-  EXPECT_TRUE(main->Open().IsOpen());
-  EXPECT_EQ(main->Open().FileStem, folder / "dump");  // still the old names
-}
-
 TEST_F(Desk, SavesTheInformation) {
   main->OpenF(WriteDump("dump.v1.bin"));
-  Choose(SaveText);
   const auto file = folder / "dump.v1.info";
-  EXPECT_EQ(script.TakeSaid(), "iInformation was saved in file\n\n" + PathText(file));
-  std::string expected = InfoText();
-  for (auto at = expected.find('\n'); at != expected.npos; at = expected.find('\n', at + 2))
-    expected.replace(at, 1, "\r\n");
-  EXPECT_EQ(ReadAll(file), expected);
+  EXPECT_EQ(Said(SaveText), "iInformation was saved in file\n\n" + PathText(file));
+  wxString expected = Wx(InfoText());
+  expected.Replace("\n", "\r\n");
+  EXPECT_EQ(ReadAll(file), Utf8(expected));
+  main->UnVis();
+  EXPECT_EQ(Said(SaveText), "!No data for saving !");
 }
 
-TEST_F(Desk, RoutesPanels) {
-  int builds = 0, clears = 0;
-  EXPECT_FALSE(Enabled(Files));
-  main->AddPanel(std::make_unique<ListPanel>(*main, builds, clears));
-  main->OpenF(WriteDump("dump.bin"));
-  EXPECT_EQ(clears, 1);
+// The panels with lists, and the letters of the files that they are saved in.
+constexpr std::pair<int, char> lists[] = {{EEPROM, 'E'}, {Pictures, 'P'}, {Ringtones, 'R'},
+                                          {Dump, 'D'},   {Hits, 'S'},     {ComparePanelMenu, 'C'}};
 
-  Choose(Files);
-  Choose(Files);  // is shown already: nothing happens
-  EXPECT_EQ(builds, 1);
-  EXPECT_TRUE(Item(Files)->IsChecked());
-  EXPECT_FALSE(Item(Info)->IsChecked());
-  EXPECT_EQ(Title(), "Tarvelo - Files");
-  EXPECT_EQ(Caption(SaveText), "Save list as text");
-  EXPECT_FALSE(main->InfoText().Window().IsShown());
+TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
+  OpenDemo(Info);
+  std::vector<std::uint8_t> second = AllBytes();
+  second[0x700] ^= 1;
+  script.file = folder.Write("second.bin", second);
+  Said(CompareWith);
+  Said(Search, "5349454D454E53");
+  std::vector<ListView*> views;
+  for (const auto& [panel, letter] : lists) {
+    Choose(panel);
+    EXPECT_EQ(Title(), "Tarvelo - " + Caption(panel));
+    EXPECT_EQ(Caption(SaveText), "Save list as text");
+    views.push_back(&List());
+    const auto rows = static_cast<long>(List().RowCount());
+    ASSERT_GT(rows, 0);
+    std::string last = RowOf(List(), List().RowCount() - 1);
+    last.replace(last.size() - 1, 1, "\r\n");
+    const auto file = folder / (std::string("demo_") + letter + ".txt");
+    EXPECT_EQ(Said(SaveText), "iList was saved in file\n\n" + PathText(file));
+    const std::string saved = ReadAll(file);
+    EXPECT_EQ(std::ranges::count(saved, '\n'), 1 + rows) << Title();
+    EXPECT_TRUE(saved.ends_with(last)) << last;
+    EXPECT_EQ(main->Open().FileName, PathText(file));
+  }
+  const std::string found = InfoText();
+  for (const char* line : {"Number of EEPROM-blocks: 241\nNumber of deleted blocks: 126\n",
+                           "1: Address of PIT-table 200000\n", "Address of RIT-table: 330000\n"})
+    EXPECT_NE(found.find(line), found.npos) << found;
+  for (const auto& [panel, letter] : lists) {
+    Choose(panel);
+    for (const auto& [other, letterOfOther] : lists) EXPECT_EQ(Item(other)->IsChecked(), other == panel);
+    List().Select(List().RowCount() - 1);
+    Choose(panel);  // is shown already: nothing happens
+    EXPECT_EQ(List().Selected(), List().RowCount() - 1);
+  }
+  EXPECT_EQ(InfoText(), found);  // nothing was sought twice
 
-  Choose(SaveText);
-  EXPECT_EQ(script.TakeSaid(), "iList was saved in file\n\n" + PathText(folder / "dump_F.txt"));
-  EXPECT_EQ(ReadAll(folder / "dump_F.txt"), "Block\tSize\r\n   1\t20\r\n");
-  EXPECT_EQ(main->Open().FileName, PathText(folder / "dump_F.txt"));
-
-  main->UnVis();
-  Choose(SaveText);
-  EXPECT_EQ(script.TakeSaid(), "!No data for saving !");
-
-  Choose(Files);
-  EXPECT_EQ(builds, 2);
   main->OpenF(WriteDump("other.bin"));
-  EXPECT_EQ(clears, 2);
   EXPECT_EQ(Title(), "Tarvelo - Info");
+  for (const ListView* view : views) EXPECT_EQ(view->RowCount(), 0u);
+  for (int figure = 3; figure <= StatusBar::panels; ++figure) EXPECT_EQ(Status(figure), "");
+}
+
+TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
+  OpenBytes("two.bin", {0xFC, 0xFC}, Info);
+  for (const auto& [panel, letter] : lists) {
+    if (panel == Dump) continue;  // has a region always
+    Choose(panel);
+    EXPECT_EQ(List().RowCount(), 0u);
+    for (int id = ShowPic; id <= DifferencesToPatch; ++id) {
+      if (!main->Visible()->Commands()->Find(id)) continue;
+      const std::string said = Said(id);
+      EXPECT_TRUE(said.empty() || said.starts_with("ask ") || said.starts_with("!Error ! Block ")) << said;
+      EXPECT_EQ(Title(), "Tarvelo - " + Caption(panel));
+    }
+  }
+  EXPECT_EQ(Status(4) + Status(7), "");
+  EXPECT_EQ(InfoText().find("Number of EEPROM"), std::string::npos);
+  EXPECT_EQ(InfoText().find("RIT"), std::string::npos);
 }
 
 TEST_F(Desk, TellsWhatEndedACommand) {
@@ -179,17 +158,6 @@ TEST_F(Desk, TellsWhatEndedACommand) {
     EXPECT_EQ(script.TakeSaid(), "!The command \"Search\" failed.\n\n" + text);
     EXPECT_TRUE(main->Open().IsOpen());
   }
-}
-
-TEST_F(Desk, TellsAFaultAndGoesOn) {
-  int builds = 0, clears = 0;
-  main->AddPanel(std::make_unique<ListPanel>(*main, builds, clears));
-  main->OpenF(WriteDump("dump.bin"));
-  Choose(Files);
-  std::filesystem::create_directory(folder / "dump_F.txt");  // cannot be written
-  Choose(SaveText);
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(folder / "dump_F.txt") + WriteAdvice());
-  EXPECT_TRUE(main->Open().IsOpen());
 }
 
 TEST_F(Desk, AsksOnceAboutUnsavedData) {
@@ -212,11 +180,6 @@ TEST_F(Desk, AsksOnceAboutUnsavedData) {
   main = nullptr;  // it destroys itself
 }
 
-TEST_F(Desk, OpensADroppedDump) {
-  Drop(WriteDump("dropped.bin"));
-  EXPECT_TRUE(main->Open().IsOpen());
-}
-
 TEST_F(Desk, OpensWhatTheCommandLineNames) {
   main->OpenNamed("my.adr");
   EXPECT_EQ(script.TakeSaid(), "!Address books can't be opened.\n\nmy.adr");
@@ -227,35 +190,29 @@ TEST_F(Desk, OpensWhatTheCommandLineNames) {
 }
 
 TEST_F(Desk, RemembersFiveFilesOverARestart) {
-  for (const char* name : {"1.bin", "2.bin", "3.bin", "4.bin", "5.bin", "6.bin"})
-    main->OpenF(WriteDump(name));
-  main->OpenF(folder / "4.bin");  // is in the list: stays where it is
-  const auto expect = [&] {
-    for (int i = 0; i < 5; ++i)
-      EXPECT_EQ(Caption(File1 + i),
-                std::to_string(i + 1) + " " + PathText(folder / (std::to_string(6 - i) + ".bin")));
-  };
-  expect();
-  Choose(ExitM);
-  StartProgram();
-  expect();
+  const std::array<std::filesystem::path, 6> files{folder / "x=y.bin",   folder / "Дамп.bin",
+                                                   folder / "3 & 4.bin", folder / "a b.bin",
+                                                   folder / "5.bin",     folder / "oldest.bin"};
+  for (std::size_t i = files.size(); i-- > 0;) main->OpenF(WriteDump(files[i]));
+  main->OpenF(files[2]);  // is in the list: stays where it is
+  Restart();
+  for (int i = 0; i < 5; ++i)
+    EXPECT_EQ(Caption(File1 + i), std::to_string(i + 1) + " " + PathText(files[static_cast<std::size_t>(i)]));
   Choose(File1 + 2);
-  EXPECT_EQ(Status(1), PathText(folder / "4.bin"));
+  EXPECT_EQ(Status(1), PathText(files[2]));
 }
 
 TEST_F(Desk, ComesBackWhereItStood) {
   const wxSize size = main->GetSize() + wxSize(-40, 30);
   main->SetSize(size);
   Settle();
-  Choose(ExitM);
-  StartProgram();
+  Restart();
   EXPECT_EQ(main->GetSize(), size);
 }
 
 TEST_F(Desk, ShowsProgressWhileItReads) {
-  main->Status().Start(0, 100);
-  main->Status().At(50);
   const wxWindow* bar = main->Status().GetChildren().GetFirst()->GetData();
+  main->Status().Start(0, 100);
   EXPECT_TRUE(bar->IsShown());
   EXPECT_GT(bar->GetSize().x, 50);
   main->Status().Finish();

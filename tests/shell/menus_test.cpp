@@ -10,69 +10,51 @@
 namespace tarvelo {
 namespace {
 
-// Every label of a menu: none empty, no letter used twice.
-void CheckLabels(const std::vector<wxString>& labels, const std::string& where) {
+// The labels of one menu, or of the bar: none empty, no letter used twice.
+void CheckLabels(const std::vector<wxString>& labels) {
   std::map<char32_t, wxString> used;
   for (const wxString& label : labels) {
     const wxString text = wxMenuItem::GetLabelText(label);
-    EXPECT_FALSE(text.empty() || text == "-") << where;
+    EXPECT_FALSE(text.empty() || text == "-");
     wxString caption = label.BeforeFirst('\t');
     caption.Replace("&&", "");
     const auto mark = caption.find('&');
     if (mark == wxString::npos) continue;
     const char32_t key = ToUpper(static_cast<char32_t>(caption[mark + 1].GetValue()));
-    EXPECT_TRUE(used.emplace(key, text).second)
-        << where << ": \"" << Utf8(text) << "\" and \"" << Utf8(used[key]) << '"';
+    EXPECT_TRUE(used.emplace(key, text).second) << Utf8(text + " and " + used[key]);
   }
 }
 
-TEST_F(Desk, CaptionsEveryMenuInEveryLanguage) {
-  for (int i = 0; i < 12; ++i) {
-    Choose(FirstLanguage + i);
-    const Language& language = Languages()[static_cast<std::size_t>(i)];
-    const wxMenuBar& bar = *main->GetMenuBar();
-    std::vector<wxString> titles;
-    for (std::size_t menu = 0; menu < bar.GetMenuCount(); ++menu) {
-      titles.push_back(bar.GetMenuLabel(menu));
-      std::vector<wxString> labels;
-      for (const wxMenuItem* item : bar.GetMenu(menu)->GetMenuItems())
-        if (!item->IsSeparator()) labels.push_back(item->GetItemLabel());
-      CheckLabels(labels, std::string(language.code) + " " + std::to_string(menu));
-    }
-    CheckLabels(titles, std::string(language.code));
-    EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(134));
-    EXPECT_TRUE(Item(FirstLanguage + i)->IsChecked());
-  }
-}
-
-// The first entry of a menu or its submenus that does not say what it does; empty where all do.
-std::string Unexplained(const wxMenu& menu) {
+// The entries of a menu and its submenus: their labels, and that each says what it does.
+void CheckMenu(const wxMenu& menu) {
+  std::vector<wxString> labels;
   for (const wxMenuItem* item : menu.GetMenuItems()) {
     if (item->IsSeparator()) continue;
-    if (item->GetHelp().empty()) return Utf8(item->GetItemLabelText());
-    const std::string below = item->IsSubMenu() ? Unexplained(*item->GetSubMenu()) : std::string();
-    if (!below.empty()) return below;
+    labels.push_back(item->GetItemLabel());
+    EXPECT_FALSE(item->GetHelp().empty()) << Utf8(labels.back());
+    if (item->IsSubMenu()) CheckMenu(*item->GetSubMenu());
   }
-  return {};
+  CheckLabels(labels);
 }
 
-TEST_F(Desk, ExplainsEveryMenuEntryInEveryLanguage) {
+TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
   main->OpenF(WriteDump("dump.bin"));
   for (int panel = Info; panel <= PatchMenu; ++panel) {
     if (!Enabled(panel)) continue;
     Choose(panel);
     for (const Language& language : Languages()) {
       main->ApplyLang(language);
+      SCOPED_TRACE(std::string(language.code) + ": " + Title());
       const wxMenuBar& bar = *main->GetMenuBar();
-      for (std::size_t menu = 0; menu < bar.GetMenuCount(); ++menu)
-        EXPECT_EQ(Unexplained(*bar.GetMenu(menu)), "") << language.code << ": " << Title();
+      std::vector<wxString> titles;
+      for (std::size_t menu = 0; menu < bar.GetMenuCount(); ++menu) {
+        titles.push_back(bar.GetMenuLabel(menu));
+        CheckMenu(*bar.GetMenu(menu));
+      }
+      CheckLabels(titles);
+      EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(134));
     }
   }
-}
-
-TEST(MenuHelp, KnowsEveryCommand) {
-  for (int id = OpenFF; id <= DifferencesToPatch; ++id)
-    EXPECT_FALSE(Messages().Msg(HelpOf(id)).empty()) << id;
 }
 
 TEST_F(Desk, ExcusesOnlyWhatCannotBeDone) {
@@ -113,25 +95,16 @@ TEST_F(Desk, TakesTheLanguageOverARestart) {
   const Messages greek(*FindLanguage("GR"));
   EXPECT_EQ(Title(), "Tarvelo - " + std::string(greek.Msg(121)));
   EXPECT_EQ(Caption(SaveText), greek.Msg(3));
-  EXPECT_EQ(Utf8(main->Status().Tooltip(9)), greek.Msg(172));
-  EXPECT_EQ(Utf8(main->Status().Tooltip(10)), greek.Msg(174));
+  for (const auto& [panel, message] : {std::pair(4, 272), {6, 226}, {9, 172}, {10, 174}})
+    EXPECT_EQ(Utf8(main->Status().Tooltip(panel)), greek.Msg(message));
   EXPECT_EQ(Settings(SettingsFile()).GetIni("General", "Language"), "GR");
   EXPECT_NE(InfoText().find("Loading base"), std::string::npos);  // texts keep their language
-  Choose(ExitM);
-  StartProgram();
+#ifdef __WXMSW__  // elsewhere fonts have every character, whatever is asked for
+  EXPECT_EQ(main->InfoText().Window().GetFont().GetEncoding(), wxFONTENCODING_CP1253);
+#endif
+  Restart();
   EXPECT_EQ(Caption(OpenFF), greek.Msg(134));
   EXPECT_TRUE(Item(FirstLanguage + 10)->IsChecked());
-}
-
-TEST_F(Desk, GivesFontsTheLanguagesCharacterSet) {
-  const auto encoding = [&] { return main->InfoText().Window().GetFont().GetEncoding(); };
-  const wxFontEncoding before = encoding();
-  Choose(FirstLanguage + 10);
-#ifdef __WXMSW__  // elsewhere fonts have every character, whatever is asked for
-  EXPECT_EQ(encoding(), wxFONTENCODING_CP1253);
-#endif
-  Choose(FirstLanguage + 1);
-  EXPECT_EQ(encoding(), before);
 }
 
 TEST(Mnemonics, TakeTheFirstFreeLetter) {

@@ -1,4 +1,7 @@
 #include "patch/patch_document.h"
+
+#include <set>
+
 #include "shell/desk.h"
 #include "shell/patch_editor.h"
 #include "shell/patch_panel.h"
@@ -19,10 +22,6 @@ class PatchDesk : public Desk {
   [[nodiscard]] PatchPanel& Panel() const { return main->Patch(); }
   [[nodiscard]] PatchEditor& Editor() const { return Panel().Patch(); }
   [[nodiscard]] std::string Document() const { return Editor().Document(); }
-  [[nodiscard]] std::string Selected() const { return Utf8(Editor().GetSelectedText()); }
-  [[nodiscard]] int StyleAt(const std::string& text) const {
-    return Editor().GetStyleAt(static_cast<int>(Document().find(text)));
-  }
   [[nodiscard]] std::filesystem::path File() const { return folder / "phone.qpt"; }
 };
 
@@ -48,8 +47,7 @@ TEST_F(PatchDesk, IsUnsavedFromAnyChangeUntilItIsSaved) {
   EXPECT_EQ(Status(9), "");
   Editor().AddText("1A: 00 FF");  // as if typed
   EXPECT_EQ(Status(9), "P");
-  Choose(SaveText);
-  EXPECT_EQ(script.TakeSaid(), "iPatch was saved in file\n\n" + PathText(File()));
+  EXPECT_EQ(Said(SaveText), "iPatch was saved in file\n\n" + PathText(File()));
   EXPECT_EQ(ReadAll(File()), PatchFile(phone, "1A: 00 FF"));
   EXPECT_EQ(Status(9), "");
   main->Run(UndoPatch);
@@ -65,77 +63,63 @@ TEST_F(PatchDesk, IsUnsavedFromAnyChangeUntilItIsSaved) {
 
 TEST_F(PatchDesk, GoesWithTheFullflash) {
   Panel().AddPatch("one", "10: 00 01", false);
-  main->OpenChosen(WriteDump("other.bin"));
-  EXPECT_EQ(script.TakeSaid(), "?Exist unsaved data in patch !\nAre you sure to continue ?");
-  EXPECT_EQ(Status(9), "P");
   script.confirm = true;
   main->OpenChosen(WriteDump("other.bin"));
   EXPECT_EQ(Document(), "");
   EXPECT_EQ(Status(9), "");
-  Choose(PatchMenu);
-  main->Run(UndoPatch);
   EXPECT_FALSE(Editor().CanUndo());
-  EXPECT_EQ(Document(), "");
 }
 
 TEST_F(PatchDesk, IsSearchedRoundAndRound) {
   Panel().AddPatch("Привет", "1A: 00 FF", false);
   Panel().AddPatch("ПРИВЕТ", "1C: 00 FF", false);
   Editor().GotoPos(0);
-  script.answer = "привет";
-  main->Run(FindPatch);
-  EXPECT_EQ(Selected(), "Привет");
-  main->Run(FindMorePatch);
-  EXPECT_EQ(Selected(), "ПРИВЕТ");
-  main->Run(FindMorePatch);
-  EXPECT_EQ(Selected(), "Привет");
-  script.said.clear();
-  script.answer = "1D";
-  main->Run(FindPatch);
-  EXPECT_EQ(script.TakeSaid(), "ask Enter the string for search: привет");
-  EXPECT_EQ(script.TakeSaid(), "!String \"1D\" wasn't found");
+  Said(FindPatch, "привет");
+  for (const char* found : {"Привет", "ПРИВЕТ", "Привет"}) {
+    EXPECT_EQ(Utf8(Editor().GetSelectedText()), found);
+    EXPECT_EQ(Said(FindMorePatch), "");
+  }
+  EXPECT_EQ(Said(FindPatch, "1D"), "ask Enter the string for search: привет | !String \"1D\" wasn't found");
 }
 
 TEST_F(PatchDesk, MarksCommentsAndLinesThatAreNoPatch) {
   Editor().SetText(";comment\r\n10: 00 01 ;change\r\n10: 00 wrong\r\nlast");
   Editor().Colourise(0, -1);
-  EXPECT_EQ(StyleAt("comment"), StyleAt(";comment"));
-  EXPECT_NE(StyleAt("comment"), StyleAt("change"));
-  EXPECT_EQ(StyleAt("wrong"), StyleAt("last"));
-  EXPECT_NE(StyleAt("wrong"), StyleAt("comment"));
-  EXPECT_NE(StyleAt("wrong"), StyleAt("change"));
+  const auto style = [this](const char* text) {
+    return Editor().GetStyleAt(static_cast<int>(Document().find(text)));
+  };
+  EXPECT_EQ(style("comment"), style(";comment"));
+  EXPECT_EQ(style("wrong"), style("last"));
+  EXPECT_EQ(std::set({style("comment"), style("change"), style("wrong")}).size(), 3u);
 }
 
 TEST_F(PatchDesk, ShortcutOfTheMenuBarReachesIt) {
-  Editor().AddText("1A: 00 FF\r\n;last");
-  wxKeyEvent key(wxEVT_CHAR_HOOK);
-  key.m_keyCode = 'T';
-  key.SetControlDown(true);
-  EXPECT_TRUE(Editor().ProcessWindowEvent(key));
+  const std::string text = "1A: 00 FF\r\n;last";
+  Editor().AddText(text);
+  EXPECT_TRUE(Key(Editor(), 'T', wxMOD_CONTROL));
   EXPECT_EQ(script.TakeSaid(), "iPatch was saved in file\n\n" + PathText(File()));
-  EXPECT_EQ(Document(), "1A: 00 FF\r\n;last");
+  EXPECT_EQ(Document(), text);
 }
 
 TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
-  main->Destroy();
+  EXPECT_FALSE(Enabled(Quillo));  // none is known
   script.registry["HKCR\\Quillo.bin\\shell\\open\\command\\"] = R"("C:\Quillo\quillo.exe" "%1")";
-  StartProgram();
+  Restart();
   main->OpenF(folder / "phone.bin");
-  Panel().AddPatch("one", "10: 00 01", false);
-  Choose(Quillo);
-  EXPECT_EQ(script.TakeSaid(), "iPatch was saved in file\n\n" + PathText(File()));
-  EXPECT_EQ(ReadAll(File()), PatchFile(phone, PatchBlock("one", "10: 00 01")));
-  const std::string command = R"(run "C:\Quillo\quillo.exe" ")" + PathText(File()) + '"';
-  EXPECT_EQ(script.started, std::deque<std::string>{command});
-  Choose(Quillo);  // saved already
+  Choose(Quillo);  // nothing is unsaved
   EXPECT_TRUE(script.said.empty());
+  EXPECT_FALSE(FileExist(File()));
+  EXPECT_EQ(script.started.back(), R"(run "C:\Quillo\quillo.exe" ")" + PathText(File()) + '"');
+
+  Panel().AddPatch("one", "10: 00 01", false);
+  EXPECT_EQ(Said(Quillo), "iPatch was saved in file\n\n" + PathText(File()));
+  EXPECT_EQ(ReadAll(File()), PatchFile(phone, PatchBlock("one", "10: 00 01")));
   EXPECT_EQ(script.started.size(), 2u);
 
   Panel().AddPatch("two", "10: 00 01", false);
   RemoveFile(File());
   MakeFolder(File());  // in the way
-  Choose(Quillo);
-  EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
+  EXPECT_EQ(Said(Quillo), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
   EXPECT_EQ(script.started.size(), 2u);  // not started with what is old
 }
 

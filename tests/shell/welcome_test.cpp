@@ -1,7 +1,5 @@
 #include "shell/welcome.h"
 
-#include <wx/button.h>
-
 #include "shell/desk.h"
 
 namespace tarvelo {
@@ -9,45 +7,23 @@ namespace {
 
 class WelcomeDesk : public Desk {
  protected:
-  // The button of this caption that can be seen; null where there is none.
-  [[nodiscard]] wxButton* Button(const std::string& caption) const {
-    return ButtonIn(main->InfoText().Window(), Wx(caption));
-  }
-
-  void Click(wxButton* button) {
-    ASSERT_NE(button, nullptr);
-    wxCommandEvent click(wxEVT_BUTTON, button->GetId());
-    click.SetEventObject(button);
-    button->ProcessWindowEvent(click);
-    Settle();
-  }
-
-  // A name that a button shows whole, unlike the path of the test's folder.
-  [[nodiscard]] wxButton* RecentButton(const std::filesystem::path& path) const {
-    return ButtonIn(main->InfoText().Window(), WxPath(path), true);
+  // The button of this caption, resp. for this file, that can be seen; null where there is none.
+  [[nodiscard]] wxButton* Button(const std::string& text) const {
+    return FirstIn<wxButton>(main->InfoText().Window(), [&](const wxButton& button) {
+      return button.IsShownOnScreen() &&
+             (button.GetLabelText() == Wx(text) || button.GetToolTipText() == Wx(text));
+    });
   }
 
   [[nodiscard]] std::filesystem::path Demonstration(const char* name) const {
     return folder / "documents" / name;
-  }
-
- private:
-  static wxButton* ButtonIn(const wxWindow& window, const wxString& text, bool byTip = false) {
-    for (wxWindow* child : window.GetChildren()) {
-      auto* button = dynamic_cast<wxButton*>(child);
-      if (button && button->IsShownOnScreen() &&
-          (byTip ? button->GetToolTipText() : button->GetLabelText()) == text)
-        return button;
-      if (wxButton* found = ButtonIn(*child, text, byTip)) return found;
-    }
-    return nullptr;
   }
 };
 
 TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
   script.file = WriteDump("dump.bin");
-  Click(Button("Open"));
+  Click(*Button("Open"));
   EXPECT_TRUE(main->Open().IsOpen());
   EXPECT_EQ(Button("Open"), nullptr);
   Choose(Pictures);
@@ -60,12 +36,12 @@ TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
 TEST_F(WelcomeDesk, OffersWhatWasOpenedLast) {
   const auto first = WriteDump("first.bin");
   const auto second = WriteDump("A & B.bin");
-  EXPECT_EQ(RecentButton(first), nullptr);
+  EXPECT_EQ(Button(PathText(first)), nullptr);
   main->OpenF(first);
   main->OpenF(second);
   main->CloseFF();
-  EXPECT_NE(RecentButton(second), nullptr);
-  Click(RecentButton(first));
+  EXPECT_NE(Button(PathText(second)), nullptr);
+  Click(*Button(PathText(first)));
   EXPECT_EQ(main->Open().path, first);
 }
 
@@ -80,7 +56,7 @@ TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
   const auto file = Demonstration("Tarvelo demo.bin");
   const std::string said = "i" + std::string(Messages().Msg(358)) + "\n\n" + PathText(file);
   for (int time = 0; time < 2; ++time) {  // the second time it lies there already
-    Click(Button(tryIt));
+    Click(*Button(tryIt));
     EXPECT_EQ(script.TakeSaid(), said);
     EXPECT_EQ(main->Open().path, file);
     main->CloseFF();
