@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "cli/commands.h"
+#include "cli/call.h"
 #include "core/file.h"
 #include "temporary_folder.h"
 
@@ -24,11 +22,10 @@ class PatchCommands : public testing::Test {
   }
 
   int Call(const std::vector<std::string>& arguments) {
-    std::ostringstream outStream, errStream;
-    const int status = tarvelo::cli::Run(arguments, outStream, errStream);
-    out = outStream.str();
-    err = errStream.str();
-    return status;
+    const Result result = cli::Call(arguments);
+    out = result.out;
+    err = result.err;
+    return result.status;
   }
   int Apply(const std::string& file, std::vector<std::string> more = {}) {
     std::vector<std::string> arguments{"apply", file, patch, "--output", made};

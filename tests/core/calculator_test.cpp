@@ -9,13 +9,6 @@ namespace {
 
 std::string Fields(const AddressFields& f) { return f.Page + " " + f.Offs + " " + f.Addr + " " + f.AdFF; }
 
-TEST(Calculator, LinksPageAddressAndOffset) {
-  EXPECT_EQ(Fields(FromPage(0x284, 0x2345, 0x800000)), "284 2345 A12345 212345");
-  EXPECT_EQ(Fields(FromAddr(0xA12345, 0x800000)), "284 2345 A12345 212345");
-  EXPECT_EQ(Fields(FromAdFF(0x212345, 0x800000)), "284 2345 A12345 212345");
-  EXPECT_EQ(Fields(FromAddr(0, 0)), "0 0 0 0");
-}
-
 TEST(Calculator, KeepsTheLow24Bits) {
   EXPECT_EQ(Fields(FromAddr(0x1A12345, 0)), "284 2345 A12345 A12345");
   EXPECT_EQ(Fields(FromPage(1, 0x4000, 0)), "2 0 8000 8000");  // the offset carries into the page

@@ -2,17 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include "images.h"
+
 namespace tarvelo {
 namespace {
 
-using Values = std::vector<std::uint8_t>;
-
 class Edits : public testing::Test {
  protected:
-  Edits() : image(Bytes(Values(0x3000, 0x11))) {}
+  Edits() : image(Bytes(Data(0x3000, 0x11))) {}
 
-  void Write(Offset offset, const Values& bytes) { edits.Write(image, offset, bytes); }
-  [[nodiscard]] Values At(Offset offset, Offset size) const {
+  void Write(Offset offset, const Data& bytes) { edits.Write(image, offset, bytes); }
+  [[nodiscard]] Data At(Offset offset, Offset size) const {
     const Bytes region = image.Region(offset, size);
     return {region.begin(), region.end()};
   }
@@ -24,31 +24,31 @@ class Edits : public testing::Test {
 TEST_F(Edits, AreTakenBackAndDoneAgain) {
   Write(0xFFF, {1, 2});  // over the border of two pages
   Write(0xFFE, {3, 4, 0x11});
-  EXPECT_EQ(At(0xFFD, 5), (Values{0x11, 3, 4, 0x11, 0x11}));
+  EXPECT_EQ(At(0xFFD, 5), (Data{0x11, 3, 4, 0x11, 0x11}));
   const auto undone = edits.Undo(image);
   EXPECT_EQ(undone->offset, 0xFFE);
   EXPECT_EQ(undone->size, 3);
-  EXPECT_EQ(At(0xFFD, 5), (Values{0x11, 0x11, 1, 2, 0x11}));
+  EXPECT_EQ(At(0xFFD, 5), (Data{0x11, 0x11, 1, 2, 0x11}));
   edits.Undo(image);
-  EXPECT_EQ(At(0xFFD, 5), Values(5, 0x11));
+  EXPECT_EQ(At(0xFFD, 5), Data(5, 0x11));
   EXPECT_FALSE(edits.Undo(image));
   edits.Redo(image);
   edits.Redo(image);
-  EXPECT_EQ(At(0xFFD, 5), (Values{0x11, 3, 4, 0x11, 0x11}));
+  EXPECT_EQ(At(0xFFD, 5), (Data{0x11, 3, 4, 0x11, 0x11}));
   edits.Undo(image);
   Write(0, {9});  // another way on: what was undone is gone
   EXPECT_FALSE(edits.CanRedo());
   Write(0, {9});  // stands there already
   edits.Undo(image);
-  EXPECT_EQ(At(0, 1), Values{0x11});
+  EXPECT_EQ(At(0, 1), Data{0x11});
 }
 
 TEST_F(Edits, OverlappingOnesInOneStepAreTakenBack) {
   edits.Write(image, std::vector<Change>{{5, {}, {1, 2, 3}}, {6, {}, {0x11}}, {0x2FFF, {}, {8}}});
-  EXPECT_EQ(At(5, 3), (Values{1, 0x11, 3}));
+  EXPECT_EQ(At(5, 3), (Data{1, 0x11, 3}));
   edits.Undo(image);
-  EXPECT_EQ(At(5, 3), Values(3, 0x11));
-  EXPECT_EQ(At(0x2FFF, 1), Values{0x11});
+  EXPECT_EQ(At(5, 3), Data(3, 0x11));
+  EXPECT_EQ(At(0x2FFF, 1), Data{0x11});
 }
 
 TEST_F(Edits, ChangesAreThoseSinceOpening) {
@@ -60,7 +60,7 @@ TEST_F(Edits, ChangesAreThoseSinceOpening) {
   EXPECT_FALSE(edits.IsChanged(image, 0x1000));
   EXPECT_FALSE(edits.IsChanged(image, 0x2000));
   EXPECT_EQ(edits.Changes(image), (std::vector<Change>{{0x10, {0x11, 0x11}, {1, 2}}, {0x14, {0x11}, {5}}}));
-  EXPECT_EQ(edits.Changes(image, 2), (std::vector<Change>{{0x10, Values(5, 0x11), {1, 2, 0x11, 0x11, 5}}}));
+  EXPECT_EQ(edits.Changes(image, 2), (std::vector<Change>{{0x10, Data(5, 0x11), {1, 2, 0x11, 0x11, 5}}}));
   EXPECT_EQ(edits.Changes(image, 0x11, 1), (std::vector<Change>{{0x11, {0x11}, {2}}}));
 }
 
@@ -69,7 +69,7 @@ TEST_F(Edits, OutsideTheImageNothingIsWritten) {
   EXPECT_THROW(Write(-1, {1}), std::out_of_range);
   EXPECT_THROW(edits.Write(image, std::vector<Change>{{0, {}, {1}}, {0x3000, {}, {1}}}), std::out_of_range);
   EXPECT_FALSE(edits.CanUndo());
-  EXPECT_EQ(At(0, 1), Values{0x11});
+  EXPECT_EQ(At(0, 1), Data{0x11});
 }
 
 }  // namespace

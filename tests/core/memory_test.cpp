@@ -7,26 +7,28 @@
 
 #include "cli/commands.h"
 #include "core/file.h"
-#include "demo/image_builder.h"
+#include "images.h"
 #include "media/picture_search.h"
-#include "media/picture_table.h"
 #include "temporary_folder.h"
-
-#ifndef _WIN32
-#include <sys/resource.h>
-#endif
 
 // Under a sanitizer the memory is mostly the sanitizer's.
 #if defined(_WIN32) || defined(__SANITIZE_ADDRESS__)
 #define TARVELO_MEASURES_MEMORY 0
 #else
 #define TARVELO_MEASURES_MEMORY 1
+#include <sys/resource.h>
 #endif
 
 namespace tarvelo {
 namespace {
 
-using Fill = std::function<void(ImageBuilder& image)>;
+using Fill = void (*)(ImageBuilder& image);
+
+ImageBuilder Filled(Fill fill, std::size_t size) {
+  ImageBuilder image(size);
+  fill(image);
+  return image;
+}
 
 // A picture table that has entries up to the image's end.
 void PictureTableWithoutEnd(ImageBuilder& image) {
@@ -95,16 +97,12 @@ TEST(Memory, EveryListTakesASmallMultipleOfTheImage) {
       {RunsAndFilling, 0x100000, {"map", "map --json"}},
   };
   for (const auto& [fill, size, commands] : cases) {
-    ImageBuilder builder(size);
-    fill(builder);
-    const std::string file = PathText(folder.Write("image.bin", std::move(builder).Take()));
+    const std::string file = PathText(folder.Write("image.bin", Filled(fill, size).Take()));
     for (const std::string& command : commands) {
       std::istringstream words(command);
       std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
       arguments.push_back(file);
-      EXPECT_EXIT(Measure(arguments, std::filesystem::file_size(PathOf(file))), testing::ExitedWithCode(0),
-                  "")
-          << command;
+      EXPECT_EXIT(Measure(arguments, size), testing::ExitedWithCode(0), "") << command;
     }
   }
 }
@@ -113,13 +111,8 @@ TEST(Memory, EveryListTakesASmallMultipleOfTheImage) {
 
 // That the images above are what they are meant to be.
 TEST(Memory, SenselessTablesAreListedWhole) {
-  NoProgress progress;
-  const auto count = [&](const Fill& fill, std::size_t size) {
-    ImageBuilder builder(size);
-    fill(builder);
-    const PictureList list = GetP(Fullflash(Bytes(std::move(builder).Take())), progress);
-    EXPECT_EQ(PictureRows(list).count, list.pictures.size());
-    return list.pictures.size();
+  const auto count = [](Fill fill, std::size_t size) {
+    return GetP(ImageOf(Filled(fill, size)), noProgress).pictures.size();
   };
   EXPECT_EQ(count(PictureTableWithoutEnd, 0x200000), 0x200000u / 8);
   EXPECT_GT(count(HeadersThatOverlap, 0x1000000), 0x1000000u / 4 - 10);

@@ -2,51 +2,37 @@
 
 #include <gtest/gtest.h>
 
-#include "demo/image_builder.h"
+#include "images.h"
 
 namespace tarvelo {
 namespace {
 
 std::string SummaryOf(ImageBuilder builder, const Messages& messages = Messages()) {
-  Fullflash image{Bytes(std::move(builder).Take())};
+  Fullflash image = ImageOf(std::move(builder));
   const Identification info = Identify(image);
   return Summary("C:\\ff\\s45.bin", image, info, messages);
 }
 
-TEST(Summary, ShowsBothBasesWhereTheyDiffer) {
+TEST(Summary, HasALineForAllThatIsKnown) {
   ImageBuilder s45(0x600000);
-  s45.Byte(0x7FF50, 0x0A);
-  s45.Text(0x7FF60, "FD-02");
-  s45.Text(0x7FF70, "S45");
-  s45.Text(0x7FF80, "SIEMENS");
+  PutHeader(s45, "S45");
   s45.Text(0x7FF90, "14.11.2002");
+  s45.Fill(0x100000, 0x18000, 0x11);
+  s45.Text(0x100000, "T9");
+  s45.DWord(0x100004, 0x12345);
   EXPECT_EQ(SummaryOf(s45),
             "Fullflash: C:\\ff\\s45.bin\n"
             "Size: 600000 = 6M = 6291456\n"
             "Loading base: A00000\n"
             "Corrected base: 800000\n"
             "Mobile: S45\n"
-            "Firmware0A FD-02\n"
+            "Firmware24 FD-02\n"
             "Assembling date: 14.11.2002\n"
-            "Empty blocks: , 00 - 06, 08 - 5F\n");
-}
-
-TEST(Summary, AddsTheT9AreaInHexAndDecimal) {
-  ImageBuilder builder(0x180000);
-  builder.Fill(0x100000, 0x20000, 0x11);
-  builder.Text(0x100000, "T9");
-  builder.DWord(0x100004, 0x12345);
-  EXPECT_EQ(SummaryOf(builder),
-            "Fullflash: C:\\ff\\s45.bin\n"
-            "Size: 180000 = 1.5M = 1572864\n"
-            "Loading base: E80000\n"
-            "Mobile: \n"
-            "Firmware \n"
-            "Empty blocks: , 00 - 0F, 12 - 17\n"
+            "Empty blocks: , 00 - 06, 08 - 0F, 12 - 5F\n"
             "T9 base: 100000 = 1048576\n"
             "Exact size of T9: 12345 = 74565\n"
             "Full size of T9: 20000 = 131072\n"
-            "Empty area in T9: 0 = 0\n");
+            "Empty area in T9: 8000 = 32768\n");
 }
 
 TEST(Summary, SpeaksTheLanguageAndShowsALargeBase) {

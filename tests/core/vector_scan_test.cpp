@@ -1,26 +1,16 @@
 #include "core/vector_scan.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
 #include <vector>
 
+#include "on_each_unit.h"
+
 namespace tarvelo {
 namespace {
 
-// Each test runs with every kind of vector that this machine has.
-class SieveOnEachUnit : public testing::TestWithParam<VectorUnit> {
- protected:
-  void SetUp() override {
-    LimitVectorUnit(GetParam());
-    if (BestVectorUnit() != GetParam()) GTEST_SKIP() << "this machine has none";
-  }
-  void TearDown() override { LimitVectorUnit(VectorUnit::Avx2); }
-};
-
-INSTANTIATE_TEST_SUITE_P(Units, SieveOnEachUnit,
-                         testing::Values(VectorUnit::None, VectorUnit::Sse2, VectorUnit::Avx2));
+class SieveOnEachUnit : public OnEachUnit {};
+INSTANTIATE_TEST_SUITE_P(Units, SieveOnEachUnit, eachUnit);
 
 std::vector<Offset> Found(const Sieve& sieve, Bytes bytes, Offset from, Offset last) {
   std::vector<Offset> found;
@@ -72,30 +62,6 @@ TEST_P(SieveOnEachUnit, AgreesWithTheDefinition) {
     total += found.size();
   }
   EXPECT_GT(total, 10000u);
-}
-
-TEST_P(SieveOnEachUnit, FindsOneWhereverItIs) {
-  const Probe probes[] = {{0, 7}};
-  for (Offset size = 1; size < 520; ++size)
-    for (const Offset at : {Offset{0}, size / 2, size - 1}) {
-      std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
-      bytes[static_cast<std::size_t>(at)] = 7;
-      ASSERT_EQ(Found(Sieve(1, probes), bytes, 0, size - 1), std::vector{at}) << size;
-    }
-  EXPECT_TRUE(Found(Sieve(1, probes), {}, 0, -1).empty());
-}
-
-TEST_P(SieveOnEachUnit, StopsWhenAsked) {
-  const std::vector<std::uint8_t> bytes(1000, 7);
-  const Probe probes[] = {{0, 7}};
-  for (const Offset stop : {0, 63, 64, 127, 128, 900, 999}) {
-    Offset seen = -1;
-    EXPECT_TRUE(Sieve(1, probes).Each(bytes, 0, 999, [&](Offset p) {
-      EXPECT_EQ(p, ++seen);
-      return p == stop;
-    }));
-    EXPECT_EQ(seen, stop);
-  }
 }
 
 }  // namespace

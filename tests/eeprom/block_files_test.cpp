@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/file.h"
-#include "demo/image_builder.h"
+#include "images.h"
 #include "temporary_folder.h"
 
 namespace tarvelo {
@@ -14,26 +14,15 @@ class BlockFiles : public testing::Test {
  protected:
   BlockFiles() {
     ImageBuilder builder(0x10000);
-    PutBlock(builder, 0x100, deletedBlockState, 76, 0x1000, 4, 'a');
-    PutBlock(builder, 0x200, liveBlockState, 76, 0x2000, 4, 'b');
-    PutBlock(builder, 0x300, liveBlockState, 76, 0x3000, 5, 'c');  // the live one
-    PutBlock(builder, 0x400, liveBlockState, 5001, 0xFFFE, 4, 'd');
-    builder.Byte(0x402, 8);  // more than there is
-    PutBlock(builder, 0x500, liveBlockState, 7, 0x4000, 0, 'e');
-    image = Fullflash(Bytes(std::move(builder).Take()));
-    NoProgress progress;
-    store = GetEE(image, "", progress);
-  }
-
-  static void PutBlock(ImageBuilder& builder, std::size_t header, std::uint8_t state, std::uint16_t number,
-                       std::size_t data, std::size_t size, char fill) {
-    builder.Byte(header, state);
-    builder.Byte(header + 1, 0);
-    builder.Word(header + 2, static_cast<std::uint16_t>(size));
-    builder.DWord(header + 4, builder.Address(data));
-    builder.Word(header + 8, number);
-    builder.Byte(header + 11, state);
-    builder.Fill(data, std::min(size, builder.Size() - data), static_cast<std::uint8_t>(fill));
+    PutBlock(builder, 0x100, deletedBlockState, 76, 0x1000, 4);
+    PutBlock(builder, 0x200, liveBlockState, 76, 0x2000, 4);
+    PutBlock(builder, 0x300, liveBlockState, 76, 0x3000, 5);    // the live one
+    PutBlock(builder, 0x400, liveBlockState, 5001, 0xFFFE, 8);  // more than there is
+    PutBlock(builder, 0x500, liveBlockState, 7, 0x4000, 0);
+    builder.Fill(0x1000, 4, 'a');
+    builder.Fill(0x3000, 5, 'c');
+    image = ImageOf(std::move(builder));
+    store = GetEE(image, "", noProgress);
   }
 
   Fullflash image;

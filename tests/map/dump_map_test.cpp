@@ -7,8 +7,8 @@
 #include <random>
 #include <sstream>
 
-#include "demo/demo_image.h"
-#include "demo/image_builder.h"
+#include "eeprom/blocks.h"
+#include "images.h"
 #include "map/map_table.h"
 
 namespace tarvelo {
@@ -16,14 +16,14 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-DumpMap MapOf(const std::vector<std::uint8_t>& bytes) {
-  Fullflash image{Bytes(bytes)};
+DumpMap MapOf(Fullflash image) {
   const Identification info = Identify(image);
-  NoProgress progress;
-  return MapDump(image, info, progress);
+  return MapDump(image, info, noProgress);
 }
 
-// "offset size what", the offset in hexadecimal.
+DumpMap MapOf(const ImageBuilder& image) { return MapOf(ImageOf(image)); }
+
+// "offset size what" of each region, the offset in hexadecimal.
 Lines LinesOf(const DumpMap& map) {
   Lines lines;
   for (const MapRegion& region : map.regions) {
@@ -51,16 +51,6 @@ void ExpectTiles(const DumpMap& map, std::size_t size) {
   }
 }
 
-void PutBlock(ImageBuilder& image, std::size_t header, std::uint8_t state, std::uint16_t number,
-              std::size_t data, std::uint16_t size) {
-  image.Byte(header, state);
-  image.Byte(header + 1, 0);
-  image.Word(header + 2, size);
-  image.DWord(header + 4, image.Address(data));
-  image.Word(header + 8, number);
-  image.Byte(header + 11, state);
-}
-
 constexpr std::uint8_t nothing = 0x90;
 
 // 1 MiB: offset 0 lies at 0xF00000, so blocks may lie from 0x60000 on.
@@ -80,7 +70,7 @@ TEST(DumpMap, HasHeadersBlocksAndWhatIsErased) {
   image.Fill(0x62000, 0xFF, 0xFF);                                  // too short
   image.Fill(0x8FF00, 0x20200, 0xFF);
   EXPECT_EQ(
-      LinesOf(MapOf(std::move(image).Take())),
+      LinesOf(MapOf(image)),
       (Lines{"0 4096 unknown", "1000 12 EEPROM 5076 (header)", "100c 12 EEPROM 5076 (deleted, header)",
              "1018 12 EEPROM 5076 (deleted, header)", "1024 393180 unknown", "61000 32 EEPROM 5076",
              "61020 32 EEPROM 5076 (deleted)", "61040 32 EEPROM 5076 (deleted)", "61060 288 erased",
@@ -93,20 +83,17 @@ TEST(DumpMap, HasTheT9AreaAndItsFreePart) {
   image.Text(0x20000, "T9");
   image.DWord(0x20004, 0x10);
   image.Fill(0x2F000, 0x1000, 0xFF);
-  EXPECT_EQ(LinesOf(MapOf(std::move(image).Take())),
+  EXPECT_EQ(LinesOf(MapOf(image)),
             (Lines{"0 131072 unknown", "20000 61440 T9", "2f000 4096 T9 (free)", "30000 851968 unknown"}));
 }
 
 TEST(DumpMap, HasPictures) {
   ImageBuilder image = Plain();
   // Nine plain monochrome pictures 4 x 4, which take 4 bytes each; the third is the second, once more.
-  for (std::size_t i = 0; i < 9; ++i) {
-    const std::size_t entry = 0x100 + 8 * i;
-    image.Data(entry, std::vector<std::uint8_t>{static_cast<std::uint8_t>(i == 0 ? 4 : 3), 4, 1, 0});
-    image.Pointer(entry + 4, i == 2 ? 0x202 : 0x200 + 5 * i - (i > 2 ? 1 : 0));
-  }
+  for (std::size_t i = 0; i < 9; ++i)
+    PutPicture(image, 0x100 + 8 * i, i == 0 ? 4 : 3, 4, 1, i == 2 ? 0x202 : 0x200 + 5 * i - (i > 2 ? 1 : 0));
   image.Fill(0x148, 8, 0);
-  const Lines lines = LinesOf(MapOf(std::move(image).Take()));
+  const Lines lines = LinesOf(MapOf(image));
   EXPECT_EQ(Lines(lines.begin(), lines.begin() + 7),
             (Lines{"0 256 unknown", "100 80 picture table 1", "150 176 unknown", "200 4 picture 0",
                    "204 1 picture 2", "205 4 picture 1", "209 5 unknown"}));
@@ -115,19 +102,16 @@ TEST(DumpMap, HasPictures) {
 
 TEST(DumpMap, HasRingtones) {
   ImageBuilder image = Plain();
-  for (std::uint16_t i = 0; i < 6; ++i) {
-    image.Word(0x100 + 8u * i, i);
-    image.Word(0x102 + 8u * i, i == 3 ? 7 : 2);
-    image.Pointer(0x104 + 8u * i, i == 3 ? 0x180 : 0x200 + 0x20u * i);
-    image.Fill(0x200 + 0x20u * i, 0x20, 0);
-    image.DWord(0x200 + 0x20u * i, 0x00640064);
+  image.Fill(0x200, 0xC0, 0);
+  for (std::uint8_t i = 0; i < 6; ++i) {
+    const std::size_t tune = 0x200 + 0x20u * i;
+    PutRingtone(image, 0x100 + 8u * i, i, i == 3 ? 7 : 2, i == 3 ? 0x180 : tune);
+    image.DWord(tune, 0x00640064);
   }
   image.Fill(0x130, 8, 0x10);  // a kind that ends the table
   image.Pointer(0x180, 0x400);
-  image.Text(0x400, "RIFF");
-  image.DWord(0x404, 4);
-  image.Data(0x408, std::vector<std::uint8_t>{'W', 'A', 'V', 'E'});
-  const DumpMap map = MapOf(std::move(image).Take());
+  image.Text(image.DWord(image.Text(0x400, "RIFF") - 1, 4), "WAVE");
+  const DumpMap map = MapOf(image);
   EXPECT_EQ(LabelOf(map, 0x100, 8), "ringtone table");
   EXPECT_EQ(LabelOf(map, 0x12F), "ringtone table");
   EXPECT_EQ(LabelOf(map, 0x130), "unknown");
@@ -144,26 +128,19 @@ TEST(DumpMap, TellsTextsAndCode) {
   for (std::size_t p = 0x4000; p < 0x4380; p += 128) image.Word(p, 0x00DB);  // one too few
   image.Fill(0x5000, 0x1000, '7');                                           // no letters
   for (std::size_t p = 0x6001; p < 0x6801; p += 128) image.Word(p, 0x00DB);  // odd
-  EXPECT_EQ(LinesOf(MapOf(std::move(image).Take())),
-            (Lines{"0 8192 unknown", "2000 768 text", "2300 3328 unknown", "3000 4096 code",
-                   "4000 1032192 unknown"}));
+  EXPECT_EQ(LinesOf(MapOf(image)), (Lines{"0 8192 unknown", "2000 768 text", "2300 3328 unknown",
+                                          "3000 4096 code", "4000 1032192 unknown"}));
 }
 
 // Hand-made finds that overlap, in an image of 100 bytes.
 TEST(DumpMap, GivesWhatOverlapsToTheSurest) {
-  Fullflash image{Bytes(std::vector<std::uint8_t>(100, nothing))};
-  BlockStore blocks;
-  blocks.records = {{10, 0, 20, 30, false, liveBlockState, 8},
-                    {11, 0, 40, 30, false, deletedBlockState, 20},
-                    {9, 0, 90, 5000, false, deletedBlockState, 32},
-                    {12, 0, -5, 10, false, liveBlockState, 84}};
+  Fullflash image{Bytes(Data(100, nothing))};
+  const BlockStore blocks = StoreOf({{10, 0, 20, 30, false, liveBlockState, 8},
+                                     {11, 0, 40, 30, false, deletedBlockState, 20},
+                                     {9, 0, 90, 5000, false, deletedBlockState, 32},
+                                     {12, 0, -5, 10, false, liveBlockState, 84}});
   PictureList pictures;
-  Picture picture;
-  picture.outside = true;
-  picture.entry = 60;
-  picture.data = 0;
-  picture.size = 100;
-  pictures.pictures = {picture};
+  pictures.pictures = {{.outside = true, .entry = 60, .size = 100}};
   const DumpMap map = MapDump(image, {}, blocks, pictures, {});
   EXPECT_EQ(LinesOf(map), (Lines{"0 5 EEPROM 12", "5 3 picture 0", "8 12 EEPROM 10 (header)",
                                  "14 12 EEPROM 11 (deleted, header)", "20 12 EEPROM 9 (deleted, header)",
@@ -175,26 +152,19 @@ TEST(DumpMap, GivesWhatOverlapsToTheSurest) {
   EXPECT_EQ(LabelOf(map, -1), "");
 }
 
-TEST(DumpMap, TilesTheDemonstration) {
-  for (const bool large : {false, true}) {
-    const std::vector<std::uint8_t> bytes = DemoImage(large);
-    ExpectTiles(MapOf(bytes), bytes.size());
-  }
-}
-
 TEST(DumpMap, TilesRandomImages) {
   constexpr std::array<std::uint8_t, 14> usual{0, 0, 0, 1, 2, 4, 4, 0x81, 0x34, 0xFF, 0xFC, 0xF6, 'T', '9'};
   std::mt19937 random(8);
   std::size_t kinds = 0;
   for (int round = 0; round < 300; ++round) {
-    std::vector<std::uint8_t> bytes(2 + random() % 0x22000);
+    Data bytes(2 + random() % 0x22000);
     for (std::uint8_t& byte : bytes) byte = usual[random() % usual.size()];
     for (int run = 0; run < 5; ++run) {
       const std::size_t begin = random() % bytes.size();
       std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(begin),
                   std::min<std::size_t>(bytes.size() - begin, random() % 0x3000), usual[random() % 14]);
     }
-    const DumpMap map = MapOf(bytes);
+    const DumpMap map = MapOf(Fullflash(bytes));
     ExpectTiles(map, bytes.size());
     for (const MapRegion& region : map.regions) kinds |= std::size_t{1} << static_cast<int>(region.kind);
   }
@@ -204,13 +174,10 @@ TEST(DumpMap, TilesRandomImages) {
 // A table as long as the image, of large pictures that nearly all overlap.
 TEST(DumpMap, TilesATableOfOverlappingPictures) {
   ImageBuilder image(0x400000);
-  image.Data(0, std::vector<std::uint8_t>{4, 4, 1, 0, 0, 0, 0, 0});
-  for (std::size_t p = 8; p < image.Size(); p += 8) {
-    image.Data(p, std::vector<std::uint8_t>{254, 250, 8, 0});
-    image.Pointer(p + 4, p * 7919 % image.Size());
-  }
-  const std::size_t size = image.Size();
-  ExpectTiles(MapOf(std::move(image).Take()), size);
+  PutPicture(image, 0, 4, 4, 1, 0);
+  for (std::size_t p = 8; p < image.Size(); p += 8)
+    PutPicture(image, p, 254, 250, 8, p * 7919 % image.Size());
+  ExpectTiles(MapOf(image), 0x400000);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "demo/image_builder.h"
+#include "images.h"
 #include "media/ringtone_files.h"
 #include "temporary_folder.h"
 
@@ -12,14 +12,12 @@ namespace tarvelo {
 namespace {
 
 using Tones = std::vector<Tone>;
-using Buffer = std::vector<std::uint8_t>;
-
 // What DecodeMelody makes of these words, note and duration by turns.
 Tones Decoded(std::initializer_list<std::uint16_t> words, std::size_t cut = 0) {
   ImageBuilder builder(2 * words.size());
   std::size_t p = 0;
   for (const std::uint16_t word : words) p = builder.Word(p, word);
-  Buffer bytes = std::move(builder).Take();
+  Data bytes = std::move(builder).Take();
   bytes.resize(bytes.size() - cut);
   return DecodeMelody(bytes, 0);
 }
@@ -33,7 +31,6 @@ TEST(DecodeMelody, KnowsTheEnd) {
   EXPECT_EQ(Decoded({440, 500, 0xFFFA, 0, 0, 1, 0xFFFC, 0}), (Tones{first, {0xFFFA, 0}, {0, 1}}));
   EXPECT_EQ(Decoded({440, 500, 0xFFFB, 9, 0xFFFE, 9, 0xFFFF, 9}),
             (Tones{first, {0xFFFB, 9}, {0xFFFE, 9}, {0xFFFF, 9}}));
-  EXPECT_EQ(Decoded({440, 0, 880, 1}), Tones{});
 }
 
 TEST(DecodeMelody, KeepsWholeRecordsAtTheEndOfTheImage) {
@@ -43,7 +40,7 @@ TEST(DecodeMelody, KeepsWholeRecordsAtTheEndOfTheImage) {
 }
 
 TEST(DecodeMelody, IsBounded) {
-  const Buffer ones(41, 1);
+  const Data ones(41, 1);
   EXPECT_EQ(DecodeMelody(ones, 0).size(), 10u);
   EXPECT_EQ(DecodeMelody(ones, 0, 3).size(), 3u);
   for (const Offset data : {Offset{-4}, Offset{38}, Offset{41}, Offset{1} << 40})
@@ -52,7 +49,6 @@ TEST(DecodeMelody, IsBounded) {
 
 TEST(MelodyText, EndsEachPairWithABlank) {
   EXPECT_EQ(MelodyText(Tones{{440, 500}, {0xFFFA, 0}, {0, 65535}}), "440:500 65530:0 0:65535 ");
-  EXPECT_EQ(MelodyText({}), "");
 }
 
 TEST(ParseMelody, ReadsWhatIsHeard) {
@@ -61,26 +57,20 @@ TEST(ParseMelody, ReadsWhatIsHeard) {
     Tones tones;
   } const cases[] = {
       {"440:500 880:250 ", {{440, 500}, {880, 250}}},
-      {"440:500 880:250", {{440, 500}, {880, 250}}},
-      {"65530:500", {{0, 500}}},
       {"65500:1 65501:1 65536:1", {{65500, 1}, {0, 1}, {0, 1}}},
       {"440:10000 440:10001 440:20000", {{440, 10000}, {440, 0}, {440, 0}}},
       {"4294967736:4294967796", {{0, 0}}},  // 440 and 500 above 2^32
       {"99999999999999999999999:5", {{0, 5}}},
-      {"", {}},
-      {"   ", {}},
       {"  440:5   880:6  ", {{440, 5}, {880, 6}}},
       {"440", {{440, 0}}},
       {"440 880:6", {{440, 0}, {880, 6}}},
       {":", {{0, 0}}},
       {"440: 500", {{440, 0}, {500, 0}}},
-      {":500", {{0, 500}}},
       {"a4:500 440:b", {{0, 500}, {440, 0}}},
       {"-440:-500 +440:500", {{0, 0}, {0, 500}}},
       {"440.9:1e3", {{440, 1}}},
       {"440:500:600", {{440, 500}}},
       {"440:5\t880:6", {{440, 5}}},  // blanks alone part pairs
-      {"\xFF\x80:7", {{0, 7}}},
   };
   for (const auto& [text, tones] : cases) EXPECT_EQ(ParseMelody(text), tones) << text;
 }
@@ -92,22 +82,10 @@ TEST(ParseMelody, TakesAMillionPairs) {
   EXPECT_EQ(ParseMelody(std::string(1000000, ' ')).size(), 0u);
 }
 
-TEST(NextTone, TellsHowFarItIs) {
-  const std::string_view text = "440:500  880:250";
-  std::size_t position = 0;
-  EXPECT_EQ(NextTone(text, position), (Tone{440, 500}));
-  EXPECT_EQ(position, 8u);
-  EXPECT_EQ(NextTone(text, position), (Tone{880, 250}));
-  EXPECT_EQ(position, text.size());
-  EXPECT_EQ(NextTone(text, position), std::nullopt);
-  EXPECT_EQ(position, text.size());
-}
-
 TEST(KeyOf, IsTheNearestSemitone) {
   // 452.9 Hz is half-way from 69 to 70; 127 is 12543.9 Hz, half a semitone above it are 12911.4.
-  for (const auto& [frequency, key] : std::initializer_list<std::pair<int, int>>{
-           {440, 69}, {262, 60}, {466, 70}, {452, 69}, {453, 70}, {4186, 108}, {8, 0}, {12911, 127}})
-    EXPECT_EQ(KeyOf(frequency), key) << frequency;
+  constexpr std::pair<int, int> keys[] = {{440, 69}, {452, 69}, {453, 70}, {8, 0}, {12911, 127}};
+  for (const auto& [frequency, key] : keys) EXPECT_EQ(KeyOf(frequency), key) << frequency;
   for (const int frequency : {0, 7, 12912, 65500}) EXPECT_EQ(KeyOf(frequency), std::nullopt) << frequency;
 }
 
@@ -115,45 +93,41 @@ TEST(KeyOf, IsTheNearestSemitone) {
 const Tones tune{{440, 100}, {0xFFFB, 50}, {440, 10001}, {20000, 25}, {440, 5000}, {0xFFFB, 150}};
 
 TEST(MelodyMidi, HasATickAMillisecond) {
-  const Buffer expected{'M',  'T',  'h',  'd',  0,    0,    0,    6,
-                        0,    0,    0,    1,    0x01, 0xF4,            // 500 a quarter
-                        'M',  'T',  'r',  'k',  0,    0,    0,    32,  //
-                        0x00, 0xFF, 0x51, 0x03, 0x07, 0xA1, 0x20,      // 500000 microseconds
-                        0x00, 0xC0, 80,                                //
-                        0x00, 0x90, 69,   100,  0x64, 0x80, 69,   64,  // 100
-                        0x4B, 0x90, 69,   100,                         // 75 = 50 + 25
-                        0xA7, 0x08, 0x80, 69,   64,                    // 5000 = 0x27 * 128 + 8
-                        0x81, 0x16, 0xFF, 0x2F, 0x00};                 // 150 = 1 * 128 + 22
+  const Data expected{'M',  'T',  'h',  'd',  0,    0,    0,    6,  0, 0, 0, 1, 0x01, 0xF4,  // 500 a quarter
+                      'M',  'T',  'r',  'k',  0,    0,    0,    32,                          //
+                      0x00, 0xFF, 0x51, 0x03, 0x07, 0xA1, 0x20,      // 500000 microseconds
+                      0x00, 0xC0, 80,                                //
+                      0x00, 0x90, 69,   100,  0x64, 0x80, 69,   64,  // 100
+                      0x4B, 0x90, 69,   100,                         // 75 = 50 + 25
+                      0xA7, 0x08, 0x80, 69,   64,                    // 5000 = 0x27 * 128 + 8
+                      0x81, 0x16, 0xFF, 0x2F, 0x00};                 // 150 = 1 * 128 + 22
   EXPECT_EQ(MelodyMidi(tune), expected);
 }
 
 TEST(MelodyMidi, EndsWhereAPauseCannotBeStated) {
   // 26843 rests of 10 s are 268430000 ms; 0x0FFFFFFF is 268435455.
   const Tones rests(30000, Tone{0, 10000});
-  const Buffer file = MelodyMidi(rests);
-  const Buffer end(file.end() - 7, file.end());
-  EXPECT_EQ(end, (Buffer{0xFF, 0xFF, 0xD5, 0x30, 0xFF, 0x2F, 0x00}));  // 268430000 = 0x0FFFEAB0
+  const Data file = MelodyMidi(rests);
+  const Data end(file.end() - 7, file.end());
+  EXPECT_EQ(end, (Data{0xFF, 0xFF, 0xD5, 0x30, 0xFF, 0x2F, 0x00}));  // 268430000 = 0x0FFFEAB0
 }
 
 TEST(MelodyWave, IsASquareWave) {
   // 2205 Hz: 10 samples a period; 22.05 samples a millisecond.
-  const Buffer file = MelodyWave(Tones{{2205, 1}, {0xFFFB, 1}, {11026, 1}, {11025, 1}});
+  const Data file = MelodyWave(Tones{{2205, 1}, {0xFFFB, 1}, {11026, 1}, {11025, 1}});
   ASSERT_EQ(file.size(), 44u + 88);  // 88.2 samples
-  EXPECT_EQ(std::string(file.begin(), file.begin() + 4), "RIFF");
-  EXPECT_EQ(file[4], 36 + 88);
-  EXPECT_EQ(file[40], 88);
   const auto samples = [&](std::size_t from, std::size_t count) {
-    return Buffer(file.begin() + 44 + static_cast<std::ptrdiff_t>(from),
-                  file.begin() + 44 + static_cast<std::ptrdiff_t>(from + count));
+    return Data(file.begin() + 44 + static_cast<std::ptrdiff_t>(from),
+                file.begin() + 44 + static_cast<std::ptrdiff_t>(from + count));
   };
-  EXPECT_EQ(samples(0, 12), (Buffer{192, 192, 192, 192, 192, 64, 64, 64, 64, 64, 192, 192}));
-  EXPECT_EQ(samples(22, 44), Buffer(44, 128));
-  EXPECT_EQ(samples(66, 4), (Buffer{192, 64, 192, 64}));
+  EXPECT_EQ(samples(0, 12), (Data{192, 192, 192, 192, 192, 64, 64, 64, 64, 64, 192, 192}));
+  EXPECT_EQ(samples(22, 44), Data(44, 128));
+  EXPECT_EQ(samples(66, 4), (Data{192, 64, 192, 64}));
 }
 
 TEST(MelodyWave, KeepsTimeAndIsBounded) {
   EXPECT_EQ(MelodyWave(Tones(1000, Tone{440, 1})).size(), 44u + 22050);
-  const Buffer odd = MelodyWave(Tones{{440, 20}});  // 441 samples and a filling byte
+  const Data odd = MelodyWave(Tones{{440, 20}});  // 441 samples and a filling byte
   EXPECT_EQ(odd.size(), 44u + 442);
   EXPECT_EQ(odd[4] + 256 * odd[5], 36 + 442);
   EXPECT_EQ(odd[40] + 256 * odd[41], 441);
@@ -162,7 +136,7 @@ TEST(MelodyWave, KeepsTimeAndIsBounded) {
 }
 
 TEST(SaveDump, WritesTheBytesThatThereAre) {
-  const Fullflash image{Bytes(Buffer{1, 2, 3, 4, 5, 6})};
+  const Fullflash image{Bytes(Data{1, 2, 3, 4, 5, 6})};
   const TemporaryFolder folder;
   const auto save = [&](int number, Offset offset, Offset size) {
     return SaveDump(image, folder / "MIDI", "dump", number, ".bin", offset, size);
@@ -171,13 +145,12 @@ TEST(SaveDump, WritesTheBytesThatThereAre) {
   EXPECT_EQ(ReadAll(folder / "MIDI" / "dump_00AB.bin"), "\x02\x03\x04");
   EXPECT_EQ(ReadAll(save(0xAB, 5, 1)), "\x06");  // an older, longer file is gone
   EXPECT_EQ(ReadAll(save(1, 4, Offset{1} << 40)), "\x05\x06");
-  for (const auto& [offset, size] :
-       std::initializer_list<std::pair<Offset, Offset>>{{6, 1}, {100, 1}, {2, 0}, {2, -1}})
-    EXPECT_EQ(ReadAll(save(2, offset, size)), "") << offset;
+  constexpr std::pair<Offset, Offset> nothing[] = {{6, 1}, {100, 1}, {2, -1}};
+  for (const auto& [offset, size] : nothing) EXPECT_EQ(ReadAll(save(2, offset, size)), "") << offset;
 }
 
 TEST(SaveDump, DeletesALinkRatherThanWriteThroughIt) {
-  const Fullflash image{Bytes(Buffer{'n', 'e', 'w'})};
+  const Fullflash image{Bytes(Data{'n', 'e', 'w'})};
   const TemporaryFolder folder;
   const auto other = folder.Write("other", std::string("old"));
   std::error_code error;
@@ -191,21 +164,16 @@ TEST(SaveRingtone, TurnsMelodiesAloneIntoSoundFiles) {
   ImageBuilder builder(0x100);
   builder.DWord(0x10, 100u << 16 | 440);
   builder.Word(0x14, 0xFFFC);
-  const Fullflash image{Bytes(std::move(builder).Take())};
+  const Fullflash image = ImageOf(std::move(builder));
   const TemporaryFolder folder;
   const auto save = [&](RingtoneForm form, RingtoneFormat format) {
-    Ringtone ringtone;
-    ringtone.number = 0x1F;
-    ringtone.form = form;
-    ringtone.data = 0x10;
-    ringtone.size = 4;
+    const Ringtone ringtone{.number = 0x1F, .form = form, .data = 0x10, .size = 4};
     const auto path = SaveRingtone(image, ringtone, folder.Path(), "d", format);
     return path ? path->filename().string() + " " + std::to_string(std::filesystem::file_size(*path)) : "";
   };
   EXPECT_EQ(save(RingtoneForm::Melody, RingtoneFormat::Raw), "d_001F.bin 4");
   EXPECT_EQ(save(RingtoneForm::Melody, RingtoneFormat::Wave), "d_001F.wav 2250");  // 44, 2205, 1
   EXPECT_EQ(save(RingtoneForm::Melody, RingtoneFormat::Midi), "d_001F.mid 44");    // 14 + 8 + 7 + 3 + 8 + 4
-  EXPECT_EQ(save(RingtoneForm::Midi, RingtoneFormat::Raw), "d_001F.mid 4");
   EXPECT_EQ(save(RingtoneForm::Midi, RingtoneFormat::Midi), "d_001F.mid 4");
   EXPECT_EQ(save(RingtoneForm::Midi, RingtoneFormat::Wave), "");
   EXPECT_EQ(save(RingtoneForm::Wave, RingtoneFormat::Raw), "d_001F.wav 4");

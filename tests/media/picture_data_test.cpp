@@ -4,23 +4,17 @@
 
 #include <random>
 
+#include "images.h"
 #include "media/bitmap_file.h"
 #include "media/colours.h"
 
 namespace tarvelo {
 namespace {
 
-using Data = std::vector<std::uint8_t>;
-
 constexpr Colour black = 0x000000, white = 0xFFFFFF, tone = 0xFADC96, none = backgroundColour;
 
-Picture Make(int width, int height, std::uint8_t type, Offset data = 0) {
-  Picture picture;
-  picture.width = width;
-  picture.height = height;
-  picture.type = type;
-  picture.data = data;
-  return picture;
+Picture Make(std::uint8_t width, std::uint8_t height, std::uint8_t type, std::int32_t data = 0) {
+  return {.type = type, .width = width, .height = height, .data = data};
 }
 
 std::vector<Colour> Draw(const Data& data, const Picture& picture, bool colourSeen = false) {
@@ -71,34 +65,23 @@ TEST(PictureSize, OfAStreamThatRunsOverTheEndIsTheRest) {
   EXPECT_EQ(Size({1, 2}, 4, 2, 0x85, -1), 0);
 }
 
-// Stretches of empty runs are remembered: whatever is asked before, the answers stay the same.
+// A decoder remembers where codes and stretches of empty runs end. Streams over random codes, with short
+// gaps and long ones between them, are measured by a fresh decoder and by one that has met all the others.
 TEST(PictureSize, DoesNotDependOnWhatWasMeasuredBefore) {
-  Data data(600, 0);
-  data[299] = 0x7F;  // met only by streams of odd phase
-  data[451] = 0x7F;
-  for (const std::uint8_t type : {0x85, 0x88}) {
-    PictureDecoder warm(data);
-    for (const Offset at : {200, 100, 101, 0, 1, 300, 301, 2, 299, 451, 599, 102})
-      EXPECT_EQ(warm.SizeP(4, 2, BitsOfType(type), at, type), Size(data, 4, 2, type, at)) << at;
-  }
-}
-
-// Random codes with gaps of empty runs, each stream measured twice: by a fresh decoder, and by one that
-// has met all streams before.
-TEST(PictureSize, OfOverlappingStreamsIsThatOfEachAlone) {
   std::minstd_rand random(7);
-  Data data(60000);
-  for (std::uint8_t& b : data)
-    b = static_cast<std::uint8_t>(random() % 3 == 0 ? random() : random() % 2 * 0x80);
-  for (const std::uint8_t type : {0x81, 0x85, 0x87, 0x88}) {
-    PictureDecoder warm(data);
-    for (int round = 0; round < 2; ++round)
-      for (Offset at = 0; at < 60000; at += 61) {
-        const int width = static_cast<int>(at % 255), height = 1 + static_cast<int>(at % 254);
+  for (const std::uint8_t type : {0x81, 0x85, 0x87, 0x88})
+    for (const unsigned gap : {3, 200}) {
+      Data data(30000, type == 0x81 ? 0x80 : 0x00);
+      for (std::uint8_t& b : data)
+        if (random() % gap == 0) b = static_cast<std::uint8_t>(random());
+      PictureDecoder warm(data);
+      for (Offset i = 0; i < 1000; ++i) {
+        const Offset at = i * 7919 % 500 * 60;
+        const int width = static_cast<int>(i % 255), height = 1 + static_cast<int>(i % 254);
         EXPECT_EQ(warm.SizeP(width, height, BitsOfType(type), at, type), Size(data, width, height, type, at))
             << at;
       }
-  }
+    }
 }
 
 TEST(ShowP, DrawsEveryPlainDepth) {
@@ -127,11 +110,10 @@ TEST(ShowP, DrawsStreamsOverRowEnds) {
 }
 
 TEST(ShowP, LeavesOutWhatTheImageDoesNotHold) {
-  EXPECT_EQ(Draw({0xFF, 0x00}, Make(3, 1, 5)), (std::vector<Colour>{0xEBEBD0, 0x51195F, none}));
   EXPECT_EQ(Draw({0x00, 0xF8, 0x00}, Make(2, 1, 8)), (std::vector<Colour>{0xFF0000, none}));
   EXPECT_EQ(Draw({0x01, 0xFF, 0x05}, Make(2, 1, 0x85)), (std::vector<Colour>{0xEBEBD0, none}));
   for (const std::uint8_t type : {0x01, 0x81, 0x05, 0x85, 0x88})
-    for (const Offset at : {-5, 1, 1000}) EXPECT_EQ(Draw({0xFF}, Make(1, 1, type, at)), std::vector{none});
+    for (const int at : {-5, 1, 1000}) EXPECT_EQ(Draw({0xFF}, Make(1, 1, type, at)), std::vector{none});
 }
 
 TEST(BmpFile, IsBottomUpWithAGreenKey) {

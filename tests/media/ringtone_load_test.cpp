@@ -5,7 +5,7 @@
 #include <random>
 
 #include "core/file.h"
-#include "demo/image_builder.h"
+#include "images.h"
 #include "media/melody.h"
 #include "media/ringtone_files.h"
 #include "media/ringtone_search.h"
@@ -14,7 +14,6 @@
 namespace tarvelo {
 namespace {
 
-using Buffer = std::vector<std::uint8_t>;
 using Tones = std::vector<Tone>;
 using Reason = RefusedRingtone::Reason;
 
@@ -22,7 +21,7 @@ constexpr std::size_t imageSize = 0x4000;
 constexpr std::size_t firstMelody = 0x400;
 enum Number : std::size_t { whole, tail, toTheEnd, midi, wave, outside };
 
-Buffer Records(const Tones& tones) {
+Data Records(const Tones& tones) {
   ImageBuilder builder(4 * tones.size());
   std::size_t p = 0;
   for (const Tone& tone : tones) p = builder.Word(builder.Word(p, tone.frequency), tone.duration);
@@ -37,7 +36,7 @@ Tones Scale(std::size_t count, std::uint16_t first = 400) {
 
 // A melody of ten notes, another that is its last six, one up to the end of the image, a MIDI and a WAVE
 // file, and a melody behind the image.
-Buffer TestImage() {
+Data TestImage() {
   ImageBuilder image(imageSize);
   image.Data(firstMelody, Records(Scale(10)));
   image.Data(firstMelody + 40, Records({{0xFFFD, 7}}));
@@ -46,15 +45,11 @@ Buffer TestImage() {
   image.Data(0x900, MelodyWave(Scale(3)));
   image.Pointer(0x300, 0x600);
   image.Pointer(0x304, 0x900);
-  const std::size_t targets[] = {firstMelody, firstMelody + 16, imageSize - 20, 0x300, 0x304};
-  const std::uint16_t kinds[] = {0, 0, 0, 6, 7, 0};
-  for (std::size_t n = 0; n < 6; ++n) {
-    image.Word(image.Word(0x100 + 8 * n, static_cast<std::uint16_t>(n)), kinds[n]);
-    if (n < 5)
-      image.Pointer(0x104 + 8 * n, targets[n]);
-    else
-      image.DWord(0x104 + 8 * n, 0x03FFFFFF);
-  }
+  const std::size_t targets[] = {firstMelody, firstMelody + 16, imageSize - 20, 0x300, 0x304, 0};
+  const std::uint8_t kinds[] = {0, 0, 0, 6, 7, 0};
+  std::size_t at = 0x100;
+  for (std::uint8_t n = 0; n < 6; ++n) at = PutRingtone(image, at, n, kinds[n], targets[n]);
+  image.DWord(0x104 + 8 * outside, 0x03FFFFFF);
   return std::move(image).Take();
 }
 
@@ -62,10 +57,7 @@ class LoadedRingtones : public testing::Test {
  protected:
   LoadedRingtones() { Find(); }
 
-  void Find() {
-    NoProgress progress;
-    list = GetRingtones(image, progress).ringtones;
-  }
+  void Find() { list = GetRingtones(image, noProgress).ringtones; }
 
   // Loads a file and looks for ringtones again. Returns whether it was accepted.
   template <typename Contents>
@@ -82,7 +74,7 @@ class LoadedRingtones : public testing::Test {
   }
 
   [[nodiscard]] Tones Melody(std::size_t number) const { return DecodeMelody(image.ff(), list[number].data); }
-  [[nodiscard]] Buffer BytesOf(std::size_t number) const {
+  [[nodiscard]] Data BytesOf(std::size_t number) const {
     const Bytes bytes = image.Region(list[number].data, list[number].size);
     return {bytes.begin(), bytes.end()};
   }
@@ -92,13 +84,6 @@ class LoadedRingtones : public testing::Test {
   ImageEdits edits;
   std::vector<Ringtone> list;
 };
-
-TEST_F(LoadedRingtones, TestImageIsAsItIsMeant) {
-  ASSERT_EQ(list.size(), 6u);
-  const Offset sizes[] = {40, 24, 20, std::ssize(MelodyMidi(Scale(8))), std::ssize(MelodyWave(Scale(3))), 0};
-  for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(list[i].size, sizes[i]) << i;
-  EXPECT_GT(list[outside].data, std::ssize(image.ff()));
-}
 
 TEST_F(LoadedRingtones, MelodiesAreReadBack) {
   std::mt19937 random(20);
@@ -110,7 +95,7 @@ TEST_F(LoadedRingtones, MelodiesAreReadBack) {
       tone = {static_cast<std::uint16_t>(random() % 0xFFFC),
               static_cast<std::uint16_t>(1 + random() % 0xFFFF)};
     if (round % 3 == 0) melody.back() = {0xFFFA, 0};
-    Buffer file = Records(melody);
+    Data file = Records(melody);
     if (round % 2 == 0) file.insert(file.end(), {0xFC, 0xFF, 0, 0});  // its own end record
     ASSERT_EQ(Load(number, file), std::nullopt);
     EXPECT_EQ(Melody(number), melody);
@@ -135,50 +120,46 @@ TEST_F(LoadedRingtones, ShorterMelodiesEndAsTheOldOneDid) {
 }
 
 TEST_F(LoadedRingtones, FilesThatDoNotFitAreRefused) {
-  struct Case {
-    std::size_t number;
-    Buffer file;
-    std::optional<Reason> reason;
-  };
-  Buffer ended = Records(Scale(8));
+  Data ended = Records(Scale(8));
   ended[14] = ended[15] = 0;
-  const Buffer longMidi = MelodyMidi(Scale(9)), shortMidi = MelodyMidi(Scale(2));
-  Buffer cutMidi = shortMidi, otherRiff = MelodyWave(Scale(2));
+  const Data longMidi = MelodyMidi(Scale(9)), shortMidi = MelodyMidi(Scale(2));
+  Data cutMidi = shortMidi, otherRiff = MelodyWave(Scale(2));
   cutMidi.pop_back();
-  Buffer cutWave = otherRiff;
+  Data cutWave = otherRiff;
   cutWave.pop_back();
   otherRiff[8] = 'X';
-  const Case cases[] = {
-      {whole, {}, Reason::Damaged},
-      {whole, Records(Scale(11)), Reason::TooLong},
-      {whole, Records(Scale(12)), Reason::TooLong},
-      {whole, Buffer(1, 7), Reason::OddSize},
-      {whole, Buffer(39, 7), Reason::OddSize},
-      {whole, Buffer(std::size_t{1} << 20, 7), Reason::TooLong},
-      {whole, ended, Reason::EndsEarly},
-      {whole, shortMidi, Reason::OtherKind},
-      {whole, otherRiff, Reason::OtherKind},
-      {outside, Records(Scale(1)), Reason::TooLong},
-      {outside, {}, {}},
-      {outside, Records({{0xFFFC, 0}}), {}},
-      {midi, {}, Reason::Damaged},
-      {midi, {'M'}, Reason::OtherKind},
-      {midi, {'M', 'T', 'h', 'd'}, Reason::Damaged},
-      {midi, MelodyWave(Scale(1)), Reason::OtherKind},
-      {midi, longMidi, Reason::TooLong},
-      {midi, cutMidi, Reason::Damaged},
-      {midi, shortMidi, {}},
-      {wave, Records(Scale(4)), Reason::OtherKind},
-      {wave, MelodyWave(Scale(4)), Reason::TooLong},
-      {wave, cutWave, Reason::Damaged},
-      {wave, otherRiff, Reason::OtherKind},
-      {wave, MelodyWave(Scale(2)), {}},
+  const struct {
+    const char* what;
+    std::size_t number;
+    Data file;
+    std::optional<Reason> reason;
+  } cases[] = {
+      {"no melody", whole, {}, Reason::Damaged},
+      {"a note too many", whole, Records(Scale(11)), Reason::TooLong},
+      {"two notes too many", whole, Records(Scale(12)), Reason::TooLong},
+      {"a cut note", whole, Data(39, 7), Reason::OddSize},
+      {"a long file", whole, Data(std::size_t{1} << 20, 7), Reason::TooLong},
+      {"notes behind the end", whole, ended, Reason::EndsEarly},
+      {"MIDI for a melody", whole, shortMidi, Reason::OtherKind},
+      {"RIFF for a melody", whole, otherRiff, Reason::OtherKind},
+      {"a note where none has room", outside, Records(Scale(1)), Reason::TooLong},
+      {"nothing for nothing", outside, {}, {}},
+      {"an end for nothing", outside, Records({{0xFFFC, 0}}), {}},
+      {"one byte", midi, {'M'}, Reason::OtherKind},
+      {"a name alone", midi, {'M', 'T', 'h', 'd'}, Reason::Damaged},
+      {"WAVE for MIDI", midi, MelodyWave(Scale(1)), Reason::OtherKind},
+      {"long MIDI", midi, longMidi, Reason::TooLong},
+      {"cut MIDI", midi, cutMidi, Reason::Damaged},
+      {"short MIDI", midi, shortMidi, {}},
+      {"long WAVE", wave, MelodyWave(Scale(4)), Reason::TooLong},
+      {"cut WAVE", wave, cutWave, Reason::Damaged},
+      {"another RIFF", wave, otherRiff, Reason::OtherKind},
+      {"short WAVE", wave, MelodyWave(Scale(2)), {}},
   };
-  for (const Case& c : cases) {
-    const std::size_t at = static_cast<std::size_t>(&c - cases);
-    EXPECT_EQ(Load(c.number, c.file), c.reason) << at;
-    if (c.reason || c.number == outside) continue;
-    EXPECT_EQ(BytesOf(c.number), c.file) << at;
+  for (const auto& [what, number, file, reason] : cases) {
+    EXPECT_EQ(Load(number, file), reason) << what;
+    if (reason || number == outside) continue;
+    EXPECT_EQ(BytesOf(number), file) << what;
   }
   EXPECT_THROW((void)LoadRingtone(image, list[0], folder / "missing"), FileError);
   EXPECT_THROW((void)LoadRingtone(image, list[0], folder.Path()), FileError);
@@ -186,12 +167,12 @@ TEST_F(LoadedRingtones, FilesThatDoNotFitAreRefused) {
 
 // The second track is stated, but not there: the one that stands in the old file would take its place.
 TEST_F(LoadedRingtones, FilesDoNotGoOnInTheOldOne) {
-  Buffer file = MelodyMidi(Scale(2));
+  Data file = MelodyMidi(Scale(2));
   file[11] = 2;
   ASSERT_EQ(Load(midi, file), std::nullopt);
   edits.Undo(image);
   const Offset behind = list[midi].data + std::ssize(file);
-  image.Write(behind, Buffer{'M', 'T', 'r', 'k', 0, 0, 0, 1, 0});
+  image.Write(behind, Data{'M', 'T', 'r', 'k', 0, 0, 0, 1, 0});
   EXPECT_EQ(Load(midi, file), Reason::Damaged);
 }
 
@@ -200,7 +181,7 @@ TEST_F(LoadedRingtones, DamagedFilesAreRefusedOrReadBack) {
   int accepted = 0;
   for (int round = 0; round < 2000; ++round) {
     const std::size_t number = round % 2 == 0 ? midi : wave;
-    Buffer file = number == midi ? MelodyMidi(Scale(1 + random() % 8)) : MelodyWave(Scale(1 + random() % 3));
+    Data file = number == midi ? MelodyMidi(Scale(1 + random() % 8)) : MelodyWave(Scale(1 + random() % 3));
     for (std::size_t i = random() % 3; i > 0; --i)
       file[random() % std::min<std::size_t>(file.size(), 24)] = static_cast<std::uint8_t>(random());
     file.resize(file.size() - std::min<std::size_t>(file.size(), random() % 4));

@@ -1,28 +1,19 @@
 // The scans for tables and headers beside their plain definitions: every second position, one rule after
 // the other, with every kind of vector that this machine has.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <random>
 
-#include "core/vector_scan.h"
+#include "images.h"
 #include "media/picture_search.h"
 #include "media/ringtone_search.h"
+#include "on_each_unit.h"
 
 namespace tarvelo {
 namespace {
 
-using Data = std::vector<std::uint8_t>;
-
-class ScanOracle : public testing::TestWithParam<VectorUnit> {
- protected:
-  void SetUp() override { LimitVectorUnit(GetParam()); }
-  void TearDown() override { LimitVectorUnit(VectorUnit::Avx2); }
-};
-
-INSTANTIATE_TEST_SUITE_P(Units, ScanOracle,
-                         testing::Values(VectorUnit::None, VectorUnit::Sse2, VectorUnit::Avx2));
+class ScanOracle : public OnEachUnit {};
+INSTANTIATE_TEST_SUITE_P(Units, ScanOracle, eachUnit);
 
 Offset PlainPictureTable(const Fullflash& image, Offset from) {
   const auto byte = [&](Offset p) { return image.Byte(p); };
@@ -79,9 +70,8 @@ TEST_P(ScanOracle, FindsPictures) {
   std::mt19937 random(5);
   std::size_t tables = 0, outside = 0;
   for (int round = 0; round < 1500; ++round) {
-    const Fullflash image{Bytes(RandomImage(random, 2 + random() % 3000, start))};
-    NoProgress progress;
-    const PictureList list = GetP(image, progress);
+    const Fullflash image(RandomImage(random, 2 + random() % 3000, start));
+    const PictureList list = GetP(image, noProgress);
     const Offset first = PlainPictureTable(image, 0);
     ASSERT_EQ(list.tables.empty() ? -1 : list.tables[0], first) << round;
     if (first < 0) continue;
@@ -108,9 +98,8 @@ TEST_P(ScanOracle, FindsRingtones) {
   std::mt19937 random(6);
   std::size_t tables = 0;
   for (int round = 0; round < 1500; ++round) {
-    const Fullflash image{Bytes(RandomImage(random, 2 + random() % 2000, start))};
-    NoProgress progress;
-    const RingtoneList list = GetRingtones(image, progress);
+    const Fullflash image(RandomImage(random, 2 + random() % 2000, start));
+    const RingtoneList list = GetRingtones(image, noProgress);
     ASSERT_EQ(list.table.value_or(-1), PlainRingtoneTable(image)) << round;
     tables += list.table.has_value();
   }
@@ -124,9 +113,8 @@ TEST_P(ScanOracle, FindsPicturesOfLargeImages) {
     Data bytes(0x1000001 + random() % 300, 0x34);
     const Data end = RandomImage(random, 3000, start);
     std::ranges::copy(end, bytes.end() - 3000);
-    const Fullflash image{Bytes(bytes)};
-    NoProgress progress;
-    const PictureList list = GetP(image, progress);
+    const Fullflash image(bytes);
+    const PictureList list = GetP(image, noProgress);
     ASSERT_EQ(list.tables.empty() ? -1 : list.tables[0], PlainPictureTable(image, 0xFFE000)) << round;
   }
 }

@@ -5,9 +5,7 @@
 namespace tarvelo {
 namespace {
 
-const std::string stars =
-    "****************************************"
-    "****************************************";
+const std::string stars(80, '*');
 
 TEST(PatchBlock, HasTheNameAboveAndAsterisksBelow) {
   EXPECT_EQ(PatchBlock("Block 71", "1A: 00 FF\n1C: 00 FF"),

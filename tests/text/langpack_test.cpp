@@ -4,8 +4,6 @@
 
 #include <stdexcept>
 
-#include "text/decoders.h"
-
 namespace tarvelo {
 namespace {
 
@@ -29,13 +27,6 @@ TEST(EncodeLangpack, HasNoPlaceForSomeCharacters) {
 TEST(EncodeLangpack, HoldsThreeHundredBytes) {
   EXPECT_EQ(EncodeLangpack(std::u16string(299, u'A')).size(), 300u);
   EXPECT_THROW((void)EncodeLangpack(std::u16string(300, u'A')), std::overflow_error);
-}
-
-TEST(EncodeLangpack, ComesBackFromTheDecoderWithItsTags) {
-  Data bytes = EncodeLangpack(u"No \u041D\u0435\u0442 \u038C\u03C7\u03B9");
-  bytes.push_back(0);
-  Offset offset = 0;
-  EXPECT_EQ(MessageHard(bytes, offset), u"<95>No <9B>\u041D\u0435\u0442<95> <9A>\u038C\u03C7\u03B9");
 }
 
 }  // namespace

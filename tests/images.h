@@ -1,0 +1,50 @@
+// Images for tests, what firmware puts into them, and what every scan of one is given.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/fullflash.h"
+#include "core/progress.h"
+#include "demo/image_builder.h"
+
+namespace tarvelo {
+
+using Data = std::vector<std::uint8_t>;
+
+inline NoProgress noProgress;
+
+inline Fullflash ImageOf(ImageBuilder builder) { return Fullflash(Bytes(std::move(builder).Take())); }
+
+// A firmware header at the first place where one is looked for: version 24.
+inline void PutHeader(ImageBuilder& image, std::string_view model) {
+  const std::size_t signature = image.PageMode() ? 0x7FF80 : 0x8FC80;
+  const std::size_t header = signature & ~std::size_t{0xFF};
+  image.Byte(header + 0x50, 0x24);
+  image.Text(header + 0x60, "FD-02");
+  image.Text(header + 0x70, model);
+  image.Text(signature, "SIEMENS");
+}
+
+// The header of an EEPROM block, whose V is 0.
+inline void PutBlock(ImageBuilder& image, std::size_t header, std::uint8_t state, std::uint16_t number,
+                     std::size_t data, std::uint16_t size) {
+  image.Word(image.Byte(image.Byte(header, state), 0), size);
+  image.Word(image.DWord(header + 4, image.Address(data)), number);
+  image.Byte(header + 11, state);
+}
+
+// An entry of a picture table, or a header outside; returns where the next one begins.
+inline std::size_t PutPicture(ImageBuilder& image, std::size_t at, std::uint8_t width, std::uint8_t height,
+                              std::uint8_t type, std::size_t data) {
+  return image.Pointer(image.Data(at, Data{width, height, type, 0}), data);
+}
+
+// An entry of a ringtone table; returns where the next one begins.
+inline std::size_t PutRingtone(ImageBuilder& image, std::size_t at, std::uint8_t number, std::uint8_t kind,
+                               std::size_t target) {
+  return image.Pointer(image.Data(at, Data{number, 0, kind, 0}), target);
+}
+
+}  // namespace tarvelo
