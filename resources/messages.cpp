@@ -56,6 +56,8 @@ std::string_view Messages::Msg(int n) const {
   return found == table.end() ? std::string_view{} : found->second;
 }
 
+std::string Messages::Label(int n) const { return std::string(Msg(n)).append(Msg(473)); }
+
 std::string Messages::MsgS(int n, std::string_view argument) const {
   constexpr std::string_view mark = "%s";
   std::string result;

@@ -23,6 +23,9 @@ class Messages {
   // Message n with every "%s" replaced by the argument in double quote characters.
   [[nodiscard]] std::string MsgS(int n, std::string_view argument) const;
 
+  // Message n as a label in front of something: with the colon as the language writes it.
+  [[nodiscard]] std::string Label(int n) const;
+
   [[nodiscard]] const Language& Current() const { return *language_; }
   // 1000 x the language's number: the identifier of message n is LangBase() + n.
   [[nodiscard]] int LangBase() const { return 1000 * language_->number; }

@@ -75,6 +75,7 @@ BlockView::BlockView(Main& main, const BlockStore& store, const Descriptions& de
   SetMinSize(FromDIP(wxSize(480, 360)));
   SetSize(FromDIP(wxSize(940, 600)));
   SetEscapeId(wxID_CLOSE);
+  SetIcons(main.GetIcons());
   Bind();
   Recaption();
   CentreOnParent();
@@ -162,11 +163,14 @@ wxString BlockView::Msg(int n) const { return Wx(main_.Texts().Msg(n)); }
 
 void BlockView::Recaption() {
   for (std::size_t i = 0; i < facts; ++i)
-    labels_[i]->SetLabelText((factMessages[i] ? Msg(factMessages[i]) : wxString("V")) + ":");
-  generationsLabel_->SetLabelText(Msg(256) + ":");
+    labels_[i]->SetLabelText((factMessages[i] ? Msg(factMessages[i]) : wxString("V")) + Msg(473));
+  generationsLabel_->SetLabelText(Wx(main_.Texts().Label(256)));
   for (unsigned i = 0; i < std::size(generationColumns); ++i) {
-    const int message = generationColumns[i].message;
-    generations_->GetColumn(i)->SetTitle(message ? Msg(message) : wxString("V"));
+    const auto& [message, width] = generationColumns[i];
+    const wxString title = message ? Msg(message) : wxString("V");
+    generations_->GetColumn(i)->SetTitle(title);
+    generations_->GetColumn(i)->SetWidth(
+        std::max(FromDIP(width), generations_->GetTextExtent(title).x + FromDIP(24)));
   }
   platform::SetAccessibleName(*generations_, Msg(256));
   platform::SetAccessibleName(*dump_, Msg(273));
@@ -273,7 +277,7 @@ void BlockView::ShowDump() {
 
 void BlockView::ShowReadings() {
   const std::size_t position = report_.data.position + start_;
-  readingsLabel_->SetLabelText(Msg(259) + ": " + Msg(262) + " " +
+  readingsLabel_->SetLabelText(Wx(main_.Texts().Label(259)) + " " + Msg(262) + " " +
                                HexText(static_cast<std::int64_t>(position), 4));
   readings_->DeleteAllItems();
   for (const BlockReading& reading : ReadAsText(report_.data.bytes, start_)) {

@@ -133,9 +133,10 @@ void Calc166::Recaption(const Messages& messages) {
   FitFields();
 }
 
-// As small as the fields and their labels allow.
+// As small as the fields, their labels and the title with the buttons beside it allow.
 void Calc166::FitFields() {
-  fields_[0].text->GetParent()->GetSizer()->SetSizeHints(fields_[0].text->GetParent());
+  wxWindow& sheet = *fields_[0].text->GetParent();
+  sheet.SetMinSize(wxSize(GetTextExtent(GetTitle()).x + FromDIP(160), -1));
   GetSizer()->SetSizeHints(this);
 }
 

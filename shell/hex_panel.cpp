@@ -117,13 +117,13 @@ void HexPanel::Save() {
 }
 
 void HexPanel::Recaption(const Messages& messages) {
-  caption_->SetLabel(Wx(messages.Msg(230)) + ":");
+  caption_->SetLabel(Wx(messages.Label(230)));
   const wxString hint = Wx(messages.Msg(231));
   place_->SetHint(hint);
   place_->SetToolTip(hint);
   platform::SetAccessibleName(*place_, hint);
   const int needed = place_->GetTextExtent(hint).x + window_->FromDIP(24);
-  place_->SetMinSize(wxSize(std::min(needed, window_->FromDIP(320)), -1));
+  place_->SetMinSize(wxSize(std::min(needed, window_->FromDIP(380)), -1));
   platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Traits().name)));
   platform::SetAccessibleName(*kind_, Wx(messages.Msg(230)));
   const int kind = std::max(0, kind_->GetSelection());
@@ -172,8 +172,8 @@ std::string HexPanel::InformationText() const {
   if (!canvas_->HasImage()) return {};
   const Messages& texts = main_.Texts();
   const ByteRange range = canvas_->Selection();
-  std::string text = std::string(texts.Msg(262)) + ": " + OffsetText(Image(), range.start);
-  text.append("    ").append(texts.Msg(254)) += ": " + AddressText(Image(), range.start);
+  std::string text = texts.Label(262) + " " + OffsetText(Image(), range.start);
+  text.append("    ").append(texts.Label(254)) += " " + AddressText(Image(), range.start);
   if (range.size > 0) text.append("    ").append(texts.Msg(264)) += std::to_string(range.size);
   return text + "    " + Reading(Image(), range.start);
 }

@@ -139,8 +139,7 @@ const Table::Row& ListView::Row(std::size_t row) const {
 
 void ListView::SetCaptions(std::vector<std::string> captions) {
   table_.captions = std::move(captions);
-  AddColumns();
-  ShowSortMark();
+  FitColumns();
 }
 
 void ListView::Reword(TableRows rows) {
@@ -155,22 +154,26 @@ void ListView::ShowRows(std::size_t count) {
   filter_.clear();
   filterLine_->ChangeValue(wxString());
   sortColumn_.reset();
-  AddColumns();
+  FitColumns();
   Arrange();
 }
 
 // As wide as the texts of the first rows; figures are padded to the same width in all of them.
-void ListView::AddColumns() {
-  control_->ClearColumns();
+void ListView::FitColumns() {
+  if (control_->GetColumnCount() != table_.captions.size()) control_->ClearColumns();
   const int character = control_->GetTextExtent("0").x;
   const std::size_t measured = std::min(count_, rowsMeasured);
   for (unsigned i = 0; i < table_.captions.size(); ++i) {
     std::size_t longest = WidthOf(table_.captions[i]) + 2;  // room for the mark of the sorting
     for (std::size_t row = 0; row < measured; ++row) longest = std::max(longest, WidthOf(Row(row).cells[i]));
     const int width = std::min(static_cast<int>(longest), widestColumn) * character + FromDIP(14);
-    control_->AppendTextColumn(Wx(table_.captions[i]), i, wxDATAVIEW_CELL_INERT, width, wxALIGN_LEFT,
-                               wxDATAVIEW_COL_RESIZABLE);
+    if (i == control_->GetColumnCount())
+      control_->AppendTextColumn(wxString(), i, wxDATAVIEW_CELL_INERT, width, wxALIGN_LEFT,
+                                 wxDATAVIEW_COL_RESIZABLE);
+    else
+      control_->GetColumn(i)->SetWidth(width);
   }
+  ShowCaptions();
 }
 
 bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::optional<unsigned> column) const {
@@ -267,7 +270,7 @@ void ListView::SortBy(unsigned column) {
   descending_ = sortColumn_ == column && !descending_;
   sortColumn_ = column;
   Arrange();
-  ShowSortMark();
+  ShowCaptions();
 }
 
 int ListView::BestColumnsWidth() const {
@@ -276,7 +279,7 @@ int ListView::BestColumnsWidth() const {
   return width;
 }
 
-void ListView::ShowSortMark() {
+void ListView::ShowCaptions() {
   for (unsigned i = 0; i < control_->GetColumnCount(); ++i) {
     const wxString mark =
         sortColumn_ == i ? wxString::FromUTF8(descending_ ? " \u25BE" : " \u25B4") : wxString();

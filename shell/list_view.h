@@ -78,11 +78,11 @@ class ListView final : public wxPanel {
   class Model;
 
   void ShowRows(std::size_t count);
-  void AddColumns();
+  void FitColumns();
   void Arrange();
   [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,
                               std::optional<unsigned> column = {}) const;
-  void ShowSortMark();
+  void ShowCaptions();
 
   Table table_;
   std::size_t count_ = 0;

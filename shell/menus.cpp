@@ -6,6 +6,7 @@
 #include "resources/messages.h"
 #include "shell/mnemonics.h"
 #include "shell/panel_commands.h"
+#include "shell/platform/shortcuts.h"
 #include "shell/recent_files.h"
 #include "shell/strings.h"
 
@@ -102,6 +103,7 @@ void Menus::ShowPanelMenu(const PanelCommands* commands, int title, const Messag
     std::unique_ptr<wxMenu> menu = commands->MakeMenu(messages);
     commands->Update(*menu, true);
     bar_->Insert(panelMenuPosition, menu.release(), unnamed);
+    platform::ShortcutsChanged(*bar_->GetFrame());
   }
   Retitle(messages);
 }

@@ -158,7 +158,7 @@ void RingtonesPanel::ShowRingtone(std::size_t row) {
 
 void RingtonesPanel::ShowFile(const Ringtone& ringtone) {
   wxString text = ringtone.form == RingtoneForm::Midi ? "MIDI" : "WAVE";
-  text << "\n" << Wx(main_.Texts().Msg(261)) << ": " << ringtone.size;
+  text << "\n" << Wx(main_.Texts().Label(261)) << " " << ringtone.size;
   if (ringtone.time > 0) text << wxString::Format("\n%.1f s", static_cast<double>(ringtone.time) / 1000);
   roll_->ShowText(text);
 }

@@ -122,7 +122,7 @@ void StatusBar::FitPanels() {
   widths[1] = -2;
   for (int number = firstFigure; number <= panels && help_.empty(); ++number) {
     const int text = GetTextExtent(Panel(number)).x;
-    widths[number - 1] = std::max(FromDIP(24), text + FromDIP(14));
+    widths[number - 1] = std::max(FromDIP(18), text + FromDIP(14));
   }
   widths[panels - 1] += FromDIP(16);  // the size grip lies over the last one
   SetStatusWidths(panels, widths);

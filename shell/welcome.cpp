@@ -7,6 +7,7 @@
 #include <wx/stattext.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "core/file.h"
@@ -44,6 +45,14 @@ std::filesystem::path WriteInto(const std::filesystem::path& folder, Bytes image
   throw FileError(FileError::Kind::CantWrite, folder, "too many demonstrations", FileError::Purpose::Write);
 }
 
+// The system's, where it can be told from the ground.
+wxColour LinkColour() {
+  const wxColour link = wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT);
+  const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+  const bool isLegible = std::abs(link.GetLuminance() - ground.GetLuminance()) > 0.25;
+  return isLegible ? link : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
+}
+
 }  // namespace
 
 Welcome::Welcome(wxWindow* parent, Main& main)
@@ -59,7 +68,7 @@ Welcome::Welcome(wxWindow* parent, Main& main)
   recentTitle_ = new wxStaticText(this, wxID_ANY, wxString());
   for (std::size_t i = 0; i < recent_.size(); ++i) {
     recent_[i] = AddButton(File1 + static_cast<int>(i), wxBORDER_NONE);
-    recent_[i]->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT));
+    recent_[i]->SetForegroundColour(LinkColour());
   }
   demonstration_ = AddButton(MenuNone);
   demonstration_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
@@ -67,6 +76,17 @@ Welcome::Welcome(wxWindow* parent, Main& main)
   });
   help_ = AddButton(Help);
   Layout(*title);
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    ShowHint();
+  });
+}
+
+// In as many lines as the width needs.
+void Welcome::ShowHint() {
+  const int width = GetClientSize().x - FromDIP(16);
+  if (hint_->GetLabelText() != hintText_) hint_->SetLabelText(hintText_);
+  if (width > 0) hint_->Wrap(width);
 }
 
 wxButton* Welcome::AddButton(int command, long style) {
@@ -98,7 +118,8 @@ void Welcome::Layout(wxWindow& title) {
 
 void Welcome::Recaption(const Messages& messages) {
   const auto text = [&messages](int n) { return Wx(messages.Msg(n)); };
-  hint_->SetLabelText(text(218));
+  hintText_ = text(218);
+  ShowHint();
   recentTitle_->SetLabelText(text(316));
   open_->SetLabelText(text(134));
   demonstration_->SetLabelText(text(315));

@@ -29,11 +29,13 @@ class Welcome final : public wxScrolledWindow {
 
  private:
   void Layout(wxWindow& title);
+  void ShowHint();
   // A button that runs a command of MenuId.
   wxButton* AddButton(int command, long style = 0);
 
   Main& main_;
   wxStaticText* hint_;
+  wxString hintText_;
   wxButton* open_;
   wxStaticText* recentTitle_;
   std::array<wxButton*, RecentFiles::count> recent_;

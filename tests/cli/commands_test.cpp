@@ -226,9 +226,20 @@ TEST_F(CommandLine, TooManyBlocksAreAFault) {
   ExpectDiagnosis(Call({"export", "eeprom", full}), scanFault, full);
 }
 
+// The parser has meanings of its own for them.
+TEST_F(CommandLine, WordsStandAsTheyAre) {
+  for (const std::string name : {"[a]", "[a,b]", "[]", "{}", "%%", "++"})
+    ExpectDiagnosis(Call({"info", name}), fileTrouble, ": " + name + ":");
+  ExpectDiagnosis(Call({"info", "--json", dump, "++"}), fileTrouble, "++");
+  EXPECT_EQ(Call({"encode", "++"}).out, "952B2B\n");
+  EXPECT_EQ(Call({"export", "pictures", Demo(), "--number", "99999999999"}).status, nothingFound);
+}
+
 TEST_F(CommandLine, WrongArgumentsEndWithTwoAndOneLine) {
-  std::vector<std::vector<std::string>> calls{
-      {"no\nsense"}, {"find", dump, ""}, {"info", "--jobs", "", dump}};
+  std::vector<std::vector<std::string>> calls{{"no\nsense"},
+                                              {"find", dump, ""},
+                                              {"info", "--jobs", "", dump},
+                                              {"export", "ringtones", dump, "--number", ""}};
   for (const char* line : {"",
                            "nonsense",
                            "info",

@@ -1,5 +1,8 @@
 // Files that cannot be written or read: every way to save, with every fault.
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 #include "cli/call.h"
 #include "core/file.h"
@@ -183,8 +186,10 @@ TEST(ReplaceFile, KeepsRightsAndLeavesDevicesAlone) {
   fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
   ReplaceFile(file, "new");
   EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-  EXPECT_THROW(ReplaceFile("/dev/null", "x"), FileError);
-  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+  const auto pipe = folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_THROW(ReplaceFile(pipe, "x"), FileError);
+  EXPECT_TRUE(fs::is_fifo(pipe));
 }
 #endif
 

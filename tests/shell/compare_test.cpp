@@ -60,6 +60,12 @@ TEST_F(CompareDesk, ListsWhatDiffersAndWhatLiesThere) {
   const std::string second = RowOf(List(), 1);
   EXPECT_EQ(second.substr(15, 8), "\t     4\t");
   EXPECT_TRUE(second.ends_with("\tEEPROM 5076\n")) << second;
+
+  List().Select(1);
+  main->ApplyLang(*FindLanguage("DE"));
+  EXPECT_EQ(List().Selected(), 1u);
+  EXPECT_EQ(List().GetTable().captions[3], "Alt");
+  EXPECT_TRUE(RowOf(List(), 0).ends_with("\tunbeschrieben\n")) << RowOf(List(), 0);
 }
 
 TEST_F(CompareDesk, ComparesWhatBothDumpsHave) {

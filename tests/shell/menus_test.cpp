@@ -1,9 +1,9 @@
 #include <wx/font.h>
 
 #include <map>
+#include <set>
 
 #include "shell/desk.h"
-#include "shell/menu_help.h"
 #include "shell/mnemonics.h"
 #include "text/unicode.h"
 
@@ -25,31 +25,35 @@ void CheckLabels(const std::vector<wxString>& labels) {
   }
 }
 
-// The entries of a menu and its submenus: their labels, and that each says what it does.
-void CheckMenu(const wxMenu& menu) {
+// The entries of a menu and its submenus: their labels, that no shortcut is used twice in the whole bar, and
+// that each says what it does.
+void CheckMenu(const wxMenu& menu, std::set<wxString>& shortcuts) {
   std::vector<wxString> labels;
   for (const wxMenuItem* item : menu.GetMenuItems()) {
     if (item->IsSeparator()) continue;
     labels.push_back(item->GetItemLabel());
+    const wxString shortcut = item->GetItemLabel().AfterFirst('\t');
+    EXPECT_TRUE(shortcut.empty() || shortcuts.insert(shortcut).second) << Utf8(labels.back());
     EXPECT_FALSE(item->GetHelp().empty()) << Utf8(labels.back());
-    if (item->IsSubMenu()) CheckMenu(*item->GetSubMenu());
+    if (item->IsSubMenu()) CheckMenu(*item->GetSubMenu(), shortcuts);
   }
   CheckLabels(labels);
 }
 
 TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
   main->OpenF(WriteDump("dump.bin"));
-  for (int panel = Info; panel <= PatchMenu; ++panel) {
-    if (!Enabled(panel)) continue;
-    Choose(panel);
+  for (const MenuEntry& panel : PanelEntries()) {
+    if (panel.id == MenuNone || !Enabled(panel.id)) continue;
+    Choose(panel.id);
     for (const Language& language : Languages()) {
       main->ApplyLang(language);
       SCOPED_TRACE(std::string(language.code) + ": " + Title());
       const wxMenuBar& bar = *main->GetMenuBar();
       std::vector<wxString> titles;
+      std::set<wxString> shortcuts;
       for (std::size_t menu = 0; menu < bar.GetMenuCount(); ++menu) {
         titles.push_back(bar.GetMenuLabel(menu));
-        CheckMenu(*bar.GetMenu(menu));
+        CheckMenu(*bar.GetMenu(menu), shortcuts);
       }
       CheckLabels(titles);
       EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(134));
@@ -58,11 +62,12 @@ TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
 }
 
 TEST_F(Desk, ExcusesOnlyWhatCannotBeDone) {
+  constexpr int notBuilt = 338;
   main->OpenF(WriteDump("dump.bin"));
   for (const MenuGroup& group : MenuBarTable())
     for (const MenuEntry& entry : group.entries) {
       if (entry.message == 0 || entry.id == Quillo) continue;
-      EXPECT_EQ(HelpOf(entry.id) != HelpOf(StFun), Enabled(entry.id)) << Caption(entry.id);
+      EXPECT_EQ(entry.help != notBuilt, Enabled(entry.id)) << Caption(entry.id);
     }
 }
 
@@ -76,14 +81,14 @@ TEST_F(Desk, ShowsHelpInPlaceOfTheHintUntilTheMenuCloses) {
   main->OpenF(dump);
   const std::string phone = Status(2);
   send(wxEVT_MENU_HIGHLIGHT, Save);
-  EXPECT_EQ(shown(2), Messages().Msg(HelpOf(Save)));
+  EXPECT_EQ(shown(2), Utf8(Item(Save)->GetHelp()));
   EXPECT_EQ(Status(2), phone);  // which the patch file names
   send(wxEVT_MENU_HIGHLIGHT, MenuNone);
   EXPECT_EQ(shown(2), phone);
   send(wxEVT_MENU_HIGHLIGHT, File1);
-  EXPECT_EQ(shown(2), Messages().Msg(HelpOf(File1)));
+  EXPECT_EQ(shown(2), Utf8(Item(File1)->GetHelp()));
   main->Status().SetPanel(2, "new");
-  EXPECT_EQ(shown(2), Messages().Msg(HelpOf(File1)));
+  EXPECT_EQ(shown(2), Utf8(Item(File1)->GetHelp()));
   send(wxEVT_MENU_CLOSE, 0);
   EXPECT_EQ(shown(2), "new");
   EXPECT_EQ(shown(1), PathText(dump));

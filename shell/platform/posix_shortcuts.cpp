@@ -1,0 +1,11 @@
+#include <gtk/gtk.h>
+#include <wx/frame.h>
+
+#include "shell/platform/shortcuts.h"
+
+namespace tarvelo::platform {
+
+// GTK looks a key up in a table that it makes anew when it is idle: a key typed before that would be lost.
+void ShortcutsChanged(wxFrame& frame) { g_signal_emit_by_name(frame.GetHandle(), "keys-changed"); }
+
+}  // namespace tarvelo::platform
