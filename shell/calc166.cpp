@@ -136,7 +136,9 @@ void Calc166::Recaption(const Messages& messages) {
 // As small as the fields, their labels and the title with the buttons beside it allow.
 void Calc166::FitFields() {
   wxWindow& sheet = *fields_[0].text->GetParent();
-  sheet.SetMinSize(wxSize(GetTextExtent(GetTitle()).x + FromDIP(160), -1));
+  const wxSize needed = sheet.GetSizer()->CalcMin();
+  const int title = GetTextExtent(GetTitle()).x + FromDIP(160);
+  sheet.SetMinSize(wxSize(std::max(needed.x, title), needed.y));
   GetSizer()->SetSizeHints(this);
 }
 
