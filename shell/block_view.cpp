@@ -167,10 +167,10 @@ void BlockView::Recaption() {
   generationsLabel_->SetLabelText(Wx(main_.Texts().Label(256)));
   for (unsigned i = 0; i < std::size(generationColumns); ++i) {
     const auto& [message, width] = generationColumns[i];
-    const wxString title = message ? Msg(message) : wxString("V");
+    const wxString title = message ? Msg(message) : wxString("V");  // in a bold font on some systems
     generations_->GetColumn(i)->SetTitle(title);
     generations_->GetColumn(i)->SetWidth(
-        std::max(FromDIP(width), generations_->GetTextExtent(title).x + FromDIP(24)));
+        std::max(FromDIP(width), generations_->GetTextExtent(title).x * 9 / 8 + FromDIP(24)));
   }
   platform::SetAccessibleName(*generations_, Msg(256));
   platform::SetAccessibleName(*dump_, Msg(273));

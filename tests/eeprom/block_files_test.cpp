@@ -17,7 +17,7 @@ class BlockFiles : public testing::Test {
     PutBlock(builder, 0x100, deletedBlockState, 76, 0x1000, 4);
     PutBlock(builder, 0x200, liveBlockState, 76, 0x2000, 4);
     PutBlock(builder, 0x300, liveBlockState, 76, 0x3000, 5);    // the live one
-    PutBlock(builder, 0x400, liveBlockState, 5001, 0xFFFE, 8);  // more than there is
+    PutBlock(builder, 0x400, liveBlockState, 5001, 0xFFFE, 3);  // more than there is
     PutBlock(builder, 0x500, liveBlockState, 7, 0x4000, 0);
     builder.Fill(0x1000, 4, 'a');
     builder.Fill(0x3000, 5, 'c');

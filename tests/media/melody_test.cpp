@@ -82,6 +82,12 @@ TEST(ParseMelody, TakesAMillionPairs) {
   EXPECT_EQ(ParseMelody(std::string(1000000, ' ')).size(), 0u);
 }
 
+TEST(NextTone, TellsWhereTheRestBegins) {
+  std::size_t position = 0;
+  EXPECT_EQ(NextTone("440:500  880:250", position), (Tone{440, 500}));
+  EXPECT_EQ(position, 8u);
+}
+
 TEST(KeyOf, IsTheNearestSemitone) {
   // 452.9 Hz is half-way from 69 to 70; 127 is 12543.9 Hz, half a semitone above it are 12911.4.
   constexpr std::pair<int, int> keys[] = {{440, 69}, {452, 69}, {453, 70}, {8, 0}, {12911, 127}};

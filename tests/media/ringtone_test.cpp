@@ -199,6 +199,7 @@ TEST(RingtoneTable, BoundsItsTexts) {
   EXPECT_EQ(text(5).size(), 12u * 196778 + 3);
   EXPECT_EQ(text(5).substr(12 * 196777), "65535:65535 ...");
   EXPECT_EQ(text(6), "...");
+  EXPECT_EQ(text(8), "...");  // though its first pair is as long as what is left
 }
 
 // The tracks of a MIDI file with a division; each in its bytes behind "MTrk" and the size.

@@ -250,7 +250,7 @@ class Desk : public testing::Test {
 
   // --- what there is to see ---
 
-  // The panel that is shown, and the list in it.
+  // The panel that is shown, the list in it, and a cell of that.
   template <typename P>
   [[nodiscard]] P& Shown() const {
     return dynamic_cast<P&>(*main->Visible());
@@ -259,6 +259,9 @@ class Desk : public testing::Test {
     auto* list = FirstIn<ListView>(main->Visible()->Window(), [](ListView&) { return true; });
     if (!list) throw std::logic_error("the panel has no list");
     return *list;
+  }
+  [[nodiscard]] std::string Cell(std::size_t row, std::size_t column) const {
+    return List().Row(row).cells.at(column);
   }
   // The first window of its kind, this one or one in it, for which something holds; null where none is.
   template <typename W, typename Holds>

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int Entry(ViewerEntry entry) { return FirstViewer + static_cast<int>(entry); }
 
-std::string Cell(wxDataViewListCtrl& list, unsigned row, unsigned column) {
+std::string Text(wxDataViewListCtrl& list, unsigned row, unsigned column) {
   return Utf8(list.GetTextValue(row, column));
 }
 
@@ -30,10 +30,7 @@ class EepromDesk : public Desk {
   }
 
   [[nodiscard]] EepromPanel& Panel() { return Shown<EepromPanel>(); }
-  [[nodiscard]] const std::vector<std::string>& Cells(std::size_t row) {
-    return List().GetTable().rows.at(row).cells;
-  }
-  [[nodiscard]] std::string SelectedHeader() { return Cells(List().Selected().value()).at(2); }
+  [[nodiscard]] std::string SelectedHeader() { return Cell(List().Selected().value(), 2); }
   [[nodiscard]] bool CanRun(ViewerEntry entry) { return Panel().Commands()->CanRun(Entry(entry)); }
 };
 
@@ -83,13 +80,13 @@ TEST_F(EepromDesk, SearchesDescriptions) {
 }
 
 TEST_F(EepromDesk, UsersDescriptionsGoOverTheBuiltInOnes) {
-  EXPECT_EQ(Cells(0)[1], "");
+  EXPECT_EQ(Cell(0, 1), "");
   folder.Write("eeprom_blocks.tsv", std::string("1\tМой блок\n"));
   OpenDemo(EEPROM);
-  EXPECT_EQ(Cells(0)[1], "Мой блок");
+  EXPECT_EQ(Cell(0, 1), "Мой блок");
   folder.Write("eeprom_blocks.tsv", "1\tno\n" + std::string(1 << 20, '#'));
   OpenDemo(EEPROM);
-  EXPECT_EQ(Cells(0)[1], "");
+  EXPECT_EQ(Cell(0, 1), "");
 }
 
 TEST_F(EepromDesk, KnownBlocksAreThoseOfTheImage) {
@@ -116,8 +113,8 @@ TEST_F(EepromDesk, InfoShowsAnyBlock) {
   for (std::size_t i = 0; i < BlockView::facts; ++i)
     EXPECT_EQ(Utf8(view.FactText(static_cast<BlockView::Fact>(i))), facts[i]);
   ASSERT_EQ(view.Generations().GetItemCount(), 2);
-  EXPECT_EQ(Cell(view.Generations(), 1, 5), "Differing bytes: 11, Offset 0002");
-  EXPECT_EQ(Cell(view.Readings(), 3, 1), "Tarvelo demo");
+  EXPECT_EQ(Text(view.Generations(), 1, 5), "Differing bytes: 11, Offset 0002");
+  EXPECT_EQ(Text(view.Readings(), 3, 1), "Tarvelo demo");
 
   view.Generation_Click(1);
   EXPECT_EQ(view.FactText(BlockView::State), "deleted");
@@ -133,12 +130,12 @@ TEST_F(EepromDesk, ReadingsFollowTheCaret) {
   BlockView& view = InfoOf("7CC384");
   view.Dump().SetInsertionPoint(view.Dump().XYToPosition(6 + 3 * 4, 1));  // byte 14: "e", UTF-16LE
   view.ReadFromCaret();
-  EXPECT_EQ(Cell(view.Readings(), 0, 1), "e");
-  EXPECT_EQ(Cell(view.Readings(), 5, 1), "emo");
+  EXPECT_EQ(Text(view.Readings(), 0, 1), "e");
+  EXPECT_EQ(Text(view.Readings(), 5, 1), "emo");
   view.Dump().SetInsertionPoint(view.Dump().GetLastPosition());
   Mouse(view.Dump(), wxEVT_LEFT_UP);
   Settle();
-  EXPECT_EQ(Cell(view.Readings(), 5, 1), "");
+  EXPECT_EQ(Text(view.Readings(), 5, 1), "");
 }
 
 TEST_F(EepromDesk, InfoGoesWithTheDocument) {

@@ -67,7 +67,7 @@ TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
   EXPECT_EQ(List().Selected(), all - 1);
   List().Filter("101");
   ASSERT_TRUE(List().Find("", false));
-  EXPECT_NE(List().Row(*List().Selected()).cells[3], "  4");
+  EXPECT_NE(Cell(*List().Selected(), 3), "  4");
   List().Select(0);  // hidden by the filter, which goes
   EXPECT_EQ(List().Selected(), 0u);
 }

@@ -18,9 +18,6 @@ class RingtonesDesk : public Desk {
 
   [[nodiscard]] PianoRoll& Roll() { return panel->Roll(); }
   [[nodiscard]] std::string Headline() { return Utf8(Roll().Headline()); }
-  [[nodiscard]] std::string Cell(std::size_t row, std::size_t column) {
-    return List().GetTable().rows[row].cells[column];
-  }
   [[nodiscard]] std::filesystem::path Saved(const std::string& name) const { return folder / "MIDI" / name; }
   bool Press(int key) { return Key(panel->ListR().Control(), key); }
 

@@ -169,9 +169,6 @@ class RingtoneTransferDesk : public TransferDesk {
  protected:
   RingtoneTransferDesk() : TransferDesk(Ringtones, "MIDI") {}
 
-  [[nodiscard]] std::string Cell(std::size_t row, std::size_t column) {
-    return List().GetTable().rows[row].cells[column];
-  }
   [[nodiscard]] std::string Melody(std::size_t row) { return Cell(row, 7); }
 };
 
