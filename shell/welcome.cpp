@@ -75,7 +75,7 @@ Welcome::Welcome(wxWindow* parent, Main& main)
     main_.RunGuarded(demonstration_->GetLabelText(), [this] { OpenDemonstration(main_); });
   });
   help_ = AddButton(Help);
-  Layout(*title);
+  Arrange(*title);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
     ShowHint();
@@ -96,7 +96,7 @@ wxButton* Welcome::AddButton(int command, long style) {
   return button;
 }
 
-void Welcome::Layout(wxWindow& title) {
+void Welcome::Arrange(wxWindow& title) {
   const int gap = FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   const auto add = [&](wxWindow* part, int above) {
@@ -139,7 +139,7 @@ void Welcome::ShowRecent(const RecentFiles& files) {
   }
   recentTitle_->Show(!files[0].empty());
   FitInside();
-  wxScrolledWindow::Layout();
+  Layout();
 }
 
 std::filesystem::path WriteDemonstration(const std::filesystem::path& folder) {

@@ -28,7 +28,7 @@ class Welcome final : public wxScrolledWindow {
   [[nodiscard]] wxButton& OpenButton() { return *open_; }
 
  private:
-  void Layout(wxWindow& title);
+  void Arrange(wxWindow& title);
   void ShowHint();
   // A button that runs a command of MenuId.
   wxButton* AddButton(int command, long style = 0);

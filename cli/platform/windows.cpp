@@ -17,8 +17,9 @@ std::vector<std::string> Arguments(int, char**) {
   const std::unique_ptr<wchar_t*[], decltype(&LocalFree)> wide(CommandLineToArgvW(GetCommandLineW(), &count),
                                                                LocalFree);
   std::vector<std::string> arguments;
-  for (int i = 1; i < count; ++i) 
-    arguments.push_back(ToUtf8(std::u16string(wide[i], wide[i] + std::char_traits<wchar_t>::length(wide[i]))));
+  for (int i = 1; i < count; ++i)
+    arguments.push_back(
+        ToUtf8(std::u16string(wide[i], wide[i] + std::char_traits<wchar_t>::length(wide[i]))));
   return arguments;
 }
 
