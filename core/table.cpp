@@ -10,13 +10,13 @@ class Pieces {
  public:
   explicit Pieces(const TextSink& write) : write_(write) {}
 
-  void Add(char c) {
-    text_ += c;
-    if (text_.size() >= pieceSize) Flush();
-  }
-
   void Add(std::string_view text) {
-    for (const char c : text) Add(c);
+    while (!text.empty()) {
+      const std::string_view part = text.substr(0, pieceSize - text_.size());
+      text_ += part;
+      text.remove_prefix(part.size());
+      if (text_.size() == pieceSize) Flush();
+    }
   }
 
   void Flush() {
@@ -32,8 +32,14 @@ class Pieces {
 
 void AddLine(Pieces& text, const std::vector<std::string>& cells, std::string_view lineEnd) {
   for (std::size_t column = 0; column < cells.size(); ++column) {
-    if (column > 0) text.Add('\t');
-    for (const char c : cells[column]) text.Add(c == '\t' || c == '\n' || c == '\r' ? ' ' : c);
+    if (column > 0) text.Add("\t");
+    std::string_view cell = cells[column];
+    for (auto stop = cell.find_first_of("\t\n\r"); stop != cell.npos; stop = cell.find_first_of("\t\n\r")) {
+      text.Add(cell.substr(0, stop));
+      text.Add(" ");
+      cell.remove_prefix(stop + 1);
+    }
+    text.Add(cell);
   }
   text.Add(lineEnd);
 }
