@@ -8,10 +8,10 @@
 #include "core/identification.h"
 #include "core/notation.h"
 #include "eeprom/block_files.h"
-#include "media/picture_files.h"
-#include "media/picture_search.h"
-#include "media/ringtone_files.h"
-#include "media/ringtone_search.h"
+#include "pictures/picture_files.h"
+#include "pictures/picture_search.h"
+#include "ringtones/ringtone_files.h"
+#include "ringtones/ringtone_search.h"
 
 namespace tarvelo::cli {
 namespace {

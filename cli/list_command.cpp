@@ -7,10 +7,10 @@
 #include "core/identification.h"
 #include "eeprom/block_table.h"
 #include "eeprom/descriptions.h"
-#include "media/picture_search.h"
-#include "media/picture_table.h"
-#include "media/ringtone_search.h"
-#include "media/ringtone_table.h"
+#include "pictures/picture_search.h"
+#include "pictures/picture_table.h"
+#include "ringtones/ringtone_search.h"
+#include "ringtones/ringtone_table.h"
 
 namespace tarvelo::cli {
 namespace {

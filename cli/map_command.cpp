@@ -5,7 +5,7 @@
 #include "cli/commands.h"
 #include "cli/context.h"
 #include "core/identification.h"
-#include "map/map_table.h"
+#include "document/map_table.h"
 
 namespace tarvelo::cli {
 namespace {

@@ -1,14 +1,50 @@
-# tarvelo_library(NAME SOURCES ... [USES ...]): one library a folder. Its headers are reached as
-# "NAME/header.h" by those libraries alone that declare it under USES (and by whoever uses those):
-# each folder is put on the include path through a folder of its own that holds only a link to it,
-# so an include of an undeclared folder does not build.
+# tarvelo_library(NAME [SOURCES ...] [USES ...]): one library a folder; without SOURCES, of all its *.cpp
+# files. NAME is the folder ("core", "shell/hex"), the target is tarvelo_core, tarvelo_shell_hex.
+#
+# Its headers are reached as "NAME/header.h". What a folder includes it must declare under USES: anything
+# else does not build, whether or not the compiler would find it through another library.
 function(tarvelo_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
-  add_library(tarvelo_${name} STATIC ${arg_SOURCES})
-  set(include ${CMAKE_BINARY_DIR}/include/${name})
-  file(MAKE_DIRECTORY ${include})
+  if(NOT arg_SOURCES)
+    file(GLOB arg_SOURCES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/${name} ${CMAKE_SOURCE_DIR}/${name}/*.cpp)
+  endif()
+  list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/${name}/)
+  string(MAKE_C_IDENTIFIER tarvelo_${name} target)
+  add_library(${target} STATIC ${arg_SOURCES})
+
+  # A folder on the include path that holds only a link to this one.
+  set(include ${CMAKE_BINARY_DIR}/include/${target})
+  get_filename_component(parent ${name} DIRECTORY)
+  file(MAKE_DIRECTORY ${include}/${parent})
   file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${name} ${include}/${name} COPY_ON_ERROR SYMBOLIC)
-  target_include_directories(tarvelo_${name} PUBLIC ${include})
-  list(TRANSFORM arg_USES PREPEND tarvelo_)
-  target_link_libraries(tarvelo_${name} PUBLIC ${arg_USES} PRIVATE tarvelo_compiler)
+  target_include_directories(${target} PUBLIC ${include})
+
+  tarvelo_targets(libraries ${arg_USES})
+  target_link_libraries(${target} PUBLIC ${libraries} PRIVATE tarvelo_compiler)
+  tarvelo_check_includes(${target} ${name} "${arg_USES}")
+endfunction()
+
+# The targets of folders and header libraries.
+function(tarvelo_targets result)
+  set(targets)
+  foreach(name ${ARGN})
+    string(MAKE_C_IDENTIFIER tarvelo_${name} target)
+    list(APPEND targets ${target})
+  endforeach()
+  set(${result} ${targets} PARENT_SCOPE)
+endfunction()
+
+# Fails the build of a target where a file of a folder includes one of a folder that is not among `uses`.
+function(tarvelo_check_includes target folder uses)
+  file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+  set(stamp ${CMAKE_BINARY_DIR}/include/${target}.checked)
+  string(REPLACE ";" "|" uses "${uses}")
+  add_custom_command(
+    OUTPUT ${stamp}
+    COMMAND ${CMAKE_COMMAND} -DROOT=${CMAKE_SOURCE_DIR} -DFOLDER=${folder} "-DUSES=${uses}" -DSTAMP=${stamp}
+            -P ${CMAKE_SOURCE_DIR}/cmake/CheckIncludes.cmake
+    DEPENDS ${files} ${CMAKE_SOURCE_DIR}/cmake/CheckIncludes.cmake
+    VERBATIM)
+  add_custom_target(${target}_includes DEPENDS ${stamp})
+  add_dependencies(${target} ${target}_includes)
 endfunction()

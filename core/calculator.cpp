@@ -17,7 +17,7 @@ std::uint32_t HexVal(std::string_view text) {
   return value;
 }
 
-std::string Hex24(std::int64_t value) { return Hex(static_cast<std::uint32_t>(value) & 0xFFFFFF); }
+std::string Hex24(std::int64_t value) { return Hex(value & 0xFFFFFF); }
 
 AddressFields FromAddr(std::int64_t address, std::int32_t corrBase) {
   const std::int64_t a = address & 0xFFFFFF;

@@ -7,7 +7,7 @@ namespace {
 
 constexpr Offset pageSize = 0x1000;
 
-ImageEdits::Region RegionOf(std::span<const Change> step) {
+Region RegionOf(std::span<const Change> step) {
   Offset first = step.front().offset;
   Offset end = first;
   for (const Change& change : step) {
@@ -54,7 +54,7 @@ void ImageEdits::Write(Fullflash& image, std::span<const Change> changes) {
   ++done_;
 }
 
-std::optional<ImageEdits::Region> ImageEdits::Undo(Fullflash& image) {
+std::optional<Region> ImageEdits::Undo(Fullflash& image) {
   if (!CanUndo()) return {};
   const Step& step = steps_[--done_];
   for (auto change = step.rbegin(); change != step.rend(); ++change)
@@ -62,7 +62,7 @@ std::optional<ImageEdits::Region> ImageEdits::Undo(Fullflash& image) {
   return RegionOf(step);
 }
 
-std::optional<ImageEdits::Region> ImageEdits::Redo(Fullflash& image) {
+std::optional<Region> ImageEdits::Redo(Fullflash& image) {
   if (!CanRedo()) return {};
   const Step& step = steps_[done_++];
   for (const Change& change : step) image.Write(change.offset, change.newBytes);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/fullflash.h"
+#include "core/region.h"
 
 namespace tarvelo {
 
@@ -32,10 +33,6 @@ class ImageEdits {
 
   // Takes the last step back, resp. does it again. Returns where it was, the first changed byte and as
   // many as there are up to the last; nothing where there is no such step.
-  struct Region {
-    Offset offset = 0;
-    Offset size = 0;
-  };
   std::optional<Region> Undo(Fullflash& image);
   std::optional<Region> Redo(Fullflash& image);
   [[nodiscard]] bool CanUndo() const { return done_ > 0; }

@@ -17,7 +17,8 @@ std::string Pad(std::string_view filling, std::string_view text, std::size_t n) 
 
 }  // namespace
 
-std::string Hex(std::uint32_t value) {
+std::string Hex(std::int64_t wide) {
+  auto value = static_cast<std::uint32_t>(wide);
   std::array<char, 8> buffer;
   std::size_t first = buffer.size();
   do {
@@ -31,7 +32,11 @@ std::string PadZero(std::string_view text, std::size_t n) { return Pad("000000",
 
 std::string PadSpace(std::string_view text, std::size_t n) { return Pad("     ", text, n); }
 
-std::string WholeHex(std::uint32_t value, std::size_t n) {
+std::string HexColumn(std::int64_t value, std::size_t n) { return PadZero(Hex(value), n); }
+
+std::string DecimalColumn(std::int64_t value, std::size_t n) { return PadSpace(std::to_string(value), n); }
+
+std::string WholeHex(std::int64_t value, std::size_t n) {
   const std::string digits = Hex(value);
   return std::string(n - std::min(n, digits.size()), '0') + digits;
 }

@@ -10,17 +10,22 @@
 
 namespace tarvelo {
 
-// Upper-case hexadecimal without leading zeros ("0" for 0).
-[[nodiscard]] std::string Hex(std::uint32_t value);
+// The low 32 bits in upper-case hexadecimal without leading zeros ("0" for 0).
+[[nodiscard]] std::string Hex(std::int64_t value);
 
-// The last n characters of six zeros, resp. five blanks, with the text behind them: shorter texts are
-// filled on the left (by six, resp. five characters at the most), longer ones are cut on the left.
+// The last n characters of six zeros (PadZero) or five blanks (PadSpace) with the text behind them: a
+// shorter text is filled on the left, by six or five characters at most, a longer one loses its first
+// characters.
 [[nodiscard]] std::string PadZero(std::string_view text, std::size_t n);
 [[nodiscard]] std::string PadSpace(std::string_view text, std::size_t n);
 
-// Numbers that keep all their digits, filled on the left to n characters: hexadecimal by zeros, decimal by
-// blanks.
-[[nodiscard]] std::string WholeHex(std::uint32_t value, std::size_t n = 6);
+// Columns of n digits, hexadecimal filled with zeros, decimal filled with blanks. A longer number keeps its
+// rightmost digits.
+[[nodiscard]] std::string HexColumn(std::int64_t value, std::size_t n = 6);
+[[nodiscard]] std::string DecimalColumn(std::int64_t value, std::size_t n);
+
+// Columns likewise in which a longer number keeps all its digits.
+[[nodiscard]] std::string WholeHex(std::int64_t value, std::size_t n = 6);
 [[nodiscard]] std::string WholeDecimal(std::int64_t value, std::size_t n);
 
 // A word as it lies in memory, low byte first, in four digits: 0x1234 gives "3412". Only the low

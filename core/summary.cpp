@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "core/notation.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 namespace {
@@ -18,7 +19,7 @@ std::string Mebibytes(std::size_t size) {
 }
 
 std::string HexAndDecimal(std::int64_t value) {
-  return Hex(static_cast<std::uint32_t>(value)) + " = " + std::to_string(value);
+  return Hex(value) + " = " + std::to_string(value);
 }
 
 }  // namespace
@@ -26,23 +27,23 @@ std::string HexAndDecimal(std::int64_t value) {
 std::string Summary(std::string_view path, const Fullflash& image, const Identification& info,
                     const Messages& messages) {
   std::string text;
-  const auto line = [&](int label, std::string_view value) {
+  const auto line = [&](Text label, std::string_view value) {
     text.append(messages.Msg(label)).append(value).append("\n");
   };
   const std::size_t size = image.ff().size();
-  line(6, path);
-  line(7, Hex(static_cast<std::uint32_t>(size)) + " = " + Mebibytes(size) + "M = " + std::to_string(size));
-  line(8, Hex(static_cast<std::uint32_t>(image.LoadBase())));
-  if (image.CorrBase() != image.LoadBase()) line(9, Hex(static_cast<std::uint32_t>(image.CorrBase())));
-  line(10, info.Model);
-  line(11, info.version + " " + info.headerText);
-  if (!info.buildDate.empty()) line(12, info.buildDate);
-  line(14, info.EmptyBlocks);
+  line(Text::FullflashLabel, path);
+  line(Text::SizeLabel, Hex(size) + " = " + Mebibytes(size) + "M = " + std::to_string(size));
+  line(Text::LoadingBaseLabel, Hex(image.LoadBase()));
+  if (image.CorrBase() != image.LoadBase()) line(Text::CorrectedBaseLabel, Hex(image.CorrBase()));
+  line(Text::MobileLabel, info.Model);
+  line(Text::FirmwareLabel, info.version + " " + info.headerText);
+  if (!info.buildDate.empty()) line(Text::AssemblingDateLabel, info.buildDate);
+  line(Text::EmptyBlocksLabel, info.EmptyBlocks);
   if (info.t9) {
-    line(13, HexAndDecimal(info.t9->T9Base));
-    line(175, HexAndDecimal(info.t9->T9Size));
-    line(176, HexAndDecimal(info.t9->T9Full));
-    line(177, HexAndDecimal(info.t9->Empty()));
+    line(Text::T9BaseLabel, HexAndDecimal(info.t9->T9Base));
+    line(Text::T9ExactSizeLabel, HexAndDecimal(info.t9->T9Size));
+    line(Text::T9FullSizeLabel, HexAndDecimal(info.t9->T9Full));
+    line(Text::T9EmptyAreaLabel, HexAndDecimal(info.t9->Empty()));
   }
   return text;
 }

@@ -47,10 +47,10 @@ void AddLine(Pieces& text, const std::vector<std::string>& cells, std::string_vi
 }  // namespace
 
 std::vector<std::string> Captions(const Messages& messages,
-                                  std::initializer_list<std::variant<int, const char*>> captions) {
+                                  std::initializer_list<std::variant<Text, const char*>> captions) {
   std::vector<std::string> texts;
   for (const auto& caption : captions) {
-    const int* message = std::get_if<int>(&caption);
+    const Text* message = std::get_if<Text>(&caption);
     texts.emplace_back(message ? messages.Msg(*message) : std::get<const char*>(caption));
   }
   return texts;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/text_sink.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 
@@ -35,11 +36,11 @@ struct TableRows {
   [[nodiscard]] Table All() const;
 };
 
-// Captions in a language: each by the number of its message, or as it stands.
+// Captions in a language: each a message, or as it stands.
 [[nodiscard]] std::vector<std::string> Captions(
-    const Messages& messages, std::initializer_list<std::variant<int, const char*>> captions);
+    const Messages& messages, std::initializer_list<std::variant<Text, const char*>> captions);
 
-// The rows of a table that there is already, which must outlive them.
+// The rows of a table that exists already, which must outlive them.
 [[nodiscard]] TableRows RowsOf(const Table& table);
 
 // The table as tab-separated text: the captions, then a line a row, each line ended by `lineEnd`.

@@ -1,5 +1,5 @@
 #include "demo/demo_sound_files.h"
-#include "media/wave_file.h"
+#include "ringtones/wave_file.h"
 
 namespace tarvelo {
 namespace {

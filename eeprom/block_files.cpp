@@ -21,7 +21,7 @@ std::string NumberedName(std::string_view stem, int number) {
 
 std::string NameOf(const BlockStore& store, const EepromBlockRecord& block, std::string_view stem) {
   if (IsLive(store, block)) return BlockFileName(stem, block.Number);
-  const std::string digits = Hex(static_cast<std::uint32_t>(block.HeaderPos));
+  const std::string digits = Hex(block.HeaderPos);
   return NumberedName(stem, block.Number) + "_" + PadZero(digits, std::max<std::size_t>(6, digits.size())) +
          ".bin";
 }

@@ -70,7 +70,7 @@ std::string Visible(std::u16string_view text) {
     } else if (IsVisible(c)) {
       visible += c;
     } else {
-      for (const char digit : "<" + PadZero(Hex(c), 4) + ">") visible += static_cast<char16_t>(digit);
+      for (const char digit : "<" + HexColumn(c, 4) + ">") visible += static_cast<char16_t>(digit);
     }
   }
   return ToUtf8(visible);
@@ -160,7 +160,7 @@ std::string HexDump(const BlockData& data) {
     }
     digits.resize(dumpRowLength * byteWidth + 1, ' ');
     if (row > 0) dump += "\n";
-    dump.append(PadZero(Hex(static_cast<std::uint32_t>(data.position + row)), 4))
+    dump.append(HexColumn(data.position + row, 4))
         .append("  ")
         .append(digits)
         .append(text);

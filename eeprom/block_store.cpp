@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "core/vector_scan.h"
+#include "core/scan/vector_scan.h"
 
 namespace tarvelo {
 namespace {

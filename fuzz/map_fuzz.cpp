@@ -1,7 +1,7 @@
 // Any bytes as a dump: every byte of it has one label.
 #include "fuzz/target.h"
-#include "map/dump_map.h"
-#include "map/map_table.h"
+#include "document/dump_map.h"
+#include "document/map_table.h"
 
 namespace {
 

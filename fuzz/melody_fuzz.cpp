@@ -2,9 +2,9 @@
 #include <numeric>
 
 #include "fuzz/target.h"
-#include "media/melody.h"
-#include "media/ringtone_files.h"
-#include "media/ringtone_length.h"
+#include "ringtones/melody.h"
+#include "ringtones/ringtone_files.h"
+#include "ringtones/ringtone_length.h"
 
 namespace {
 

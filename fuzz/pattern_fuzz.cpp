@@ -1,5 +1,5 @@
 // Any text as a byte pattern, sought in any bytes, beside the search as it is defined.
-#include "core/vector_scan.h"
+#include "core/scan/vector_scan.h"
 #include "fuzz/target.h"
 #include "patch/hit_search.h"
 #include "patch/pattern_walk.h"

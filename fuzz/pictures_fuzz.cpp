@@ -1,10 +1,10 @@
 // Any bytes as a dump with pictures: found, listed, drawn, turned into files.
 #include "core/identification.h"
 #include "fuzz/target.h"
-#include "media/bitmap_file.h"
-#include "media/picture_data.h"
-#include "media/picture_search.h"
-#include "media/picture_table.h"
+#include "pictures/bitmap_file.h"
+#include "pictures/picture_data.h"
+#include "pictures/picture_search.h"
+#include "pictures/picture_table.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // Any bytes as a dump with ringtones: found, listed, decoded, turned into files; and as a sound file.
 #include "core/identification.h"
 #include "fuzz/target.h"
-#include "media/melody.h"
-#include "media/ringtone_files.h"
-#include "media/ringtone_length.h"
-#include "media/ringtone_search.h"
-#include "media/ringtone_table.h"
+#include "ringtones/melody.h"
+#include "ringtones/ringtone_files.h"
+#include "ringtones/ringtone_length.h"
+#include "ringtones/ringtone_search.h"
+#include "ringtones/ringtone_table.h"
 
 namespace {
 

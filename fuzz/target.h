@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "core/fullflash.h"
-#include "core/vector_scan.h"
+#include "core/scan/vector_scan.h"
 
 namespace tarvelo::fuzz {
 

@@ -8,7 +8,7 @@
 namespace tarvelo {
 
 std::string PatchAddress(Offset offset) {
-  const std::string digits = Hex(static_cast<std::uint32_t>(offset));
+  const std::string digits = Hex(offset);
   return PadZero(digits, std::max<std::size_t>(6, digits.size()));
 }
 

@@ -150,7 +150,7 @@ std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hi
 }
 
 std::string LineOfHit(std::size_t number, Offset hit, Bytes found) {
-  return PadSpace(std::to_string(number), 3) + ". " + PadZero(Hex(static_cast<std::uint32_t>(hit)), 6) +
+  return DecimalColumn(number, 3) + ". " + HexColumn(hit, 6) +
          ": " + HexOfBytes(found);
 }
 
@@ -161,7 +161,7 @@ std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_
 }
 
 std::string NotFound(std::string_view pattern, const Messages& messages) {
-  return messages.MsgS(35, ToUpper(pattern));
+  return messages.MsgS(Text::StringNotFound, ToUpper(pattern));
 }
 
 }  // namespace tarvelo

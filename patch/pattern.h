@@ -13,7 +13,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
-#include "core/vector_scan.h"
+#include "core/scan/vector_scan.h"
 #include "resources/messages.h"
 
 namespace tarvelo {

@@ -2,14 +2,17 @@
 
 #include <array>
 #include <charconv>
-#include <unordered_map>
+#include <mutex>
+#include <vector>
 
 #include "message_tables.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 namespace {
 
-using Table = std::unordered_map<int, std::string>;
+// The texts of a language by their numbers.
+using Table = std::vector<std::string>;
 
 // In the order of Languages().
 constexpr std::array tables{embedded::ru_tsv, embedded::en_tsv, embedded::pl_tsv, embedded::ch_tsv,
@@ -22,46 +25,51 @@ std::string Unescape(std::string_view text) {
   return std::string(text);
 }
 
+// Number and text are the first and the last column; the English table has the names between them.
+void Enter(Table& table, std::string_view line) {
+  const auto tab = line.find('\t');
+  std::size_t number = 0;
+  if (tab == line.npos || std::from_chars(line.data(), line.data() + tab, number).ec != std::errc{}) return;
+  if (number >= table.size()) table.resize(number + 1);
+  table[number] = Unescape(line.substr(line.rfind('\t') + 1));
+}
+
 Table Parse(std::string_view file) {
   Table table;
   while (!file.empty()) {
     std::string_view line = file.substr(0, file.find('\n'));
     file.remove_prefix(std::min(file.size(), line.size() + 1));
     if (line.ends_with('\r')) line.remove_suffix(1);
-    const auto tab = line.find('\t');
-    int number = 0;
-    if (tab == line.npos || std::from_chars(line.data(), line.data() + tab, number).ec != std::errc{})
-      continue;
-    table.insert_or_assign(number, Unescape(line.substr(tab + 1)));
+    Enter(table, line);
   }
   return table;
 }
 
-// The table of a language, read at its first use.
+// The table of a language, read at its first use, by whichever thread comes first.
 const Table& TableOf(const Language& language) {
   static std::array<Table, tables.size()> parsed;
+  static std::array<std::once_flag, tables.size()> once;
   const auto index = static_cast<std::size_t>(&language - Languages().data());
-  Table& table = parsed[index];
-  if (table.empty()) table = Parse(tables[index]);
-  return table;
+  std::call_once(once[index], [&] { parsed[index] = Parse(tables[index]); });
+  return parsed[index];
 }
 
 }  // namespace
 
 Messages::Messages(const Language& language) : language_(&language) {}
 
-std::string_view Messages::Msg(int n) const {
+std::string_view Messages::Msg(Text text) const {
   const Table& table = TableOf(*language_);
-  const auto found = table.find(n);
-  return found == table.end() ? std::string_view{} : found->second;
+  const auto number = static_cast<std::size_t>(text);
+  return number < table.size() ? std::string_view(table[number]) : std::string_view();
 }
 
-std::string Messages::Label(int n) const { return std::string(Msg(n)).append(Msg(473)); }
+std::string Messages::Label(Text text) const { return std::string(Msg(text)).append(Msg(Text::Colon)); }
 
-std::string Messages::MsgS(int n, std::string_view argument) const {
+std::string Messages::MsgS(Text message, std::string_view argument) const {
   constexpr std::string_view mark = "%s";
   std::string result;
-  std::string_view text = Msg(n);
+  std::string_view text = Msg(message);
   for (auto at = text.find(mark); at != text.npos; at = text.find(mark)) {
     result.append(text.substr(0, at)).append("\"").append(argument).append("\"");
     text.remove_prefix(at + mark.size());

@@ -1,8 +1,8 @@
-// Every text that the user sees, by number and language.
+// Every text that the user sees, by name and language.
 //
-// Numbers 1 to 187 are fixed (6 is always "Fullflash: ", whatever the language); texts that came
-// later have numbers from 200 up. The tables are data files, resources/messages/*.tsv, embedded
-// when the program is built. All texts are UTF-8.
+// The tables are data files, resources/messages/*.tsv, embedded when the program is built; the English one
+// gives each message its name (resources/texts.h). All texts are UTF-8. The functions may be called by
+// several threads at once.
 #pragma once
 
 #include <string>
@@ -12,19 +12,21 @@
 
 namespace tarvelo {
 
+enum class Text : int;  // resources/texts.h
+
 // The message table in one language. A small value: copy it freely.
 class Messages {
  public:
   explicit Messages(const Language& language = English());
 
-  // Message n. Empty where the table has no such number. The text lives as long as the program.
-  [[nodiscard]] std::string_view Msg(int n) const;
+  // The message. Empty where the table does not have it. The text lives as long as the program.
+  [[nodiscard]] std::string_view Msg(Text text) const;
 
-  // Message n with every "%s" replaced by the argument in double quote characters.
-  [[nodiscard]] std::string MsgS(int n, std::string_view argument) const;
+  // The message with every "%s" replaced by the argument in double quote characters.
+  [[nodiscard]] std::string MsgS(Text text, std::string_view argument) const;
 
-  // Message n as a label in front of something: with the colon as the language writes it.
-  [[nodiscard]] std::string Label(int n) const;
+  // The message as a label in front of something: with the colon as the language writes it.
+  [[nodiscard]] std::string Label(Text text) const;
 
   [[nodiscard]] const Language& Current() const { return *language_; }
   // 1000 x the language's number: the identifier of message n is LangBase() + n.

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/vector_scan.h"
+#include "core/scan/vector_scan.h"
 
 namespace tarvelo {
 

@@ -4,7 +4,7 @@
 #include <wx/log.h>
 #include <wx/utils.h>
 
-#include "shell/strings.h"
+#include "shell/base/strings.h"
 
 namespace tarvelo {
 

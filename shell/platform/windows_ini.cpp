@@ -4,7 +4,7 @@
 
 #include "core/file.h"
 #include "shell/platform/ini.h"
-#include "shell/strings.h"
+#include "shell/base/strings.h"
 
 namespace tarvelo::platform {
 namespace {

@@ -4,7 +4,7 @@
 #include <wx/utils.h>
 
 #include "shell/platform/launcher.h"
-#include "shell/strings.h"
+#include "shell/base/strings.h"
 
 namespace tarvelo {
 namespace {

@@ -10,8 +10,8 @@
 #include "eeprom/blocks.h"
 #include "file_faults.h"
 #include "images.h"
-#include "media/picture_files.h"
-#include "media/ringtone_files.h"
+#include "pictures/picture_files.h"
+#include "ringtones/ringtone_files.h"
 #include "temporary_folder.h"
 
 namespace tarvelo {

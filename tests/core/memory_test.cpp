@@ -8,7 +8,7 @@
 #include "cli/commands.h"
 #include "core/file.h"
 #include "images.h"
-#include "media/picture_search.h"
+#include "pictures/picture_search.h"
 #include "temporary_folder.h"
 
 // Under a sanitizer the memory is mostly the sanitizer's.

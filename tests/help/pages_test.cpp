@@ -27,7 +27,7 @@ std::string ReadPage(const std::string& name) {
 Pages AllPages() {
   Pages pages;
   for (const Language& language : Languages()) {
-    const std::string name(Messages(language).Msg(103));
+    const std::string name(Messages(language).Msg(Text::ManualFile));
     if (!pages.contains(name)) pages.emplace(name, ReadPage(name));
   }
   return pages;
@@ -104,7 +104,7 @@ TEST(HelpPages, NameCaptionsAsTheProgramHasThem) {
     const Messages messages(*FindLanguage(code));
     std::set<std::string> captions;
     for (int n = 0; n < 1000; ++n) captions.insert(Caption(messages.Msg(n)));
-    const std::vector<std::string> named = Between(ReadPage(std::string(messages.Msg(103))), "<b>", "</b>");
+    const std::vector<std::string> named = Between(ReadPage(std::string(messages.Msg(Text::ManualFile))), "<b>", "</b>");
     EXPECT_GT(named.size(), 100u) << code;
     for (std::string caption : named) {
       std::ranges::replace(caption, '\n', ' ');

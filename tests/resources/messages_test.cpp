@@ -53,16 +53,16 @@ TEST(Messages, EveryLanguageHasEveryTextOfTheEnglishTable) {
 }
 
 TEST(Messages, LooksUpByNumberAndLanguage) {
-  EXPECT_EQ(Messages().Msg(6), "Fullflash: ");
+  EXPECT_EQ(Messages().Msg(Text::FullflashLabel), "Fullflash: ");
   EXPECT_EQ(Messages().Msg(56), "");
   EXPECT_EQ(Messages().LangBase(), 2000);
-  EXPECT_EQ(Messages(*FindLanguage("RU")).Msg(1), "Русский");
+  EXPECT_EQ(Messages(*FindLanguage("RU")).Msg(Text::LanguageName), "Русский");
   EXPECT_EQ(Messages(*FindLanguage("CZ")).LangBase(), 13000);
 }
 
 TEST(Messages, PutsTheArgumentInDoubleQuotes) {
-  EXPECT_EQ(Messages().MsgS(35, "%s"), "String \"%s\" wasn't found");
-  EXPECT_EQ(Messages().MsgS(33, "abc"), "No data for saving !");
+  EXPECT_EQ(Messages().MsgS(Text::StringNotFound, "%s"), "String \"%s\" wasn't found");
+  EXPECT_EQ(Messages().MsgS(Text::NoDataToSave, "abc"), "No data for saving !");
 }
 
 TEST(Language, IsFoundByCodeAndBySystemName) {

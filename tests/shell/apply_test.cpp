@@ -1,8 +1,8 @@
 #include <wx/display.h>
 
-#include "shell/apply_patch.h"
+#include "shell/patch/apply_patch.h"
 #include "shell/hex_desk.h"
-#include "shell/patch_check_dialog.h"
+#include "shell/patch/patch_check_dialog.h"
 
 namespace tarvelo {
 namespace {

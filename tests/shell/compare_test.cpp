@@ -1,13 +1,13 @@
-#include "shell/compare_panel.h"
+#include "shell/compare/compare_panel.h"
 
 #include <wx/dataview.h>
 
 #include "patch/image_compare.h"
-#include "shell/comparison_rows.h"
+#include "shell/compare/comparison_rows.h"
 #include "shell/desk.h"
-#include "shell/image_strip.h"
-#include "shell/patch_editor.h"
-#include "shell/patch_panel.h"
+#include "shell/map/image_strip.h"
+#include "shell/patch/patch_editor.h"
+#include "shell/patch/patch_panel.h"
 
 namespace tarvelo {
 namespace {

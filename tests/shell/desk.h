@@ -14,11 +14,11 @@
 
 #include "demo/demo_image.h"
 #include "demo/image_builder.h"
-#include "shell/info_panel.h"
-#include "shell/list_view.h"
-#include "shell/main.h"
-#include "shell/patch_misfits.h"
-#include "shell/strings.h"
+#include "shell/info/info_panel.h"
+#include "shell/list/list_view.h"
+#include "shell/frame/main.h"
+#include "shell/patch/patch_misfits.h"
+#include "shell/base/strings.h"
 #include "shell/test_app.h"
 #include "temporary_folder.h"
 
@@ -280,8 +280,8 @@ class Desk : public testing::Test {
   }
 
   // What follows the path where a file could not be read, resp. written.
-  [[nodiscard]] static std::string ReadAdvice() { return "\n\n" + std::string(Messages().Msg(317)); }
-  [[nodiscard]] static std::string WriteAdvice() { return "\n\n" + std::string(Messages().Msg(318)); }
+  [[nodiscard]] static std::string ReadAdvice() { return "\n\n" + std::string(Messages().Msg(Text::AdviceOnReading)); }
+  [[nodiscard]] static std::string WriteAdvice() { return "\n\n" + std::string(Messages().Msg(Text::AdviceOnWriting)); }
 
   // What a program would find in the clipboard.
   [[nodiscard]] static std::string ClipboardText() {

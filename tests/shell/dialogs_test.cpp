@@ -1,4 +1,4 @@
-#include "shell/dialogs.h"
+#include "shell/services/dialogs.h"
 
 #include <wx/timer.h>
 

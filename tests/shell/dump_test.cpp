@@ -1,8 +1,8 @@
-#include "shell/dump_panel.h"
+#include "shell/map/dump_panel.h"
 
 #include "shell/desk.h"
-#include "shell/image_strip.h"
-#include "shell/map_legend.h"
+#include "shell/map/image_strip.h"
+#include "shell/map/map_legend.h"
 
 namespace tarvelo {
 namespace {

@@ -1,6 +1,6 @@
-#include "shell/block_view.h"
+#include "shell/eeprom/block_view.h"
 #include "shell/desk.h"
-#include "shell/eeprom_panel.h"
+#include "shell/eeprom/eeprom_panel.h"
 #include "shell/keys.h"
 
 namespace tarvelo {

@@ -1,9 +1,9 @@
-#include "shell/eeprom_panel.h"
+#include "shell/eeprom/eeprom_panel.h"
 
 #include <wx/dataview.h>
 #include <wx/textctrl.h>
 
-#include "shell/block_view.h"
+#include "shell/eeprom/block_view.h"
 #include "shell/desk.h"
 
 namespace tarvelo {

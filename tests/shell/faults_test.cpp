@@ -1,7 +1,7 @@
 // Every way to save on the desk, with every fault: the user is told, and the document stays.
 #include "file_faults.h"
 #include "shell/desk.h"
-#include "shell/patch_panel.h"
+#include "shell/patch/patch_panel.h"
 
 namespace tarvelo {
 namespace {

@@ -5,8 +5,8 @@
 #include <wx/textctrl.h>
 
 #include "shell/desk.h"
-#include "shell/hex_canvas.h"
-#include "shell/hex_panel.h"
+#include "shell/hex/hex_canvas.h"
+#include "shell/hex/hex_panel.h"
 
 namespace tarvelo {
 

@@ -1,6 +1,6 @@
 #include "shell/hex_desk.h"
-#include "shell/patch_editor.h"
-#include "shell/patch_panel.h"
+#include "shell/patch/patch_editor.h"
+#include "shell/patch/patch_panel.h"
 
 namespace tarvelo {
 namespace {

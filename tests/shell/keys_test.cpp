@@ -1,7 +1,7 @@
 // What keys do that are really pressed.
 #include <wx/textctrl.h>
 
-#include "shell/calc166.h"
+#include "shell/calculator/calc166.h"
 #include "shell/desk.h"
 #include "shell/keys.h"
 

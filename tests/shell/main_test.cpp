@@ -1,8 +1,8 @@
 #include <array>
 
 #include "shell/desk.h"
-#include "shell/panel.h"
-#include "shell/panel_commands.h"
+#include "shell/services/panel.h"
+#include "shell/services/panel_commands.h"
 #include "text/unicode.h"
 
 namespace tarvelo {

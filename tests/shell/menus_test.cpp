@@ -4,7 +4,7 @@
 #include <set>
 
 #include "shell/desk.h"
-#include "shell/mnemonics.h"
+#include "shell/base/mnemonics.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -56,7 +56,7 @@ TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
         CheckMenu(*bar.GetMenu(menu), shortcuts);
       }
       CheckLabels(titles);
-      EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(134));
+      EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(Text::Open));
     }
   }
 }
@@ -98,8 +98,8 @@ TEST_F(Desk, TakesTheLanguageOverARestart) {
   main->OpenF(WriteDump("dump.bin"));
   Choose(FirstLanguage + 10);  // Greek
   const Messages greek(*FindLanguage("GR"));
-  EXPECT_EQ(Title(), "Tarvelo - " + std::string(greek.Msg(121)));
-  EXPECT_EQ(Caption(SaveText), greek.Msg(3));
+  EXPECT_EQ(Title(), "Tarvelo - " + std::string(greek.Msg(Text::Info)));
+  EXPECT_EQ(Caption(SaveText), greek.Msg(Text::SaveInfoFile));
   for (const auto& [panel, message] : {std::pair(4, 272), {6, 226}, {9, 172}, {10, 174}})
     EXPECT_EQ(Utf8(main->Status().Tooltip(panel)), greek.Msg(message));
   EXPECT_EQ(Settings(SettingsFile()).GetIni("General", "Language"), "GR");
@@ -108,7 +108,7 @@ TEST_F(Desk, TakesTheLanguageOverARestart) {
   EXPECT_EQ(main->InfoText().Window().GetFont().GetEncoding(), wxFONTENCODING_CP1253);
 #endif
   Restart();
-  EXPECT_EQ(Caption(OpenFF), greek.Msg(134));
+  EXPECT_EQ(Caption(OpenFF), greek.Msg(Text::Open));
   EXPECT_TRUE(Item(FirstLanguage + 10)->IsChecked());
 }
 

@@ -3,8 +3,8 @@
 #include <set>
 
 #include "shell/desk.h"
-#include "shell/patch_editor.h"
-#include "shell/patch_panel.h"
+#include "shell/patch/patch_editor.h"
+#include "shell/patch/patch_panel.h"
 
 namespace tarvelo {
 namespace {

@@ -1,10 +1,10 @@
-#include "shell/pictures_panel.h"
+#include "shell/pictures/pictures_panel.h"
 
 #include <wx/image.h>
 
 #include "shell/desk.h"
-#include "shell/gallery.h"
-#include "shell/picture_view.h"
+#include "shell/pictures/gallery.h"
+#include "shell/pictures/picture_view.h"
 
 namespace tarvelo {
 namespace {

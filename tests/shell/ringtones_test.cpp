@@ -1,7 +1,7 @@
-#include "shell/ringtones_panel.h"
+#include "shell/ringtones/ringtones_panel.h"
 
 #include "shell/desk.h"
-#include "shell/piano_roll.h"
+#include "shell/ringtones/piano_roll.h"
 
 namespace tarvelo {
 namespace {

@@ -1,5 +1,5 @@
 #include "shell/desk.h"
-#include "shell/hits_panel.h"
+#include "shell/search/hits_panel.h"
 
 namespace tarvelo {
 namespace {

@@ -1,10 +1,10 @@
-#include "shell/settings.h"
+#include "shell/base/settings.h"
 
 #include <gtest/gtest.h>
 
 #include "file_faults.h"
-#include "shell/recent_files.h"
-#include "shell/strings.h"
+#include "shell/base/recent_files.h"
+#include "shell/base/strings.h"
 #include "temporary_folder.h"
 
 namespace tarvelo {

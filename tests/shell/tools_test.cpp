@@ -4,9 +4,9 @@
 
 #include <array>
 
-#include "shell/calc166.h"
+#include "shell/calculator/calc166.h"
 #include "shell/desk.h"
-#include "shell/external_tools.h"
+#include "shell/services/external_tools.h"
 
 namespace tarvelo {
 namespace {

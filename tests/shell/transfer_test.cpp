@@ -1,11 +1,11 @@
 // Saving and loading EEPROM blocks and ringtones through their panels.
 #include <wx/textctrl.h>
 
-#include "shell/block_view.h"
+#include "shell/eeprom/block_view.h"
 #include "shell/desk.h"
-#include "shell/eeprom_panel.h"
-#include "shell/piano_roll.h"
-#include "shell/ringtones_panel.h"
+#include "shell/eeprom/eeprom_panel.h"
+#include "shell/ringtones/piano_roll.h"
+#include "shell/ringtones/ringtones_panel.h"
 
 namespace tarvelo {
 namespace {

@@ -1,0 +1,93 @@
+// The loops of sieves over vectors, for the files that compile them for one kind of vector each.
+//
+// Everything here is local to such a file, and uses nothing but the language: a function that the linker
+// shares with the rest of the program might be kept in the form for a machine that is not there.
+//
+// A file defines, before it calls SieveOver, a type `Vector` with
+//   width                      bytes
+//   Load(p)                    the bytes from p on, which need no alignment
+//   Splat<step>(word)          the word of `step` bytes over and over
+//   a & b, a | b
+//   Equal<step>(a, b)          all bits set in each word of `step` bytes that is the same in both
+//   Bits(a)                    the highest bit of each byte
+//   Prefetch(p)                from any address
+#pragma once
+
+#include "core/scan/vector_units.h"
+
+namespace tarvelo {
+namespace {
+
+template <class Vector, int step>
+struct VectorProbe {
+  VectorProbe(const SieveProbes& probes, int i)
+      : offset(probes.offset[i]),
+        value(Vector::template Splat<step>(probes.value[i])),
+        mask(Vector::template Splat<step>(probes.mask[i])) {}
+
+  // All bits set in each word from p on that matches. Single bytes are never masked.
+  Vector Matches(const std::uint8_t* p) const {
+    const Vector words = Vector::Load(p + offset);
+    return Vector::template Equal<step>(step == 1 ? words : words & mask, value);
+  }
+
+  std::int32_t offset;
+  Vector value, mask;
+};
+
+// The bits of the positions of a block that begins at p.
+template <class Vector, int step>
+SieveBits BlockBits(const std::uint8_t* p, const SieveProbes& probes) {
+  constexpr std::uint64_t positions = step == 1   ? 0xFFFFFFFFFFFFFFFF
+                                      : step == 2 ? 0x5555555555555555
+                                                  : 0x1111111111111111;
+  const VectorProbe<Vector, step> a(probes, 0), b(probes, 1), c(probes, 2), d(probes, 3);
+  SieveBits bits{};
+  for (int i = 0; i < SieveBits::positions; i += Vector::width, p += Vector::width) {
+    const Vector all = (a.Matches(p) & b.Matches(p)) & (c.Matches(p) & d.Matches(p));
+    bits.words[i / 64] |= static_cast<std::uint64_t>(Vector::Bits(all)) << i % 64 & positions;
+  }
+  return bits;
+}
+
+// The same with the first `count` probes alone, all bits set where these match.
+template <class Vector, int step, int count>
+Vector FirstMatches(const VectorProbe<Vector, step> (&probes)[count], const std::uint8_t* p) {
+  Vector all = probes[0].Matches(p);
+  for (int i = 1; i < count; ++i) all = all & probes[i].Matches(p);
+  return all;
+}
+
+template <class Vector, int step, int count>
+const std::uint8_t* SieveWith(const VectorProbe<Vector, step> (&compared)[count], const std::uint8_t* block,
+                              const std::uint8_t* end, const SieveProbes& probes, SieveBits& bits) {
+  constexpr int ahead = 4096;
+  for (; end - block >= SieveBits::positions; block += SieveBits::positions) {
+    Vector::Prefetch(block + ahead);
+    Vector::Prefetch(block + ahead + 64);
+    Vector any = FirstMatches(compared, block);
+    for (int i = Vector::width; i < SieveBits::positions; i += Vector::width)
+      any = any | FirstMatches(compared, block + i);
+    if (Vector::Bits(any) == 0) continue;
+    bits = BlockBits<Vector, step>(block, probes);
+    if ((bits.words[0] | bits.words[1]) != 0) return block;
+  }
+  bits = SieveBits{};
+  return block;
+}
+
+template <class Vector, int step>
+const std::uint8_t* SieveOver(const std::uint8_t* block, const std::uint8_t* end, const SieveProbes& probes,
+                              SieveBits& bits) {
+  using Compared = VectorProbe<Vector, step>;
+  const Compared first(probes, 0), second(probes, 1), third(probes, 2);
+  if (probes.everywhere == 2) {
+    const Compared two[] = {first, second};
+    return SieveWith(two, block, end, probes, bits);
+  }
+  const Compared three[] = {first, second, third};
+  return SieveWith(three, block, end, probes, bits);
+}
+
+}  // namespace
+}  // namespace tarvelo

@@ -1,0 +1,103 @@
+#include "document/document.h"
+
+#include <utility>
+
+#include "text/unicode.h"
+
+namespace tarvelo {
+
+// --- the dump ---
+
+void Document::Open(Fullflash image, const std::filesystem::path& path) {
+  Close();
+  dump_.image = std::move(image);
+  dump_.info = Identify(dump_.image);
+  SetPath(path);
+  fileName_ = ToUpper(fileName_);
+  fileDir_ = path.parent_path();
+}
+
+void Document::Close() {
+  Forget();
+  edits_.Clear();
+  dump_.image = Fullflash();
+  dump_.info = Identification();
+}
+
+// --- its names ---
+
+void Document::SetPath(const std::filesystem::path& chosen) {
+  path_ = chosen;
+  fileName_ = PathText(chosen);
+  fileStem_ = std::filesystem::path(chosen).replace_extension();
+}
+
+std::filesystem::path Document::Beside(std::string_view ending) const {
+  std::filesystem::path file = fileStem_;
+  return file += PathOf(ending);
+}
+
+// --- edits ---
+
+void Document::Write(Offset offset, Bytes bytes) {
+  edits_.Write(dump_.image, offset, bytes);
+  Changed();
+}
+
+void Document::Write(std::span<const Change> changes) {
+  edits_.Write(dump_.image, changes);
+  Changed();
+}
+
+std::optional<Region> Document::Undo() {
+  const auto region = edits_.Undo(dump_.image);
+  if (region) Changed();
+  return region;
+}
+
+std::optional<Region> Document::Redo() {
+  const auto region = edits_.Redo(dump_.image);
+  if (region) Changed();
+  return region;
+}
+
+Document::Watch Document::OnChange(std::function<void()> changed) {
+  auto watch = std::make_shared<const std::function<void()>>(std::move(changed));
+  watches_.push_back(watch);
+  return watch;
+}
+
+// A watcher may end its own watch, or another's, while it is called.
+void Document::Changed() {
+  Forget();
+  std::erase_if(watches_, [](const auto& watch) { return watch.expired(); });
+  for (const auto& watch : std::vector(watches_))
+    if (const Watch alive = watch.lock()) (*alive)();
+}
+
+// --- what was found in it ---
+
+void Document::Forget() {
+  found_.clear();
+  map_.reset();
+}
+
+const Findings& Document::Find(const Explorer& explorer, Progress& progress) {
+  const auto known = found_.find(&explorer);
+  if (known != found_.end()) return known->second;
+  return found_.emplace(&explorer, explorer.search(dump_, progress)).first->second;
+}
+
+const Findings* Document::Known(const Explorer& explorer) const {
+  const auto known = found_.find(&explorer);
+  return known == found_.end() ? nullptr : &known->second;
+}
+
+std::shared_ptr<const DumpMap> Document::Map(Progress& progress) {
+  if (!map_)
+    map_ = std::make_shared<const DumpMap>(MapDump(
+        dump_, [&](const Explorer& explorer) -> const Findings& { return Find(explorer, progress); }));
+  return map_;
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,32 @@
+// The map as people see it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/table.h"
+#include "document/dump_map.h"
+#include "resources/messages.h"
+
+namespace tarvelo {
+
+// A step of sureness for programs: "certain"; never translated. Empty for what is unknown.
+[[nodiscard]] std::string_view KeyOf(Sureness sure);
+
+// The name of a group of kinds: "EEPROM (deleted)".
+[[nodiscard]] std::string NameOf(const ClaimGroup& group, const Messages& messages);
+
+// What a region is: "EEPROM 5076 (header)", "picture 12", "erased".
+[[nodiscard]] std::string WhatOf(const Claim& region, const Messages& messages = Messages());
+
+// What lies at `size` bytes from an offset on: the regions' names, each once, at most three and then
+// "...": "EEPROM 5076, erased". Empty outside the image.
+[[nodiscard]] std::string LabelOf(const DumpMap& map, Offset offset, Offset size = 1,
+                                  const Messages& messages = Messages());
+
+// The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal
+// and as long in all rows, Size is decimal. The map and the image must outlive the rows.
+[[nodiscard]] TableRows MapRows(const DumpMap& map, const Fullflash& image,
+                                const Messages& messages = Messages());
+
+}  // namespace tarvelo

@@ -1,0 +1,164 @@
+#include "pictures/picture_search.h"
+
+#include <algorithm>
+#include <optional>
+#include <span>
+
+#include "core/scan/vector_scan.h"
+#include "pictures/colours.h"
+#include "pictures/picture_data.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int mostTables = 99;
+constexpr Offset entrySize = 8;
+constexpr Offset nextTableWithin = 0x50000;
+constexpr Offset progressStep = 0x8000;
+
+// What the first entry of a table begins with: width and height, the type with or without bit 7, then 0;
+// and the 0 of the second entry.
+constexpr Probe pageModeSignature[] = {{.offset = 0, .value = 0x0404},
+                                       {.offset = 2, .value = 0x0001, .mask = 0xFF7F},
+                                       {.offset = 10, .value = 0, .mask = 0xFF00}};
+constexpr Probe largeSignature[] = {{.offset = 0, .value = 0x3434},
+                                    {.offset = 2, .value = 0x0088},
+                                    {.offset = 10, .value = 0, .mask = 0xFF00}};
+
+// What a header outside the tables begins with: width and height below 0x80, type 0x81, then 0.
+constexpr Probe outsideHeader[] = {{.offset = 2, .value = 0x0081}, {.offset = 0, .value = 0, .mask = 0x8080}};
+
+class Search {
+ public:
+  Search(const Fullflash& image, Progress& progress)
+      : image_(image),
+        end_(static_cast<Offset>(image.ff().size())),
+        sizes_(image.ff()),
+        progress_(progress, 0, end_) {}
+
+  PictureList Run() {
+    Offset position = 0;
+    Offset lastTable = end_;
+    for (int table = 1; table <= mostTables; ++table) {
+      const auto start = FindTable(position, std::min(lastTable + nextTableWithin, end_ - 20));
+      if (!start) break;
+      lastTable = *start;
+      list_.tables.push_back(*start);
+      position = ReadTable(*start, table);
+      if (!list_.colourSeen) {
+        ListOutside(position);
+        break;
+      }
+    }
+    return std::move(list_);
+  }
+
+ private:
+  // The positions from .. last, step 2, at which the probes match, given to `take` until that says so; in
+  // pieces between which progress is shown.
+  template <typename Take>
+  void EachMatch(std::span<const Probe> probes, Offset from, Offset last, Take take) {
+    const Sieve sieve(2, probes);
+    for (Offset p = from; p <= last;) {
+      progress_.At(p);
+      const Offset pieceEnd = std::min(last, (p / progressStep + 1) * progressStep - 2);
+      if (sieve.Each(image_.ff(), p, pieceEnd, take)) return;
+      p = pieceEnd + 2;
+    }
+  }
+
+  std::optional<Offset> FindTable(Offset from, Offset last) {
+    std::optional<Offset> found;
+    EachMatch(image_.PageMode() ? pageModeSignature : largeSignature, from, last, [&](Offset p) {
+      const bool hasSecondEntry = image_.Byte(p + 8) != 0 && image_.Byte(p + 9) != 0;
+      if (hasSecondEntry) found = p;
+      return hasSecondEntry;
+    });
+    return found;
+  }
+
+  // Lists the entries of a table. Returns where the table ends.
+  Offset ReadTable(Offset start, int table) {
+    Offset p = start;
+    for (int index = 0; p <= end_ - entrySize; p += entrySize, ++index) {
+      Picture picture = ReadHeader(p);
+      const bool isNextTable = p != start && picture.width == 4 && picture.height == 4 && picture.type == 1;
+      if (picture.height == 0 || picture.width == 255 || image_.Byte(p + 3) != 0 || isNextTable) break;
+      picture.table = static_cast<std::uint8_t>(table);
+      picture.index = index;
+      if (picture.data < 0) picture.data += 0x200000;  // an address below the base is meant to wrap
+      Add(picture);
+    }
+    return p;
+  }
+
+  // Very many are counted before they are listed, so that the list never moves: it may take more room than
+  // the image.
+  void ListOutside(Offset from) {
+    constexpr std::size_t few = 0x10000;
+    const auto rest = ListHeaders(from, few);
+    if (!rest) return;
+    std::size_t count = 0;
+    EachHeader(*rest, [&](const Picture&) {
+      ++count;
+      return false;
+    });
+    list_.pictures.reserve(list_.pictures.size() + count);
+    ListHeaders(*rest, count + 1);
+  }
+
+  // Lists the headers from an offset on, at most so many. Returns where there may be more.
+  std::optional<Offset> ListHeaders(Offset from, std::size_t most) {
+    std::optional<Offset> rest;
+    EachHeader(from, [&](Picture picture) {
+      picture.outside = true;
+      picture.table = 9;
+      picture.index = list_.outsideCount++;
+      Add(picture);
+      if (--most == 0) rest = picture.entry + 2;
+      return rest.has_value();
+    });
+    return rest;
+  }
+
+  template <typename Take>
+  void EachHeader(Offset from, Take take) {
+    EachMatch(outsideHeader, from, end_ - entrySize, [&](Offset p) {
+      const Picture picture = ReadHeader(p);
+      if (picture.width >= 1 && picture.width <= 101 && picture.height >= 1 && picture.height <= 80 &&
+          picture.data >= 1 && picture.data < end_)
+        return take(picture);
+      return false;
+    });
+  }
+
+  [[nodiscard]] Picture ReadHeader(Offset p) const {
+    Picture picture;
+    picture.width = image_.Byte(p);
+    picture.height = image_.Byte(p + 1);
+    picture.type = image_.Byte(p + 2);
+    picture.entry = static_cast<std::int32_t>(p);
+    picture.data = image_.GetAdr(p + 4) - image_.LoadBase();  // below 2^31 in images of either kind
+    return picture;
+  }
+
+  void Add(Picture picture) {
+    const int bits = picture.BitsPerPixel();
+    picture.number = static_cast<int>(list_.pictures.size());
+    picture.size = sizes_.SizeP(picture.width, picture.height, bits, picture.data, picture.type);
+    if (bits > 1) list_.colourSeen = true;
+    list_.pictures.push_back(picture);
+  }
+
+  const Fullflash& image_;
+  const Offset end_;
+  PictureDecoder sizes_;
+  ProgressRun progress_;
+  PictureList list_;
+};
+
+}  // namespace
+
+PictureList GetP(const Fullflash& image, Progress& progress) { return Search(image, progress).Run(); }
+
+}  // namespace tarvelo

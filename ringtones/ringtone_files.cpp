@@ -1,0 +1,145 @@
+#include "ringtones/ringtone_files.h"
+
+#include <algorithm>
+
+#include "core/file.h"
+#include "core/notation.h"
+#include "ringtones/wave_file.h"
+
+namespace tarvelo {
+namespace {
+
+using FileBuffer = std::vector<std::uint8_t>;
+
+std::filesystem::path WriteNumbered(const std::filesystem::path& folder, std::string_view stem, int number,
+                                    std::string_view extension, Bytes bytes) {
+  MakeFolder(folder);
+  std::filesystem::path file = folder / PathOf(NumberedFileName(stem, number, extension));
+  // Not written over: a link of that name would lead to another file.
+  if (FileExist(file)) RemoveFile(file);
+  NoProgress progress;
+  WriteFile(file, bytes, progress);
+  return file;
+}
+
+void Add(FileBuffer& out, std::string_view text) { out.insert(out.end(), text.begin(), text.end()); }
+
+void BigEndian(FileBuffer& out, std::size_t value, int bytes) {
+  while (bytes-- > 0) out.push_back(static_cast<std::uint8_t>(value >> 8 * bytes));
+}
+
+// The ticks before an event, up to longestDelta: seven bits a byte, the highest first; all bytes but
+// the last have bit 7.
+constexpr std::int64_t longestDelta = 0x0FFFFFFF;
+
+void Delta(FileBuffer& out, std::int64_t ticks) {
+  for (int shift = 21; shift > 0; shift -= 7)
+    if (ticks >> shift != 0) out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
+  out.push_back(static_cast<std::uint8_t>(ticks & 0x7F));
+}
+
+// 500 ticks a quarter note of half a second, which players also take where they pass over the tempo.
+constexpr int ticksOfQuarter = 500;
+constexpr int microsecondsOfQuarter = 500000;
+
+FileBuffer MidiEvents(std::span<const Tone> melody) {
+  constexpr std::uint8_t squareLead = 80;
+  constexpr std::uint8_t loudness = 100;
+  FileBuffer track{0x00, 0xFF, 0x51, 0x03};
+  BigEndian(track, microsecondsOfQuarter, 3);
+  track.insert(track.end(), {0x00, 0xC0, squareLead});
+  std::int64_t waiting = 0;
+  std::int64_t time = 0;
+  for (const Tone& record : melody) {
+    const Tone tone = Heard(record);
+    if (tone.duration == 0) continue;
+    time += tone.duration;
+    if (time > longestDelta) break;
+    const std::optional<int> key = KeyOf(tone.frequency);
+    if (!key) {
+      waiting += tone.duration;
+      continue;
+    }
+    const auto keyByte = static_cast<std::uint8_t>(*key);
+    Delta(track, waiting);
+    track.insert(track.end(), {0x90, keyByte, loudness});
+    Delta(track, tone.duration);
+    track.insert(track.end(), {0x80, keyByte, 0x40});
+    waiting = 0;
+  }
+  Delta(track, waiting);
+  track.insert(track.end(), {0xFF, 0x2F, 0x00});
+  return track;
+}
+
+constexpr std::int64_t sampleRate = 22050;
+constexpr std::int64_t longestWave = 600000;  // ms: 10 minutes
+
+FileBuffer Samples(std::span<const Tone> melody) {
+  constexpr std::uint8_t low = 64;
+  constexpr std::uint8_t silence = 128;
+  constexpr std::uint8_t high = 192;
+  FileBuffer samples;
+  std::int64_t time = 0;
+  for (const Tone& record : melody) {
+    const Tone tone = Heard(record);
+    const bool isRest = tone.frequency == 0 || tone.frequency > sampleRate / 2;
+    time = std::min(time + tone.duration, longestWave);
+    // Counted from the start of the melody, so that what is lost of a sample does not add up.
+    const std::int64_t count = time * sampleRate / 1000 - static_cast<std::int64_t>(samples.size());
+    for (std::int64_t i = 0; i < count; ++i) {
+      const bool isFirstHalf = i * tone.frequency * 2 / sampleRate % 2 == 0;
+      samples.push_back(isRest ? silence : isFirstHalf ? high : low);
+    }
+    if (time == longestWave) break;
+  }
+  return samples;
+}
+
+}  // namespace
+
+std::string NumberedFileName(std::string_view stem, int number, std::string_view extension) {
+  const std::string digits = HexColumn(number, 4);
+  return std::string(stem).append("_").append(digits).append(extension);
+}
+
+std::filesystem::path SaveDump(const Fullflash& image, const std::filesystem::path& folder,
+                               std::string_view stem, int number, std::string_view extension, Offset offset,
+                               Offset size) {
+  const auto imageSize = static_cast<Offset>(image.ff().size());
+  const Offset begin = std::clamp<Offset>(offset, 0, imageSize);
+  const Offset count = std::clamp<Offset>(size, 0, imageSize - begin);
+  return WriteNumbered(folder, stem, number, extension,
+                       image.ff().subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(count)));
+}
+
+std::optional<std::filesystem::path> SaveRingtone(const Fullflash& image, const Ringtone& ringtone,
+                                                  const std::filesystem::path& folder, std::string_view stem,
+                                                  RingtoneFormat format) {
+  const bool isMidi = format == RingtoneFormat::Midi;
+  const RingtoneForm wanted = isMidi ? RingtoneForm::Midi : RingtoneForm::Wave;
+  if (format == RingtoneFormat::Raw || ringtone.form == wanted)
+    return SaveDump(image, folder, stem, ringtone.number, ringtone.Extension(), ringtone.data, ringtone.size);
+  if (ringtone.IsFile()) return {};
+  const std::vector<Tone> melody = DecodeMelody(image.ff(), ringtone.data);
+  return WriteNumbered(folder, stem, ringtone.number, isMidi ? ".mid" : ".wav",
+                       isMidi ? MelodyMidi(melody) : MelodyWave(melody));
+}
+
+FileBuffer MelodyMidi(std::span<const Tone> melody) {
+  const FileBuffer track = MidiEvents(melody);
+  FileBuffer file;
+  Add(file, "MThd");
+  BigEndian(file, 6, 4);
+  BigEndian(file, 0, 2);  // format
+  BigEndian(file, 1, 2);  // tracks
+  BigEndian(file, ticksOfQuarter, 2);
+  Add(file, "MTrk");
+  BigEndian(file, track.size(), 4);
+  file.insert(file.end(), track.begin(), track.end());
+  return file;
+}
+
+FileBuffer MelodyWave(std::span<const Tone> melody) { return WaveFile(Samples(melody), sampleRate); }
+
+}  // namespace tarvelo

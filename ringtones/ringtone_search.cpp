@@ -1,0 +1,141 @@
+#include "ringtones/ringtone_search.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+
+#include "core/scan/vector_scan.h"
+#include "ringtones/melody.h"
+#include "ringtones/ringtone_length.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr Offset entrySize = 8;
+constexpr int startEntries = 5;  // that a table is known by, with the number of the next one
+constexpr std::uint8_t lastKind = 15;
+constexpr Offset progressStep = 0x8000;
+
+// The numbers of the entries behind the first: rarer in an image than the zeros of that.
+constexpr Probe entryNumbers[] = {{.offset = 8, .value = 1},
+                                  {.offset = 16, .value = 2},
+                                  {.offset = 24, .value = 3},
+                                  {.offset = 32, .value = 4}};
+
+class Search {
+ public:
+  Search(const Fullflash& image, Progress& progress)
+      : image_(image), end_(static_cast<Offset>(image.ff().size())), progress_(progress, 0, end_) {}
+
+  RingtoneList Run() {
+    list_.table = FindTable();
+    if (list_.table) {
+      ReadTable(*list_.table);
+      MeasureMelodies();
+    }
+    return std::move(list_);
+  }
+
+ private:
+  std::optional<Offset> FindTable() {
+    const Sieve sieve(2, entryNumbers);
+    const Offset last = end_ - startEntries * entrySize - 1;
+    std::optional<Offset> found;
+    for (Offset piece = 0; piece <= last && !found; piece += progressStep) {
+      progress_.At(piece);
+      sieve.Each(image_.ff(), piece, std::min(last, piece + progressStep - 2), [&](Offset p) {
+        if (IsTable(p)) found = p;
+        return found.has_value();
+      });
+    }
+    return found;
+  }
+
+  // Needs the byte behind the entries within the image.
+  [[nodiscard]] bool IsTable(Offset p) const {
+    for (int number = 0; number < startEntries; ++number, p += entrySize)
+      if (image_.Word(p) != number || image_.Byte(p + 2) > lastKind || image_.Byte(p + 3) != 0) return false;
+    return image_.Byte(p) == startEntries;
+  }
+
+  void ReadTable(Offset p) {
+    for (;; p += entrySize) {
+      while (p <= end_ - entrySize && image_.Byte(p + 1) == 8) p += 2;
+      if (p > end_ - entrySize || image_.Byte(p + 2) > lastKind) return;
+      ReadEntry(p);
+    }
+  }
+
+  void ReadEntry(Offset p) {
+    Ringtone ringtone;
+    ringtone.number = image_.Byte(p);
+    ringtone.kind = image_.Byte(p + 2);
+    ringtone.entry = p;
+    const std::int32_t address = image_.GetAdr(p + 4);
+    if (listed_[ringtone.number] || address == 0 || ringtone.kind == 1) return;
+    ringtone.data = Offset{address} - image_.LoadBase();
+    const bool isFile = ringtone.kind >= 6 && ringtone.kind <= 8;
+    if (isFile ? !FindFile(ringtone) : ringtone.data < 1) return;
+    listed_[ringtone.number] = true;
+    list_.ringtones.push_back(ringtone);
+  }
+
+  // Follows the pointer that `data` leads to. Whether there is a file that can be listed.
+  bool FindFile(Ringtone& ringtone) {
+    if (ringtone.data < 0 || ringtone.data > end_ - 4) return false;
+    ringtone.data = Offset{image_.GetAdr(ringtone.data)} - image_.LoadBase();
+    if (ringtone.data < 0 || ringtone.data >= end_) return false;
+    const Bytes file = image_.ff().subspan(static_cast<std::size_t>(ringtone.data));
+    if (file[0] != 'M' && file[0] != 'R') return false;
+    const bool isMidi = file[0] == 'M';
+    ringtone.form = isMidi ? RingtoneForm::Midi : RingtoneForm::Wave;
+    const FileLength length = isMidi ? LengthOfMidi(file) : LengthOfWave(file);
+    ringtone.size = length.size;
+    ringtone.time = length.time;
+    return true;
+  }
+
+  // Melodies may begin within others and share their end. From the last one backwards, each is walked
+  // only up to the next that has the same alignment, so that no record is read twice.
+  void MeasureMelodies() {
+    std::vector<Ringtone*> melodies;
+    for (Ringtone& ringtone : list_.ringtones)
+      if (!ringtone.IsFile()) melodies.push_back(&ringtone);
+    std::ranges::sort(melodies, std::greater{}, [](const Ringtone* melody) { return melody->data; });
+    std::array<const Ringtone*, 4> nextOfAlignment{};
+    for (Ringtone* melody : melodies) {
+      const Ringtone*& next = nextOfAlignment[static_cast<std::size_t>(melody->data % 4)];
+      Measure(*melody, next);
+      next = melody;
+    }
+  }
+
+  void Measure(Ringtone& melody, const Ringtone* next) const {
+    Offset p = melody.data;
+    for (; p <= end_ - 4; p += 4) {
+      if (next != nullptr && p == next->data) {
+        melody.time += next->time;
+        p += next->size;
+        break;
+      }
+      const std::uint16_t duration = image_.Word(p + 2);
+      if (EndsMelody(image_.Word(p), duration)) break;
+      melody.time += duration;
+    }
+    melody.size = p - melody.data;
+  }
+
+  const Fullflash& image_;
+  const Offset end_;
+  ProgressRun progress_;
+  std::array<bool, 256> listed_{};
+  RingtoneList list_;
+};
+
+}  // namespace
+
+RingtoneList GetRingtones(const Fullflash& image, Progress& progress) {
+  return Search(image, progress).Run();
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,211 @@
+#include "shell/calculator/calc166.h"
+
+#include <wx/panel.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+
+#include "core/calculator.h"
+#include "shell/base/interface_language.h"
+#include "shell/info/picture.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/base/strings.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int ignoredKey = 14;
+const wxColour wrongColour(0xC0, 0, 0);
+
+// What a key types: letters up to H in upper case, digits, control characters; no other.
+int Filtered(int key) {
+  if (key >= 'a' && key <= 'h') return key - 32;
+  const bool kept = key < 32 || (key >= 'A' && key <= 'H') || (key >= '0' && key <= '9');
+  return kept ? key : ignoredKey;
+}
+
+bool MovesTheCursor(int key) { return key >= WXK_START || key == WXK_DELETE; }
+
+std::uint32_t DecimalVal(const std::string& text) {
+  if (text.empty()) return 0;
+  std::uint32_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error == std::errc::result_out_of_range) throw std::overflow_error(text);
+  if (error != std::errc{} || end != text.data() + text.size()) throw std::invalid_argument(text);
+  return value;
+}
+
+std::uint32_t HexOf(const wxTextCtrl& field) { return HexVal(Utf8(field.GetValue())); }
+
+// Whether a field reads as this number already, however it is written.
+bool Reads(const wxTextCtrl& field, const std::string& hex) {
+  try {
+    return HexOf(field) == HexVal(hex);
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+Calc166::Calc166(wxWindow* parent, const Messages& messages, Dump dump)
+    : wxFrame(
+          parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+          wxCAPTION | wxCLOSE_BOX | wxSYSTEM_MENU | wxTAB_TRAVERSAL | (parent ? wxFRAME_FLOAT_ON_PARENT : 0)),
+      messages_(messages),
+      dump_(std::move(dump)) {
+  SetIcons(ProgramIcons());
+  auto* sheet = new wxPanel(this);
+  const auto field = [&](wxTextCtrl*& text, int message, void (Calc166::*change)()) {
+    auto* label = new wxStaticText(sheet, wxID_ANY, wxString());
+    text = new wxTextCtrl(sheet, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
+    text->SetMaxLength(10);
+    text->Bind(wxEVT_TEXT, [this, text, change](wxCommandEvent&) { Convert(*text, change); });
+    text->Bind(wxEVT_CHAR, &Calc166::Form_KeyPress, this);
+    return Field{text, label, message};
+  };
+  const Field fields[] = {field(Page, Text::Page, &Calc166::Page_Change), field(Offs, Text::OffsetInPage, &Calc166::Page_Change),
+                          field(Addr, Text::PhoneAddress, &Calc166::Addr_Change), field(AdFF, Text::AddressInFullflash, &Calc166::AdFF_Change),
+                          field(L16, Text::Hexadecimal, &Calc166::L16_Change),   field(L10, Text::Decimal, &Calc166::L10_Change)};
+  std::ranges::copy(fields, fields_);
+  error_ = new wxStaticText(sheet, wxID_ANY, wxString(), wxDefaultPosition,
+                            wxSize(-1, sheet->GetTextExtent("0").y), wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
+  error_->SetForegroundColour(wrongColour);
+  Arrange(*sheet);
+  Recaption(messages);
+  AdFF->Bind(wxEVT_LEFT_DCLICK, [this](wxMouseEvent&) { AdFF_DblClick(); });
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    if (key == WXK_RETURN || key == WXK_NUMPAD_ENTER || key == WXK_ESCAPE)
+      Close();
+    else
+      event.Skip();
+  });
+  Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) {
+    if (dump_.closed) dump_.closed();
+    Destroy();
+  });
+  // Fields know their height only once they are shown.
+  Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+    event.Skip();
+    CallAfter([this] { FitFields(); });
+  });
+  Page->SetFocus();
+}
+
+void Calc166::Arrange(wxPanel& sheet) {
+  const int gap = FromDIP(6);
+  auto* grid = new wxFlexGridSizer(2, gap, 2 * gap);
+  grid->AddGrowableCol(1);
+  for (const Field& field : fields_) {
+    if (field.text == L16) {
+      grid->AddSpacer(gap);
+      grid->AddSpacer(gap);
+    }
+    grid->Add(field.label, 0, wxALIGN_CENTRE_VERTICAL);
+    field.text->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
+    field.text->SetMinSize(wxSize(field.text->GetTextExtent("0").x * 12 + FromDIP(16), -1));
+    grid->Add(field.text, 1, wxEXPAND);
+  }
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(grid, 1, wxEXPAND | wxALL, 2 * gap);
+  column->Add(error_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, 2 * gap);
+  sheet.SetSizer(column);
+  auto* whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(&sheet, 1, wxEXPAND);
+  SetSizer(whole);
+}
+
+void Calc166::Recaption(const Messages& messages) {
+  messages_ = messages;
+  SetCharacterSet(*this, messages.Current());
+  SetTitle(Wx(messages.Msg(Text::AddressCalculator)));
+  for (const Field& field : fields_) {
+    field.label->SetLabel(Wx(messages.Msg(field.message)));
+    platform::SetAccessibleName(*field.text, Wx(messages.Msg(field.message)));
+  }
+  error_->SetLabel(wxString());
+  FitFields();
+}
+
+// As small as the fields, their labels and the title with the buttons beside it allow.
+void Calc166::FitFields() {
+  wxWindow& sheet = *fields_[0].text->GetParent();
+  const wxSize needed = sheet.GetSizer()->CalcMin();
+  const int title = GetTextExtent(GetTitle()).x + FromDIP(160);
+  sheet.SetMinSize(wxSize(std::max(needed.x, title), needed.y));
+  GetSizer()->SetSizeHints(this);
+}
+
+wxString Calc166::Error() const { return error_->GetLabel(); }
+
+std::int32_t Calc166::CorrBase() const { return dump_.corrBase ? dump_.corrBase() : 0; }
+
+void Calc166::BaseChanged() {
+  if (!Addr->IsEmpty()) Convert(*Addr, &Calc166::Addr_Change);
+}
+
+// Runs the change handler of a field that the user has typed in. What cannot be read is said below the
+// fields, and changes none of the others.
+void Calc166::Convert(wxTextCtrl& field, void (Calc166::*change)()) {
+  if (Updating) return;
+  const auto wrong = [&](int message) {
+    error_->SetLabel(Wx(messages_.MsgS(message, Utf8(field.GetValue()))));
+    field.SetForegroundColour(wrongColour);
+    field.Refresh();
+  };
+  for (const Field& each : fields_)
+    each.text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+  error_->SetLabel(wxString());
+  Updating = true;
+  try {
+    (this->*change)();
+  } catch (const std::overflow_error&) {
+    wrong(Text::NumberTooLarge);
+  } catch (const std::invalid_argument&) {
+    wrong(Text::NotANumber);
+  }
+  Updating = false;
+}
+
+// The field that the user types in keeps his way to write the number.
+void Calc166::Put(wxTextCtrl& field, const std::string& text) {
+  if (!field.HasFocus() || !Reads(field, text)) field.ChangeValue(Wx(text));
+}
+
+void Calc166::ShowAddress(const AddressFields& fields) {
+  Put(*Page, fields.Page);
+  Put(*Offs, fields.Offs);
+  Put(*Addr, fields.Addr);
+  Put(*AdFF, fields.AdFF);
+}
+
+void Calc166::Page_Change() { ShowAddress(FromPage(HexOf(*Page), HexOf(*Offs), CorrBase())); }
+
+void Calc166::Addr_Change() { ShowAddress(FromAddr(HexOf(*Addr), CorrBase())); }
+
+void Calc166::AdFF_Change() { ShowAddress(FromAdFF(HexOf(*AdFF), CorrBase())); }
+
+void Calc166::L16_Change() { L10->ChangeValue(Wx(std::to_string(HexOf(*L16)))); }
+
+void Calc166::L10_Change() { L16->ChangeValue(Wx(Hex24(DecimalVal(Utf8(L10->GetValue()))))); }
+
+void Calc166::AdFF_DblClick() {
+  if (!dump_.show || AdFF->IsEmpty()) return;
+  Convert(*AdFF, &Calc166::AdFF_Change);
+  if (Error().empty()) dump_.show(HexOf(*AdFF));
+}
+
+void Calc166::Form_KeyPress(wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  if (MovesTheCursor(key) || Filtered(key) == key) return event.Skip();
+  auto& field = dynamic_cast<wxTextCtrl&>(*event.GetEventObject());
+  if (Filtered(key) != ignoredKey) field.WriteText(wxString(static_cast<char>(Filtered(key))));
+}
+
+}  // namespace tarvelo

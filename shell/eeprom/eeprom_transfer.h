@@ -1,0 +1,59 @@
+// The EEPROM panel's blocks as files: the commands that save and load them.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+#include "eeprom/block_store.h"
+#include "shell/services/panel_commands.h"
+
+namespace tarvelo {
+
+class LoadedFiles;
+class Main;
+
+class EepromTransfer {
+ public:
+  // The current block; null where there is none.
+  using ChosenBlock = std::function<const EepromBlockRecord*()>;
+
+  // The store must outlive the object. It is the image's as it was scanned: loading changes bytes, not it.
+  EepromTransfer(Main& main, const BlockStore& store, ChosenBlock chosen)
+      : main_(main), store_(store), chosen_(std::move(chosen)) {}
+
+  // The entries of the panel's menu.
+  [[nodiscard]] std::vector<PanelCommand> Commands();
+
+  // Each does nothing without a chosen block, resp. without any.
+  void SaveBlock_Click();
+  void SaveAllBlock_Click();
+  void LoadBlock_Click();
+  void LoadAllBlock_Click();
+  // Saves the live blocks into a new folder, named by the time.
+  void eeBackup_Click();
+
+ private:
+  struct Saved {
+    std::size_t files = 0;
+    std::vector<int> without;  // numbers of the blocks that the image does not hold
+    bool stopped = false;
+  };
+
+  Saved SaveEach(const std::filesystem::path& folder, bool allGenerations);
+  void TellSaved(const Saved& saved, const std::filesystem::path& path);
+  void LoadFile(int number, const std::filesystem::path& file);
+  void LoadNumber(int number, const std::filesystem::path& file, LoadedFiles& loaded);
+  [[nodiscard]] bool HasPlace(int number) const;
+  [[nodiscard]] wxString WhyNoPlace(int number) const;
+  [[nodiscard]] wxString Whose(int number) const;
+  [[nodiscard]] std::filesystem::path Folder() const;
+  [[nodiscard]] std::string Stem() const;
+
+  Main& main_;
+  const BlockStore& store_;
+  ChosenBlock chosen_;
+  bool deletedToo_ = false;
+};
+
+}  // namespace tarvelo

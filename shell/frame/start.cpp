@@ -1,0 +1,3 @@
+#include "shell/frame/app.h"
+
+wxIMPLEMENT_APP(tarvelo::App);

@@ -1,0 +1,52 @@
+#include "shell/hex/hex_cursor.h"
+
+#include <algorithm>
+
+#include "shell/hex/hex_rows.h"
+
+namespace tarvelo {
+
+ByteRange HexCursor::Selection() const {
+  if (!selecting_) return {at_, 0};
+  return {std::min(at_, anchor_), std::max(at_, anchor_) - std::min(at_, anchor_) + 1};
+}
+
+void HexCursor::MoveTo(Offset offset, bool extend) {
+  if (size_ == 0) return;
+  at_ = std::clamp<Offset>(offset, 0, size_ - 1);
+  if (!extend) anchor_ = at_;
+  selecting_ = extend;
+}
+
+void HexCursor::Move(CursorStep step, Offset pageRows, bool extend) {
+  MoveTo(Target(step, pageRows), extend);
+}
+
+Offset HexCursor::Target(CursorStep step, Offset pageRows) const {
+  const Offset column = at_ % bytesInRow;
+  const Offset lastRow = std::max<Offset>(0, size_ - 1) / bytesInRow;
+  const auto inRow = [&](Offset row) { return std::clamp<Offset>(row, 0, lastRow) * bytesInRow + column; };
+  const Offset row = at_ / bytesInRow;
+  switch (step) {
+    case CursorStep::Left: return at_ - 1;
+    case CursorStep::Right: return at_ + 1;
+    case CursorStep::Up: return inRow(row - 1);
+    case CursorStep::Down: return inRow(row + 1);
+    case CursorStep::PageUp: return inRow(row - pageRows);
+    case CursorStep::PageDown: return inRow(row + pageRows);
+    case CursorStep::RowStart: return at_ - column;
+    case CursorStep::RowEnd: return at_ - column + bytesInRow - 1;
+    case CursorStep::ImageStart: return 0;
+    case CursorStep::ImageEnd: return size_ - 1;
+  }
+  return at_;
+}
+
+void HexCursor::Select(const ByteRange& range) {
+  MoveTo(range.start, false);
+  if (range.size <= 0 || size_ == 0) return;
+  anchor_ = std::min(size_ - 1, range.start + range.size - 1);
+  selecting_ = true;
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,116 @@
+#include "shell/info/info_panel.h"
+
+#include <wx/button.h>
+#include <wx/panel.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/statbox.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+
+#include "patch/patch_document.h"
+#include "resources/messages.h"
+#include "shell/frame/main.h"
+#include "shell/info/picture.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/base/product.h"
+#include "shell/base/strings.h"
+#include "shell/info/welcome.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr std::size_t bytesAtOnce = 1 << 18;  // appended to the text; the progress bar moves between
+
+}  // namespace
+
+InfoPanel::InfoPanel(Main& main)
+    : Panel({.menuEntry = Info, .name = Text::Info, .saveTextCaption = Text::SaveInfoFile}),
+      main_(main),
+      window_(new wxPanel(&main)) {
+  sheet_ = new wxPanel(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
+  Text = new wxTextCtrl(sheet_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                        wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxBORDER_NONE);
+  for (wxWindow* part : {sheet_, static_cast<wxWindow*>(Text)})
+    part->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+  Frame = new wxStaticBox(window_, wxID_ANY, productTitle);
+  PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
+  welcome_ = new Welcome(sheet_, main);
+  main.AcceptDrops(*Text);
+  Layout();
+}
+
+void InfoPanel::Layout() {
+  const int gap = window_->FromDIP(8);
+  auto* box = new wxStaticBoxSizer(Frame, wxVERTICAL);
+  box->AddStretchSpacer(1);
+  box->Add(PicAbout, 0, wxALIGN_CENTRE_HORIZONTAL | wxLEFT | wxRIGHT, window_->FromDIP(24));
+  box->AddStretchSpacer(2);
+  auto* margin = new wxBoxSizer(wxVERTICAL);  // the control's own margins work on Windows only
+  margin->Add(Text, 1, wxEXPAND | wxALL, gap);
+  margin->Add(welcome_, 1, wxEXPAND);
+  sheet_->SetSizer(margin);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(sheet_, 1, wxEXPAND | wxALL, gap);
+  row->Add(box, 0, wxEXPAND | wxTOP | wxRIGHT | wxBOTTOM, gap);
+  window_->SetSizer(row);
+}
+
+wxWindow& InfoPanel::Window() { return *window_; }
+
+wxWindow& InfoPanel::FirstFocus() {
+  if (welcome_->IsShown()) return welcome_->OpenButton();
+  return *Text;
+}
+
+void InfoPanel::Save() {
+  const std::filesystem::path file = main_.Open().Beside(".info");
+  wxString text = GetText();
+  text.Replace("\n", CrLf);
+  ReplaceFile(file, Utf8(text));
+  main_.Tell(Text::InformationSaved, file);
+}
+
+void InfoPanel::Clear() { SetText(wxString()); }
+
+void InfoPanel::Recaption(const Messages& messages) {
+  welcome_->Recaption(messages);
+  platform::SetAccessibleName(*Text, Wx(messages.Msg(Traits().name)));
+  window_->Layout();
+}
+
+void InfoPanel::SetText(const wxString& text) {
+  Text->ChangeValue(text);
+  const bool hadFocus = window_->IsDescendant(wxWindow::FindFocus());
+  if (text.empty()) welcome_->ShowRecent(main_.Recent());
+  welcome_->Show(text.empty());
+  Text->Show(!text.empty());
+  sheet_->Layout();
+  window_->Layout();
+  if (hadFocus) FirstFocus().SetFocus();
+}
+
+void InfoPanel::AppendText(const wxString& text) { Text->AppendText(text); }
+
+void InfoPanel::AddText(const std::string& name, const std::string& body) {
+  if (body.empty()) return main_.Tell(Wx(main_.Texts().MsgS(Text::InformationAbsent, name)));
+  AppendLong(InformationBlock(name, body));
+  main_.Announce(Wx(main_.Texts().MsgS(Text::InformationAdded, name)), Wx(name + "\n\n" + body));
+}
+
+void InfoPanel::AppendLong(std::string_view text) {
+  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(text.size()));
+  for (std::size_t done = 0; done < text.size();) {
+    // To the end of a line, so that no character is split.
+    const std::size_t end = std::min(text.find('\n', done + bytesAtOnce), text.size() - 1) + 1;
+    AppendText(Wx(text.substr(done, end - done)));
+    done = end;
+    run.At(static_cast<std::int64_t>(done));
+  }
+}
+
+wxString InfoPanel::GetText() const { return Text->GetValue(); }
+
+}  // namespace tarvelo

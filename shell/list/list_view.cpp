@@ -1,0 +1,309 @@
+#include "shell/list/list_view.h"
+
+#include <wx/clipbrd.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/srchctrl.h>
+
+#include <algorithm>
+#include <numeric>
+#include <string_view>
+
+#include "resources/messages.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/platform/list_keys.h"
+#include "shell/base/strings.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int widestColumn = 60;  // characters; longer texts are cut off on the screen
+constexpr std::size_t rowsMeasured = 500;
+constexpr std::size_t longestDrawn = 2000;  // bytes of a cell; a melody may have millions
+
+// Red that is legible on the ground of the theme.
+wxColour MarkedColour() {
+  const bool isDark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
+  return isDark ? wxColour(0xFF, 0x70, 0x70) : wxColour(0xC0, 0, 0);
+}
+
+// As much of a cell as can be seen.
+std::string_view Drawn(std::string_view cell) {
+  if (cell.size() <= longestDrawn) return cell;
+  std::size_t end = longestDrawn;
+  while (end > 0 && (cell[end] & 0xC0) == 0x80) --end;  // no character is split
+  return cell.substr(0, end);
+}
+
+// Characters of a text, those twice that are wide in a monospaced font. (Not only they need three bytes,
+// but the others that do are rare.)
+std::size_t WidthOf(std::string_view text) {
+  const auto starts = std::ranges::count_if(text, [](unsigned char c) { return (c & 0xC0) != 0x80; });
+  const auto wide = std::ranges::count_if(text, [](unsigned char c) { return c >= 0xE0; });
+  return static_cast<std::size_t>(starts + wide);
+}
+
+}  // namespace
+
+// Hands the control the cells that it draws.
+class ListView::Model final : public wxDataViewVirtualListModel {
+ public:
+  explicit Model(const ListView& view) : view_(view) {}
+
+  void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
+    const Table::Row* found = Find(row);
+    value = found && column < found->cells.size() ? Wx(Drawn(found->cells[column])) : wxString();
+  }
+
+  bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attr) const override {
+    const Table::Row* found = column < view_.markedColumns_ ? Find(row) : nullptr;
+    if (!found || !found->marked) return false;
+    attr.SetColour(MarkedColour());
+    return true;
+  }
+
+  bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
+
+ private:
+  [[nodiscard]] const Table::Row* Find(unsigned row) const {
+    return row < view_.order_.size() ? &view_.Row(view_.order_[row]) : nullptr;
+  }
+
+  const ListView& view_;
+};
+
+ListView::ListView(wxWindow* parent)
+    : wxPanel(parent),
+      filterLine_(new wxSearchCtrl(this, wxID_ANY)),
+      control_(new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                  wxDV_MULTIPLE | wxDV_ROW_LINES | wxDV_VERT_RULES)),
+      model_(new Model(*this)) {
+  filterLine_->ShowCancelButton(true);
+  control_->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
+  control_->AssociateModel(model_.get());
+  platform::LeaveSearchToMenus(*control_);
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(filterLine_, 0, wxEXPAND | wxBOTTOM, FromDIP(4));
+  column->Add(control_, 1, wxEXPAND);
+  SetSizer(column);
+
+  filterLine_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Filter(Utf8(filterLine_->GetValue())); });
+  control_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
+    if (const auto row = Selected(); row && onSelect) onSelect(*row);
+  });
+  control_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
+    if (const auto row = Selected(); row && onActivate) onActivate(*row);
+  });
+  control_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent& event) {
+    // The row under the mouse is the one that is meant, also where the news of its selection is still
+    // to come; several selected rows stay so.
+    if (event.GetItem().IsOk() && control_->GetSelectedItemsCount() <= 1)
+      Select(order_[model_->GetRow(event.GetItem())]);
+    if (onContextMenu) CallAfter([this] { onContextMenu(); });
+  });
+  control_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool isMenuKey =
+        key == WXK_WINDOWS_MENU || key == WXK_MENU || (key == WXK_F10 && event.GetModifiers() == wxMOD_SHIFT);
+    if (event.GetModifiers() == wxMOD_CONTROL && key == 'C')
+      CopyRows();
+    else if (isMenuKey && onContextMenu)
+      onContextMenu();
+    else
+      event.Skip();
+  });
+  control_->Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [this](wxDataViewEvent& event) {
+    if (event.GetColumn() >= 0) SortBy(static_cast<unsigned>(event.GetColumn()));
+  });
+}
+
+void ListView::SetTable(Table table) {
+  table_ = std::move(table);
+  makeRow_ = nullptr;
+  ShowRows(table_.rows.size());
+}
+
+void ListView::SetRows(TableRows rows) {
+  table_ = {std::move(rows.captions), {}};
+  makeRow_ = std::move(rows.row);
+  ShowRows(rows.count);
+}
+
+const Table::Row& ListView::Row(std::size_t row) const {
+  if (!makeRow_) return table_.rows[row];
+  if (!made_ || madeIndex_ != row) made_ = makeRow_(row);
+  madeIndex_ = row;
+  return *made_;
+}
+
+void ListView::SetCaptions(std::vector<std::string> captions) {
+  table_.captions = std::move(captions);
+  FitColumns();
+}
+
+void ListView::Reword(TableRows rows) {
+  const auto row = Selected();
+  SetRows(std::move(rows));
+  if (row) Select(*row);
+}
+
+void ListView::ShowRows(std::size_t count) {
+  count_ = count;
+  made_.reset();
+  filter_.clear();
+  filterLine_->ChangeValue(wxString());
+  sortColumn_.reset();
+  FitColumns();
+  Arrange();
+}
+
+// As wide as the texts of the first rows; figures are padded to the same width in all of them.
+void ListView::FitColumns() {
+  if (control_->GetColumnCount() != table_.captions.size()) control_->ClearColumns();
+  const int character = control_->GetTextExtent("0").x;
+  const std::size_t measured = std::min(count_, rowsMeasured);
+  for (unsigned i = 0; i < table_.captions.size(); ++i) {
+    std::size_t longest = WidthOf(table_.captions[i]) + 2;  // room for the mark of the sorting
+    for (std::size_t row = 0; row < measured; ++row) longest = std::max(longest, WidthOf(Row(row).cells[i]));
+    const int width = std::min(static_cast<int>(longest), widestColumn) * character + FromDIP(14);
+    if (i == control_->GetColumnCount())
+      control_->AppendTextColumn(wxString(), i, wxDATAVIEW_CELL_INERT, width, wxALIGN_LEFT,
+                                 wxDATAVIEW_COL_RESIZABLE);
+    else
+      control_->GetColumn(i)->SetWidth(width);
+  }
+  ShowCaptions();
+}
+
+bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::optional<unsigned> column) const {
+  const auto holds = [&](const std::string& cell) {
+    return ToUpper(cell).find(upperText) != std::string::npos;
+  };
+  const auto& cells = Row(row).cells;
+  return column ? holds(cells[*column]) : std::ranges::any_of(cells, holds);
+}
+
+// Puts the rows on the screen in order. The current row stays the current one if it is still there.
+void ListView::Arrange() {
+  const auto current = Selected();
+  order_.clear();
+  if (filter_.empty()) order_.reserve(count_);
+  for (std::size_t row = 0; row < count_; ++row)
+    if (filter_.empty() || RowHolds(row, filter_)) order_.push_back(row);
+  if (sortColumn_) {
+    std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows, which settle what is equal
+    cells.reserve(order_.size());
+    for (const std::size_t row : order_)
+      cells.emplace_back(Row(row).cells[*sortColumn_].substr(0, longestDrawn), row);
+    std::ranges::sort(cells, [&](const auto& a, const auto& b) {
+      if (a.first == b.first) return a.second < b.second;
+      return descending_ ? b.first < a.first : a.first < b.first;
+    });
+    std::ranges::transform(cells, order_.begin(), [](const auto& cell) { return cell.second; });
+  }
+  model_->Reset(static_cast<unsigned>(order_.size()));
+  const auto place = current ? std::ranges::find(order_, *current) : order_.end();
+  if (place != order_.end()) {
+    const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(place - order_.begin()));
+    control_->SetCurrentItem(item);
+    control_->Select(item);
+    control_->EnsureVisible(item);
+  }
+}
+
+std::optional<std::size_t> ListView::Selected() const {
+  const wxDataViewItem item = control_->GetCurrentItem();
+  if (!item.IsOk() || control_->GetSelectedItemsCount() == 0) return {};
+  const unsigned row = model_->GetRow(item);
+  if (row >= order_.size()) return {};
+  return order_[row];
+}
+
+std::vector<std::size_t> ListView::SelectedRows() const {
+  wxDataViewItemArray items;
+  control_->GetSelections(items);
+  std::vector<std::size_t> rows;
+  for (const wxDataViewItem& item : items) rows.push_back(model_->GetRow(item));
+  std::ranges::sort(rows);
+  std::erase_if(rows, [this](std::size_t row) { return row >= order_.size(); });
+  for (std::size_t& row : rows) row = order_[row];
+  return rows;
+}
+
+void ListView::Select(std::size_t row) {
+  if (row >= count_) return;
+  if (std::ranges::find(order_, row) == order_.end()) {
+    filterLine_->ChangeValue(wxString());
+    Filter({});
+  }
+  const auto place = std::ranges::find(order_, row) - order_.begin();
+  const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(place));
+  control_->UnselectAll();
+  control_->SetCurrentItem(item);
+  control_->Select(item);
+  control_->EnsureVisible(item);
+  if (onSelect) onSelect(row);
+}
+
+void ListView::Step(int rows) {
+  if (order_.empty()) return;
+  const auto current = Selected();
+  if (!current) return Select(order_.front());
+  const auto place = std::ranges::find(order_, *current) - order_.begin() + rows;
+  Select(order_[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(place, 0, std::ssize(order_) - 1))]);
+}
+
+bool ListView::Find(const std::string& text, bool behindCurrent, std::optional<unsigned> column) {
+  auto from = order_.begin();
+  if (const auto current = Selected(); behindCurrent && current)
+    from = std::ranges::find(order_, *current) + 1;
+  const std::string upper = ToUpper(text);
+  const auto found =
+      std::find_if(from, order_.end(), [&](std::size_t row) { return RowHolds(row, upper, column); });
+  if (found == order_.end()) return false;
+  Select(*found);
+  return true;
+}
+
+void ListView::SortBy(unsigned column) {
+  descending_ = sortColumn_ == column && !descending_;
+  sortColumn_ = column;
+  Arrange();
+  ShowCaptions();
+}
+
+int ListView::BestColumnsWidth() const {
+  int width = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, control_) + FromDIP(4);
+  for (unsigned i = 0; i < control_->GetColumnCount(); ++i) width += control_->GetColumn(i)->GetWidth();
+  return width;
+}
+
+void ListView::ShowCaptions() {
+  for (unsigned i = 0; i < control_->GetColumnCount(); ++i) {
+    const wxString mark =
+        sortColumn_ == i ? wxString::FromUTF8(descending_ ? " \u25BE" : " \u25B4") : wxString();
+    control_->GetColumn(i)->SetTitle(Wx(table_.captions[i]) + mark);
+  }
+}
+
+void ListView::Filter(const std::string& text) {
+  filter_ = ToUpper(text);
+  Arrange();
+}
+
+void ListView::CopyRows() const {
+  Table selected{table_.captions, {}};
+  for (const std::size_t row : SelectedRows()) selected.rows.push_back(Row(row));
+  const wxClipboardLocker lock;
+  if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
+}
+
+void ListView::Recaption(const Messages& messages, int name) {
+  const wxString hint = Wx(messages.Msg(Text::TypeToFilter));
+  filterLine_->SetDescriptiveText(hint);
+  platform::SetAccessibleName(*filterLine_, hint);
+  platform::SetAccessibleName(*control_, Wx(messages.Msg(name)));
+}
+
+}  // namespace tarvelo

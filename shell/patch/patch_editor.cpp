@@ -1,0 +1,121 @@
+#include "shell/patch/patch_editor.h"
+
+#include <wx/settings.h>
+
+#include <algorithm>
+
+#include "patch/patch_document.h"
+#include "shell/base/strings.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+namespace {
+
+enum Style { PlainStyle = 0, CommentStyle, InvalidStyle };
+
+constexpr int numberMargin = 0;  // with the numbers of the lines
+constexpr int symbolMargin = 1;
+
+Style StyleOf(std::string_view line) {
+  switch (ReadPatchLine(line).kind) {
+    case PatchLine::Kind::Comment: return CommentStyle;
+    case PatchLine::Kind::Invalid: return InvalidStyle;
+    default: return PlainStyle;
+  }
+}
+
+// A colour between two, `share` per cent of the second.
+wxColour Mix(const wxColour& a, const wxColour& b, int share) {
+  const auto part = [share](int x, int y) { return static_cast<unsigned char>(x + (y - x) * share / 100); };
+  return {part(a.Red(), b.Red()), part(a.Green(), b.Green()), part(a.Blue(), b.Blue())};
+}
+
+}  // namespace
+
+PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
+  SetLexer(wxSTC_LEX_CONTAINER);
+  SetEOLMode(wxSTC_EOL_CRLF);
+  UsePopUp(wxSTC_POPUP_NEVER);
+  SetScrollWidthTracking(true);
+  ChooseColours();
+  SetMarginType(numberMargin, wxSTC_MARGIN_NUMBER);
+  SetMarginWidth(numberMargin, TextWidth(wxSTC_STYLE_LINENUMBER, "_99999"));
+  SetMarginWidth(symbolMargin, 0);
+  SetMarginLeft(FromDIP(6));
+  Bind(wxEVT_STC_STYLENEEDED, &PatchEditor::StyleLines, this);
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    FitScrollWidth();
+    event.Skip();
+  });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    ChooseColours();
+    event.Skip();
+  });
+}
+
+void PatchEditor::ChooseColours() {
+  const auto system = [](wxSystemColour colour) { return wxSystemSettings::GetColour(colour); };
+  const wxColour window = system(wxSYS_COLOUR_WINDOW);
+  const wxColour text = system(wxSYS_COLOUR_WINDOWTEXT);
+  StyleSetFont(wxSTC_STYLE_DEFAULT, wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
+  StyleSetBackground(wxSTC_STYLE_DEFAULT, window);
+  StyleSetForeground(wxSTC_STYLE_DEFAULT, text);
+  StyleClearAll();
+  StyleSetForeground(CommentStyle, Mix(Mix(text, window, 35), wxColour(0, 160, 0), 35));
+  StyleSetForeground(InvalidStyle, Mix(text, wxColour(230, 40, 40), 75));
+  StyleSetForeground(wxSTC_STYLE_LINENUMBER, Mix(text, window, 55));
+  SetCaretForeground(text);
+  SetSelBackground(true, system(wxSYS_COLOUR_HIGHLIGHT));
+  SetSelForeground(true, system(wxSYS_COLOUR_HIGHLIGHTTEXT));
+}
+
+// What can be scrolled is as wide as what is seen, until a longer line makes it wider: the control's own
+// guess is a bar that is always there.
+void PatchEditor::FitScrollWidth() {
+  const int margins = GetMarginWidth(numberMargin) + GetMarginLeft() + GetMarginRight();
+  const int seen = std::max(1, GetClientSize().x - margins);
+  if (GetXOffset() == 0 || seen > GetScrollWidth()) SetScrollWidth(seen);
+}
+
+// Called for what is about to be drawn, so that even a long text costs nothing while it is typed.
+void PatchEditor::StyleLines(wxStyledTextEvent& event) {
+  const int last = LineFromPosition(event.GetPosition());
+  int line = LineFromPosition(GetEndStyled());
+  StartStyling(PositionFromLine(line));
+  for (; line <= last; ++line) {
+    const int start = PositionFromLine(line);
+    const wxCharBuffer text = GetTextRangeRaw(start, GetLineEndPosition(line));
+    SetStyling(PositionFromLine(line + 1) - start, StyleOf({text.data(), text.length()}));
+  }
+}
+
+std::string PatchEditor::Document() const {
+  const wxCharBuffer text = const_cast<PatchEditor*>(this)->GetTextRaw();
+  return {text.data(), text.length()};
+}
+
+void PatchEditor::Append(std::string_view text) {
+  BeginUndoAction();  // else it would be one step with what was typed just before
+  AppendText(Wx(text));
+  EndUndoAction();
+  GotoPos(GetLength());
+}
+
+void PatchEditor::Forget() {
+  ClearAll();
+  EmptyUndoBuffer();
+}
+
+// The control's own search knows the capitals of English letters only.
+bool PatchEditor::SelectNext(std::string_view wanted) {
+  const std::string text = ToUpper(Document());  // which leaves every character its length
+  const std::string upper = ToUpper(wanted);
+  std::size_t found = text.find(upper, static_cast<std::size_t>(GetSelectionEnd()));
+  if (found == text.npos) found = text.find(upper);
+  if (found == text.npos) return false;
+  SetSelection(static_cast<int>(found), static_cast<int>(found + upper.size()));
+  EnsureCaretVisible();
+  return true;
+}
+
+}  // namespace tarvelo

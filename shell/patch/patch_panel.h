@@ -1,0 +1,50 @@
+// The Patch panel: the patch text and its file.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "shell/services/panel.h"
+#include "shell/services/panel_commands.h"
+#include "shell/services/text_search.h"
+#include "text/bytes.h"
+
+namespace tarvelo {
+
+class Main;
+class PatchEditor;
+
+class PatchPanel final : public Panel {
+ public:
+  explicit PatchPanel(Main& main);
+
+  [[nodiscard]] wxWindow& Window() override;
+  [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
+  void Build() override {}
+  void Save() override { SavePatch(); }
+  void Clear() override;
+  void Recaption(const Messages&) override {}
+
+  // Appends a named patch; `body` may have several lines, parted by line feeds. Announces it if asked to.
+  void AddPatch(const std::string& name, const std::string& body, bool announce);
+
+  // Asks for a name and appends and announces a patch that changes so many bytes. Too many are refused
+  // in the name of the command, message n; then no body is made.
+  void AskAndAddPatch(int n, Offset changedBytes, const std::function<std::string()>& makeBody);
+
+  // Writes the patch file and tells the user. Throws FileError; the text still counts as unsaved then.
+  void SavePatch();
+
+  [[nodiscard]] PatchEditor& Patch() { return *Patch_; }
+
+ private:
+  void Patch_Change();
+  [[nodiscard]] PanelCommands MakeCommands();
+
+  Main& main_;
+  PatchEditor* Patch_;
+  TextSearch search_;
+  PanelCommands commands_;
+};
+
+}  // namespace tarvelo

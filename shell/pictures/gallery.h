@@ -1,0 +1,49 @@
+// All pictures side by side, so that a dump's artwork is seen at a glance. Thumbnails are drawn when
+// they come into sight.
+#pragma once
+
+#include <wx/bitmap.h>
+#include <wx/scrolwin.h>
+
+#include <functional>
+#include <map>
+#include <optional>
+
+#include "pictures/bitmap.h"
+
+namespace tarvelo {
+
+class Gallery final : public wxScrolledCanvas {
+ public:
+  explicit Gallery(wxWindow* parent);
+
+  // Shows `count` pictures, each of which `draw` makes when it is needed.
+  void SetPictures(std::size_t count, std::function<Bitmap(std::size_t)> draw);
+
+  // Frames a picture and scrolls to it; does not call onSelect.
+  void Select(std::size_t index);
+  [[nodiscard]] std::optional<std::size_t> Selected() const { return selected_; }
+
+  std::function<void(std::size_t index)> onSelect;    // by mouse or keys
+  std::function<void(std::size_t index)> onActivate;  // double click, Enter
+  std::function<void()> onContextMenu;
+
+ private:
+  void Arrange();
+  void Choose(std::size_t index);
+  [[nodiscard]] wxBitmap Draw(std::size_t index) const;
+  [[nodiscard]] const wxBitmap& Thumbnail(std::size_t index);
+  [[nodiscard]] wxRect Cell(std::size_t index) const;
+  [[nodiscard]] std::optional<std::size_t> At(const wxPoint& point) const;
+  void Paint(wxPaintEvent& event);
+  void PressKey(wxKeyEvent& event);
+
+  std::function<Bitmap(std::size_t)> draw_;
+  std::size_t count_ = 0;
+  std::map<std::size_t, wxBitmap> thumbnails_;  // those drawn of late
+  std::optional<std::size_t> selected_;
+  wxSize cell_;
+  std::size_t columns_ = 1;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,155 @@
+#include "shell/ringtones/melody_player.h"
+
+#include <wx/dataview.h>
+#include <wx/eventfilter.h>
+#include <wx/evtloop.h>
+#include <wx/menu.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "ringtones/melody.h"
+#include "shell/frame/main.h"
+#include "shell/base/strings.h"
+
+namespace tarvelo {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+std::int64_t MillisecondsSince(Clock::time_point begin) {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin).count();
+}
+
+// While it lives the main window's commands wait. What the user does with keys is passed over, but for
+// Escape; what he does with the mouse calls `stop` too, and is done when the object has gone and the
+// caller's command has returned.
+class InputGuard final : public wxEventFilter {
+ public:
+  InputGuard(Main& main, std::function<void()> stop) : main_(main), stop_(std::move(stop)) {
+    wxEvtHandler::AddFilter(this);
+  }
+  ~InputGuard() override {
+    wxEvtHandler::RemoveFilter(this);
+    for (Delayed& delayed : after_) wxQueueEvent(delayed.target, delayed.event.release());
+    if (isClosed_) main_.CallAfter([&main = main_] { main.Close(); });
+  }
+
+  int FilterEvent(wxEvent& event) override {
+    const wxEventType type = event.GetEventType();
+    if (type == wxEVT_MENU) return Command(event);
+    auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
+    // Message boxes stay usable, whoever shows them.
+    if (!window || wxGetTopLevelParent(window) != &main_) return Event_Skip;
+    if (type == wxEVT_CLOSE_WINDOW) return Close(event);
+    if (const auto* key = dynamic_cast<wxKeyEvent*>(&event)) return Key(*key);
+    if (type == wxEVT_RIGHT_DOWN || type == wxEVT_RIGHT_UP || type == wxEVT_CONTEXT_MENU)
+      return Event_Processed;
+    // What the list's own control has done by now, and a dropped file.
+    if (type == wxEVT_DATAVIEW_SELECTION_CHANGED || type == wxEVT_DATAVIEW_ITEM_ACTIVATED ||
+        type == wxEVT_DATAVIEW_ITEM_CONTEXT_MENU || type == wxEVT_DATAVIEW_COLUMN_HEADER_CLICK ||
+        (type == wxEVT_ASYNC_METHOD_CALL && window == &main_))
+      return Delay(*window, event);
+    return Event_Skip;
+  }
+
+ private:
+  struct Delayed {
+    wxEvtHandler* target;
+    std::unique_ptr<wxEvent> event;
+  };
+
+  int Command(wxEvent& event) {
+    stop_();
+    if (event.GetId() != StopPlaying) main_.CallAfter([&main = main_, id = event.GetId()] { main.Run(id); });
+    return Event_Processed;
+  }
+
+  int Close(wxEvent& event) {
+    auto& close = dynamic_cast<wxCloseEvent&>(event);
+    if (close.CanVeto()) close.Veto();
+    isClosed_ = true;
+    stop_();
+    return Event_Processed;
+  }
+
+  int Key(const wxKeyEvent& key) {
+    if (key.GetEventType() == wxEVT_KEY_UP) return Event_Skip;
+    if (key.GetKeyCode() == WXK_ESCAPE) stop_();
+    return Event_Processed;
+  }
+
+  int Delay(wxEvtHandler& target, const wxEvent& event) {
+    after_.push_back({&target, std::unique_ptr<wxEvent>(event.Clone())});
+    stop_();
+    return Event_Processed;
+  }
+
+  Main& main_;
+  std::function<void()> stop_;
+  std::vector<Delayed> after_;
+  bool isClosed_ = false;
+};
+
+// Does something when the scope ends, by whatever way.
+class AtEnd {
+ public:
+  explicit AtEnd(std::function<void()> action) : action_(std::move(action)) {}
+  ~AtEnd() { action_(); }
+  AtEnd(const AtEnd&) = delete;
+  AtEnd& operator=(const AtEnd&) = delete;
+
+ private:
+  std::function<void()> action_;
+};
+
+}  // namespace
+
+void MelodyPlayer::PlayRing(std::string_view text) {
+  if (std::exchange(isPlaying_, true)) return;
+  isStopped_ = false;
+  const AtEnd over([this] {
+    isPlaying_ = false;
+    if (onTime) onTime(std::nullopt);
+  });
+  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(Text::EscapeStops)));
+  const InputGuard guard(main_, [this] { Stop(); });
+  const AtEnd silence([this] { main_.Sound().Finish(); });
+  PlayTones(text);
+}
+
+void MelodyPlayer::PlayTones(std::string_view text) {
+  constexpr std::int64_t longestUnattended = 50;
+  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(text.size()));
+  std::int64_t time = 0;
+  auto attended = Clock::now();
+  for (std::size_t position = 0; !isStopped_;) {
+    const std::size_t begin = position;
+    const std::optional<Tone> tone = NextTone(text, position);
+    if (!tone) return;
+    const auto sounds = Clock::now();
+    main_.Sound().BeepOn(tone->frequency, tone->duration, [&] {
+      attended = Clock::now();
+      return Attend(time + std::min<std::int64_t>(MillisecondsSince(sounds), tone->duration));
+    });
+    run.At(static_cast<std::int64_t>(begin));
+    time += tone->duration;
+    // Tones of no length leave no time for this.
+    if (MillisecondsSince(attended) > longestUnattended) {
+      Attend(time);
+      attended = Clock::now();
+    }
+  }
+}
+
+// Shows where the melody is and lets the windows repaint. False when it is to stop.
+bool MelodyPlayer::Attend(std::int64_t time) {
+  if (onTime) onTime(time);
+  if (wxEventLoopBase* loop = wxEventLoopBase::GetActive()) loop->Yield(true);
+  return !isStopped_;
+}
+
+}  // namespace tarvelo

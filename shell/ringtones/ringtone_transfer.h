@@ -1,0 +1,67 @@
+// The Ringtones panel's ringtones as files: the commands that save and load them.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ringtones/ringtone.h"
+#include "ringtones/ringtone_files.h"
+#include "ringtones/ringtone_load.h"
+#include "shell/services/panel_commands.h"
+
+namespace tarvelo {
+
+class LoadedFiles;
+class Main;
+
+class RingtoneTransfer {
+ public:
+  // The current ringtone; null where there is none.
+  using ChosenRingtone = std::function<const Ringtone*()>;
+
+  // The list must outlive the object, and follow the image: it is another after each command that loads.
+  // `ready` tells whether the commands can be used.
+  RingtoneTransfer(Main& main, const RingtoneList& list, ChosenRingtone chosen, std::function<bool()> ready)
+      : main_(main), list_(list), chosen_(std::move(chosen)), ready_(std::move(ready)) {}
+
+  // The entries of the panel's menu.
+  [[nodiscard]] std::vector<PanelCommand> Commands();
+
+  // Each does nothing without a chosen ringtone, resp. without any.
+  void SaveRing_Click();
+  void SaveAllRing_Click();
+  void LoadRing_Click();
+  void LoadAllRing_Click();
+
+  // Remembers how much room each ringtone of the list has. One that was replaced by a shorter one can
+  // still be replaced by one as long as it was then.
+  void KeepPlaces() { places_ = list_.ringtones; }
+
+  // Saves a ringtone in the folder "MIDI". Nothing where the file cannot be created: it is passed over,
+  // and nobody is told.
+  std::optional<std::filesystem::path> SaveOne(const Ringtone& ringtone, RingtoneFormat format);
+
+ private:
+  std::optional<std::filesystem::path> SaveFormats(const Ringtone& ringtone);
+  bool SaveEach();
+  void LoadFile(const Ringtone& ringtone, const std::filesystem::path& file);
+  void LoadNumber(int number, std::string_view extension, LoadedFiles& loaded);
+  void LoadListed(const Ringtone& ringtone, const std::filesystem::path& file, LoadedFiles& loaded);
+  [[nodiscard]] Ringtone PlaceOf(const Ringtone& ringtone) const;
+  [[nodiscard]] wxString Why(const RefusedRingtone& refused, const Ringtone& ringtone) const;
+  [[nodiscard]] std::filesystem::path Folder() const;
+  [[nodiscard]] std::string Stem() const;
+
+  Main& main_;
+  const RingtoneList& list_;
+  std::vector<Ringtone> places_;
+  ChosenRingtone chosen_;
+  std::function<bool()> ready_;
+  bool saveMidi_ = false;
+};
+
+}  // namespace tarvelo

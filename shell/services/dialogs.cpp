@@ -1,0 +1,101 @@
+#include "shell/services/dialogs.h"
+
+#include <wx/arrstr.h>
+#include <wx/button.h>
+#include <wx/filedlg.h>
+#include <wx/msgdlg.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+#include <wx/textdlg.h>
+
+#include <wx/generic/msgdlgg.h>  // after wx/msgdlg.h
+
+#include "resources/messages.h"
+#include "shell/patch/patch_check_dialog.h"
+#include "shell/base/product.h"
+#include "shell/base/strings.h"
+
+namespace tarvelo {
+namespace {
+
+#ifdef __WXGTK__
+using MessageDialog = wxGenericMessageDialog;  // the native one shows no icons
+#else
+using MessageDialog = wxMessageDialog;
+#endif
+
+// The filter with its patterns in upper case too: Linux tells DUMP.BIN from dump.bin.
+wxString AnyCase(const wxString& filter) {
+  wxArrayString parts = wxSplit(filter, '|', '\0');
+  for (std::size_t i = 1; i < parts.size(); i += 2)
+    if (parts[i] != parts[i].Upper()) parts[i] += ";" + parts[i].Upper();
+  return wxJoin(parts, '|', '\0');
+}
+
+std::optional<std::filesystem::path> ChooseFile(wxWindow* parent, const wxString& title,
+                                                const wxString& filter, const std::filesystem::path& current,
+                                                long style) {
+  wxFileDialog dialog(parent, title, WxPath(current.parent_path()), WxPath(current.filename()),
+                      AnyCase(filter), style);
+  if (dialog.ShowModal() != wxID_OK) return {};
+  return PathFrom(dialog.GetPath());
+}
+
+}  // namespace
+
+void WxDialogs::Message(const wxString& text, Icon icon) {
+  const long style = wxOK | (icon == Icon::Critical ? wxICON_ERROR : wxICON_INFORMATION);
+  MessageDialog dialog(parent_, text, productName, style);
+  dialog.SetOKLabel(Wx(messages_.Msg(Text::Ok)));
+  dialog.ShowModal();
+}
+
+void WxDialogs::Announce(const wxString& title, const wxString& text) {
+  constexpr std::size_t longest = 50000;  // characters; more is read where it was added to
+  wxDialog dialog(parent_, wxID_ANY, title, wxDefaultPosition, wxDefaultSize,
+                  wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
+  const wxString shown = text.length() <= longest ? text : text.Left(longest) + "\n...";
+  auto* sheet = new wxTextCtrl(&dialog, wxID_ANY, shown, wxDefaultPosition, dialog.FromDIP(wxSize(520, 280)),
+                               wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
+  sheet->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
+  sheet->SetInsertionPoint(0);
+  auto* button = new wxButton(&dialog, wxID_OK, Wx(messages_.Msg(Text::Ok)));
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(sheet, 1, wxEXPAND | wxALL, dialog.FromDIP(8));
+  column->Add(button, 0, wxALIGN_RIGHT | wxLEFT | wxRIGHT | wxBOTTOM, dialog.FromDIP(8));
+  dialog.SetSizerAndFit(column);
+  dialog.SetEscapeId(wxID_OK);
+  button->SetDefault();
+  button->SetFocus();
+  dialog.ShowModal();
+}
+
+bool WxDialogs::Confirm(const wxString& text) {
+  MessageDialog dialog(parent_, text, productName, wxYES_NO | wxCANCEL | wxICON_EXCLAMATION);
+  dialog.SetYesNoCancelLabels(Wx(messages_.Msg(Text::Yes)), Wx(messages_.Msg(Text::No)), Wx(messages_.Msg(Text::Cancel)));
+  return dialog.ShowModal() == wxID_YES;
+}
+
+std::optional<wxString> WxDialogs::Ask(const wxString& prompt, const wxString& initial) {
+  wxTextEntryDialog dialog(parent_, prompt, productName, initial);
+  for (const auto& [id, message] : {std::pair{wxID_OK, Text::Ok}, {wxID_CANCEL, Text::Cancel}})
+    if (wxWindow* button = dialog.FindWindow(id)) button->SetLabel(Wx(messages_.Msg(message)));
+  if (dialog.ShowModal() != wxID_OK) return {};
+  return dialog.GetValue();
+}
+
+std::optional<std::filesystem::path> WxDialogs::OpenFile(const wxString& title, const wxString& filter,
+                                                         const std::filesystem::path& current) {
+  return ChooseFile(parent_, title, filter, current, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+}
+
+std::optional<std::filesystem::path> WxDialogs::SaveFile(const wxString& title, const wxString& filter,
+                                                         const std::filesystem::path& current) {
+  return ChooseFile(parent_, title, filter, current, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+}
+
+bool WxDialogs::ApplyOthers(const PatchMisfits& misfits) {
+  return PatchCheckDialog(parent_, messages_, misfits).ShowModal() == wxID_OK;
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,80 @@
+#include "shell/services/panel_commands.h"
+
+#include <wx/window.h>
+
+#include "resources/messages.h"
+#include "shell/base/mnemonics.h"
+#include "shell/platform/default_entry.h"
+#include "shell/base/strings.h"
+
+namespace tarvelo {
+namespace {
+
+const PanelCommand* FindIn(const std::vector<PanelCommand>& commands, int id) {
+  for (const PanelCommand& command : commands) {
+    if (id != 0 && command.id == id) return &command;
+    if (const PanelCommand* found = FindIn(command.entries, id)) return found;
+  }
+  return nullptr;
+}
+
+bool IsEnabled(const PanelCommand& command) { return !command.enabled || command.enabled(); }
+
+std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const Messages& messages) {
+  std::vector<wxString> captions;
+  for (const PanelCommand& command : commands)
+    captions.push_back(Wx(messages.Msg(command.message)) + command.captionEnd);
+  captions = WithMnemonics(captions);
+  auto menu = std::make_unique<wxMenu>();
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    const PanelCommand& command = commands[i];
+    const wxString shortcut = *command.shortcut ? wxString("\t") + command.shortcut : wxString();
+    const wxString help = Wx(messages.Msg(command.help));
+    if (!command.entries.empty())
+      menu->AppendSubMenu(MenuOf(command.entries, messages).release(), captions[i], help);
+    else if (command.id == 0)
+      menu->AppendSeparator();
+    else
+      menu->Append(command.id, captions[i] + shortcut, help, command.checked ? wxITEM_CHECK : wxITEM_NORMAL);
+  }
+  return menu;
+}
+
+void UpdateIn(const std::vector<PanelCommand>& commands, wxMenu& menu, bool reachable) {
+  for (const PanelCommand& command : commands) {
+    UpdateIn(command.entries, menu, reachable);
+    if (command.id == 0) continue;
+    menu.Enable(command.id, reachable || IsEnabled(command));
+    if (command.checked) menu.Check(command.id, command.checked());
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<wxMenu> PanelCommands::MakeMenu(const Messages& messages) const {
+  std::unique_ptr<wxMenu> menu = MenuOf(commands_, messages);
+  Update(*menu);
+  return menu;
+}
+
+void PanelCommands::Update(wxMenu& menu, bool reachable) const { UpdateIn(commands_, menu, reachable); }
+
+const PanelCommand* PanelCommands::Find(int id) const { return FindIn(commands_, id); }
+
+bool PanelCommands::CanRun(int id) const {
+  const PanelCommand* command = Find(id);
+  return command && command->run && IsEnabled(*command);
+}
+
+int PanelCommands::PopUp(wxWindow& window, const Messages& messages) const {
+  const std::unique_ptr<wxMenu> menu = MakeMenu(messages);
+  if (defaultId_ != 0) platform::ShowAsDefault(*menu, defaultId_);
+  // At the mouse, or in the window's corner where the keyboard asks for it and the mouse is elsewhere.
+  const wxPoint mouse = window.ScreenToClient(wxGetMousePosition());
+  const bool atMouse = window.GetClientRect().Contains(mouse);
+  const int id =
+      window.GetPopupMenuSelectionFromUser(*menu, atMouse ? mouse : window.FromDIP(wxPoint(24, 24)));
+  return id == wxID_NONE ? 0 : id;
+}
+
+}  // namespace tarvelo

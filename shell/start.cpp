@@ -1,3 +1,0 @@
-#include "shell/app.h"
-
-wxIMPLEMENT_APP(tarvelo::App);

@@ -1,0 +1,184 @@
+#include "document/dump_map.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <bit>
+#include <random>
+#include <sstream>
+
+#include "eeprom/blocks.h"
+#include "images.h"
+#include "document/map_table.h"
+
+namespace tarvelo {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+DumpMap MapOf(Fullflash image) {
+  const Identification info = Identify(image);
+  return MapDump(image, info, noProgress);
+}
+
+DumpMap MapOf(const ImageBuilder& image) { return MapOf(ImageOf(image)); }
+
+// "offset size what" of each region, the offset in hexadecimal.
+Lines LinesOf(const DumpMap& map) {
+  Lines lines;
+  for (const MapRegion& region : map.regions) {
+    std::ostringstream line;
+    line << std::hex << region.offset << std::dec << ' ' << region.size << ' ' << WhatOf(region);
+    lines.push_back(line.str());
+  }
+  return lines;
+}
+
+void ExpectTiles(const DumpMap& map, std::size_t size) {
+  Offset at = 0;
+  for (const MapRegion& region : map.regions) {
+    ASSERT_EQ(region.offset, at);
+    ASSERT_GT(region.size, 0);
+    ASSERT_EQ(region.kind == MapKind::Unknown, region.sure == Sureness::Unknown);
+    at = region.End();
+  }
+  EXPECT_EQ(at, static_cast<Offset>(size));
+  for (std::size_t i = 1; i < map.regions.size(); ++i) {
+    MapRegion next = map.regions[i];
+    next.offset = map.regions[i - 1].offset;
+    next.size = map.regions[i - 1].size;
+    ASSERT_NE(next, map.regions[i - 1]) << i;
+  }
+}
+
+constexpr std::uint8_t nothing = 0x90;
+
+// 1 MiB: offset 0 lies at 0xF00000, so blocks may lie from 0x60000 on.
+ImageBuilder Plain() {
+  ImageBuilder image(0x100000);
+  image.Fill(0, image.Size(), nothing);
+  return image;
+}
+
+TEST(DumpMap, HasHeadersBlocksAndWhatIsErased) {
+  ImageBuilder image = Plain();
+  image.Text(0x7FF80, "SIEMENS");
+  PutBlock(image, 0x1000, liveBlockState, 5076, 0x61000, 0x20);
+  PutBlock(image, 0x100C, deletedBlockState, 5076, 0x61020, 0x20);
+  PutBlock(image, 0x1018, deletedBlockState, 5076, 0x61040, 0x20);  // a neighbour of its own
+  image.Fill(0x61050, 0x130, 0xFF);                                 // begins within the block
+  image.Fill(0x62000, 0xFF, 0xFF);                                  // too short
+  image.Fill(0x8FF00, 0x20200, 0xFF);
+  EXPECT_EQ(
+      LinesOf(MapOf(image)),
+      (Lines{"0 4096 unknown", "1000 12 EEPROM 5076 (header)", "100c 12 EEPROM 5076 (deleted, header)",
+             "1018 12 EEPROM 5076 (deleted, header)", "1024 393180 unknown", "61000 32 EEPROM 5076",
+             "61020 32 EEPROM 5076 (deleted)", "61040 32 EEPROM 5076 (deleted)", "61060 288 erased",
+             "61180 126336 unknown", "7ff00 256 firmware header", "80000 65280 unknown", "8ff00 256 erased",
+             "90000 131072 empty blocks", "b0000 256 erased", "b0100 327424 unknown"}));
+}
+
+TEST(DumpMap, HasTheT9AreaAndItsFreePart) {
+  ImageBuilder image = Plain();
+  image.Text(0x20000, "T9");
+  image.DWord(0x20004, 0x10);
+  image.Fill(0x2F000, 0x1000, 0xFF);
+  EXPECT_EQ(LinesOf(MapOf(image)),
+            (Lines{"0 131072 unknown", "20000 61440 T9", "2f000 4096 T9 (free)", "30000 851968 unknown"}));
+}
+
+TEST(DumpMap, HasPictures) {
+  ImageBuilder image = Plain();
+  // Nine plain monochrome pictures 4 x 4, which take 4 bytes each; the third is the second, once more.
+  for (std::size_t i = 0; i < 9; ++i)
+    PutPicture(image, 0x100 + 8 * i, i == 0 ? 4 : 3, 4, 1, i == 2 ? 0x202 : 0x200 + 5 * i - (i > 2 ? 1 : 0));
+  image.Fill(0x148, 8, 0);
+  const Lines lines = LinesOf(MapOf(image));
+  EXPECT_EQ(Lines(lines.begin(), lines.begin() + 7),
+            (Lines{"0 256 unknown", "100 80 picture table 1", "150 176 unknown", "200 4 picture 0",
+                   "204 1 picture 2", "205 4 picture 1", "209 5 unknown"}));
+  EXPECT_EQ(lines[7], "20e 4 picture 3");
+}
+
+TEST(DumpMap, HasRingtones) {
+  ImageBuilder image = Plain();
+  image.Fill(0x200, 0xC0, 0);
+  for (std::uint8_t i = 0; i < 6; ++i) {
+    const std::size_t tune = 0x200 + 0x20u * i;
+    PutRingtone(image, 0x100 + 8u * i, i, i == 3 ? 7 : 2, i == 3 ? 0x180 : tune);
+    image.DWord(tune, 0x00640064);
+  }
+  image.Fill(0x130, 8, 0x10);  // a kind that ends the table
+  image.Pointer(0x180, 0x400);
+  image.Text(image.DWord(image.Text(0x400, "RIFF") - 1, 4), "WAVE");
+  const DumpMap map = MapOf(image);
+  EXPECT_EQ(LabelOf(map, 0x100, 8), "ringtone table");
+  EXPECT_EQ(LabelOf(map, 0x12F), "ringtone table");
+  EXPECT_EQ(LabelOf(map, 0x130), "unknown");
+  EXPECT_EQ(LabelOf(map, 0x1FF, 9), "unknown, ringtone 00");
+  EXPECT_EQ(map.Within(0x200, 1)[0].size, 8);  // a note and the end
+  EXPECT_EQ(LabelOf(map, 0x180, 4), "ringtone 03 (pointer)");
+  EXPECT_EQ(LabelOf(map, 0x400, 12), "ringtone 03 (file)");
+}
+
+TEST(DumpMap, TellsTextsAndCode) {
+  ImageBuilder image = Plain();
+  for (std::size_t p = 0x2000; p < 0x2300; p += 12) image.Text(p, "Some text 1");
+  for (std::size_t p = 0x3000; p < 0x3400; p += 128) image.Word(p, 0x00DB);
+  for (std::size_t p = 0x4000; p < 0x4380; p += 128) image.Word(p, 0x00DB);  // one too few
+  image.Fill(0x5000, 0x1000, '7');                                           // no letters
+  for (std::size_t p = 0x6001; p < 0x6801; p += 128) image.Word(p, 0x00DB);  // odd
+  EXPECT_EQ(LinesOf(MapOf(image)), (Lines{"0 8192 unknown", "2000 768 text", "2300 3328 unknown",
+                                          "3000 4096 code", "4000 1032192 unknown"}));
+}
+
+// Hand-made finds that overlap, in an image of 100 bytes.
+TEST(DumpMap, GivesWhatOverlapsToTheSurest) {
+  Fullflash image{Bytes(Data(100, nothing))};
+  const BlockStore blocks = StoreOf({{10, 0, 20, 30, false, liveBlockState, 8},
+                                     {11, 0, 40, 30, false, deletedBlockState, 20},
+                                     {9, 0, 90, 5000, false, deletedBlockState, 32},
+                                     {12, 0, -5, 10, false, liveBlockState, 84}});
+  PictureList pictures;
+  pictures.pictures = {{.outside = true, .entry = 60, .size = 100}};
+  const DumpMap map = MapDump(image, {}, blocks, pictures, {});
+  EXPECT_EQ(LinesOf(map), (Lines{"0 5 EEPROM 12", "5 3 picture 0", "8 12 EEPROM 10 (header)",
+                                 "14 12 EEPROM 11 (deleted, header)", "20 12 EEPROM 9 (deleted, header)",
+                                 "2c 6 EEPROM 10", "32 20 EEPROM 11 (deleted)", "46 14 picture 0",
+                                 "54 12 EEPROM 12 (header)", "60 4 EEPROM 9 (deleted)"}));
+  EXPECT_EQ(LabelOf(map, 0, 100), "EEPROM 12, picture 0, EEPROM 10 (header), ...");
+  EXPECT_EQ(LabelOf(map, 83, 17), "picture 0, EEPROM 12 (header), EEPROM 9 (deleted)");
+  EXPECT_EQ(LabelOf(map, 100), "");
+  EXPECT_EQ(LabelOf(map, -1), "");
+}
+
+TEST(DumpMap, TilesRandomImages) {
+  constexpr std::array<std::uint8_t, 14> usual{0, 0, 0, 1, 2, 4, 4, 0x81, 0x34, 0xFF, 0xFC, 0xF6, 'T', '9'};
+  std::mt19937 random(8);
+  std::size_t kinds = 0;
+  for (int round = 0; round < 300; ++round) {
+    Data bytes(2 + random() % 0x22000);
+    for (std::uint8_t& byte : bytes) byte = usual[random() % usual.size()];
+    for (int run = 0; run < 5; ++run) {
+      const std::size_t begin = random() % bytes.size();
+      std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(begin),
+                  std::min<std::size_t>(bytes.size() - begin, random() % 0x3000), usual[random() % 14]);
+    }
+    const DumpMap map = MapOf(Fullflash(bytes));
+    ExpectTiles(map, bytes.size());
+    for (const MapRegion& region : map.regions) kinds |= std::size_t{1} << static_cast<int>(region.kind);
+  }
+  EXPECT_GT(std::popcount(kinds), 5);
+}
+
+// A table as long as the image, of large pictures that nearly all overlap.
+TEST(DumpMap, TilesATableOfOverlappingPictures) {
+  ImageBuilder image(0x400000);
+  PutPicture(image, 0, 4, 4, 1, 0);
+  for (std::size_t p = 8; p < image.Size(); p += 8)
+    PutPicture(image, p, 254, 250, 8, p * 7919 % image.Size());
+  ExpectTiles(MapOf(image), 0x400000);
+}
+
+}  // namespace
+}  // namespace tarvelo

@@ -1,0 +1,130 @@
+#include "pictures/picture_data.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "images.h"
+#include "pictures/bitmap_file.h"
+#include "pictures/colours.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr Colour black = 0x000000, white = 0xFFFFFF, tone = 0xFADC96, none = backgroundColour;
+
+Picture Make(std::uint8_t width, std::uint8_t height, std::uint8_t type, std::int32_t data = 0) {
+  return {.type = type, .width = width, .height = height, .data = data};
+}
+
+std::vector<Colour> Draw(const Data& data, const Picture& picture, bool colourSeen = false) {
+  return PictureDecoder(data).ShowP(picture, colourSeen).pixels;
+}
+
+int Size(const Data& data, int width, int height, std::uint8_t type, Offset at = 0) {
+  return PictureDecoder(data).SizeP(width, height, BitsOfType(type), at, type);
+}
+
+TEST(PictureSize, OfPlainRowsIsPadded) {
+  EXPECT_EQ(Size({}, 9, 3, 1), 6);
+  EXPECT_EQ(Size({}, 5, 3, 3), 6);
+  EXPECT_EQ(Size({}, 5, 3, 5), 15);
+  EXPECT_EQ(Size({}, 5, 3, 7), 30);  // 12 bits are stored as 16
+  EXPECT_EQ(Size({}, 254, 255, 8), 254 * 2 * 255);
+  EXPECT_EQ(Size({}, 5, 3, 2), 0);  // a type that nobody knows
+}
+
+TEST(PictureSize, OfAStreamEndsWithTheLastPixel) {
+  struct {
+    Data data;
+    int width, height;
+    std::uint8_t type;
+    int size;
+  } const cases[] = {
+      {{0xC5, 0x83, 0xFF}, 4, 2, 0x81, 2},                 // 5 of ink, 3 of ground
+      {{0xFF, 0xFF}, 4, 2, 0x81, 1},                       // a run that overshoots
+      {{0x80, 0xC0, 0x55, 0x55}, 4, 2, 0x81, 4},           // runs of none take a byte each; 7 + 1 pixels
+      {{0x08, 0xE0, 0x00}, 4, 2, 0x85, 2},                 //
+      {{0x00, 0x11, 0x08, 0xE0}, 4, 2, 0x85, 4},           //
+      {{0xF0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 4, 2, 0x85, 9},  // 16 literals, complete after 8
+      {{0x03, 1, 2, 0xFB, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 4, 2, 0x88, 14},
+      {{0x08, 1, 2}, 4, 2, 0x87, 3},
+      {{0x08, 1, 2}, 0, 2, 0x87, 0},  // no pixels, nothing walked
+      {{0x08, 1, 2}, 4, 2, 0x83, 0},  // no such form
+  };
+  for (const auto& [data, width, height, type, size] : cases)
+    EXPECT_EQ(Size(data, width, height, type), size) << int{type} << " " << int{data[0]};
+}
+
+TEST(PictureSize, OfAStreamThatRunsOverTheEndIsTheRest) {
+  EXPECT_EQ(Size({0, 0, 0x81}, 101, 80, 0x81, 2), 1);
+  EXPECT_EQ(Size({0x05}, 4, 2, 0x85), 1);        // the colour is missing
+  EXPECT_EQ(Size({0x05, 0x01}, 4, 2, 0x88), 2);  // half of it is
+  EXPECT_EQ(Size(Data(1000, 0), 4, 2, 0x85, 1), 999);
+  EXPECT_EQ(Size({1, 2}, 4, 2, 0x85, 2), 0);
+  EXPECT_EQ(Size({1, 2}, 4, 2, 0x85, -1), 0);
+}
+
+// A decoder remembers where codes and stretches of empty runs end. Streams over random codes, with short
+// gaps and long ones between them, are measured by a fresh decoder and by one that has met all the others.
+TEST(PictureSize, DoesNotDependOnWhatWasMeasuredBefore) {
+  std::minstd_rand random(7);
+  for (const std::uint8_t type : {0x81, 0x85, 0x87, 0x88})
+    for (const unsigned gap : {3, 200}) {
+      Data data(30000, type == 0x81 ? 0x80 : 0x00);
+      for (std::uint8_t& b : data)
+        if (random() % gap == 0) b = static_cast<std::uint8_t>(random());
+      PictureDecoder warm(data);
+      for (Offset i = 0; i < 1000; ++i) {
+        const Offset at = i * 7919 % 500 * 60;
+        const int width = static_cast<int>(i % 255), height = 1 + static_cast<int>(i % 254);
+        EXPECT_EQ(warm.SizeP(width, height, BitsOfType(type), at, type), Size(data, width, height, type, at))
+            << at;
+      }
+    }
+}
+
+TEST(ShowP, DrawsEveryPlainDepth) {
+  // 0xA0: 1 0 1 0 ...
+  EXPECT_EQ(Draw({0xA0, 0x40}, Make(3, 2, 1)), (std::vector{black, tone, black, tone, black, tone}));
+  EXPECT_EQ(Draw({0xA0, 0x40}, Make(3, 2, 1), true), (std::vector{black, white, black, white, black, white}));
+  // 0x1B: the bit pairs 0 1 2 3
+  EXPECT_EQ(Draw({0x1B}, Make(4, 1, 3)), (std::vector<Colour>{black, white, 0x0000C0, none}));
+  // red 7, green 7, blue 3; red 0, green 0, blue 0; transparent
+  EXPECT_EQ(Draw({0xFF, 0x00, 0xC0}, Make(3, 1, 5)), (std::vector<Colour>{0xEBEBD0, 0x51195F, none}));
+  // the high four bits of a word do not count
+  EXPECT_EQ(Draw({0x3C, 0xF5}, Make(1, 1, 7)), (std::vector<Colour>{0x5533CC}));
+  // F800 is red, 07C0 green, 001F blue, bit 5 nothing; E000 transparent, E020 not
+  EXPECT_EQ(Draw({0x00, 0xF8, 0xC0, 0x07, 0x1F, 0x00, 0x20, 0x00, 0x00, 0xE0, 0x20, 0xE0}, Make(6, 1, 8)),
+            (std::vector<Colour>{0xFF0000, 0x00FF00, 0x0000FF, 0x000000, none, 0xE70000}));
+  EXPECT_EQ(Draw({0xFF}, Make(1, 1, 9)), std::vector{none});
+}
+
+TEST(ShowP, DrawsStreamsOverRowEnds) {
+  EXPECT_EQ(Draw({0xC2, 0x20}, Make(3, 3, 0x81), true),
+            (std::vector{black, black, tone, black, tone, tone, tone, tone, tone}));
+  EXPECT_EQ(Draw({0x03, 0xFF, 0xFF, 0x00, 0x05, 0xC0}, Make(3, 3, 0x85)),
+            (std::vector<Colour>{0xEBEBD0, 0xEBEBD0, 0xEBEBD0, 0x51195F, none, none, none, none, none}));
+  EXPECT_EQ(Draw({0xFE, 0x00, 0xF8, 0x1F, 0x00}, Make(2, 1, 0x88)),
+            (std::vector<Colour>{0xFF0000, 0x0000FF}));
+}
+
+TEST(ShowP, LeavesOutWhatTheImageDoesNotHold) {
+  EXPECT_EQ(Draw({0x00, 0xF8, 0x00}, Make(2, 1, 8)), (std::vector<Colour>{0xFF0000, none}));
+  EXPECT_EQ(Draw({0x01, 0xFF, 0x05}, Make(2, 1, 0x85)), (std::vector<Colour>{0xEBEBD0, none}));
+  for (const std::uint8_t type : {0x01, 0x81, 0x05, 0x85, 0x88})
+    for (const int at : {-5, 1, 1000}) EXPECT_EQ(Draw({0xFF}, Make(1, 1, type, at)), std::vector{none});
+}
+
+TEST(BmpFile, IsBottomUpWithAGreenKey) {
+  Bitmap bitmap(1, 2);
+  bitmap.pixels = {0x112233, backgroundColour};
+  const Data file = BmpFile(bitmap);
+  ASSERT_EQ(file.size(), 54u + 8);
+  EXPECT_EQ((Data(file.end() - 8, file.end())), (Data{0x00, 0xFF, 0x00, 0, 0x33, 0x22, 0x11, 0}));
+  EXPECT_EQ((Data(file.begin() + 18, file.begin() + 30)), (Data{1, 0, 0, 0, 2, 0, 0, 0, 1, 0, 24, 0}));
+  EXPECT_TRUE(PngFile(Bitmap(0, 5)).empty());
+}
+
+}  // namespace
+}  // namespace tarvelo

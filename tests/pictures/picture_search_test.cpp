@@ -1,0 +1,137 @@
+#include "pictures/picture_search.h"
+
+#include <gtest/gtest.h>
+
+#include "images.h"
+#include "pictures/picture_table.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr std::size_t size = 0x100000;  // loading base 0xF00000
+
+PictureList Find(ImageBuilder builder) { return GetP(ImageOf(std::move(builder)), noProgress); }
+
+std::size_t Entry(ImageBuilder& builder, std::size_t at, std::uint8_t width, std::uint8_t height,
+                  std::uint8_t type, std::size_t data = 0x80000) {
+  return PutPicture(builder, at, width, height, type, data);
+}
+
+// A table of a 4 x 4 picture and others of one type; returns where it ends.
+std::size_t PutTable(ImageBuilder& builder, std::size_t at, std::uint8_t type, int others = 1) {
+  at = Entry(builder, at, 4, 4, 1);
+  for (int i = 0; i < others; ++i) at = Entry(builder, at, 8, 2, type);
+  return at;
+}
+
+TEST(GetP, ListsATableAndItsColumns) {
+  ImageBuilder builder(size);
+  std::size_t at = Entry(builder, 0x1002, 4, 4, 0x81, 0x80000);
+  at = Entry(builder, at, 101, 80, 0x88, 0x80010);
+  Entry(builder, at, 200, 100, 5, 0x12345);
+  builder.Byte(0x80000, 0xD0);  // 16 pixels of ink
+  const PictureList list = Find(builder);
+  EXPECT_EQ(list.tables, std::vector<Offset>{0x1002});
+  const Table table = PictureTable(list);
+  ASSERT_EQ(table.rows.size(), 3u);
+  using Cells = std::vector<std::string>;
+  EXPECT_EQ(table.captions, (Cells{"P", "N/P", "N", "X", "Y", "B", "Offset", "Size", "Uncomp", "PIT"}));
+  EXPECT_EQ(table.rows[0].cells,
+            (Cells{"1", "000", "   0", "  4", "  4", " 1", "080000", "    1", "    4", "001002"}));
+  EXPECT_EQ(table.rows[1].cells[8], "16160");
+  EXPECT_EQ(table.rows[2].cells,
+            (Cells{"1", "002", "   2", "200", "100", " 8", "012345", "20000", "", "001012"}));
+  EXPECT_EQ(list.pictures[1].Caption(), " 1.  101 * 80 * 16 (comp) ");
+  EXPECT_EQ(list.pictures[2].Caption(), " 2.  200 * 100 * 8 ");
+}
+
+TEST(GetP, EndsATableByEachRule) {
+  const std::array<std::uint8_t, 4> ends[] = {{8, 0, 1, 0}, {255, 8, 1, 0}, {8, 8, 1, 1}, {4, 4, 1, 0}};
+  for (const auto& end : ends) {
+    ImageBuilder builder(size);
+    const std::size_t at = PutTable(builder, 0x1000, 1, 2);
+    builder.Data(at, end);
+    builder.Fill(at + 4, 4, 0);
+    Entry(builder, at + 8, 8, 8, 1);
+    EXPECT_EQ(Find(builder).pictures.size(), 3u) << int{end[0]} << int{end[1]};
+  }
+  ImageBuilder compressed(size);  // 4 x 4 of type 81 ends nothing
+  Entry(compressed, PutTable(compressed, 0x1000, 1, 2), 4, 4, 0x81);
+  EXPECT_EQ(Find(compressed).pictures.size(), 4u);
+}
+
+TEST(GetP, ReadsATableToTheEndOfTheImage) {
+  ImageBuilder builder(size);
+  PutTable(builder, size - 24, 1, 2);
+  EXPECT_EQ(Find(builder).pictures.size(), 3u);
+  ImageBuilder last(size);
+  PutTable(last, size - 20, 1);  // the last place where a table is looked for; four bytes remain
+  EXPECT_EQ(Find(last).pictures.size(), 2u);
+}
+
+TEST(GetP, LooksForFurtherTablesOnceColourWasSeen) {
+  struct {
+    std::uint8_t type;
+    std::size_t distance, tables;
+  } const cases[] = {{3, 0x50000, 2}, {8, 0x50002, 1}, {1, 0x4000, 1}, {0x81, 0x4000, 1}, {2, 0x4000, 1}};
+  for (const auto& [type, distance, tables] : cases) {
+    ImageBuilder builder(size);
+    PutTable(builder, 0x1000, type);
+    PutTable(builder, 0x1000 + distance, 1);
+    EXPECT_EQ(Find(builder).tables.size(), tables) << int{type} << ' ' << distance;
+  }
+  ImageBuilder adjacent(size);  // a table right behind another
+  PutTable(adjacent, PutTable(adjacent, 0x1000, 5), 5);
+  const PictureList list = Find(adjacent);
+  EXPECT_EQ(list.tables.size(), 2u);
+  ASSERT_EQ(list.pictures.size(), 4u);
+  EXPECT_EQ(list.pictures[3].table, 2);
+  EXPECT_EQ(list.pictures[3].index, 1);
+  EXPECT_EQ(list.pictures[3].number, 3);
+}
+
+TEST(GetP, StopsAfterNinetyNineTables) {
+  ImageBuilder builder(size);
+  for (std::size_t i = 0, at = 0x1000; i < 120; ++i) at = PutTable(builder, at, 5);
+  EXPECT_EQ(Find(builder).tables.size(), 99u);
+}
+
+TEST(GetP, WrapsAddressesBelowTheBase) {
+  ImageBuilder builder(size);
+  const std::size_t second = Entry(builder, 0x1000, 4, 4, 1) + 4;
+  Entry(builder, 0x1008, 8, 8, 1);
+  builder.Word(builder.Word(second, 0x0123), 0xF00000 / 0x4000 - 1);  // 0x4000 - 0x123 below the base
+  EXPECT_EQ(Find(builder).pictures[1].data, 0x200000 - 0x4000 + 0x123);
+}
+
+TEST(GetP, ListsStandAloneHeadersBehindAMonochromeTable) {
+  ImageBuilder builder(size);
+  Entry(builder, 0x800, 8, 8, 0x81);  // before the table: not seen
+  PutTable(builder, 0x1000, 1);
+  Entry(builder, 0x3002, 101, 80, 0x81, 1);
+  Entry(builder, 0x300A, 1, 1, 0x81, size - 1);
+  Entry(builder, 0x4000, 102, 1, 0x81);   // too wide
+  Entry(builder, 0x4008, 1, 81, 0x81);    // too high
+  Entry(builder, 0x4010, 1, 1, 0x81, 0);  // data at offset 0
+  Entry(builder, size - 8, 9, 9, 0x81, 0x80000);
+  const PictureList list = Find(builder);
+  EXPECT_EQ(list.outsideCount, 3);
+  ASSERT_EQ(list.pictures.size(), 5u);
+  const Table table = PictureTable(list);
+  using Cells = std::vector<std::string>;
+  EXPECT_EQ(table.rows[3].cells,
+            (Cells{"9", "001", "   3", "  1", "  1", " 1", "0FFFFF", "    1", "    1", "00300A"}));
+  EXPECT_EQ(list.pictures[4].entry, Offset{size - 8});
+  EXPECT_EQ(PictureInformation(list, Messages()),
+            "1: Address of PIT-table 1000\nNumber of pictures: 5\nPictures outside of PIT-area: 3\n");
+}
+
+TEST(GetP, OneColourPictureHidesStandAloneHeaders) {
+  ImageBuilder builder(size);
+  PutTable(builder, 0x1000, 5);
+  Entry(builder, 0x3000, 8, 8, 0x81);
+  EXPECT_EQ(Find(builder).outsideCount, 0);
+}
+
+}  // namespace
+}  // namespace tarvelo
