@@ -18,9 +18,7 @@ std::string Mebibytes(std::size_t size) {
   return {buffer.data(), end};
 }
 
-std::string HexAndDecimal(std::int64_t value) {
-  return Hex(value) + " = " + std::to_string(value);
-}
+std::string HexAndDecimal(std::int64_t value) { return Hex(value) + " = " + std::to_string(value); }
 
 }  // namespace
 

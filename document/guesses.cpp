@@ -77,8 +77,7 @@ class Guesser {
 
  private:
   [[nodiscard]] bool IsFilling(const Claim& region) const {
-    if (region.kind != &map::unknown || region.size > longestFilling || region.End() % 2 != 0)
-      return false;
+    if (region.kind != &map::unknown || region.size > longestFilling || region.End() % 2 != 0) return false;
     const std::uint8_t value = At(image_, region.offset);
     if (value != 0 && value != 0xFF) return false;
     for (Offset p = region.offset; p < region.End(); ++p)

@@ -69,14 +69,16 @@ std::string LabelOf(const DumpMap& map, Offset offset, Offset size, const Messag
 }
 
 TableRows MapRows(const DumpMap& map, const Fullflash& image, const Messages& messages) {
-  return {Captions(messages, {Text::ColumnOffset, Text::ColumnAddress, Text::ColumnSize, Text::ColumnWhat, Text::ColumnSure}), map.regions.size(),
-          [&map, &image, messages](std::size_t row) -> Table::Row {
-            const Claim& region = map.regions[row];
-            const auto last = static_cast<Offset>(image.ffEnd());
-            return {{AlignedHex(region.offset, last),
-                     AlignedHex(image.PhoneAddress(region.offset), image.PhoneAddress(last)),
-                     WholeDecimal(region.size, 8), WhatOf(region, messages), SurenessOf(region.sure, messages)}};
-          }};
+  return {
+      Captions(messages, {Text::ColumnOffset, Text::ColumnAddress, Text::ColumnSize, Text::ColumnWhat,
+                          Text::ColumnSure}),
+      map.regions.size(), [&map, &image, messages](std::size_t row) -> Table::Row {
+        const Claim& region = map.regions[row];
+        const auto last = static_cast<Offset>(image.ffEnd());
+        return {{AlignedHex(region.offset, last),
+                 AlignedHex(image.PhoneAddress(region.offset), image.PhoneAddress(last)),
+                 WholeDecimal(region.size, 8), WhatOf(region, messages), SurenessOf(region.sure, messages)}};
+      }};
 }
 
 }  // namespace tarvelo

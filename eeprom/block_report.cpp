@@ -160,10 +160,7 @@ std::string HexDump(const BlockData& data) {
     }
     digits.resize(dumpRowLength * byteWidth + 1, ' ');
     if (row > 0) dump += "\n";
-    dump.append(HexColumn(data.position + row, 4))
-        .append("  ")
-        .append(digits)
-        .append(text);
+    dump.append(HexColumn(data.position + row, 4)).append("  ").append(digits).append(text);
   }
   return dump;
 }

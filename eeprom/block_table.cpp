@@ -15,19 +15,25 @@ Table::Row RowOf(const EepromBlockRecord& record, const Descriptions& descriptio
 
 }  // namespace
 
+std::vector<std::string> BlockCaptions(const Messages& messages) {
+  return Captions(messages, {Text::ColumnBlock, Text::ColumnDescription, "EIT", "V", Text::ColumnOffset,
+                             Text::ColumnSize, "i", "-"});
+}
+
 TableRows ShowEE(const BlockStore& store, const Descriptions& descriptions, const Messages& messages) {
-  return {Captions(messages, {Text::ColumnBlock, Text::ColumnDescription, "EIT", "V", Text::ColumnOffset,
-                              Text::ColumnSize, "i", "-"}),
-          store.records.size(), [&store, &descriptions](std::size_t record) {
-            return RowOf(store.records[record], descriptions);
-          }};
+  return {BlockCaptions(messages), store.records.size(),
+          [&store, &descriptions](std::size_t record) { return RowOf(store.records[record], descriptions); }};
 }
 
 std::string BlockInformation(const BlockStore& store, const Messages& messages) {
   std::string text;
   if (store.BlockCount() < 1) return text;
-  text.append(messages.Msg(Text::EepromBlockCountLabel)).append(std::to_string(store.LiveCount())).append("\n");
-  text.append(messages.Msg(Text::DeletedBlockCountLabel)).append(std::to_string(store.DeletedCount)).append("\n");
+  text.append(messages.Msg(Text::EepromBlockCountLabel))
+      .append(std::to_string(store.LiveCount()))
+      .append("\n");
+  text.append(messages.Msg(Text::DeletedBlockCountLabel))
+      .append(std::to_string(store.DeletedCount))
+      .append("\n");
   return text;
 }
 

@@ -10,9 +10,11 @@
 
 namespace tarvelo {
 
-// The list: a row a record, in their order, in the columns Block, Description, EIT, V, Offset, Size, i and
-// "-". Numbers keep the rightmost digits that their column holds. Rows of deleted blocks are marked. The
-// store and the descriptions must outlive the rows.
+// The captions of the eight columns Block, Description, EIT, V, Offset, Size, i, -.
+[[nodiscard]] std::vector<std::string> BlockCaptions(const Messages& messages);
+
+// The list: a row a record, in their order. Numbers keep the rightmost digits that their column holds. Rows
+// of deleted blocks are marked. The store and the descriptions must outlive the rows.
 [[nodiscard]] TableRows ShowEE(const BlockStore& store, const Descriptions& descriptions,
                                const Messages& messages = Messages());
 

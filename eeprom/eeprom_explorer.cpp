@@ -96,6 +96,7 @@ constinit const Explorer eepromExplorer{
     .count = Count,
     .item = ItemOf,
     .hasDeleted = true,
+    .captions = BlockCaptions,
     .rows = Rows,
     .searchedColumn = 1,
     .markedColumns = 2,

@@ -5,6 +5,7 @@
 
 #include "core/notation.h"
 #include "patch/hit_search.h"
+#include "resources/texts.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -150,8 +151,7 @@ std::string BytesOfHit(const Fullflash& image, const Pattern& pattern, Offset hi
 }
 
 std::string LineOfHit(std::size_t number, Offset hit, Bytes found) {
-  return DecimalColumn(number, 3) + ". " + HexColumn(hit, 6) +
-         ": " + HexOfBytes(found);
+  return DecimalColumn(number, 3) + ". " + HexColumn(hit, 6) + ": " + HexOfBytes(found);
 }
 
 std::string LineOfHit(const Fullflash& image, const Pattern& pattern, std::size_t number, Offset hit) {

@@ -1,16 +1,17 @@
 #include "pictures/picture_table.h"
 
 #include "core/notation.h"
-#include "resources/texts.h"
 #include "pictures/picture.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 namespace {
 
 Table::Row RowOf(const Picture& picture) {
   return {{std::to_string(picture.table), HexColumn(picture.index, 3), DecimalColumn(picture.number, 4),
-           DecimalColumn(picture.width, 3), DecimalColumn(picture.height, 3), DecimalColumn(picture.BitsPerPixel(), 2),
-           HexColumn(picture.data, 6), DecimalColumn(picture.size, 5),
+           DecimalColumn(picture.width, 3), DecimalColumn(picture.height, 3),
+           DecimalColumn(picture.BitsPerPixel(), 2), HexColumn(picture.data, 6),
+           DecimalColumn(picture.size, 5),
            picture.IsCompressed() ? DecimalColumn(picture.PlainSize(), 5) : "", HexColumn(picture.entry, 6)}};
 }
 
@@ -38,10 +39,13 @@ std::string Picture::Caption() const {
          " * " + std::to_string(BitsPerPixel()) + " " + (IsCompressed() ? "(comp) " : "");
 }
 
+std::vector<std::string> PictureCaptions(const Messages& messages) {
+  return Captions(messages, {"P", "N/P", "N", "X", "Y", "B", Text::ColumnOffset, Text::ColumnSize,
+                             Text::ColumnUncompressed, "PIT"});
+}
+
 TableRows PictureRows(const PictureList& list, const Messages& messages) {
-  return {Captions(messages, {"P", "N/P", "N", "X", "Y", "B", Text::ColumnOffset, Text::ColumnSize,
-                              Text::ColumnUncompressed, "PIT"}),
-          list.pictures.size(),
+  return {PictureCaptions(messages), list.pictures.size(),
           [&list](std::size_t row) { return RowOf(list.pictures[row]); }};
 }
 
@@ -54,8 +58,12 @@ std::string PictureInformation(const PictureList& list, const Messages& messages
         .append(" ")
         .append(Hex(list.tables[i]))
         .append("\n");
-  text.append(messages.Msg(Text::PictureCountLabel)).append(std::to_string(list.pictures.size())).append("\n");
-  text.append(messages.Msg(Text::PicturesOutsideLabel)).append(std::to_string(list.outsideCount)).append("\n");
+  text.append(messages.Msg(Text::PictureCountLabel))
+      .append(std::to_string(list.pictures.size()))
+      .append("\n");
+  text.append(messages.Msg(Text::PicturesOutsideLabel))
+      .append(std::to_string(list.outsideCount))
+      .append("\n");
   return text;
 }
 

@@ -21,9 +21,8 @@ std::size_t Count(const Findings& found) { return ListOf(found).pictures.size();
 
 Item ItemOf(const Findings& found, std::size_t record) {
   const Picture& picture = ListOf(found).pictures[record];
-  return {.number = picture.number,
-          .data = {picture.data, picture.size},
-          .entry = {picture.entry, entrySize}};
+  return {
+      .number = picture.number, .data = {picture.data, picture.size}, .entry = {picture.entry, entrySize}};
 }
 
 TableRows Rows(const Dump&, const Findings& found, const Messages& messages, CellRoom) {
@@ -106,8 +105,7 @@ ExportItem Write(const Dump& dump, const Findings& found, const ExportTarget& ta
   const auto decoder = std::make_shared<PictureDecoder>(dump.image.ff());
   return [&list = ListOf(found), target, format, decoder](std::size_t record) -> Exported {
     const Picture& picture = list.pictures[record];
-    const auto file =
-        SavePicture(*decoder, picture, list.colourSeen, target.folder, target.stem, format);
+    const auto file = SavePicture(*decoder, picture, list.colourSeen, target.folder, target.stem, format);
     if (file) return {*file, {}};
     return {{}, "picture " + std::to_string(picture.number) + " has no pixels: it can't be a PNG"};
   };
@@ -125,6 +123,7 @@ constinit const Explorer picturesExplorer{
     .search = Search,
     .count = Count,
     .item = ItemOf,
+    .captions = PictureCaptions,
     .rows = Rows,
     .lines = Lines,
     .statusPanel = 6,

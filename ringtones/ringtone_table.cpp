@@ -55,20 +55,22 @@ std::string TextColumn(const Ringtone& ringtone, const ShownText& shown, Bytes i
 
 }  // namespace
 
+std::vector<std::string> RingtoneCaptions(const Messages& messages) {
+  return Captions(messages, {"N", Text::ColumnNote, Text::ColumnTime, "T", Text::ColumnOffset,
+                             Text::ColumnSize, "RIT", Text::ColumnRingtone});
+}
+
 TableRows RingtoneRows(const RingtoneList& list, const Fullflash& image, const Messages& messages,
                        std::size_t roomForTexts) {
   std::size_t room = roomForTexts + 4 * image.ff().size();
   std::vector<ShownText> texts;
   for (const Ringtone& ringtone : list.ringtones) texts.push_back(Fit(ringtone, image.ff(), room));
-  return {Captions(messages, {"N", Text::ColumnNote, Text::ColumnTime, "T", Text::ColumnOffset,
-                              Text::ColumnSize, "RIT", Text::ColumnRingtone}),
-          list.ringtones.size(),
+  return {RingtoneCaptions(messages), list.ringtones.size(),
           [&list, &image, texts = std::move(texts)](std::size_t row) -> Table::Row {
             const Ringtone& ringtone = list.ringtones[row];
             return {{HexOfByte(ringtone.number), NoteColumn(ringtone), WholeDecimal(ringtone.time, 6),
-                     HexOfByte(ringtone.kind), WholeHex(ringtone.data),
-                     WholeDecimal(ringtone.size, 5), WholeHex(ringtone.entry),
-                     TextColumn(ringtone, texts[row], image.ff())}};
+                     HexOfByte(ringtone.kind), WholeHex(ringtone.data), WholeDecimal(ringtone.size, 5),
+                     WholeHex(ringtone.entry), TextColumn(ringtone, texts[row], image.ff())}};
           }};
 }
 
@@ -76,7 +78,9 @@ std::string RingtoneInformation(const RingtoneList& list, const Messages& messag
   if (!list.table) return "";
   std::string text(messages.Msg(Text::RitAddressLabel));
   text.append(Hex(*list.table)).append("\n");
-  text.append(messages.Msg(Text::RingtoneCountLabel)).append(std::to_string(list.ringtones.size())).append("\n");
+  text.append(messages.Msg(Text::RingtoneCountLabel))
+      .append(std::to_string(list.ringtones.size()))
+      .append("\n");
   return text;
 }
 

@@ -5,14 +5,16 @@
 
 #include "core/fullflash.h"
 #include "core/table.h"
-#include "ringtones/ringtone.h"
 #include "resources/messages.h"
+#include "ringtones/ringtone.h"
 
 namespace tarvelo {
 
-// The list: a row a ringtone, in their order, in the columns N, Note, Time, T, Offset, Size, RIT and
-// Ringtone. N and T are two hexadecimal digits, Offset and RIT at least six; Note, Time and Size are
-// decimal, at least 4, 6 and 5 wide. A file has "mid" or "wav" for Note.
+// The captions of the eight columns N, Note, Time, T, Offset, Size, RIT, Ringtone.
+[[nodiscard]] std::vector<std::string> RingtoneCaptions(const Messages& messages);
+
+// The list: a row a ringtone, in their order. N and T are two hexadecimal digits, Offset and RIT at least
+// six; Note, Time and Size are decimal, at least 4, 6 and 5 wide. A file has "mid" or "wav" for Note.
 //
 // Ringtone is the text form of a melody. In an image of senseless data melodies may be as long as the
 // image, and many may share it: where all the texts together would pass `roomForTexts` characters and four

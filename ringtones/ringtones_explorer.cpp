@@ -90,8 +90,7 @@ RingtoneFormat FormatOf(std::string_view name) {
 ExportItem Write(const Dump& dump, const Findings& found, const ExportTarget& target) {
   return [&dump, &list = ListOf(found), target](std::size_t record) -> Exported {
     const Ringtone& ringtone = list.ringtones[record];
-    const auto path =
-        SaveRingtone(dump.image, ringtone, target.folder, target.stem, FormatOf(target.format));
+    const auto path = SaveRingtone(dump.image, ringtone, target.folder, target.stem, FormatOf(target.format));
     if (path) return {*path, {}};
     return {{}, "ringtone " + HexOfByte(ringtone.number) + " is a file of another format"};
   };
@@ -109,6 +108,7 @@ constinit const Explorer ringtonesExplorer{
     .search = Search,
     .count = Count,
     .item = ItemOf,
+    .captions = RingtoneCaptions,
     .rows = Rows,
     .lines = Lines,
     .statusPanel = 7,

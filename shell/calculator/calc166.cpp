@@ -11,10 +11,10 @@
 #include <stdexcept>
 
 #include "core/calculator.h"
-#include "shell/base/interface_language.h"
-#include "shell/info/picture.h"
-#include "shell/platform/accessible_name.h"
+#include "shell/base/program_picture.h"
 #include "shell/base/strings.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/settings/interface_language.h"
 
 namespace tarvelo {
 namespace {
@@ -61,17 +61,20 @@ Calc166::Calc166(wxWindow* parent, const Messages& messages, Dump dump)
       dump_(std::move(dump)) {
   SetIcons(ProgramIcons());
   auto* sheet = new wxPanel(this);
-  const auto field = [&](wxTextCtrl*& text, int message, void (Calc166::*change)()) {
+  const auto field = [&](wxTextCtrl*& text, Text caption, void (Calc166::*change)()) {
     auto* label = new wxStaticText(sheet, wxID_ANY, wxString());
     text = new wxTextCtrl(sheet, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
     text->SetMaxLength(10);
     text->Bind(wxEVT_TEXT, [this, text, change](wxCommandEvent&) { Convert(*text, change); });
     text->Bind(wxEVT_CHAR, &Calc166::Form_KeyPress, this);
-    return Field{text, label, message};
+    return Field{text, label, caption};
   };
-  const Field fields[] = {field(Page, Text::Page, &Calc166::Page_Change), field(Offs, Text::OffsetInPage, &Calc166::Page_Change),
-                          field(Addr, Text::PhoneAddress, &Calc166::Addr_Change), field(AdFF, Text::AddressInFullflash, &Calc166::AdFF_Change),
-                          field(L16, Text::Hexadecimal, &Calc166::L16_Change),   field(L10, Text::Decimal, &Calc166::L10_Change)};
+  const Field fields[] = {field(Page, Text::Page, &Calc166::Page_Change),
+                          field(Offs, Text::OffsetInPage, &Calc166::Page_Change),
+                          field(Addr, Text::PhoneAddress, &Calc166::Addr_Change),
+                          field(AdFF, Text::AddressInFullflash, &Calc166::AdFF_Change),
+                          field(L16, Text::Hexadecimal, &Calc166::L16_Change),
+                          field(L10, Text::Decimal, &Calc166::L10_Change)};
   std::ranges::copy(fields, fields_);
   error_ = new wxStaticText(sheet, wxID_ANY, wxString(), wxDefaultPosition,
                             wxSize(-1, sheet->GetTextExtent("0").y), wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
@@ -126,8 +129,8 @@ void Calc166::Recaption(const Messages& messages) {
   SetCharacterSet(*this, messages.Current());
   SetTitle(Wx(messages.Msg(Text::AddressCalculator)));
   for (const Field& field : fields_) {
-    field.label->SetLabel(Wx(messages.Msg(field.message)));
-    platform::SetAccessibleName(*field.text, Wx(messages.Msg(field.message)));
+    field.label->SetLabel(Wx(messages.Msg(field.caption)));
+    platform::SetAccessibleName(*field.text, Wx(messages.Msg(field.caption)));
   }
   error_->SetLabel(wxString());
   FitFields();
@@ -154,7 +157,7 @@ void Calc166::BaseChanged() {
 // fields, and changes none of the others.
 void Calc166::Convert(wxTextCtrl& field, void (Calc166::*change)()) {
   if (Updating) return;
-  const auto wrong = [&](int message) {
+  const auto wrong = [&](Text message) {
     error_->SetLabel(Wx(messages_.MsgS(message, Utf8(field.GetValue()))));
     field.SetForegroundColour(wrongColour);
     field.Refresh();

@@ -10,6 +10,7 @@
 
 #include "core/calculator.h"
 #include "resources/messages.h"
+#include "resources/texts.h"
 
 class wxPanel;
 class wxStaticText;
@@ -46,7 +47,7 @@ class Calc166 final : public wxFrame {
   struct Field {
     wxTextCtrl* text;
     wxStaticText* label;
-    int message;
+    Text caption;
   };
 
   void Arrange(wxPanel& sheet);

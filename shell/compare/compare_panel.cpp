@@ -10,13 +10,17 @@
 #include <stdexcept>
 #include <utility>
 
+#include "core/places.h"
 #include "document/map_table.h"
-#include "shell/compare/comparison_rows.h"
-#include "shell/hex/hex_rows.h"
-#include "shell/list/list_view.h"
-#include "shell/frame/main.h"
-#include "shell/patch/patch_panel.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/compare/comparison_rows.h"
+#include "shell/list/list_view.h"
+#include "shell/services/dump_files.h"
+#include "shell/services/ids.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 namespace {
@@ -38,24 +42,28 @@ wxString WithNumber(wxString text, Offset number) {
 
 }  // namespace
 
-ComparePanel::ComparePanel(Main& main)
-    : Panel({.menuEntry = ComparePanelMenu, .name = Text::Comparison}),
-      main_(main),
-      commands_(MakeCommands()),
-      window_(new wxPanel(&main)),
-      none_(new wxPanel(window_)),
+ComparePanel::ComparePanel(Workbench& bench) : ComparePanel(bench, new wxPanel(&bench.frame.Parent())) {}
+
+ComparePanel::ComparePanel(Workbench& bench, wxPanel* window)
+    : ComparePanel(bench, window, new wxPanel(window), new wxPanel(window)) {}
+
+ComparePanel::ComparePanel(Workbench& bench, wxPanel* window, wxPanel* none, wxPanel* compared)
+    : ListPanel(bench, {.menuEntry = Id::ComparePanel, .name = Text::Comparison}, 'C', window, compared),
+      window_(window),
+      none_(none),
       invitation_(new wxStaticText(none_, wxID_ANY, wxString())),
       choose_(new wxButton(none_, wxID_ANY)),
-      compared_(new wxPanel(window_)),
+      compared_(compared),
       head_(new wxStaticText(compared_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                              wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE)),
       chooseAnother_(new wxButton(compared_, wxID_ANY)),
       figures_(new wxStaticText(compared_, wxID_ANY, wxString())),
-      strip_(new ImageStrip(compared_)),
-      ListC_(new ListView(compared_)) {
+      strip_(new ImageStrip(compared_)) {
+  chooseAnother_->MoveBeforeInTabOrder(&List());
   Layout();
   Bind();
   ShowDifferences();
+  watch_ = bench.document.OnChange([this] { ImageChanged(); });
 }
 
 void ComparePanel::Layout() {
@@ -72,7 +80,7 @@ void ComparePanel::Layout() {
   column->Add(line, 0, wxEXPAND | wxALL, gap);
   column->Add(figures_, 0, wxLEFT | wxRIGHT | wxBOTTOM, gap);
   column->Add(strip_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);
-  column->Add(ListC_, 1, wxEXPAND);
+  column->Add(&List(), 1, wxEXPAND);
   strip_->SetMinSize(window_->FromDIP(wxSize(-1, 24)));
   compared_->SetSizer(column);
 
@@ -84,46 +92,42 @@ void ComparePanel::Layout() {
 
 void ComparePanel::Bind() {
   for (wxButton* button : {choose_, chooseAnother_})
-    button->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { main_.Run(CompareWith); });
-  ListC_->onSelect = [this](std::size_t row) {
+    button->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { bench_.frame.Run(Id::CompareWith); });
+  List().onSelect = [this](std::size_t row) {
     if (row >= comparison_.differences.size()) return;
     strip_->Mark(comparison_.differences[row].offset, comparison_.differences[row].size);
   };
-  ListC_->onActivate = [this](std::size_t) { main_.Run(OpenDifference); };
-  ListC_->onContextMenu = [this] { main_.PopUpCommands(); };
   strip_->onClick = [this](Offset offset) {
-    if (!comparison_.differences.empty()) ListC_->Select(NearestDifference(comparison_.differences, offset));
+    if (!comparison_.differences.empty()) List().Select(NearestDifference(comparison_.differences, offset));
   };
   strip_->describe = [this](Offset offset, Offset size) { return Describe(offset, size); };
   window_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     LayOutTexts();
     event.Skip();
   });
-  main_.AcceptDrops(*none_);
-  main_.AcceptDrops(ListC_->Control());
+  bench_.frame.AcceptDrops(*none_);
 }
 
-wxWindow& ComparePanel::Window() { return *window_; }
-
 wxWindow& ComparePanel::FirstFocus() {
-  if (HasSecond()) return ListC_->Control();
+  if (HasSecond()) return List().Control();
   return *choose_;
 }
 
 // --- comparing ---
 
 void ComparePanel::CompareWith_Click() {
-  if (!main_.Open().IsOpen()) return;
-  const auto path = main_.AskForDump(Text::CompareWithAnother, path_.empty() ? main_.Open().path : path_);
+  if (!bench_.document.IsOpen()) return;
+  const auto path =
+      AskForDump(bench_, Text::CompareWithAnother, path_.empty() ? bench_.document.Path() : path_);
   if (!path) return;
-  auto second = main_.ReadDump(*path);
+  auto second = ReadDump(bench_, *path);
   if (!second) return;
   path_ = *path;
   comparison_ = Comparison();
-  ListC_->SetRows({});  // the old rows are of the other dump
+  List().SetRows({});  // the old rows are of the other dump
   second_ = std::move(*second);
   CompareAgain();
-  main_.ShowPanel(*this);
+  bench_.frame.ShowPanel(*this);
   FirstFocus().SetFocus();
 }
 
@@ -134,30 +138,30 @@ void ComparePanel::Build() {
 // Every key that is typed into the hex view comes here: only what is seen is compared at once.
 void ComparePanel::ImageChanged() {
   stale_ = HasSecond();
-  if (stale_ && main_.Visible() == this) CompareAgain();
+  if (stale_ && bench_.frame.IsVisible(*this)) CompareAgain();
 }
 
 void ComparePanel::CompareAgain() {
-  const Bytes image = main_.Open().image.ff();
+  const Bytes image = bench_.document.Image().ff();
   Comparison comparison = Compare(image, second_.ff());
   joined_ = JoinDifferences(comparison.differences, mostRows);
-  if (!map_ && !comparison.differences.empty()) MakeMap();
+  if (!comparison.differences.empty()) MakeMap();
   const Difference* chosen = Chosen();
   const Offset place = chosen ? chosen->offset : 0;
   comparison_ = std::move(comparison);
   differingBytes_ = DifferingBytes(image, second_.ff(), comparison_.differences);
   stale_ = false;
   ShowDifferences();
-  if (!comparison_.differences.empty()) ListC_->Select(NearestDifference(comparison_.differences, place));
+  if (!comparison_.differences.empty()) List().Select(NearestDifference(comparison_.differences, place));
 }
 
-// An image of too many blocks is compared all the same; it only has no labels.
+// An image in which a search fails is compared all the same; it only has no labels.
 void ComparePanel::MakeMap() {
-  map_.emplace();
   try {
-    *map_ = MapDump(main_.Open().image, main_.Open().info, main_.Status());
+    map_ = bench_.document.Map(bench_.status);
   } catch (const std::length_error&) {
-    main_.Complain(Wx(main_.Texts().Msg(Text::TooManyBlocks)));
+    map_ = std::make_shared<const DumpMap>();
+    if (!std::exchange(mapFailed_, true)) bench_.talk.Complain(Text::TooManyBlocks);
   }
 }
 
@@ -166,14 +170,15 @@ void ComparePanel::Clear() {
   comparison_ = Comparison();
   differingBytes_ = 0;
   stale_ = false;
-  map_.reset();
+  map_ = std::make_shared<const DumpMap>();
+  mapFailed_ = false;
   ShowDifferences();
 }
 
 // --- what is shown ---
 
 void ComparePanel::ShowDifferences() {
-  ListC_->SetRows(Rows());
+  List().SetRows(Rows());
   ShowStrip();
   none_->Show(!HasSecond());
   compared_->Show(HasSecond());
@@ -183,7 +188,7 @@ void ComparePanel::ShowDifferences() {
 
 // What the open image alone has is grey.
 void ComparePanel::ShowStrip() {
-  const auto size = static_cast<Offset>(main_.Open().image.ff().size());
+  const auto size = static_cast<Offset>(bench_.document.Image().ff().size());
   std::vector<StripPart> parts = StripOf(comparison_.differences, comparison_.common, size, differenceColour);
   if (comparison_.restOfOld > 0)
     parts.push_back(
@@ -192,20 +197,20 @@ void ComparePanel::ShowStrip() {
   strip_->Mark(0, 0);
 }
 
-wxString ComparePanel::Head() const { return Wx(main_.Texts().Msg(Text::ComparedWithLabel)) + WxPath(path_); }
+wxString ComparePanel::Head() const { return Wx(bench_.texts.Msg(Text::ComparedWithLabel)) + WxPath(path_); }
 
 wxString ComparePanel::Figures() const {
-  const auto message = [this](int n) { return Wx(main_.Texts().Msg(n)); };
+  const auto message = [this](Text n) { return Wx(bench_.texts.Msg(n)); };
   if (comparison_.Same()) return message(Text::FullflashesSame);
-  wxString figures = message(Text::DifferenceCountLabel) + std::to_string(comparison_.differences.size()) + "    " + message(Text::DifferingByteCountLabel) +
-                     std::to_string(differingBytes_);
+  wxString figures = message(Text::DifferenceCountLabel) + std::to_string(comparison_.differences.size()) +
+                     "    " + message(Text::DifferingByteCountLabel) + std::to_string(differingBytes_);
   if (joined_) figures += "\n" + message(Text::DifferencesJoined);
   if (!comparison_.SameLength()) figures += "\n" + RestText();
   return figures;
 }
 
 wxString ComparePanel::RestText() const {
-  const auto message = [this](int n, Offset number) { return WithNumber(Wx(main_.Texts().Msg(n)), number); };
+  const auto message = [this](Text n, Offset number) { return WithNumber(Wx(bench_.texts.Msg(n)), number); };
   return message(Text::FullflashLengthsDiffer, comparison_.common) + " " +
          (comparison_.restOfOld > 0 ? message(Text::OpenFullflashLonger, comparison_.restOfOld)
                                     : message(Text::OtherFullflashLonger, comparison_.restOfNew));
@@ -213,7 +218,7 @@ wxString ComparePanel::RestText() const {
 
 void ComparePanel::LayOutTexts() {
   const int width = window_->GetClientSize().x - 2 * window_->FromDIP(6);
-  ShowWrapped(*invitation_, Wx(main_.Texts().Msg(Text::ChooseSecondFullflash)), width);
+  ShowWrapped(*invitation_, Wx(bench_.texts.Msg(Text::ChooseSecondFullflash)), width);
   none_->Layout();
   if (!HasSecond()) return;
   head_->SetLabelText(Head());
@@ -223,89 +228,48 @@ void ComparePanel::LayOutTexts() {
 }
 
 void ComparePanel::Recaption(const Messages& messages) {
-  ListC_->Recaption(messages, Traits().name);
-  ListC_->Reword(Rows());
+  ListPanel::Recaption(messages);
+  List().Reword(Rows());
   choose_->SetLabel(Wx(messages.Msg(Text::CompareWithAnother)));
   chooseAnother_->SetLabel(Wx(messages.Msg(Text::ChooseAnotherFullflash)));
   LayOutTexts();
 }
 
 wxString ComparePanel::Describe(Offset offset, Offset size) const {
-  const std::string label = map_ ? LabelOf(*map_, offset, size, main_.Texts()) : std::string();
-  return Wx(OffsetText(main_.Open().image, offset) + (label.empty() ? "" : ": " + label));
+  const std::string label = LabelOf(*map_, offset, size, bench_.texts);
+  return Wx(OffsetText(bench_.document.Image(), offset) + (label.empty() ? "" : ": " + label));
 }
 
 const Difference* ComparePanel::Chosen() const {
-  const auto row = ListC_->Selected();
+  const auto row = List().Selected();
   return row && *row < comparison_.differences.size() ? &comparison_.differences[*row] : nullptr;
 }
 
-void ComparePanel::Save() { main_.SaveList(Rows(), 'C'); }
-
 TableRows ComparePanel::Rows() const {
-  return {DifferenceCaptions(main_.Texts()), comparison_.differences.size(), [this](std::size_t i) {
-            return DifferenceRow(main_.Open().image, second_.ff(), *map_, comparison_.differences[i],
-                                 main_.Texts());
+  return {DifferenceCaptions(bench_.texts), comparison_.differences.size(), [this](std::size_t i) {
+            return DifferenceRow(bench_.document.Image(), second_.ff(), *map_, comparison_.differences[i],
+                                 bench_.texts);
           }};
 }
 
 // --- commands ---
 
+std::optional<Region> ComparePanel::ChosenRegion() const {
+  if (const Difference* difference = Chosen()) return Region{difference->offset, difference->size};
+  return {};
+}
+
 PanelCommands ComparePanel::MakeCommands() {
-  const auto chosen = [this] { return Chosen() != nullptr; };
-  const auto any = [this] { return !comparison_.differences.empty(); };
-  return PanelCommands({{.id = OpenDifference,
-                         .message = Text::OpenInHexView,
-                         .help = Text::HelpHexView,
-                         .run = [this] { OpenDifference_Click(); },
-                         .enabled = chosen},
-                        {.id = OffsetDifference,
-                         .message = Text::CopyOffset,
-                         .help = Text::HelpCopyNumber,
-                         .run = [this] { OffsetDifference_Click(); },
-                         .enabled = chosen},
-                        {.id = AddressDifference,
-                         .message = Text::CopyAddress,
-                         .help = Text::HelpCopyNumber,
-                         .run = [this] { AddressDifference_Click(); },
-                         .enabled = chosen},
-                        {},
-                        {.id = NextDifference,
-                         .message = Text::NextDifference,
-                         .help = Text::HelpNext,
-                         .shortcut = "F3",
-                         .run = [this] { ListC_->Step(1); },
-                         .enabled = any},
-                        {.id = PreviousDifference,
-                         .message = Text::PreviousDifference,
-                         .help = Text::HelpPrevious,
-                         .shortcut = "Shift+F3",
-                         .run = [this] { ListC_->Step(-1); },
-                         .enabled = any},
-                        {},
-                        {.id = DifferencesToPatch,
-                         .message = Text::DifferencesToPatch,
-                         .help = Text::HelpAddToPatch,
-                         .run = [this] { DifferencesToPatch_Click(); },
-                         .enabled = chosen}},
-                       OpenDifference);
-}
-
-void ComparePanel::OpenDifference_Click() {
-  if (const Difference* difference = Chosen()) main_.ShowHex(difference->offset, difference->size);
-}
-
-void ComparePanel::OffsetDifference_Click() {
-  if (const Difference* difference = Chosen()) main_.Copy(OffsetText(main_.Open().image, difference->offset));
-}
-
-void ComparePanel::AddressDifference_Click() {
-  if (const Difference* difference = Chosen())
-    main_.Copy(AddressText(main_.Open().image, difference->offset));
+  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  Append(commands, CopyCommands());
+  Append(commands, StepCommands(Text::NextDifference, Text::PreviousDifference));
+  Append(commands, {{Id::DifferencesToPatch, Text::DifferencesToPatch, Text::HelpAddToPatch, "",
+                     [this] { DifferencesToPatch_Click(); }, ListPanel::Chosen()}});
+  return PanelCommands(std::move(commands), Id::OpenHex);
 }
 
 void ComparePanel::DifferencesToPatch_Click() {
-  std::vector<std::size_t> rows = ListC_->SelectedRows();
+  std::vector<std::size_t> rows = List().SelectedRows();
   std::ranges::sort(rows);
   std::vector<Difference> selected;
   Offset size = 0;
@@ -313,8 +277,8 @@ void ComparePanel::DifferencesToPatch_Click() {
     selected.push_back(comparison_.differences[row]);
     size += selected.back().size;
   }
-  main_.Patch().AskAndAddPatch(Text::DifferencesToPatch, size,
-                               [&] { return PatchLines(main_.Open().image.ff(), second_.ff(), selected); });
+  bench_.frame.AddPatch(Text::DifferencesToPatch, size,
+                        [&] { return PatchLines(bench_.document.Image().ff(), second_.ff(), selected); });
 }
 
 }  // namespace tarvelo

@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "core/notation.h"
+#include "core/places.h"
 #include "document/map_table.h"
 #include "patch/patch_lines.h"
-#include "shell/hex/hex_rows.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 namespace {
@@ -16,7 +17,8 @@ constexpr Offset stripCells = 1024;
 }  // namespace
 
 std::vector<std::string> DifferenceCaptions(const Messages& messages) {
-  return Captions(messages, {Text::ColumnOffset, Text::ColumnAddress, Text::ColumnLength, Text::ColumnOld, Text::ColumnNew, Text::ColumnWhatLiesThere});
+  return Captions(messages, {Text::ColumnOffset, Text::ColumnAddress, Text::ColumnLength, Text::ColumnOld,
+                             Text::ColumnNew, Text::ColumnWhatLiesThere});
 }
 
 Table::Row DifferenceRow(const Fullflash& image, Bytes other, const DumpMap& map,

@@ -11,29 +11,37 @@
 #include <algorithm>
 
 #include "core/notation.h"
-#include "shell/frame/main.h"
-#include "shell/platform/accessible_name.h"
 #include "shell/base/product.h"
+#include "shell/base/program_picture.h"
 #include "shell/base/strings.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 namespace {
 
-// The messages of the facts' labels; V is called so in every language.
-constexpr std::array<int, BlockView::facts> factMessages{260, 253, 254, 261, 0, 262, 255};
+constexpr Text vColumn{};  // V is called so in every language
+constexpr std::array<Text, BlockView::facts> factTexts{
+    Text::ColumnDescription, Text::ColumnState,         Text::PhoneAddress, Text::ColumnSize, vColumn,
+    Text::ColumnOffset,      Text::ColumnHeaderPosition};
 
 struct Column {
-  int message;  // 0: V again
-  int width;    // in pixels that do not depend on the screen
+  Text caption;
+  int width;  // in pixels that do not depend on the screen
 };
-constexpr Column generationColumns[] = {{253, 110}, {0, 50}, {261, 80}, {255, 180}, {262, 100}, {273, 300}};
+constexpr Column generationColumns[] = {{Text::ColumnState, 110},  {vColumn, 50},
+                                        {Text::ColumnSize, 80},    {Text::ColumnHeaderPosition, 180},
+                                        {Text::ColumnOffset, 100}, {Text::ColumnData, 300}};
 
-wxString HexText(std::int64_t value, std::size_t digits) {
-  return Wx(PadZero(Hex(value), digits));
-}
+wxString HexText(std::int64_t value, std::size_t digits) { return Wx(PadZero(Hex(value), digits)); }
 
 // An offset or address with all its digits.
 wxString PlaceText(std::int64_t value) { return Wx(WholeHex(value)); }
+
+wxString CaptionOf(Text column, const Messages& texts) {
+  return column == vColumn ? wxString("V") : Wx(texts.Msg(column));
+}
 
 wxDataViewListCtrl* MakeList(wxWindow* parent, long style = 0) {
   return new wxDataViewListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
@@ -53,12 +61,11 @@ void Explain(wxButton& button, const wxString& text) {
 
 }  // namespace
 
-BlockView::BlockView(Main& main, const BlockStore& store, const Descriptions& descriptions)
-    : wxDialog(&main, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+BlockView::BlockView(Workbench& bench, std::function<const EepromFindings&()> blocks)
+    : wxDialog(&bench.frame.Parent(), wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
-      main_(main),
-      store_(store),
-      descriptions_(descriptions) {
+      bench_(bench),
+      blocks_(std::move(blocks)) {
   const int gap = FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(MakeFacts(), 0, wxEXPAND | wxALL, gap);
@@ -75,7 +82,7 @@ BlockView::BlockView(Main& main, const BlockStore& store, const Descriptions& de
   SetMinSize(FromDIP(wxSize(480, 360)));
   SetSize(FromDIP(wxSize(940, 600)));
   SetEscapeId(wxID_CLOSE);
-  SetIcons(main.GetIcons());
+  SetIcons(ProgramIcons());
   Bind();
   Recaption();
   CentreOnParent();
@@ -151,7 +158,7 @@ void BlockView::Bind() {
   dump_->Bind(wxEVT_KEY_UP, follow);
   const auto run = [this](wxButton* button, void (BlockView::*command)()) {
     button->Bind(wxEVT_BUTTON, [=, this](wxCommandEvent&) {
-      main_.RunGuarded(button->GetLabelText(), [=, this] { (this->*command)(); });
+      bench_.talk.Guard(button->GetLabelText(), [=, this] { (this->*command)(); });
     });
   };
   run(previous_, &BlockView::Previous_Click);
@@ -159,15 +166,15 @@ void BlockView::Bind() {
   run(hexView_, &BlockView::HexView_Click);
 }
 
-wxString BlockView::Msg(int n) const { return Wx(main_.Texts().Msg(n)); }
+wxString BlockView::Msg(Text text) const { return Wx(bench_.texts.Msg(text)); }
 
 void BlockView::Recaption() {
   for (std::size_t i = 0; i < facts; ++i)
-    labels_[i]->SetLabelText((factMessages[i] ? Msg(factMessages[i]) : wxString("V")) + Msg(Text::Colon));
-  generationsLabel_->SetLabelText(Wx(main_.Texts().Label(Text::OtherGenerations)));
+    labels_[i]->SetLabelText(CaptionOf(factTexts[i], bench_.texts) + Msg(Text::Colon));
+  generationsLabel_->SetLabelText(Wx(bench_.texts.Label(Text::OtherGenerations)));
   for (unsigned i = 0; i < std::size(generationColumns); ++i) {
-    const auto& [message, width] = generationColumns[i];
-    const wxString title = message ? Msg(message) : wxString("V");  // in a bold font on some systems
+    const auto& [caption, width] = generationColumns[i];
+    const wxString title = CaptionOf(caption, bench_.texts);  // in a bold font on some systems
     generations_->GetColumn(i)->SetTitle(title);
     generations_->GetColumn(i)->SetWidth(
         std::max(FromDIP(width), generations_->GetTextExtent(title).x * 9 / 8 + FromDIP(24)));
@@ -189,14 +196,7 @@ void BlockView::Recaption() {
 }
 
 void BlockView::ShowBlock(std::size_t record) {
-  report_ = ReportOf(store_, record, main_.Open().image);
-  shown_ = record;
-  start_ = 0;
-  ShowFacts();
-  ShowGenerations();
-  ShowDump();
-  ShowReadings();
-  Layout();
+  Fill(record);
   if (!IsShown()) {
     Show();
     FitSash();
@@ -205,13 +205,23 @@ void BlockView::ShowBlock(std::size_t record) {
   Raise();
 }
 
-void BlockView::ImageChanged() {
-  if (!shown_ || !IsShown()) return;
-  report_ = ReportOf(store_, *shown_, main_.Open().image);
+void BlockView::Fill(std::size_t record) {
+  report_ = ReportOf(Store(), record, bench_.document.Image());
+  shown_ = record;
   start_ = 0;
+  ShowFacts();
   ShowGenerations();
   ShowDump();
   ShowReadings();
+  Layout();
+}
+
+void BlockView::BlocksChanged() {
+  if (!shown_ || !IsShown()) return;
+  const auto& records = Store().records;
+  const auto same = std::ranges::find(records, report_.record.HeaderPos, &EepromBlockRecord::HeaderPos);
+  if (same == records.end()) return Clear();
+  Fill(static_cast<std::size_t>(same - records.begin()));
 }
 
 // The dump as wide as its lines, where that leaves the readings as much as they need.
@@ -232,15 +242,15 @@ void BlockView::ShowFacts() {
   const EepromBlockRecord& record = report_.record;
   SetTitle(wxString(productName) + wxString::Format(" - %d :  ", record.Number) + Msg(Text::InfoAboutBlock));
   const wxString hint = report_.data.whole ? wxString() : " - " + Msg(Text::DataOutsideImage);
-  values_[Description]->SetLabelText(Wx(Describe(descriptions_, record.Number)));
+  values_[Description]->SetLabelText(Wx(Describe(blocks_().descriptions, record.Number)));
   values_[State]->SetLabelText(Msg(record.IsDeleted() ? Text::Deleted : Text::Live));
   values_[PhoneAddress]->SetLabelText(PlaceText(report_.address));
   values_[Size]->SetLabelText(wxString::Format("%d", record.Size));
   values_[V]->SetLabelText(wxString::Format("%d", record.V));
   values_[DataOffset]->SetLabelText(PlaceText(record.DataOffset) + hint);
   values_[HeaderPosition]->SetLabelText(PlaceText(record.HeaderPos));
-  previous_->Enable(PreviousBlock(store_, record.Number).has_value());
-  next_->Enable(NextBlock(store_, record.Number).has_value());
+  previous_->Enable(PreviousBlock(Store(), record.Number).has_value());
+  next_->Enable(NextBlock(Store(), record.Number).has_value());
   hexView_->Enable(!report_.data.bytes.empty());
 }
 
@@ -251,14 +261,14 @@ wxString BlockView::DifferenceText(const BlockDifference& difference) const {
     case BlockDifference::Kind::Unknown: return {};
     case BlockDifference::Kind::Differing: break;
   }
-  return Msg(Text::DifferingBytesLabel) + wxString::Format("%zu, ", difference.count) + Msg(Text::ColumnOffset) + " " +
-         HexText(static_cast<std::int64_t>(difference.first), 4);
+  return Msg(Text::DifferingBytesLabel) + wxString::Format("%zu, ", difference.count) +
+         Msg(Text::ColumnOffset) + " " + HexText(static_cast<std::int64_t>(difference.first), 4);
 }
 
 void BlockView::ShowGenerations() {
   generations_->DeleteAllItems();
   for (const BlockGeneration& generation : report_.others) {
-    const EepromBlockRecord& record = store_.records[generation.record];
+    const EepromBlockRecord& record = Store().records[generation.record];
     wxVector<wxVariant> cells;
     cells.push_back(Msg(record.IsDeleted() ? Text::Deleted : Text::Live));
     cells.push_back(wxString::Format("%d", record.V));
@@ -277,8 +287,8 @@ void BlockView::ShowDump() {
 
 void BlockView::ShowReadings() {
   const std::size_t position = report_.data.position + start_;
-  readingsLabel_->SetLabelText(Wx(main_.Texts().Label(Text::ReadAsText)) + " " + Msg(Text::ColumnOffset) + " " +
-                               HexText(static_cast<std::int64_t>(position), 4));
+  readingsLabel_->SetLabelText(Wx(bench_.texts.Label(Text::ReadAsText)) + " " + Msg(Text::ColumnOffset) +
+                               " " + HexText(static_cast<std::int64_t>(position), 4));
   readings_->DeleteAllItems();
   for (const BlockReading& reading : ReadAsText(report_.data.bytes, start_)) {
     wxVector<wxVariant> cells;
@@ -302,11 +312,11 @@ void BlockView::ReadFromCaret() {
 }
 
 void BlockView::Next_Click() {
-  if (const auto next = NextBlock(store_, report_.record.Number)) ShowBlock(*next);
+  if (const auto next = NextBlock(Store(), report_.record.Number)) ShowBlock(*next);
 }
 
 void BlockView::Previous_Click() {
-  if (const auto previous = PreviousBlock(store_, report_.record.Number)) ShowBlock(*previous);
+  if (const auto previous = PreviousBlock(Store(), report_.record.Number)) ShowBlock(*previous);
 }
 
 void BlockView::Generation_Click(std::size_t row) {
@@ -314,7 +324,7 @@ void BlockView::Generation_Click(std::size_t row) {
 }
 
 void BlockView::HexView_Click() {
-  if (shown_) main_.ShowHex(report_.data.offset, static_cast<Offset>(report_.data.bytes.size()));
+  if (shown_) bench_.frame.ShowHex(report_.data.offset, static_cast<Offset>(report_.data.bytes.size()));
 }
 
 }  // namespace tarvelo

@@ -5,11 +5,13 @@
 #include <wx/dialog.h>
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
 #include "eeprom/block_report.h"
-#include "eeprom/descriptions.h"
+#include "eeprom/eeprom_explorer.h"
+#include "resources/texts.h"
 
 class wxButton;
 class wxDataViewListCtrl;
@@ -19,7 +21,7 @@ class wxTextCtrl;
 
 namespace tarvelo {
 
-class Main;
+struct Workbench;
 class Messages;
 
 class BlockView final : public wxDialog {
@@ -27,13 +29,13 @@ class BlockView final : public wxDialog {
   enum Fact : std::uint8_t { Description, State, PhoneAddress, Size, V, DataOffset, HeaderPosition };
   static constexpr std::size_t facts = HeaderPosition + 1;
 
-  // The store and the descriptions must outlive the window.
-  BlockView(Main& main, const BlockStore& store, const Descriptions& descriptions);
+  // `blocks` gives those that are listed now.
+  BlockView(Workbench& bench, std::function<const EepromFindings&()> blocks);
 
   // Shows a record, by its index, and the window, if it is closed.
   void ShowBlock(std::size_t record);
-  // Shows the bytes of the image as they are now.
-  void ImageChanged();
+  // The image was searched again: shows the block of the same header as it is now, or closes the window.
+  void BlocksChanged();
   // Closes the window and forgets the block: its image is gone.
   void Clear();
   void Recaption();
@@ -63,17 +65,18 @@ class BlockView final : public wxDialog {
   wxSizer* MakeButtons();
   void MakeSheets();
   void Bind();
+  void Fill(std::size_t record);
   void FitSash();
   void ShowFacts();
   void ShowGenerations();
   void ShowDump();
   void ShowReadings();
   [[nodiscard]] wxString DifferenceText(const BlockDifference& difference) const;
-  [[nodiscard]] wxString Msg(int n) const;
+  [[nodiscard]] wxString Msg(Text text) const;
+  [[nodiscard]] const BlockStore& Store() const { return blocks_().store; }
 
-  Main& main_;
-  const BlockStore& store_;
-  const Descriptions& descriptions_;
+  Workbench& bench_;
+  std::function<const EepromFindings&()> blocks_;
   std::optional<std::size_t> shown_;
   BlockReport report_;
   std::size_t start_ = 0;  // of the decoders, an index of the report's bytes

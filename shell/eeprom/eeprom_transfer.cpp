@@ -5,9 +5,13 @@
 #include "core/file.h"
 #include "eeprom/block_files.h"
 #include "eeprom/block_report.h"
-#include "shell/services/loaded_files.h"
-#include "shell/frame/main.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/services/ids.h"
+#include "shell/services/loaded_files.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 namespace {
@@ -23,47 +27,35 @@ wxString Numbers(const std::vector<int>& numbers) {
 
 std::vector<PanelCommand> EepromTransfer::Commands() {
   const auto chosen = [this] { return chosen_() != nullptr; };
-  const auto any = [this] { return !store_.records.empty(); };
-  return {{.id = SaveBlockE,
-           .message = Text::SaveBlock,
-           .help = Text::HelpSaveBlock,
-           .run = [this] { SaveBlock_Click(); },
-           .enabled = chosen},
-          {.id = SaveAllBlockE,
-           .message = Text::SaveAllBlocks,
-           .help = Text::HelpSaveAllBlocks,
-           .run = [this] { SaveAllBlock_Click(); },
-           .enabled = any},
-          {.id = DeletedBlocksE,
-           .message = Text::DeletedBlocksToo,
-           .help = Text::HelpDeletedBlocks,
-           .run = [this] { deletedToo_ = !deletedToo_; },
-           .checked = [this] { return deletedToo_; }},
-          {.id = LoadBlockE,
-           .message = Text::LoadBlock,
-           .help = Text::HelpLoadOne,
-           .run = [this] { LoadBlock_Click(); },
-           .enabled = chosen},
-          {.id = LoadAllBlockE,
-           .message = Text::LoadAllBlocks,
-           .help = Text::HelpLoadAll,
-           .run = [this] { LoadAllBlock_Click(); },
-           .enabled = any},
-          {.id = BackupE, .message = Text::Backup, .help = Text::HelpBackup, .run = [this] { eeBackup_Click(); }, .enabled = any}};
+  const auto any = [this] { return !blocks_().records.empty(); };
+  return {
+      {Id::SaveBlock, Text::SaveBlock, Text::HelpSaveBlock, "", [this] { SaveBlock_Click(); }, chosen},
+      {Id::SaveAllBlock, Text::SaveAllBlocks, Text::HelpSaveAllBlocks, "", [this] { SaveAllBlock_Click(); },
+       any},
+      {Id::DeletedBlocks,
+       Text::DeletedBlocksToo,
+       Text::HelpDeletedBlocks,
+       "",
+       [this] { deletedToo_ = !deletedToo_; },
+       {},
+       [this] { return deletedToo_; }},
+      {Id::LoadBlock, Text::LoadBlock, Text::HelpLoadOne, "", [this] { LoadBlock_Click(); }, chosen},
+      {Id::LoadAllBlock, Text::LoadAllBlocks, Text::HelpLoadAll, "", [this] { LoadAllBlock_Click(); }, any},
+      {Id::eeBackup, Text::Backup, Text::HelpBackup, "", [this] { eeBackup_Click(); }, any}};
 }
 
-std::filesystem::path EepromTransfer::Folder() const { return main_.Open().FileDir / "EEPROM"; }
+std::filesystem::path EepromTransfer::Folder() const { return bench_.document.FileDir() / "EEPROM"; }
 
-std::string EepromTransfer::Stem() const { return PathText(main_.Open().FileStem.filename()); }
+std::string EepromTransfer::Stem() const { return PathText(bench_.document.FileStem().filename()); }
 
 // --- saving ---
 
 void EepromTransfer::SaveBlock_Click() {
   const EepromBlockRecord* block = chosen_();
   if (!block) return;
-  const auto file = SaveBlock(main_.Open().image, store_, *block, Folder(), Stem());
-  if (!file) return main_.Complain(Wx(main_.Texts().Msg(Text::BlockWithoutData)));
-  main_.Tell(Wx(main_.Texts().MsgS(Text::BlockSaved, std::to_string(block->Number))), *file);
+  const auto file = SaveBlock(bench_.document.Image(), blocks_(), *block, Folder(), Stem());
+  if (!file) return bench_.talk.Complain(Text::BlockWithoutData);
+  bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::BlockSaved, std::to_string(block->Number))), *file);
 }
 
 void EepromTransfer::SaveAllBlock_Click() {
@@ -73,9 +65,9 @@ void EepromTransfer::SaveAllBlock_Click() {
 
 // A backup holds all blocks or does not exist.
 void EepromTransfer::eeBackup_Click() {
-  if (store_.records.empty()) return;
+  if (blocks_().records.empty()) return;
   const std::string name = "EEPROM backup " + Utf8(wxDateTime::Now().Format("%Y-%m-%d %H%M"));
-  const std::filesystem::path folder = MakeNewFolder(main_.Open().FileDir, name);
+  const std::filesystem::path folder = MakeNewFolder(bench_.document.FileDir(), name);
   const auto discard = [&folder] {
     std::error_code ignored;
     std::filesystem::remove_all(folder, ignored);
@@ -93,9 +85,9 @@ void EepromTransfer::eeBackup_Click() {
 
 // Escape stops it.
 EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& folder, bool allGenerations) {
-  const auto blocks = BlocksToSave(store_, allGenerations);
-  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(Text::EscapeStops)));
-  ProgressRun run(main_.Status(), 0, std::ssize(blocks));
+  const auto blocks = BlocksToSave(blocks_(), allGenerations);
+  const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
+  ProgressRun run(bench_.status, 0, std::ssize(blocks));
   const std::string stem = Stem();
   Saved saved;
   std::int64_t done = 0;
@@ -103,7 +95,7 @@ EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& fold
     run.At(done++);
     saved.stopped = run.StopAsked();
     if (saved.stopped) break;
-    if (SaveBlock(main_.Open().image, store_, *block, folder, stem))
+    if (SaveBlock(bench_.document.Image(), blocks_(), *block, folder, stem))
       ++saved.files;
     else
       saved.without.push_back(block->Number);
@@ -112,50 +104,54 @@ EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& fold
 }
 
 void EepromTransfer::TellSaved(const Saved& saved, const std::filesystem::path& path) {
-  const Messages& texts = main_.Texts();
+  const Messages& texts = bench_.texts;
   const wxString without = Wx(texts.Msg(Text::BlocksWithoutDataLabel)) + Numbers(saved.without);
-  if (saved.files == 0) return main_.Complain(Wx(texts.Msg(Text::NoDataToSave)) + "\n\n" + without);
+  if (saved.files == 0) return bench_.talk.Complain(Wx(texts.Msg(Text::NoDataToSave)) + "\n\n" + without);
   wxString text = Wx(texts.Msg(Text::AllBlocksSaved)) + "\n\n" + WxPath(path);
   if (!saved.without.empty()) text << "\n\n" << without;
-  main_.Tell(text);
+  bench_.talk.Tell(text);
 }
 
 // --- loading ---
 
 bool EepromTransfer::HasPlace(int number) const {
-  const auto live = LiveBlock(store_, number);
-  return live && HasData(main_.Open().image, store_.records[*live]);
+  const auto live = LiveBlock(blocks_(), number);
+  return live && HasData(bench_.document.Image(), blocks_().records[*live]);
 }
 
 wxString EepromTransfer::WhyNoPlace(int number) const {
-  const Messages& texts = main_.Texts();
-  return LiveBlock(store_, number) ? Wx(texts.Msg(Text::BlockWithoutData)) : Wx(texts.MsgS(Text::BlockNotFound, std::to_string(number)));
+  const Messages& texts = bench_.texts;
+  return LiveBlock(blocks_(), number) ? Wx(texts.Msg(Text::BlockWithoutData))
+                                      : Wx(texts.MsgS(Text::BlockNotFound, std::to_string(number)));
 }
 
-wxString EepromTransfer::Whose(int number) const { return Wx(main_.Texts().Msg(Text::OfBlock)) << " " << number; }
+wxString EepromTransfer::Whose(int number) const {
+  return Wx(bench_.texts.Msg(Text::OfBlock)) << " " << number;
+}
 
 void EepromTransfer::LoadBlock_Click() {
   const EepromBlockRecord* block = chosen_();
   if (!block) return;
   const int number = block->Number;
-  if (!HasPlace(number)) return main_.Complain(WhyNoPlace(number));
-  const Messages& texts = main_.Texts();
-  const wxString filter = Wx(texts.Msg(Text::Eeprom)) + " (*.bin)|*.bin|" + Wx(texts.Msg(Text::AllFiles)) + "|*.*";
-  const std::filesystem::path folder = DirExist(Folder()) ? Folder() : main_.Open().FileDir;
+  if (!HasPlace(number)) return bench_.talk.Complain(WhyNoPlace(number));
+  const Messages& texts = bench_.texts;
+  const wxString filter =
+      Wx(texts.Msg(Text::Eeprom)) + " (*.bin)|*.bin|" + Wx(texts.Msg(Text::AllFiles)) + "|*.*";
+  const std::filesystem::path folder = DirExist(Folder()) ? Folder() : bench_.document.FileDir();
   const auto file =
-      main_.Boxes().OpenFile(Wx(texts.Msg(Text::LoadBlock)), filter, folder / PathOf(BlockFileName(Stem(), number)));
+      bench_.talk.OpenFile(Text::LoadBlock, filter, folder / PathOf(BlockFileName(Stem(), number)));
   if (file) LoadFile(number, *file);
 }
 
 void EepromTransfer::LoadFile(int number, const std::filesystem::path& file) try {
-  const Messages& texts = main_.Texts();
-  if (!FileExist(file)) return main_.Complain(Wx(texts.MsgS(Text::FileNotFound, PathText(file))));
-  const auto change = LoadBlock(main_.Open().image, store_, number, file);
-  if (!change) return main_.Complain(WhyNoPlace(number));
-  main_.WriteImage({&*change, 1});
-  main_.Tell(Wx(texts.MsgS(Text::BlockLoaded, std::to_string(number))), file);
+  const Messages& texts = bench_.texts;
+  if (!FileExist(file)) return bench_.talk.Complain(Wx(texts.MsgS(Text::FileNotFound, PathText(file))));
+  const auto change = LoadBlock(bench_.document.Image(), blocks_(), number, file);
+  if (!change) return bench_.talk.Complain(WhyNoPlace(number));
+  bench_.document.Write({&*change, 1});
+  bench_.talk.Tell(Wx(texts.MsgS(Text::BlockLoaded, std::to_string(number))), file);
 } catch (const WrongBlockSize& wrong) {
-  main_.Complain(WrongSizeText(main_.Texts(), file, wrong.fileSize, wrong.blockSize, Whose(number)));
+  bench_.talk.Complain(WrongSizeText(bench_.texts, file, wrong.fileSize, wrong.blockSize, Whose(number)));
 }
 
 // Takes the files that SaveAllBlock writes, and loads all that fit at once.
@@ -163,10 +159,10 @@ void EepromTransfer::LoadAllBlock_Click() {
   constexpr int end = 6000;  // of the numbers
   const std::filesystem::path folder = Folder();
   const std::string stem = Stem();
-  LoadedFiles loaded(main_);
+  LoadedFiles loaded(bench_);
   {
-    const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(Text::EscapeStops)));
-    ProgressRun run(main_.Status(), 0, end);
+    const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
+    ProgressRun run(bench_.status, 0, end);
     for (int number = 1; number < end; ++number) {
       if (!IsBlockNumber(number)) continue;
       run.At(number);
@@ -179,15 +175,15 @@ void EepromTransfer::LoadAllBlock_Click() {
 }
 
 void EepromTransfer::LoadNumber(int number, const std::filesystem::path& file, LoadedFiles& loaded) try {
-  const auto change = LoadBlock(main_.Open().image, store_, number, file);
+  const auto change = LoadBlock(bench_.document.Image(), blocks_(), number, file);
   if (change)
     loaded.Add(file, *change);
   else
     loaded.Refuse(file, WhyNoPlace(number));
 } catch (const WrongBlockSize& wrong) {
-  loaded.Refuse(WrongSizeText(main_.Texts(), file, wrong.fileSize, wrong.blockSize, Whose(number)));
+  loaded.Refuse(WrongSizeText(bench_.texts, file, wrong.fileSize, wrong.blockSize, Whose(number)));
 } catch (const FileError&) {
-  loaded.Refuse(file, Wx(main_.Texts().Msg(Text::CantOpenFile)));
+  loaded.Refuse(file, Wx(bench_.texts.Msg(Text::CantOpenFile)));
 }
 
 }  // namespace tarvelo

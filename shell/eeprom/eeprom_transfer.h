@@ -11,21 +11,22 @@
 namespace tarvelo {
 
 class LoadedFiles;
-class Main;
+struct Workbench;
 
 class EepromTransfer {
  public:
-  // The current block; null where there is none.
+  // The blocks that are listed now.
+  using Blocks = std::function<const BlockStore&()>;
+  // The chosen block; null where there is none.
   using ChosenBlock = std::function<const EepromBlockRecord*()>;
 
-  // The store must outlive the object. It is the image's as it was scanned: loading changes bytes, not it.
-  EepromTransfer(Main& main, const BlockStore& store, ChosenBlock chosen)
-      : main_(main), store_(store), chosen_(std::move(chosen)) {}
+  EepromTransfer(Workbench& bench, Blocks blocks, ChosenBlock chosen)
+      : bench_(bench), blocks_(std::move(blocks)), chosen_(std::move(chosen)) {}
 
   // The entries of the panel's menu.
   [[nodiscard]] std::vector<PanelCommand> Commands();
 
-  // Each does nothing without a chosen block, resp. without any.
+  // Each does nothing without a block to work on.
   void SaveBlock_Click();
   void SaveAllBlock_Click();
   void LoadBlock_Click();
@@ -50,8 +51,8 @@ class EepromTransfer {
   [[nodiscard]] std::filesystem::path Folder() const;
   [[nodiscard]] std::string Stem() const;
 
-  Main& main_;
-  const BlockStore& store_;
+  Workbench& bench_;
+  Blocks blocks_;
   ChosenBlock chosen_;
   bool deletedToo_ = false;
 };

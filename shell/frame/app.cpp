@@ -2,11 +2,11 @@
 
 #include <wx/msgdlg.h>
 
+#include "shell/base/product.h"
 #include "shell/calculator/calc166.h"
-#include "shell/base/interface_language.h"
 #include "shell/frame/main.h"
 #include "shell/platform/arguments.h"
-#include "shell/base/product.h"
+#include "shell/settings/interface_language.h"
 
 namespace tarvelo {
 

@@ -5,24 +5,26 @@
 #include <wx/dnd.h>
 #include <wx/sizer.h>
 
-#include "shell/patch/apply_patch.h"
+#include <utility>
+
+#include "document/explorers.h"
+#include "resources/texts.h"
+#include "shell/base/product.h"
+#include "shell/base/program_picture.h"
+#include "shell/base/strings.h"
 #include "shell/calculator/calc166.h"
 #include "shell/compare/compare_panel.h"
-#include "shell/map/dump_panel.h"
-#include "shell/eeprom/eeprom_panel.h"
+#include "shell/frame/explorer_panels.h"
+#include "shell/frame/wx_dialogs.h"
 #include "shell/hex/hex_panel.h"
-#include "shell/search/hits_panel.h"
 #include "shell/info/info_panel.h"
-#include "shell/base/interface_language.h"
-#include "shell/services/panel_commands.h"
+#include "shell/map/dump_panel.h"
+#include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_panel.h"
-#include "shell/info/picture.h"
-#include "shell/pictures/pictures_panel.h"
-#include "shell/platform/accessible_name.h"
-#include "shell/base/product.h"
-#include "shell/ringtones/ringtones_panel.h"
-#include "shell/base/strings.h"
-#include "shell/base/window_place.h"
+#include "shell/search/hits_panel.h"
+#include "shell/services/ids.h"
+#include "shell/settings/interface_language.h"
+#include "shell/settings/window_place.h"
 
 namespace tarvelo {
 namespace {
@@ -36,10 +38,10 @@ class DumpDrop final : public wxFileDropTarget {
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
     if (files.empty()) return false;
     main_.CallAfter([&main = main_, path = PathFrom(files[0])] {
-      if (main.Open().IsOpen() && IsPatchFile(path))
-        ApplyPatchFile(main, path);
+      if (main.Bench().document.IsOpen() && IsPatchFile(path))
+        ApplyPatchFile(main.Bench(), path);
       else
-        main.OpenChosen(path);
+        main.Dumps().OpenChosen(path);
     });
     return true;
   }
@@ -55,25 +57,36 @@ Main::Main(Surroundings surroundings)
       settings_(std::move(surroundings.settings)),
       beeper_(std::move(surroundings.beeper)),
       launcher_(std::move(surroundings.launcher)),
-      dialogs_(std::move(surroundings.dialogs)),
+      dialogs_(surroundings.dialogs ? std::move(surroundings.dialogs)
+                                    : std::make_unique<WxDialogs>(this, messages_)),
       tools_(settings_, *launcher_),
-      documents_(std::move(surroundings.documents)) {
-  if (!dialogs_) dialogs_ = std::make_unique<WxDialogs>(this, messages_);
+      documents_(std::move(surroundings.documents)),
+      talk_(*dialogs_, messages_),
+      status_(new StatusBar(this)),
+      bench_{document_, messages_, settings_, talk_, *status_, *beeper_, *launcher_, *this},
+      menus_(*this),
+      panels_(std::make_unique<PanelStack>(*this, menus_, messages_)) {
   SetIcons(ProgramIcons());
   SetMinSize(FromDIP(wxSize(520, 340)));
-  status_ = new StatusBar(this);
   SetStatusBar(status_);
-  menus_ = std::make_unique<Menus>(*this);
   SetSizer(new wxBoxSizer(wxVERTICAL));
+  document_.SetUsersFolder(settings_.Folder());
 
-  AddCommands();
   AddPanels();
+  dumps_ = std::make_unique<DumpCommands>(bench_, *panels_, menus_, *info_, [this] {
+    UpdateMenus();
+    if (calculator_) calculator_->BaseChanged();
+  });
+  AddCommands();
   AcceptDrops(*this);
+  // Bytes that stood there already are no change.
+  watch_ = document_.OnChange([this] {
+    if (document_.Edits().CanUndo()) status_->SetPanel(StatusBar::imagePanel, "F");
+  });
 
-  recent_.Read(settings_);
-  menus_->ShowRecent(recent_);
+  menus_.ShowRecent(dumps_->Recent());
   ApplyLang(StoredLanguage(settings_));
-  CloseFF();
+  dumps_->CloseFF();
   RestorePlace(*this, settings_);
   Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
     status_->FitPanels();
@@ -92,78 +105,60 @@ Main::~Main() {
 }
 
 void Main::AddPanels() {
-  const auto add = [this]<typename P>(P*& place) {
-    auto panel = std::make_unique<P>(*this);
-    place = panel.get();
-    AddPanel(std::move(panel));
-  };
-  add(info_);
-  AddPanel(std::make_unique<EepromPanel>(*this));
-  AddPanel(std::make_unique<PicturesPanel>(*this));
-  AddPanel(std::make_unique<RingtonesPanel>(*this));
-  AddPanel(std::make_unique<DumpPanel>(*this));
-  add(hex_);
-  add(hits_);
-  add(compare_);
-  add(patch_);
+  info_ = &panels_->Add(std::make_unique<InfoPanel>(bench_));
+  for (const Explorer* explorer : Explorers()) panels_->Add(MakePanel(*explorer, bench_));
+  panels_->Add(std::make_unique<DumpPanel>(bench_));
+  hex_ = &panels_->Add(std::make_unique<HexPanel>(bench_));
+  hits_ = &panels_->Add(std::make_unique<HitsPanel>(bench_));
+  compare_ = &panels_->Add(std::make_unique<ComparePanel>(bench_));
+  patch_ = &panels_->Add(std::make_unique<PatchPanel>(bench_));
 }
-
-wxString Main::Msg(int n) const { return Wx(messages_.Msg(n)); }
 
 void Main::AcceptDrops(wxWindow& window) { window.SetDropTarget(new DumpDrop(*this)); }
-
-void Main::AddPanel(std::unique_ptr<Panel> panel) {
-  Panel& added = *panel;
-  GetSizer()->Add(&added.Window(), 1, wxEXPAND);
-  added.Window().Hide();
-  commands_[added.Traits().menuEntry] = [this, &added] { ShowPanel(added); };
-  panels_.push_back(std::move(panel));
-}
-
-void Main::ShowPanel(Panel& panel) {
-  if (visible_ == &panel) return;
-  panel.Build();
-  UnVis();
-  panel.Window().Show();
-  panel.FirstFocus().SetFocus();
-  visible_ = &panel;
-  SetTitle(wxString(productName) + " - " + Msg(panel.Traits().name));
-  menus_->ShowPanelMenu(panel.Commands(), panel.Traits().name, messages_);
-  menus_->CheckPanel(panel.Traits().menuEntry);
-  menus_->CaptionSaveText(messages_, panel.Traits().saveTextCaption);
-  GetSizer()->Layout();
-}
-
-void Main::UnVis() {
-  for (const auto& panel : panels_) panel->Window().Hide();
-  visible_ = nullptr;
-  menus_->ShowPanelMenu(nullptr, 0, messages_);
-  menus_->CaptionSaveText(messages_, 5);
-}
 
 void Main::ApplyLang(const Language& language) {
   messages_ = Messages(language);
   SetCharacterSet(*this, language);
   if (settings_.GetIni("General", "Language") != language.code)
     settings_.SetIni("General", "Language", language.code);
-  menus_->Recaption(messages_, visible_ ? visible_->Traits().saveTextCaption : 5);
+  panels_->Recaption();
   status_->Recaption(messages_);
-  for (const auto& panel : panels_) {
-    panel->Recaption(messages_);
-    platform::SetAccessibleName(panel->Window(), Msg(panel->Traits().name));
-  }
   if (calculator_) calculator_->Recaption(messages_);
-  if (visible_) SetTitle(wxString(productName) + " - " + Msg(visible_->Traits().name));
 }
 
 void Main::DoGiveHelp(const wxString& help, bool show) { status_->ShowHelp(show ? help : wxString()); }
 
 void Main::UpdateMenus() {
-  menus_->Enable(document_.IsOpen(), [this](int id) {
-    if (id == Quillo) return tools_.HasQuillo();
-    if (id == Calculator) return tools_.HasCalculator();
-    return commands_.contains(id);
+  menus_.Enable(document_.IsOpen(), [this](int id) {
+    if (id == Id::Quillo) return tools_.HasQuillo();
+    if (id == Id::Calculator) return tools_.HasCalculator();
+    return commands_.contains(id) || panels_->Of(id);
   });
+}
+
+// --- what panels ask for ---
+
+void Main::ShowBl(Offset start, Offset size) {
+  if (start < 0 || start > document_.Image().ffEnd()) return talk_.Complain(Text::DataOutsideImage);
+  if (!tools_.ShowBl(document_.Path(), start, size)) ShowHex(start, size);
+}
+
+void Main::ShowHex(Offset start, Offset size) {
+  if (start < 0 || start > document_.Image().ffEnd()) return talk_.Complain(Text::DataOutsideImage);
+  panels_->ShowPanel(*hex_);
+  hex_->Go(start, size);
+}
+
+void Main::FollowInHex(Offset start, Offset size) {
+  if (panels_->Visible() == hex_) ShowHex(start, size);
+}
+
+void Main::AddInformation(const std::string& lines) { info_->AppendText(Wx(lines)); }
+
+void Main::AddInformation(const std::string& name, const std::string& body) { info_->AddText(name, body); }
+
+void Main::AddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody) {
+  patch_->AskAndAddPatch(command, changedBytes, makeBody);
 }
 
 }  // namespace tarvelo

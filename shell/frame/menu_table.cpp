@@ -1,63 +1,105 @@
 #include "shell/frame/menu_table.h"
 
+#include <algorithm>
+
+#include "document/explorers.h"
+#include "shell/list/explorer_panel.h"
+#include "shell/services/ids.h"
+
 namespace tarvelo {
 namespace {
 
-constexpr MenuEntry fullflash[] = {
-    {OpenFF, Text::Open, Text::HelpOpenFullflash, "Ctrl+O"},
-    {Save, Text::Save, Text::HelpSave, "Ctrl+S", true},
-    {SaveAs, Text::SaveAs, Text::HelpSaveAs, "Ctrl+Shift+S", true},
-    {MenuNone},
-    {SaveText, Text::SaveListAsText, Text::HelpSaveText, "Ctrl+T", true},
-    {View, Text::ViewFullflash, Text::HelpViewFullflash, "", true},
-    {MenuNone},
-    {File1, {}, Text::HelpRecentlyOpened},
-    {MenuNone},
-    {ExitM, Text::Exit, Text::HelpExit, "Ctrl+Q"},
+const std::vector<MenuEntry> fullflash = {
+    {Id::OpenFF, Text::Open, Text::HelpOpenFullflash, "Ctrl+O"},
+    {Id::Save, Text::Save, Text::HelpSave, "Ctrl+S", true},
+    {Id::SaveAs, Text::SaveAs, Text::HelpSaveAs, "Ctrl+Shift+S", true},
+    {},
+    {Id::SaveText, Text::SaveListAsText, Text::HelpSaveText, "Ctrl+T", true},
+    {Id::View, Text::ViewFullflash, Text::HelpViewFullflash, "", true},
+    {},
+    {Id::File1, {}, Text::HelpRecentlyOpened},
+    {},
+    {Id::ExitM, Text::Exit, Text::HelpExit, "Ctrl+Q"},
 };
 
-constexpr MenuEntry panels[] = {
-    {Info, Text::Info, Text::HelpInfo, "Ctrl+1", true, wxITEM_CHECK},
-    {Menu, Text::Menu, Text::HelpNotBuilt, "Ctrl+2", true, wxITEM_CHECK},
-    {EEPROM, Text::Eeprom, Text::HelpEeprom, "Ctrl+3", true, wxITEM_CHECK},
-    {Langpack, Text::Langpack, Text::HelpNotBuilt, "Ctrl+4", true, wxITEM_CHECK},
-    {Pictures, Text::Pictures, Text::HelpPictures, "Ctrl+5", true, wxITEM_CHECK},
-    {Ringtones, Text::Ringtones, Text::HelpRingtones, "Ctrl+6", true, wxITEM_CHECK},
-    {Files, Text::Files, Text::HelpNotBuilt, "Ctrl+7", true, wxITEM_CHECK},
-    {Dump, Text::Dump, Text::HelpDump, "Ctrl+8", true, wxITEM_CHECK},
-    {AddrBook, Text::AddressBook, Text::HelpNotBuilt, "Ctrl+9", false, wxITEM_CHECK},
-    {MenuNone},
-    {HexView, Text::HexView, Text::HelpHexView, "Ctrl+H", true, wxITEM_CHECK},
-    {Hits, Text::SearchResults, Text::HelpSearchResults, "Ctrl+R", true, wxITEM_CHECK},
-    {ComparePanelMenu, Text::Comparison, Text::HelpComparison, "Ctrl+K", true, wxITEM_CHECK},
-    {PatchMenu, Text::Patch, Text::HelpPatch, "Ctrl+0", true, wxITEM_CHECK},
+// A panel of the dump, with its place in the menu: 1 .. 9, which is its shortcut too; 0 is behind these.
+struct PlacedPanel {
+  int place;
+  int id;
+  Text name;
+  Text help;
+  bool needsDocument = true;
 };
 
-constexpr MenuEntry tools[] = {
-    {Search, Text::SearchForBytes, Text::HelpSearchForBytes, "Ctrl+Shift+F", true},
-    {CompareWith, Text::CompareWithAnother, Text::HelpCompareWithAnother, "Ctrl+Shift+K", true},
-    {ApplyPatch, Text::ApplyPatchFile, Text::HelpApplyPatchFile, "Ctrl+Shift+O", true},
-    {StFun, Text::StandardFunctions, Text::HelpNotBuilt, "", true},
-    {StPat, Text::StandardPatches, Text::HelpNotBuilt, "", true},
-    {MenuNone},
-    {Calc166_Menu, Text::AddressCalculator, Text::HelpAddressCalculator, "F6", false, wxITEM_CHECK},
-    {Calculator, Text::Calculator, Text::HelpCalculator},
-    {Quillo, Text::OpenInQuillo, Text::HelpOpenInQuillo, "", true},
+// Those that are no explorers' (yet).
+constexpr PlacedPanel otherPanels[] = {
+    {1, Id::Info, Text::Info, Text::HelpInfo},
+    {2, Id::Menu, Text::Menu, Text::HelpNotBuilt},
+    {4, Id::Langpack, Text::Langpack, Text::HelpNotBuilt},
+    {7, Id::Files, Text::Files, Text::HelpNotBuilt},
+    {8, Id::Dump, Text::Dump, Text::HelpDump},
+    {9, Id::AddrBook, Text::AddressBook, Text::HelpNotBuilt, false},
 };
 
-constexpr MenuEntry languages[] = {{FirstLanguage, {}, Text::HelpLanguage}};
-
-constexpr MenuEntry help[] = {
-    {Help, Text::Help, Text::HelpManual, "F1"},
-    {About, Text::Author, Text::HelpAuthor},
+const std::vector<MenuEntry> lastPanels = {
+    {},
+    {Id::HexView, Text::HexView, Text::HelpHexView, "Ctrl+H", true, wxITEM_CHECK},
+    {Id::Hits, Text::SearchResults, Text::HelpSearchResults, "Ctrl+R", true, wxITEM_CHECK},
+    {Id::ComparePanel, Text::Comparison, Text::HelpComparison, "Ctrl+K", true, wxITEM_CHECK},
+    {Id::PatchMenu, Text::Patch, Text::HelpPatch, "Ctrl+0", true, wxITEM_CHECK},
 };
 
-constexpr MenuGroup bar[] = {{Text::Fullflash, fullflash}, {Text::Panels, panels}, {Text::Tools, tools}, {Text::Language, languages}, {Text::Help, help}};
+MenuEntry EntryOf(const PlacedPanel& panel) {
+  std::string shortcut;
+  if (panel.place > 0) shortcut = "Ctrl+" + std::to_string(panel.place);
+  return {panel.id, panel.name, panel.help, shortcut, panel.needsDocument, wxITEM_CHECK};
+}
+
+// An explorer takes the place of what was not built.
+std::vector<MenuEntry> MakePanelEntries() {
+  std::vector<PlacedPanel> placed;
+  for (const Explorer* explorer : Explorers())
+    placed.push_back({explorer->place, PanelId(*explorer), explorer->name, explorer->help});
+  for (const PlacedPanel& panel : otherPanels)
+    if (std::ranges::find(placed, panel.place, &PlacedPanel::place) == placed.end()) placed.push_back(panel);
+  std::ranges::stable_sort(placed, {},
+                           [](const PlacedPanel& panel) { return panel.place == 0 ? 10 : panel.place; });
+  std::vector<MenuEntry> entries;
+  std::ranges::transform(placed, std::back_inserter(entries), EntryOf);
+  entries.insert(entries.end(), lastPanels.begin(), lastPanels.end());
+  return entries;
+}
+
+const std::vector<MenuEntry> tools = {
+    {Id::Search, Text::SearchForBytes, Text::HelpSearchForBytes, "Ctrl+Shift+F", true},
+    {Id::CompareWith, Text::CompareWithAnother, Text::HelpCompareWithAnother, "Ctrl+Shift+K", true},
+    {Id::ApplyPatch, Text::ApplyPatchFile, Text::HelpApplyPatchFile, "Ctrl+Shift+O", true},
+    {Id::StFun, Text::StandardFunctions, Text::HelpNotBuilt, "", true},
+    {Id::StPat, Text::StandardPatches, Text::HelpNotBuilt, "", true},
+    {},
+    {Id::Calc166_Menu, Text::AddressCalculator, Text::HelpAddressCalculator, "F6", false, wxITEM_CHECK},
+    {Id::Calculator, Text::Calculator, Text::HelpCalculator},
+    {Id::Quillo, Text::OpenInQuillo, Text::HelpOpenInQuillo, "", true},
+};
+
+const std::vector<MenuEntry> languages = {{Id::FirstLanguage, {}, Text::HelpLanguage}};
+
+const std::vector<MenuEntry> help = {
+    {Id::Help, Text::Help, Text::HelpManual, "F1"},
+    {Id::About, Text::Author, Text::HelpAuthor},
+};
 
 }  // namespace
 
-std::span<const MenuGroup> MenuBarTable() { return bar; }
+std::span<const MenuGroup> MenuBarTable() {
+  static const std::vector<MenuGroup> bar = {{Text::Fullflash, fullflash},
+                                             {Text::Panels, MakePanelEntries()},
+                                             {Text::Tools, tools},
+                                             {Text::Language, languages},
+                                             {Text::Help, help}};
+  return bar;
+}
 
-std::span<const MenuEntry> PanelEntries() { return panels; }
+std::span<const MenuEntry> PanelEntries() { return MenuBarTable()[1].entries; }
 
 }  // namespace tarvelo

@@ -4,11 +4,13 @@
 #include <wx/menu.h>
 
 #include "resources/messages.h"
+#include "resources/texts.h"
 #include "shell/base/mnemonics.h"
-#include "shell/services/panel_commands.h"
-#include "shell/platform/shortcuts.h"
-#include "shell/base/recent_files.h"
 #include "shell/base/strings.h"
+#include "shell/platform/shortcuts.h"
+#include "shell/services/ids.h"
+#include "shell/services/panel_commands.h"
+#include "shell/settings/recent_files.h"
 
 namespace tarvelo {
 namespace {
@@ -16,21 +18,21 @@ namespace {
 constexpr std::size_t panelMenuPosition = 2;  // behind the menu of the panels
 constexpr char unnamed[] = "-";               // wx wants a caption; Recaption gives the real one
 
-bool IsLanguage(int id) { return id >= FirstLanguage && id <= LastLanguage; }
+bool IsLanguage(int id) { return id >= Id::FirstLanguage && id <= Id::LastLanguage; }
 
 // The caption of an entry, without shortcut.
-wxString Caption(const MenuEntry& entry, const Messages& messages, int saveText) {
-  return Wx(messages.Msg(entry.id == SaveText ? saveText : entry.message));
+wxString Caption(const MenuEntry& entry, const Messages& messages, Text saveText) {
+  return Wx(messages.Msg(entry.id == Id::SaveText ? saveText : entry.caption));
 }
 
-void RecaptionEntries(wxMenuBar& bar, const MenuGroup& group, const Messages& messages, int saveText) {
+void RecaptionEntries(wxMenuBar& bar, const MenuGroup& group, const Messages& messages, Text saveText) {
   std::vector<wxString> captions;
   for (const MenuEntry& entry : group.entries) captions.push_back(Caption(entry, messages, saveText));
   captions = WithMnemonics(captions);
   for (std::size_t i = 0; i < group.entries.size(); ++i) {
     const MenuEntry& entry = group.entries[i];
-    if (entry.message == 0) continue;
-    const wxString shortcut = *entry.shortcut ? wxString("\t") + entry.shortcut : wxString();
+    if (entry.caption == Text{}) continue;
+    const wxString shortcut = entry.shortcut.empty() ? wxString() : "\t" + Wx(entry.shortcut);
     wxMenuItem& item = *bar.FindItem(entry.id);
     item.SetItemLabel(captions[i] + shortcut);
     item.SetHelp(Wx(messages.Msg(entry.help)));
@@ -51,13 +53,13 @@ Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
   for (const MenuGroup& group : MenuBarTable()) {
     auto* menu = new wxMenu;
     for (const MenuEntry& entry : group.entries) {
-      if (entry.id == MenuNone) {
+      if (entry.id == Id::None) {
         menu->AppendSeparator();
-      } else if (entry.id == File1) {
+      } else if (entry.id == Id::File1) {
         recentMenu_ = menu;
         recentPosition_ = menu->GetMenuItemCount();
       } else if (IsLanguage(entry.id)) {
-        for (int id = FirstLanguage; id <= LastLanguage; ++id) menu->AppendRadioItem(id, unnamed);
+        for (int id = Id::FirstLanguage; id <= Id::LastLanguage; ++id) menu->AppendRadioItem(id, unnamed);
       } else {
         menu->Append(entry.id, unnamed, wxString(), entry.kind);
       }
@@ -75,27 +77,28 @@ Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
   frame.Bind(wxEVT_MENU_CLOSE, [update](wxMenuEvent& event) { update(event, true); });
 }
 
-void Menus::Recaption(const Messages& messages, int saveText) {
+void Menus::Recaption(const Messages& messages, Text saveText) {
   for (const MenuGroup& group : MenuBarTable()) RecaptionEntries(*bar_, group, messages, saveText);
   ShowPanelMenu(panelCommands_, panelTitle_, messages);
-  recentHelp_ = HelpOf(File1, messages);
+  recentHelp_ = HelpOf(Id::File1, messages);
   for (std::size_t i = 0; i < recentShown_; ++i)
-    bar_->FindItem(File1 + static_cast<int>(i))->SetHelp(recentHelp_);
+    bar_->FindItem(Id::File1 + static_cast<int>(i))->SetHelp(recentHelp_);
 
   // Each language is called by its own name, whatever the current one.
   std::vector<wxString> names;
-  for (const Language& language : Languages()) names.push_back(Wx(Messages(language).Msg(Text::LanguageName)));
+  for (const Language& language : Languages())
+    names.push_back(Wx(Messages(language).Msg(Text::LanguageName)));
   names = WithMnemonics(names);
-  const wxString help = HelpOf(FirstLanguage, messages);
+  const wxString help = HelpOf(Id::FirstLanguage, messages);
   for (std::size_t i = 0; i < names.size(); ++i) {
-    const int id = FirstLanguage + static_cast<int>(i);
+    const int id = Id::FirstLanguage + static_cast<int>(i);
     bar_->FindItem(id)->SetItemLabel(names[i]);
     bar_->FindItem(id)->SetHelp(help);
     if (&Languages()[i] == &messages.Current()) bar_->Check(id, true);
   }
 }
 
-void Menus::ShowPanelMenu(const PanelCommands* commands, int title, const Messages& messages) {
+void Menus::ShowPanelMenu(const PanelCommands* commands, Text title, const Messages& messages) {
   if (panelCommands_) delete bar_->Remove(panelMenuPosition);
   panelCommands_ = commands;
   panelTitle_ = title;
@@ -110,22 +113,23 @@ void Menus::ShowPanelMenu(const PanelCommands* commands, int title, const Messag
 
 void Menus::Retitle(const Messages& messages) {
   std::vector<wxString> titles;
-  for (const MenuGroup& group : MenuBarTable()) titles.push_back(Wx(messages.Msg(group.message)));
+  for (const MenuGroup& group : MenuBarTable()) titles.push_back(Wx(messages.Msg(group.title)));
   if (panelCommands_) titles.insert(titles.begin() + panelMenuPosition, Wx(messages.Msg(panelTitle_)));
   titles = WithMnemonics(titles);
   for (std::size_t i = 0; i < titles.size(); ++i) bar_->SetMenuLabel(i, titles[i]);
 }
 
-void Menus::CaptionSaveText(const Messages& messages, int saveText) {
+void Menus::CaptionSaveText(const Messages& messages, Text saveText) {
   RecaptionEntries(*bar_, MenuBarTable().front(), messages, saveText);
 }
 
 void Menus::ShowRecent(const RecentFiles& files) {
-  for (; recentShown_ > 0; --recentShown_) recentMenu_->Destroy(File1 + static_cast<int>(recentShown_) - 1);
+  for (; recentShown_ > 0; --recentShown_)
+    recentMenu_->Destroy(Id::File1 + static_cast<int>(recentShown_) - 1);
   for (std::size_t i = 0; i < RecentFiles::count && !files[i].empty(); ++i) {
     wxString path = Wx(files[i]);
     path.Replace("&", "&&");
-    recentMenu_->Insert(recentPosition_ + i, File1 + static_cast<int>(i),
+    recentMenu_->Insert(recentPosition_ + i, Id::File1 + static_cast<int>(i),
                         wxString::Format("&%d ", static_cast<int>(i) + 1) + path, recentHelp_);
     ++recentShown_;
   }
@@ -134,13 +138,13 @@ void Menus::ShowRecent(const RecentFiles& files) {
 void Menus::Enable(bool documentOpen, const std::function<bool(int id)>& hasHandler) {
   for (const MenuGroup& group : MenuBarTable())
     for (const MenuEntry& entry : group.entries)
-      if (entry.message != 0)
+      if (entry.caption != Text{})
         bar_->Enable(entry.id, hasHandler(entry.id) && (documentOpen || !entry.needsDocument));
 }
 
 void Menus::CheckPanel(int shown) {
   for (const MenuEntry& entry : PanelEntries())
-    if (entry.id != MenuNone) bar_->Check(entry.id, entry.id == shown);
+    if (entry.id != Id::None) bar_->Check(entry.id, entry.id == shown);
 }
 
 }  // namespace tarvelo

@@ -23,15 +23,15 @@ class Menus {
   explicit Menus(wxFrame& frame);
 
   // Captions and explains every title and entry in a language, ticks that language's entry.
-  // `saveText` is the number of the message that SaveText shows now.
-  void Recaption(const Messages& messages, int saveText);
+  // `saveText` is the caption that SaveText has now.
+  void Recaption(const Messages& messages, Text saveText);
 
   // Changes the caption of SaveText alone.
-  void CaptionSaveText(const Messages& messages, int saveText);
+  void CaptionSaveText(const Messages& messages, Text saveText);
 
-  // Puts the commands of the visible panel into the bar, under the panel's name (message `title`), in
-  // place of the last one's; null: there are none.
-  void ShowPanelMenu(const PanelCommands* commands, int title, const Messages& messages);
+  // Puts the commands of the visible panel into the bar, under the panel's name, in place of the last
+  // one's; null: there are none.
+  void ShowPanelMenu(const PanelCommands* commands, Text title, const Messages& messages);
 
   // Shows the recent files; an entry without a file is hidden.
   void ShowRecent(const RecentFiles& files);
@@ -47,7 +47,7 @@ class Menus {
 
   wxMenuBar* bar_;
   const PanelCommands* panelCommands_ = nullptr;
-  int panelTitle_ = 0;
+  Text panelTitle_{};
   wxMenu* recentMenu_ = nullptr;    // where File1 .. File5 stand,
   std::size_t recentPosition_ = 0;  // from this position on,
   std::size_t recentShown_ = 0;     // and how many are shown,

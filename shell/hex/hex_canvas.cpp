@@ -1,4 +1,5 @@
 #include "shell/hex/hex_canvas.h"
+#include "core/byte_text.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/settings.h>
@@ -335,7 +336,7 @@ bool HexCanvas::TypeDigit(char32_t character) {
   const auto digit = DigitOf(character);
   if (!digit) return false;
   const bool second = scene_.secondDigit;
-  const std::uint8_t old = scene_.image->Byte(Selection().start);
+  const std::uint8_t old = scene_.image->Byte(Selection().offset);
   const int byte = second ? (old & 0xF0) | *digit : *digit << 4 | (old & 0x0F);
   Type(static_cast<std::uint8_t>(byte), second, second);
   scene_.secondDigit = !second;
@@ -350,7 +351,7 @@ bool HexCanvas::TypeCharacter(char32_t character) {
 
 // Over the byte under the cursor, or the first that is selected.
 void HexCanvas::Type(std::uint8_t byte, bool again, bool moveOn) {
-  const Offset at = Selection().start;
+  const Offset at = Selection().offset;
   if (onType) onType(at, byte, again);
   scene_.cursor.MoveTo(at + (moveOn ? 1 : 0), false);
   ShowCursor(false);

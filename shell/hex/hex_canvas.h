@@ -11,7 +11,7 @@
 
 #include <functional>
 
-#include "shell/hex/hex_cursor.h"
+#include "document/hex_cursor.h"
 #include "shell/hex/hex_paint.h"
 
 namespace tarvelo {
@@ -30,7 +30,7 @@ class HexCanvas final : public wxWindow {
   // that. Where it is out of sight it comes to lie a third from the top.
   void Go(Offset start, Offset size);
   void SelectAll();
-  [[nodiscard]] ByteRange Selection() const { return scene_.cursor.Selection(); }
+  [[nodiscard]] Region Selection() const { return scene_.cursor.Selection(); }
 
   // Puts the cursor on the other side: from the digits to the text, or back.
   void SwitchSide();

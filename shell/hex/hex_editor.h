@@ -10,12 +10,12 @@
 namespace tarvelo {
 
 class HexCanvas;
-class Main;
+struct Workbench;
 
 class HexEditor {
  public:
   // Writes from then on what is typed into the canvas. Both must outlive the object.
-  HexEditor(Main& main, HexCanvas& canvas);
+  HexEditor(Workbench& bench, HexCanvas& canvas);
 
   // A typed byte is one step, whether by one digit or by two.
   void Undo();
@@ -36,7 +36,7 @@ class HexEditor {
   void Type(Offset at, std::uint8_t byte, bool again);
   void RefuseNumber(const std::string& text);
 
-  Main& main_;
+  Workbench& bench_;
   HexCanvas& canvas_;
   bool typedStep_ = false;  // the last typed digit changed its byte
 };

@@ -1,4 +1,5 @@
 #include "shell/hex/hex_paint.h"
+#include "core/byte_text.h"
 
 #include <wx/settings.h>
 
@@ -7,6 +8,7 @@
 #include <cmath>
 
 #include "core/notation.h"
+#include "core/places.h"
 #include "shell/base/strings.h"
 #include "text/unicode.h"
 
@@ -83,7 +85,7 @@ class Row {
   }
 
   void DrawSelection() {
-    const auto first = static_cast<int>(std::max<Offset>(0, selection_.start - start_));
+    const auto first = static_cast<int>(std::max<Offset>(0, selection_.offset - start_));
     const auto last = static_cast<int>(std::min<Offset>(Count(), selection_.End() - start_)) - 1;
     if (selection_.size == 0 || first > last) return;
     DrawGround(first, last, palette_.highlight);
@@ -153,7 +155,7 @@ class Row {
   Offset start_;
   int y_;
   Bytes bytes_;
-  ByteRange selection_;
+  Region selection_;
   std::bitset<bytesInRow> changed_;
 };
 

@@ -4,8 +4,8 @@
 #include <wx/dc.h>
 
 #include "core/image_edits.h"
-#include "shell/hex/hex_cursor.h"
-#include "shell/hex/hex_rows.h"
+#include "document/hex_columns.h"
+#include "document/hex_cursor.h"
 
 namespace tarvelo {
 

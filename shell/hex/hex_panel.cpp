@@ -1,4 +1,5 @@
 #include "shell/hex/hex_panel.h"
+#include "core/byte_text.h"
 
 #include <wx/choice.h>
 #include <wx/panel.h>
@@ -10,11 +11,15 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "core/places.h"
 #include "patch/pattern_walk.h"
-#include "shell/hex/hex_canvas.h"
-#include "shell/frame/main.h"
-#include "shell/platform/accessible_name.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/hex/hex_canvas.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/services/clipboard.h"
+#include "shell/services/ids.h"
+#include "shell/services/talk.h"
 
 namespace tarvelo {
 namespace {
@@ -31,11 +36,11 @@ wxColour FaultColour() {
 
 }  // namespace
 
-HexPanel::HexPanel(Main& main)
-    : Panel({.menuEntry = HexView, .name = Text::HexView, .saveTextCaption = Text::SaveSelectedBytes}),
-      main_(main),
+HexPanel::HexPanel(Workbench& bench)
+    : Panel({.menuEntry = Id::HexView, .name = Text::HexView, .saveTextCaption = Text::SaveSelectedBytes}),
+      bench_(bench),
       commands_(MakeCommands()),
-      window_(new wxPanel(&main)),
+      window_(new wxPanel(&bench.frame.Parent())),
       caption_(new wxStaticText(window_, wxID_ANY, wxString())),
       place_(new wxTextCtrl(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                             wxTE_PROCESS_ENTER)),
@@ -43,12 +48,16 @@ HexPanel::HexPanel(Main& main)
       fault_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
       canvas_(new HexCanvas(window_)),
-      editor_(main, *canvas_),
+      editor_(bench, *canvas_),
       information_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                     wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {
   place_->SetMaxLength(placeLength);
   Layout();
   Bind();
+  watch_ = bench.document.OnChange([this] {
+    canvas_->ImageChanged();
+    ShowInformation();
+  });
 }
 
 void HexPanel::Layout() {
@@ -73,27 +82,27 @@ void HexPanel::Bind() {
   });
   kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowFault(wxString()); });
   canvas_->onSelect = [this] { ShowInformation(); };
-  canvas_->onContextMenu = [this] { main_.PopUpCommands(); };
+  canvas_->onContextMenu = [this] { bench_.frame.PopUpCommands(); };
   window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
     if (copy && canvas_->HasFocus())
-      main_.Run(CopyHex);
+      bench_.frame.Run(Id::CopyHex);
     else if (event.GetKeyCode() == WXK_ESCAPE && !canvas_->HasFocus())
       canvas_->SetFocus();
     else
       event.Skip();
   });
-  main_.AcceptDrops(*canvas_);
+  bench_.frame.AcceptDrops(*canvas_);
 }
 
 wxWindow& HexPanel::Window() { return *window_; }
 
 wxWindow& HexPanel::FirstFocus() { return *canvas_; }
 
-const Fullflash& HexPanel::Image() const { return main_.Open().image; }
+const Fullflash& HexPanel::Image() const { return bench_.document.Image(); }
 
 void HexPanel::Build() {
-  if (!canvas_->HasImage()) canvas_->SetImage(&Image(), &main_.Open().edits);
+  if (!canvas_->HasImage()) canvas_->SetImage(&Image(), &bench_.document.Edits());
   ShowInformation();
 }
 
@@ -103,17 +112,12 @@ void HexPanel::Clear() {
   ShowInformation();
 }
 
-void HexPanel::ImageChanged() {
-  canvas_->ImageChanged();
-  ShowInformation();
-}
-
 void HexPanel::Save() {
-  const ByteRange range = canvas_->Selection();
-  if (range.size == 0) return main_.Complain(Wx(main_.Texts().Msg(Text::NoDataToSave)));
-  const std::filesystem::path file = main_.Open().Beside("_" + OffsetText(Image(), range.start) + ".bin");
-  ReplaceFile(file, Image().Region(range.start, range.size));
-  main_.Tell(Wx(main_.Texts().MsgS(Text::FileSaved, PathText(file.filename()))), file);
+  const Region range = canvas_->Selection();
+  if (range.size == 0) return bench_.talk.Complain(Text::NoDataToSave);
+  const std::filesystem::path file = bench_.document.Beside("_" + OffsetText(Image(), range.offset) + ".bin");
+  ReplaceFile(file, Image().Region(range.offset, range.size));
+  bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::FileSaved, PathText(file.filename()))), file);
 }
 
 void HexPanel::Recaption(const Messages& messages) {
@@ -144,14 +148,14 @@ void HexPanel::GoToPlace() {
   const auto kind = kind_->GetSelection() == 1 ? PlaceKind::AsAddress : PlaceKind::AsOffset;
   try {
     const auto offset = ReadPlace(text, kind, Image());
-    if (!offset) return ShowFault(Wx(main_.Texts().Msg(Text::DataOutsideImage)));
+    if (!offset) return ShowFault(Wx(bench_.texts.Msg(Text::DataOutsideImage)));
     ShowFault(wxString());
     Go(*offset, 0);
     canvas_->SetFocus();
   } catch (const std::invalid_argument&) {
-    ShowFault(Wx(main_.Texts().MsgS(Text::NotANumber, text)));
+    ShowFault(Wx(bench_.texts.MsgS(Text::NotANumber, text)));
   } catch (const std::overflow_error&) {
-    ShowFault(Wx(main_.Texts().MsgS(Text::NumberTooLarge, text)));
+    ShowFault(Wx(bench_.texts.MsgS(Text::NumberTooLarge, text)));
   }
 }
 
@@ -170,12 +174,13 @@ void HexPanel::ShowInformation() { information_->SetLabelText(Wx(InformationText
 
 std::string HexPanel::InformationText() const {
   if (!canvas_->HasImage()) return {};
-  const Messages& texts = main_.Texts();
-  const ByteRange range = canvas_->Selection();
-  std::string text = texts.Label(Text::ColumnOffset) + " " + OffsetText(Image(), range.start);
-  text.append("    ").append(texts.Label(Text::PhoneAddress)) += " " + AddressText(Image(), range.start);
-  if (range.size > 0) text.append("    ").append(texts.Msg(Text::SelectedBytesLabel)) += std::to_string(range.size);
-  return text + "    " + Reading(Image(), range.start);
+  const Messages& texts = bench_.texts;
+  const Region range = canvas_->Selection();
+  std::string text = texts.Label(Text::ColumnOffset) + " " + OffsetText(Image(), range.offset);
+  text.append("    ").append(texts.Label(Text::PhoneAddress)) += " " + AddressText(Image(), range.offset);
+  if (range.size > 0)
+    text.append("    ").append(texts.Msg(Text::SelectedBytesLabel)) += std::to_string(range.size);
+  return text + "    " + Reading(Image(), range.offset);
 }
 
 // --- commands ---
@@ -189,42 +194,19 @@ PanelCommands HexPanel::MakeCommands() {
 std::vector<PanelCommand> HexPanel::SearchCommands() {
   const auto any = [this] { return canvas_->HasImage(); };
   return {
-      {.id = GoTo,
-       .message = Text::GoTo,
-       .help = Text::HelpGoTo,
-       .shortcut = "Ctrl+L",
-       .run = [this] { GoTo_Click(); },
-       .enabled = any},
+      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { GoTo_Click(); }, any},
       {},
-      {.id = FindBytes,
-       .message = Text::SearchForBytes,
-       .help = Text::HelpSearchNextBytes,
-       .shortcut = "Ctrl+F",
-       .run = [this] { FindBytes_Click(); },
-       .enabled = any},
-      {.id = FindNext,
-       .message = Text::SearchAgain,
-       .help = Text::HelpNext,
-       .shortcut = "F3",
-       .run = [this] { FindNext_Click(); },
-       .enabled = any},
-      {.id = FindPrevious,
-       .message = Text::PreviousHit,
-       .help = Text::HelpPrevious,
-       .shortcut = "Shift+F3",
-       .run = [this] { FindPrevious_Click(); },
-       .enabled = any},
+      {Id::Find, Text::SearchForBytes, Text::HelpSearchNextBytes, "Ctrl+F", [this] { FindBytes_Click(); },
+       any},
+      {Id::Next, Text::SearchAgain, Text::HelpNext, "F3", [this] { FindNext_Click(); }, any},
+      {Id::Previous, Text::PreviousHit, Text::HelpPrevious, "Shift+F3", [this] { FindPrevious_Click(); },
+       any},
       {},
-      {.id = CopyHex, .message = Text::CopyAsHex, .help = Text::HelpCopyAsHex, .run = [this] { CopyHex_Click(); }, .enabled = any},
-      {.id = CopyText, .message = Text::CopyAsText, .help = Text::HelpCopyAsText, .run = [this] { CopyText_Click(); }, .enabled = any},
-      {.id = CopyOffset, .message = Text::CopyOffset, .help = Text::HelpCopyNumber, .run = [this] { CopyOffset_Click(); }, .enabled = any},
+      {Id::CopyHex, Text::CopyAsHex, Text::HelpCopyAsHex, "", [this] { CopyHex_Click(); }, any},
+      {Id::CopyText, Text::CopyAsText, Text::HelpCopyAsText, "", [this] { CopyText_Click(); }, any},
+      {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "", [this] { CopyOffset_Click(); }, any},
       {},
-      {.id = SelectBytes,
-       .message = Text::SelectAll,
-       .help = Text::HelpSelectAll,
-       .shortcut = "Ctrl+A",
-       .run = [this] { SelectBytes_Click(); },
-       .enabled = any}};
+      {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { SelectBytes_Click(); }, any}};
 }
 
 std::vector<PanelCommand> HexPanel::EditCommands() {
@@ -233,38 +215,16 @@ std::vector<PanelCommand> HexPanel::EditCommands() {
   const auto canRedo = [this] { return place_->HasFocus() ? place_->CanRedo() : editor_.CanRedo(); };
   const auto selected = [this] { return canvas_->Selection().size > 0; };
   return {
-      {.id = SwitchSide,
-       .message = Text::SwitchHexText,
-       .help = Text::HelpSwitchHexText,
-       .shortcut = "F2",
-       .run = [this] { canvas_->SwitchSide(); },
-       .enabled = any},
+      {Id::SwitchSide, Text::SwitchHexText, Text::HelpSwitchHexText, "F2", [this] { canvas_->SwitchSide(); },
+       any},
       {},
-      {.id = UndoBytes,
-       .message = Text::Undo,
-       .help = Text::HelpUndo,
-       .shortcut = "Ctrl+Z",
-       .run = [this] { UndoBytes_Click(); },
-       .enabled = canUndo},
-      {.id = RedoBytes,
-       .message = Text::Redo,
-       .help = Text::HelpRedo,
-       .shortcut = "Ctrl+Y",
-       .run = [this] { RedoBytes_Click(); },
-       .enabled = canRedo},
-      {.id = PasteHex,
-       .message = Text::Paste,
-       .help = Text::HelpPasteHex,
-       .shortcut = "Ctrl+V",
-       .run = [this] { PasteHex_Click(); },
-       .enabled = any},
-      {.id = FillBytes, .message = Text::FillWithByte, .help = Text::HelpFillWithByte, .run = [this] { editor_.Fill(); }, .enabled = selected},
+      {Id::Undo, Text::Undo, Text::HelpUndo, "Ctrl+Z", [this] { UndoBytes_Click(); }, canUndo},
+      {Id::Redo, Text::Redo, Text::HelpRedo, "Ctrl+Y", [this] { RedoBytes_Click(); }, canRedo},
+      {Id::Paste, Text::Paste, Text::HelpPasteHex, "Ctrl+V", [this] { PasteHex_Click(); }, any},
+      {Id::FillBytes, Text::FillWithByte, Text::HelpFillWithByte, "", [this] { editor_.Fill(); }, selected},
       {},
-      {.id = ChangesToPatch,
-       .message = Text::ChangesToPatch,
-       .help = Text::HelpAddToPatch,
-       .run = [this] { editor_.ChangesToPatch(); },
-       .enabled = any}};
+      {Id::ChangesToPatch, Text::ChangesToPatch, Text::HelpAddToPatch, "",
+       [this] { editor_.ChangesToPatch(); }, any}};
 }
 
 void HexPanel::GoTo_Click() {
@@ -273,25 +233,25 @@ void HexPanel::GoTo_Click() {
 }
 
 Bytes HexPanel::BytesToCopy() {
-  const ByteRange range = canvas_->Selection();
+  const Region range = canvas_->Selection();
   if (range.size > copyLimit) {
     const std::string sizes = std::to_string(range.size) + " > " + std::to_string(copyLimit);
-    main_.Complain(Wx(std::string(main_.Texts().Msg(Text::SelectedBytesLabel)) + sizes));
+    bench_.talk.Complain(Wx(std::string(bench_.texts.Msg(Text::SelectedBytesLabel)) + sizes));
     return {};
   }
-  return Image().ff().subspan(static_cast<std::size_t>(range.start),
+  return Image().ff().subspan(static_cast<std::size_t>(range.offset),
                               static_cast<std::size_t>(std::max<Offset>(1, range.size)));
 }
 
 void HexPanel::CopyHex_Click() {
-  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) main_.Copy(AsHex(bytes));
+  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) Copy(AsHex(bytes));
 }
 
 void HexPanel::CopyText_Click() {
-  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) main_.Copy(AsText(bytes));
+  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) Copy(AsText(bytes));
 }
 
-void HexPanel::CopyOffset_Click() { main_.Copy(OffsetText(Image(), canvas_->Selection().start)); }
+void HexPanel::CopyOffset_Click() { Copy(OffsetText(Image(), canvas_->Selection().offset)); }
 
 // In the line above it is the line's own text that is selected.
 void HexPanel::SelectBytes_Click() {
@@ -324,7 +284,7 @@ void HexPanel::PasteHex_Click() {
 }
 
 bool HexPanel::AskForPattern() {
-  const auto answer = main_.AskPattern();
+  const auto answer = bench_.talk.AskPattern();
   if (answer) pattern_ = *answer;
   return answer.has_value();
 }
@@ -338,18 +298,18 @@ void HexPanel::FindBytes_Click() {
 void HexPanel::FindNext_Click() {
   if (pattern_.empty() && !AskForPattern()) return;
   const Pattern pattern(pattern_);
-  const ByteRange range = canvas_->Selection();
-  ShowHit(pattern, FirstFrom(Image(), pattern, range.start + (range.size > 0 ? 1 : 0)));
+  const Region range = canvas_->Selection();
+  ShowHit(pattern, FirstFrom(Image(), pattern, range.offset + (range.size > 0 ? 1 : 0)));
 }
 
 void HexPanel::FindPrevious_Click() {
   if (pattern_.empty() && !AskForPattern()) return;
   const Pattern pattern(pattern_);
-  ShowHit(pattern, LastBefore(Image(), pattern, canvas_->Selection().start));
+  ShowHit(pattern, LastBefore(Image(), pattern, canvas_->Selection().offset));
 }
 
 void HexPanel::ShowHit(const Pattern& pattern, Offset hit) {
-  if (hit < 0) return main_.Complain(Wx(NotFound(pattern_, main_.Texts())));
+  if (hit < 0) return bench_.talk.Complain(Wx(NotFound(pattern_, bench_.texts)));
   Go(hit, pattern.PatCount());
 }
 

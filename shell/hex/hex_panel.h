@@ -4,9 +4,10 @@
 #include <string>
 
 #include "shell/hex/hex_editor.h"
-#include "shell/hex/hex_rows.h"
+
 #include "shell/services/panel.h"
 #include "shell/services/panel_commands.h"
+#include "shell/services/workbench.h"
 
 class wxChoice;
 class wxPanel;
@@ -16,22 +17,20 @@ class wxTextCtrl;
 namespace tarvelo {
 
 class HexCanvas;
-class Main;
 class Pattern;
 
 class HexPanel final : public Panel {
  public:
-  explicit HexPanel(Main& main);
+  explicit HexPanel(Workbench& bench);
 
   [[nodiscard]] wxWindow& Window() override;
-  [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
+  [[nodiscard]] const PanelCommands* Commands() override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;
   // Shows the open image from its start; one that is shown already stays as it was left.
   void Build() override;
   // Writes the selected bytes to a file that is named after their offset.
   void Save() override;
   void Clear() override;
-  void ImageChanged() override;
   void Recaption(const Messages& messages) override;
 
   // Selects a region and scrolls to it; the caller has made sure that it begins within the image. What
@@ -76,7 +75,7 @@ class HexPanel final : public Panel {
   bool AskForPattern();
   void ShowHit(const Pattern& pattern, Offset hit);
 
-  Main& main_;
+  Workbench& bench_;
   PanelCommands commands_;
   wxPanel* window_;
   wxStaticText* caption_;
@@ -87,6 +86,7 @@ class HexPanel final : public Panel {
   HexEditor editor_;
   wxStaticText* information_;
   std::string pattern_;  // the last that was searched for
+  Document::Watch watch_;
 };
 
 }  // namespace tarvelo

@@ -12,12 +12,16 @@
 
 #include "patch/patch_document.h"
 #include "resources/messages.h"
-#include "shell/frame/main.h"
-#include "shell/info/picture.h"
-#include "shell/platform/accessible_name.h"
+#include "resources/texts.h"
 #include "shell/base/product.h"
+#include "shell/base/program_picture.h"
 #include "shell/base/strings.h"
 #include "shell/info/welcome.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/services/dump_files.h"
+#include "shell/services/ids.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
 
 namespace tarvelo {
 namespace {
@@ -26,10 +30,10 @@ constexpr std::size_t bytesAtOnce = 1 << 18;  // appended to the text; the progr
 
 }  // namespace
 
-InfoPanel::InfoPanel(Main& main)
-    : Panel({.menuEntry = Info, .name = Text::Info, .saveTextCaption = Text::SaveInfoFile}),
-      main_(main),
-      window_(new wxPanel(&main)) {
+InfoPanel::InfoPanel(Workbench& bench)
+    : Panel({.menuEntry = Id::Info, .name = Text::Info, .saveTextCaption = Text::SaveInfoFile}),
+      bench_(bench),
+      window_(new wxPanel(&bench.frame.Parent())) {
   sheet_ = new wxPanel(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
   Text = new wxTextCtrl(sheet_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                         wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxBORDER_NONE);
@@ -37,8 +41,8 @@ InfoPanel::InfoPanel(Main& main)
     part->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
   Frame = new wxStaticBox(window_, wxID_ANY, productTitle);
   PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
-  welcome_ = new Welcome(sheet_, main);
-  main.AcceptDrops(*Text);
+  welcome_ = new Welcome(sheet_, bench);
+  bench.frame.AcceptDrops(*Text);
   Layout();
 }
 
@@ -66,11 +70,11 @@ wxWindow& InfoPanel::FirstFocus() {
 }
 
 void InfoPanel::Save() {
-  const std::filesystem::path file = main_.Open().Beside(".info");
+  const std::filesystem::path file = bench_.document.Beside(".info");
   wxString text = GetText();
   text.Replace("\n", CrLf);
   ReplaceFile(file, Utf8(text));
-  main_.Tell(Text::InformationSaved, file);
+  bench_.talk.Tell(Text::InformationSaved, file);
 }
 
 void InfoPanel::Clear() { SetText(wxString()); }
@@ -84,7 +88,6 @@ void InfoPanel::Recaption(const Messages& messages) {
 void InfoPanel::SetText(const wxString& text) {
   Text->ChangeValue(text);
   const bool hadFocus = window_->IsDescendant(wxWindow::FindFocus());
-  if (text.empty()) welcome_->ShowRecent(main_.Recent());
   welcome_->Show(text.empty());
   Text->Show(!text.empty());
   sheet_->Layout();
@@ -92,16 +95,18 @@ void InfoPanel::SetText(const wxString& text) {
   if (hadFocus) FirstFocus().SetFocus();
 }
 
+void InfoPanel::ShowRecent(const RecentFiles& files) { welcome_->ShowRecent(files); }
+
 void InfoPanel::AppendText(const wxString& text) { Text->AppendText(text); }
 
 void InfoPanel::AddText(const std::string& name, const std::string& body) {
-  if (body.empty()) return main_.Tell(Wx(main_.Texts().MsgS(Text::InformationAbsent, name)));
+  if (body.empty()) return bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::InformationAbsent, name)));
   AppendLong(InformationBlock(name, body));
-  main_.Announce(Wx(main_.Texts().MsgS(Text::InformationAdded, name)), Wx(name + "\n\n" + body));
+  bench_.talk.Announce(Wx(bench_.texts.MsgS(Text::InformationAdded, name)), Wx(name + "\n\n" + body));
 }
 
 void InfoPanel::AppendLong(std::string_view text) {
-  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(text.size()));
+  ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(text.size()));
   for (std::size_t done = 0; done < text.size();) {
     // To the end of a line, so that no character is split.
     const std::size_t end = std::min(text.find('\n', done + bytesAtOnce), text.size() - 1) + 1;

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "shell/services/panel.h"
+#include "shell/services/workbench.h"
 
 class wxStaticBitmap;
 class wxStaticBox;
@@ -15,12 +16,12 @@ class wxTextCtrl;
 
 namespace tarvelo {
 
-class Main;
+class RecentFiles;
 class Welcome;
 
 class InfoPanel final : public Panel {
  public:
-  explicit InfoPanel(Main& main);
+  explicit InfoPanel(Workbench& bench);
 
   [[nodiscard]] wxWindow& Window() override;
   // Before a dump is open the keyboard is at what opens one.
@@ -30,6 +31,9 @@ class InfoPanel final : public Panel {
   void Save() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;
+
+  // What is offered to be opened again while no document is open.
+  void ShowRecent(const RecentFiles& files);
 
   // The information text. Explorers add lines to what the summary begins.
   void SetText(const wxString& text);
@@ -44,7 +48,7 @@ class InfoPanel final : public Panel {
   void Layout();
   void AppendLong(std::string_view text);
 
-  Main& main_;
+  Workbench& bench_;
   wxWindow* window_;
   wxWindow* sheet_;  // the white page around the text
   wxTextCtrl* Text;

@@ -8,42 +8,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
-#include "core/file.h"
-#include "demo/demo_image.h"
 #include "resources/messages.h"
-#include "shell/frame/main.h"
+#include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
+#include "shell/services/ids.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 namespace {
-
-constexpr int mostDemonstrations = 99;  // files of its name that are something else by now
-
-// Whether a file holds just these bytes.
-bool Holds(const std::filesystem::path& path, Bytes bytes) try {
-  NoProgress progress;
-  const FileBytes file = ReadFile(path, bytes.size(), progress);
-  return file.size == bytes.size() && std::memcmp(file.data.get(), bytes.data(), bytes.size()) == 0;
-} catch (const FileError&) {
-  return false;
-}
-
-std::filesystem::path WriteInto(const std::filesystem::path& folder, Bytes image) {
-  std::error_code error;
-  for (int i = 1; i <= mostDemonstrations; ++i) {
-    const std::string number = i == 1 ? std::string() : " " + std::to_string(i);
-    std::filesystem::path path = folder / ("Tarvelo demo" + number + ".bin");
-    if (Holds(path, image)) return path;
-    if (std::filesystem::exists(path, error)) continue;
-    NoProgress progress;
-    WriteFile(path, image, progress);
-    return path;
-  }
-  throw FileError(FileError::Kind::CantWrite, folder, "too many demonstrations", FileError::Purpose::Write);
-}
 
 // The system's, where it can be told from the ground.
 wxColour LinkColour() {
@@ -55,26 +29,23 @@ wxColour LinkColour() {
 
 }  // namespace
 
-Welcome::Welcome(wxWindow* parent, Main& main)
+Welcome::Welcome(wxWindow* parent, Workbench& bench)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL),
-      main_(main) {
+      bench_(bench) {
   SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
   SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
   auto* title = new wxStaticText(this, wxID_ANY, productName);
   title->SetFont(GetFont().Bold().Scaled(2));
   hint_ = new wxStaticText(this, wxID_ANY, wxString());
   // The order of making them is that of the Tab key.
-  open_ = AddButton(OpenFF);
+  open_ = AddButton(Id::OpenFF);
   recentTitle_ = new wxStaticText(this, wxID_ANY, wxString());
   for (std::size_t i = 0; i < recent_.size(); ++i) {
-    recent_[i] = AddButton(File1 + static_cast<int>(i), wxBORDER_NONE);
+    recent_[i] = AddButton(Id::File1 + static_cast<int>(i), wxBORDER_NONE);
     recent_[i]->SetForegroundColour(LinkColour());
   }
-  demonstration_ = AddButton(MenuNone);
-  demonstration_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
-    main_.RunGuarded(demonstration_->GetLabelText(), [this] { OpenDemonstration(main_); });
-  });
-  help_ = AddButton(Help);
+  demonstration_ = AddButton(Id::Demonstration);
+  help_ = AddButton(Id::Help);
   Arrange(*title);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
@@ -89,10 +60,9 @@ void Welcome::ShowHint() {
   if (width > 0) hint_->Wrap(width);
 }
 
-wxButton* Welcome::AddButton(int command, long style) {
+wxButton* Welcome::AddButton(int id, long style) {
   auto* button = new wxButton(this, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize, style);
-  if (command != MenuNone)
-    button->Bind(wxEVT_BUTTON, [this, command](wxCommandEvent&) { main_.Run(command); });
+  button->Bind(wxEVT_BUTTON, [this, id](wxCommandEvent&) { bench_.frame.Run(id); });
   return button;
 }
 
@@ -117,7 +87,7 @@ void Welcome::Arrange(wxWindow& title) {
 }
 
 void Welcome::Recaption(const Messages& messages) {
-  const auto text = [&messages](int n) { return Wx(messages.Msg(n)); };
+  const auto text = [&messages](Text name) { return Wx(messages.Msg(name)); };
   hintText_ = text(Text::OpenOrDropFullflash);
   ShowHint();
   recentTitle_->SetLabelText(text(Text::RecentlyOpened));
@@ -140,24 +110,6 @@ void Welcome::ShowRecent(const RecentFiles& files) {
   recentTitle_->Show(!files[0].empty());
   FitInside();
   Layout();
-}
-
-std::filesystem::path WriteDemonstration(const std::filesystem::path& folder) {
-  const std::vector<std::uint8_t> image = DemoImage();
-  try {
-    return WriteInto(folder, image);
-  } catch (const FileError&) {
-    std::error_code error;
-    const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
-    if (error) throw;
-    return WriteInto(temporary, image);
-  }
-}
-
-void OpenDemonstration(Main& main) {
-  const std::filesystem::path path = WriteDemonstration(main.Documents());
-  main.OpenChosen(path);
-  if (main.Open().IsOpen()) main.Tell(Text::DemonstrationSaved, path);
 }
 
 }  // namespace tarvelo

@@ -4,21 +4,20 @@
 #include <wx/scrolwin.h>
 
 #include <array>
-#include <filesystem>
 
-#include "shell/base/recent_files.h"
+#include "shell/settings/recent_files.h"
 
 class wxButton;
 class wxStaticText;
 
 namespace tarvelo {
 
-class Main;
+struct Workbench;
 class Messages;
 
 class Welcome final : public wxScrolledWindow {
  public:
-  Welcome(wxWindow* parent, Main& main);
+  Welcome(wxWindow* parent, Workbench& bench);
 
   void Recaption(const Messages& messages);
   // Offers the files opened last.
@@ -30,10 +29,10 @@ class Welcome final : public wxScrolledWindow {
  private:
   void Arrange(wxWindow& title);
   void ShowHint();
-  // A button that runs a command of MenuId.
-  wxButton* AddButton(int command, long style = 0);
+  // A button that runs a command.
+  wxButton* AddButton(int id, long style = 0);
 
-  Main& main_;
+  Workbench& bench_;
   wxStaticText* hint_;
   wxString hintText_;
   wxButton* open_;
@@ -42,13 +41,5 @@ class Welcome final : public wxScrolledWindow {
   wxButton* demonstration_;
   wxButton* help_;
 };
-
-// Writes the demonstration fullflash into a folder, or into the system's folder for temporary files
-// where that fails, and returns its path. No file is overwritten: one that holds just this already is
-// taken as it is, and where another has the name a number is added. Throws FileError.
-[[nodiscard]] std::filesystem::path WriteDemonstration(const std::filesystem::path& folder);
-
-// Writes the demonstration fullflash into the user's documents, opens it and says where it lies.
-void OpenDemonstration(Main& main);
 
 }  // namespace tarvelo

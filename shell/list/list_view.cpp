@@ -10,9 +10,10 @@
 #include <string_view>
 
 #include "resources/messages.h"
+#include "resources/texts.h"
+#include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/platform/list_keys.h"
-#include "shell/base/strings.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -118,27 +119,24 @@ ListView::ListView(wxWindow* parent)
   });
 }
 
-void ListView::SetTable(Table table) {
-  table_ = std::move(table);
-  makeRow_ = nullptr;
-  ShowRows(table_.rows.size());
-}
-
 void ListView::SetRows(TableRows rows) {
-  table_ = {std::move(rows.captions), {}};
-  makeRow_ = std::move(rows.row);
-  ShowRows(rows.count);
+  rows_ = std::move(rows);
+  made_.reset();
+  filter_.clear();
+  filterLine_->ChangeValue(wxString());
+  sortColumn_.reset();
+  FitColumns();
+  Arrange();
 }
 
 const Table::Row& ListView::Row(std::size_t row) const {
-  if (!makeRow_) return table_.rows[row];
-  if (!made_ || madeIndex_ != row) made_ = makeRow_(row);
+  if (!made_ || madeIndex_ != row) made_ = rows_.row(row);
   madeIndex_ = row;
   return *made_;
 }
 
 void ListView::SetCaptions(std::vector<std::string> captions) {
-  table_.captions = std::move(captions);
+  rows_.captions = std::move(captions);
   FitColumns();
 }
 
@@ -148,23 +146,13 @@ void ListView::Reword(TableRows rows) {
   if (row) Select(*row);
 }
 
-void ListView::ShowRows(std::size_t count) {
-  count_ = count;
-  made_.reset();
-  filter_.clear();
-  filterLine_->ChangeValue(wxString());
-  sortColumn_.reset();
-  FitColumns();
-  Arrange();
-}
-
 // As wide as the texts of the first rows; figures are padded to the same width in all of them.
 void ListView::FitColumns() {
-  if (control_->GetColumnCount() != table_.captions.size()) control_->ClearColumns();
+  if (control_->GetColumnCount() != rows_.captions.size()) control_->ClearColumns();
   const int character = control_->GetTextExtent("0").x;
-  const std::size_t measured = std::min(count_, rowsMeasured);
-  for (unsigned i = 0; i < table_.captions.size(); ++i) {
-    std::size_t longest = WidthOf(table_.captions[i]) + 2;  // room for the mark of the sorting
+  const std::size_t measured = std::min(rows_.count, rowsMeasured);
+  for (unsigned i = 0; i < rows_.captions.size(); ++i) {
+    std::size_t longest = WidthOf(rows_.captions[i]) + 2;  // room for the mark of the sorting
     for (std::size_t row = 0; row < measured; ++row) longest = std::max(longest, WidthOf(Row(row).cells[i]));
     const int width = std::min(static_cast<int>(longest), widestColumn) * character + FromDIP(14);
     if (i == control_->GetColumnCount())
@@ -188,8 +176,8 @@ bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::opti
 void ListView::Arrange() {
   const auto current = Selected();
   order_.clear();
-  if (filter_.empty()) order_.reserve(count_);
-  for (std::size_t row = 0; row < count_; ++row)
+  if (filter_.empty()) order_.reserve(rows_.count);
+  for (std::size_t row = 0; row < rows_.count; ++row)
     if (filter_.empty() || RowHolds(row, filter_)) order_.push_back(row);
   if (sortColumn_) {
     std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows, which settle what is equal
@@ -232,7 +220,7 @@ std::vector<std::size_t> ListView::SelectedRows() const {
 }
 
 void ListView::Select(std::size_t row) {
-  if (row >= count_) return;
+  if (row >= rows_.count) return;
   if (std::ranges::find(order_, row) == order_.end()) {
     filterLine_->ChangeValue(wxString());
     Filter({});
@@ -283,7 +271,7 @@ void ListView::ShowCaptions() {
   for (unsigned i = 0; i < control_->GetColumnCount(); ++i) {
     const wxString mark =
         sortColumn_ == i ? wxString::FromUTF8(descending_ ? " \u25BE" : " \u25B4") : wxString();
-    control_->GetColumn(i)->SetTitle(Wx(table_.captions[i]) + mark);
+    control_->GetColumn(i)->SetTitle(Wx(rows_.captions[i]) + mark);
   }
 }
 
@@ -293,13 +281,13 @@ void ListView::Filter(const std::string& text) {
 }
 
 void ListView::CopyRows() const {
-  Table selected{table_.captions, {}};
+  Table selected{rows_.captions, {}};
   for (const std::size_t row : SelectedRows()) selected.rows.push_back(Row(row));
   const wxClipboardLocker lock;
   if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
 }
 
-void ListView::Recaption(const Messages& messages, int name) {
+void ListView::Recaption(const Messages& messages, Text name) {
   const wxString hint = Wx(messages.Msg(Text::TypeToFilter));
   filterLine_->SetDescriptiveText(hint);
   platform::SetAccessibleName(*filterLine_, hint);

@@ -21,11 +21,7 @@ class ListView final : public wxPanel {
  public:
   explicit ListView(wxWindow* parent);
 
-  // Shows a table from now on, unfiltered, in its own order.
-  void SetTable(Table table);
-  [[nodiscard]] const Table& GetTable() const { return table_; }
-  // Shows a list of which each row is made when it is needed: for lists of very many rows.
-  // Afterwards GetTable has captions only.
+  // Shows a list from now on, unfiltered, in its own order. Each row is made when it is needed.
   void SetRows(TableRows rows);
   // Other captions of the same columns.
   void SetCaptions(std::vector<std::string> captions);
@@ -36,7 +32,7 @@ class ListView final : public wxPanel {
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
 
   // Rows of the list, whether shown or not.
-  [[nodiscard]] std::size_t RowCount() const { return count_; }
+  [[nodiscard]] std::size_t RowCount() const { return rows_.count; }
   // One of them. Stays as it is until the next row is asked for.
   [[nodiscard]] const Table::Row& Row(std::size_t row) const;
 
@@ -64,8 +60,8 @@ class ListView final : public wxPanel {
   // The selected rows, tab-separated, into the clipboard: Ctrl+C.
   void CopyRows() const;
 
-  // Puts the filter line in a language; screen readers call the list by message `name`.
-  void Recaption(const Messages& messages, int name);
+  // Puts the filter line in a language; screen readers call the list by its name.
+  void Recaption(const Messages& messages, Text name);
   // What all columns need, with a scrollbar beside them.
   [[nodiscard]] int BestColumnsWidth() const;
   [[nodiscard]] wxDataViewCtrl& Control() { return *control_; }
@@ -77,17 +73,14 @@ class ListView final : public wxPanel {
  private:
   class Model;
 
-  void ShowRows(std::size_t count);
   void FitColumns();
   void Arrange();
   [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,
                               std::optional<unsigned> column = {}) const;
   void ShowCaptions();
 
-  Table table_;
-  std::size_t count_ = 0;
-  std::function<Table::Row(std::size_t)> makeRow_;  // none: the rows are the table's
-  mutable std::size_t madeIndex_ = 0;               // the row made last
+  TableRows rows_;
+  mutable std::size_t madeIndex_ = 0;  // the row made last
   mutable std::optional<Table::Row> made_;
   unsigned markedColumns_ = static_cast<unsigned>(-1);
   std::vector<std::size_t> order_;  // rows of the table as they stand on the screen

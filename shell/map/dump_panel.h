@@ -2,70 +2,58 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
-#include "core/table.h"
 #include "document/dump_map.h"
-#include "shell/services/panel.h"
-#include "shell/services/panel_commands.h"
+#include "shell/list/list_panel.h"
 
 class wxPanel;
 
 namespace tarvelo {
 
 class ImageStrip;
-class ListView;
-class Main;
 class MapLegend;
 
-class DumpPanel final : public Panel {
+class DumpPanel final : public ListPanel {
  public:
-  explicit DumpPanel(Main& main);
+  explicit DumpPanel(Workbench& bench);
 
-  [[nodiscard]] wxWindow& Window() override;
-  [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
-  [[nodiscard]] wxWindow& FirstFocus() override;
-  // Makes the map where there is none of the image as it is now. An image of too many EEPROM blocks is told
-  // each time and has none.
+  // Shows the map of the image as it is now. An image in which a search fails has none, and the user is
+  // told each time.
   void Build() override;
-  void Save() override;
   void Clear() override;
-  // The map is made again when it is shown the next time; soon, while it is shown.
-  void ImageChanged() override;
   void Recaption(const Messages& messages) override;
 
-  // The commands. They do nothing without a chosen region.
-  void OpenD_Click();
-  void OffsetD_Click();
-  void AddressD_Click();
-  // Go on to a region of the same kind, round and round.
-  void NextD_Click();
-  void PreviousD_Click();
-
-  [[nodiscard]] ListView& ListD() { return *ListD_; }
   [[nodiscard]] ImageStrip& Strip() { return *strip_; }
   [[nodiscard]] MapLegend& Legend() { return *legend_; }
-  [[nodiscard]] const DumpMap& Map() const { return map_; }
+  [[nodiscard]] const DumpMap& Map() const { return *map_; }
+
+ protected:
+  [[nodiscard]] TableRows Rows() const override;
+  [[nodiscard]] std::optional<Region> ChosenRegion() const override;
+  [[nodiscard]] PanelCommands MakeCommands() override;
+  [[nodiscard]] std::string AddressOf(Offset offset) const override;
 
  private:
+  DumpPanel(Workbench& bench, wxPanel* window);
   void Layout();
   void Bind();
   void MakeMap();
   void ShowMap();
-  [[nodiscard]] TableRows Rows() const;
+  void ImageChanged();
   void SelectAt(Offset offset);
-  void Step(int direction, const std::function<bool(const MapRegion&)>& isSought);
+  void Step(int direction, const std::function<bool(const Claim&)>& isSought);
+  // Goes on to a region of the same kind, round and round.
   void StepInKind(int direction);
-  [[nodiscard]] const MapRegion* Chosen() const;
-  [[nodiscard]] PanelCommands MakeCommands();
+  [[nodiscard]] const std::vector<Claim>& Regions() const { return map_->regions; }
+  [[nodiscard]] const Claim* Chosen() const;
 
-  Main& main_;
   wxPanel* window_;
-  ListView* ListD_;
   ImageStrip* strip_;
   MapLegend* legend_;
-  PanelCommands commands_;
-  DumpMap map_;
-  bool stale_ = true;
+  std::shared_ptr<const DumpMap> map_ = std::make_shared<const DumpMap>();
+  bool isStale_ = true;
+  Document::Watch watch_;
 };
 
 }  // namespace tarvelo

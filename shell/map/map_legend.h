@@ -1,9 +1,9 @@
 // The colours of the dump map, and the line that says what they mean and how much of the image has each.
 #pragma once
 
+#include <wx/colour.h>
 #include <wx/panel.h>
 
-#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -14,13 +14,9 @@ class wxButton;
 
 namespace tarvelo {
 
-// Kinds of regions that have a colour in common: "picture", "ringtone".
-struct MapGroup {
-  MapKind kind;  // the one that the group is called by
-  wxColour colour;
-};
-[[nodiscard]] std::size_t GroupOf(MapKind kind);
-[[nodiscard]] const MapGroup& GroupAt(std::size_t group);
+// The colour of a group of kinds. They are chosen so that people with any kind of colour vision can tell
+// them apart; what is of little interest is grey.
+[[nodiscard]] wxColour ColourOf(const ClaimGroup& group);
 
 // A button for each group that the image has, in as many lines as they need. Where there is little room the
 // sizes in bytes are left to the tooltips.
@@ -31,17 +27,17 @@ class MapLegend final : public wxPanel {
   void Recaption(const Messages& messages);
   void ShowSums(const DumpMap& map);
 
-  std::function<void(std::size_t group)> onClick;
+  std::function<void(const ClaimGroup& group)> onClick;
 
  private:
   struct Entry {
     wxButton* button;
-    std::size_t group;
+    const ClaimGroup* group;
     wxString size;
     wxString percent;
   };
 
-  void AddButton(std::size_t group, Offset size, Offset whole);
+  void AddButton(const ClaimGroup& group, Offset size, Offset whole);
   [[nodiscard]] bool IsNarrow() const;
   void Caption();
 

@@ -4,10 +4,12 @@
 
 #include "core/file.h"
 #include "patch/patch_apply.h"
-#include "shell/frame/main.h"
-#include "shell/services/panel.h"
-#include "shell/patch/patch_misfits.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/patch/patch_misfits.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -17,60 +19,58 @@ namespace {
 constexpr std::uint64_t patchFileLimit = 32 << 20;
 
 // Nothing where it is too large; the user is told.
-std::optional<ReadPatch> ReadPatchFile(Main& main, const std::filesystem::path& file) try {
-  const FileBytes bytes = ReadFile(file, patchFileLimit, main.Status());
+std::optional<ReadPatch> ReadPatchFile(Workbench& bench, const std::filesystem::path& file) try {
+  const FileBytes bytes = ReadFile(file, patchFileLimit, bench.status);
   return ReadPatchText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size});
 } catch (const FileError& error) {
   if (error.Reason() != FileError::Kind::TooLarge) throw;
-  main.Complain(Wx(main.Texts().Msg(Text::PatchFileTooLarge)) + "\n\n" + WxPath(file));
+  bench.talk.Complain(Wx(bench.texts.Msg(Text::PatchFileTooLarge)) + "\n\n" + WxPath(file));
   return {};
 }
 
 // Writes the changes as one step and says what became of the patch.
-void WriteChanges(Main& main, const std::vector<Change>& changes, const PatchMisfits& misfits,
+void WriteChanges(Workbench& bench, const std::vector<Change>& changes, const PatchMisfits& misfits,
                   const std::filesystem::path& file) {
-  main.WriteImage(changes);
-  const Panel* visible = main.Visible();
-  if (visible && visible->Traits().menuEntry == HexView)
-    main.ShowHex(changes.front().offset, changes.front().Size());
-  const Messages& texts = main.Texts();
+  bench.document.Write(changes);
+  bench.frame.FollowInHex(changes.front().offset, changes.front().Size());
+  const Messages& texts = bench.texts;
   std::string told = std::string(texts.Msg(Text::PatchAppliedLabel)) + std::to_string(changes.size());
-  const auto tellNumber = [&](int message, std::size_t number) {
+  const auto tellNumber = [&](Text message, std::size_t number) {
     if (number > 0) told.append("\n").append(texts.Msg(message)).append(std::to_string(number));
   };
   tellNumber(Text::AppliedLinesLabel, misfits.Applied());
   tellNumber(Text::MisfitLinesLabel, misfits.Count());
-  main.Tell(Wx(told), file);
+  bench.talk.Tell(Wx(told), file);
 }
 
-void Apply(Main& main, const std::filesystem::path& file) {
+void Apply(Workbench& bench, const std::filesystem::path& file) {
   std::optional<wxBusyCursor> wait(std::in_place);
-  const std::optional<ReadPatch> patch = ReadPatchFile(main, file);
+  const std::optional<ReadPatch> patch = ReadPatchFile(bench, file);
   if (!patch) return;
-  const Fullflash& image = main.Open().image;
+  const Fullflash& image = bench.document.Image();
   const PatchCheck check = CheckPatch(patch->changes, image);
-  const PatchMisfits misfits(*patch, check, image, main.Texts());
+  const PatchMisfits misfits(*patch, check, image, bench.texts);
   wait.reset();
-  if (misfits.Count() == 0 && patch->changes.empty()) return main.Tell(Text::PatchWithoutChanges, file);
-  if (misfits.Count() == 0 && check.CarriesAll()) return main.Tell(Text::PatchAlreadyApplied, file);
-  if (misfits.Count() > 0 && !main.Boxes().ApplyOthers(misfits)) return;
-  if (misfits.Fitting() > 0) WriteChanges(main, check.ToWrite(patch->changes), misfits, file);
+  if (misfits.Count() == 0 && patch->changes.empty()) return bench.talk.Tell(Text::PatchWithoutChanges, file);
+  if (misfits.Count() == 0 && check.CarriesAll()) return bench.talk.Tell(Text::PatchAlreadyApplied, file);
+  if (misfits.Count() > 0 && !bench.talk.ApplyOthers(misfits)) return;
+  if (misfits.Fitting() > 0) WriteChanges(bench, check.ToWrite(patch->changes), misfits, file);
 }
 
 }  // namespace
 
-void ApplyPatch_Click(Main& main) {
-  const Messages& texts = main.Texts();
-  const std::string filter =
-      std::string(texts.Msg(Text::Patch)) + " (*.qpt)|*.qpt|" + std::string(texts.Msg(Text::AllFiles)) + "|*.*";
-  const std::filesystem::path own = main.Open().Beside(".qpt");
+void ApplyPatch_Click(Workbench& bench) {
+  const Messages& texts = bench.texts;
+  const std::string filter = std::string(texts.Msg(Text::Patch)) + " (*.qpt)|*.qpt|" +
+                             std::string(texts.Msg(Text::AllFiles)) + "|*.*";
+  const std::filesystem::path own = bench.document.Beside(".qpt");
   const std::filesystem::path offered = FileExist(own) ? own : own.parent_path() / "";
-  const auto file = main.Boxes().OpenFile(Wx(texts.Msg(Text::ApplyPatchFile)), Wx(filter), offered);
-  if (file) Apply(main, *file);
+  const auto file = bench.talk.OpenFile(Text::ApplyPatchFile, Wx(filter), offered);
+  if (file) Apply(bench, *file);
 }
 
-void ApplyPatchFile(Main& main, const std::filesystem::path& file) {
-  main.RunGuarded(Wx(main.Texts().Msg(Text::ApplyPatchFile)), [&] { Apply(main, file); });
+void ApplyPatchFile(Workbench& bench, const std::filesystem::path& file) {
+  bench.talk.Guard(Wx(bench.texts.Msg(Text::ApplyPatchFile)), [&] { Apply(bench, file); });
 }
 
 bool IsPatchFile(const std::filesystem::path& file) { return ToUpper(PathText(file.extension())) == ".QPT"; }

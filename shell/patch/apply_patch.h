@@ -6,14 +6,14 @@
 
 namespace tarvelo {
 
-class Main;
+struct Workbench;
 
 // Asks for a patch file and applies it. Where lines do not fit they are listed, and nothing is written
 // unless the user says so.
-void ApplyPatch_Click(Main& main);
+void ApplyPatch_Click(Workbench& bench);
 
-// Applies a patch file that the user chose. What stands against it is told to him.
-void ApplyPatchFile(Main& main, const std::filesystem::path& file);
+// Applies a patch file that the user chose. If it cannot be applied, the user is told why.
+void ApplyPatchFile(Workbench& bench, const std::filesystem::path& file);
 
 // Whether a file is a patch, by its name.
 [[nodiscard]] bool IsPatchFile(const std::filesystem::path& file);

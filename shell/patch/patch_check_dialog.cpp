@@ -6,16 +6,17 @@
 #include <wx/stattext.h>
 
 #include "resources/messages.h"
-#include "shell/list/list_view.h"
-#include "shell/patch/patch_misfits.h"
+#include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
+#include "shell/list/list_view.h"
+#include "shell/patch/patch_misfits.h"
 
 namespace tarvelo {
 
 PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, const PatchMisfits& misfits)
-    : wxDialog(parent, wxID_ANY, wxString(productName) + " - " + Wx(messages.Msg(Text::ApplyPatchFile)), wxDefaultPosition,
-               wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
+    : wxDialog(parent, wxID_ANY, wxString(productName) + " - " + Wx(messages.Msg(Text::ApplyPatchFile)),
+               wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       list_(new ListView(this)) {
   list_->SetMinSize(FromDIP(wxSize(300, 140)));
   list_->Recaption(messages, Text::ApplyPatchFile);

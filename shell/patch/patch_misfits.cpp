@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
+#include "core/places.h"
 #include "patch/patch_lines.h"
-#include "shell/hex/hex_rows.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 namespace {
@@ -50,14 +51,16 @@ void PatchMisfits::List() {
 }
 
 std::string PatchMisfits::Summary() const {
-  std::string text = Msg(Text::MisfitLinesLabel) + std::to_string(count_) + "\n" + Msg(Text::FittingLinesLabel) + std::to_string(fitting_);
+  std::string text = Msg(Text::MisfitLinesLabel) + std::to_string(count_) + "\n" +
+                     Msg(Text::FittingLinesLabel) + std::to_string(fitting_);
   if (applied_ > 0) text += "\n" + Msg(Text::AppliedLinesLabel) + std::to_string(applied_);
   if (listed_.size() < count_) text += "\n" + Msg(Text::PatchLinesCutOff);
   return text;
 }
 
 std::vector<std::string> PatchMisfits::Captions() const {
-  return tarvelo::Captions(messages_, {Text::ColumnLine, Text::ColumnOffset, Text::PhoneAddress, Text::ColumnExpected, Text::ColumnFound});
+  return tarvelo::Captions(messages_, {Text::ColumnLine, Text::ColumnOffset, Text::PhoneAddress,
+                                       Text::ColumnExpected, Text::ColumnFound});
 }
 
 Table::Row PatchMisfits::Row(std::size_t number) const {
@@ -66,7 +69,8 @@ Table::Row PatchMisfits::Row(std::size_t number) const {
 }
 
 Table::Row PatchMisfits::InvalidRow(const InvalidPatchLine& invalid) const {
-  return {{LineText(invalid.line), "", "", "", Msg(Text::NotAPatchLine) + " \"" + InOneLine(invalid.text) + "\""}};
+  return {{LineText(invalid.line), "", "", "",
+           Msg(Text::NotAPatchLine) + " \"" + InOneLine(invalid.text) + "\""}};
 }
 
 Table::Row PatchMisfits::ChangeRow(std::size_t index) const {

@@ -42,7 +42,7 @@ class PatchMisfits {
   [[nodiscard]] Table::Row InvalidRow(const InvalidPatchLine& invalid) const;
   [[nodiscard]] Table::Row ChangeRow(std::size_t index) const;
   [[nodiscard]] std::string LineText(std::size_t line) const;
-  [[nodiscard]] std::string Msg(int n) const { return std::string(messages_.Msg(n)); }
+  [[nodiscard]] std::string Msg(Text text) const { return std::string(messages_.Msg(text)); }
 
   const ReadPatch& patch_;
   const PatchCheck& check_;

@@ -7,19 +7,18 @@
 #include "shell/services/panel.h"
 #include "shell/services/panel_commands.h"
 #include "shell/services/text_search.h"
-#include "text/bytes.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 
-class Main;
 class PatchEditor;
 
 class PatchPanel final : public Panel {
  public:
-  explicit PatchPanel(Main& main);
+  explicit PatchPanel(Workbench& bench);
 
   [[nodiscard]] wxWindow& Window() override;
-  [[nodiscard]] const PanelCommands* Commands() const override { return &commands_; }
+  [[nodiscard]] const PanelCommands* Commands() override { return &commands_; }
   void Build() override {}
   void Save() override { SavePatch(); }
   void Clear() override;
@@ -29,8 +28,8 @@ class PatchPanel final : public Panel {
   void AddPatch(const std::string& name, const std::string& body, bool announce);
 
   // Asks for a name and appends and announces a patch that changes so many bytes. Too many are refused
-  // in the name of the command, message n; then no body is made.
-  void AskAndAddPatch(int n, Offset changedBytes, const std::function<std::string()>& makeBody);
+  // in the name of the command; then no body is made.
+  void AskAndAddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody);
 
   // Writes the patch file and tells the user. Throws FileError; the text still counts as unsaved then.
   void SavePatch();
@@ -41,7 +40,7 @@ class PatchPanel final : public Panel {
   void Patch_Change();
   [[nodiscard]] PanelCommands MakeCommands();
 
-  Main& main_;
+  Workbench& bench_;
   PatchEditor* Patch_;
   TextSearch search_;
   PanelCommands commands_;

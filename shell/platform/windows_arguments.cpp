@@ -1,7 +1,7 @@
 #include <wx/app.h>
 
-#include "shell/platform/arguments.h"
 #include "shell/base/strings.h"
+#include "shell/platform/arguments.h"
 
 namespace tarvelo::platform {
 

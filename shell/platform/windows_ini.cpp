@@ -3,8 +3,8 @@
 #include <array>
 
 #include "core/file.h"
-#include "shell/platform/ini.h"
 #include "shell/base/strings.h"
+#include "shell/platform/ini.h"
 
 namespace tarvelo::platform {
 namespace {

@@ -3,8 +3,8 @@
 #include <wx/msw/registry.h>
 #include <wx/utils.h>
 
-#include "shell/platform/launcher.h"
 #include "shell/base/strings.h"
+#include "shell/platform/launcher.h"
 
 namespace tarvelo {
 namespace {

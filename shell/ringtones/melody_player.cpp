@@ -11,9 +11,13 @@
 #include <utility>
 #include <vector>
 
+#include "resources/texts.h"
 #include "ringtones/melody.h"
-#include "shell/frame/main.h"
 #include "shell/base/strings.h"
+#include "shell/platform/beeper.h"
+#include "shell/services/ids.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 namespace {
@@ -29,13 +33,14 @@ std::int64_t MillisecondsSince(Clock::time_point begin) {
 // caller's command has returned.
 class InputGuard final : public wxEventFilter {
  public:
-  InputGuard(Main& main, std::function<void()> stop) : main_(main), stop_(std::move(stop)) {
+  InputGuard(Frame& frame, std::function<void()> stop)
+      : frame_(frame), window_(frame.Parent()), stop_(std::move(stop)) {
     wxEvtHandler::AddFilter(this);
   }
   ~InputGuard() override {
     wxEvtHandler::RemoveFilter(this);
     for (Delayed& delayed : after_) wxQueueEvent(delayed.target, delayed.event.release());
-    if (isClosed_) main_.CallAfter([&main = main_] { main.Close(); });
+    if (isClosed_) window_.CallAfter([&window = window_] { window.Close(); });
   }
 
   int FilterEvent(wxEvent& event) override {
@@ -43,7 +48,7 @@ class InputGuard final : public wxEventFilter {
     if (type == wxEVT_MENU) return Command(event);
     auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
     // Message boxes stay usable, whoever shows them.
-    if (!window || wxGetTopLevelParent(window) != &main_) return Event_Skip;
+    if (!window || wxGetTopLevelParent(window) != &window_) return Event_Skip;
     if (type == wxEVT_CLOSE_WINDOW) return Close(event);
     if (const auto* key = dynamic_cast<wxKeyEvent*>(&event)) return Key(*key);
     if (type == wxEVT_RIGHT_DOWN || type == wxEVT_RIGHT_UP || type == wxEVT_CONTEXT_MENU)
@@ -51,7 +56,7 @@ class InputGuard final : public wxEventFilter {
     // What the list's own control has done by now, and a dropped file.
     if (type == wxEVT_DATAVIEW_SELECTION_CHANGED || type == wxEVT_DATAVIEW_ITEM_ACTIVATED ||
         type == wxEVT_DATAVIEW_ITEM_CONTEXT_MENU || type == wxEVT_DATAVIEW_COLUMN_HEADER_CLICK ||
-        (type == wxEVT_ASYNC_METHOD_CALL && window == &main_))
+        (type == wxEVT_ASYNC_METHOD_CALL && window == &window_))
       return Delay(*window, event);
     return Event_Skip;
   }
@@ -64,7 +69,8 @@ class InputGuard final : public wxEventFilter {
 
   int Command(wxEvent& event) {
     stop_();
-    if (event.GetId() != StopPlaying) main_.CallAfter([&main = main_, id = event.GetId()] { main.Run(id); });
+    if (event.GetId() != Id::StopPlaying)
+      window_.CallAfter([&frame = frame_, id = event.GetId()] { frame.Run(id); });
     return Event_Processed;
   }
 
@@ -88,7 +94,8 @@ class InputGuard final : public wxEventFilter {
     return Event_Processed;
   }
 
-  Main& main_;
+  Frame& frame_;
+  wxWindow& window_;
   std::function<void()> stop_;
   std::vector<Delayed> after_;
   bool isClosed_ = false;
@@ -115,15 +122,15 @@ void MelodyPlayer::PlayRing(std::string_view text) {
     isPlaying_ = false;
     if (onTime) onTime(std::nullopt);
   });
-  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(Text::EscapeStops)));
-  const InputGuard guard(main_, [this] { Stop(); });
-  const AtEnd silence([this] { main_.Sound().Finish(); });
+  const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
+  const InputGuard guard(bench_.frame, [this] { Stop(); });
+  const AtEnd silence([this] { bench_.sound.Finish(); });
   PlayTones(text);
 }
 
 void MelodyPlayer::PlayTones(std::string_view text) {
   constexpr std::int64_t longestUnattended = 50;
-  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(text.size()));
+  ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(text.size()));
   std::int64_t time = 0;
   auto attended = Clock::now();
   for (std::size_t position = 0; !isStopped_;) {
@@ -131,7 +138,7 @@ void MelodyPlayer::PlayTones(std::string_view text) {
     const std::optional<Tone> tone = NextTone(text, position);
     if (!tone) return;
     const auto sounds = Clock::now();
-    main_.Sound().BeepOn(tone->frequency, tone->duration, [&] {
+    bench_.sound.BeepOn(tone->frequency, tone->duration, [&] {
       attended = Clock::now();
       return Attend(time + std::min<std::int64_t>(MillisecondsSince(sounds), tone->duration));
     });

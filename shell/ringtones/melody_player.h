@@ -8,11 +8,11 @@
 
 namespace tarvelo {
 
-class Main;
+struct Workbench;
 
 class MelodyPlayer {
  public:
-  explicit MelodyPlayer(Main& main) : main_(main) {}
+  explicit MelodyPlayer(Workbench& bench) : bench_(bench) {}
 
   // Plays a melody in text form (melody.h) tone by tone, and returns when it is over or stopped.
   // Meanwhile the window repaints, but no other command runs. Escape and the command StopPlaying stop
@@ -31,7 +31,7 @@ class MelodyPlayer {
   void PlayTones(std::string_view text);
   bool Attend(std::int64_t time);
 
-  Main& main_;
+  Workbench& bench_;
   bool isPlaying_ = false;
   bool isStopped_ = false;
 };

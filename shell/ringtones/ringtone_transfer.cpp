@@ -4,9 +4,13 @@
 
 #include "core/file.h"
 #include "core/notation.h"
-#include "shell/services/loaded_files.h"
-#include "shell/frame/main.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/services/ids.h"
+#include "shell/services/loaded_files.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 namespace {
@@ -15,52 +19,47 @@ using Reason = RefusedRingtone::Reason;
 
 constexpr std::string_view extensions[] = {".bin", ".mid", ".wav"};
 
-// The message that says why; 0 where the sizes do.
-int MessageOf(Reason reason) {
+// What says why; nothing where the sizes do.
+std::optional<Text> TextOf(Reason reason) {
   switch (reason) {
-    case Reason::TooLong: return 0;
+    case Reason::TooLong: return {};
     case Reason::OddSize: return Text::MelodySizeOdd;
     case Reason::OtherKind: return Text::RingtoneOfOtherKind;
     case Reason::Damaged: return Text::FileIncomplete;
     case Reason::EndsEarly: return Text::MelodyEndsEarly;
   }
-  return 0;
+  return {};
 }
 
 }  // namespace
 
 std::vector<PanelCommand> RingtoneTransfer::Commands() {
   const auto chosen = [this] { return chosen_() != nullptr && ready_(); };
-  const auto any = [this] { return !list_.ringtones.empty() && ready_(); };
+  const auto any = [this] { return !listed_().ringtones.empty() && ready_(); };
   return {
-      {.id = SaveRing, .message = Text::SaveRingtone, .help = Text::HelpSaveRingtone, .run = [this] { SaveRing_Click(); }, .enabled = chosen},
-      {.id = SaveAllRing,
-       .message = Text::SaveAllRingtones,
-       .help = Text::HelpSaveAllRingtones,
-       .run = [this] { SaveAllRing_Click(); },
-       .enabled = any},
-      {.id = SaveMidi,
-       .message = Text::SaveMidiWaveToo,
-       .help = Text::HelpSaveTheseToo,
-       .run = [this] { saveMidi_ = !saveMidi_; },
-       .checked = [this] { return saveMidi_; }},
-      {.id = LoadRing, .message = Text::LoadRingtone, .help = Text::HelpLoadOne, .run = [this] { LoadRing_Click(); }, .enabled = chosen},
-      {.id = LoadAllRing,
-       .message = Text::LoadAllRingtones,
-       .help = Text::HelpLoadAll,
-       .run = [this] { LoadAllRing_Click(); },
-       .enabled = any}};
+      {Id::SaveRing, Text::SaveRingtone, Text::HelpSaveRingtone, "", [this] { SaveRing_Click(); }, chosen},
+      {Id::SaveAllRing, Text::SaveAllRingtones, Text::HelpSaveAllRingtones, "",
+       [this] { SaveAllRing_Click(); }, any},
+      {Id::SaveMidi,
+       Text::SaveMidiWaveToo,
+       Text::HelpSaveTheseToo,
+       "",
+       [this] { saveMidi_ = !saveMidi_; },
+       {},
+       [this] { return saveMidi_; }},
+      {Id::LoadRing, Text::LoadRingtone, Text::HelpLoadOne, "", [this] { LoadRing_Click(); }, chosen},
+      {Id::LoadAllRing, Text::LoadAllRingtones, Text::HelpLoadAll, "", [this] { LoadAllRing_Click(); }, any}};
 }
 
-std::filesystem::path RingtoneTransfer::Folder() const { return main_.Open().FileDir / "MIDI"; }
+std::filesystem::path RingtoneTransfer::Folder() const { return bench_.document.FileDir() / "MIDI"; }
 
-std::string RingtoneTransfer::Stem() const { return PathText(main_.Open().FileStem.filename()); }
+std::string RingtoneTransfer::Stem() const { return PathText(bench_.document.FileStem().filename()); }
 
 // --- saving ---
 
 std::optional<std::filesystem::path> RingtoneTransfer::SaveOne(const Ringtone& ringtone,
                                                                RingtoneFormat format) try {
-  return SaveRingtone(main_.Open().image, ringtone, Folder(), Stem(), format);
+  return SaveRingtone(bench_.document.Image(), ringtone, Folder(), Stem(), format);
 } catch (const FileError&) {
   return {};
 }
@@ -79,20 +78,20 @@ void RingtoneTransfer::SaveRing_Click() {
   const Ringtone* ringtone = chosen_();
   if (!ringtone) return;
   if (const auto file = SaveFormats(*ringtone))
-    main_.Tell(Wx(main_.Texts().MsgS(Text::RingtoneSaved, std::to_string(ringtone->number))), *file);
+    bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::RingtoneSaved, std::to_string(ringtone->number))), *file);
 }
 
 void RingtoneTransfer::SaveAllRing_Click() {
-  if (SaveEach()) main_.Tell(Text::RingtonesSaved, Folder() / "NNNN.xxx");
+  if (SaveEach()) bench_.talk.Tell(Text::RingtonesSaved, Folder() / "NNNN.xxx");
 }
 
 // Saves all ringtones. False when the user stopped it, and when none could be written.
 bool RingtoneTransfer::SaveEach() {
-  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(Text::EscapeStops)));
-  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(list_.ringtones.size()));
+  const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
+  ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(listed_().ringtones.size()));
   std::int64_t done = 0;
   bool isAnySaved = false;
-  for (const Ringtone& ringtone : list_.ringtones) {
+  for (const Ringtone& ringtone : listed_().ringtones) {
     run.At(done++);
     if (run.StopAsked()) return false;
     if (SaveFormats(ringtone)) isAnySaved = true;
@@ -112,9 +111,9 @@ Ringtone RingtoneTransfer::PlaceOf(const Ringtone& ringtone) const {
 }
 
 wxString RingtoneTransfer::Why(const RefusedRingtone& refused, const Ringtone& ringtone) const {
-  const Messages& texts = main_.Texts();
-  if (const int message = MessageOf(refused.reason))
-    return WxPath(refused.path.filename()) + ": " + Wx(texts.Msg(message));
+  const Messages& texts = bench_.texts;
+  if (const auto why = TextOf(refused.reason))
+    return WxPath(refused.path.filename()) + ": " + Wx(texts.Msg(*why));
   const wxString whose = Wx(texts.Msg(Text::OfRingtone)) + " " + Wx(HexOfByte(ringtone.number));
   return WrongSizeText(texts, refused.path, refused.fileSize, ringtone.size, whose);
 }
@@ -122,32 +121,33 @@ wxString RingtoneTransfer::Why(const RefusedRingtone& refused, const Ringtone& r
 void RingtoneTransfer::LoadRing_Click() {
   const Ringtone* ringtone = chosen_();
   if (!ringtone) return;
-  const Messages& texts = main_.Texts();
+  const Messages& texts = bench_.texts;
   const wxString filter = Wx(texts.Msg(Text::Ringtones)) +
                           "|*.bin;*.mid;*.wav|Mono (*.bin)|*.bin|*.mid|*.mid|*.wav|*.wav|" +
                           Wx(texts.Msg(Text::AllFiles)) + "|*.*";
-  const std::filesystem::path folder = DirExist(Folder()) ? Folder() : main_.Open().FileDir;
+  const std::filesystem::path folder = DirExist(Folder()) ? Folder() : bench_.document.FileDir();
   const std::string name = NumberedFileName(Stem(), ringtone->number, ringtone->Extension());
-  if (const auto file = main_.Boxes().OpenFile(Wx(texts.Msg(Text::LoadRingtone)), filter, folder / PathOf(name)))
+  if (const auto file = bench_.talk.OpenFile(Text::LoadRingtone, filter, folder / PathOf(name)))
     LoadFile(PlaceOf(*ringtone), *file);
 }
 
 void RingtoneTransfer::LoadFile(const Ringtone& ringtone, const std::filesystem::path& file) try {
-  if (!FileExist(file)) return main_.Complain(Wx(main_.Texts().MsgS(Text::FileNotFound, PathText(file))));
-  const Change change = LoadRingtone(main_.Open().image, ringtone, file);
-  main_.WriteImage({&change, 1});
-  main_.Tell(Text::RingtonesLoaded, file);
+  if (!FileExist(file))
+    return bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::FileNotFound, PathText(file))));
+  const Change change = LoadRingtone(bench_.document.Image(), ringtone, file);
+  bench_.document.Write({&change, 1});
+  bench_.talk.Tell(Text::RingtonesLoaded, file);
 } catch (const RefusedRingtone& refused) {
-  main_.Complain(Why(refused, ringtone));
+  bench_.talk.Complain(Why(refused, ringtone));
 }
 
 // Takes the files that SaveAllRing writes, and loads all that fit at once.
 void RingtoneTransfer::LoadAllRing_Click() {
   constexpr int numbers = 256;
-  LoadedFiles loaded(main_);
+  LoadedFiles loaded(bench_);
   {
-    const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(Text::EscapeStops)));
-    ProgressRun run(main_.Status(), 0, numbers);
+    const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
+    ProgressRun run(bench_.status, 0, numbers);
     for (int number = 0; number < numbers; ++number) {
       run.At(number);
       if (run.StopAsked()) return;
@@ -158,8 +158,9 @@ void RingtoneTransfer::LoadAllRing_Click() {
 }
 
 void RingtoneTransfer::LoadNumber(int number, std::string_view extension, LoadedFiles& loaded) {
-  const auto ringtone = std::ranges::find(list_.ringtones, number, &Ringtone::number);
-  const bool isListed = ringtone != list_.ringtones.end();
+  const auto& all = listed_().ringtones;
+  const auto ringtone = std::ranges::find(all, number, &Ringtone::number);
+  const bool isListed = ringtone != all.end();
   // The MIDI and WAVE files of melodies are for other programs.
   if (isListed && !ringtone->IsFile() && extension != ringtone->Extension()) return;
   const std::filesystem::path file = Folder() / PathOf(NumberedFileName(Stem(), number, extension));
@@ -167,16 +168,16 @@ void RingtoneTransfer::LoadNumber(int number, std::string_view extension, Loaded
   if (isListed)
     LoadListed(PlaceOf(*ringtone), file, loaded);
   else
-    loaded.Refuse(file, Wx(main_.Texts().Msg(Text::NoRingtoneOfNumber)));
+    loaded.Refuse(file, Wx(bench_.texts.Msg(Text::NoRingtoneOfNumber)));
 }
 
 void RingtoneTransfer::LoadListed(const Ringtone& ringtone, const std::filesystem::path& file,
                                   LoadedFiles& loaded) try {
-  loaded.Add(file, LoadRingtone(main_.Open().image, ringtone, file));
+  loaded.Add(file, LoadRingtone(bench_.document.Image(), ringtone, file));
 } catch (const RefusedRingtone& refused) {
   loaded.Refuse(Why(refused, ringtone));
 } catch (const FileError&) {
-  loaded.Refuse(file, Wx(main_.Texts().Msg(Text::CantOpenFile)));
+  loaded.Refuse(file, Wx(bench_.texts.Msg(Text::CantOpenFile)));
 }
 
 }  // namespace tarvelo

@@ -16,22 +16,23 @@
 namespace tarvelo {
 
 class LoadedFiles;
-class Main;
+struct Workbench;
 
 class RingtoneTransfer {
  public:
-  // The current ringtone; null where there is none.
+  // The ringtones that are listed now.
+  using Listed = std::function<const RingtoneList&()>;
+  // The chosen ringtone; null where there is none.
   using ChosenRingtone = std::function<const Ringtone*()>;
 
-  // The list must outlive the object, and follow the image: it is another after each command that loads.
   // `ready` tells whether the commands can be used.
-  RingtoneTransfer(Main& main, const RingtoneList& list, ChosenRingtone chosen, std::function<bool()> ready)
-      : main_(main), list_(list), chosen_(std::move(chosen)), ready_(std::move(ready)) {}
+  RingtoneTransfer(Workbench& bench, Listed listed, ChosenRingtone chosen, std::function<bool()> ready)
+      : bench_(bench), listed_(std::move(listed)), chosen_(std::move(chosen)), ready_(std::move(ready)) {}
 
   // The entries of the panel's menu.
   [[nodiscard]] std::vector<PanelCommand> Commands();
 
-  // Each does nothing without a chosen ringtone, resp. without any.
+  // Each does nothing without a ringtone to work on.
   void SaveRing_Click();
   void SaveAllRing_Click();
   void LoadRing_Click();
@@ -39,7 +40,7 @@ class RingtoneTransfer {
 
   // Remembers how much room each ringtone of the list has. One that was replaced by a shorter one can
   // still be replaced by one as long as it was then.
-  void KeepPlaces() { places_ = list_.ringtones; }
+  void KeepPlaces() { places_ = listed_().ringtones; }
 
   // Saves a ringtone in the folder "MIDI". Nothing where the file cannot be created: it is passed over,
   // and nobody is told.
@@ -56,8 +57,8 @@ class RingtoneTransfer {
   [[nodiscard]] std::filesystem::path Folder() const;
   [[nodiscard]] std::string Stem() const;
 
-  Main& main_;
-  const RingtoneList& list_;
+  Workbench& bench_;
+  Listed listed_;
   std::vector<Ringtone> places_;
   ChosenRingtone chosen_;
   std::function<bool()> ready_;

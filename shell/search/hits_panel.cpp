@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/hex/hex_rows.h"
-#include "shell/info/info_panel.h"
-#include "shell/list/list_view.h"
-#include "shell/frame/main.h"
+#include "core/places.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/list/list_view.h"
+#include "shell/services/ids.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -24,79 +27,66 @@ std::vector<std::string> HitCaptions(const Messages& messages) {
 
 }  // namespace
 
-HitsPanel::HitsPanel(Main& main)
-    : Panel({.menuEntry = Hits, .name = Text::SearchResults}),
-      main_(main),
-      ListS_(new ListView(&main)),
-      commands_(MakeCommands()) {
-  ListS_->onActivate = [this](std::size_t) { main_.Run(OpenHit); };
-  ListS_->onContextMenu = [this] { main_.PopUpCommands(); };
-  main_.AcceptDrops(ListS_->Control());
-}
-
-wxWindow& HitsPanel::Window() { return *ListS_; }
-
-wxWindow& HitsPanel::FirstFocus() { return ListS_->Control(); }
+HitsPanel::HitsPanel(Workbench& bench)
+    : ListPanel(bench, {.menuEntry = Id::Hits, .name = Text::SearchResults}, 'S') {}
 
 void HitsPanel::Clear() { ShowHits({}); }
 
 void HitsPanel::Recaption(const Messages& messages) {
-  ListS_->Recaption(messages, Traits().name);
-  ListS_->SetCaptions(HitCaptions(messages));
+  ListPanel::Recaption(messages);
+  List().SetCaptions(HitCaptions(messages));
 }
 
-void HitsPanel::Save() { main_.SaveList(Rows(), 'S'); }
-
 void HitsPanel::Search_Click() {
-  const auto answer = main_.AskPattern();
+  const auto answer = bench_.talk.AskPattern();
   if (!answer) return;
   const std::string pattern = ToUpper(*answer);
   ShowHits(FindHits(pattern));
-  if (found_.hits.empty()) return main_.Complain(Wx(NotFound(pattern, main_.Texts())));
+  if (found_.hits.empty()) return bench_.talk.Complain(Wx(NotFound(pattern, bench_.texts)));
   if (TextIsWanted()) {
-    const std::string name = std::string(main_.Texts().Msg(Text::Search)) + " \"" + pattern + "\" :";
+    const std::string name = std::string(bench_.texts.Msg(Text::Search)) + " \"" + pattern + "\" :";
     if (const auto text = HitsAsText())
-      main_.InfoText().AddText(name, *text);
+      bench_.frame.AddInformation(name, *text);
     else
-      main_.Complain(Wx(main_.Texts().Msg(Text::NotEnoughMemory)));
+      bench_.talk.Complain(Text::NotEnoughMemory);
   }
-  main_.ShowPanel(*this);
-  ListS_->Select(0);
+  bench_.frame.ShowPanel(*this);
+  List().Select(0);
 }
 
-HitsPanel::Found HitsPanel::FindHits(const std::string& pattern) {
-  const Fullflash& image = main_.Open().image;
-  Found found{Pattern(pattern), {}, false};
-  const StatusHint hint(main_.Status(), Wx(main_.Texts().Msg(Text::EscapeStops)));
-  found.hits = FindAll(image, found.pattern, main_.Status(), mostHits + 1);
+HitsPanel::FoundHits HitsPanel::FindHits(const std::string& pattern) {
+  const Fullflash& image = bench_.document.Image();
+  FoundHits found{Pattern(pattern), {}, false};
+  const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
+  found.hits = FindAll(image, found.pattern, bench_.status, mostHits + 1);
   found.cutOff = found.hits.size() > mostHits;
   if (found.cutOff) found.hits.pop_back();
   return found;
 }
 
-void HitsPanel::ShowHits(Found found) {
+void HitsPanel::ShowHits(FoundHits found) {
   found_ = std::move(found);
-  ListS_->SetRows(Rows());
+  List().SetRows(Rows());
 }
 
 // Whether the hits shall go into the information text. The user is asked when they would flood it.
 bool HitsPanel::TextIsWanted() const {
   if (found_.hits.size() <= mostUnasked) return true;
-  const auto message = [this](int n) { return Wx(main_.Texts().Msg(n)); };
+  const auto message = [this](Text text) { return Wx(bench_.texts.Msg(text)); };
   wxString question = message(Text::HitCountLabel) + std::to_string(found_.hits.size()) + "\n";
   if (found_.cutOff) question += message(Text::HitsCutOff) + "\n";
-  return main_.Confirm(question + message(Text::AskAddToInformation));
+  return bench_.talk.Confirm(question + message(Text::AskAddToInformation));
 }
 
 // A line a hit. Nothing where the text would be too long.
 std::optional<std::string> HitsPanel::HitsAsText() {
-  const Fullflash& image = main_.Open().image;
+  const Fullflash& image = bench_.document.Image();
   const std::size_t count = found_.hits.size();
   const std::size_t line = LineOfHit(image, found_.pattern, 1, found_.hits.front()).size() + 1;
   if (count * line > longestText) return {};
   std::string text;
   text.reserve(count * line);
-  ProgressRun run(main_.Status(), 0, static_cast<std::int64_t>(count));
+  ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(count));
   for (std::size_t i = 0; i < count; ++i) {
     run.At(static_cast<std::int64_t>(i));
     if (i > 0) text += '\n';
@@ -106,11 +96,11 @@ std::optional<std::string> HitsPanel::HitsAsText() {
 }
 
 TableRows HitsPanel::Rows() const {
-  return {HitCaptions(main_.Texts()), found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
+  return {HitCaptions(bench_.texts), found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
 }
 
 Table::Row HitsPanel::RowOf(std::size_t number) const {
-  const Fullflash& image = main_.Open().image;
+  const Fullflash& image = bench_.document.Image();
   const Offset hit = found_.hits[number];
   std::string place = std::to_string(number + 1);
   place.insert(0, std::to_string(found_.hits.size()).size() - place.size(), ' ');
@@ -121,46 +111,17 @@ Table::Row HitsPanel::RowOf(std::size_t number) const {
   return {{place, OffsetText(image, hit), AddressText(image, hit), bytes}};
 }
 
-std::optional<Offset> HitsPanel::Chosen() const {
-  const auto row = ListS_->Selected();
+std::optional<Region> HitsPanel::ChosenRegion() const {
+  const auto row = List().Selected();
   if (!row) return {};
-  return found_.hits[*row];
+  return Region{found_.hits[*row], found_.pattern.PatCount()};
 }
-
-// --- commands ---
 
 PanelCommands HitsPanel::MakeCommands() {
-  const auto chosen = [this] { return Chosen().has_value(); };
-  const auto any = [this] { return !found_.hits.empty(); };
-  return PanelCommands(
-      {{.id = OpenHit, .message = Text::OpenInHexView, .help = Text::HelpHexView, .run = [this] { OpenHit_Click(); }, .enabled = chosen},
-       {.id = OffsetHit,
-        .message = Text::CopyOffset,
-        .help = Text::HelpCopyNumber,
-        .run = [this] { OffsetHit_Click(); },
-        .enabled = chosen},
-       {},
-       {.id = NextHit,
-        .message = Text::NextHit,
-        .help = Text::HelpNext,
-        .shortcut = "F3",
-        .run = [this] { ListS_->Step(1); },
-        .enabled = any},
-       {.id = PreviousHit,
-        .message = Text::PreviousHit,
-        .help = Text::HelpPrevious,
-        .shortcut = "Shift+F3",
-        .run = [this] { ListS_->Step(-1); },
-        .enabled = any}},
-      OpenHit);
-}
-
-void HitsPanel::OpenHit_Click() {
-  if (const auto hit = Chosen()) main_.ShowHex(*hit, found_.pattern.PatCount());
-}
-
-void HitsPanel::OffsetHit_Click() {
-  if (const auto hit = Chosen()) main_.Copy(OffsetText(main_.Open().image, *hit));
+  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  Append(commands, CopyCommands());
+  Append(commands, StepCommands(Text::NextHit, Text::PreviousHit));
+  return PanelCommands(std::move(commands), Id::OpenHex);
 }
 
 }  // namespace tarvelo

@@ -7,11 +7,8 @@
 #include <filesystem>
 #include <optional>
 
-class wxWindow;
-
 namespace tarvelo {
 
-class Messages;
 class PatchMisfits;
 
 class Dialogs {
@@ -37,27 +34,6 @@ class Dialogs {
                                                         const std::filesystem::path& current) = 0;
   // Shows which lines of a patch do not fit. True where the others are to be applied.
   virtual bool ApplyOthers(const PatchMisfits& misfits) = 0;
-};
-
-// The real ones. Buttons carry the current language's words.
-class WxDialogs final : public Dialogs {
- public:
-  // Both must outlive the object; `parent` may be null.
-  WxDialogs(wxWindow* parent, const Messages& messages) : parent_(parent), messages_(messages) {}
-
-  void Message(const wxString& text, Icon icon) override;
-  void Announce(const wxString& title, const wxString& text) override;
-  bool Confirm(const wxString& text) override;
-  std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override;
-  std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,
-                                                const std::filesystem::path& current) override;
-  std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
-                                                const std::filesystem::path& current) override;
-  bool ApplyOthers(const PatchMisfits& misfits) override;
-
- private:
-  wxWindow* parent_;
-  const Messages& messages_;
 };
 
 }  // namespace tarvelo

@@ -2,9 +2,9 @@
 
 #include "core/file.h"
 #include "core/notation.h"
-#include "shell/platform/launcher.h"
-#include "shell/base/settings.h"
 #include "shell/base/strings.h"
+#include "shell/platform/launcher.h"
+#include "shell/settings/settings.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -62,8 +62,7 @@ std::string EditorCommand(std::string_view command, const std::filesystem::path&
 
 std::string EditorScript(const std::filesystem::path& dump, Offset start, Offset size) {
   std::string script = "CloseAll\r\nOpen \"" + PathText(dump) + "\"\r\nGoto 0x" + HexOf(start) + "\r\n";
-  if (size > 0)
-    script += "Block 0x" + HexOf(start) + " 0x" + Hex(start + size - 1) + "\r\n";
+  if (size > 0) script += "Block 0x" + HexOf(start) + " 0x" + Hex(start + size - 1) + "\r\n";
   return script;
 }
 

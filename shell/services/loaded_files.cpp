@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "core/file.h"
-#include "shell/frame/main.h"
 #include "shell/base/strings.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 namespace {
@@ -29,7 +30,7 @@ wxString WrongSizeText(const Messages& messages, const std::filesystem::path& fi
 }
 
 void LoadedFiles::Add(const std::filesystem::path& file, Change change) {
-  if (Contradicts(change)) return Refuse(file, Wx(main_.Texts().Msg(Text::FilesContradict)));
+  if (Contradicts(change)) return Refuse(file, Wx(bench_.texts.Msg(Text::FilesContradict)));
   ++loaded_;
   // What is there already is not written again: it would take back another file's change of bytes that
   // both share.
@@ -52,16 +53,17 @@ void LoadedFiles::Refuse(const std::filesystem::path& file, const wxString& reas
   Refuse(WxPath(file.filename()) + ": " + reason);
 }
 
-void LoadedFiles::Finish(int command, int done, const std::filesystem::path& pattern) {
-  const Messages& texts = main_.Texts();
-  if (loaded_ + refused_ == 0) return main_.Complain(Wx(texts.MsgS(Text::FileNotFound, PathText(pattern))));
-  if (!changes_.empty()) main_.WriteImage(changes_);
+void LoadedFiles::Finish(Text command, Text done, const std::filesystem::path& pattern) {
+  const Messages& texts = bench_.texts;
+  if (loaded_ + refused_ == 0)
+    return bench_.talk.Complain(Wx(texts.MsgS(Text::FileNotFound, PathText(pattern))));
+  if (!changes_.empty()) bench_.document.Write(changes_);
   wxString text;
   if (loaded_ > 0) text << Wx(texts.Msg(done)) << "\n" << WxPath(pattern.parent_path()) << "\n\n";
   text << Wx(texts.Msg(Text::FilesLoadedLabel)) << loaded_ << "\n";
   text << Wx(texts.Msg(Text::FilesDifferingLabel)) << changes_.size() << "\n" << differing_;
   if (refused_ > 0) text << "\n" << Wx(texts.Msg(Text::FilesNotLoadedLabel)) << refused_ << "\n" << refusals_;
-  main_.Announce(Wx(texts.Msg(command)), text);
+  bench_.talk.Announce(Wx(texts.Msg(command)), text);
 }
 
 }  // namespace tarvelo

@@ -8,10 +8,11 @@
 #include <vector>
 
 #include "core/image_edits.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 
-class Main;
+struct Workbench;
 class Messages;
 
 // That a file has not the size it must have, and both sizes; `whose` place it is ("of block 5076").
@@ -20,7 +21,7 @@ class Messages;
 
 class LoadedFiles {
  public:
-  explicit LoadedFiles(Main& main) : main_(main) {}
+  explicit LoadedFiles(Workbench& bench) : bench_(bench) {}
 
   // A file that fits. It is refused where it says something else of bytes than a file before it.
   void Add(const std::filesystem::path& file, Change change);
@@ -30,12 +31,12 @@ class LoadedFiles {
 
   // Changes the image, as one step, and says what was loaded, under the name of the command (a message),
   // and what was not. `done` is the message for what was; without any file, `pattern` is said to be missing.
-  void Finish(int command, int done, const std::filesystem::path& pattern);
+  void Finish(Text command, Text done, const std::filesystem::path& pattern);
 
  private:
   [[nodiscard]] bool Contradicts(const Change& change) const;
 
-  Main& main_;
+  Workbench& bench_;
   std::vector<Change> changes_;  // those that change anything
   std::size_t loaded_ = 0;
   std::size_t refused_ = 0;

@@ -2,10 +2,13 @@
 
 #include <wx/window.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "resources/messages.h"
 #include "shell/base/mnemonics.h"
-#include "shell/platform/default_entry.h"
 #include "shell/base/strings.h"
+#include "shell/platform/default_entry.h"
 
 namespace tarvelo {
 namespace {
@@ -23,7 +26,7 @@ bool IsEnabled(const PanelCommand& command) { return !command.enabled || command
 std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const Messages& messages) {
   std::vector<wxString> captions;
   for (const PanelCommand& command : commands)
-    captions.push_back(Wx(messages.Msg(command.message)) + command.captionEnd);
+    captions.push_back(Wx(messages.Msg(command.caption)) + command.captionEnd);
   captions = WithMnemonics(captions);
   auto menu = std::make_unique<wxMenu>();
   for (std::size_t i = 0; i < commands.size(); ++i) {
@@ -50,6 +53,12 @@ void UpdateIn(const std::vector<PanelCommand>& commands, wxMenu& menu, bool reac
 }
 
 }  // namespace
+
+void Append(std::vector<PanelCommand>& commands, std::vector<PanelCommand> more) {
+  if (more.empty()) return;
+  if (!commands.empty()) commands.push_back({});
+  std::ranges::move(more, std::back_inserter(commands));
+}
 
 std::unique_ptr<wxMenu> PanelCommands::MakeMenu(const Messages& messages) const {
   std::unique_ptr<wxMenu> menu = MenuOf(commands_, messages);

@@ -1,5 +1,5 @@
-// The commands of one panel as data. They make its menu in the menu bar, with shortcuts, and the menu
-// under the right mouse button.
+// The commands of one panel as data, a line each. They make its menu in the menu bar, with shortcuts, and
+// the context menu.
 #pragma once
 
 #include <wx/menu.h>
@@ -8,31 +8,38 @@
 #include <memory>
 #include <vector>
 
+#include "resources/texts.h"
+
 namespace tarvelo {
 
 class Messages;
 
 struct PanelCommand {
-  int id = 0;                 // of MenuId; 0: a separator, or a submenu if it has entries
-  int message = 0;            // its caption
-  int help = 0;               // the message that the status bar shows while it is highlighted
+  int id = 0;  // of ids.h; 0: a separator, or a submenu if it has entries
+  Text caption{};
+  Text help{};                // what the status bar says while it is highlighted
   const char* shortcut = "";  // as wx writes it: "Ctrl+F"
-  std::function<void()> run;
-  std::function<bool()> enabled;      // none: always
-  std::function<bool()> checked;      // set: the entry has a tick
-  std::vector<PanelCommand> entries;  // of a submenu
-  const char* captionEnd = "";        // behind the caption, to tell entries of one text apart
+  std::function<void()> run = {};
+  std::function<bool()> enabled = {};      // none: always
+  std::function<bool()> checked = {};      // set: the entry has a tick
+  std::vector<PanelCommand> entries = {};  // of a submenu
+  const char* captionEnd = "";             // behind the caption, to tell entries of one text apart
 };
+
+// Adds commands behind others, with a separator between both.
+void Append(std::vector<PanelCommand>& commands, std::vector<PanelCommand> more);
 
 class PanelCommands {
  public:
-  // `defaultId` is the command of a double click, shown in bold under the right mouse button.
+  // `defaultId` is the command of a double click, shown in bold in the context menu.
   explicit PanelCommands(std::vector<PanelCommand> commands, int defaultId = 0)
       : commands_(std::move(commands)), defaultId_(defaultId) {}
 
+  [[nodiscard]] int DefaultId() const { return defaultId_; }
+
   // A new menu of all commands, each enabled and ticked as it is now.
   [[nodiscard]] std::unique_ptr<wxMenu> MakeMenu(const Messages& messages) const;
-  // Enables and ticks the entries of such a menu as it is now; all enabled where `reachable` is set, so
+  // Enables and ticks the entries of such a menu as it is now; enables all where `reachable` is set, so
   // that a shortcut is never dead because of what was selected when the menu was last open.
   void Update(wxMenu& menu, bool reachable = false) const;
 

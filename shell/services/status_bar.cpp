@@ -6,7 +6,9 @@
 
 #include <algorithm>
 
+#include "document/explorers.h"
 #include "resources/messages.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
 
 namespace tarvelo {
@@ -77,9 +79,9 @@ void StatusBar::Recaption(const Messages& messages) {
   hovered_ = 0;
   labels_[0] = Wx(messages.Msg(Text::TipFullflashPath));
   labels_[1] = Wx(messages.Msg(Text::TipPhoneAndFirmware));
-  labels_[4 - 1] = Wx(messages.Msg(Text::TipBlockCounts));
-  labels_[6 - 1] = Wx(messages.Msg(Text::TipPictureCounts));
-  labels_[7 - 1] = Wx(messages.Msg(Text::Ringtones));
+  for (const Explorer* explorer : Explorers())
+    if (explorer->statusTip)
+      labels_[static_cast<std::size_t>(explorer->statusPanel - 1)] = Wx(messages.Msg(*explorer->statusTip));
   labels_[patchPanel - 1] = Wx(messages.Msg(Text::TipPatchChanged));
   labels_[imagePanel - 1] = Wx(messages.Msg(Text::TipFullflashChanged));
 }

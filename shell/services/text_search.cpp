@@ -1,12 +1,14 @@
 #include "shell/services/text_search.h"
 
-#include "shell/frame/main.h"
+#include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
 
 namespace tarvelo {
 
 void TextSearch::Find() {
-  const auto text = main_.Ask(Text::AskSearchString, text_);
+  const auto text = bench_.talk.Ask(Text::AskSearchString, text_);
   if (!text) return;
   text_ = *text;
   SeekFrom(false);
@@ -20,7 +22,7 @@ void TextSearch::FindMore() {
 }
 
 void TextSearch::SeekFrom(bool behindCurrent) {
-  if (!seek_(text_, behindCurrent)) main_.Complain(Wx(main_.Texts().MsgS(Text::StringNotFound, text_)));
+  if (!seek_(text_, behindCurrent)) bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::StringNotFound, text_)));
 }
 
 }  // namespace tarvelo

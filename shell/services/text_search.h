@@ -6,14 +6,14 @@
 
 namespace tarvelo {
 
-class Main;
+struct Workbench;
 
 class TextSearch {
  public:
   // Selects the first place of a text, or the next one behind the current place. False: there is none.
   using Seek = std::function<bool(const std::string& text, bool behindCurrent)>;
 
-  TextSearch(Main& main, Seek seek) : main_(main), seek_(std::move(seek)) {}
+  TextSearch(Workbench& bench, Seek seek) : bench_(bench), seek_(std::move(seek)) {}
 
   // Asks for a text, with the last one offered, and seeks it from the top.
   void Find();
@@ -23,7 +23,7 @@ class TextSearch {
  private:
   void SeekFrom(bool behindCurrent);
 
-  Main& main_;
+  Workbench& bench_;
   Seek seek_;
   std::string text_;
 };

@@ -40,7 +40,7 @@ TEST_F(ApplyDesk, WritesWhatFitsAsOneStep) {
   main->Run(RedoBytes);
   EXPECT_EQ(Apply("4: FF 21\n5: FF 22"),
             "iThe patch was applied. Number of changes: 1\nLines that were applied already: 1");
-  EXPECT_EQ(Shown<HexPanel>().Canvas().Selection(), (ByteRange{5, 1}));
+  EXPECT_EQ(Shown<HexPanel>().Canvas().Selection(), (Region{5, 1}));
 }
 
 TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {

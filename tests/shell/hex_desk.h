@@ -16,7 +16,7 @@ class HexDesk : public Desk {
 
   [[nodiscard]] HexPanel& Panel() { return Shown<HexPanel>(); }
   [[nodiscard]] HexCanvas& Canvas() { return Panel().Canvas(); }
-  [[nodiscard]] ByteRange Selected() { return Canvas().Selection(); }
+  [[nodiscard]] Region Selected() { return Canvas().Selection(); }
   [[nodiscard]] std::string Information() { return Utf8(Panel().Information().GetLabelText()); }
   [[nodiscard]] Offset End() const { return std::ssize(Image().ff()); }
 

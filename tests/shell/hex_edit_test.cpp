@@ -27,11 +27,11 @@ class HexEditDesk : public HexDesk {
 TEST_F(HexEditDesk, TakesDigits) {
   Type(U"1");
   EXPECT_EQ(BytesAt(place, 2), "1F FF");
-  EXPECT_EQ(Selected(), (ByteRange{place, 0}));
+  EXPECT_EQ(Selected(), (Region{place, 0}));
   EXPECT_EQ(Status(10), "F");
   Type(U"2aB");
   EXPECT_EQ(BytesAt(place, 3), "12 AB FF");
-  EXPECT_EQ(Selected(), (ByteRange{place + 2, 0}));
+  EXPECT_EQ(Selected(), (Region{place + 2, 0}));
   Type(U"g Ф");  // no digits
   Type(U"1", wxMOD_CONTROL);
   Type(U"2", wxMOD_ALT);
@@ -60,10 +60,10 @@ TEST_F(HexEditDesk, TypesOverTheStartOfTheSelection) {
   Panel().Go(place + 4, 0);
   Press(WXK_LEFT, wxMOD_SHIFT);
   Press(WXK_LEFT, wxMOD_SHIFT);
-  EXPECT_EQ(Selected(), (ByteRange{place + 2, 3}));
+  EXPECT_EQ(Selected(), (Region{place + 2, 3}));
   Type(U"00");
   EXPECT_EQ(BytesAt(place, 5), "FF FF 00 FF FF");
-  EXPECT_EQ(Selected(), (ByteRange{place + 3, 0}));
+  EXPECT_EQ(Selected(), (Region{place + 3, 0}));
   const Offset last = End() - 1;
   Panel().Go(last, 0);
   Type(U"1234");
@@ -77,7 +77,7 @@ TEST_F(HexEditDesk, UndoesByteByByte) {
   EXPECT_EQ(BytesAt(place, 4), "12 F3 FF 5F");
   Panel().Go(0x1000, 5);
   main->Run(UndoBytes);
-  EXPECT_EQ(Selected(), (ByteRange{place + 3, 0}));
+  EXPECT_EQ(Selected(), (Region{place + 3, 0}));
   EXPECT_EQ(BytesAt(place, 4), "12 F3 FF FF");
   main->Run(UndoBytes);
   EXPECT_EQ(BytesAt(place, 2), "12 FF");
@@ -115,7 +115,7 @@ TEST_F(HexEditDesk, PastesHex) {
   main->Copy("01 02,03\r\n0a0B");
   main->Run(PasteHex);
   EXPECT_EQ(BytesAt(place, 6), "01 02 03 0A 0B FF");
-  EXPECT_EQ(Selected(), (ByteRange{place + 5, 0}));
+  EXPECT_EQ(Selected(), (Region{place + 5, 0}));
   main->Run(UndoBytes);
   EXPECT_EQ(BytesAt(place, 5), "FF FF FF FF FF");
   Panel().Go(End() - 4, 0);
@@ -130,7 +130,7 @@ TEST_F(HexEditDesk, FillsTheSelection) {
   Panel().Go(place, 0x20);
   EXPECT_EQ(Said(FillBytes, "5"), "ask Fill with byte: FF");
   EXPECT_EQ(BytesAt(place + 0x1E, 3), "05 05 FF");
-  EXPECT_EQ(Selected(), (ByteRange{place, 0x20}));
+  EXPECT_EQ(Selected(), (Region{place, 0x20}));
   for (const std::string answer : {"100", "x"})
     EXPECT_EQ(Said(FillBytes, answer), "ask Fill with byte: FF | !Not a number: \"" + answer + "\"");
   Said(FillBytes);  // cancelled

@@ -96,52 +96,52 @@ TEST(HexCursor, StaysInTheImage) {
     cursor.MoveTo(from, false);
     cursor.Move(step, 2, true);
     EXPECT_EQ(cursor.At(), to) << from;
-    EXPECT_EQ(cursor.Selection(), (ByteRange{std::min(from, to), std::abs(from - to) + 1})) << from;
+    EXPECT_EQ(cursor.Selection(), (Region{std::min(from, to), std::abs(from - to) + 1})) << from;
   }
   HexCursor none;
   none.Select({5, 5});
   none.Move(ImageEnd, 2, true);
-  EXPECT_EQ(none.Selection(), ByteRange());
+  EXPECT_EQ(none.Selection(), Region());
 }
 
 TEST_F(HexDesk, GoesWhereItIsTold) {
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
   EXPECT_EQ(Enter("212345"), "");
-  EXPECT_EQ(Selected(), (ByteRange{0x212345, 0}));
+  EXPECT_EQ(Selected(), (Region{0x212345, 0}));
   EXPECT_EQ(Canvas().TopRow(), 0x21234 - Canvas().RowsSeen() / 3);
   EXPECT_EQ(Information().substr(0, 48),
             "Offset: 212345    Phone address: 284:2345    " + Image().ByteHex(0x212345) + " ");
   EXPECT_EQ(Enter("xyz"), "Not a number: \"xyz\"");
   EXPECT_EQ(Enter("123456789"), "Number too large: \"123456789\"");
   EXPECT_EQ(Enter("12345678"), "The data lies outside the image.");
-  EXPECT_EQ(Selected().start, 0x212345);
+  EXPECT_EQ(Selected().offset, 0x212345);
   Panel().KindChoice().SetSelection(1);
   EXPECT_EQ(Enter("800010"), "");  // a phone address
-  EXPECT_EQ(Selected().start, 0x10);
+  EXPECT_EQ(Selected().offset, 0x10);
   EXPECT_TRUE(script.said.empty());
 }
 
 TEST_F(HexDesk, ShowsRegionsOfOtherPanels) {
   main->ShowBl(End() - 4, 100);
-  EXPECT_EQ(Selected(), (ByteRange{End() - 4, 4}));
+  EXPECT_EQ(Selected(), (Region{End() - 4, 4}));
   EXPECT_EQ(Canvas().TopRow(), End() / 16 - Canvas().RowsSeen());
   Choose(Info);
   Choose(HexView);  // as it was left
-  EXPECT_EQ(Selected(), (ByteRange{End() - 4, 4}));
+  EXPECT_EQ(Selected(), (Region{End() - 4, 4}));
   main->OpenF(WriteDump("other.bin"));
   Choose(HexView);
-  EXPECT_EQ(Selected(), (ByteRange{0, 0}));
+  EXPECT_EQ(Selected(), (Region{0, 0}));
 }
 
 TEST_F(HexDesk, FollowsTheKeyboard) {
   Press(WXK_END, wxMOD_CONTROL);
-  EXPECT_EQ(Selected().start, End() - 1);
+  EXPECT_EQ(Selected().offset, End() - 1);
   EXPECT_GT(Canvas().TopRow(), 0);
   Press(WXK_HOME, wxMOD_CONTROL | wxMOD_SHIFT);
   EXPECT_EQ(Selected().size, End());
   EXPECT_EQ(Canvas().TopRow(), 0);
   Press(WXK_PAGEDOWN);
-  EXPECT_EQ(Selected(), (ByteRange{16 * Canvas().RowsSeen(), 0}));
+  EXPECT_EQ(Selected(), (Region{16 * Canvas().RowsSeen(), 0}));
   EXPECT_EQ(Canvas().TopRow(), 1);
 }
 
@@ -153,19 +153,19 @@ TEST_F(HexDesk, FollowsTheMouse) {
   };
   mouse(wxEVT_LEFT_DOWN, 0x23);
   Mouse(Canvas(), wxEVT_MOTION, Canvas().PlaceOf(corner + 0x23) + wxPoint(1, 1));
-  EXPECT_EQ(Selected(), (ByteRange{corner + 0x23, 0}));
+  EXPECT_EQ(Selected(), (Region{corner + 0x23, 0}));
   mouse(wxEVT_MOTION, 0x11);
   mouse(wxEVT_LEFT_UP, 0x11);
-  EXPECT_EQ(Selected(), (ByteRange{corner + 0x11, 0x13}));
+  EXPECT_EQ(Selected(), (Region{corner + 0x11, 0x13}));
   mouse(wxEVT_MOTION, 0);  // let go: no longer a drag
   EXPECT_EQ(Selected().size, 0x13);
   mouse(wxEVT_LEFT_DOWN, 0x4F, true);
   mouse(wxEVT_LEFT_UP, 0x4F, true);
-  EXPECT_EQ(Selected(), (ByteRange{corner + 0x23, 0x2D}));
+  EXPECT_EQ(Selected(), (Region{corner + 0x23, 0x2D}));
   mouse(wxEVT_RIGHT_DOWN, 0x30);  // keeps the selection it falls on
   EXPECT_EQ(Selected().size, 0x2D);
   mouse(wxEVT_RIGHT_DOWN, 0x60);
-  EXPECT_EQ(Selected(), (ByteRange{corner + 0x60, 0}));
+  EXPECT_EQ(Selected(), (Region{corner + 0x60, 0}));
 }
 
 TEST_F(HexDesk, CopiesAndSavesBytes) {
@@ -194,15 +194,15 @@ TEST_F(HexDesk, FindsBytes) {
     std::copy_n(std::begin({0xDE, 0xAD, 0xBE}), 3, bytes.begin() + at);
   OpenBytes("marked.bin", bytes, HexView);
   EXPECT_TRUE(Said(FindNext, "DE AD BE").starts_with("ask Enter the string"));  // nothing was sought yet
-  EXPECT_EQ(Selected(), (ByteRange{0, 3}));
+  EXPECT_EQ(Selected(), (Region{0, 3}));
   for (const Offset hit : {Offset{0x2345}, last}) {
     EXPECT_EQ(Said(FindNext), "");
-    EXPECT_EQ(Selected(), (ByteRange{hit, 3}));
+    EXPECT_EQ(Selected(), (Region{hit, 3}));
   }
   EXPECT_EQ(Said(FindNext), "!String \"DE AD BE\" wasn't found");
   for (const Offset hit : {0x2345, 0}) {
     EXPECT_EQ(Said(FindPrevious), "");
-    EXPECT_EQ(Selected(), (ByteRange{hit, 3}));
+    EXPECT_EQ(Selected(), (Region{hit, 3}));
   }
   EXPECT_EQ(Said(FindPrevious), "!String \"DE AD BE\" wasn't found");
 }
@@ -211,11 +211,11 @@ TEST_F(HexDesk, IsEmptyWithoutADocument) {
   OpenBytes("two.bin", {0xFF, 0x01}, HexView);
   for (const int key : {WXK_PAGEDOWN, WXK_HOME}) Press(key);
   Press(WXK_END, wxMOD_SHIFT);
-  EXPECT_EQ(Selected(), (ByteRange{0, 2}));
+  EXPECT_EQ(Selected(), (Region{0, 2}));
   HexPanel& panel = Panel();
   main->CloseFF();
   for (const int key : {WXK_DOWN, WXK_END, WXK_PAGEDOWN}) Key(panel.Canvas(), key);
-  EXPECT_EQ(panel.Canvas().Selection(), ByteRange());
+  EXPECT_EQ(panel.Canvas().Selection(), Region());
   EXPECT_EQ(Utf8(panel.Information().GetLabelText()), "");
   for (int id = GoTo; id <= ChangesToPatch; ++id) EXPECT_FALSE(panel.Commands()->CanRun(id)) << id;
 }

@@ -1,9 +1,9 @@
-#include "shell/base/settings.h"
+#include "shell/settings/settings.h"
 
 #include <gtest/gtest.h>
 
 #include "file_faults.h"
-#include "shell/base/recent_files.h"
+#include "shell/settings/recent_files.h"
 #include "shell/base/strings.h"
 #include "temporary_folder.h"
 

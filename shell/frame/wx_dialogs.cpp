@@ -1,4 +1,4 @@
-#include "shell/services/dialogs.h"
+#include "shell/frame/wx_dialogs.h"
 
 #include <wx/arrstr.h>
 #include <wx/button.h>
@@ -11,9 +11,10 @@
 #include <wx/generic/msgdlgg.h>  // after wx/msgdlg.h
 
 #include "resources/messages.h"
-#include "shell/patch/patch_check_dialog.h"
+#include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
+#include "shell/patch/patch_check_dialog.h"
 
 namespace tarvelo {
 namespace {
@@ -72,7 +73,8 @@ void WxDialogs::Announce(const wxString& title, const wxString& text) {
 
 bool WxDialogs::Confirm(const wxString& text) {
   MessageDialog dialog(parent_, text, productName, wxYES_NO | wxCANCEL | wxICON_EXCLAMATION);
-  dialog.SetYesNoCancelLabels(Wx(messages_.Msg(Text::Yes)), Wx(messages_.Msg(Text::No)), Wx(messages_.Msg(Text::Cancel)));
+  dialog.SetYesNoCancelLabels(Wx(messages_.Msg(Text::Yes)), Wx(messages_.Msg(Text::No)),
+                              Wx(messages_.Msg(Text::Cancel)));
   return dialog.ShowModal() == wxID_YES;
 }
 

@@ -1,12 +1,12 @@
-#include "shell/hex/hex_cursor.h"
+#include "document/hex_cursor.h"
 
 #include <algorithm>
 
-#include "shell/hex/hex_rows.h"
+#include "document/hex_columns.h"
 
 namespace tarvelo {
 
-ByteRange HexCursor::Selection() const {
+Region HexCursor::Selection() const {
   if (!selecting_) return {at_, 0};
   return {std::min(at_, anchor_), std::max(at_, anchor_) - std::min(at_, anchor_) + 1};
 }
@@ -42,10 +42,10 @@ Offset HexCursor::Target(CursorStep step, Offset pageRows) const {
   return at_;
 }
 
-void HexCursor::Select(const ByteRange& range) {
-  MoveTo(range.start, false);
+void HexCursor::Select(const Region& range) {
+  MoveTo(range.offset, false);
   if (range.size <= 0 || size_ == 0) return;
-  anchor_ = std::min(size_ - 1, range.start + range.size - 1);
+  anchor_ = std::min(size_ - 1, range.offset + range.size - 1);
   selecting_ = true;
 }
 

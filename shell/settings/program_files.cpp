@@ -1,4 +1,4 @@
-#include "shell/base/program_files.h"
+#include "shell/settings/program_files.h"
 
 #include <wx/stdpaths.h>
 

@@ -1,4 +1,4 @@
-#include "shell/base/window_place.h"
+#include "shell/settings/window_place.h"
 
 #include <wx/display.h>
 #include <wx/frame.h>
@@ -7,7 +7,7 @@
 #include <charconv>
 #include <optional>
 
-#include "shell/base/settings.h"
+#include "shell/settings/settings.h"
 
 namespace tarvelo {
 namespace {

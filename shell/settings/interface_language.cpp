@@ -1,10 +1,10 @@
-#include "shell/base/interface_language.h"
+#include "shell/settings/interface_language.h"
 
 #include <wx/intl.h>
 #include <wx/window.h>
 
-#include "shell/base/settings.h"
 #include "shell/base/strings.h"
+#include "shell/settings/settings.h"
 
 namespace tarvelo {
 namespace {

@@ -1,4 +1,4 @@
-#include "shell/info/picture.h"
+#include "shell/base/program_picture.h"
 
 #include <wx/imagbmp.h>
 #include <wx/mstream.h>

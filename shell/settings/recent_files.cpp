@@ -1,9 +1,9 @@
-#include "shell/base/recent_files.h"
+#include "shell/settings/recent_files.h"
 
 #include <algorithm>
 
-#include "shell/base/settings.h"
 #include "shell/base/strings.h"
+#include "shell/settings/settings.h"
 #include "text/unicode.h"
 
 namespace tarvelo {

@@ -1,13 +1,13 @@
-#include "shell/base/settings.h"
+#include "shell/settings/settings.h"
 
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
 
 #include <algorithm>
 
-#include "shell/platform/ini.h"
-#include "shell/base/program_files.h"
 #include "shell/base/strings.h"
+#include "shell/platform/ini.h"
+#include "shell/settings/program_files.h"
 #include "text/unicode.h"
 
 namespace tarvelo {

@@ -3,19 +3,9 @@
 
 #include <cstdint>
 
-#include "text/bytes.h"
+#include "core/region.h"
 
 namespace tarvelo {
-
-// A run of bytes of the image.
-struct ByteRange {
-  Offset start = 0;
-  Offset size = 0;
-
-  [[nodiscard]] bool Holds(Offset offset) const { return offset >= start && offset - start < size; }
-  [[nodiscard]] Offset End() const { return start + size; }
-  bool operator==(const ByteRange&) const = default;
-};
 
 enum class CursorStep {
   Left,
@@ -38,7 +28,7 @@ class HexCursor {
 
   [[nodiscard]] Offset At() const { return at_; }
   // The selected bytes. Without any the size is 0, and the start that of the cursor.
-  [[nodiscard]] ByteRange Selection() const;
+  [[nodiscard]] Region Selection() const;
 
   // Puts the cursor on a byte, the next one of the image if it is outside. With `extend` everything
   // from where the selection began to this byte is selected, both included; otherwise nothing is.
@@ -46,7 +36,7 @@ class HexCursor {
   // Moves it. A page has this many rows.
   void Move(CursorStep step, Offset pageRows, bool extend);
   // Selects bytes, as far as the image has them, and puts the cursor on the first.
-  void Select(const ByteRange& range);
+  void Select(const Region& range);
 
  private:
   [[nodiscard]] Offset Target(CursorStep step, Offset pageRows) const;

@@ -1,0 +1,78 @@
+#include "core/places.h"
+
+#include <algorithm>
+
+#include "core/calculator.h"
+#include "core/notation.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr std::uint32_t pageSize = 0x4000;
+
+std::optional<Offset> Within(const Fullflash& image, Offset offset) {
+  if (!image.IsOpen() || offset < 0 || offset > image.ffEnd()) return {};
+  return offset;
+}
+
+std::optional<Offset> OffsetOf(const Fullflash& image, std::uint32_t address) {
+  // Addresses of large images are negative as the base has it.
+  return Within(image, static_cast<std::uint32_t>(address - static_cast<std::uint32_t>(image.CorrBase())));
+}
+
+std::string_view Trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t\r\n");
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+std::uint32_t Number(std::string_view text) {
+  text = Trimmed(text);
+  if (text.starts_with("0x") || text.starts_with("0X")) text.remove_prefix(2);
+  if (text.empty()) throw std::invalid_argument("no number");
+  return HexVal(text);
+}
+
+}  // namespace
+
+int OffsetWidth(const Fullflash& image) {
+  return std::max(image.OffDigits(), static_cast<int>(Hex(image.ffEnd()).size()));
+}
+
+std::string OffsetText(const Fullflash& image, Offset offset) {
+  return WholeHex(static_cast<std::uint32_t>(offset), OffsetWidth(image));
+}
+
+std::string AddressText(const Fullflash& image, Offset offset) {
+  const std::uint32_t address = image.PhoneAddress(offset);
+  if (!image.PageMode()) return WholeHex(address, 8);
+  return WholeHex(address / pageSize, 3) + ":" + WholeHex(address % pageSize, 4);
+}
+
+std::string Reading(const Fullflash& image, Offset offset) {
+  std::string text = image.ByteHex(offset);
+  if (offset + 1 > image.ffEnd()) return text;
+  const std::uint32_t word = image.Word(offset);
+  text += " / " + WholeHex(word, 4);
+  if (offset + 3 > image.ffEnd()) return text;
+  const std::uint32_t dword = word | std::uint32_t{image.Word(offset + 2)} << 16;
+  text += " / " + WholeHex(dword, 8);
+  if (dword == 0 || dword == 0xFFFFFFFF) return text;
+  const auto target = Within(image, Offset{image.GetAdr(offset)} - image.CorrBase());
+  return target ? text + "  -> " + OffsetText(image, *target) : text;
+}
+
+std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Fullflash& image) {
+  if (const auto colon = text.find(':'); colon != text.npos) {
+    const std::uint64_t page = Number(text.substr(0, colon));
+    const std::uint64_t address = page * pageSize + Number(text.substr(colon + 1));
+    if (address > 0xFFFFFFFF) return {};
+    return OffsetOf(image, static_cast<std::uint32_t>(address));
+  }
+  const std::uint32_t number = Number(text);
+  if (kind == PlaceKind::AsOffset)
+    if (const auto offset = Within(image, number)) return offset;
+  return OffsetOf(image, number);
+}
+
+}  // namespace tarvelo

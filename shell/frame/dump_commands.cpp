@@ -1,0 +1,111 @@
+#include "shell/frame/dump_commands.h"
+
+#include <utility>
+
+#include "core/summary.h"
+#include "resources/texts.h"
+#include "shell/base/strings.h"
+#include "shell/frame/demonstration.h"
+#include "shell/frame/menus.h"
+#include "shell/frame/panel_stack.h"
+#include "shell/info/info_panel.h"
+#include "shell/platform/beeper.h"
+#include "shell/services/dump_files.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+
+DumpCommands::DumpCommands(Workbench& bench, PanelStack& panels, Menus& menus, InfoPanel& info,
+                           std::function<void()> changed)
+    : bench_(bench), panels_(panels), menus_(menus), info_(info), changed_(std::move(changed)) {
+  recent_.Read(bench.settings);
+}
+
+// --- opening ---
+
+void DumpCommands::OpenF(const std::filesystem::path& path) {
+  CloseFF();
+  if (!GetInfo(path)) return;
+  changed_();
+  recent_.Add(PathText(path));
+  menus_.ShowRecent(recent_);
+}
+
+bool DumpCommands::GetInfo(const std::filesystem::path& path) {
+  auto image = ReadDump(bench_, path);
+  if (!image) return false;
+  Document& document = bench_.document;
+  document.Open(std::move(*image), path);
+  info_.SetText(Wx(Summary(PathText(path), document.Image(), document.Info(), bench_.texts)));
+  bench_.status.SetPanel(1, WxPath(path));
+  bench_.status.SetPanel(2, Wx(document.Info().StatusText()));
+  return true;
+}
+
+void DumpCommands::CloseFF() {
+  bench_.document.Close();
+  panels_.Clear();
+  info_.ShowRecent(recent_);
+  bench_.status.ClearFrom(2);
+  changed_();
+  panels_.ShowPanel(info_);
+}
+
+void DumpCommands::OpenChosen(const std::filesystem::path& path) {
+  bench_.talk.Guard(Wx(bench_.texts.Msg(Text::Open)), [&] {
+    if (!WasChanged()) OpenF(path);
+  });
+}
+
+void DumpCommands::OpenNamed(const std::string& name) {
+  if (ToUpper(name).ends_with("ADR"))
+    return bench_.talk.Complain(Wx(bench_.texts.Msg(Text::CantOpenAddressBooks)) + "\n\n" + Wx(name));
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::absolute(PathOf(name), error);
+  OpenChosen(error ? PathOf(name) : path);
+}
+
+void DumpCommands::OpenRecent(std::size_t index) { OpenChosen(PathOf(recent_[index])); }
+
+void DumpCommands::OpenFF_Click() {
+  if (WasChanged()) return;
+  const auto path = AskForDump(bench_, Text::Open, bench_.document.Path());
+  if (path) OpenF(*path);
+}
+
+void DumpCommands::OpenDemonstration(const std::filesystem::path& folder) {
+  const std::filesystem::path path = WriteDemonstration(folder);
+  OpenChosen(path);
+  if (bench_.document.IsOpen()) bench_.talk.Tell(Text::DemonstrationSaved, path);
+}
+
+bool DumpCommands::WasChanged() {
+  if (bench_.status.Panel(StatusBar::patchPanel).empty()) return false;
+  const Messages& texts = bench_.texts;
+  return !bench_.talk.Confirm(Wx(texts.Msg(Text::UnsavedPatch)) + "\n" + Wx(texts.Msg(Text::AskContinue)));
+}
+
+// --- saving ---
+
+void DumpCommands::Save_Click() { SaveTo(bench_.document.Path()); }
+
+void DumpCommands::SaveAs_Click() {
+  const auto path = bench_.talk.SaveFile(Text::SaveAs, DumpFilter(bench_.texts), bench_.document.Path());
+  if (path) SaveTo(*path);
+}
+
+// Writes the image to a file, which is from then on the document's.
+void DumpCommands::SaveTo(const std::filesystem::path& path) {
+  if (bench_.talk.fOpenErr([&] {
+        if (FileExist(path)) RemoveFile(path);
+        WriteFile(path, bench_.document.Image().ff(), bench_.status);
+      }))
+    return;
+  bench_.document.SetPath(path);
+  bench_.status.SetPanel(1, Wx(bench_.document.FileName()));
+  bench_.sound.Beep(12000, 300);
+}
+
+}  // namespace tarvelo

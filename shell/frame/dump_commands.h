@@ -1,0 +1,57 @@
+// The commands that open, close and save dumps.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "shell/services/workbench.h"
+#include "shell/settings/recent_files.h"
+
+namespace tarvelo {
+
+class InfoPanel;
+class Menus;
+class PanelStack;
+
+class DumpCommands {
+ public:
+  // All must outlive the object. `changed` is called when another document, or none, is open.
+  DumpCommands(Workbench& bench, PanelStack& panels, Menus& menus, InfoPanel& info,
+               std::function<void()> changed);
+
+  // Closes the document and opens a dump: identifies it, writes the summary, shows the Info panel. If it
+  // cannot be opened, the user is told why, and no document is open.
+  void OpenF(const std::filesystem::path& path);
+  void CloseFF();
+  // OpenF for a file that the user chose: asks about unsaved data first.
+  void OpenChosen(const std::filesystem::path& path);
+  // Opens a file named on the command line.
+  void OpenNamed(const std::string& name);
+  // Writes the demonstration into a folder, opens it and says where it lies.
+  void OpenDemonstration(const std::filesystem::path& folder);
+
+  // Asks about unsaved patch data, if there is any. True means: stop.
+  [[nodiscard]] bool WasChanged();
+
+  void OpenFF_Click();
+  void OpenRecent(std::size_t index);
+  void Save_Click();
+  void SaveAs_Click();
+
+  [[nodiscard]] RecentFiles& Recent() { return recent_; }
+
+ private:
+  // Reads and identifies a dump and writes the summary. False where there is nothing to show.
+  bool GetInfo(const std::filesystem::path& path);
+  void SaveTo(const std::filesystem::path& path);
+
+  Workbench& bench_;
+  PanelStack& panels_;
+  Menus& menus_;
+  InfoPanel& info_;
+  std::function<void()> changed_;
+  RecentFiles recent_;
+};
+
+}  // namespace tarvelo

@@ -1,0 +1,33 @@
+// The boxes of the desktop.
+#pragma once
+
+#include "shell/services/dialogs.h"
+
+class wxWindow;
+
+namespace tarvelo {
+
+class Messages;
+
+// wx dialogs. Buttons carry the current language's words.
+class WxDialogs final : public Dialogs {
+ public:
+  // Both must outlive the object; `parent` may be null.
+  WxDialogs(wxWindow* parent, const Messages& messages) : parent_(parent), messages_(messages) {}
+
+  void Message(const wxString& text, Icon icon) override;
+  void Announce(const wxString& title, const wxString& text) override;
+  bool Confirm(const wxString& text) override;
+  std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override;
+  std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,
+                                                const std::filesystem::path& current) override;
+  std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
+                                                const std::filesystem::path& current) override;
+  bool ApplyOthers(const PatchMisfits& misfits) override;
+
+ private:
+  wxWindow* parent_;
+  const Messages& messages_;
+};
+
+}  // namespace tarvelo

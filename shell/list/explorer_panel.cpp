@@ -1,0 +1,161 @@
+#include "shell/list/explorer_panel.h"
+
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
+
+#include "resources/texts.h"
+#include "shell/base/strings.h"
+#include "shell/list/list_view.h"
+#include "shell/services/ids.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
+
+namespace tarvelo {
+
+int PanelId(const Explorer& explorer) {
+  const auto all = Explorers();
+  return Id::FirstExplorer + static_cast<int>(std::ranges::find(all, &explorer) - all.begin());
+}
+
+ExplorerPanel::ExplorerPanel(Workbench& bench, const Explorer& explorer, wxWindow* window,
+                             wxWindow* listParent)
+    : ListPanel(bench, {.menuEntry = PanelId(explorer), .name = explorer.name}, explorer.letter, window,
+                listParent),
+      explorer_(explorer) {
+  List().SetMarkedColumns(explorer.markedColumns);
+  List().onSelect = [this](std::size_t row) { RecordChosen(listing_.RecordOf(row)); };
+  watch_ = bench.document.OnChange([this] {
+    isStale_ = true;
+    if (IsSeen() && CanChange()) ExplorerPanel::Build();
+  });
+}
+
+void ExplorerPanel::Build() {
+  const bool isEmpty = !found_ || explorer_.count(*found_) == 0;
+  if (isEmpty || isStale_) Search();
+}
+
+void ExplorerPanel::Search() {
+  const bool isEmpty = !found_ || explorer_.count(*found_) == 0;
+  const auto chosen = ChosenRecord();
+  found_.reset();
+  try {
+    found_ = bench_.document.Find(explorer_, bench_.status);
+    isStale_ = false;
+  } catch (const std::length_error& fault) {
+    const wxString cause = explorer_.tooMany ? Wx(bench_.texts.Msg(*explorer_.tooMany)) : Wx(fault.what());
+    bench_.talk.TellFault(Wx(bench_.texts.Msg(explorer_.name)), cause);
+  }
+  ShowList();
+  const bool isNew = !isAnnounced_;
+  ListChanged(isNew);
+  if (found_) {
+    if (isNew || isEmpty) bench_.frame.AddInformation(explorer_.lines(*found_, bench_.texts));
+    isAnnounced_ = true;
+  }
+  SelectRecord(chosen.value_or(0));
+  if (explorer_.statusPanel > 0)
+    bench_.status.SetPanel(explorer_.statusPanel, found_ ? Wx(explorer_.status(*found_)) : wxString());
+}
+
+void ExplorerPanel::ShowList() {
+  if (found_)
+    listing_ = ListOf(explorer_, bench_.document.Get(), *found_, showDeleted_, bench_.texts);
+  else
+    listing_ = {{explorer_.captions(bench_.texts), 0, {}}, {}};
+  List().SetRows(listing_.rows);
+}
+
+void ExplorerPanel::Clear() {
+  found_.reset();
+  isStale_ = false;
+  isAnnounced_ = false;
+  ShowList();
+  ListChanged(false);
+}
+
+void ExplorerPanel::Recaption(const Messages& messages) {
+  ListPanel::Recaption(messages);
+  listing_.rows.captions = explorer_.captions(messages);
+  List().SetCaptions(listing_.rows.captions);
+}
+
+std::optional<std::size_t> ExplorerPanel::ChosenRecord() const {
+  const auto row = List().Selected();
+  if (!row || *row >= listing_.rows.count) return {};
+  return listing_.RecordOf(*row);
+}
+
+void ExplorerPanel::SelectRecord(std::size_t record) {
+  if (listing_.rows.count == 0) return;
+  std::size_t row = record;
+  if (!listing_.records.empty())
+    row = static_cast<std::size_t>(std::ranges::lower_bound(listing_.records, record) -
+                                   listing_.records.begin());
+  isSelecting_ = true;
+  List().Select(std::min(row, listing_.rows.count - 1));
+  isSelecting_ = false;
+}
+
+std::optional<Item> ExplorerPanel::ChosenItem() const {
+  const auto record = ChosenRecord();
+  if (!record || !found_) return {};
+  return explorer_.item(*found_, *record);
+}
+
+std::optional<Region> ExplorerPanel::ChosenRegion() const {
+  if (const auto item = ChosenItem()) return item->data;
+  return {};
+}
+
+// --- commands ---
+
+PanelCommands ExplorerPanel::MakeCommands() {
+  OwnCommands own = Own();
+  const auto chosen = Chosen();
+  std::vector<PanelCommand> commands = std::move(own.first);
+  std::vector<PanelCommand> open = {
+      {Id::OpenData, Text::OpenWith, Text::HelpOpenWith, "", [this] { OpenData_Click(); }, chosen},
+      {Id::OpenEntry, Text::OpenDescriptionWith, Text::HelpOpenDescriptionWith, "",
+       [this] { OpenEntry_Click(); }, chosen},
+      OpenHexCommand()};
+  std::ranges::move(own.open, std::back_inserter(open));
+  std::vector<PanelCommand> copy = std::move(own.copy);
+  std::ranges::move(CopyCommands(), std::back_inserter(copy));
+  Append(commands, std::move(open));
+  Append(commands, std::move(copy));
+  Append(commands, std::move(own.files));
+  Append(commands, FindCommands(own.search));
+  std::vector<PanelCommand> last;
+  if (explorer_.hasDeleted)
+    last.push_back({Id::ShowDel,
+                    Text::ShowDeletedBlocks,
+                    Text::HelpDeletedBlocks,
+                    "",
+                    [this] { ShowDel_Click(); },
+                    {},
+                    [this] { return showDeleted_; }});
+  std::ranges::move(own.last, std::back_inserter(last));
+  Append(commands, std::move(last));
+  return PanelCommands(std::move(commands), own.defaultId ? own.defaultId : Id::OpenData);
+}
+
+void ExplorerPanel::OpenData_Click() {
+  if (const auto item = ChosenItem()) bench_.frame.ShowBl(item->data.offset, item->data.size);
+}
+
+void ExplorerPanel::OpenEntry_Click() {
+  if (const auto item = ChosenItem()) bench_.frame.ShowBl(item->entry.offset, item->entry.size);
+}
+
+// The chosen record stays chosen; where it is listed no more, the next one is.
+void ExplorerPanel::ShowDel_Click() {
+  showDeleted_ = !showDeleted_;
+  const auto chosen = ChosenRecord();
+  ShowList();
+  if (chosen) SelectRecord(*chosen);
+}
+
+}  // namespace tarvelo

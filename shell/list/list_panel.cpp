@@ -1,0 +1,91 @@
+#include "shell/list/list_panel.h"
+
+#include <utility>
+
+#include "core/notation.h"
+#include "core/places.h"
+#include "resources/texts.h"
+#include "shell/list/list_view.h"
+#include "shell/services/clipboard.h"
+#include "shell/services/dump_files.h"
+#include "shell/services/ids.h"
+
+namespace tarvelo {
+
+ListPanel::ListPanel(Workbench& bench, PanelTraits traits, char letter, wxWindow* window,
+                     wxWindow* listParent)
+    : Panel(traits),
+      bench_(bench),
+      letter_(letter),
+      list_(new ListView(listParent ? listParent : &bench.frame.Parent())),
+      window_(window ? window : list_),
+      search_(bench, [this](const std::string& text, bool behind) {
+        return list_->Find(text, behind, SearchedColumn());
+      }) {
+  list_->onActivate = [this](std::size_t) { bench_.frame.Run(Commands()->DefaultId()); };
+  list_->onContextMenu = [this] { bench_.frame.PopUpCommands(); };
+  bench_.frame.AcceptDrops(list_->Control());
+}
+
+wxWindow& ListPanel::FirstFocus() { return list_->Control(); }
+
+const PanelCommands* ListPanel::Commands() {
+  if (!commands_) commands_ = MakeCommands();
+  return &*commands_;
+}
+
+void ListPanel::Save() { SaveList(bench_, Rows(), letter_); }
+
+void ListPanel::Recaption(const Messages& messages) { list_->Recaption(messages, Traits().name); }
+
+std::string ListPanel::AddressOf(Offset offset) const { return AddressText(bench_.document.Image(), offset); }
+
+// --- commands ---
+
+std::function<bool()> ListPanel::Chosen() {
+  return [this] { return ChosenRegion().has_value(); };
+}
+
+std::function<bool()> ListPanel::Any() {
+  return [this] { return list_->RowCount() > 0; };
+}
+
+PanelCommand ListPanel::OpenHexCommand() {
+  return {Id::OpenHex, Text::OpenInHexView, Text::HelpHexView, "", [this] { OpenHex_Click(); }, Chosen()};
+}
+
+std::vector<PanelCommand> ListPanel::CopyCommands() {
+  return {
+      {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "", [this] { CopyOffset_Click(); }, Chosen()},
+      {Id::CopyAddress, Text::CopyAddress, Text::HelpCopyNumber, "", [this] { CopyAddress_Click(); },
+       Chosen()}};
+}
+
+std::vector<PanelCommand> ListPanel::FindCommands(Text search) {
+  return {{Id::Find, search, Text::HelpSearchText, "Ctrl+F", [this] { search_.Find(); }, Any()},
+          {Id::FindMore, Text::SearchAgain, Text::HelpSearchAgain, "Ctrl+G", [this] { search_.FindMore(); },
+           Any()}};
+}
+
+std::vector<PanelCommand> ListPanel::StepCommands(Text next, Text previous) {
+  return {{Id::Next, next, Text::HelpNext, "F3", [this] { list_->Step(1); }, Any()},
+          {Id::Previous, previous, Text::HelpPrevious, "Shift+F3", [this] { list_->Step(-1); }, Any()}};
+}
+
+void ListPanel::OpenHex_Click() {
+  if (const auto region = ChosenRegion()) bench_.frame.ShowHex(region->offset, region->size);
+}
+
+void ListPanel::CopyOffset_Click() {
+  const auto region = ChosenRegion();
+  if (!region) return;
+  const Fullflash& image = bench_.document.Image();
+  const bool isInside = region->offset >= 0 && region->offset <= image.ffEnd();
+  Copy(isInside ? OffsetText(image, region->offset) : WholeHex(region->offset));
+}
+
+void ListPanel::CopyAddress_Click() {
+  if (const auto region = ChosenRegion()) Copy(AddressOf(region->offset));
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,105 @@
+// The ids of commands: menu entries, buttons and shortcuts run them by these.
+#pragma once
+
+#include <wx/defs.h>
+
+namespace tarvelo::Id {
+
+enum : int {
+  None = 0,
+  OpenFF = wxID_HIGHEST + 1,
+  Save,
+  SaveAs,
+  SaveText,
+  View,
+  File1,
+  File5 = File1 + 4,
+  ExitM,
+  Search,
+  StFun,
+  StPat,
+  Calc166_Menu,
+  Calculator,
+  Quillo,
+  CompareWith,
+  ApplyPatch,
+  FirstLanguage,  // the twelve, in the order of Languages()
+  LastLanguage = FirstLanguage + 11,
+  Help,
+  About,
+  Demonstration,
+
+  // --- panels ---
+  Info,
+  Menu,
+  Langpack,
+  Files,
+  Dump,
+  AddrBook,
+  HexView,
+  ComparePanel,
+  Hits,
+  PatchMenu,
+  FirstExplorer,  // in the order of Explorers()
+  LastExplorer = FirstExplorer + 31,
+
+  // --- of every list (shell/list) ---
+  OpenData,   // of the chosen row, in the user's hex editor
+  OpenEntry,  // the header or table entry that describes it
+  OpenHex,    // its bytes in the hex view
+  CopyOffset,
+  CopyAddress,
+  Find,
+  FindMore,
+  Next,
+  Previous,
+  ShowDel,
+
+  // --- of single panels ---
+  ShowPic,
+  SavePic,
+  SaveAllPic,
+  SavePng,
+  CopyPic,
+  ZoomIn,
+  ZoomOut,
+  ZoomFit,
+
+  InfoE,
+  SaveBlock,
+  SaveAllBlock,
+  DeletedBlocks,
+  LoadBlock,
+  LoadAllBlock,
+  eeBackup,
+  FirstViewer,  // of KnownBlocks, in the order of ViewerEntry
+  LastViewer = FirstViewer + 18,
+
+  Play,
+  StopPlaying,
+  PlayText,
+  Autoplay,
+  SaveRing,
+  SaveAllRing,
+  SaveMidi,
+  LoadRing,
+  LoadAllRing,
+  CopyR,
+
+  GoTo,
+  CopyHex,
+  CopyText,
+  SelectAll,
+  Undo,
+  Redo,
+  Cut,
+  Copy,
+  Paste,
+  FillBytes,
+  SwitchSide,
+  ChangesToPatch,
+  SavePatch,
+  DifferencesToPatch,
+};
+
+}  // namespace tarvelo::Id
