@@ -93,7 +93,7 @@ std::vector<std::uint8_t> Build(const auto& map, std::size_t size, const HeaderT
   if (t9.end != 0) WriteT9(image, t9);
 
   const bool small = image.PageMode();
-  const PictureSet pictures = DrawPictures(small);
+  const PictureSet pictures = EncodePictures(small);
   RegionWriter data(image, Find(map, Part::pictures));
   WritePictureTable(image, Find(map, Part::firstTable), pictures.first,
                     small ? TableEnd::noHeight : TableEnd::reservedByte, data);
