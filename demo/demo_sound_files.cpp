@@ -2,55 +2,50 @@
 
 #include <string_view>
 
+#include "core/byte_writer.h"
 #include "ringtones/wave_file.h"
 
 namespace tarvelo {
 namespace {
 
-using FileBytes = std::vector<std::uint8_t>;
-
 constexpr unsigned ticksOfQuarter = ticksOfWhole / 4;
 
-void BigEndian(FileBytes& out, unsigned value, int bytes) {
-  while (bytes-- > 0) out.push_back(static_cast<std::uint8_t>(value >> 8 * bytes));
-}
-
-void Add(FileBytes& out, std::string_view text) { out.insert(out.end(), text.begin(), text.end()); }
-
 // Seven bits a byte, the highest ones first; all bytes but the last have bit 7.
-void Delta(FileBytes& out, unsigned ticks) {
+void Delta(ByteBuffer& out, unsigned ticks) {
   for (int shift = 21; shift > 0; shift -= 7)
     if (ticks >> shift != 0) out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
   out.push_back(ticks & 0x7F);
 }
 
-void Chunk(FileBytes& out, std::string_view name, const FileBytes& content) {
-  Add(out, name);
-  BigEndian(out, static_cast<unsigned>(content.size()), 4);
-  out.insert(out.end(), content.begin(), content.end());
+void Chunk(ByteBuffer& out, std::string_view name, const ByteBuffer& content) {
+  AppendText(out, name);
+  AppendBigDWord(out, content.size());
+  AppendBytes(out, content);
 }
 
-void EndTrack(FileBytes& track, unsigned delta) {
+void EndTrack(ByteBuffer& track, unsigned delta) {
   Delta(track, delta);
-  track.insert(track.end(), {0xFF, 0x2F, 0x00});
+  AppendBytes(track, {0xFF, 0x2F, 0x00});
 }
 
-FileBytes TempoTrack(int quartersPerMinute) {
+ByteBuffer TempoTrack(int quartersPerMinute) {
   constexpr std::string_view title = "Minuet";
-  FileBytes track;
-  track.insert(track.end(), {0x00, 0xFF, 0x03, static_cast<std::uint8_t>(title.size())});
-  Add(track, title);
-  track.insert(track.end(), {0x00, 0xFF, 0x58, 0x04, 3, 2, 24, 8});  // three quarters a bar
-  track.insert(track.end(), {0x00, 0xFF, 0x51, 0x03});
-  BigEndian(track, static_cast<unsigned>(60000000 / quartersPerMinute), 3);
+  ByteBuffer track;
+  AppendBytes(track, {0x00, 0xFF, 0x03, static_cast<std::uint8_t>(title.size())});
+  AppendText(track, title);
+  AppendBytes(track, {0x00, 0xFF, 0x58, 0x04, 3, 2, 24, 8});  // three quarters a bar
+  AppendBytes(track, {0x00, 0xFF, 0x51, 0x03});
+  const int microseconds = 60000000 / quartersPerMinute;
+  track.push_back(static_cast<std::uint8_t>(microseconds >> 16));
+  AppendBigWord(track, static_cast<unsigned>(microseconds));
   EndTrack(track, 0);
   return track;
 }
 
-FileBytes VoiceTrack(std::string_view notes, unsigned channel, std::uint8_t instrument,
-                     std::uint8_t loudness) {
+ByteBuffer VoiceTrack(std::string_view notes, unsigned channel, std::uint8_t instrument,
+                      std::uint8_t loudness) {
   const auto event = [&](unsigned kind) { return static_cast<std::uint8_t>(kind << 4 | channel); };
-  FileBytes track{0x00, event(0xC), instrument};
+  ByteBuffer track{0x00, event(0xC), instrument};
   unsigned waiting = 0;
   for (const Note& note : ParseNotes(notes)) {
     const auto ticks = static_cast<unsigned>(note.ticks);
@@ -61,9 +56,9 @@ FileBytes VoiceTrack(std::string_view notes, unsigned channel, std::uint8_t inst
     const auto key = static_cast<std::uint8_t>(note.key);
     const unsigned sounding = ticks - ticks / 8;
     Delta(track, waiting);
-    track.insert(track.end(), {event(0x9), key, loudness});
+    AppendBytes(track, {event(0x9), key, loudness});
     Delta(track, sounding);
-    track.insert(track.end(), {event(0x8), key, 0x40});
+    AppendBytes(track, {event(0x8), key, 0x40});
     waiting = ticks - sounding;
   }
   EndTrack(track, waiting);
@@ -114,12 +109,12 @@ std::vector<std::int64_t> Samples() {
 
 }  // namespace
 
-FileBytes MidiFile(const Duet& duet) {
-  FileBytes head;
-  BigEndian(head, 1, 2);  // format
-  BigEndian(head, 3, 2);  // tracks
-  BigEndian(head, ticksOfQuarter, 2);
-  FileBytes file;
+ByteBuffer MidiFile(const Duet& duet) {
+  ByteBuffer head;
+  AppendBigWord(head, 1);  // format
+  AppendBigWord(head, 3);  // tracks
+  AppendBigWord(head, ticksOfQuarter);
+  ByteBuffer file;
   Chunk(file, "MThd", head);
   Chunk(file, "MTrk", TempoTrack(duet.quartersPerMinute));
   Chunk(file, "MTrk", VoiceTrack(duet.upper, 0, 6, 100));  // harpsichord
@@ -127,9 +122,9 @@ FileBytes MidiFile(const Duet& duet) {
   return file;
 }
 
-FileBytes BellWave() {
+ByteBuffer BellWave() {
   const std::vector<std::int64_t> levels = Samples();
-  FileBytes samples;
+  ByteBuffer samples;
   for (unsigned i = 0; i < sampleCount; ++i) {
     const std::int64_t level = i < attack ? levels[i] * i / attack : levels[i];
     samples.push_back(static_cast<std::uint8_t>(128 + level / unit));
@@ -137,11 +132,11 @@ FileBytes BellWave() {
   return WaveFile(samples, sampleRate);
 }
 
-FileBytes TextMelodyFile() {
-  FileBytes file;
-  Add(file,
-      "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Signal\r\nBEAT:120\r\nSTYLE:S1\r\n"
-      "MELODY:*4c3e3g3*5c1\r\nEND:IMELODY\r\n");
+ByteBuffer TextMelodyFile() {
+  ByteBuffer file;
+  AppendText(file,
+             "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nNAME:Signal\r\nBEAT:120\r\nSTYLE:S1\r\n"
+             "MELODY:*4c3e3g3*5c1\r\nEND:IMELODY\r\n");
   return file;
 }
 

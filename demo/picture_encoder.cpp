@@ -9,6 +9,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "core/byte_writer.h"
 #include "core/notation.h"
 #include "pictures/colours.h"
 
@@ -49,20 +50,22 @@ Values PixelValues(const Bitmap& bitmap, Storage depth) {
   return values;
 }
 
-void AppendColour(std::vector<std::uint8_t>& data, std::uint16_t value, int bytes) {
-  data.push_back(static_cast<std::uint8_t>(value));
-  if (bytes == 2) data.push_back(static_cast<std::uint8_t>(value >> 8));
+void AppendColour(ByteBuffer& data, std::uint16_t value, int bytes) {
+  if (bytes == 2)
+    AppendWord(data, value);
+  else
+    data.push_back(static_cast<std::uint8_t>(value));
 }
 
-std::vector<std::uint8_t> PlainColours(const Values& values, int bytes) {
-  std::vector<std::uint8_t> data;
+ByteBuffer PlainColours(const Values& values, int bytes) {
+  ByteBuffer data;
   for (const std::uint16_t value : values) AppendColour(data, value, bytes);
   return data;
 }
 
 // Pixels of 1 or 2 bits, the leftmost in the highest bits; the rest of a row's last byte is 0.
-std::vector<std::uint8_t> PlainBits(const Values& values, int width, int bits) {
-  std::vector<std::uint8_t> data;
+ByteBuffer PlainBits(const Values& values, int width, int bits) {
+  ByteBuffer data;
   for (std::size_t row = 0; row < values.size(); row += static_cast<std::size_t>(width)) {
     for (int x = 0; x < width; ++x) {
       if (x * bits % 8 == 0) data.push_back(0);
@@ -83,9 +86,9 @@ std::size_t RunLength(const Values& values, std::size_t start, std::size_t limit
 
 // 0x80 | ink << 6 | count draws a run of up to 63 pixels, a byte below 0x80 seven single ones,
 // highest bit first. Runs and groups go on over row ends.
-std::vector<std::uint8_t> PackedBits(const Values& values) {
+ByteBuffer PackedBits(const Values& values) {
   constexpr std::size_t groupSize = 7;
-  std::vector<std::uint8_t> data;
+  ByteBuffer data;
   for (std::size_t i = 0; i < values.size();) {
     const std::size_t run = RunLength(values, i, 63);
     if (run >= groupSize || i + run == values.size()) {
@@ -103,10 +106,10 @@ std::vector<std::uint8_t> PackedBits(const Values& values) {
 
 // A count of 1..127 and one colour draws a run; 256 - count introduces 1..128 single colours.
 // A shorter run than three inside a block of singles would cost more than it saves.
-std::vector<std::uint8_t> PackedColours(const Values& values, int bytes) {
+ByteBuffer PackedColours(const Values& values, int bytes) {
   constexpr std::size_t shortestRun = 3;
   constexpr std::size_t longestBlock = 128;
-  std::vector<std::uint8_t> data;
+  ByteBuffer data;
   for (std::size_t i = 0; i < values.size();) {
     const std::size_t run = RunLength(values, i, 127);
     if (run >= shortestRun) {
@@ -124,7 +127,7 @@ std::vector<std::uint8_t> PackedColours(const Values& values, int bytes) {
   return data;
 }
 
-std::vector<std::uint8_t> Plain(const Values& values, int width, Storage depth) {
+ByteBuffer Plain(const Values& values, int width, Storage depth) {
   switch (depth) {
     case Storage::Mono: return PlainBits(values, width, 1);
     case Storage::TwoBit: return PlainBits(values, width, 2);
@@ -133,7 +136,7 @@ std::vector<std::uint8_t> Plain(const Values& values, int width, Storage depth) 
   }
 }
 
-std::vector<std::uint8_t> Packed(const Values& values, Storage depth) {
+ByteBuffer Packed(const Values& values, Storage depth) {
   return depth == Storage::Mono ? PackedBits(values) : PackedColours(values, depth == Storage::Byte ? 1 : 2);
 }
 
