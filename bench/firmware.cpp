@@ -5,7 +5,7 @@
 
 #include "bench/ratio.h"
 #include "demo/demo_random.h"
-#include "demo/image_builder.h"
+#include "tests/image_builder.h"
 
 namespace tarvelo {
 namespace {

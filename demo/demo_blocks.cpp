@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-using Data = std::vector<std::uint8_t>;
+using Data = ByteBuffer;
 
 struct Range {
   int first;
@@ -37,13 +37,12 @@ bool Within(int number, int first, int last) { return number >= first && number 
 // Appends a field of `size` bytes, its unused ones erased.
 void Field(Data& data, const TextBytes& text, std::size_t size) {
   if (text.size() > size) throw std::length_error("a block's text is longer than its field");
-  data.insert(data.end(), text.begin(), text.end());
+  AppendBytes(data, text);
   data.insert(data.end(), size - text.size(), 0xFF);
 }
 
 void Words(Data& data, unsigned first, unsigned step, int count) {
-  for (int i = 0; i < count; ++i, first += step)
-    data.insert(data.end(), {static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(first >> 8)});
+  for (int i = 0; i < count; ++i, first += step) AppendWord(data, first);
 }
 
 Data Greeting(int generation) {

@@ -101,8 +101,8 @@ constexpr std::array logTexts{
 
 class Functions {
  public:
-  Functions(const ImageBuilder& image, Region region)
-      : image_(image), out_(region.begin), random_(static_cast<std::uint32_t>(region.begin)) {
+  Functions(const Flash& flash, Area area)
+      : flash_(flash), out_(area.begin), random_(static_cast<std::uint32_t>(area.begin)) {
     for (unsigned& address : memory_) address = 0x8000 + 2 * random_.Below(0x1000);
   }
 
@@ -119,7 +119,7 @@ class Functions {
   // Where to choose from a list.
   std::uint32_t Below(const auto& list) { return random_.Below(static_cast<std::uint32_t>(list.size())); }
 
-  const ImageBuilder& image_;
+  const Flash& flash_;
   CodeWriter out_;
   Random random_;
   std::array<unsigned, 64> memory_{};   // the variables of this part of the firmware
@@ -172,7 +172,7 @@ void Functions::Step() {
 
 // CALLS to a function that came before.
 void Functions::Call() {
-  const std::uint32_t address = image_.Address(functions_[Below(functions_)]);
+  const std::uint32_t address = flash_.Address(functions_[Below(functions_)]);
   out_.Instruction(0xDA, address >> 16 & 0xFF, address & 0xFFFF);
 }
 
@@ -185,7 +185,7 @@ void Functions::CallWithMessage() {
 
 // The offset of a log text in its page goes into R12, the page into R13.
 void Functions::CallWithText() {
-  const std::uint32_t address = image_.Address(texts_[Below(texts_)]);
+  const std::uint32_t address = flash_.Address(texts_[Below(texts_)]);
   out_.Instruction(0xE6, 0xFC, address % cpuPage);
   out_.Instruction(0xE6, 0xFD, address / cpuPage & 0x3FF);
   Call();
@@ -193,10 +193,10 @@ void Functions::CallWithText() {
 
 }  // namespace
 
-void WriteCode(ImageBuilder& image, Region region) {
-  Functions functions(image, region);
-  while (functions.Out().Offset() + longestGroup < region.end) functions.Group();
-  image.Data(region.begin, functions.Out().Code());
+void WriteCode(Flash& flash, Area area) {
+  Functions functions(flash, area);
+  while (functions.Out().Offset() + longestGroup < area.end) functions.Group();
+  PutBytes(flash.bytes, area.begin, functions.Out().Code());
 }
 
 }  // namespace tarvelo

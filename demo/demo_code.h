@@ -2,12 +2,12 @@
 // of its log.
 #pragma once
 
-#include "demo/demo_region.h"
+#include "demo/demo_flash.h"
 
 namespace tarvelo {
 
-// Fills the region with made-up functions in the processor's instruction set: they call each other
+// Fills the area with made-up functions in the processor's instruction set: they call each other
 // and pass pages and offsets of log texts, but do nothing sensible. The last bytes stay erased.
-void WriteCode(ImageBuilder& image, Region region);
+void WriteCode(Flash& flash, Area area);
 
 }  // namespace tarvelo

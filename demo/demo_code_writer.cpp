@@ -1,6 +1,6 @@
 #include "demo/demo_code_writer.h"
 
-#include "demo/demo_region.h"
+#include "demo/demo_flash.h"
 
 namespace tarvelo {
 namespace {
@@ -34,20 +34,20 @@ bool IsRingtonePair(CodeBytes b) {
 
 void CodeWriter::Instruction(std::uint8_t opcode, unsigned operand) {
   const std::size_t before = code_.size();
-  code_.insert(code_.end(), {opcode, static_cast<std::uint8_t>(operand)});
+  AppendBytes(code_, {opcode, static_cast<std::uint8_t>(operand)});
   DropLookalike(before);
 }
 
 void CodeWriter::Instruction(std::uint8_t opcode, unsigned operand, unsigned word) {
   const std::size_t before = code_.size();
-  code_.insert(code_.end(), {opcode, static_cast<std::uint8_t>(operand), static_cast<std::uint8_t>(word),
-                             static_cast<std::uint8_t>(word >> 8)});
+  AppendBytes(code_, {opcode, static_cast<std::uint8_t>(operand)});
+  AppendWord(code_, word);
   DropLookalike(before);
 }
 
 std::size_t CodeWriter::Text(std::string_view text) {
   const std::size_t offset = Offset();
-  code_.insert(code_.end(), text.begin(), text.end());
+  AppendText(code_, text);
   do code_.push_back(0);
   while (code_.size() % 2 != 0);
   return offset;
@@ -59,7 +59,7 @@ void CodeWriter::DropLookalike(std::size_t before) {
   for (std::size_t end = before + 2; end <= code_.size(); end += 2) {
     if (!EndsLookalike(end)) continue;
     code_.resize(before);
-    code_.insert(code_.end(), {nop, 0});
+    AppendBytes(code_, {nop, 0});
     return;
   }
 }

@@ -58,15 +58,15 @@ void WriteAll(EepromStore& store) {
   }
 }
 
-void WriteMoved(EepromStore& store, RegionWriter& place) {
+void WriteMoved(EepromStore& store, AreaWriter& place) {
   for (int generation = 1; generation < 3; ++generation) {
     const BlockContent block = ContentOf(movedBlock, generation);
     store.WriteTo(place, movedBlock, block.v, block.data);
   }
 }
 
-void WriteNearMisses(const ImageBuilder& image, EepromStore& store, std::size_t data) {
-  const RawHeader good = HeaderBytes(image, {liveBlock, 1, data, 16, 5090});
+void WriteNearMisses(const Flash& flash, EepromStore& store, std::size_t data) {
+  const RawHeader good = HeaderBytes(flash, {liveBlock, 1, data, 16, 5090});
   for (const NearMiss& miss : nearMisses) {
     RawHeader bad = good;
     bad[miss.first.at] = miss.first.value;
@@ -78,10 +78,10 @@ void WriteNearMisses(const ImageBuilder& image, EepromStore& store, std::size_t 
 
 }  // namespace
 
-void WriteEeprom(ImageBuilder& image, Region eeprom, Region oldSector) {
-  EepromStore store(image, eeprom);
+void WriteEeprom(Flash& flash, Area eeprom, Area oldSector) {
+  EepromStore store(flash, eeprom);
   WriteAll(store);
-  RegionWriter old(image, oldSector);
+  AreaWriter old(flash, oldSector);
   WriteMoved(store, old);
   const BlockContent again = ContentOf(interruptedBlock, 1);
   store.WriteInterrupted(interruptedBlock, again.v, again.data);
@@ -89,12 +89,12 @@ void WriteEeprom(ImageBuilder& image, Region eeprom, Region oldSector) {
 
   // The data of the store's outermost blocks, 16 bytes each, lies in the first sector.
   const std::size_t data = eeprom.begin + 0x10;
-  for (std::size_t i = 0; i < 32; ++i) image.Byte(data + i, static_cast<std::uint8_t>(i));
-  const RawHeader first = HeaderBytes(image, {deletedBlock, 0, data, 16, firstBlock});
-  image.Data(eeprom.begin, first);
-  const RawHeader last = HeaderBytes(image, {liveBlock, 0, data + 16, 16, lastBlock});
-  image.Data(eeprom.end - blockHeaderSize, last);
-  WriteNearMisses(image, store, data);
+  for (std::size_t i = 0; i < 32; ++i) PutByte(flash.bytes, data + i, static_cast<std::uint8_t>(i));
+  const RawHeader first = HeaderBytes(flash, {deletedBlock, 0, data, 16, firstBlock});
+  PutBytes(flash.bytes, eeprom.begin, first);
+  const RawHeader last = HeaderBytes(flash, {liveBlock, 0, data + 16, 16, lastBlock});
+  PutBytes(flash.bytes, eeprom.end - blockHeaderSize, last);
+  WriteNearMisses(flash, store, data);
 }
 
 }  // namespace tarvelo

@@ -5,7 +5,7 @@
 namespace tarvelo {
 namespace {
 
-// Blocks of the region that are sectors, in the order in which they fill up.
+// Blocks of the area that are sectors, in the order in which they fill up.
 constexpr std::size_t sectorBlocks[] = {0, 2, 4, 6, 9};
 constexpr std::size_t dataAt = 0x40;
 constexpr std::size_t headersAt = 0xC000;
@@ -13,32 +13,22 @@ constexpr int headersOfSector = 90;
 // The end of the last sector is left to a header of its own.
 constexpr std::size_t headersEnd = flashBlock - 2 * blockHeaderSize;
 
-std::uint8_t ByteOf(std::size_t value, int index) { return static_cast<std::uint8_t>(value >> 8 * index); }
-
 }  // namespace
 
-std::array<std::uint8_t, blockHeaderSize> HeaderBytes(const ImageBuilder& image, const BlockHeader& header) {
-  const std::uint32_t address = image.Address(header.data);
-  const auto number = static_cast<std::size_t>(header.number);
-  return {header.state,
-          header.v,
-          ByteOf(header.size, 0),
-          ByteOf(header.size, 1),
-          ByteOf(address, 0),
-          ByteOf(address, 1),
-          ByteOf(address, 2),
-          0,
-          ByteOf(number, 0),
-          ByteOf(number, 1),
-          0xFF,
-          header.state};
+std::array<std::uint8_t, blockHeaderSize> HeaderBytes(const Flash& flash, const BlockHeader& header) {
+  std::array<std::uint8_t, blockHeaderSize> bytes{header.state, header.v};
+  PutWord(bytes, 2, header.size);
+  PutDWord(bytes, 4, flash.Address(header.data) & 0xFFFFFF);
+  PutWord(bytes, 8, static_cast<std::size_t>(header.number));
+  PutBytes(bytes, 10, std::array<std::uint8_t, 2>{0xFF, header.state});
+  return bytes;
 }
 
-EepromStore::EepromStore(ImageBuilder& image, Region region) : image_(image) {
+EepromStore::EepromStore(Flash& flash, Area area) : flash_(flash) {
   for (const std::size_t block : sectorBlocks) {
-    const std::size_t begin = region.begin + block * flashBlock;
-    sectors_.push_back({RegionWriter(image, {begin + dataAt, begin + headersAt}),
-                        RegionWriter(image, {begin + headersAt, begin + headersEnd})});
+    const std::size_t begin = area.begin + block * flashBlock;
+    sectors_.push_back({AreaWriter(flash, {begin + dataAt, begin + headersAt}),
+                        AreaWriter(flash, {begin + headersAt, begin + headersEnd})});
   }
 }
 
@@ -52,8 +42,7 @@ void EepromStore::Write(int number, std::uint8_t v, std::span<const std::uint8_t
   WriteTo(Current().data, number, v, data);
 }
 
-void EepromStore::WriteTo(RegionWriter& place, int number, std::uint8_t v,
-                          std::span<const std::uint8_t> data) {
+void EepromStore::WriteTo(AreaWriter& place, int number, std::uint8_t v, std::span<const std::uint8_t> data) {
   const auto before = live_.find(number);
   const bool isNew = before == live_.end();
   const std::size_t old = isNew ? 0 : before->second;
@@ -61,10 +50,10 @@ void EepromStore::WriteTo(RegionWriter& place, int number, std::uint8_t v,
   const BlockHeader header{liveBlock, v, place.Put(data), data.size(), number};
   Sector& sector = Current();
   ++sector.count;
-  live_[number] = sector.headers.Put(HeaderBytes(image_, header));
+  live_[number] = sector.headers.Put(HeaderBytes(flash_, header));
   if (isNew) return;
-  image_.Byte(old, deletedBlock);
-  image_.Byte(old + blockHeaderSize - 1, deletedBlock);
+  PutByte(flash_.bytes, old, deletedBlock);
+  PutByte(flash_.bytes, old + blockHeaderSize - 1, deletedBlock);
 }
 
 void EepromStore::WriteInterrupted(int number, std::uint8_t v, std::span<const std::uint8_t> data) {
@@ -74,13 +63,13 @@ void EepromStore::WriteInterrupted(int number, std::uint8_t v, std::span<const s
 
 void EepromStore::Delete(int number) {
   const std::size_t header = live_.at(number);
-  image_.Byte(header, deletedBlock);
-  image_.Byte(header + blockHeaderSize - 1, deletedBlock);
+  PutByte(flash_.bytes, header, deletedBlock);
+  PutByte(flash_.bytes, header + blockHeaderSize - 1, deletedBlock);
   live_.erase(number);
 }
 
 void EepromStore::PutRaw(std::span<const std::uint8_t> bytes, std::size_t shift) {
-  RegionWriter& headers = Current().headers;
+  AreaWriter& headers = Current().headers;
   headers.Reserve(shift);
   headers.Put(bytes);
   headers.Align(4);

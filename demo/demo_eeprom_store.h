@@ -18,7 +18,7 @@
 #include <span>
 #include <vector>
 
-#include "demo/demo_region.h"
+#include "demo/demo_flash.h"
 
 namespace tarvelo {
 
@@ -35,7 +35,7 @@ struct BlockHeader {
 // The header's bytes. The address has 24 bits, all of a small image's. A large image lies at
 // 0xA0000000, where no header can point: of its addresses the low 24 bits are kept, as if the phone
 // had grown and its EEPROM had not.
-[[nodiscard]] std::array<std::uint8_t, blockHeaderSize> HeaderBytes(const ImageBuilder& image,
+[[nodiscard]] std::array<std::uint8_t, blockHeaderSize> HeaderBytes(const Flash& flash,
                                                                     const BlockHeader& header);
 
 inline constexpr std::uint8_t liveBlock = 0xFC;
@@ -43,13 +43,13 @@ inline constexpr std::uint8_t deletedBlock = 0xF0;
 
 class EepromStore {
  public:
-  // Some blocks of the region become sectors; the ones between them stay erased.
-  EepromStore(ImageBuilder& image, Region region);
+  // Some blocks of the area become sectors; the ones between them stay erased.
+  EepromStore(Flash& flash, Area area);
 
   // Writes a block and deletes the one of the same number before it.
   void Write(int number, std::uint8_t v, std::span<const std::uint8_t> data);
   // Likewise, with the data in another place.
-  void WriteTo(RegionWriter& place, int number, std::uint8_t v, std::span<const std::uint8_t> data);
+  void WriteTo(AreaWriter& place, int number, std::uint8_t v, std::span<const std::uint8_t> data);
   // The power fails before the old block is deleted.
   void WriteInterrupted(int number, std::uint8_t v, std::span<const std::uint8_t> data);
   void Delete(int number);
@@ -58,14 +58,14 @@ class EepromStore {
 
  private:
   struct Sector {
-    RegionWriter data;
-    RegionWriter headers;
+    AreaWriter data;
+    AreaWriter headers;
     int count = 0;
   };
 
   Sector& Current();
 
-  ImageBuilder& image_;
+  Flash& flash_;
   std::vector<Sector> sectors_;
   std::size_t current_ = 0;
   std::map<int, std::size_t> live_;  // offset of each number's newest live header

@@ -67,7 +67,7 @@ TextBytes CyrillicText(std::u16string_view text) {
     if (c == lastLetter) Refuse();
     const std::uint8_t byte = Windows1251(c);
     if (byte >= 0xC0 && byte < 0xF0)
-      bytes.insert(bytes.end(), {0xD0, Low(byte - 0x30u)});
+      AppendBytes(bytes, {0xD0, Low(byte - 0x30u)});
     else
       bytes.push_back(byte);
   }
@@ -78,7 +78,7 @@ TextBytes CyrillicText(std::u16string_view text) {
 TextBytes UnicodeText(std::u16string_view text) {
   TextBytes bytes = Counted(text.size());
   bytes.push_back(0);
-  for (const char16_t c : text) bytes.insert(bytes.end(), {Low(c), Low(c >> 8)});
+  for (const char16_t c : text) AppendWord(bytes, c);
   return bytes;
 }
 
@@ -86,7 +86,7 @@ TextBytes BigEndianText(std::u16string_view text) {
   TextBytes bytes = Counted(2 * text.size());
   for (const char16_t c : text) {
     if (c >= 0x8000) Refuse();
-    bytes.insert(bytes.end(), {Low(c >> 8), Low(c)});
+    AppendBigWord(bytes, c);
   }
   return bytes;
 }
@@ -95,9 +95,9 @@ TextBytes OpenUnicodeText(std::u16string_view text) {
   TextBytes bytes;
   for (const char16_t c : text) {
     if (c >= 0xFF00) Refuse();
-    bytes.insert(bytes.end(), {Low(c), Low(c >> 8)});
+    AppendWord(bytes, c);
   }
-  bytes.insert(bytes.end(), {0xFF, 0xFF});
+  AppendWord(bytes, 0xFFFF);
   return bytes;
 }
 

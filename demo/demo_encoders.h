@@ -5,11 +5,12 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
+
+#include "core/byte_writer.h"
 
 namespace tarvelo {
 
-using TextBytes = std::vector<std::uint8_t>;
+using TextBytes = ByteBuffer;
 
 // Windows-1251 bytes, then the byte that ends the string: 0x00, 0x01 or 0xFF. The last small
 // Russian letter, which would end it too, cannot be held.

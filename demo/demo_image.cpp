@@ -1,11 +1,11 @@
 #include "demo/demo_image.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "demo/demo_code.h"
 #include "demo/demo_eeprom.h"
-#include "demo/demo_header.h"
 #include "demo/demo_ringtones.h"
 #include "demo/demo_t9.h"
 #include "demo/demo_tables.h"
@@ -30,7 +30,7 @@ enum class Part {
 
 struct Place {
   Part part;
-  Region region;
+  Area area;
 };
 
 // What is not listed stays erased.
@@ -67,43 +67,64 @@ constexpr std::array largeMap{
 constexpr bool InOrder(const auto& map, std::size_t size) {
   std::size_t end = 0;
   for (const Place& place : map) {
-    if (place.region.begin < end || place.region.end <= place.region.begin) return false;
-    end = place.region.end;
+    if (place.area.begin < end || place.area.end <= place.area.begin) return false;
+    end = place.area.end;
   }
   return end <= size;
 }
 static_assert(InOrder(smallMap, smallSize));
 static_assert(InOrder(largeMap, largeSize));
 
+// What the phone and its firmware are known by, texts of up to 15 bytes.
+struct HeaderTexts {
+  std::string_view model;
+  std::string_view second;  // shown behind the version
+  std::string_view date;    // day.month.year
+  std::string_view time;    // hour:minute:second
+  std::uint8_t version = 0;
+};
+
 constexpr HeaderTexts smallHeader{"C55", "Tarvelo demo", "14.11.2002", "10:22:31", 0x24};
 constexpr HeaderTexts largeHeader{"S55", "Tarvelo large", "21.05.2003", "16:05:09", 0x91};
 
-constexpr Region Find(const auto& map, Part part) {
+constexpr Area Find(const auto& map, Part part) {
   for (const Place& place : map)
-    if (place.part == part) return place.region;
+    if (place.part == part) return place.area;
   return {};
 }
 
-std::vector<std::uint8_t> Build(const auto& map, std::size_t size, const HeaderTexts& header) {
-  ImageBuilder image(size);
+// Fills the header, a page of 0x100 bytes.
+void WriteHeader(Flash& flash, Area header, const HeaderTexts& texts) {
+  const std::size_t page = header.begin;
+  PutFill(flash.bytes, page, header.end - page, 0);
+  PutByte(flash.bytes, page + 0x50, texts.version);
+  PutText(flash.bytes, page + 0x60, texts.second);
+  PutText(flash.bytes, page + 0x70, texts.model);
+  PutText(flash.bytes, page + 0x80, "SIEMENS");
+  PutText(flash.bytes, page + 0x90, texts.date);
+  PutText(flash.bytes, page + 0xA0, texts.time);
+}
+
+ByteBuffer Build(const auto& map, std::size_t size, const HeaderTexts& header) {
+  Flash flash(size);
   for (const Place& place : map)
-    if (place.part == Part::code) WriteCode(image, place.region);
-  WriteHeader(image, Find(map, Part::header), header);
-  const Region t9 = Find(map, Part::t9);
-  if (t9.end != 0) WriteT9(image, t9);
+    if (place.part == Part::code) WriteCode(flash, place.area);
+  WriteHeader(flash, Find(map, Part::header), header);
+  const Area t9 = Find(map, Part::t9);
+  if (t9.end != 0) WriteT9(flash, t9);
 
-  const bool small = image.PageMode();
-  const PictureSet pictures = DrawPictures(small);
-  RegionWriter data(image, Find(map, Part::pictures));
-  WritePictureTable(image, Find(map, Part::firstTable), pictures.first,
+  const bool small = flash.PageMode();
+  const PictureSet pictures = EncodePictures(small);
+  AreaWriter data(flash, Find(map, Part::pictures));
+  WritePictureTable(flash, Find(map, Part::firstTable), pictures.first,
                     small ? TableEnd::noHeight : TableEnd::reservedByte, data);
-  WritePictureTable(image, Find(map, Part::secondTable), pictures.second, TableEnd::fullWidth, data);
-  WriteStandalonePictures(image, Find(map, Part::standalone), pictures.standalone);
+  WritePictureTable(flash, Find(map, Part::secondTable), pictures.second, TableEnd::fullWidth, data);
+  WriteStandalonePictures(flash, Find(map, Part::standalone), pictures.standalone);
 
-  WriteRingtones(image, Find(map, Part::ringtones));
-  WriteTexts(image, Find(map, Part::texts));
-  WriteEeprom(image, Find(map, Part::eeprom), Find(map, Part::oldSector));
-  return std::move(image).Take();
+  WriteRingtones(flash, Find(map, Part::ringtones));
+  WriteTexts(flash, Find(map, Part::texts));
+  WriteEeprom(flash, Find(map, Part::eeprom), Find(map, Part::oldSector));
+  return std::move(flash.bytes);
 }
 
 }  // namespace

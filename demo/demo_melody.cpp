@@ -1,6 +1,6 @@
 #include <array>
-#include <utility>
 
+#include "core/byte_writer.h"
 #include "demo/demo_tunes.h"
 
 namespace tarvelo {
@@ -22,38 +22,26 @@ unsigned Frequency(int key) {
   return (topOctave[static_cast<std::size_t>(key % 12)] + divisor / 2) / divisor;
 }
 
-class Records {
- public:
-  void Add(unsigned frequency, int milliseconds) {
-    Word(frequency);
-    Word(static_cast<unsigned>(milliseconds));
-  }
-  [[nodiscard]] std::vector<std::uint8_t> Take() && { return std::move(bytes_); }
-
- private:
-  void Word(unsigned value) {
-    bytes_.push_back(static_cast<std::uint8_t>(value));
-    bytes_.push_back(static_cast<std::uint8_t>(value >> 8));
-  }
-
-  std::vector<std::uint8_t> bytes_;
-};
+void AddRecord(ByteBuffer& records, unsigned frequency, int milliseconds) {
+  AppendWord(records, frequency);
+  AppendWord(records, static_cast<unsigned>(milliseconds));
+}
 
 }  // namespace
 
 std::vector<std::uint8_t> Melody(const Tune& tune, MelodyEnd end, bool mark) {
   const std::vector<Note> notes = ParseNotes(tune.notes);
   const int whole = 4 * 60000 / tune.quartersPerMinute;  // milliseconds
-  Records records;
-  if (mark) records.Add(markFrequency, 0);
+  ByteBuffer records;
+  if (mark) AddRecord(records, markFrequency, 0);
   for (std::size_t i = 0; i < notes.size(); ++i) {
     const int duration = notes[i].ticks * whole / ticksOfWhole;
     const bool again = i + 1 < notes.size() && notes[i].key != rest && notes[i + 1].key == notes[i].key;
-    records.Add(Frequency(notes[i].key), again ? duration - gap : duration);
-    if (again) records.Add(restFrequency, gap);
+    AddRecord(records, Frequency(notes[i].key), again ? duration - gap : duration);
+    if (again) AddRecord(records, restFrequency, gap);
   }
-  records.Add(static_cast<unsigned>(end), 0);
-  return std::move(records).Take();
+  AddRecord(records, static_cast<unsigned>(end), 0);
+  return records;
 }
 
 }  // namespace tarvelo

@@ -2,9 +2,9 @@
 //
 //   e5 f#5 bb4   a note: letter, # or b, octave (a4 is 440 Hz)
 //   r            a rest
-//   8            from here on notes are eighths; 8. makes them dotted ones. 12 is a triplet's
-//   eighth. ~            the note before lasts longer by the present length |            a bar
-//   line, for the reader only
+//   8            notes are eighths from here on; 8. are dotted ones, 12 those of a triplet
+//   ~            lengthens the note before by the present length
+//   |            a bar line, for the reader only
 #pragma once
 
 #include <string_view>

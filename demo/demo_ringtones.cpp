@@ -22,31 +22,33 @@ constexpr std::uint8_t noKind = 0x10;  // ends the table
 
 class RingtoneTable {
  public:
-  RingtoneTable(ImageBuilder& image, Region region)
-      : image_(image),
-        entries_(image, {region.begin, region.begin + melodiesAt}),
-        melodies_(image, {region.begin + melodiesAt, region.begin + filesAt}),
-        files_(image, {region.begin + filesAt, region.end}) {}
+  RingtoneTable(Flash& flash, Area area)
+      : flash_(flash),
+        entries_(flash, {area.begin, area.begin + melodiesAt}),
+        melodies_(flash, {area.begin + melodiesAt, area.begin + filesAt}),
+        files_(flash, {area.begin + filesAt, area.end}) {}
 
   void AddMelody(std::uint8_t number, std::uint8_t kind, std::span<const std::uint8_t> records) {
-    image_.Pointer(Entry(number, kind), melodies_.PutInPage(records));
+    flash_.PutPointer(Entry(number, kind), melodies_.PutInPage(records));
   }
 
   // The pointer to the file lies directly before it.
   void AddFile(std::uint8_t number, std::uint8_t kind, std::span<const std::uint8_t> file) {
     files_.Align(cpuPage);
     const std::size_t pointer = files_.Reserve(4);
-    image_.Pointer(pointer, files_.PutInPage(file));
-    image_.Pointer(Entry(number, kind), pointer);
+    flash_.PutPointer(pointer, files_.PutInPage(file));
+    flash_.PutPointer(Entry(number, kind), pointer);
   }
 
   // A ringtone that was taken out of the firmware, its address with it.
-  void AddWithoutAddress(std::uint8_t number, std::uint8_t kind) { image_.DWord(Entry(number, kind), 0); }
+  void AddWithoutAddress(std::uint8_t number, std::uint8_t kind) {
+    PutDWord(flash_.bytes, Entry(number, kind), 0);
+  }
 
   // Room of one entry that readers pass over two bytes at a time: every second byte is 8.
   void AddGap() {
     const std::size_t gap = entries_.Reserve(entrySize);
-    for (std::size_t i = 0; i < entrySize; i += 2) image_.Word(gap + i, 0x0800);
+    for (std::size_t i = 0; i < entrySize; i += 2) PutWord(flash_.bytes, gap + i, 0x0800);
   }
 
   void End(std::uint8_t number) { AddWithoutAddress(number, noKind); }
@@ -57,14 +59,14 @@ class RingtoneTable {
   // Gives the place of the pointer.
   std::size_t Entry(std::uint8_t number, std::uint8_t kind) {
     const std::size_t entry = entries_.Reserve(entrySize);
-    image_.Word(entry, number);
-    return image_.Word(entry + 2, kind);
+    PutWord(flash_.bytes, entry, number);
+    return PutWord(flash_.bytes, entry + 2, kind);
   }
 
-  ImageBuilder& image_;
-  RegionWriter entries_;
-  RegionWriter melodies_;
-  RegionWriter files_;
+  Flash& flash_;
+  AreaWriter entries_;
+  AreaWriter melodies_;
+  AreaWriter files_;
 };
 
 // The kind of a tune, and how its melody ends.
@@ -76,13 +78,13 @@ struct Use {
 
 }  // namespace
 
-void WriteRingtones(ImageBuilder& image, Region region) {
+void WriteRingtones(Flash& flash, Area area) {
   using enum MelodyEnd;
   constexpr Use uses[tunes.size()] = {
       {ring, first},        {ring, second}, {ring, silence}, {hidden, first},  {ring, first, true},
       {ring, second},       {alarm, first}, {ring, silence}, {signal, second}, {alarm, first},
       {ring, second, true}, {ring, first},  {9, first},      {15, silence}};
-  RingtoneTable table(image, region);
+  RingtoneTable table(flash, area);
   std::uint8_t number = 0;
   for (std::size_t i = 0; i < tunes.size(); ++i) {
     if (number == 8) table.AddGap();

@@ -19,8 +19,6 @@ constexpr std::size_t directoryAt = 16;
 constexpr std::size_t nameSize = 8;
 constexpr char16_t firstCyrillic = u'а';
 
-using Bytes = std::vector<std::uint8_t>;
-
 // A letter in the language's own code page: Latin letters are their own codes, Cyrillic ones lie
 // from 0xC0 on.
 std::uint8_t LetterCode(char16_t letter) {
@@ -28,8 +26,8 @@ std::uint8_t LetterCode(char16_t letter) {
   return static_cast<std::uint8_t>(letter - u'А' + 0xC0);
 }
 
-Bytes Encode(std::u16string_view text) {
-  Bytes bytes;
+ByteBuffer Encode(std::u16string_view text) {
+  ByteBuffer bytes;
   for (const char16_t letter : text) bytes.push_back(LetterCode(letter));
   return bytes;
 }
@@ -71,8 +69,8 @@ std::uint8_t Commonness(const std::u16string& word) {
   return static_cast<std::uint8_t>(std::max<int>(1, 16 - static_cast<int>(word.size())));
 }
 
-Bytes WordList(const std::set<std::u16string>& words) {
-  Bytes list;
+ByteBuffer WordList(const std::set<std::u16string>& words) {
+  ByteBuffer list;
   std::u16string before;
   for (const std::u16string& word : words) {
     const auto differs = std::mismatch(word.begin(), word.end(), before.begin(), before.end()).first;
@@ -84,8 +82,8 @@ Bytes WordList(const std::set<std::u16string>& words) {
   return list;
 }
 
-Bytes KeyList(const std::set<std::u16string>& words) {
-  Bytes list;
+ByteBuffer KeyList(const std::set<std::u16string>& words) {
+  ByteBuffer list;
   for (const std::u16string& word : words) {
     list.push_back(static_cast<std::uint8_t>(word.size()));
     for (std::size_t i = 0; i < word.size(); i += 2) {
@@ -98,35 +96,34 @@ Bytes KeyList(const std::set<std::u16string>& words) {
 
 }  // namespace
 
-void WriteT9(ImageBuilder& image, Region region) {
-  const std::size_t base = region.begin;
-  RegionWriter writer(image, region);
+void WriteT9(Flash& flash, Area area) {
+  const std::size_t base = area.begin;
+  AreaWriter writer(flash, area);
   std::size_t entry = base + directoryAt;
   writer.Reserve(directoryAt + dictionaryWords.size() * (nameSize + 8));
   for (const DictionaryWords& dictionary : dictionaryWords) {
     const std::set<std::u16string> words = AllWords(dictionary);
-    Bytes content = Encode(dictionary.language);
-    const Bytes name = content;
+    ByteBuffer content = Encode(dictionary.language);
+    const ByteBuffer name = content;
     content.push_back(0);
-    const Bytes list = WordList(words);
-    content.insert(content.end(), list.begin(), list.end());
-    const Bytes keys = KeyList(words);
-    content.insert(content.end(), keys.begin(), keys.end());
+    const ByteBuffer list = WordList(words);
+    AppendBytes(content, list);
+    AppendBytes(content, KeyList(words));
     writer.Align(cpuPage);
     const std::size_t start = writer.PutInPage(content);
 
-    image.Fill(entry, nameSize, 0);
-    image.Data(entry, name);
-    image.DWord(entry + nameSize, static_cast<std::uint32_t>(start - base));
-    image.Word(entry + nameSize + 4, static_cast<std::uint16_t>(words.size()));
-    image.Word(entry + nameSize + 6, static_cast<std::uint16_t>(list.size()));
+    PutFill(flash.bytes, entry, nameSize, 0);
+    PutBytes(flash.bytes, entry, name);
+    PutDWord(flash.bytes, entry + nameSize, start - base);
+    PutWord(flash.bytes, entry + nameSize + 4, words.size());
+    PutWord(flash.bytes, entry + nameSize + 6, list.size());
     entry += nameSize + 8;
   }
-  image.Fill(base, directoryAt, 0);
-  image.Data(base, Encode(u"T9"));
-  image.Word(base + 2, version);
-  image.DWord(base + sizeAt, static_cast<std::uint32_t>(writer.Position() - base));
-  image.Byte(base + languagesAt, static_cast<std::uint8_t>(dictionaryWords.size()));
+  PutFill(flash.bytes, base, directoryAt, 0);
+  PutBytes(flash.bytes, base, Encode(u"T9"));
+  PutWord(flash.bytes, base + 2, version);
+  PutDWord(flash.bytes, base + sizeAt, writer.Position() - base);
+  PutByte(flash.bytes, base + languagesAt, static_cast<std::uint8_t>(dictionaryWords.size()));
 }
 
 }  // namespace tarvelo

@@ -5,18 +5,17 @@
 //   +4   size of all that is written, a double word
 //   +8   number of languages, a byte
 //   +16  directory: for each language its name (8 bytes), the offset of its dictionary in the area
-//   (a
-//        double word), the number of its words and the size of their list (words)
+//        (a double word), the number of its words and the size of their list (words)
 //   each dictionary, in one page: its name and a zero; its words in order, each as the number of
 //        letters it shares with the word before, the other letters, and 1..15 for how common it is;
 //        then for each word the number of its keys (a byte) and the keys, two a byte
 #pragma once
 
-#include "demo/demo_region.h"
+#include "demo/demo_flash.h"
 
 namespace tarvelo {
 
-// Writes the area at the start of `region`. The area ends with the erased rest of its last block.
-void WriteT9(ImageBuilder& image, Region region);
+// Writes the area at the start of `area`. The area ends with the erased rest of its last block.
+void WriteT9(Flash& flash, Area area);
 
 }  // namespace tarvelo

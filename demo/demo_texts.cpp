@@ -20,7 +20,7 @@ std::u16string_view Text(const Phrase& phrase, PhraseLanguage language) {
 
 // Writes the messages of one language, each with `encode`, but for those that hold one of the
 // characters in `without`.
-void Encoded(RegionWriter& writer, PhraseLanguage language, TextBytes (*encode)(std::u16string_view),
+void Encoded(AreaWriter& writer, PhraseLanguage language, TextBytes (*encode)(std::u16string_view),
              std::u16string_view without = controlCharacters) {
   for (const Phrase& phrase : phrases) {
     const std::u16string_view text = Text(phrase, language);
@@ -29,7 +29,7 @@ void Encoded(RegionWriter& writer, PhraseLanguage language, TextBytes (*encode)(
 }
 
 // The last ones are those of the test menu: a string may end in another byte than zero.
-void PlainStrings(RegionWriter& writer) {
+void PlainStrings(AreaWriter& writer) {
   const auto encode = [](std::u16string_view text) { return PlainText(text); };
   Encoded(writer, PhraseLanguage::russian, encode, notInStrings);
   writer.Put(PlainText(u"Service menu"));
@@ -39,35 +39,35 @@ void PlainStrings(RegionWriter& writer) {
   writer.Put(PlainText(u"Keypad test"));
 }
 
-void LanguagePack(ImageBuilder& image, RegionWriter& writer, PhraseLanguage language) {
+void LanguagePack(Flash& flash, AreaWriter& writer, PhraseLanguage language) {
   writer.Align(2);
   const std::size_t pack = writer.Reserve(4 + 4 * phrases.size());
-  std::size_t next = image.Word(pack, static_cast<std::uint16_t>(phrases.size()));
-  next = image.Word(next, static_cast<std::uint16_t>(language));
+  std::size_t next = PutWord(flash.bytes, pack, phrases.size());
+  next = PutWord(flash.bytes, next, static_cast<std::size_t>(language));
   for (const Phrase& phrase : phrases)
-    next = image.Pointer(next, writer.PutInPage(LanguageText(Text(phrase, language))));
+    next = flash.PutPointer(next, writer.PutInPage(LanguageText(Text(phrase, language))));
 }
 
 }  // namespace
 
-void WriteTexts(ImageBuilder& image, Region region) {
+void WriteTexts(Flash& flash, Area area) {
   const auto part = [&](std::size_t number, auto&& write) {
-    const std::size_t begin = region.begin + number * partSize;
-    RegionWriter writer(image, {begin, begin + partSize});
+    const std::size_t begin = area.begin + number * partSize;
+    AreaWriter writer(flash, {begin, begin + partSize});
     write(writer);
   };
   using enum PhraseLanguage;
   part(0, PlainStrings);
-  part(1, [](RegionWriter& w) { Encoded(w, english, CountedText); });
-  part(2, [](RegionWriter& w) { Encoded(w, russian, CyrillicText, notInStrings); });
-  part(3, [](RegionWriter& w) { Encoded(w, greek, UnicodeText); });
-  part(4, [](RegionWriter& w) { Encoded(w, chinese, BigEndianText); });
-  part(5, [](RegionWriter& w) { Encoded(w, german, OpenUnicodeText); });
-  part(6, [](RegionWriter& w) { Encoded(w, english, PackedText); });
+  part(1, [](AreaWriter& w) { Encoded(w, english, CountedText); });
+  part(2, [](AreaWriter& w) { Encoded(w, russian, CyrillicText, notInStrings); });
+  part(3, [](AreaWriter& w) { Encoded(w, greek, UnicodeText); });
+  part(4, [](AreaWriter& w) { Encoded(w, chinese, BigEndianText); });
+  part(5, [](AreaWriter& w) { Encoded(w, german, OpenUnicodeText); });
+  part(6, [](AreaWriter& w) { Encoded(w, english, PackedText); });
 
-  RegionWriter packs(image, {region.begin + 7 * partSize, region.end});
+  AreaWriter packs(flash, {area.begin + 7 * partSize, area.end});
   for (std::size_t i = 0; i < phraseLanguages; ++i)
-    LanguagePack(image, packs, static_cast<PhraseLanguage>(i));
+    LanguagePack(flash, packs, static_cast<PhraseLanguage>(i));
   packs.Put(LanguageText(u"All languages"));
 }
 

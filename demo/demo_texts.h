@@ -1,7 +1,7 @@
 // The firmware's texts: the demonstration phone's messages in every encoding that firmware and
 // EEPROM know.
 //
-// From the start of the region, each kind 0x1000 bytes further on; within a kind each text follows
+// From the start of the area, each kind 0x1000 bytes further on; within a kind each text follows
 // the one before:
 //
 //   +0x0000  plain strings, ended by 0x00; the last three by 0x01, 0xFF, 0x00
@@ -17,10 +17,10 @@
 //            word), a pointer to each message, and the messages.
 #pragma once
 
-#include "demo/demo_region.h"
+#include "demo/demo_flash.h"
 
 namespace tarvelo {
 
-void WriteTexts(ImageBuilder& image, Region region);
+void WriteTexts(Flash& flash, Area area);
 
 }  // namespace tarvelo

@@ -1,38 +1,37 @@
-// From a canvas to a picture as the firmware stores it.
+// From pixels to a picture as the firmware stores it.
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
-#include "demo/canvas.h"
-#include "demo/picture_set.h"
+#include "pictures/bitmap.h"
 
-namespace tarvelo::art {
+namespace tarvelo {
 
-enum class Storage {
-  Mono,        // 1 bit a pixel, rows padded to whole bytes
-  MonoPacked,  // the same pixels as runs and groups of seven
-  TwoBit,      // 2 bits: black, white, dark blue, transparent
-  Byte,        // 8 bits, RRRGGGBB, 0xC0 transparent
-  BytePacked,
-  Twelve,  // 12 bits in little-endian words 0x0RGB, no transparency
-  TwelvePacked,
-  Sixteen,  // 5-5-5 in little-endian words, 0xE000 transparent
-  SixteenPacked,
+// A table entry's type: the code of the depth, with bit 7 for compressed data.
+enum class Storage : std::uint8_t {
+  Mono = 1,     // 1 bit a pixel, rows padded to whole bytes: white, black
+  TwoBit = 3,   // 2 bits: black, white, dark blue (0x0000C0), background
+  Byte = 5,     // 8 bits: the colours of ColourTables, background too
+  Twelve = 7,   // 12 bits in little-endian words, no background
+  Sixteen = 8,  // 5-5-5 in little-endian words, background too
+  MonoPacked = 0x81,
+  BytePacked = 0x85,
+  TwelvePacked = 0x87,
+  SixteenPacked = 0x88,
 };
 
-enum class Shading {
-  Flat,      // every pixel gets the colour that comes nearest
-  Dithered,  // an ordered pattern of the two colours around it: smooth gradients in few colours
+// One picture as the firmware keeps it: a table entry's first three bytes and the data it points
+// to.
+struct EncodedPicture {
+  std::uint8_t width = 0;   // pixels a row
+  std::uint8_t height = 0;  // rows
+  std::uint8_t type = 0;    // Storage
+  std::vector<std::uint8_t> data;
 };
 
-// Pixels that are less than half opaque are stored as transparent; in the depths without
-// transparency they become background (1 bit) or white (12 bits). No visible pixel is stored as
-// the transparent value. Throws std::invalid_argument when a side is not 1..254 pixels long: a
-// width of 255 and a height of 0 mark the end of a picture table.
-[[nodiscard]] EncodedPicture EncodePicture(const Canvas& canvas, Storage storage,
-                                           Shading shading = Shading::Flat);
+// Throws std::invalid_argument if the depth lacks one of the colours, or if a side is not 1..254 pixels
+// long: a width of 255 and a height of 0 mark the end of a picture table.
+[[nodiscard]] EncodedPicture EncodePicture(const Bitmap& bitmap, Storage storage);
 
-// The colour that an 8-bit pixel value stands for; 0xC0 is transparent.
-[[nodiscard]] Colour ByteColour(int value);
-
-}  // namespace tarvelo::art
+}  // namespace tarvelo

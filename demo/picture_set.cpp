@@ -1,170 +1,133 @@
 #include "demo/picture_set.h"
 
 #include <cstddef>
+#include <iterator>
 #include <span>
+#include <string_view>
 
-#include "demo/picture_art.h"
-#include "demo/picture_encoder.h"
+#include "artwork_files.h"
+#include "demo/artwork.h"
 
 namespace tarvelo {
 namespace {
 
-using namespace art;  // NOLINT: this file is nothing but a list of its drawings
+using namespace embedded;  // NOLINT: this file is nothing but a list of its files
+using enum Storage;
 
 using Pictures = std::vector<EncodedPicture>;
-using Frame = Canvas (*)(int);
 
-void Add(Pictures& pictures, const Canvas& canvas, Storage storage, Shading shading = Shading::Flat) {
-  pictures.push_back(EncodePicture(canvas, storage, shading));
-}
+constexpr int all = -1;
 
-void AddAll(Pictures& pictures, std::span<const Canvas> canvases, Storage storage) {
-  for (const Canvas& canvas : canvases) Add(pictures, canvas, storage);
-}
+// The pictures of an artwork file, which are `width` wide, or only the one of this index.
+struct Series {
+  std::string_view file;
+  int width;
+  Storage storage;
+  int only = all;
+};
 
-void AddIcons(Pictures& pictures, std::span<const Drawing> icons, int size, Storage storage) {
-  for (const Drawing icon : icons) Add(pictures, DrawIcon(icon, size), storage);
-}
-
-// Pictures `first` to `last` of a numbered series.
-void AddSeries(Pictures& pictures, Frame frame, int first, int last, Storage storage) {
-  for (int i = first; i <= last; ++i) Add(pictures, frame(i), storage);
-}
-
-void AddFrames(Pictures& pictures, Frame frame, Storage storage) {
-  AddSeries(pictures, frame, 0, frames - 1, storage);
+void Add(Pictures& pictures, std::span<const Series> list) {
+  for (const Series& series : list) {
+    const std::vector<Bitmap> strip = CutStrip(series.file, series.width);
+    for (int i = 0; i < std::ssize(strip); ++i)
+      if (series.only == all || series.only == i)
+        pictures.push_back(EncodePicture(strip[static_cast<std::size_t>(i)], series.storage));
+  }
 }
 
 EncodedPicture TableStart(bool pageMode) {
-  return pageMode ? EncodePicture(TableMark(), Storage::Mono)
-                  : EncodePicture(DrawIcon(DrawGlobe, 52), Storage::SixteenPacked);
+  return pageMode ? EncodePicture(TableMark(), Mono)
+                  : EncodePicture(CutStrip(globe_png, 52).front(), SixteenPacked);
 }
 
 // What the phone shows while it is used: the status line, the menus, the animations.
+constexpr Series menu[] = {
+    {battery_1_png, 24, Mono},        {signal_1_png, 20, Mono},          {status_marks_png, 12, Mono},
+    {mode_marks_png, 21, Mono},       {battery_png, 24, BytePacked},     {signal_png, 20, BytePacked},
+    {menu_icons_png, 24, BytePacked}, {tool_icons_png, 24, Byte},        {symbols_png, 22, SixteenPacked},
+    {faces_png, 20, Twelve},          {menu_icons_2_png, 24, TwoBit},    {tool_icons_1_png, 24, MonoPacked},
+    {weather_png, 32, SixteenPacked}, {spinner_png, 24, MonoPacked},     {hourglass_png, 32, SixteenPacked},
+    {ball_png, 24, BytePacked},       {flying_envelope_png, 56, TwoBit}, {digits_png, 14, TwoBit}};
+
+// What the owner chooses: wallpapers, games, pictures to send. Every depth gets its turn.
+constexpr Series wallpapers[] = {{wallpapers_16_png, 101, SixteenPacked, 0},
+                                 {wallpapers_8_png, 101, BytePacked, 0},
+                                 {wallpapers_12_png, 101, TwelvePacked, 0},
+                                 {wallpapers_16_png, 101, Sixteen, 1},
+                                 {wallpapers_8_png, 101, Byte, 1},
+                                 {wallpapers_16_png, 101, SixteenPacked, 2},
+                                 {wallpapers_12_png, 101, Twelve, 1},
+                                 {wallpapers_16_png, 101, Sixteen, 3},
+                                 {wallpapers_16_png, 101, SixteenPacked, 4},
+                                 {wallpapers_8_png, 101, Byte, 2},
+                                 {wallpapers_12_png, 101, TwelvePacked, 2},
+                                 {wallpapers_8_png, 101, BytePacked, 3},
+                                 {wallpapers_2_png, 101, TwoBit},
+                                 {wallpapers_1_png, 101, Mono, 0},
+                                 {wallpapers_1_png, 101, MonoPacked, 1},
+                                 {logo_16_png, 101, SixteenPacked},
+                                 {logo_8_png, 88, BytePacked},
+                                 {logo_12_png, 101, Twelve},
+                                 {logo_2_png, 101, TwoBit},
+                                 {logo_1_png, 101, MonoPacked},
+                                 {small_logo_1_png, 88, Mono}};
+
+// What shows at a glance whether a depth is decoded rightly. Some of those with few colours are
+// dithered.
+constexpr Series testCards[] = {{test_cards_png, 101, Mono, 0},         {test_cards_png, 101, MonoPacked, 0},
+                                {test_cards_png, 101, TwoBit, 1},       {test_cards_png, 101, Byte, 2},
+                                {test_cards_png, 101, BytePacked, 3},   {test_cards_png, 101, Twelve, 4},
+                                {test_cards_png, 101, TwelvePacked, 4}, {test_cards_png, 101, Sixteen, 5},
+                                {test_cards_png, 101, SixteenPacked, 5}};
+constexpr Series gradients[] = {{hue_field_png, 101, Sixteen},
+                                {colour_wheels_png, 64, SixteenPacked, 0},
+                                {colour_wheels_png, 64, TwelvePacked, 1},
+                                {colour_wheels_png, 64, BytePacked, 2},
+                                {gradients_png, 101, SixteenPacked, 0},
+                                {gradients_png, 101, TwelvePacked, 1},
+                                {gradients_png, 101, Byte, 2},
+                                {gradients_png, 101, Mono, 3}};
+
+constexpr Series games[] = {{cards_png, 28, BytePacked},      {dice_png, 24, SixteenPacked},
+                            {chess_pieces_png, 24, TwoBit},   {chess_board_png, 96, BytePacked},
+                            {flags_png, 30, SixteenPacked},   {moon_png, 22, SixteenPacked},
+                            {turning_globe_png, 28, Sixteen}, {clock_png, 36, TwelvePacked}};
+
+constexpr Series standalone[] = {{wallpapers_1_png, 101, MonoPacked, 2},
+                                 {logo_1_png, 101, MonoPacked},
+                                 {small_logo_1_png, 88, MonoPacked},
+                                 {standalone_1_png, 32, MonoPacked},
+                                 {note_1_png, 24, MonoPacked}};
+
 Pictures MenuTable(bool pageMode) {
   Pictures pictures{TableStart(pageMode)};
-  AddSeries(pictures, Battery, 0, batteryLevels - 1, Storage::Mono);
-  AddSeries(pictures, SignalBars, 0, signalLevels - 1, Storage::Mono);
-  AddAll(pictures, StatusMarks(), Storage::Mono);
-  AddSeries(pictures, Battery, 0, batteryLevels - 1, Storage::BytePacked);
-  AddSeries(pictures, SignalBars, 0, signalLevels - 1, Storage::BytePacked);
-  AddIcons(pictures, MenuIcons(), 24, Storage::BytePacked);
-  AddIcons(pictures, ToolIcons(), 24, Storage::Byte);
-  AddIcons(pictures, SymbolIcons(), 22, Storage::SixteenPacked);
-  AddIcons(pictures, Faces(), 20, Storage::Twelve);
-  AddIcons(pictures, MenuIcons().first(6), 24, Storage::TwoBit);
-  AddIcons(pictures, ToolIcons().first(6), 24, Storage::MonoPacked);
-  AddIcons(pictures, WeatherIcons(), 32, Storage::SixteenPacked);
-  AddFrames(pictures, Spinner, Storage::MonoPacked);
-  AddFrames(pictures, Hourglass, Storage::SixteenPacked);
-  AddFrames(pictures, BouncingBall, Storage::BytePacked);
-  AddFrames(pictures, FlyingEnvelope, Storage::TwoBit);
-  AddSeries(pictures, SegmentDigit, 0, 10, Storage::TwoBit);
+  Add(pictures, menu);
   return pictures;
 }
 
-struct Wallpaper {
-  Storage storage;
-  Shading shading;
-};
-
-// How each scene is stored: every depth gets its turn, the coarse ones dithered.
-constexpr Wallpaper dayWallpapers[] = {{Storage::SixteenPacked, Shading::Flat},
-                                       {Storage::BytePacked, Shading::Dithered},
-                                       {Storage::TwelvePacked, Shading::Dithered},
-                                       {Storage::Sixteen, Shading::Flat},
-                                       {Storage::Byte, Shading::Dithered}};
-constexpr Wallpaper nightWallpapers[] = {
-    {Storage::SixteenPacked, Shading::Flat}, {Storage::Twelve, Shading::Dithered},
-    {Storage::Sixteen, Shading::Flat},       {Storage::SixteenPacked, Shading::Dithered},
-    {Storage::Byte, Shading::Dithered},      {Storage::TwelvePacked, Shading::Flat}};
-
-void AddScenes(Pictures& pictures, std::span<const Drawing> scenes, std::span<const Wallpaper> wallpapers) {
-  for (std::size_t i = 0; i < scenes.size(); ++i)
-    Add(pictures, DrawScene(scenes[i]), wallpapers[i].storage, wallpapers[i].shading);
-}
-
-void AddWallpapers(Pictures& pictures) {
-  AddScenes(pictures, DayScenes(), dayWallpapers);
-  AddScenes(pictures, NightScenes(), nightWallpapers);
-  // Scenes in the depths with few colours.
-  Add(pictures, DrawScene(DayScenes()[0]), Storage::BytePacked, Shading::Dithered);
-  Add(pictures, GreyCopy(DrawScene(NightScenes()[0])), Storage::TwoBit, Shading::Dithered);
-  Add(pictures, GreyCopy(DrawScene(DayScenes()[4])), Storage::Mono, Shading::Dithered);
-  Add(pictures, GreyCopy(DrawScene(DayScenes()[3])), Storage::MonoPacked, Shading::Dithered);
-}
-
-void AddBanners(Pictures& pictures) {
-  Add(pictures, LogoBanner(101, 64), Storage::SixteenPacked);
-  Add(pictures, LogoBanner(88, 31), Storage::BytePacked, Shading::Dithered);
-  Add(pictures, LogoBanner(101, 20), Storage::Twelve);
-  Add(pictures, MonoBanner(101, 64, Rgb(0x2850DC)), Storage::TwoBit);
-  Add(pictures, MonoBanner(101, 64, black), Storage::MonoPacked);
-  Add(pictures, MonoBanner(88, 24, black), Storage::Mono);
-}
-
-void AddTestPictures(Pictures& pictures) {
-  Add(pictures, MonoTestCard(), Storage::Mono);
-  Add(pictures, MonoTestCard(), Storage::MonoPacked);
-  Add(pictures, TestCard("2 BIT"), Storage::TwoBit, Shading::Dithered);
-  Add(pictures, TestCard("8 BIT"), Storage::Byte);
-  Add(pictures, TestCard("8 BIT"), Storage::BytePacked, Shading::Dithered);
-  Add(pictures, TestCard("12 BIT"), Storage::Twelve);
-  Add(pictures, TestCard("12 BIT"), Storage::TwelvePacked);
-  Add(pictures, TestCard("16 BIT"), Storage::Sixteen);
-  Add(pictures, TestCard("16 BIT"), Storage::SixteenPacked);
-  Add(pictures, ByteColourChart(), Storage::BytePacked);
-  Add(pictures, TwelveColourChart(), Storage::Twelve);
-  Add(pictures, HueField(), Storage::Sixteen);
-  Add(pictures, ColourWheel(64), Storage::SixteenPacked);
-  Add(pictures, ColourWheel(64), Storage::TwelvePacked);
-  Add(pictures, ColourWheel(64), Storage::BytePacked, Shading::Dithered);
-  Add(pictures, GradientStrip(Rgb(0xFF8A1E), Rgb(0x2A10A0)), Storage::SixteenPacked);
-  Add(pictures, GradientStrip(Rgb(0xFFE860), Rgb(0x0A7A50)), Storage::TwelvePacked);
-  Add(pictures, GradientStrip(Rgb(0xFF90C0), Rgb(0x3020C0)), Storage::Byte, Shading::Dithered);
-  Add(pictures, GradientStrip(white, black), Storage::Mono, Shading::Dithered);
-}
-
-void AddGames(Pictures& pictures) {
-  AddSeries(pictures, PlayingCard, 0, cardKinds - 1, Storage::BytePacked);
-  AddSeries(pictures, Die, 1, 6, Storage::SixteenPacked);
-  for (int kind = 0; kind < chessKinds; ++kind)
-    for (const bool dark : {false, true}) Add(pictures, ChessPiece(kind, dark), Storage::TwoBit);
-  Add(pictures, ChessBoard(), Storage::BytePacked);
-}
-
-// What the owner chooses: wallpapers, games, pictures to send.
 Pictures AlbumTable(bool pageMode) {
   Pictures pictures{TableStart(pageMode)};
-  AddWallpapers(pictures);
-  AddBanners(pictures);
-  AddTestPictures(pictures);
-  AddGames(pictures);
-  AddAll(pictures, Flags(), Storage::SixteenPacked);
-  AddFrames(pictures, MoonPhase, Storage::SixteenPacked);
-  AddFrames(pictures, TurningGlobe, Storage::Sixteen);
-  AddFrames(pictures, ClockFace, Storage::TwelvePacked);
+  Add(pictures, wallpapers);
+  Add(pictures, testCards);
+  pictures.push_back(EncodePicture(ByteColourChart(), BytePacked));
+  pictures.push_back(EncodePicture(TwelveColourChart(), Twelve));
+  Add(pictures, gradients);
+  Add(pictures, games);
   return pictures;
 }
 
 // Up to the largest and down to the smallest sides that a stand-alone picture can have.
 Pictures StandalonePictures() {
   Pictures pictures;
-  constexpr Storage storage = Storage::MonoPacked;
-  Add(pictures, GreyCopy(DrawScene(DayScenes()[1])), storage, Shading::Dithered);
-  Add(pictures, MonoBanner(101, 64, black), storage);
-  Add(pictures, MonoBanner(88, 24, black), storage);
-  Add(pictures, Hourglass(1), storage);
-  Add(pictures, DrawIcon(DrawHandset, 32), storage);
-  Add(pictures, DrawIcon(DrawNote, 24), storage);
-  Add(pictures, DottedLine(101, 1), storage);
-  Add(pictures, DottedLine(1, 80), storage);
+  Add(pictures, standalone);
+  pictures.push_back(EncodePicture(DottedLine(101, 1), MonoPacked));
+  pictures.push_back(EncodePicture(DottedLine(1, 80), MonoPacked));
   return pictures;
 }
 
 }  // namespace
 
-PictureSet DrawPictures(bool pageMode) {
+PictureSet EncodePictures(bool pageMode) {
   return {MenuTable(pageMode), AlbumTable(pageMode), StandalonePictures()};
 }
 

@@ -1,19 +1,11 @@
-// The artwork of the demonstration fullflash, drawn by code and encoded as the firmware stores it.
+// The pictures of the demonstration fullflash: which of the artwork, in what order, how each is stored.
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
-namespace tarvelo {
+#include "demo/picture_encoder.h"
 
-// One picture as the firmware keeps it: a table entry's first three bytes and the data it points
-// to.
-struct EncodedPicture {
-  std::uint8_t width = 0;   // pixels a row
-  std::uint8_t height = 0;  // rows
-  std::uint8_t type = 0;    // colour type code (1, 3, 5, 7, 8), bit 7 set when compressed
-  std::vector<std::uint8_t> data;
-};
+namespace tarvelo {
 
 struct PictureSet {
   std::vector<EncodedPicture> first;       // of the first picture table
@@ -23,6 +15,6 @@ struct PictureSet {
 
 // All pictures. A table begins with the picture by which the firmware's tables are known: 4 x 4
 // monochrome in page-mode images, 52 x 52 compressed 16-bit in large ones.
-[[nodiscard]] PictureSet DrawPictures(bool pageMode);
+[[nodiscard]] PictureSet EncodePictures(bool pageMode);
 
 }  // namespace tarvelo

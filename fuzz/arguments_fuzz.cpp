@@ -3,9 +3,9 @@
 #include <sstream>
 
 #include "cli/commands.h"
-#include "demo/image_builder.h"
 #include "fuzz/scratch.h"
 #include "fuzz/target.h"
+#include "tests/image_builder.h"
 #include "text/unicode.h"
 
 namespace {

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
+#include "core/byte_writer.h"
 #include "core/file.h"
 #include "core/notation.h"
 #include "ringtones/wave_file.h"
 
 namespace tarvelo {
 namespace {
-
-using FileBuffer = std::vector<std::uint8_t>;
 
 std::filesystem::path WriteNumbered(const std::filesystem::path& folder, std::string_view stem, int number,
                                     std::string_view extension, Bytes bytes) {
@@ -22,17 +21,11 @@ std::filesystem::path WriteNumbered(const std::filesystem::path& folder, std::st
   return file;
 }
 
-void Add(FileBuffer& out, std::string_view text) { out.insert(out.end(), text.begin(), text.end()); }
-
-void BigEndian(FileBuffer& out, std::size_t value, int bytes) {
-  while (bytes-- > 0) out.push_back(static_cast<std::uint8_t>(value >> 8 * bytes));
-}
-
 // The ticks before an event, up to longestDelta: seven bits a byte, the highest first; all bytes but
 // the last have bit 7.
 constexpr std::int64_t longestDelta = 0x0FFFFFFF;
 
-void Delta(FileBuffer& out, std::int64_t ticks) {
+void Delta(ByteBuffer& out, std::int64_t ticks) {
   for (int shift = 21; shift > 0; shift -= 7)
     if (ticks >> shift != 0) out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
   out.push_back(static_cast<std::uint8_t>(ticks & 0x7F));
@@ -42,12 +35,13 @@ void Delta(FileBuffer& out, std::int64_t ticks) {
 constexpr int ticksOfQuarter = 500;
 constexpr int microsecondsOfQuarter = 500000;
 
-FileBuffer MidiEvents(std::span<const Tone> melody) {
+ByteBuffer MidiEvents(std::span<const Tone> melody) {
   constexpr std::uint8_t squareLead = 80;
   constexpr std::uint8_t loudness = 100;
-  FileBuffer track{0x00, 0xFF, 0x51, 0x03};
-  BigEndian(track, microsecondsOfQuarter, 3);
-  track.insert(track.end(), {0x00, 0xC0, squareLead});
+  ByteBuffer track{0x00, 0xFF, 0x51, 0x03};
+  track.push_back(microsecondsOfQuarter >> 16);
+  AppendBigWord(track, microsecondsOfQuarter);
+  AppendBytes(track, {0x00, 0xC0, squareLead});
   std::int64_t waiting = 0;
   std::int64_t time = 0;
   for (const Tone& record : melody) {
@@ -62,24 +56,24 @@ FileBuffer MidiEvents(std::span<const Tone> melody) {
     }
     const auto keyByte = static_cast<std::uint8_t>(*key);
     Delta(track, waiting);
-    track.insert(track.end(), {0x90, keyByte, loudness});
+    AppendBytes(track, {0x90, keyByte, loudness});
     Delta(track, tone.duration);
-    track.insert(track.end(), {0x80, keyByte, 0x40});
+    AppendBytes(track, {0x80, keyByte, 0x40});
     waiting = 0;
   }
   Delta(track, waiting);
-  track.insert(track.end(), {0xFF, 0x2F, 0x00});
+  AppendBytes(track, {0xFF, 0x2F, 0x00});
   return track;
 }
 
 constexpr std::int64_t sampleRate = 22050;
 constexpr std::int64_t longestWave = 600000;  // ms: 10 minutes
 
-FileBuffer Samples(std::span<const Tone> melody) {
+ByteBuffer Samples(std::span<const Tone> melody) {
   constexpr std::uint8_t low = 64;
   constexpr std::uint8_t silence = 128;
   constexpr std::uint8_t high = 192;
-  FileBuffer samples;
+  ByteBuffer samples;
   std::int64_t time = 0;
   for (const Tone& record : melody) {
     const Tone tone = Heard(record);
@@ -126,20 +120,20 @@ std::optional<std::filesystem::path> SaveRingtone(const Fullflash& image, const 
                        isMidi ? MelodyMidi(melody) : MelodyWave(melody));
 }
 
-FileBuffer MelodyMidi(std::span<const Tone> melody) {
-  const FileBuffer track = MidiEvents(melody);
-  FileBuffer file;
-  Add(file, "MThd");
-  BigEndian(file, 6, 4);
-  BigEndian(file, 0, 2);  // format
-  BigEndian(file, 1, 2);  // tracks
-  BigEndian(file, ticksOfQuarter, 2);
-  Add(file, "MTrk");
-  BigEndian(file, track.size(), 4);
-  file.insert(file.end(), track.begin(), track.end());
+ByteBuffer MelodyMidi(std::span<const Tone> melody) {
+  const ByteBuffer track = MidiEvents(melody);
+  ByteBuffer file;
+  AppendText(file, "MThd");
+  AppendBigDWord(file, 6);
+  AppendBigWord(file, 0);  // format
+  AppendBigWord(file, 1);  // tracks
+  AppendBigWord(file, ticksOfQuarter);
+  AppendText(file, "MTrk");
+  AppendBigDWord(file, track.size());
+  AppendBytes(file, track);
   return file;
 }
 
-FileBuffer MelodyWave(std::span<const Tone> melody) { return WaveFile(Samples(melody), sampleRate); }
+ByteBuffer MelodyWave(std::span<const Tone> melody) { return WaveFile(Samples(melody), sampleRate); }
 
 }  // namespace tarvelo

@@ -7,7 +7,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
-#include "demo/image_builder.h"
+#include "image_builder.h"
 
 namespace tarvelo {
 

@@ -13,7 +13,7 @@
 #include <optional>
 
 #include "demo/demo_image.h"
-#include "demo/image_builder.h"
+#include "image_builder.h"
 #include "shell/info/info_panel.h"
 #include "shell/list/list_view.h"
 #include "shell/frame/main.h"
