@@ -23,6 +23,7 @@ class ListView final : public wxPanel {
 
   // Shows a list from now on, unfiltered, in its own order. Each row is made when it is needed.
   void SetRows(TableRows rows);
+  [[nodiscard]] const std::vector<std::string>& Captions() const { return rows_.captions; }
   // Other captions of the same columns.
   void SetCaptions(std::vector<std::string> captions);
   // Shows the same rows in other words. The current row stays so; order and filter do not.

@@ -10,13 +10,13 @@ namespace {
 // An open dump of 1 MiB that begins with erased bytes, and patches for it.
 class ApplyDesk : public Desk {
  protected:
-  ApplyDesk() { main->OpenF(WriteDump("phone.bin")); }
+  ApplyDesk() { main->Dumps().OpenF(WriteDump("phone.bin")); }
 
   // Applies a patch through the menu, and returns what is said without the file's name.
   std::string Apply(const std::string& text) {
     script.file = folder.Write("own.qpt", text);
     const std::string asked = "open Patch (*.qpt)|*.qpt|All files|*.*";
-    std::string said = Said(ApplyPatch);
+    std::string said = Said(Id::ApplyPatch);
     EXPECT_TRUE(said.starts_with(asked)) << said;
     said.erase(0, asked.size() + 3);
     const std::string name = "\n\n" + PathText(*script.file);
@@ -33,11 +33,11 @@ TEST_F(ApplyDesk, WritesWhatFitsAsOneStep) {
   EXPECT_EQ(Start(), "48 69 FF FF 21 FF 3F FF");
   EXPECT_EQ(Status(10), "F");
   EXPECT_EQ(Title(), "Tarvelo - Info");  // the user stays where he is
-  Choose(HexView);
-  main->Run(UndoBytes);
+  Choose(Id::HexView);
+  main->Run(Id::Undo);
   EXPECT_EQ(Start(), "FF FF FF FF FF FF FF FF");
-  EXPECT_FALSE(main->Open().edits.CanUndo());
-  main->Run(RedoBytes);
+  EXPECT_FALSE(Open().Edits().CanUndo());
+  main->Run(Id::Redo);
   EXPECT_EQ(Apply("4: FF 21\n5: FF 22"),
             "iThe patch was applied. Number of changes: 1\nLines that were applied already: 1");
   EXPECT_EQ(Shown<HexPanel>().Canvas().Selection(), (Region{5, 1}));
@@ -50,13 +50,13 @@ TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
   EXPECT_TRUE(Apply("nothing\n3: FF FF")
                   .starts_with("Lines of the patch that don't fit the fullflash: 1\nLines that fit: 0\n"));
   script.file.reset();
-  Said(ApplyPatch);  // cancelled
+  Said(Id::ApplyPatch);  // cancelled
   const auto large = folder.Write("large.qpt", std::string("0: FF 12\n"));
   std::filesystem::resize_file(large, std::uintmax_t{33} << 20);
-  ApplyPatchFile(*main, large);
+  ApplyPatchFile(main->Bench(), large);
   EXPECT_EQ(script.TakeSaid(),
             "!The patch file is larger than 32 MiB and can't be applied.\n\n" + PathText(large));
-  EXPECT_FALSE(main->Open().edits.CanUndo());
+  EXPECT_FALSE(Open().Edits().CanUndo());
   EXPECT_EQ(Status(10), "");
 }
 
@@ -96,10 +96,10 @@ TEST_F(ApplyDesk, TakesDroppedPatches) {
   Drop(file);
   EXPECT_EQ(script.TakeSaid(), "iThe patch was applied. Number of changes: 1\n\n" + PathText(file));
   EXPECT_EQ(Start(), "12 FF FF FF FF FF FF FF");
-  EXPECT_EQ(main->Open().path, folder / "phone.bin");
+  EXPECT_EQ(Open().Path(), folder / "phone.bin");
   Drop(folder / "missing.qpt");
   EXPECT_TRUE(script.TakeSaid().starts_with("!Can't open file !\n\n" + PathText(folder / "missing.qpt")));
-  EXPECT_TRUE(main->Open().IsOpen());
+  EXPECT_TRUE(Open().IsOpen());
 }
 
 TEST_F(ApplyDesk, ListsAMillionLinesAtMost) {
@@ -107,10 +107,10 @@ TEST_F(ApplyDesk, ListsAMillionLinesAtMost) {
   for (int i = 0; i < 1100000; ++i) text += "0: 00 01\n";
   const ReadPatch patch = ReadPatchText(text);
   const PatchCheck check = CheckPatch(patch.changes, Image());
-  const PatchMisfits misfits(patch, check, Image(), main->Texts());
+  const PatchMisfits misfits(patch, check, Image(), main->Bench().texts);
   EXPECT_EQ(misfits.Count(), 1100000u);
   EXPECT_NE(misfits.Summary().find("\nOnly the first 1000000 lines are listed."), std::string::npos);
-  PatchCheckDialog dialog(main, main->Texts(), misfits);
+  PatchCheckDialog dialog(main, main->Bench().texts, misfits);
   dialog.Show();
   Settle();
   EXPECT_EQ(dialog.List().RowCount(), 1000000u);

@@ -23,13 +23,13 @@ class CompareDesk : public Desk {
   CompareDesk() : bytes(DemoImage()) {
     std::fill_n(bytes.begin() + erased, 0x100, 0xFF);
     other = bytes;
-    OpenBytes("demo.bin", bytes, Info);
+    OpenBytes("demo.bin", bytes, Id::Info);
   }
 
   void CompareTo(const Values& second) {
     script.file = folder.Write("second.bin", second);
     script.said.clear();
-    Choose(CompareWith);
+    Choose(Id::CompareWith);
     EXPECT_TRUE(script.TakeSaid().starts_with("open Fullflash (*.bin,*.fls)|"));
   }
   // Changes these bytes of the erased ones in the second dump, and compares.
@@ -46,7 +46,7 @@ class CompareDesk : public Desk {
 };
 
 TEST_F(CompareDesk, ListsWhatDiffersAndWhatLiesThere) {
-  Choose(ComparePanelMenu);
+  Choose(Id::ComparePanel);
   EXPECT_EQ(List().RowCount(), 0u);
   other[greetingData + 1] ^= 0x01;
   other[greetingData + 4] ^= 0x01;
@@ -64,7 +64,7 @@ TEST_F(CompareDesk, ListsWhatDiffersAndWhatLiesThere) {
   List().Select(1);
   main->ApplyLang(*FindLanguage("DE"));
   EXPECT_EQ(List().Selected(), 1u);
-  EXPECT_EQ(List().GetTable().captions[3], "Alt");
+  EXPECT_EQ(List().Captions()[3], "Alt");
   EXPECT_TRUE(RowOf(List(), 0).ends_with("\tunbeschrieben\n")) << RowOf(List(), 0);
 }
 
@@ -90,22 +90,22 @@ TEST_F(CompareDesk, ComparesWhatBothDumpsHave) {
 
 TEST_F(CompareDesk, IsWalkedByKeysAndStrip) {
   CompareWithChanged({0x10, 0x80, 0xE0});
-  main->Run(NextDifference);
-  main->Run(NextDifference);
+  main->Run(Id::Next);
+  main->Run(Id::Next);
   EXPECT_EQ(List().Selected(), 2u);
-  main->Run(PreviousDifference);
+  main->Run(Id::Previous);
   EXPECT_EQ(List().Selected(), 1u);
   List().Select(0);
   Panel().Strip().onClick(erased + 0x6F);
   EXPECT_EQ(List().Selected(), 1u);
-  main->Run(OffsetDifference);
+  main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "000780");
-  main->Run(AddressDifference);
+  main->Run(Id::CopyAddress);
   EXPECT_EQ(ClipboardText(), "200:0780");
   EXPECT_EQ(Utf8(Panel().Strip().describe(erased, 16)), "000700: erased");
-  main->Run(OpenDifference);
+  main->Run(Id::OpenHex);
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
-  Choose(ComparePanelMenu);
+  Choose(Id::ComparePanel);
   EXPECT_EQ(List().Selected(), 1u);  // as it was left
 }
 
@@ -113,13 +113,13 @@ TEST_F(CompareDesk, ComparesAgainAfterEdits) {
   CompareWithChanged({0x10, 0x80});
   ListView& list = List();
   list.Select(1);
-  Choose(HexView);
-  main->WriteImage(erased + 0x10, Bytes(other).subspan(erased + 0x10, 1));
+  Choose(Id::HexView);
+  Open().Write(erased + 0x10, Bytes(other).subspan(erased + 0x10, 1));
   EXPECT_EQ(list.RowCount(), 2u);  // nobody sees it
-  Choose(ComparePanelMenu);
+  Choose(Id::ComparePanel);
   EXPECT_EQ(list.RowCount(), 1u);
   EXPECT_TRUE(RowOf(list, 0).starts_with("000780\t"));
-  main->UndoImage();
+  Open().Undo();
   EXPECT_EQ(list.RowCount(), 2u);
   EXPECT_EQ(list.Selected(), 1u);
   EXPECT_EQ(Figures(), "Number of differences: 2    Number of differing bytes: 2");
@@ -127,16 +127,16 @@ TEST_F(CompareDesk, ComparesAgainAfterEdits) {
 
 TEST_F(CompareDesk, GoesWithTheFullflash) {
   CompareWithChanged({0});
-  main->CloseFF();
-  EXPECT_EQ(Said(CompareWith), "");
-  main->OpenF(folder / "demo.bin");
+  main->Dumps().CloseFF();
+  EXPECT_EQ(Said(Id::CompareWith), "");
+  main->Dumps().OpenF(folder / "demo.bin");
   script.file.reset();
-  Choose(CompareWith);  // cancelled
+  Choose(Id::CompareWith);  // cancelled
   EXPECT_EQ(script.offered, folder / "second.bin");
-  Choose(ComparePanelMenu);
-  main->WriteImage(0, Bytes(other).first(1));
+  Choose(Id::ComparePanel);
+  Open().Write(0, Bytes(other).first(1));
   EXPECT_EQ(List().RowCount(), 0u);
-  main->OpenF(WriteDump("small.bin"));
+  main->Dumps().OpenF(WriteDump("small.bin"));
   CompareTo(other);
   EXPECT_GT(List().RowCount(), 1u);
 }
@@ -145,7 +145,7 @@ TEST_F(CompareDesk, KeepsTheComparisonWhereAFileCannotBeRead) {
   CompareWithChanged({0});
   for (const auto& file : {folder / "missing.bin", folder.Write("empty.bin", Values())}) {
     script.file = file;
-    EXPECT_NE(Said(CompareWith).find(" | !"), std::string::npos);
+    EXPECT_NE(Said(Id::CompareWith).find(" | !"), std::string::npos);
     EXPECT_EQ(List().RowCount(), 1u);
     EXPECT_EQ(Head(), "Compared with: " + PathText(folder / "second.bin"));
   }
@@ -156,20 +156,20 @@ TEST_F(CompareDesk, MakesAPatchOfTheSelection) {
   wxDataViewCtrl& control = List().Control();
   List().Select(0);
   control.Select(dynamic_cast<wxDataViewVirtualListModel&>(*control.GetModel()).GetItem(2));
-  EXPECT_EQ(Said(DifferencesToPatch, "Two"),
+  EXPECT_EQ(Said(Id::DifferencesToPatch, "Two"),
             "ask Name of the patch: demo.bin | [Tarvelo - Was added patch \"Two\"];Two\n\n"
             "000710: FF 12\n0007E0: FF 12");
-  const std::string text = main->Patch().Patch().Document();
-  Said(DifferencesToPatch);  // cancelled
-  EXPECT_EQ(main->Patch().Patch().Document(), text);
+  const std::string text = Patch().Patch().Document();
+  Said(Id::DifferencesToPatch);  // cancelled
+  EXPECT_EQ(Patch().Patch().Document(), text);
   for (std::uint8_t& byte : other) byte ^= 1;
   CompareTo(other);
-  EXPECT_EQ(Said(DifferencesToPatch), "!Add differences to patch: 8388608 > 1048576");
+  EXPECT_EQ(Said(Id::DifferencesToPatch), "!Add differences to patch: 8388608 > 1048576");
 }
 
 TEST_F(CompareDesk, GoesOnWithoutLabelsWhereBlocksAreTooMany) {
   const Values many = ImageOfBlocks(std::vector(2001, 5));
-  OpenBytes("many.bin", many, Info);
+  OpenBytes("many.bin", many, Id::Info);
   Values changed = many;
   changed[0xE000] = 0;
   CompareTo(changed);

@@ -14,10 +14,18 @@
 
 #include "demo/demo_image.h"
 #include "image_builder.h"
+#include "core/byte_text.h"
+#include "core/places.h"
+#include "document/explorers.h"
+#include "document/hex_columns.h"
 #include "shell/info/info_panel.h"
+#include "shell/list/explorer_panel.h"
 #include "shell/list/list_view.h"
+#include "shell/services/ids.h"
 #include "shell/frame/main.h"
 #include "shell/patch/patch_misfits.h"
+#include "shell/patch/patch_panel.h"
+#include "shell/services/clipboard.h"
 #include "shell/base/strings.h"
 #include "shell/test_app.h"
 #include "temporary_folder.h"
@@ -122,6 +130,12 @@ class RecordingLauncher final : public Launcher {
   Script& script_;
 };
 
+// The menu entries of the explorers' panels.
+inline int EntryOf(std::string_view key) { return PanelId(*FindExplorer(key)); }
+inline const int eeprom = EntryOf("eeprom");
+inline const int pictures = EntryOf("pictures");
+inline const int ringtones = EntryOf("ringtones");
+
 class Desk : public testing::Test {
  protected:
   Desk() {
@@ -144,7 +158,7 @@ class Desk : public testing::Test {
 
   // Ends the program and starts it again, with this hex editor if there is one.
   void Restart(const std::string& hexEditor = {}) {
-    Choose(ExitM);
+    Choose(Id::ExitM);
     if (!hexEditor.empty()) Settings(SettingsFile()).SetIni("Integration", "HexEditor", hexEditor);
     StartProgram();
   }
@@ -180,18 +194,26 @@ class Desk : public testing::Test {
 
   // Opens bytes as a dump of this name and shows a panel.
   void OpenBytes(const std::filesystem::path& name, const std::vector<std::uint8_t>& bytes, int panel) {
-    main->OpenF(folder.Write(name, bytes));
-    if (panel != Info) Choose(panel);
+    main->Dumps().OpenF(folder.Write(name, bytes));
+    if (panel != Id::Info) Choose(panel);
   }
   void OpenDemo(int panel) {
     static const std::vector<std::uint8_t> demo = DemoImage();
     OpenBytes("demo.bin", demo, panel);
   }
 
-  [[nodiscard]] const Fullflash& Image() const { return main->Open().image; }
+  [[nodiscard]] Document& Open() const { return main->Bench().document; }
+  [[nodiscard]] const Fullflash& Image() const { return Open().Image(); }
   [[nodiscard]] std::vector<std::uint8_t> AllBytes() const {
     return {Image().ff().begin(), Image().ff().end()};
   }
+
+  // The panel of the patch, shown or not.
+  [[nodiscard]] PatchPanel& Patch() const {
+    return dynamic_cast<PatchPanel&>(*main->Panels().Of(Id::PatchMenu));
+  }
+  void ShowHex(Offset start, Offset size) { main->Bench().frame.ShowHex(start, size); }
+  void ShowBl(Offset start, Offset size) { main->Bench().frame.ShowBl(start, size); }
 
   // --- what the user does ---
 
@@ -242,9 +264,9 @@ class Desk : public testing::Test {
     files.Add(WxPath(file));
     auto* target = dynamic_cast<wxFileDropTarget*>(main->GetDropTarget());
     ASSERT_NE(target, nullptr);
-    const bool wasOpen = main->Open().IsOpen();
+    const bool wasOpen = Open().IsOpen();
     EXPECT_TRUE(target->OnDropFiles(0, 0, files));
-    EXPECT_EQ(main->Open().IsOpen(), wasOpen);
+    EXPECT_EQ(Open().IsOpen(), wasOpen);
     Settle();
   }
 
@@ -253,10 +275,10 @@ class Desk : public testing::Test {
   // The panel that is shown, the list in it, and a cell of that.
   template <typename P>
   [[nodiscard]] P& Shown() const {
-    return dynamic_cast<P&>(*main->Visible());
+    return dynamic_cast<P&>(*main->Panels().Visible());
   }
   [[nodiscard]] ListView& List() const {
-    auto* list = FirstIn<ListView>(main->Visible()->Window(), [](ListView&) { return true; });
+    auto* list = FirstIn<ListView>(main->Panels().Visible()->Window(), [](ListView&) { return true; });
     if (!list) throw std::logic_error("the panel has no list");
     return *list;
   }
@@ -294,7 +316,7 @@ class Desk : public testing::Test {
   [[nodiscard]] bool Enabled(int id) const { return Item(id)->IsEnabled(); }
   [[nodiscard]] std::string Caption(int id) const { return Utf8(Item(id)->GetItemLabelText()); }
   [[nodiscard]] std::string Title() const { return Utf8(main->GetTitle()); }
-  [[nodiscard]] std::string Status(int panel) const { return Utf8(main->Status().Panel(panel)); }
+  [[nodiscard]] std::string Status(int panel) const { return Utf8(main->Bench().status.Panel(panel)); }
   [[nodiscard]] std::string InfoText() const { return Utf8(main->InfoText().GetText()); }
 
   TemporaryFolder folder;

@@ -1,4 +1,4 @@
-#include "shell/services/dialogs.h"
+#include "shell/frame/wx_dialogs.h"
 
 #include <wx/timer.h>
 
@@ -40,11 +40,11 @@ TEST_F(Desk, RealDialogsTakeTheKeyboard) {
 }
 
 TEST_F(Desk, ListOfMisfitsTakesTheKeyboard) {
-  main->OpenF(WriteDump("phone.bin"));
+  main->Dumps().OpenF(WriteDump("phone.bin"));
   const ReadPatch patch = ReadPatchText("0: FF 00\n1: 00 11\n");
   const PatchCheck check = CheckPatch(patch.changes, Image());
-  const PatchMisfits misfits(patch, check, Image(), main->Texts());
-  WxDialogs dialogs(main, main->Texts());
+  const PatchMisfits misfits(patch, check, Image(), main->Bench().texts);
+  WxDialogs dialogs(main, main->Bench().texts);
   for (const int key : {WXK_RETURN, WXK_ESCAPE}) {  // nothing is applied by mistake
     const KeyPresser presser(*main, key);
     EXPECT_FALSE(dialogs.ApplyOthers(misfits));

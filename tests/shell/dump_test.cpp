@@ -12,16 +12,16 @@ const std::vector<std::uint8_t> plain(0x100000, 0x90);  // without anything
 class DumpDesk : public Desk {
  protected:
   [[nodiscard]] DumpPanel& Panel() { return Shown<DumpPanel>(); }
-  [[nodiscard]] const std::vector<MapRegion>& Regions() { return Panel().Map().regions; }
+  [[nodiscard]] const std::vector<Claim>& Regions() { return Panel().Map().regions; }
   [[nodiscard]] std::size_t Row() { return List().Selected().value_or(static_cast<std::size_t>(-1)); }
-  [[nodiscard]] const MapRegion& Region() { return Regions().at(Row()); }
+  [[nodiscard]] const Claim& Region() { return Regions().at(Row()); }
   [[nodiscard]] std::size_t RowAt(Offset offset) {
     return static_cast<std::size_t>(&Panel().Map().Within(offset, 1).front() - Regions().data());
   }
 };
 
 TEST_F(DumpDesk, ListsTheRegionsThatTheStripShows) {
-  OpenDemo(Dump);
+  OpenDemo(Id::Dump);
   EXPECT_EQ(List().RowCount(), Regions().size());
   EXPECT_EQ(Status(8), std::to_string(Regions().size()) + " / 8388608");
   EXPECT_EQ(Row(), 0u);
@@ -30,31 +30,31 @@ TEST_F(DumpDesk, ListsTheRegionsThatTheStripShows) {
 }
 
 TEST_F(DumpDesk, CommandsTakeTheChosenRegion) {
-  OpenDemo(Dump);
+  OpenDemo(Id::Dump);
   List().Select(RowAt(0x7FF00));
-  main->Run(OffsetD);
+  main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "07FF00");
-  main->Run(AddressD);
+  main->Run(Id::CopyAddress);
   EXPECT_EQ(ClipboardText(), "87FF00");
-  main->Run(NextD);  // there is no other firmware header
+  main->Run(Id::Next);  // there is no other firmware header
   EXPECT_EQ(Region().offset, 0x7FF00);
 
   const auto next = [&](int id) {
-    const MapRegion before = Region();
+    const Claim before = Region();
     main->Run(id);
     EXPECT_EQ(Region().kind, before.kind);
     return Region().offset - before.offset;
   };
   List().Filter("code");  // what is sought may be hidden
   List().Select(RowAt(0x280004));
-  const Offset step = next(NextD);
+  const Offset step = next(Id::Next);
   EXPECT_GT(step, 0);
-  EXPECT_EQ(next(PreviousD), -step);
+  EXPECT_EQ(next(Id::Previous), -step);
   List().Select(0);
-  EXPECT_GT(next(PreviousD), 0);  // round to the last one
-  EXPECT_LT(next(NextD), 0);
+  EXPECT_GT(next(Id::Previous), 0);  // round to the last one
+  EXPECT_LT(next(Id::Next), 0);
 
-  main->Run(OpenD);
+  main->Run(Id::OpenHex);
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
 }
 
@@ -62,7 +62,7 @@ TEST_F(DumpDesk, LegendGoesRoundTheRegionsOfAGroup) {
   std::vector<std::uint8_t> bytes = plain;
   std::fill_n(bytes.begin() + 0x1000, 0x200, 0xFF);
   std::fill_n(bytes.begin() + 0x20000, 0x10000, 0xFF);
-  OpenBytes("plain.bin", bytes, Dump);
+  OpenBytes("plain.bin", bytes, Id::Dump);
   const wxWindowList& legend = Panel().Legend().GetChildren();
   ASSERT_EQ(legend.size(), 2u);
   auto& erased = dynamic_cast<wxButton&>(*legend.GetFirst()->GetData());
@@ -74,22 +74,22 @@ TEST_F(DumpDesk, LegendGoesRoundTheRegionsOfAGroup) {
 }
 
 TEST_F(DumpDesk, SeesEdits) {
-  OpenBytes("plain.bin", plain, Dump);
-  main->WriteImage(0x4000, std::vector<std::uint8_t>(0x200, 0xFF));
+  OpenBytes("plain.bin", plain, Id::Dump);
+  Open().Write(0x4000, std::vector<std::uint8_t>(0x200, 0xFF));
   Settle();  // while it is shown
   ASSERT_EQ(Regions().size(), 3u);
   EXPECT_EQ(Row(), 0u);
   List().Select(2);
-  Choose(Info);
-  main->UndoImage();
+  Choose(Id::Info);
+  Open().Undo();
   Settle();
-  Choose(Dump);
+  Choose(Id::Dump);
   EXPECT_EQ(Regions().size(), 1u);
   EXPECT_EQ(Row(), 0u);
 
-  main->RedoImage();
+  Open().Redo();
   DumpPanel& panel = Panel();
-  main->CloseFF();  // before it has been made again
+  main->Dumps().CloseFF();  // before it has been made again
   Settle();
   EXPECT_TRUE(panel.Map().regions.empty());
   EXPECT_TRUE(panel.Legend().GetChildren().empty());
@@ -97,10 +97,10 @@ TEST_F(DumpDesk, SeesEdits) {
 }
 
 TEST_F(DumpDesk, TellsOfTooManyBlocks) {
-  OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), Dump);
+  OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), Id::Dump);
   EXPECT_NE(script.TakeSaid().find("There are more than 2000 EEPROM blocks."), std::string::npos);
   EXPECT_EQ(List().RowCount(), 0u);
-  for (const int id : {OpenD, OffsetD, AddressD, NextD, PreviousD}) EXPECT_EQ(Said(id), "");
+  for (const int id : {Id::OpenHex, Id::CopyOffset, Id::CopyAddress, Id::Next, Id::Previous}) EXPECT_EQ(Said(id), "");
   Panel().Strip().onClick(0);
 }
 

@@ -7,10 +7,10 @@ namespace tarvelo {
 namespace {
 
 TEST_F(Desk, EepromTakesTheKeyboard) {
-  OpenDemo(EEPROM);
+  OpenDemo(eeprom);
   EXPECT_TRUE(PressUntil(*main, 'F', wxMOD_CONTROL, [&] { return !script.said.empty(); }));
   EXPECT_EQ(script.TakeSaid(), "ask Enter the string for search: ");
-  main->Run(InfoE);
+  main->Run(Id::InfoE);
   const BlockView& view = *Shown<EepromPanel>().View();
   EXPECT_TRUE(PressUntil(view, WXK_ESCAPE, wxMOD_NONE, [&] { return !view.IsShown(); }));
 }

@@ -9,7 +9,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr int Entry(ViewerEntry entry) { return FirstViewer + static_cast<int>(entry); }
+constexpr int Entry(ViewerEntry entry) { return Id::FirstViewer + static_cast<int>(entry); }
 
 std::string Text(wxDataViewListCtrl& list, unsigned row, unsigned column) {
   return Utf8(list.GetTextValue(row, column));
@@ -18,14 +18,14 @@ std::string Text(wxDataViewListCtrl& list, unsigned row, unsigned column) {
 // The demonstration fullflash with its EEPROM panel open.
 class EepromDesk : public Desk {
  protected:
-  EepromDesk() { OpenDemo(EEPROM); }
+  EepromDesk() { OpenDemo(eeprom); }
 
   // Selects the row of a header.
   void SelectHeader(const std::string& position) { ASSERT_TRUE(List().Find(position, false, 2)); }
   // The window of a header's block.
   BlockView& InfoOf(const std::string& position) {
     SelectHeader(position);
-    main->Run(InfoE);
+    main->Run(Id::InfoE);
     return *Panel().View();
   }
 
@@ -38,63 +38,63 @@ TEST_F(EepromDesk, ShowsDeletedBlocksToo) {
   EXPECT_EQ(Status(4), "241 / 126");
   EXPECT_EQ(List().RowCount(), 241u);
   SelectHeader("76C00C");
-  main->Run(ShowDel);
+  main->Run(Id::ShowDel);
   EXPECT_EQ(List().RowCount(), 367u);
-  EXPECT_TRUE(List().GetTable().rows[0].marked);
+  EXPECT_TRUE(List().Row(0).marked);
   EXPECT_EQ(SelectedHeader(), "76C00C");  // the same block in another row
-  EXPECT_TRUE(Panel().Commands()->Find(ShowDel)->checked());
-  Said(SaveText);
+  EXPECT_TRUE(Panel().Commands()->Find(Id::ShowDel)->checked());
+  Said(Id::SaveText);
   EXPECT_EQ(std::ranges::count(ReadAll(folder / "demo_E.txt"), '\n'), 368);
 
   SelectHeader("76C024");  // deleted: its neighbour takes its place
-  main->Run(ShowDel);
+  main->Run(Id::ShowDel);
   EXPECT_EQ(List().RowCount(), 241u);
   EXPECT_EQ(SelectedHeader(), "76C030");
 }
 
 TEST_F(EepromDesk, OpensBlocksInTheHexEditor) {
   Restart("editor %1");
-  OpenDemo(EEPROM);
+  OpenDemo(eeprom);
   SelectHeader("7CC384");
-  main->Run(OffsetE);
+  main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "7C0AC4");
   List().onActivate(*List().Selected());
-  main->Run(OpenDescE);
+  main->Run(Id::OpenEntry);
   ASSERT_EQ(script.started.size(), 2u);
   EXPECT_TRUE(script.started[0].ends_with(" /GOTO:0x7C0AC4 /SELECT:66")) << script.started[0];
   EXPECT_TRUE(script.started[1].ends_with(" /GOTO:0x7CC384 /SELECT:12")) << script.started[1];
 }
 
 TEST_F(EepromDesk, SearchesDescriptions) {
-  main->Run(ShowDel);
-  EXPECT_EQ(Said(FindE, "GREETING"), "ask Enter the string for search: ");
+  main->Run(Id::ShowDel);
+  EXPECT_EQ(Said(Id::Find, "GREETING"), "ask Enter the string for search: ");
   for (const char* deleted : {"78C2DC", "7CC0C0"}) {
     EXPECT_EQ(SelectedHeader(), deleted);
-    EXPECT_EQ(Said(FindMoreE), "");
+    EXPECT_EQ(Said(Id::FindMore), "");
   }
-  EXPECT_EQ(Said(FindMoreE), "!String \"GREETING\" wasn't found");
+  EXPECT_EQ(Said(Id::FindMore), "!String \"GREETING\" wasn't found");
   EXPECT_EQ(SelectedHeader(), "7CC384");
-  EXPECT_EQ(Said(FindE, "5076"),  // a number, which no description holds
+  EXPECT_EQ(Said(Id::Find, "5076"),  // a number, which no description holds
             "ask Enter the string for search: GREETING | !String \"5076\" wasn't found");
-  EXPECT_EQ(Said(FindE), "ask Enter the string for search: 5076");  // cancelled: the last one is kept
+  EXPECT_EQ(Said(Id::Find), "ask Enter the string for search: 5076");  // cancelled: the last one is kept
 }
 
 TEST_F(EepromDesk, UsersDescriptionsGoOverTheBuiltInOnes) {
   EXPECT_EQ(Cell(0, 1), "");
   folder.Write("eeprom_blocks.tsv", std::string("1\tМой блок\n"));
-  OpenDemo(EEPROM);
+  OpenDemo(eeprom);
   EXPECT_EQ(Cell(0, 1), "Мой блок");
   folder.Write("eeprom_blocks.tsv", "1\tno\n" + std::string(1 << 20, '#'));
-  OpenDemo(EEPROM);
+  OpenDemo(eeprom);
   EXPECT_EQ(Cell(0, 1), "");
 }
 
 TEST_F(EepromDesk, KnownBlocksAreThoseOfTheImage) {
-  for (int id = FirstViewer; id <= LastViewer; ++id) EXPECT_TRUE(Panel().Commands()->CanRun(id)) << id;
+  for (int id = Id::FirstViewer; id <= Id::LastViewer; ++id) EXPECT_TRUE(Panel().Commands()->CanRun(id)) << id;
   main->Run(Entry(ViewerEntry::x0280));
   EXPECT_EQ(Panel().View()->FactText(BlockView::HeaderPosition), "7CC300");
 
-  OpenBytes("other.bin", ImageOfBlocks({67, 5240, 5238}), EEPROM);
+  OpenBytes("other.bin", ImageOfBlocks({67, 5240, 5238}), eeprom);
   EXPECT_TRUE(CanRun(ViewerEntry::x0067));
   EXPECT_FALSE(CanRun(ViewerEntry::x0280));
   main->Run(Entry(ViewerEntry::x5136));
@@ -139,11 +139,11 @@ TEST_F(EepromDesk, ReadingsFollowTheCaret) {
 }
 
 TEST_F(EepromDesk, InfoGoesWithTheDocument) {
-  main->Run(InfoE);
+  main->Run(Id::InfoE);
   BlockView& view = *Panel().View();
   main->ApplyLang(*FindLanguage("RU"));
   EXPECT_EQ(view.GetTitle(), wxString::FromUTF8("Tarvelo - 1 :  Информация о блоке"));
-  main->CloseFF();
+  main->Dumps().CloseFF();
   EXPECT_FALSE(view.IsShown());
   view.Next_Click();  // a click that came late
   view.HexView_Click();
@@ -156,9 +156,9 @@ TEST_F(EepromDesk, BlocksWithoutDataAreShownToo) {
   std::vector<std::uint8_t> bytes = ImageOfBlocks({1, 2});
   bytes[4 + 2] = 0xBF;  // in front of the image
   bytes[12 + 2] = 0;    // empty
-  OpenBytes("outside.bin", bytes, EEPROM);
-  EXPECT_EQ(Said(OpenE), "!The data lies outside the image.");
-  main->Run(InfoE);
+  OpenBytes("outside.bin", bytes, eeprom);
+  EXPECT_EQ(Said(Id::OpenData), "!The data lies outside the image.");
+  main->Run(Id::InfoE);
   BlockView& view = *Panel().View();
   EXPECT_EQ(view.Dump().GetValue(), "The block has no data in the image.");
   EXPECT_EQ(view.FactText(BlockView::DataOffset), "FFC0F000 - The data lies outside the image.");
@@ -169,7 +169,7 @@ TEST_F(EepromDesk, BlocksWithoutDataAreShownToo) {
 }
 
 TEST_F(EepromDesk, RefusesTooManyBlocks) {
-  OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), EEPROM);
+  OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), eeprom);
   EXPECT_EQ(script.TakeSaid(), "!The command \"EEPROM\" failed.\n\nThere are more than 2000 EEPROM blocks.");
   EXPECT_EQ(Title(), "Tarvelo - EEPROM");
   EXPECT_EQ(List().RowCount(), 0u);

@@ -20,8 +20,8 @@ class FaultsDesk : public Desk {
  protected:
   FaultsDesk() {
     MakeFolder(dumps);
-    OpenBytes(dump, DemoImage(), Info);
-    main->Patch().AddPatch("one", "10: 00 01", false);
+    OpenBytes(dump, DemoImage(), Id::Info);
+    Patch().AddPatch("one", "10: 00 01", false);
     Settle();
   }
 
@@ -33,15 +33,15 @@ class FaultsDesk : public Desk {
       };
     };
     return {
-        {"Save", PathOf(stem + ".bin"), true, panel(Info, Save)},
-        {"list", PathOf(stem + "_P.txt"), false, panel(Pictures, SaveText)},
-        {"information", PathOf(stem + ".info"), false, panel(Info, SaveText)},
-        {"patch", PathOf(stem + ".qpt"), false, panel(PatchMenu, SaveText)},
-        {"picture", fs::path("BMP") / PathOf(stem + "_0000.bmp"), false, panel(Pictures, SavePic)},
+        {"Save", PathOf(stem + ".bin"), true, panel(Id::Info, Id::Save)},
+        {"list", PathOf(stem + "_P.txt"), false, panel(pictures, Id::SaveText)},
+        {"information", PathOf(stem + ".info"), false, panel(Id::Info, Id::SaveText)},
+        {"patch", PathOf(stem + ".qpt"), false, panel(Id::PatchMenu, Id::SaveText)},
+        {"picture", fs::path("BMP") / PathOf(stem + "_0000.bmp"), false, panel(pictures, Id::SavePic)},
         {"region", PathOf(stem + "_000010.bin"), false,
          [this] {
-           main->ShowHex(0x10, 0x100);
-           main->Run(SaveText);
+           ShowHex(0x10, 0x100);
+           main->Run(Id::SaveText);
          }},
     };
   }
@@ -65,7 +65,7 @@ class FaultsDesk : public Desk {
     EXPECT_NE(said.find(PathText(file.filename())), std::string::npos) << said;
     EXPECT_TRUE(script.said.empty());
     EXPECT_EQ(Image().ff().size(), 0x800000u);
-    EXPECT_EQ(main->Open().path, dump);
+    EXPECT_EQ(Open().Path(), dump);
     EXPECT_EQ(Status(StatusBar::patchPanel), "P");
     if (saver.deletesBefore && !fs::exists(file)) expected.erase(PathText(saver.file));
     EXPECT_TRUE(ContentsOf(dumps) == expected);  // not printed: the contents are long
@@ -74,7 +74,7 @@ class FaultsDesk : public Desk {
     const std::string saidThen = script.TakeSaid();
     EXPECT_TRUE(saidThen.empty() || saidThen.starts_with("i")) << saidThen;
     EXPECT_GT(fs::file_size(file), 30u);
-    main->Status().SetPanel(StatusBar::patchPanel, "P");
+    main->Bench().status.SetPanel(StatusBar::patchPanel, "P");
   }
 
   const std::string stem = "Дамп 转储 🎵";
@@ -98,12 +98,12 @@ TEST_F(FaultsDesk, SaveAsToWhereNothingCanBeWritten) {
   for (const fs::path& target : {folder.Path(), dump / "below a file.bin", folder / "missing" / "x.bin"}) {
     script.said.clear();
     script.file = target;
-    Choose(SaveAs);
+    Choose(Id::SaveAs);
     ASSERT_EQ(script.said.size(), 2u);  // the dialog and the message
     EXPECT_EQ(script.said[1], "!Can't open file !\n\n" + PathText(target) + WriteAdvice());
     EXPECT_EQ(Image().ff().size(), 0x800000u);
-    EXPECT_EQ(main->Open().path, dump);
-    EXPECT_EQ(main->Open().FileStem, dumps / PathOf(stem));
+    EXPECT_EQ(Open().Path(), dump);
+    EXPECT_EQ(Open().FileStem(), dumps / PathOf(stem));
     EXPECT_TRUE(script.beeps.empty());
   }
 }

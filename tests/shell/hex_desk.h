@@ -12,7 +12,7 @@ namespace tarvelo {
 
 class HexDesk : public Desk {
  protected:
-  HexDesk() { OpenDemo(HexView); }
+  HexDesk() { OpenDemo(Id::HexView); }
 
   [[nodiscard]] HexPanel& Panel() { return Shown<HexPanel>(); }
   [[nodiscard]] HexCanvas& Canvas() { return Panel().Canvas(); }

@@ -13,14 +13,14 @@ class HexEditDesk : public HexDesk {
   HexEditDesk() {
     std::vector<std::uint8_t> bytes = DemoImage();
     std::fill_n(bytes.begin() + place, 0x80, 0xFF);
-    OpenBytes("edit.bin", bytes, HexView);
+    OpenBytes("edit.bin", bytes, Id::HexView);
     Panel().Go(place, 0);
   }
 
   [[nodiscard]] std::string BytesAt(Offset offset, Offset count) const {
     return AsHex(Image().Region(offset, count));
   }
-  [[nodiscard]] bool IsChanged(Offset offset) const { return main->Open().edits.IsChanged(Image(), offset); }
+  [[nodiscard]] bool IsChanged(Offset offset) const { return Open().Edits().IsChanged(Image(), offset); }
   [[nodiscard]] bool CanRun(int id) { return Panel().Commands()->CanRun(id); }
 };
 
@@ -46,11 +46,11 @@ TEST_F(HexEditDesk, TakesDigits) {
 }
 
 TEST_F(HexEditDesk, TakesText) {
-  main->Run(SwitchSide);
+  main->Run(Id::SwitchSide);
   Type(U"A Я中Ä\u0098");  // the last three are no characters of the phone's
   Type(U"€", wxMOD_ALTGR);
   EXPECT_EQ(BytesAt(place, 5), "41 20 DF 88 FF");
-  main->Run(SwitchSide);
+  main->Run(Id::SwitchSide);
   Type(U"0");
   EXPECT_EQ(BytesAt(place + 4, 1), "0F");
   EXPECT_EQ(Information().substr(0, 14), "Offset: 000704");
@@ -72,24 +72,24 @@ TEST_F(HexEditDesk, TypesOverTheStartOfTheSelection) {
 }
 
 TEST_F(HexEditDesk, UndoesByteByByte) {
-  EXPECT_FALSE(CanRun(UndoBytes));
+  EXPECT_FALSE(CanRun(Id::Undo));
   Type(U"12F3FF5");  // the first digit of the second byte changes nothing, the third byte stays
   EXPECT_EQ(BytesAt(place, 4), "12 F3 FF 5F");
   Panel().Go(0x1000, 5);
-  main->Run(UndoBytes);
+  main->Run(Id::Undo);
   EXPECT_EQ(Selected(), (Region{place + 3, 0}));
   EXPECT_EQ(BytesAt(place, 4), "12 F3 FF FF");
-  main->Run(UndoBytes);
+  main->Run(Id::Undo);
   EXPECT_EQ(BytesAt(place, 2), "12 FF");
-  main->Run(UndoBytes);
+  main->Run(Id::Undo);
   EXPECT_EQ(BytesAt(place, 2), "FF FF");
   EXPECT_FALSE(IsChanged(place));
-  EXPECT_FALSE(CanRun(UndoBytes));
-  for (int i = 0; i < 3; ++i) main->Run(RedoBytes);
+  EXPECT_FALSE(CanRun(Id::Undo));
+  for (int i = 0; i < 3; ++i) main->Run(Id::Redo);
   EXPECT_EQ(BytesAt(place, 4), "12 F3 FF 5F");
-  EXPECT_FALSE(CanRun(RedoBytes));
+  EXPECT_FALSE(CanRun(Id::Redo));
   Type(U"7");
-  main->Run(UndoBytes);
+  main->Run(Id::Undo);
   Type(U"6");  // a first digit again: nothing is left half typed
   EXPECT_EQ(BytesAt(place + 3, 1), "6F");
 }
@@ -99,78 +99,78 @@ TEST_F(HexEditDesk, KeepsTheMarkUntilTheDumpIsClosed) {
   EXPECT_EQ(Status(10), "");  // nothing has changed
   Type(U"0");
   EXPECT_EQ(Status(10), "F");
-  Choose(Save);
-  main->Run(UndoBytes);
+  Choose(Id::Save);
+  main->Run(Id::Undo);
   EXPECT_EQ(Status(10), "F");
-  main->Run(RedoBytes);
-  EXPECT_FALSE(main->WasChanged());
-  main->OpenF(folder / "edit.bin");
+  main->Run(Id::Redo);
+  EXPECT_FALSE(main->Dumps().WasChanged());
+  main->Dumps().OpenF(folder / "edit.bin");
   EXPECT_EQ(Status(10), "");
   EXPECT_EQ(BytesAt(place, 1), "F0");  // as it was saved
-  EXPECT_FALSE(main->Open().edits.CanUndo());
+  EXPECT_FALSE(Open().Edits().CanUndo());
   EXPECT_FALSE(IsChanged(place));
 }
 
 TEST_F(HexEditDesk, PastesHex) {
-  main->Copy("01 02,03\r\n0a0B");
-  main->Run(PasteHex);
+  Copy("01 02,03\r\n0a0B");
+  main->Run(Id::Paste);
   EXPECT_EQ(BytesAt(place, 6), "01 02 03 0A 0B FF");
   EXPECT_EQ(Selected(), (Region{place + 5, 0}));
-  main->Run(UndoBytes);
+  main->Run(Id::Undo);
   EXPECT_EQ(BytesAt(place, 5), "FF FF FF FF FF");
   Panel().Go(End() - 4, 0);
-  EXPECT_EQ(Said(PasteHex), "!The data lies outside the image.");
-  main->Copy("01 02 x" + std::string(1000, 'x'));
-  EXPECT_EQ(Said(PasteHex), "!Not a number: \"01 02 " + std::string(54, 'x') + "...\"");
-  EXPECT_FALSE(main->Open().edits.CanUndo());
+  EXPECT_EQ(Said(Id::Paste), "!The data lies outside the image.");
+  Copy("01 02 x" + std::string(1000, 'x'));
+  EXPECT_EQ(Said(Id::Paste), "!Not a number: \"01 02 " + std::string(54, 'x') + "...\"");
+  EXPECT_FALSE(Open().Edits().CanUndo());
 }
 
 TEST_F(HexEditDesk, FillsTheSelection) {
-  EXPECT_FALSE(CanRun(FillBytes));
+  EXPECT_FALSE(CanRun(Id::FillBytes));
   Panel().Go(place, 0x20);
-  EXPECT_EQ(Said(FillBytes, "5"), "ask Fill with byte: FF");
+  EXPECT_EQ(Said(Id::FillBytes, "5"), "ask Fill with byte: FF");
   EXPECT_EQ(BytesAt(place + 0x1E, 3), "05 05 FF");
   EXPECT_EQ(Selected(), (Region{place, 0x20}));
   for (const std::string answer : {"100", "x"})
-    EXPECT_EQ(Said(FillBytes, answer), "ask Fill with byte: FF | !Not a number: \"" + answer + "\"");
-  Said(FillBytes);  // cancelled
-  main->Run(UndoBytes);
+    EXPECT_EQ(Said(Id::FillBytes, answer), "ask Fill with byte: FF | !Not a number: \"" + answer + "\"");
+  Said(Id::FillBytes);  // cancelled
+  main->Run(Id::Undo);
   EXPECT_EQ(BytesAt(place, 1), "FF");
-  EXPECT_FALSE(main->Open().edits.CanUndo());
+  EXPECT_FALSE(Open().Edits().CanUndo());
 }
 
 TEST_F(HexEditDesk, MakesPatches) {
-  EXPECT_EQ(Said(ChangesToPatch, "Greeting"), "iNothing was changed.");
-  main->Copy("48 69 FF FF 21");
-  main->Run(PasteHex);
+  EXPECT_EQ(Said(Id::ChangesToPatch, "Greeting"), "iNothing was changed.");
+  Copy("48 69 FF FF 21");
+  main->Run(Id::Paste);
   Panel().Go(place + 0x40, 0);
   Type(U"0102");
   Panel().Go(place + 0x80, 8);  // none of them selected
-  EXPECT_EQ(Said(ChangesToPatch, "Greeting"), "iNothing was changed.");
+  EXPECT_EQ(Said(Id::ChangesToPatch, "Greeting"), "iNothing was changed.");
   Panel().Go(place + 1, 0x40);
-  EXPECT_EQ(Said(ChangesToPatch, "Greeting"),
+  EXPECT_EQ(Said(Id::ChangesToPatch, "Greeting"),
             "ask Name of the patch: edit.bin | [Tarvelo - Was added patch \"Greeting\"];Greeting\n\n"
             "000701: FFFFFFFF 69FFFF21\n000740: FF 01");
   EXPECT_EQ(Status(9), "P");
   Panel().Go(place, 0);
-  Said(ChangesToPatch, "All");
-  const std::string text = main->Patch().Patch().Document();
+  Said(Id::ChangesToPatch, "All");
+  const std::string text = Patch().Patch().Document();
   EXPECT_NE(text.find(";All\r\n\r\n000700: FFFFFFFFFF 4869FFFF21\r\n000740: FFFF 0102\r\n"), text.npos);
 }
 
 // What was found before is no longer there; the panels show what they can of it. Ringtones are sought anew.
 TEST_F(HexEditDesk, LeavesTheOtherPanelsAlive) {
-  for (const int panel : {EEPROM, Pictures, Ringtones, HexView}) Choose(panel);
+  for (const int panel : std::initializer_list<int>{eeprom, pictures, ringtones, Id::HexView}) Choose(panel);
   const std::string figures = Status(4) + Status(6);
   for (const char* byte : {"A5", "FF", "00"}) {
-    Choose(HexView);
-    main->Run(SelectBytes);
-    Said(FillBytes, byte);
-    EXPECT_TRUE(Said(ChangesToPatch).starts_with("!Changes to patch: "));  // too long for one
-    for (const int panel : {EEPROM, Pictures, Ringtones}) {
+    Choose(Id::HexView);
+    main->Run(Id::SelectAll);
+    Said(Id::FillBytes, byte);
+    EXPECT_TRUE(Said(Id::ChangesToPatch).starts_with("!Changes to patch: "));  // too long for one
+    for (const int panel : std::initializer_list<int>{eeprom, pictures, ringtones}) {
       Choose(panel);
-      main->Visible()->Window().Refresh();
-      main->Visible()->Window().Update();
+      main->Panels().Visible()->Window().Refresh();
+      main->Panels().Visible()->Window().Update();
       Settle();
     }
     EXPECT_EQ(Status(4) + Status(6), figures);

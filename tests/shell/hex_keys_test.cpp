@@ -15,7 +15,7 @@ TEST_F(HexDesk, IsEditedByKeyboardAlone) {
 
   // In the line above the keys are the line's own.
   wxTextCtrl& line = Panel().PlaceLine();
-  main->Copy("34");
+  Copy("34");
   EXPECT_TRUE(press('L', wxMOD_CONTROL, [&] { return line.HasFocus(); }));
   EXPECT_TRUE(press('V', wxMOD_CONTROL, [&] { return line.GetValue() == "34"; }));
   int pressed = 0;

@@ -122,14 +122,14 @@ TEST_F(HexDesk, GoesWhereItIsTold) {
 }
 
 TEST_F(HexDesk, ShowsRegionsOfOtherPanels) {
-  main->ShowBl(End() - 4, 100);
+  ShowBl(End() - 4, 100);
   EXPECT_EQ(Selected(), (Region{End() - 4, 4}));
   EXPECT_EQ(Canvas().TopRow(), End() / 16 - Canvas().RowsSeen());
-  Choose(Info);
-  Choose(HexView);  // as it was left
+  Choose(Id::Info);
+  Choose(Id::HexView);  // as it was left
   EXPECT_EQ(Selected(), (Region{End() - 4, 4}));
-  main->OpenF(WriteDump("other.bin"));
-  Choose(HexView);
+  main->Dumps().OpenF(WriteDump("other.bin"));
+  Choose(Id::HexView);
   EXPECT_EQ(Selected(), (Region{0, 0}));
 }
 
@@ -170,20 +170,20 @@ TEST_F(HexDesk, FollowsTheMouse) {
 
 TEST_F(HexDesk, CopiesAndSavesBytes) {
   Panel().Go(0x10, 3);
-  main->Run(CopyHex);
+  main->Run(Id::CopyHex);
   EXPECT_EQ(ClipboardText(), AsHex(Image().ff().subspan(0x10, 3)));
-  main->Run(CopyText);
+  main->Run(Id::CopyText);
   EXPECT_EQ(ClipboardText(), AsText(Image().ff().subspan(0x10, 3)));
-  main->Run(CopyOffset);
+  main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "000010");
-  EXPECT_EQ(Said(SaveText), "iFile \"demo_000010.bin\" was saved\n\n" + PathText(folder / "demo_000010.bin"));
+  EXPECT_EQ(Said(Id::SaveText), "iFile \"demo_000010.bin\" was saved\n\n" + PathText(folder / "demo_000010.bin"));
   EXPECT_EQ(std::filesystem::file_size(folder / "demo_000010.bin"), 3u);
   Panel().Go(0x11, 0);
-  main->Run(CopyHex);  // the byte under the cursor
+  main->Run(Id::CopyHex);  // the byte under the cursor
   EXPECT_EQ(ClipboardText(), Image().ByteHex(0x11));
-  EXPECT_EQ(Said(SaveText), "!No data for saving !");
-  main->Run(SelectBytes);
-  EXPECT_EQ(Said(CopyHex), "!Selected bytes: 8388608 > 1048576");
+  EXPECT_EQ(Said(Id::SaveText), "!No data for saving !");
+  main->Run(Id::SelectAll);
+  EXPECT_EQ(Said(Id::CopyHex), "!Selected bytes: 8388608 > 1048576");
   EXPECT_EQ(ClipboardText(), Image().ByteHex(0x11));
 }
 
@@ -192,32 +192,32 @@ TEST_F(HexDesk, FindsBytes) {
   std::vector<std::uint8_t> bytes = AllBytes();
   for (const Offset at : {Offset{0}, Offset{0x2345}, last})
     std::copy_n(std::begin({0xDE, 0xAD, 0xBE}), 3, bytes.begin() + at);
-  OpenBytes("marked.bin", bytes, HexView);
-  EXPECT_TRUE(Said(FindNext, "DE AD BE").starts_with("ask Enter the string"));  // nothing was sought yet
+  OpenBytes("marked.bin", bytes, Id::HexView);
+  EXPECT_TRUE(Said(Id::Next, "DE AD BE").starts_with("ask Enter the string"));  // nothing was sought yet
   EXPECT_EQ(Selected(), (Region{0, 3}));
   for (const Offset hit : {Offset{0x2345}, last}) {
-    EXPECT_EQ(Said(FindNext), "");
+    EXPECT_EQ(Said(Id::Next), "");
     EXPECT_EQ(Selected(), (Region{hit, 3}));
   }
-  EXPECT_EQ(Said(FindNext), "!String \"DE AD BE\" wasn't found");
+  EXPECT_EQ(Said(Id::Next), "!String \"DE AD BE\" wasn't found");
   for (const Offset hit : {0x2345, 0}) {
-    EXPECT_EQ(Said(FindPrevious), "");
+    EXPECT_EQ(Said(Id::Previous), "");
     EXPECT_EQ(Selected(), (Region{hit, 3}));
   }
-  EXPECT_EQ(Said(FindPrevious), "!String \"DE AD BE\" wasn't found");
+  EXPECT_EQ(Said(Id::Previous), "!String \"DE AD BE\" wasn't found");
 }
 
 TEST_F(HexDesk, IsEmptyWithoutADocument) {
-  OpenBytes("two.bin", {0xFF, 0x01}, HexView);
+  OpenBytes("two.bin", {0xFF, 0x01}, Id::HexView);
   for (const int key : {WXK_PAGEDOWN, WXK_HOME}) Press(key);
   Press(WXK_END, wxMOD_SHIFT);
   EXPECT_EQ(Selected(), (Region{0, 2}));
   HexPanel& panel = Panel();
-  main->CloseFF();
+  main->Dumps().CloseFF();
   for (const int key : {WXK_DOWN, WXK_END, WXK_PAGEDOWN}) Key(panel.Canvas(), key);
   EXPECT_EQ(panel.Canvas().Selection(), Region());
   EXPECT_EQ(Utf8(panel.Information().GetLabelText()), "");
-  for (int id = GoTo; id <= ChangesToPatch; ++id) EXPECT_FALSE(panel.Commands()->CanRun(id)) << id;
+  for (int id = Id::GoTo; id <= Id::ChangesToPatch; ++id) EXPECT_FALSE(panel.Commands()->CanRun(id)) << id;
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ void Press(int key) {
 }
 
 TEST_F(Desk, CalculatorIsUsedByKeyboardAlone) {
-  Choose(Calc166_Menu);
+  Choose(Id::Calc166_Menu);
   Calc166& calculator = *main->AddressCalculator();
   for (int i = 0; i < 40 && !calculator.Page->HasFocus(); ++i) {
     wxMilliSleep(50);
@@ -34,7 +34,7 @@ TEST_F(Desk, CalculatorIsUsedByKeyboardAlone) {
   EXPECT_EQ(Utf8(calculator.Error()), "Not a number: \"2345G\"");
   Press(WXK_RETURN);
   EXPECT_EQ(main->AddressCalculator(), nullptr);
-  EXPECT_FALSE(Item(Calc166_Menu)->IsChecked());
+  EXPECT_FALSE(Item(Id::Calc166_Menu)->IsChecked());
 }
 
 }  // namespace

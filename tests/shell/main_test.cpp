@@ -8,27 +8,27 @@
 namespace tarvelo {
 namespace {
 
-constexpr int documentEntries[] = {Save, SaveAs, SaveText, Info};
+constexpr int documentEntries[] = {Id::Save, Id::SaveAs, Id::SaveText, Id::Info};
 
 TEST_F(Desk, OpensADump) {
   for (const int id : documentEntries) EXPECT_FALSE(Enabled(id)) << Caption(id);
   script.file = WriteDump("dump.bin");
-  Choose(OpenFF);
+  Choose(Id::OpenFF);
   EXPECT_EQ(script.TakeSaid(), "open Fullflash (*.bin,*.fls)|*.bin;*.fls|All files|*.*");
   EXPECT_TRUE(script.said.empty());
   EXPECT_EQ(Title(), "Tarvelo - Info");
   EXPECT_EQ(Status(1), PathText(*script.file));
   EXPECT_EQ(Status(2), "C55 v24 FD-02");
   EXPECT_NE(InfoText().find("Mobile: C55\n"), std::string::npos) << InfoText();
-  EXPECT_EQ(main->Open().FileName, ToUpper(PathText(*script.file)));
-  EXPECT_EQ(main->Open().FileStem, folder / "dump");
+  EXPECT_EQ(Open().FileName(), ToUpper(PathText(*script.file)));
+  EXPECT_EQ(Open().FileStem(), folder / "dump");
   for (const int id : documentEntries) EXPECT_TRUE(Enabled(id)) << Caption(id);
-  EXPECT_FALSE(Enabled(Files));  // not built yet
-  EXPECT_EQ(Caption(SaveText), "Save info-file");
+  EXPECT_FALSE(Enabled(Id::Files));  // not built yet
+  EXPECT_EQ(Caption(Id::SaveText), "Save info-file");
 
   script.file.reset();
-  for (const int id : {OpenFF, SaveAs}) Choose(id);  // cancelled
-  EXPECT_TRUE(main->Open().IsOpen());
+  for (const int id : {Id::OpenFF, Id::SaveAs}) Choose(id);  // cancelled
+  EXPECT_TRUE(Open().IsOpen());
   EXPECT_TRUE(script.beeps.empty());
 }
 
@@ -39,11 +39,11 @@ TEST_F(Desk, RefusesWhatIsNoDump) {
       {"missing.bin", "!Can't open file !\n\n" + path("missing.bin") + ReadAdvice()},
       {"one.bin", "!The file is empty.\n\n" + path("one.bin")}};
   for (const auto& [name, text] : cases) {
-    main->OpenF(WriteDump("good.bin"));
-    EXPECT_TRUE(main->Open().IsOpen());
-    main->OpenF(folder / name);
+    main->Dumps().OpenF(WriteDump("good.bin"));
+    EXPECT_TRUE(Open().IsOpen());
+    main->Dumps().OpenF(folder / name);
     EXPECT_EQ(script.TakeSaid(), text);
-    EXPECT_FALSE(main->Open().IsOpen());
+    EXPECT_FALSE(Open().IsOpen());
     EXPECT_EQ(InfoText(), "");
     EXPECT_EQ(Status(2), "");
     for (const int id : documentEntries) EXPECT_FALSE(Enabled(id)) << Caption(id);
@@ -53,61 +53,61 @@ TEST_F(Desk, RefusesWhatIsNoDump) {
 TEST_F(Desk, SavesTheImageWithABeep) {
   const auto dump = WriteDump("dump.bin");
   const std::string bytes = ReadAll(dump);
-  main->OpenF(dump);
-  main->Status().SetPanel(StatusBar::imagePanel, "F");
+  main->Dumps().OpenF(dump);
+  main->Bench().status.SetPanel(StatusBar::imagePanel, "F");
 
   script.file = folder / "copy.fls";
-  EXPECT_EQ(Said(SaveAs), "save dump.bin");
+  EXPECT_EQ(Said(Id::SaveAs), "save dump.bin");
   EXPECT_EQ(ReadAll(*script.file), bytes);
   EXPECT_EQ(script.beeps, std::deque<std::string>{"12000 Hz 300 ms"});
   EXPECT_EQ(Status(1), PathText(*script.file));
   EXPECT_EQ(Status(10), "F");  // saving does not clear it
-  EXPECT_EQ(main->Open().FileStem, folder / "copy");
+  EXPECT_EQ(Open().FileStem(), folder / "copy");
 
   folder.Write("copy.fls", std::string("something else"));
-  Choose(Save);  // goes to the file chosen last
+  Choose(Id::Save);  // goes to the file chosen last
   EXPECT_EQ(ReadAll(*script.file), bytes);
   EXPECT_EQ(script.beeps.size(), 2u);
 }
 
 TEST_F(Desk, SavesTheInformation) {
-  main->OpenF(WriteDump("dump.v1.bin"));
+  main->Dumps().OpenF(WriteDump("dump.v1.bin"));
   const auto file = folder / "dump.v1.info";
-  EXPECT_EQ(Said(SaveText), "iInformation was saved in file\n\n" + PathText(file));
+  EXPECT_EQ(Said(Id::SaveText), "iInformation was saved in file\n\n" + PathText(file));
   wxString expected = Wx(InfoText());
   expected.Replace("\n", "\r\n");
   EXPECT_EQ(ReadAll(file), Utf8(expected));
-  main->UnVis();
-  EXPECT_EQ(Said(SaveText), "!No data for saving !");
+  main->Panels().UnVis();
+  EXPECT_EQ(Said(Id::SaveText), "!No data for saving !");
 }
 
 // The panels with lists, and the letters of the files that they are saved in.
-constexpr std::pair<int, char> lists[] = {{EEPROM, 'E'}, {Pictures, 'P'}, {Ringtones, 'R'},
-                                          {Dump, 'D'},   {Hits, 'S'},     {ComparePanelMenu, 'C'}};
+const std::pair<int, char> lists[] = {{eeprom, 'E'}, {pictures, 'P'}, {ringtones, 'R'},
+                                          {Id::Dump, 'D'},   {Id::Hits, 'S'},     {Id::ComparePanel, 'C'}};
 
 TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
-  OpenDemo(Info);
+  OpenDemo(Id::Info);
   std::vector<std::uint8_t> second = AllBytes();
   second[0x700] ^= 1;
   script.file = folder.Write("second.bin", second);
-  Said(CompareWith);
-  Said(Search, "5349454D454E53");
+  Said(Id::CompareWith);
+  Said(Id::Search, "5349454D454E53");
   std::vector<ListView*> views;
   for (const auto& [panel, letter] : lists) {
     Choose(panel);
     EXPECT_EQ(Title(), "Tarvelo - " + Caption(panel));
-    EXPECT_EQ(Caption(SaveText), "Save list as text");
+    EXPECT_EQ(Caption(Id::SaveText), "Save list as text");
     views.push_back(&List());
     const auto rows = static_cast<long>(List().RowCount());
     ASSERT_GT(rows, 0);
     std::string last = RowOf(List(), List().RowCount() - 1);
     last.replace(last.size() - 1, 1, "\r\n");
     const auto file = folder / (std::string("demo_") + letter + ".txt");
-    EXPECT_EQ(Said(SaveText), "iList was saved in file\n\n" + PathText(file));
+    EXPECT_EQ(Said(Id::SaveText), "iList was saved in file\n\n" + PathText(file));
     const std::string saved = ReadAll(file);
     EXPECT_EQ(std::ranges::count(saved, '\n'), 1 + rows) << Title();
     EXPECT_TRUE(saved.ends_with(last)) << last;
-    EXPECT_EQ(main->Open().FileName, PathText(file));
+    EXPECT_EQ(Open().FileName(), PathText(file));
   }
   const std::string found = InfoText();
   for (const char* line : {"Number of EEPROM-blocks: 241\nNumber of deleted blocks: 126\n",
@@ -122,20 +122,20 @@ TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
   }
   EXPECT_EQ(InfoText(), found);  // nothing was sought twice
 
-  main->OpenF(WriteDump("other.bin"));
+  main->Dumps().OpenF(WriteDump("other.bin"));
   EXPECT_EQ(Title(), "Tarvelo - Info");
   for (const ListView* view : views) EXPECT_EQ(view->RowCount(), 0u);
   for (int figure = 3; figure <= StatusBar::panels; ++figure) EXPECT_EQ(Status(figure), "");
 }
 
 TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
-  OpenBytes("two.bin", {0xFC, 0xFC}, Info);
+  OpenBytes("two.bin", {0xFC, 0xFC}, Id::Info);
   for (const auto& [panel, letter] : lists) {
-    if (panel == Dump) continue;  // has a region always
+    if (panel == Id::Dump) continue;  // has a region always
     Choose(panel);
     EXPECT_EQ(List().RowCount(), 0u);
-    for (int id = ShowPic; id <= DifferencesToPatch; ++id) {
-      if (!main->Visible()->Commands()->Find(id)) continue;
+    for (int id = Id::ShowPic; id <= Id::DifferencesToPatch; ++id) {
+      if (!main->Panels().Visible()->Commands()->Find(id)) continue;
       const std::string said = Said(id);
       EXPECT_TRUE(said.empty() || said.starts_with("ask ") || said.starts_with("!Error ! Block ")) << said;
       EXPECT_EQ(Title(), "Tarvelo - " + Caption(panel));
@@ -147,26 +147,26 @@ TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
 }
 
 TEST_F(Desk, TellsWhatEndedACommand) {
-  main->OpenF(WriteDump("dump.bin"));
+  main->Dumps().OpenF(WriteDump("dump.bin"));
   const std::pair<std::function<void()>, std::string> faults[] = {
       {[] { throw std::out_of_range("at 5"); }, "It read past the end of the image.\nat 5"},
       {[] { throw std::overflow_error("at 6"); }, "A number in the image is too large.\nat 6"},
       {[] { throw std::bad_alloc(); }, "There is not enough memory."},
       {[] { throw std::length_error("too many"); }, "too many"}};
   for (const auto& [fault, text] : faults) {
-    main->RunGuarded("Search", fault);
+    main->Bench().talk.Guard("Search", fault);
     EXPECT_EQ(script.TakeSaid(), "!The command \"Search\" failed.\n\n" + text);
-    EXPECT_TRUE(main->Open().IsOpen());
+    EXPECT_TRUE(Open().IsOpen());
   }
 }
 
 TEST_F(Desk, AsksOnceAboutUnsavedData) {
   const std::string question = "?Exist unsaved data in patch !\nAre you sure to continue ?";
   const auto dump = WriteDump("dump.bin");
-  main->OpenF(dump);
-  main->Status().SetPanel(StatusBar::patchPanel, "P");
-  const std::function<void()> ways[] = {[&] { Choose(OpenFF); }, [&] { Choose(File1); },
-                                        [&] { main->Close(); }, [&] { Choose(ExitM); }, [&] { Drop(dump); }};
+  main->Dumps().OpenF(dump);
+  main->Bench().status.SetPanel(StatusBar::patchPanel, "P");
+  const std::function<void()> ways[] = {[&] { Choose(Id::OpenFF); }, [&] { Choose(Id::File1); },
+                                        [&] { main->Close(); }, [&] { Choose(Id::ExitM); }, [&] { Drop(dump); }};
   for (const auto& way : ways) {
     way();
     EXPECT_EQ(script.TakeSaid(), question);
@@ -181,24 +181,24 @@ TEST_F(Desk, AsksOnceAboutUnsavedData) {
 }
 
 TEST_F(Desk, OpensWhatTheCommandLineNames) {
-  main->OpenNamed("my.adr");
+  main->Dumps().OpenNamed("my.adr");
   EXPECT_EQ(script.TakeSaid(), "!Address books can't be opened.\n\nmy.adr");
-  main->OpenNamed("");
+  main->Dumps().OpenNamed("");
   EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + ReadAdvice());
-  main->OpenNamed(PathText(WriteDump("dump.bin")));
-  EXPECT_TRUE(main->Open().IsOpen());
+  main->Dumps().OpenNamed(PathText(WriteDump("dump.bin")));
+  EXPECT_TRUE(Open().IsOpen());
 }
 
 TEST_F(Desk, RemembersFiveFilesOverARestart) {
   const std::array<std::filesystem::path, 6> files{folder / "x=y.bin",   folder / "Дамп.bin",
                                                    folder / "3 & 4.bin", folder / "a b.bin",
                                                    folder / "5.bin",     folder / "oldest.bin"};
-  for (std::size_t i = files.size(); i-- > 0;) main->OpenF(WriteDump(files[i]));
-  main->OpenF(files[2]);  // is in the list: stays where it is
+  for (std::size_t i = files.size(); i-- > 0;) main->Dumps().OpenF(WriteDump(files[i]));
+  main->Dumps().OpenF(files[2]);  // is in the list: stays where it is
   Restart();
   for (int i = 0; i < 5; ++i)
-    EXPECT_EQ(Caption(File1 + i), std::to_string(i + 1) + " " + PathText(files[static_cast<std::size_t>(i)]));
-  Choose(File1 + 2);
+    EXPECT_EQ(Caption(Id::File1 + i), std::to_string(i + 1) + " " + PathText(files[static_cast<std::size_t>(i)]));
+  Choose(Id::File1 + 2);
   EXPECT_EQ(Status(1), PathText(files[2]));
 }
 
@@ -211,11 +211,11 @@ TEST_F(Desk, ComesBackWhereItStood) {
 }
 
 TEST_F(Desk, ShowsProgressWhileItReads) {
-  const wxWindow* bar = main->Status().GetChildren().GetFirst()->GetData();
-  main->Status().Start(0, 100);
+  const wxWindow* bar = main->Bench().status.GetChildren().GetFirst()->GetData();
+  main->Bench().status.Start(0, 100);
   EXPECT_TRUE(bar->IsShown());
   EXPECT_GT(bar->GetSize().x, 50);
-  main->Status().Finish();
+  main->Bench().status.Finish();
   EXPECT_FALSE(bar->IsShown());
 }
 

@@ -41,9 +41,9 @@ void CheckMenu(const wxMenu& menu, std::set<wxString>& shortcuts) {
 }
 
 TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
-  main->OpenF(WriteDump("dump.bin"));
+  main->Dumps().OpenF(WriteDump("dump.bin"));
   for (const MenuEntry& panel : PanelEntries()) {
-    if (panel.id == MenuNone || !Enabled(panel.id)) continue;
+    if (panel.id == Id::None || !Enabled(panel.id)) continue;
     Choose(panel.id);
     for (const Language& language : Languages()) {
       main->ApplyLang(language);
@@ -56,60 +56,60 @@ TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
         CheckMenu(*bar.GetMenu(menu), shortcuts);
       }
       CheckLabels(titles);
-      EXPECT_EQ(Caption(OpenFF), Messages(language).Msg(Text::Open));
+      EXPECT_EQ(Caption(Id::OpenFF), Messages(language).Msg(Text::Open));
     }
   }
 }
 
 TEST_F(Desk, ExcusesOnlyWhatCannotBeDone) {
-  constexpr int notBuilt = 338;
-  main->OpenF(WriteDump("dump.bin"));
+  main->Dumps().OpenF(WriteDump("dump.bin"));
   for (const MenuGroup& group : MenuBarTable())
     for (const MenuEntry& entry : group.entries) {
-      if (entry.message == 0 || entry.id == Quillo) continue;
-      EXPECT_EQ(entry.help != notBuilt, Enabled(entry.id)) << Caption(entry.id);
+      if (entry.caption == Text{} || entry.id == Id::Quillo) continue;
+      EXPECT_EQ(entry.help != Text::HelpNotBuilt, Enabled(entry.id)) << Caption(entry.id);
     }
 }
 
 TEST_F(Desk, ShowsHelpInPlaceOfTheHintUntilTheMenuCloses) {
-  const auto shown = [&](int panel) { return Utf8(main->Status().GetStatusText(panel - 1)); };
+  const auto shown = [&](int panel) { return Utf8(main->Bench().status.GetStatusText(panel - 1)); };
   const auto send = [&](wxEventType type, int id) {
     wxMenuEvent event(type, id);
     main->ProcessWindowEvent(event);
   };
   const auto dump = WriteDump("dump.bin");
-  main->OpenF(dump);
+  main->Dumps().OpenF(dump);
   const std::string phone = Status(2);
-  send(wxEVT_MENU_HIGHLIGHT, Save);
-  EXPECT_EQ(shown(2), Utf8(Item(Save)->GetHelp()));
+  send(wxEVT_MENU_HIGHLIGHT, Id::Save);
+  EXPECT_EQ(shown(2), Utf8(Item(Id::Save)->GetHelp()));
   EXPECT_EQ(Status(2), phone);  // which the patch file names
-  send(wxEVT_MENU_HIGHLIGHT, MenuNone);
+  send(wxEVT_MENU_HIGHLIGHT, Id::None);
   EXPECT_EQ(shown(2), phone);
-  send(wxEVT_MENU_HIGHLIGHT, File1);
-  EXPECT_EQ(shown(2), Utf8(Item(File1)->GetHelp()));
-  main->Status().SetPanel(2, "new");
-  EXPECT_EQ(shown(2), Utf8(Item(File1)->GetHelp()));
+  send(wxEVT_MENU_HIGHLIGHT, Id::File1);
+  EXPECT_EQ(shown(2), Utf8(Item(Id::File1)->GetHelp()));
+  main->Bench().status.SetPanel(2, "new");
+  EXPECT_EQ(shown(2), Utf8(Item(Id::File1)->GetHelp()));
   send(wxEVT_MENU_CLOSE, 0);
   EXPECT_EQ(shown(2), "new");
   EXPECT_EQ(shown(1), PathText(dump));
 }
 
 TEST_F(Desk, TakesTheLanguageOverARestart) {
-  main->OpenF(WriteDump("dump.bin"));
-  Choose(FirstLanguage + 10);  // Greek
+  main->Dumps().OpenF(WriteDump("dump.bin"));
+  Choose(Id::FirstLanguage + 10);  // Greek
   const Messages greek(*FindLanguage("GR"));
   EXPECT_EQ(Title(), "Tarvelo - " + std::string(greek.Msg(Text::Info)));
-  EXPECT_EQ(Caption(SaveText), greek.Msg(Text::SaveInfoFile));
-  for (const auto& [panel, message] : {std::pair(4, 272), {6, 226}, {9, 172}, {10, 174}})
-    EXPECT_EQ(Utf8(main->Status().Tooltip(panel)), greek.Msg(message));
+  EXPECT_EQ(Caption(Id::SaveText), greek.Msg(Text::SaveInfoFile));
+  for (const auto& [panel, message] : {std::pair(4, Text::TipBlockCounts), {6, Text::TipPictureCounts}, {9, Text::TipPatchChanged},
+                                   {10, Text::TipFullflashChanged}})
+    EXPECT_EQ(Utf8(main->Bench().status.Tooltip(panel)), greek.Msg(message));
   EXPECT_EQ(Settings(SettingsFile()).GetIni("General", "Language"), "GR");
   EXPECT_NE(InfoText().find("Loading base"), std::string::npos);  // texts keep their language
 #ifdef __WXMSW__  // elsewhere fonts have every character, whatever is asked for
   EXPECT_EQ(main->InfoText().Window().GetFont().GetEncoding(), wxFONTENCODING_CP1253);
 #endif
   Restart();
-  EXPECT_EQ(Caption(OpenFF), greek.Msg(Text::Open));
-  EXPECT_TRUE(Item(FirstLanguage + 10)->IsChecked());
+  EXPECT_EQ(Caption(Id::OpenFF), greek.Msg(Text::Open));
+  EXPECT_TRUE(Item(Id::FirstLanguage + 10)->IsChecked());
 }
 
 TEST(Mnemonics, TakeTheFirstFreeLetter) {

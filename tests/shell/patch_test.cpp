@@ -15,11 +15,11 @@ const std::string phone = "C55 v24 FD-02";
 class PatchDesk : public Desk {
  protected:
   PatchDesk() {
-    main->OpenF(WriteDump("phone.bin"));
-    Choose(PatchMenu);
+    main->Dumps().OpenF(WriteDump("phone.bin"));
+    Choose(Id::PatchMenu);
   }
 
-  [[nodiscard]] PatchPanel& Panel() const { return main->Patch(); }
+  [[nodiscard]] PatchPanel& Panel() const { return Patch(); }
   [[nodiscard]] PatchEditor& Editor() const { return Panel().Patch(); }
   [[nodiscard]] std::string Document() const { return Editor().Document(); }
   [[nodiscard]] std::filesystem::path File() const { return folder / "phone.qpt"; }
@@ -27,19 +27,19 @@ class PatchDesk : public Desk {
 
 TEST_F(PatchDesk, TakesPatchesOneBelowTheOther) {
   EXPECT_EQ(Title(), "Tarvelo - Patch");
-  EXPECT_EQ(Caption(SaveText), "Save patch");
+  EXPECT_EQ(Caption(Id::SaveText), "Save patch");
   Panel().AddPatch("Block 71", "1A: 00 FF\n1C: 00 FF", true);
   EXPECT_EQ(script.TakeSaid(), "[Tarvelo - Was added patch \"Block 71\"];Block 71\n\n1A: 00 FF\n1C: 00 FF");
   Panel().AddPatch("Привет", "10: 00 01", false);
   EXPECT_TRUE(script.said.empty());
   const std::string first = PatchBlock("Block 71", "1A: 00 FF\n1C: 00 FF");
   EXPECT_EQ(Document(), first + PatchBlock("Привет", "10: 00 01"));
-  main->Run(UndoPatch);
+  main->Run(Id::Undo);
   EXPECT_EQ(Document(), first);
-  main->Run(UndoPatch);
+  main->Run(Id::Undo);
   EXPECT_EQ(Document(), "");
   EXPECT_EQ(Status(9), "");
-  main->Run(RedoPatch);
+  main->Run(Id::Redo);
   EXPECT_EQ(Document(), first);
 }
 
@@ -47,24 +47,24 @@ TEST_F(PatchDesk, IsUnsavedFromAnyChangeUntilItIsSaved) {
   EXPECT_EQ(Status(9), "");
   Editor().AddText("1A: 00 FF");  // as if typed
   EXPECT_EQ(Status(9), "P");
-  EXPECT_EQ(Said(SaveText), "iPatch was saved in file\n\n" + PathText(File()));
+  EXPECT_EQ(Said(Id::SaveText), "iPatch was saved in file\n\n" + PathText(File()));
   EXPECT_EQ(ReadAll(File()), PatchFile(phone, "1A: 00 FF"));
   EXPECT_EQ(Status(9), "");
-  main->Run(UndoPatch);
+  main->Run(Id::Undo);
   EXPECT_EQ(Status(9), "");  // it is empty again
-  main->Run(RedoPatch);
+  main->Run(Id::Redo);
   EXPECT_EQ(Status(9), "P");
-  main->Run(SelectPatch);
-  main->Run(CutPatch);
+  main->Run(Id::SelectAll);
+  main->Run(Id::Cut);
   EXPECT_EQ(Status(9), "");
-  main->Run(SavePatchFile);
+  main->Run(Id::SavePatch);
   EXPECT_EQ(ReadAll(File()), PatchFile(phone, ""));
 }
 
 TEST_F(PatchDesk, GoesWithTheFullflash) {
   Panel().AddPatch("one", "10: 00 01", false);
   script.confirm = true;
-  main->OpenChosen(WriteDump("other.bin"));
+  main->Dumps().OpenChosen(WriteDump("other.bin"));
   EXPECT_EQ(Document(), "");
   EXPECT_EQ(Status(9), "");
   EXPECT_FALSE(Editor().CanUndo());
@@ -74,12 +74,12 @@ TEST_F(PatchDesk, IsSearchedRoundAndRound) {
   Panel().AddPatch("Привет", "1A: 00 FF", false);
   Panel().AddPatch("ПРИВЕТ", "1C: 00 FF", false);
   Editor().GotoPos(0);
-  Said(FindPatch, "привет");
+  Said(Id::Find, "привет");
   for (const char* found : {"Привет", "ПРИВЕТ", "Привет"}) {
     EXPECT_EQ(Utf8(Editor().GetSelectedText()), found);
-    EXPECT_EQ(Said(FindMorePatch), "");
+    EXPECT_EQ(Said(Id::FindMore), "");
   }
-  EXPECT_EQ(Said(FindPatch, "1D"), "ask Enter the string for search: привет | !String \"1D\" wasn't found");
+  EXPECT_EQ(Said(Id::Find, "1D"), "ask Enter the string for search: привет | !String \"1D\" wasn't found");
 }
 
 TEST_F(PatchDesk, MarksCommentsAndLinesThatAreNoPatch) {
@@ -102,24 +102,24 @@ TEST_F(PatchDesk, ShortcutOfTheMenuBarReachesIt) {
 }
 
 TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
-  EXPECT_FALSE(Enabled(Quillo));  // none is known
+  EXPECT_FALSE(Enabled(Id::Quillo));  // none is known
   script.registry["HKCR\\Quillo.bin\\shell\\open\\command\\"] = R"("C:\Quillo\quillo.exe" "%1")";
   Restart();
-  main->OpenF(folder / "phone.bin");
-  Choose(Quillo);  // nothing is unsaved
+  main->Dumps().OpenF(folder / "phone.bin");
+  Choose(Id::Quillo);  // nothing is unsaved
   EXPECT_TRUE(script.said.empty());
   EXPECT_FALSE(FileExist(File()));
   EXPECT_EQ(script.started.back(), R"(run "C:\Quillo\quillo.exe" ")" + PathText(File()) + '"');
 
   Panel().AddPatch("one", "10: 00 01", false);
-  EXPECT_EQ(Said(Quillo), "iPatch was saved in file\n\n" + PathText(File()));
+  EXPECT_EQ(Said(Id::Quillo), "iPatch was saved in file\n\n" + PathText(File()));
   EXPECT_EQ(ReadAll(File()), PatchFile(phone, PatchBlock("one", "10: 00 01")));
   EXPECT_EQ(script.started.size(), 2u);
 
   Panel().AddPatch("two", "10: 00 01", false);
   RemoveFile(File());
   MakeFolder(File());  // in the way
-  EXPECT_EQ(Said(Quillo), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
+  EXPECT_EQ(Said(Id::Quillo), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
   EXPECT_EQ(script.started.size(), 2u);  // not started with what is old
 }
 

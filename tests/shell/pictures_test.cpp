@@ -12,7 +12,7 @@ namespace {
 // The demonstration fullflash with its Pictures panel open.
 class PicturesDesk : public Desk {
  protected:
-  PicturesDesk() { OpenDemo(Pictures); }
+  PicturesDesk() { OpenDemo(pictures); }
 
   [[nodiscard]] PicturesPanel& Panel() { return Shown<PicturesPanel>(); }
   [[nodiscard]] const Picture& PictureAt(std::size_t row) { return Panel().Pictures().pictures.at(row); }
@@ -27,21 +27,21 @@ TEST_F(PicturesDesk, ListAndGalleryFollowEachOther) {
   EXPECT_EQ(Panel().Pic().GetBitmap()->width, PictureAt(7).width);
   Panel().AllPictures().onSelect(9);
   EXPECT_EQ(List().Selected(), 9u);
-  Choose(Info);
-  Choose(Pictures);  // begins with the first again
+  Choose(Id::Info);
+  Choose(pictures);  // begins with the first again
   EXPECT_EQ(List().Selected(), 0u);
 }
 
 TEST_F(PicturesDesk, AreSavedAsBitmaps) {
   List().Select(7);
   const auto file = folder / "BMP" / "demo_0007.bmp";
-  EXPECT_EQ(Said(SavePic), "iPicture \"7\" was saved in file\n\n" + PathText(file));
+  EXPECT_EQ(Said(Id::SavePic), "iPicture \"7\" was saved in file\n\n" + PathText(file));
   EXPECT_EQ(wxImage(WxPath(file), wxBITMAP_TYPE_BMP).GetSize(),
             wxSize(PictureAt(7).width, PictureAt(7).height));
   EXPECT_FALSE(FileExist(folder / "BMP" / "demo_0007.png"));
 
-  main->Run(SavePng);
-  EXPECT_EQ(Said(SaveAllPic), "iAll pictures were saved to\n\n" + PathText(folder / "BMP" / "NNNN.bmp"));
+  main->Run(Id::SavePng);
+  EXPECT_EQ(Said(Id::SaveAllPic), "iAll pictures were saved to\n\n" + PathText(folder / "BMP" / "NNNN.bmp"));
   const std::filesystem::directory_iterator files(folder / "BMP");
   EXPECT_EQ(std::distance(begin(files), end(files)), static_cast<long>(2 * List().RowCount()));
   EXPECT_EQ(List().Selected(), 7u);
@@ -49,11 +49,11 @@ TEST_F(PicturesDesk, AreSavedAsBitmaps) {
 }
 
 TEST_F(PicturesDesk, AreSearchedInAnyColumn) {
-  EXPECT_EQ(Said(FindP, "2a0"), "ask Enter the string for search: ");
+  EXPECT_EQ(Said(Id::Find, "2a0"), "ask Enter the string for search: ");
   const auto first = *List().Selected();
-  main->Run(FindMoreP);
+  main->Run(Id::FindMore);
   EXPECT_GT(*List().Selected(), first);
-  EXPECT_EQ(Said(FindP, "no such"),
+  EXPECT_EQ(Said(Id::Find, "no such"),
             "ask Enter the string for search: 2a0 | !String \"no such\" wasn't found");
 }
 
@@ -74,28 +74,28 @@ TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
 
 TEST_F(PicturesDesk, GoToTheClipboard) {
   List().Select(1);
-  main->Run(OffsetP);
+  main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "280004");
   List().CopyRows();
   EXPECT_EQ(ClipboardText().substr(0, 30), "P\tN/P\tN\tX\tY\tB\tOffset\tSize\tUnco");
   EXPECT_NE(ClipboardText().find("\n1\t001\t   1\t"), std::string::npos);
-  main->Run(CopyPic);
+  main->Run(Id::CopyPic);
   const wxClipboardLocker lock;
   EXPECT_TRUE(wxTheClipboard->IsSupported(wxDF_BITMAP));
 }
 
 TEST_F(PicturesDesk, ZoomStaysWithinBounds) {
-  for (int i = 0; i < 20; ++i) main->Run(ZoomIn);
+  for (int i = 0; i < 20; ++i) main->Run(Id::ZoomIn);
   EXPECT_EQ(Panel().Pic().Zoom(), 16);
-  for (int i = 0; i < 20; ++i) main->Run(ZoomOut);
+  for (int i = 0; i < 20; ++i) main->Run(Id::ZoomOut);
   EXPECT_EQ(Panel().Pic().Zoom(), 1);
 }
 
 TEST_F(PicturesDesk, GoWithTheDocument) {
-  main->OpenF(WriteDump("other.bin"));
-  Choose(Pictures);
+  main->Dumps().OpenF(WriteDump("other.bin"));
+  Choose(pictures);
   EXPECT_FALSE(Panel().Pic().GetBitmap());
-  EXPECT_FALSE(Panel().Commands()->CanRun(SaveAllPic));
+  EXPECT_FALSE(Panel().Commands()->CanRun(Id::SaveAllPic));
 }
 
 TEST(ToImage, EnlargesPixelsAndShowsTheCheckerboard) {

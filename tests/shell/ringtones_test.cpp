@@ -12,14 +12,14 @@ using Beeps = std::deque<std::string>;
 class RingtonesDesk : public Desk {
  protected:
   RingtonesDesk() {
-    OpenDemo(Ringtones);
+    OpenDemo(ringtones);
     panel = &Shown<RingtonesPanel>();
   }
 
   [[nodiscard]] PianoRoll& Roll() { return panel->Roll(); }
   [[nodiscard]] std::string Headline() { return Utf8(Roll().Headline()); }
   [[nodiscard]] std::filesystem::path Saved(const std::string& name) const { return folder / "MIDI" / name; }
-  bool Press(int key) { return Key(panel->ListR().Control(), key); }
+  bool Press(int key) { return Key(panel->List().Control(), key); }
 
   // Selects a row as a click does.
   void ClickRow(std::size_t row) {
@@ -56,18 +56,18 @@ TEST_F(RingtonesDesk, AreListedAndTheFirstIsShown) {
   EXPECT_EQ(Roll().Notes().front().frequency, 659);
   EXPECT_TRUE(script.beeps.empty());
   List().Select(4);
-  Choose(Info);
-  Choose(Ringtones);
+  Choose(Id::Info);
+  Choose(ringtones);
   EXPECT_EQ(List().Selected(), 4u);
-  main->OpenF(WriteDump("other.bin"));
-  Choose(Ringtones);
+  main->Dumps().OpenF(WriteDump("other.bin"));
+  Choose(ringtones);
   EXPECT_TRUE(Roll().Notes().empty());
 }
 
 TEST_F(RingtonesDesk, TextIsPlayedToneByTone) {
   EXPECT_EQ(Played("440:500 880:250"), (Beeps{"440 Hz 500 ms", "880 Hz 250 ms"}));
   EXPECT_EQ(Roll().Length(), 32000);  // of the selected one again
-  EXPECT_EQ(Said(PlayText, "1000:20000 1000:10000"),
+  EXPECT_EQ(Said(Id::PlayText, "1000:20000 1000:10000"),
             "ask Enter the ringtone in text-format: 440:500 880:250");
   EXPECT_EQ(script.beeps.back(), "1000 Hz 10000 ms");
   EXPECT_EQ(Played(""), Beeps());  // cancelled
@@ -77,12 +77,12 @@ TEST_F(RingtonesDesk, FilesAreSavedAndOpened) {
   for (const auto& [row, name, magic] :
        {std::tuple(5u, "demo_0006.mid", "MThd"), std::tuple(6u, "demo_0007.wav", "RIFF")}) {
     List().Select(row);
-    main->Run(Play);
+    main->Run(Id::Play);
     EXPECT_EQ(script.started.back(), "open " + PathText(Saved(name)));
     EXPECT_EQ(ReadAll(Saved(name)).substr(0, 4), magic);
     EXPECT_EQ(std::filesystem::file_size(Saved(name)), std::stoul(Cell(row, 5)));
     EXPECT_TRUE(Roll().Notes().empty());
-    EXPECT_FALSE(panel->Commands()->CanRun(CopyR));
+    EXPECT_FALSE(panel->Commands()->CanRun(Id::CopyR));
   }
   EXPECT_EQ(Utf8(Roll().Text()), "WAVE\nSize: 12044\n1.5 s");
   EXPECT_TRUE(script.beeps.empty());
@@ -96,13 +96,13 @@ TEST_F(RingtonesDesk, NothingElseRunsWhileOnePlays) {
   EXPECT_EQ(all, Played(text, [&] {
               EXPECT_TRUE(Press('A'));  // kept from the list
               EXPECT_EQ(Status(2), "Escape stops");
-              EXPECT_TRUE(panel->Commands()->CanRun(StopPlaying));
-              EXPECT_FALSE(panel->Commands()->CanRun(Play));
-              main->Run(Play);
+              EXPECT_TRUE(panel->Commands()->CanRun(Id::StopPlaying));
+              EXPECT_FALSE(panel->Commands()->CanRun(Id::Play));
+              main->Run(Id::Play);
               EXPECT_EQ(Roll().Length(), 4);
             }));
   EXPECT_EQ(two, Played(text, [&] { EXPECT_TRUE(Press(WXK_ESCAPE)); }));
-  EXPECT_EQ(two, Played(text, [&] { main->ProcessCommand(StopPlaying); }));
+  EXPECT_EQ(two, Played(text, [&] { main->ProcessCommand(Id::StopPlaying); }));
 
   // These stop it and are done after it.
   EXPECT_EQ(two, Played(text, [&] {
@@ -112,7 +112,7 @@ TEST_F(RingtonesDesk, NothingElseRunsWhileOnePlays) {
   Settle();
   EXPECT_EQ(Roll().Length(), 13851);
   EXPECT_EQ(two, Played(text, [&] {
-              main->ProcessCommand(Info);
+              main->ProcessCommand(Id::Info);
               EXPECT_EQ(Title(), "Tarvelo - Ringtones");
             }));
   Settle();
@@ -126,13 +126,13 @@ TEST_F(RingtonesDesk, PlayingEndsBeforeTheDocumentGoes) {
     files.Add(WxPath(other));
     dynamic_cast<wxFileDropTarget*>(List().Control().GetDropTarget())->OnDropFiles(0, 0, files);
     Settle();
-    EXPECT_EQ(main->Open().path.filename(), "demo.bin");
+    EXPECT_EQ(Open().Path().filename(), "demo.bin");
   });
   EXPECT_EQ(heard.size(), 2u);
   Settle();
-  EXPECT_EQ(main->Open().path, other);
+  EXPECT_EQ(Open().Path(), other);
 
-  Choose(Ringtones);
+  Choose(ringtones);
   EXPECT_EQ(Played("440:1 441:1 442:1", [&] { EXPECT_FALSE(main->Close()); }).size(), 2u);
   main = nullptr;  // closes now
   Settle();
@@ -142,26 +142,26 @@ TEST_F(RingtonesDesk, PlayingEndsBeforeTheDocumentGoes) {
 TEST_F(RingtonesDesk, AutoplayFollowsTheUserAlone) {
   ClickRow(1);
   EXPECT_TRUE(script.beeps.empty());
-  main->Run(Autoplay);
+  main->Run(Id::Autoplay);
   ClickRow(2);
   EXPECT_EQ(script.beeps.size(), 36u);
   EXPECT_FALSE(panel->Player().IsPlaying());
   EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");  // the hint has gone
-  main->Run(Play);
+  main->Run(Id::Play);
   EXPECT_EQ(script.beeps.size(), 72u);
   script.beeps.clear();
-  main->OpenF(main->Open().path);
-  Choose(Ringtones);  // selects the first
+  main->Dumps().OpenF(Open().Path());
+  Choose(ringtones);  // selects the first
   EXPECT_EQ(List().Selected(), 0u);
   EXPECT_TRUE(script.beeps.empty());
 }
 
 TEST_F(RingtonesDesk, GoToTheClipboardAndToTheHexEditor) {
-  main->Run(CopyR);
+  main->Run(Id::CopyR);
   EXPECT_EQ(ClipboardText(), Cell(0, 7));
-  main->Run(OffsetR);
+  main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "330400");
-  main->Run(OpenDescR);  // there is no hex editor: the hex view comes
+  main->Run(Id::OpenEntry);  // there is no hex editor: the hex view comes
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
 }
 

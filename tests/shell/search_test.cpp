@@ -12,13 +12,13 @@ class SearchDesk : public Desk {
   void OpenImage(std::size_t size, const std::map<std::size_t, std::uint8_t>& bytes) {
     std::vector<std::uint8_t> image(size);
     for (const auto& [offset, byte] : bytes) image.at(offset) = byte;
-    OpenBytes("image.bin", image, Info);
+    OpenBytes("image.bin", image, Id::Info);
     before = InfoText();
   }
 
   // Searches, and returns what is said without the question for the pattern.
   std::string SearchFor(const std::string& pattern) {
-    const std::string said = Said(Search, pattern);
+    const std::string said = Said(Id::Search, pattern);
     EXPECT_TRUE(said.starts_with("ask Enter the string for search\n\nExa")) << said;
     const auto rest = said.find(" | ");
     return rest == said.npos ? std::string() : said.substr(rest + 3);
@@ -26,7 +26,7 @@ class SearchDesk : public Desk {
 
   // What was added to the information text since the image was opened.
   [[nodiscard]] std::string Added() const { return InfoText().substr(before.size()); }
-  [[nodiscard]] ListView& Found() const { return main->FoundHits().ListS(); }
+  [[nodiscard]] ListView& Found() const { return dynamic_cast<HitsPanel&>(*main->Panels().Of(Id::Hits)).List(); }
   [[nodiscard]] std::string Row(std::size_t row) const { return RowOf(Found(), row); }
 
   std::string before;
@@ -34,7 +34,7 @@ class SearchDesk : public Desk {
 
 TEST_F(SearchDesk, HitsAreAddedToTheTextAndListed) {
   OpenImage(0x100000, {{0x2345, 0xE6}, {0x2346, 0xFF}, {0x2347, 0x41}, {0x2349, 0xE6}});
-  main->WriteImage(0x1A2B4, std::vector<std::uint8_t>{0xE6, 0x12, 0x41, 0x00, 0xE6});
+  Open().Write(0x1A2B4, std::vector<std::uint8_t>{0xE6, 0x12, 0x41, 0x00, 0xE6});
   const std::string name = "Search \"E6??41,00 E6\" :";
   const std::string lines = "  1. 002345: E6FF4100E6\n  2. 01A2B4: E6124100E6";
   EXPECT_EQ(SearchFor("e6??41,00 e6"),
@@ -50,22 +50,22 @@ TEST_F(SearchDesk, ListIsWalkedWithTheKeys) {
   OpenImage(0x1000, {{0x10, 7}, {0x11, 7}, {0x12, 7}, {0x800, 7}, {0x801, 7}});
   SearchFor("0707");
   EXPECT_EQ(Found().RowCount(), 3u);  // the first two overlap
-  main->Run(PreviousHit);
+  main->Run(Id::Previous);
   EXPECT_EQ(Found().Selected(), 0u);
   for (const std::size_t row : {1u, 2u, 2u}) {
-    main->Run(NextHit);
+    main->Run(Id::Next);
     EXPECT_EQ(Found().Selected(), row);
   }
-  main->Run(PreviousHit);
-  main->Run(OffsetHit);
+  main->Run(Id::Previous);
+  main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "000011");
   Found().SortBy(1);
   Found().SortBy(1);  // descending
-  main->Run(NextHit);
+  main->Run(Id::Next);
   EXPECT_EQ(Found().Selected(), 0u);
-  main->Run(OpenHit);
+  main->Run(Id::OpenHex);
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
-  Choose(Hits);
+  Choose(Id::Hits);
   EXPECT_EQ(Found().Selected(), 0u);
 }
 
@@ -76,7 +76,7 @@ TEST_F(SearchDesk, NotFoundIsToldWithThePatternInCapitals) {
   EXPECT_EQ(Title(), "Tarvelo - Info");
   SearchFor("1122");
   EXPECT_EQ(Found().RowCount(), 1u);
-  EXPECT_TRUE(Said(Search).ends_with(": 1122"));  // cancelled: the last pattern was offered
+  EXPECT_TRUE(Said(Id::Search).ends_with(": 1122"));  // cancelled: the last pattern was offered
   EXPECT_EQ(Found().RowCount(), 1u);
   SearchFor("33");
   EXPECT_EQ(Found().RowCount(), 0u);

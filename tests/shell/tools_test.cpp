@@ -30,7 +30,7 @@ class ToolsDesk : public Desk {
   void StartWith(const std::string& hexEditor) {
     Restart(hexEditor);
     script.started.clear();
-    main->OpenF(WriteDump("my dump.bin"));
+    main->Dumps().OpenF(WriteDump("my dump.bin"));
   }
 
   [[nodiscard]] std::string Dump() const { return PathText(folder / "my dump.bin"); }
@@ -39,8 +39,8 @@ class ToolsDesk : public Desk {
 TEST_F(ToolsDesk, HexEditorIsACommand) {
   script.registry["HKCR\\HexWorkshop\\shell\\open\\command\\"] = "hw.exe \"%1\"";
   StartWith("HexWorkshop");
-  main->ShowBl(0x1234, 12);
-  Choose(View);
+  ShowBl(0x1234, 12);
+  Choose(Id::View);
   const std::string command = "run hw.exe \"" + Dump() + "\"";
   EXPECT_EQ(script.started, (std::deque{command + " /GOTO:0x001234 /SELECT:12", command}));
   EXPECT_EQ(Title(), "Tarvelo - Info");
@@ -49,7 +49,7 @@ TEST_F(ToolsDesk, HexEditorIsACommand) {
 TEST_F(ToolsDesk, HexEditorReadsAScript) {
   StartWith("C:\\my tools\\WinHex.exe");
   const auto file = folder / "Tarvelo.whs";
-  main->ShowBl(0x1234, 12);
+  ShowBl(0x1234, 12);
   EXPECT_EQ(script.started.at(0), "run \"C:\\my tools\\WinHex.exe\" " + quot(PathText(file)));
   EXPECT_EQ(ReadAll(file), EditorScript(folder / "my dump.bin", 0x1234, 12));
   Restart();
@@ -59,19 +59,19 @@ TEST_F(ToolsDesk, HexEditorReadsAScript) {
 TEST_F(ToolsDesk, WithoutAHexEditorTheHexViewIsShown) {
   for (const char* editor : {"", "HEXWORKSHOP", "WinHex"}) {
     StartWith(editor);
-    main->ShowBl(0x1234, 12);
+    ShowBl(0x1234, 12);
     EXPECT_EQ(Title(), "Tarvelo - Hex view");
-    Choose(Info);
-    Choose(View);
+    Choose(Id::Info);
+    Choose(Id::View);
     EXPECT_EQ(Title(), "Tarvelo - Hex view");
     EXPECT_TRUE(script.started.empty());
   }
-  Choose(Calculator);
+  Choose(Id::Calculator);
   EXPECT_EQ(script.started.at(0), "run calc");
 }
 
 TEST_F(Desk, EndOfTheSessionAsksToo) {
-  main->OpenF(WriteDump("dump.bin"));
+  main->Dumps().OpenF(WriteDump("dump.bin"));
   const auto mayEnd = [] {
     wxCloseEvent query(wxEVT_QUERY_END_SESSION);
     query.SetCanVeto(true);
@@ -79,7 +79,7 @@ TEST_F(Desk, EndOfTheSessionAsksToo) {
     return !query.GetVeto();
   };
   EXPECT_TRUE(mayEnd());
-  main->Status().SetPanel(StatusBar::patchPanel, "P");
+  main->Bench().status.SetPanel(StatusBar::patchPanel, "P");
   EXPECT_FALSE(mayEnd());
   EXPECT_NE(script.TakeSaid(), "");
   script.confirm = true;
@@ -91,7 +91,7 @@ TEST_F(Desk, EndOfTheSessionAsksToo) {
 
 class CalculatorDesk : public Desk {
  protected:
-  CalculatorDesk() { Choose(Calc166_Menu); }
+  CalculatorDesk() { Choose(Id::Calc166_Menu); }
 
   [[nodiscard]] Calc166& Calc() { return *main->AddressCalculator(); }
   void Type(wxTextCtrl* field, const char* text) {
@@ -112,7 +112,7 @@ TEST_F(CalculatorDesk, FieldsFollowEachOther) {
   EXPECT_EQ(Fields(), "284 0 A10000 A10000 ");
   Type(Calc().Offs, "2345");
   EXPECT_EQ(Fields(), "284 2345 A12345 A12345 ");
-  main->OpenF(WriteDump("dump.bin"));  // 1 MiB: from F00000 on
+  main->Dumps().OpenF(WriteDump("dump.bin"));  // 1 MiB: from F00000 on
   EXPECT_EQ(Fields(), "284 2345 A12345 B12345 ");
   Type(Calc().AdFF, "1234");
   EXPECT_EQ(Fields(), "3C0 1234 F01234 1234 ");
@@ -139,7 +139,7 @@ TEST_F(CalculatorDesk, ShowsTheAddressInTheHexView) {
   Type(Calc().AdFF, "1234");
   doubleClick();  // no dump is open
   EXPECT_EQ(Title(), "Tarvelo - Info");
-  main->OpenF(WriteDump("dump.bin"));
+  main->Dumps().OpenF(WriteDump("dump.bin"));
   Type(Calc().AdFF, "1234");
   doubleClick();
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
@@ -149,12 +149,12 @@ TEST_F(CalculatorDesk, ShowsTheAddressInTheHexView) {
 }
 
 TEST_F(CalculatorDesk, TickOfItsMenuEntryFollowsIt) {
-  EXPECT_TRUE(Item(Calc166_Menu)->IsChecked());
-  Choose(Calc166_Menu);
+  EXPECT_TRUE(Item(Id::Calc166_Menu)->IsChecked());
+  Choose(Id::Calc166_Menu);
   EXPECT_EQ(main->AddressCalculator(), nullptr);
-  EXPECT_FALSE(Item(Calc166_Menu)->IsChecked());
-  Choose(Calc166_Menu);
-  Choose(ExitM);  // with the calculator open
+  EXPECT_FALSE(Item(Id::Calc166_Menu)->IsChecked());
+  Choose(Id::Calc166_Menu);
+  Choose(Id::ExitM);  // with the calculator open
   main = nullptr;
 }
 

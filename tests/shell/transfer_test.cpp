@@ -35,8 +35,8 @@ class TransferDesk : public Desk {
     std::ofstream(files / name, std::ios::binary) << bytes;
   }
   void ExpectOneStepBackToTheDemo() {
-    main->UndoImage();
-    EXPECT_FALSE(main->Open().edits.CanUndo());
+    Open().Undo();
+    EXPECT_FALSE(Open().Edits().CanUndo());
     EXPECT_TRUE(AllBytes() == DemoImage());
   }
 
@@ -47,7 +47,7 @@ class TransferDesk : public Desk {
 
 class EepromTransferDesk : public TransferDesk {
  protected:
-  EepromTransferDesk() : TransferDesk(EEPROM, "EEPROM") {}
+  EepromTransferDesk() : TransferDesk(eeprom, "EEPROM") {}
 
   [[nodiscard]] EepromPanel& Panel() { return Shown<EepromPanel>(); }
   [[nodiscard]] std::uint8_t ByteAt(Offset offset) const { return Image().Byte(offset); }
@@ -61,55 +61,55 @@ constexpr Offset greetingData = 0x7C0AC4;
 TEST_F(EepromTransferDesk, OneBlockGoesToAFileAndBack) {
   SelectHeader(greeting);
   const fs::path file = files / "demo_5076.bin";
-  EXPECT_EQ(Said(SaveBlockE), "iBlock \"5076\" was saved in file" + At(file));
+  EXPECT_EQ(Said(Id::SaveBlock), "iBlock \"5076\" was saved in file" + At(file));
   EXPECT_EQ(fs::file_size(file), 66u);
-  main->Run(InfoE);
+  main->Run(Id::InfoE);
   const wxString before = DumpText();
 
-  EXPECT_EQ(SaidAtLast(LoadBlockE, file), "iBlock \"5076\" was loaded from file" + At(file));
+  EXPECT_EQ(SaidAtLast(Id::LoadBlock, file), "iBlock \"5076\" was loaded from file" + At(file));
   EXPECT_EQ(Status(10), "");  // nothing is another
   const std::uint8_t old = ByteAt(greetingData + 10);
   Alter("demo_5076.bin", 10);
-  EXPECT_EQ(SaidAtLast(LoadBlockE), "open EEPROM (*.bin)|*.bin|All files|*.*");  // cancelled
+  EXPECT_EQ(SaidAtLast(Id::LoadBlock), "open EEPROM (*.bin)|*.bin|All files|*.*");  // cancelled
   EXPECT_EQ(ByteAt(greetingData + 10), old);
-  SaidAtLast(LoadBlockE, file);
+  SaidAtLast(Id::LoadBlock, file);
   EXPECT_EQ(ByteAt(greetingData + 10), old ^ 1);
   EXPECT_EQ(Status(10), "F");
   EXPECT_NE(DumpText(), before);
   EXPECT_EQ(List().RowCount(), 241u);
-  main->UndoImage();
+  Open().Undo();
   EXPECT_EQ(ByteAt(greetingData + 10), old);
   EXPECT_EQ(DumpText(), before);
 
-  main->Run(ShowDel);
+  main->Run(Id::ShowDel);
   SelectHeader("7CC0C0");  // a deleted one of this number
-  EXPECT_TRUE(Said(SaveBlockE).ends_with(At(files / "demo_5076_7CC0C0.bin")));
+  EXPECT_TRUE(Said(Id::SaveBlock).ends_with(At(files / "demo_5076_7CC0C0.bin")));
 }
 
 TEST_F(EepromTransferDesk, WhatDoesNotFitIsRefused) {
   SelectHeader(greeting);
-  EXPECT_EQ(SaidAtLast(LoadBlockE, folder.Write("new.bin", std::string(65, 'x'))),
+  EXPECT_EQ(SaidAtLast(Id::LoadBlock, folder.Write("new.bin", std::string(65, 'x'))),
             "!Error ! Wrong size of file \"new.bin\" !\nSize of the file: 65\n"
             "Size in the fullflash: 66 (of block 5076)");
   for (const fs::path& file : {folder / "no.bin", folder.Path()})
-    EXPECT_EQ(SaidAtLast(LoadBlockE, file), "!Error ! File \"" + PathText(file) + "\" doesn't exist !");
+    EXPECT_EQ(SaidAtLast(Id::LoadBlock, file), "!Error ! File \"" + PathText(file) + "\" doesn't exist !");
   EXPECT_EQ(Status(10), "");
 }
 
 TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
-  EXPECT_EQ(Said(LoadAllBlockE),
+  EXPECT_EQ(Said(Id::LoadAllBlock),
             "!Error ! File \"" + PathText(files / "demo_NNNN.bin") + "\" doesn't exist !");
-  EXPECT_EQ(Said(SaveAllBlockE), "iAll blocks were saved to" + At(files / "NNNN.bin"));
+  EXPECT_EQ(Said(Id::SaveAllBlock), "iAll blocks were saved to" + At(files / "NNNN.bin"));
   const std::size_t live = FilesThere();
   EXPECT_GT(live, 200u);
-  main->Run(DeletedBlocksE);
-  EXPECT_TRUE(Panel().Commands()->Find(DeletedBlocksE)->checked());
-  Said(SaveAllBlockE);
+  main->Run(Id::DeletedBlocks);
+  EXPECT_TRUE(Panel().Commands()->Find(Id::DeletedBlocks)->checked());
+  Said(Id::SaveAllBlock);
   EXPECT_GT(FilesThere(), live + 100);
 
   const std::string head =
       "[Tarvelo - Load all blocks]Blocks were loaded from\n" + PathText(files) + "\n\nFiles loaded: ";
-  EXPECT_EQ(Said(LoadAllBlockE),
+  EXPECT_EQ(Said(Id::LoadAllBlock),
             head + std::to_string(live) + "\nFiles that differed from the fullflash: 0\n");
   EXPECT_EQ(Status(10), "");
 
@@ -119,7 +119,7 @@ TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
   folder.Write("EEPROM/demo_0998.bin", std::string("1"));
   folder.Write("EEPROM/demo_7000.bin", std::string("no block's"));
   folder.Write("EEPROM/other_5078.bin", std::string("another dump's"));
-  const std::string said = Said(LoadAllBlockE);
+  const std::string said = Said(Id::LoadAllBlock);
   EXPECT_TRUE(said.starts_with(head + std::to_string(live - 1) +
                                "\nFiles that differed from the fullflash: 2\ndemo_5076.bin\ndemo_5077.bin\n\n"
                                "Files not loaded: 2\nError ! Wrong size of file \"demo_0067.bin\" !\n"
@@ -132,8 +132,8 @@ TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
 }
 
 TEST_F(EepromTransferDesk, BackupsNeverMeet) {
-  const std::string first = Said(BackupE);
-  const std::string second = Said(BackupE);
+  const std::string first = Said(Id::eeBackup);
+  const std::string second = Said(Id::eeBackup);
   EXPECT_NE(first, second);
   const std::string head = "iAll blocks were saved to\n\n";
   for (const std::string& said : {first, second}) {
@@ -146,19 +146,19 @@ TEST_F(EepromTransferDesk, BlocksWithoutDataOrPlace) {
   std::vector<std::uint8_t> bytes = ImageOfBlocks({1, 2});
   bytes[4 + 2] = 0xBF;                // in front of the image
   bytes[12] = bytes[12 + 11] = 0xF0;  // deleted
-  OpenBytes("few.bin", bytes, EEPROM);
-  main->Run(ShowDel);
-  EXPECT_EQ(Said(SaveBlockE), "!The block has no data in the image.");
-  EXPECT_EQ(Said(LoadBlockE), "!The block has no data in the image.");
+  OpenBytes("few.bin", bytes, eeprom);
+  main->Run(Id::ShowDel);
+  EXPECT_EQ(Said(Id::SaveBlock), "!The block has no data in the image.");
+  EXPECT_EQ(Said(Id::LoadBlock), "!The block has no data in the image.");
   List().Select(1);
-  EXPECT_EQ(Said(LoadBlockE), "!Error ! Block \"2\" wasn't found !");
+  EXPECT_EQ(Said(Id::LoadBlock), "!Error ! Block \"2\" wasn't found !");
   const std::string none = "!No data for saving !\n\nBlocks without data in the fullflash: 1";
-  EXPECT_EQ(Said(SaveAllBlockE), none);
-  EXPECT_EQ(Said(BackupE), none);
+  EXPECT_EQ(Said(Id::SaveAllBlock), none);
+  EXPECT_EQ(Said(Id::eeBackup), none);
   for (const auto& entry : fs::directory_iterator(folder.Path()))
     EXPECT_FALSE(PathText(entry.path().filename()).starts_with("EEPROM backup"));
-  main->Run(DeletedBlocksE);
-  EXPECT_EQ(Said(SaveAllBlockE), "iAll blocks were saved to" + At(files / "NNNN.bin") +
+  main->Run(Id::DeletedBlocks);
+  EXPECT_EQ(Said(Id::SaveAllBlock), "iAll blocks were saved to" + At(files / "NNNN.bin") +
                                      "\n\nBlocks without data in the fullflash: 1");
   EXPECT_EQ(FilesThere(), 1u);
 }
@@ -167,7 +167,7 @@ TEST_F(EepromTransferDesk, BlocksWithoutDataOrPlace) {
 
 class RingtoneTransferDesk : public TransferDesk {
  protected:
-  RingtoneTransferDesk() : TransferDesk(Ringtones, "MIDI") {}
+  RingtoneTransferDesk() : TransferDesk(ringtones, "MIDI") {}
 
   [[nodiscard]] std::string Melody(std::size_t row) { return Cell(row, 7); }
 };
@@ -177,12 +177,12 @@ constexpr std::string_view twoNotes("\xB8\x01\xF4\x01\x70\x03\xFA\x00", 8);
 TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   const auto file = folder.Write("new.bin", twoNotes);
   List().Select(1);
-  EXPECT_EQ(Said(SaveRing), "iRingtone \"1\" was saved in file" + At(files / "demo_0001.bin"));
+  EXPECT_EQ(Said(Id::SaveRing), "iRingtone \"1\" was saved in file" + At(files / "demo_0001.bin"));
   EXPECT_EQ(FilesThere(), 1u);
   const std::string text = Melody(1);
-  EXPECT_EQ(SaidAtLast(LoadRing),
+  EXPECT_EQ(SaidAtLast(Id::LoadRing),
             "open Ringtones|*.bin;*.mid;*.wav|Mono (*.bin)|*.bin|*.mid|*.mid|*.wav|*.wav|All files|*.*");
-  EXPECT_EQ(SaidAtLast(LoadRing, file), "iRingtones were loaded from" + At(file));
+  EXPECT_EQ(SaidAtLast(Id::LoadRing, file), "iRingtones were loaded from" + At(file));
   EXPECT_EQ(Melody(1), "440:500 880:250 ");
   EXPECT_EQ(List().Selected(), 1u);
   EXPECT_EQ(Shown<RingtonesPanel>().Roll().Notes().size(), 2u);
@@ -190,13 +190,13 @@ TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   EXPECT_EQ(InfoText().find("RIT-table"), InfoText().rfind("RIT-table"));
   EXPECT_TRUE(script.beeps.empty());
 
-  SaidAtLast(LoadRing, files / "demo_0001.bin");  // the old one has its place still
+  SaidAtLast(Id::LoadRing, files / "demo_0001.bin");  // the old one has its place still
   EXPECT_EQ(Melody(1), text);
-  main->UndoImage();
+  Open().Undo();
   EXPECT_EQ(Melody(1), "440:500 880:250 ");
-  Choose(Info);
-  main->UndoImage();
-  Choose(Ringtones);  // searched again
+  Choose(Id::Info);
+  Open().Undo();
+  Choose(ringtones);  // searched again
   EXPECT_EQ(Melody(1), text);
   EXPECT_EQ(List().Selected(), 1u);
 }
@@ -204,7 +204,7 @@ TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
 TEST_F(RingtoneTransferDesk, WhatDoesNotFitIsRefused) {
   List().Select(1);
   const auto said = [this](const std::string& bytes) {
-    return SaidAtLast(LoadRing, folder.Write("new.bin", bytes));
+    return SaidAtLast(Id::LoadRing, folder.Write("new.bin", bytes));
   };
   EXPECT_EQ(said(std::string(168, 'a')),
             "!Error ! Wrong size of file \"new.bin\" !\nSize of the file: 168\n"
@@ -213,14 +213,14 @@ TEST_F(RingtoneTransferDesk, WhatDoesNotFitIsRefused) {
             "!new.bin: A melody has 4 bytes for each note: the size of its file must be a multiple of 4.");
   EXPECT_EQ(said(""), "!new.bin: The file is empty or incomplete.");
   EXPECT_EQ(said(std::string(8, '\0')), "!new.bin: The melody ends before the end of the file.");
-  EXPECT_TRUE(SaidAtLast(LoadRing, folder / "no.bin").starts_with("!Error ! File "));
+  EXPECT_TRUE(SaidAtLast(Id::LoadRing, folder / "no.bin").starts_with("!Error ! File "));
   EXPECT_EQ(Status(10), "");
 }
 
 TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
-  EXPECT_EQ(Said(LoadAllRing), "!Error ! File \"" + PathText(files / "demo_NNNN.*") + "\" doesn't exist !");
-  main->Run(SaveMidi);
-  EXPECT_EQ(Said(SaveAllRing), "iRingtones were saved to" + At(files / "NNNN.xxx"));
+  EXPECT_EQ(Said(Id::LoadAllRing), "!Error ! File \"" + PathText(files / "demo_NNNN.*") + "\" doesn't exist !");
+  main->Run(Id::SaveMidi);
+  EXPECT_EQ(Said(Id::SaveAllRing), "iRingtones were saved to" + At(files / "NNNN.xxx"));
   EXPECT_EQ(FilesThere(), 3 * (List().RowCount() - 2) + 2);  // two are files already
 
   folder.Write("MIDI/demo_0001.bin", twoNotes);
@@ -228,7 +228,7 @@ TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
   folder.Write("MIDI/demo_0002.bin", std::string(9999, 'a'));
   folder.Write("MIDI/demo_0006.bin", twoNotes);
   folder.Write("MIDI/demo_00FE.bin", twoNotes);
-  const std::string said = Said(LoadAllRing);
+  const std::string said = Said(Id::LoadAllRing);
   EXPECT_TRUE(said.starts_with("[Tarvelo - Load all ringtones]Ringtones were loaded from\n")) << said;
   EXPECT_NE(said.find("fullflash: 2\ndemo_0001.bin\ndemo_0007.wav\n\nFiles not loaded: 3\n"), said.npos)
       << said;
@@ -242,22 +242,22 @@ TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
 
   fs::remove_all(files);
   WriteFile(files, "in the way of the folder");  // nothing is said
-  for (const int id : {SaveRing, SaveAllRing}) EXPECT_EQ(Said(id), "");
+  for (const int id : {Id::SaveRing, Id::SaveAllRing}) EXPECT_EQ(Said(id), "");
 }
 
 // Two melodies of one place: a file of each, which cannot both be there.
 TEST_F(RingtoneTransferDesk, FilesThatContradictEachOther) {
   std::vector<std::uint8_t> bytes = DemoImage();
   std::copy_n(bytes.begin() + 0x330004, 4, bytes.begin() + 0x33000C);  // 1 is where 0 is
-  OpenBytes("shared.bin", bytes, Ringtones);
+  OpenBytes("shared.bin", bytes, ringtones);
   ASSERT_EQ(Cell(0, 4), Cell(1, 4));
-  Said(SaveAllRing);
+  Said(Id::SaveAllRing);
   Alter("shared_0000.bin", 0);  // the other one's file says what stands there
-  EXPECT_NE(Said(LoadAllRing).find("fullflash: 1\nshared_0000.bin\n"), std::string::npos);
+  EXPECT_NE(Said(Id::LoadAllRing).find("fullflash: 1\nshared_0000.bin\n"), std::string::npos);
   EXPECT_EQ(Melody(0), Melody(1));
-  main->UndoImage();
+  Open().Undo();
   Alter("shared_0001.bin", 1);
-  const std::string said = Said(LoadAllRing);
+  const std::string said = Said(Id::LoadAllRing);
   EXPECT_TRUE(
       said.ends_with("Files not loaded: 1\nshared_0001.bin: It shares bytes with another file, which "
                      "says something else.\n"))

@@ -1,3 +1,4 @@
+#include "shell/frame/demonstration.h"
 #include "shell/info/welcome.h"
 
 #include "shell/desk.h"
@@ -24,10 +25,10 @@ TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
   script.file = WriteDump("dump.bin");
   Click(*Button("Open"));
-  EXPECT_TRUE(main->Open().IsOpen());
+  EXPECT_TRUE(Open().IsOpen());
   EXPECT_EQ(Button("Open"), nullptr);
-  Choose(Pictures);
-  main->OpenF(folder / "missing.bin");  // closes the dump
+  Choose(pictures);
+  main->Dumps().OpenF(folder / "missing.bin");  // closes the dump
   EXPECT_EQ(InfoText(), "");
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
   EXPECT_NE(Button("Help"), nullptr);
@@ -37,18 +38,19 @@ TEST_F(WelcomeDesk, OffersWhatWasOpenedLast) {
   const auto first = WriteDump("first.bin");
   const auto second = WriteDump("A & B.bin");
   EXPECT_EQ(Button(PathText(first)), nullptr);
-  main->OpenF(first);
-  main->OpenF(second);
-  main->CloseFF();
+  main->Dumps().OpenF(first);
+  main->Dumps().OpenF(second);
+  main->Dumps().CloseFF();
   EXPECT_NE(Button(PathText(second)), nullptr);
   Click(*Button(PathText(first)));
-  EXPECT_EQ(main->Open().path, first);
+  EXPECT_EQ(Open().Path(), first);
 }
 
 TEST_F(WelcomeDesk, SpeaksTheLanguageThatIsChosen) {
-  Choose(FirstLanguage + 10);
+  Choose(Id::FirstLanguage + 10);
   const Messages greek(*FindLanguage("GR"));
-  for (const int n : {134, 315, 120}) EXPECT_NE(Button(std::string(greek.Msg(n))), nullptr) << n;
+  for (const Text text : {Text::Open, Text::TryDemonstration, Text::Help})
+    EXPECT_NE(Button(std::string(greek.Msg(text))), nullptr) << greek.Msg(text);
 }
 
 TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
@@ -58,8 +60,8 @@ TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
   for (int time = 0; time < 2; ++time) {  // the second time it lies there already
     Click(*Button(tryIt));
     EXPECT_EQ(script.TakeSaid(), said);
-    EXPECT_EQ(main->Open().path, file);
-    main->CloseFF();
+    EXPECT_EQ(Open().Path(), file);
+    main->Dumps().CloseFF();
   }
   EXPECT_EQ(std::filesystem::file_size(file), 0x800000u);
   EXPECT_FALSE(FileExist(Demonstration("Tarvelo demo 2.bin")));
