@@ -5,6 +5,7 @@
 
 #include "core/notation.h"
 #include "patch/hit_search.h"
+#include "resources/texts.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
