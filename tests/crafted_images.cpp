@@ -13,7 +13,7 @@ void PutPictures(ImageBuilder& image, std::size_t at) {
   const std::uint8_t side = isPage ? 4 : 0x34, type = isPage ? 1 : 0x88;
   std::size_t next = PutPicture(image, at, side, side, type, at + 0x200);
   for (std::uint8_t i = 1; i < 8; ++i) next = PutPicture(image, next, 8, i, type, at + 0x200u + 16u * i);
-  next = PutPicture(image, next, 16, 9, isPage ? 5 : 0x88, at + 0x300);
+  next = PutPicture(image, next, 16, 9, isPage ? 0x81 : 0x88, at + 0x300);
   image.DWord(next, 0);
   PutPicture(image, at + 0x100, 9, 9, 0x81, at + 0x200);
   for (std::size_t p = 0x200; p < 0x400; p += 4) image.DWord(at + p, 0x02FF7F00u + static_cast<unsigned>(p));

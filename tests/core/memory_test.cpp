@@ -1,4 +1,4 @@
-// How much memory a senseless image makes the explorers take: a fixed small multiple of its size.
+// How much memory a malformed image makes the explorers take: a fixed small multiple of its size.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -65,8 +65,8 @@ TEST(Memory, EveryListTakesASmallMultipleOfTheImage) {
 
 #endif
 
-// That the images above are what they are meant to be.
-TEST(Memory, SenselessTablesAreListedWhole) {
+// The crafted images are what they are meant to be.
+TEST(Memory, TablesWithoutEndAreListedWhole) {
   const auto count = [](void (*fill)(ImageBuilder&), std::size_t size) {
     ImageBuilder image(size);
     fill(image);

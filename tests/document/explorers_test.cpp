@@ -101,7 +101,7 @@ TEST(Explorers, ClaimBytesAsTheirOwnKindsOnly) {
   }
 }
 
-// That the first image is what it is meant to be: each explorer finds something in it, and claims it.
+// In the first image each explorer finds something of each kind that it claims.
 TEST(Explorers, FindSomethingOfEachKind) {
   const Dump dump = DumpOf(CraftedImages()[0]);
   for (const Explorer* explorer : Explorers()) {
