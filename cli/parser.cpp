@@ -39,7 +39,7 @@ class Subcommand {
     Add(name, value, about, oneOf)->required();
     return *this;
   }
-  Subcommand& Flag(const char* name, bool Arguments::*value, const char* about) {
+  Subcommand& Flag(const char* name, bool Arguments::*value, const std::string& about) {
     app_.add_flag(name, (*arguments_).*value, about);
     return *this;
   }
@@ -65,6 +65,11 @@ CLI::App& AddGroup(CLI::App& app, const char* name, const char* about) {
   return *group;
 }
 
+// "Deleted blocks", of "EEPROM blocks".
+std::string DeletedOnes(const Explorer& kind) {
+  return "Deleted " + std::string(kind.about.substr(kind.about.rfind(' ') + 1));
+}
+
 void AddLists(CLI::App& app, Command& chosen) {
   CLI::App& group = AddGroup(app, "list", "Print a list of what a dump holds");
   for (const Explorer* kind : Explorers()) {
@@ -72,7 +77,7 @@ void AddLists(CLI::App& app, Command& chosen) {
     Subcommand list(group, std::string(kind->key), about, List, chosen, {.kind = kind});
     list.Needs("FILE", &ListArguments::file, "Dump")
         .Flag("--json", &ListArguments::json, "One JSON object a row and line");
-    if (kind->hasDeleted) list.Flag("--deleted", &ListArguments::deleted, "Deleted ones too");
+    if (kind->hasDeleted) list.Flag("--deleted", &ListArguments::deleted, DeletedOnes(*kind) + " too");
   }
 }
 
@@ -80,8 +85,9 @@ void AddExports(CLI::App& app, Command& chosen) {
   CLI::App& group = AddGroup(app, "export", "Write what a dump holds to files");
   for (const Explorer* kind : Explorers()) {
     if (!kind->files) continue;
-    const auto& [folder, formats, isHex, write] = *kind->files;
-    const std::string about = "The " + std::string(kind->about) + ", into " + std::string(folder);
+    const auto& formats = kind->files->formats;
+    const std::string_view held = kind->files->about.empty() ? kind->about : kind->files->about;
+    const std::string about = "The " + std::string(held) + ", into " + std::string(kind->files->folder);
     Subcommand files(group, std::string(kind->key), about, Export, chosen, {.kind = kind});
     files.Needs("FILE", &ExportArguments::file, "Dump")
         .Takes("--to", &ExportArguments::folder, "Folder, by default one beside the dump")
@@ -89,7 +95,7 @@ void AddExports(CLI::App& app, Command& chosen) {
     if (!formats.empty())
       files.Takes("--format", &ExportArguments::format, "Format", {formats.begin(), formats.end()});
     if (kind->hasDeleted)
-      files.Flag("--deleted", &ExportArguments::deleted, "Deleted ones and older generations too")
+      files.Flag("--deleted", &ExportArguments::deleted, DeletedOnes(*kind) + " and older generations too")
           .Flag("--json", &ExportArguments::json, "One JSON object a file and line");
   }
 }

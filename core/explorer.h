@@ -73,9 +73,10 @@ struct Exported {
 using ExportItem = std::function<Exported(std::size_t record)>;
 
 struct ExplorerFiles {
-  std::string_view folder;                     // beside the dump
-  std::span<const std::string_view> formats;   // for --format; empty: there is but one
-  bool isNumberHex = false;                    // records are chosen by hexadecimal numbers
+  std::string_view about = {};                // what they hold, in English; empty: what the explorer lists
+  std::string_view folder;                    // beside the dump
+  std::span<const std::string_view> formats;  // for --format; empty: there is but one
+  bool isNumberHex = false;                   // records are chosen by hexadecimal numbers
   // Prepares a run; the dump and the findings must outlive what it returns.
   ExportItem (*write)(const Dump& dump, const Findings& found, const ExportTarget& target) = nullptr;
 };
@@ -96,7 +97,7 @@ struct Explorer {
   std::optional<Text> tooMany = {};  // what the user sees then
   std::size_t (*count)(const Findings& found);
   Item (*item)(const Findings& found, std::size_t record);
-  bool hasDeleted = false;           // whether there are records of deleted things
+  bool hasDeleted = false;  // whether there are records of deleted things
 
   // --- how it is shown
   // A row a record, in their order; rows of deleted things are marked. The dump must outlive the rows.
