@@ -2,8 +2,10 @@
 // tests have a program of their own.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <latch>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -15,19 +17,22 @@ namespace {
 
 TEST(ColdMessages, AreReadByManyThreadsAtOnce) {
   constexpr std::size_t count = 16;
-  std::array<std::vector<std::string>, count> read;
+  std::array<std::vector<std::string_view>, count> read;
   {
     std::latch start(count);
     std::vector<std::jthread> threads;
-    for (std::vector<std::string>& texts : read)
+    for (std::vector<std::string_view>& texts : read)
       threads.emplace_back([&start, &texts] {
         start.arrive_and_wait();
         for (const Language& language : Languages())
           for (const Text text : {Text::LanguageName, Text::CopyOffset, Text::MapUnknown})
-            texts.emplace_back(Messages(language).Msg(text));
+            texts.push_back(Messages(language).Msg(text));
       });
   }
-  for (const std::vector<std::string>& texts : read) EXPECT_EQ(texts, read[0]);
+  // A table that was read twice would have its texts in two places, of which one is gone.
+  const auto isInOnePlace = [](std::string_view a, std::string_view b) { return a.data() == b.data(); };
+  for (const std::vector<std::string_view>& texts : read)
+    EXPECT_TRUE(std::ranges::equal(texts, read[0], isInOnePlace));
   EXPECT_EQ(read[0][0], "Русский");
   EXPECT_EQ(read[0][5], "unknown");
 }
