@@ -2,55 +2,55 @@
 
 #include <benchmark/benchmark.h>
 
+#include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "bench/firmware.h"
 #include "bench/ratio.h"
-#include "core/identification.h"
-#include "core/summary.h"
+#include "core/dump.h"
 #include "core/scan/vector_scan.h"
+#include "core/summary.h"
 #include "demo/demo_image.h"
-#include "eeprom/block_table.h"
-#include "eeprom/descriptions.h"
+#include "document/explorers.h"
+#include "eeprom/block_store.h"
+#include "patch/pattern.h"
 #include "pictures/picture_data.h"
 #include "pictures/picture_search.h"
-#include "pictures/picture_table.h"
 #include "ringtones/ringtone_search.h"
-#include "ringtones/ringtone_table.h"
-#include "patch/pattern.h"
 
 namespace tarvelo {
 namespace {
 
 enum Contents { bare, colourTable, monochromeTable, ringtones, eeprom, everything };
 
-// The images in use, made once.
-Fullflash& Image(std::size_t mebibytes, Contents contents) {
+// The dumps in use, made once.
+Dump& DumpOf(std::size_t mebibytes, Contents contents) {
   static constexpr FirmwareContents kinds[] = {{},
                                                {.colourTable = true},
                                                {.monochromeTable = true},
                                                {.ringtones = true},
                                                {.eeprom = true},
                                                {.eeprom = true, .colourTable = true, .ringtones = true}};
-  static std::map<std::pair<std::size_t, Contents>, Fullflash> images;
-  const auto [at, isNew] = images.try_emplace({mebibytes, contents});
-  if (isNew) at->second = Fullflash(Bytes(Firmware(mebibytes << 20, kinds[contents])));
+  static std::map<std::pair<std::size_t, Contents>, Dump> dumps;
+  const auto [at, isNew] = dumps.try_emplace({mebibytes, contents});
+  if (isNew) at->second.image = Fullflash(Bytes(Firmware(mebibytes << 20, kinds[contents])));
   return at->second;
 }
 
 struct Line {
-  const char* name;
+  std::string name;
   Contents contents;
   double goal;
   double goalSse2;
-  void (*work)(Fullflash& image);
+  std::function<void(Dump& dump)> work;
 };
 
 template <const char* const& pattern>
-void Find(Fullflash& image) {
+void Find(Dump& dump) {
   NoProgress progress;
-  benchmark::DoNotOptimize(FindAll(image, Pattern(pattern), progress));
+  benchmark::DoNotOptimize(FindAll(dump.image, Pattern(pattern), progress));
 }
 
 constexpr const char* fixed = "E6FC4100E6";
@@ -59,40 +59,39 @@ constexpr const char* wildcardsInFront = "????4100E6FC";
 constexpr const char* erasedBytes = "FFFF??FFFF00";
 constexpr const char* longPattern = "E6FC????E6F4????DA??????D740??00F0F4??02E6FC4100E6FCE612F6F40812";
 
-void ScanEeprom(Fullflash& image) {
+void ScanEeprom(Dump& dump) {
   NoProgress progress;
-  benchmark::DoNotOptimize(GetEE(image, "C60", progress));
+  benchmark::DoNotOptimize(GetEE(dump.image, "C60", progress));
 }
 
-void ScanPictures(Fullflash& image) {
+void ScanPictures(Dump& dump) {
   NoProgress progress;
-  benchmark::DoNotOptimize(GetP(image, progress));
+  benchmark::DoNotOptimize(GetP(dump.image, progress));
 }
 
-void ScanRingtones(Fullflash& image) {
+void ScanRingtones(Dump& dump) {
   NoProgress progress;
-  benchmark::DoNotOptimize(GetRingtones(image, progress));
+  benchmark::DoNotOptimize(GetRingtones(dump.image, progress));
 }
 
-void Open(Fullflash& image) {
+void Open(Dump& dump) {
   static const Messages messages;
-  const Identification info = Identify(image);
-  benchmark::DoNotOptimize(Summary("dump.bin", image, info, messages));
+  dump.info = Identify(dump.image);
+  benchmark::DoNotOptimize(Summary("dump.bin", dump.image, dump.info, messages));
 }
 
-void OpenAndExplore(Fullflash& image) {
-  static const Messages messages;
-  static const Descriptions descriptions = GetDescriptions();
+void Explore(const Explorer& explorer, const Dump& dump) {
   NoProgress progress;
-  const Identification info = Identify(image);
-  benchmark::DoNotOptimize(Summary("dump.bin", image, info, messages));
-  benchmark::DoNotOptimize(ShowEE(GetEE(image, info.Model, progress), true,
-                                  [&](int number) { return Describe(descriptions, number); }));
-  benchmark::DoNotOptimize(PictureTable(GetP(image, progress)));
-  benchmark::DoNotOptimize(RingtoneTable(GetRingtones(image, progress), image));
+  const Findings found = explorer.search(dump, progress);
+  benchmark::DoNotOptimize(ListOf(explorer, dump, found, true).rows.All());
 }
 
-constexpr Line lines[] = {
+void OpenAndExplore(Dump& dump) {
+  Open(dump);
+  for (const Explorer* explorer : Explorers()) Explore(*explorer, dump);
+}
+
+const std::vector<Line> scans{
     {"find E6FC4100E6", bare, 0.85, 0.60, Find<fixed>},
     {"find E6??4100E6", bare, 0.85, 0.60, Find<oneWildcard>},
     {"find ????4100E6FC", bare, 0.85, 0.60, Find<wildcardsInFront>},
@@ -106,17 +105,30 @@ constexpr Line lines[] = {
     {"open and every explorer", everything, 0.20, 0.15, OpenAndExplore},
 };
 
+// With each explorer alone, which must be no slower than all of them.
+const std::vector<Line>& Lines() {
+  static const std::vector<Line> lines = [] {
+    std::vector<Line> all = scans;
+    for (const Explorer* explorer : Explorers())
+      all.push_back({"list " + std::string(explorer->key), everything, 0.20, 0.15,
+                     [explorer](const Dump& dump) { Explore(*explorer, dump); }});
+    return all;
+  }();
+  return lines;
+}
+
 void Measure(benchmark::State& state, const Line& line, std::size_t mebibytes, VectorUnit unit) {
   LimitVectorUnit(unit);
-  Fullflash& image = Image(mebibytes, line.contents);
-  for (auto _ : state) state.counters["ratio"] = MemoryRatio(image.ff(), [&] { line.work(image); });
+  Dump& dump = DumpOf(mebibytes, line.contents);
+  Open(dump);
+  for (auto _ : state) state.counters["ratio"] = MemoryRatio(dump.image.ff(), [&] { line.work(dump); });
   state.counters["goal"] = unit == VectorUnit::Sse2 ? line.goalSse2 : line.goal;
   LimitVectorUnit(VectorUnit::Avx2);
 }
 
 void Register(const Line& line, std::size_t mebibytes, VectorUnit unit) {
-  const std::string name = std::string(line.name) + "/" + std::to_string(mebibytes) + " MiB/" +
-                           (unit == VectorUnit::Avx2 ? "AVX2" : "SSE2");
+  const std::string name =
+      line.name + "/" + std::to_string(mebibytes) + " MiB/" + (unit == VectorUnit::Avx2 ? "AVX2" : "SSE2");
   benchmark::RegisterBenchmark(name.c_str(), [&line, mebibytes, unit](benchmark::State& state) {
     Measure(state, line, mebibytes, unit);
   })->Iterations(1);
@@ -144,7 +156,7 @@ BENCHMARK(DrawPictures)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 void RegisterScans() {
-  for (const Line& line : lines)
+  for (const Line& line : Lines())
     for (const std::size_t mebibytes : {8, 16, 64})
       // Large images always have colour tables, and then nothing outside is looked for.
       if (line.contents != monochromeTable || mebibytes <= 16)

@@ -1,10 +1,12 @@
-#include <CLI/CLI.hpp>
-#include <functional>
-#include <nlohmann/json.hpp>
+#include <algorithm>
+#include <array>
 #include <optional>
 #include <ostream>
 
-#include "cli/context.h"
+#include "cli/files.h"
+#include "cli/numbers.h"
+#include "cli/output.h"
+#include "cli/subcommands.h"
 #include "core/notation.h"
 #include "text/decoders.h"
 #include "text/langpack.h"
@@ -13,13 +15,28 @@
 namespace tarvelo::cli {
 namespace {
 
-using Json = nlohmann::ordered_json;
+// Decodes at an offset or cursor, which moves where the decoder moves it; `width` is that of the field.
+using Decoder = std::u16string (*)(Bytes bytes, Offset& offset, int width);
 
-struct DecodeArguments {
-  std::string codec;
-  std::string file;
-  std::string offset;
-  std::string width = "20";
+template <auto decoder>
+std::u16string Plain(Bytes bytes, Offset& offset, int) {
+  return decoder(bytes, offset);
+}
+
+std::u16string OfWidth(Bytes bytes, Offset& offset, int width) { return GetStrA(bytes, offset, width); }
+
+struct Codec {
+  std::string_view name;
+  Decoder decode;         // none: it is WordA, which gives a number
+  bool isOfBook = false;  // of address books, not of dumps
+};
+
+constexpr std::array codecs{
+    Codec{"GetStr", Plain<GetStr>},     Codec{"GetStrN", Plain<GetStrN>},
+    Codec{"GetSiem", Plain<GetSiem>},   Codec{"GetUni", Plain<GetUni>},
+    Codec{"GetUni2", Plain<GetUni2>},   Codec{"GetPDU", Plain<GetPDU>},
+    Codec{"GetUniFF", Plain<GetUniFF>}, Codec{"MessageHard", Plain<MessageHard>},
+    Codec{"WordA", nullptr, true},      Codec{"GetStrA", OfWidth, true},
 };
 
 // What a decoder made of the bytes. `end` is its offset or cursor afterwards.
@@ -29,42 +46,23 @@ struct Result {
   std::optional<std::string> fault;
 };
 
-using Decoder = std::function<std::u16string(Bytes, Offset&)>;
-
-// Decoders whose offset does not move are given a copy of it.
-Decoder Unmoved(std::u16string (*decoder)(Bytes, Offset)) {
-  return [decoder](Bytes bytes, Offset& offset) { return decoder(bytes, offset); };
+void DecodeText(const DecodeArguments& arguments, Decoder decode, Bytes bytes, Result& result) {
+  result.value["units"] = Json::array();
+  result.value["text"] = "";
+  const std::u16string text = decode(bytes, result.end, ParseDecimal("--width", arguments.width));
+  result.value["units"] = Json(std::vector<unsigned>(text.begin(), text.end()));
+  result.value["text"] = ToUtf8(text);
 }
 
-Decoder FindDecoder(const DecodeArguments& arguments) {
-  const std::map<std::string, Decoder> decoders{
-      {"GetStr", Unmoved(GetStr)},
-      {"GetStrN", Unmoved(GetStrN)},
-      {"GetSiem", GetSiem},
-      {"GetUni", GetUni},
-      {"GetUni2", GetUni2},
-      {"GetPDU", GetPDU},
-      {"GetUniFF", GetUniFF},
-      {"MessageHard", MessageHard},
-      {"GetStrA", [width = ParseDecimal("--width", arguments.width)](Bytes bytes, Offset& offset) {
-         return GetStrA(bytes, offset, width);
-       }}};
-  return decoders.at(arguments.codec);
-}
-
-Result Decode(const DecodeArguments& arguments, Bytes bytes, Offset offset) {
+Result DecodeAt(const DecodeArguments& arguments, const Codec& codec, Bytes bytes, Offset offset) {
   Result result;
   result.end = offset;
   try {
-    if (arguments.codec == "WordA") {
+    if (codec.decode) {
+      DecodeText(arguments, codec.decode, bytes, result);
+    } else {
       result.value["value"] = nullptr;
       result.value["value"] = WordA(bytes, offset);
-    } else {
-      result.value["units"] = Json::array();
-      result.value["text"] = "";
-      const std::u16string text = FindDecoder(arguments)(bytes, result.end);
-      result.value["units"] = Json(std::vector<unsigned>(text.begin(), text.end()));
-      result.value["text"] = ToUtf8(text);
     }
   } catch (const std::out_of_range& fault) {
     result.fault = fault.what();
@@ -81,49 +79,37 @@ FileBytes ReadAddressBook(const std::string& file, Context& context) {
   return bytes;
 }
 
-void PrintDecoded(const DecodeArguments& arguments, Context& context) {
-  if (arguments.offset.empty()) throw WrongArguments("OFFSET: a number is needed");
+Result DecodeFile(const DecodeArguments& arguments, Context& context) {
   const Offset offset = ParseHex("OFFSET", arguments.offset);
-  Result result;
-  if (arguments.codec == "WordA" || arguments.codec == "GetStrA") {
-    const FileBytes book = ReadAddressBook(arguments.file, context);
-    result = Decode(arguments, {book.data.get(), book.size}, offset);
-  } else {
-    result = Decode(arguments, OpenDump(arguments.file, context).ff(), offset);
-  }
-  context.out << result.value.dump() << '\n';
-  if (result.fault) throw ScanFault(arguments.file, *result.fault);
-}
-
-void PrintEncoded(const std::string& text, Context& context) {
-  try {
-    for (const std::uint8_t byte : EncodeLangpack(ToUtf16(text))) context.out << HexOfByte(byte);
-    context.out << '\n';
-  } catch (const std::overflow_error& fault) {
-    throw ScanFault(text, fault.what());
-  }
+  const Codec& codec = *std::ranges::find(codecs, arguments.codec, &Codec::name);
+  if (!codec.isOfBook)
+    return DecodeAt(arguments, codec, ReadImage(arguments.file, context.progress).ff(), offset);
+  const FileBytes book = ReadAddressBook(arguments.file, context);
+  return DecodeAt(arguments, codec, {book.data.get(), book.size}, offset);
 }
 
 }  // namespace
 
-void AddDecode(CLI::App& app, Context& context) {
-  auto arguments = std::make_shared<DecodeArguments>();
-  CLI::App* command = app.add_subcommand("decode", "Decode the text at an offset");
-  command->add_option("CODEC", arguments->codec, "Decoder")
-      ->required()
-      ->check(CLI::IsMember({"GetStr", "GetStrN", "GetSiem", "GetUni", "GetUni2", "GetPDU", "GetUniFF",
-                             "MessageHard", "WordA", "GetStrA"}));
-  command->add_option("FILE", arguments->file, "Dump, or address book for WordA and GetStrA")->required();
-  command->add_option("OFFSET", arguments->offset, "Where the text begins (hexadecimal)")->required();
-  command->add_option("--width", arguments->width, "Width of the field, for GetStrA")->capture_default_str();
-  command->callback([arguments, &context] { PrintDecoded(*arguments, context); });
+std::vector<std::string> Codecs() {
+  std::vector<std::string> names;
+  for (const Codec& codec : codecs) names.emplace_back(codec.name);
+  return names;
 }
 
-void AddEncode(CLI::App& app, Context& context) {
-  auto text = std::make_shared<std::string>();
-  CLI::App* command = app.add_subcommand("encode", "Print the language pack's encoding of a text");
-  command->add_option("TEXT", *text, "Text")->required();
-  command->callback([text, &context] { PrintEncoded(*text, context); });
+void Decode(const DecodeArguments& arguments, Context& context) {
+  if (arguments.offset.empty()) throw WrongArguments("OFFSET: a number is needed");
+  const Result result = DecodeFile(arguments, context);
+  context.out << JsonLine(result.value);
+  if (result.fault) throw ScanFault(arguments.file, *result.fault);
+}
+
+void Encode(const EncodeArguments& arguments, Context& context) {
+  try {
+    for (const std::uint8_t byte : EncodeLangpack(ToUtf16(arguments.text))) context.out << HexOfByte(byte);
+    context.out << '\n';
+  } catch (const std::overflow_error& fault) {
+    throw ScanFault(arguments.text, fault.what());
+  }
 }
 
 }  // namespace tarvelo::cli

@@ -73,6 +73,7 @@ struct Exported {
 using ExportItem = std::function<Exported(std::size_t record)>;
 
 struct ExplorerFiles {
+  std::string_view about = {};                // what they hold, in English; empty: what the explorer lists
   std::string_view folder;                    // beside the dump
   std::span<const std::string_view> formats;  // for --format; empty: there is but one
   bool isNumberHex = false;                   // records are chosen by hexadecimal numbers

@@ -106,7 +106,9 @@ constinit const Explorer eepromExplorer{
     .statusTip = Text::TipBlockCounts,
     .kinds = kinds,
     .claim = ClaimBlocks,
-    .files = ExplorerFiles{.folder = "EEPROM", .formats = {}, .write = Write},
+    .files =
+        ExplorerFiles{
+            .about = "data of the EEPROM blocks", .folder = "EEPROM", .formats = {}, .write = Write},
 };
 
 }  // namespace tarvelo

@@ -83,7 +83,7 @@ std::vector<std::string> Split(Bytes bytes) {
   return arguments;
 }
 
-// The demonstration is made anew each time, which takes a second: it is tested elsewhere.
+// The demonstration is rebuilt each time, which takes a second: it is tested elsewhere.
 bool MakesDemonstration(const std::vector<std::string>& arguments) {
   const auto isFile = [](const std::string& argument) { return !argument.starts_with('-'); };
   return std::ranges::find(arguments, "demo") != arguments.end() &&

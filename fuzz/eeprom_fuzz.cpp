@@ -1,8 +1,7 @@
-// Any bytes as a dump with EEPROM blocks: scanned, listed, reported.
+// Any bytes as a dump with EEPROM blocks: their records, and the report of each.
 #include "core/identification.h"
 #include "eeprom/block_report.h"
 #include "eeprom/block_store.h"
-#include "eeprom/block_table.h"
 #include "fuzz/target.h"
 #include "text/unicode.h"
 
@@ -22,17 +21,6 @@ void CheckRecords(const BlockStore& store, const Fullflash& image) {
     Check(record.IsDeleted() || store.BlockV[record.Number] <= 0x21, "a live block is in the directory");
     last = record.HeaderPos;
   }
-}
-
-void List(const BlockStore& store) {
-  for (const bool showDeleted : {false, true}) {
-    const Table table = ShowEE(store, showDeleted, [](int number) { return std::to_string(number); });
-    Check(table.rows.size() == ShownRecords(store, showDeleted).size(), "a shown record has a row");
-    (void)TabSeparated(table, "\r\n");
-  }
-  (void)BlockInformation(store, Messages());
-  (void)BlockStatus(store);
-  Check((EnabledViewers({}, store.viewers) == store.viewers), "a first scan enables what it found");
 }
 
 // The report of a block as the window shows it, read from its first byte and from some other.
@@ -73,7 +61,7 @@ void Explore(const Fullflash& image, std::string_view model) try {
   NoProgress progress;
   const BlockStore store = GetEE(image, model, progress);
   CheckRecords(store, image);
-  List(store);
+  Check((EnabledViewers({}, store.viewers) == store.viewers), "a first scan enables what it found");
   ReportAll(store, image);
 } catch (const std::length_error&) {
   // more blocks than the directory holds

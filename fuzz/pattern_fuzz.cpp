@@ -1,4 +1,4 @@
-// Any text as a byte pattern, sought in any bytes, beside the search as it is defined.
+// Any text as a byte pattern, searched for in any bytes, beside the search as it is defined.
 #include "core/scan/vector_scan.h"
 #include "fuzz/target.h"
 #include "patch/hit_search.h"

@@ -1,10 +1,9 @@
-// Any bytes as a dump with pictures: found, listed, drawn, turned into files.
+// Any bytes as a dump with pictures: drawn, turned into files.
 #include "core/identification.h"
 #include "fuzz/target.h"
 #include "pictures/bitmap_file.h"
 #include "pictures/picture_data.h"
 #include "pictures/picture_search.h"
-#include "pictures/picture_table.h"
 
 namespace {
 
@@ -33,10 +32,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   NoProgress progress;
   const PictureList list = GetP(image, progress);
   Check(list.tables.size() <= 99, "there are at most 99 tables");
-  const Table table = PictureTable(list);
-  Check(table.rows.size() == list.pictures.size(), "a picture has a row");
-  (void)TabSeparated(table, "\n");
-  (void)PictureInformation(list, Messages());
 
   PictureDecoder decoder(image.ff());
   std::size_t drawn = 0;

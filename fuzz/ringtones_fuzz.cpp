@@ -1,11 +1,10 @@
-// Any bytes as a dump with ringtones: found, listed, decoded, turned into files; and as a sound file.
+// Any bytes as a dump with ringtones: decoded, turned into files; and as a sound file.
 #include "core/identification.h"
 #include "fuzz/target.h"
 #include "ringtones/melody.h"
 #include "ringtones/ringtone_files.h"
 #include "ringtones/ringtone_length.h"
 #include "ringtones/ringtone_search.h"
-#include "ringtones/ringtone_table.h"
 
 namespace {
 
@@ -14,13 +13,7 @@ using namespace tarvelo::fuzz;
 
 // Of all ringtones together, so that an input stays fast.
 constexpr std::int64_t mostTime = 3000;  // milliseconds that are heard
-constexpr Offset mostNotes = 1 << 17;    // that are listed, resp. played
-
-Offset Notes(const RingtoneList& list) {
-  Offset notes = 0;
-  for (const Ringtone& ringtone : list.ringtones) notes += ringtone.Notes();
-  return notes;
-}
+constexpr Offset mostNotes = 1 << 17;    // that are played
 
 // Returns the time that it took to play.
 std::int64_t Play(const Fullflash& image, const Ringtone& ringtone, bool heard) {
@@ -55,12 +48,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   NoProgress progress;
   const RingtoneList list = GetRingtones(image, progress);
   Check(list.ringtones.size() <= 256, "there is one ringtone a number");
-  if (Notes(list) < mostNotes) {
-    const Table table = RingtoneTable(list, image);
-    Check(table.rows.size() == list.ringtones.size(), "a ringtone has a row");
-    (void)TabSeparated(table, "\n");
-  }
-  (void)RingtoneInformation(list, Messages());
   std::int64_t played = 0;
   Offset notes = 0;
   for (const Ringtone& ringtone : list.ringtones) {

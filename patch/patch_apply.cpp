@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/file.h"
 #include "patch/patch_document.h"
 #include "patch/sheet.h"
 
@@ -46,6 +47,11 @@ ReadPatch ReadPatchText(std::string_view text) {
       patch.invalid.push_back({number, std::string(line.substr(0, longestText))});
   }
   return patch;
+}
+
+ReadPatch ReadPatchFile(const std::filesystem::path& file, std::uint64_t limit, Progress& progress) {
+  const FileBytes bytes = ReadFile(file, limit, progress);
+  return ReadPatchText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size});
 }
 
 std::size_t PatchCheck::Count(Fit fit) const {

@@ -7,12 +7,14 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/image_edits.h"
+#include "core/progress.h"
 
 namespace tarvelo {
 
@@ -31,9 +33,13 @@ struct ReadPatch {
   std::vector<InvalidPatchLine> invalid;
 };
 
-// Reads a whole patch file or document: lines that end with CR LF, LF or CR, with or without a byte order
-// mark of UTF-8 in front. Empty lines and comments are left out.
+// Reads the text of a whole patch file or document: lines that end with CR LF, LF or CR, with or without a
+// byte order mark of UTF-8 in front. Empty lines and comments are left out.
 [[nodiscard]] ReadPatch ReadPatchText(std::string_view text);
+
+// Reads a patch file of at most `limit` bytes. In memory its lines take many times as much. Throws FileError.
+[[nodiscard]] ReadPatch ReadPatchFile(const std::filesystem::path& file, std::uint64_t limit,
+                                      Progress& progress);
 
 // How a change fits an image.
 enum class Fit : std::uint8_t {

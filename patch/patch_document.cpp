@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "text/unicode.h"
+
 namespace tarvelo {
 namespace {
 
@@ -35,14 +37,6 @@ std::vector<std::uint8_t> BytesOf(std::string_view digits) {
   for (std::size_t i = 0; i < bytes.size(); ++i)
     std::from_chars(digits.data() + 2 * i, digits.data() + 2 * i + 2, bytes[i], 16);
   return bytes;
-}
-
-// A name as a comment holds it: a line break in it would begin a line that is none.
-std::string InOneLine(std::string_view name) {
-  std::string line(name);
-  std::ranges::replace_if(
-      line, [](unsigned char c) { return c < 0x20; }, ' ');
-  return line;
 }
 
 bool ReadChange(std::string_view text, PatchLine& change) {

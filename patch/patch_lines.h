@@ -11,6 +11,9 @@ namespace tarvelo {
 // The most bytes that a line changes.
 constexpr Offset longestPatchLine = 16;
 
+// The most bytes of each side that a list shows of a difference.
+constexpr std::size_t differenceBytesShown = 8;
+
 // An offset as patch lines have it: six hexadecimal digits, more where they do not suffice.
 [[nodiscard]] std::string PatchAddress(Offset offset);
 

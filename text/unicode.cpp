@@ -1,5 +1,6 @@
 #include "text/unicode.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarvelo {
@@ -123,6 +124,13 @@ std::u16string ToUtf16(std::string_view text) {
     }
   }
   return out;
+}
+
+std::string InOneLine(std::string_view utf8) {
+  std::string line(utf8);
+  std::ranges::replace_if(
+      line, [](unsigned char c) { return c < 0x20; }, ' ');
+  return line;
 }
 
 }  // namespace tarvelo

@@ -21,4 +21,7 @@ namespace tarvelo {
 [[nodiscard]] char32_t ToUpper(char32_t c);
 [[nodiscard]] std::string ToUpper(std::string_view utf8);
 
+// The text with a blank for each control character below 0x20, line breaks among them.
+[[nodiscard]] std::string InOneLine(std::string_view utf8);
+
 }  // namespace tarvelo

@@ -3,22 +3,45 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <bit>
+#include <map>
+#include <optional>
 #include <random>
+#include <set>
 #include <sstream>
 
-#include "eeprom/blocks.h"
-#include "images.h"
+#include "document/map_kinds.h"
 #include "document/map_table.h"
+#include "eeprom/blocks.h"
+#include "eeprom/eeprom_explorer.h"
+#include "images.h"
+#include "pictures/picture.h"
+#include "pictures/pictures_explorer.h"
+#include "ringtones/ringtone.h"
+#include "ringtones/ringtones_explorer.h"
 
 namespace tarvelo {
 namespace {
 
 using Lines = std::vector<std::string>;
 
+// The findings of every explorer, searched for when a map asks for them.
+class Searched {
+ public:
+  explicit Searched(const Dump& dump) : dump_(dump) {}
+
+  const Findings& operator()(const Explorer& explorer) {
+    return *(last_ = explorer.search(dump_, noProgress));
+  }
+
+ private:
+  const Dump& dump_;
+  std::optional<Findings> last_;
+};
+
 DumpMap MapOf(Fullflash image) {
-  const Identification info = Identify(image);
-  return MapDump(image, info, noProgress);
+  Dump dump{std::move(image), {}, {}};
+  dump.info = Identify(dump.image);
+  return MapDump(dump, Searched(dump));
 }
 
 DumpMap MapOf(const ImageBuilder& image) { return MapOf(ImageOf(image)); }
@@ -26,7 +49,7 @@ DumpMap MapOf(const ImageBuilder& image) { return MapOf(ImageOf(image)); }
 // "offset size what" of each region, the offset in hexadecimal.
 Lines LinesOf(const DumpMap& map) {
   Lines lines;
-  for (const MapRegion& region : map.regions) {
+  for (const Claim& region : map.regions) {
     std::ostringstream line;
     line << std::hex << region.offset << std::dec << ' ' << region.size << ' ' << WhatOf(region);
     lines.push_back(line.str());
@@ -36,15 +59,15 @@ Lines LinesOf(const DumpMap& map) {
 
 void ExpectTiles(const DumpMap& map, std::size_t size) {
   Offset at = 0;
-  for (const MapRegion& region : map.regions) {
+  for (const Claim& region : map.regions) {
     ASSERT_EQ(region.offset, at);
     ASSERT_GT(region.size, 0);
-    ASSERT_EQ(region.kind == MapKind::Unknown, region.sure == Sureness::Unknown);
+    ASSERT_EQ(region.kind == &map::unknown, region.sure == Sureness::Unknown);
     at = region.End();
   }
   EXPECT_EQ(at, static_cast<Offset>(size));
   for (std::size_t i = 1; i < map.regions.size(); ++i) {
-    MapRegion next = map.regions[i];
+    Claim next = map.regions[i];
     next.offset = map.regions[i - 1].offset;
     next.size = map.regions[i - 1].size;
     ASSERT_NE(next, map.regions[i - 1]) << i;
@@ -134,14 +157,18 @@ TEST(DumpMap, TellsTextsAndCode) {
 
 // Hand-made finds that overlap, in an image of 100 bytes.
 TEST(DumpMap, GivesWhatOverlapsToTheSurest) {
-  Fullflash image{Bytes(Data(100, nothing))};
+  const Dump dump{Fullflash{Bytes(Data(100, nothing))}, {}, {}};
   const BlockStore blocks = StoreOf({{10, 0, 20, 30, false, liveBlockState, 8},
                                      {11, 0, 40, 30, false, deletedBlockState, 20},
                                      {9, 0, 90, 5000, false, deletedBlockState, 32},
                                      {12, 0, -5, 10, false, liveBlockState, 84}});
   PictureList pictures;
   pictures.pictures = {{.outside = true, .entry = 60, .size = 100}};
-  const DumpMap map = MapDump(image, {}, blocks, pictures, {});
+  const std::map<const Explorer*, Findings> found{{&eepromExplorer, Findings(EepromFindings{blocks, {}})},
+                                                  {&picturesExplorer, Findings(pictures)},
+                                                  {&ringtonesExplorer, Findings(RingtoneList())}};
+  const DumpMap map =
+      MapDump(dump, [&](const Explorer& explorer) -> const Findings& { return found.at(&explorer); });
   EXPECT_EQ(LinesOf(map), (Lines{"0 5 EEPROM 12", "5 3 picture 0", "8 12 EEPROM 10 (header)",
                                  "14 12 EEPROM 11 (deleted, header)", "20 12 EEPROM 9 (deleted, header)",
                                  "2c 6 EEPROM 10", "32 20 EEPROM 11 (deleted)", "46 14 picture 0",
@@ -155,7 +182,7 @@ TEST(DumpMap, GivesWhatOverlapsToTheSurest) {
 TEST(DumpMap, TilesRandomImages) {
   constexpr std::array<std::uint8_t, 14> usual{0, 0, 0, 1, 2, 4, 4, 0x81, 0x34, 0xFF, 0xFC, 0xF6, 'T', '9'};
   std::mt19937 random(8);
-  std::size_t kinds = 0;
+  std::set<const ClaimKind*> kinds;
   for (int round = 0; round < 300; ++round) {
     Data bytes(2 + random() % 0x22000);
     for (std::uint8_t& byte : bytes) byte = usual[random() % usual.size()];
@@ -166,9 +193,9 @@ TEST(DumpMap, TilesRandomImages) {
     }
     const DumpMap map = MapOf(Fullflash(bytes));
     ExpectTiles(map, bytes.size());
-    for (const MapRegion& region : map.regions) kinds |= std::size_t{1} << static_cast<int>(region.kind);
+    for (const Claim& region : map.regions) kinds.insert(region.kind);
   }
-  EXPECT_GT(std::popcount(kinds), 5);
+  EXPECT_GT(kinds.size(), 5u);
 }
 
 // A table as long as the image, of large pictures that nearly all overlap.

@@ -10,6 +10,7 @@
 #include <set>
 
 #include "resources/messages.h"
+#include "resources/texts.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -18,7 +19,7 @@ namespace {
 using Pages = std::map<std::string, std::string>;  // text by file name
 
 std::string ReadPage(const std::string& name) {
-  std::ifstream stream(std::filesystem::path(TARVELO_HELP) / name, std::ios::binary);
+  std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "help" / name, std::ios::binary);
   EXPECT_TRUE(stream) << name;
   return {std::istreambuf_iterator<char>(stream), {}};
 }
@@ -85,7 +86,8 @@ TEST(HelpPages, EveryPictureIsThereAndOfThePagesLanguage) {
     const std::string language = name.substr(name.find('_') + 1, 2);
     for (const std::string& picture : pictures) {
       EXPECT_TRUE(picture.starts_with("Tarvelo_images/" + language + "_")) << picture;
-      EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(TARVELO_HELP) / picture)) << picture;
+      EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(TARVELO_SOURCES) / "help" / picture))
+          << picture;
     }
   }
 }
@@ -103,8 +105,9 @@ TEST(HelpPages, NameCaptionsAsTheProgramHasThem) {
   for (const char* code : {"EN", "RU"}) {
     const Messages messages(*FindLanguage(code));
     std::set<std::string> captions;
-    for (int n = 0; n < 1000; ++n) captions.insert(Caption(messages.Msg(n)));
-    const std::vector<std::string> named = Between(ReadPage(std::string(messages.Msg(Text::ManualFile))), "<b>", "</b>");
+    for (int n = 0; n < 1000; ++n) captions.insert(Caption(messages.Msg(Text{n})));
+    const std::vector<std::string> named =
+        Between(ReadPage(std::string(messages.Msg(Text::ManualFile))), "<b>", "</b>");
     EXPECT_GT(named.size(), 100u) << code;
     for (std::string caption : named) {
       std::ranges::replace(caption, '\n', ' ');

@@ -39,7 +39,8 @@ std::set<std::string> CommandsOf(const std::string& help) {
 
 // The page's source without its change of typeface, in small parts: the line of a command with its text.
 std::string Page() {
-  std::ifstream stream(std::filesystem::path(TARVELO_MANUALS) / "tarvelo-cli.1.in", std::ios::binary);
+  std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "packaging" / "man" / "tarvelo-cli.1.in",
+                       std::ios::binary);
   EXPECT_TRUE(stream);
   std::string text{std::istreambuf_iterator<char>(stream), {}};
   text = std::regex_replace(text, std::regex(R"(\\f[BIR])"), "");

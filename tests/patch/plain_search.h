@@ -34,7 +34,7 @@ inline std::optional<PlainBytes> PlainPattern(std::string_view text) {
 }
 
 // The first occurrence at or after `start`, or -1. It may end with the image only without a wildcard
-// and sought from 0.
+// and searched for from 0.
 inline Offset PlainFindPat(Bytes image, const std::optional<PlainBytes>& pattern, Offset start) {
   if (!pattern) return -1;
   const bool hasWildcard = std::ranges::find(*pattern, -1) != pattern->end();

@@ -32,7 +32,7 @@ TEST(GetP, ListsATableAndItsColumns) {
   builder.Byte(0x80000, 0xD0);  // 16 pixels of ink
   const PictureList list = Find(builder);
   EXPECT_EQ(list.tables, std::vector<Offset>{0x1002});
-  const Table table = PictureTable(list);
+  const Table table = PictureRows(list).All();
   ASSERT_EQ(table.rows.size(), 3u);
   using Cells = std::vector<std::string>;
   EXPECT_EQ(table.captions, (Cells{"P", "N/P", "N", "X", "Y", "B", "Offset", "Size", "Uncomp", "PIT"}));
@@ -117,7 +117,7 @@ TEST(GetP, ListsStandAloneHeadersBehindAMonochromeTable) {
   const PictureList list = Find(builder);
   EXPECT_EQ(list.outsideCount, 3);
   ASSERT_EQ(list.pictures.size(), 5u);
-  const Table table = PictureTable(list);
+  const Table table = PictureRows(list).All();
   using Cells = std::vector<std::string>;
   EXPECT_EQ(table.rows[3].cells,
             (Cells{"9", "001", "   3", "  1", "  1", " 1", "0FFFFF", "    1", "    1", "00300A"}));

@@ -2,13 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <set>
+#include <sstream>
+
+#include "resources/texts.h"
 
 namespace tarvelo {
 namespace {
+
+// The texts 1 .. 187 are given; of them some are not used.
+constexpr int lastFixed = 187;
+constexpr int firstOwn = 200;
 
 int Count(std::string_view text, std::string_view part) {
   int count = 0;
@@ -16,19 +24,28 @@ int Count(std::string_view text, std::string_view part) {
   return count;
 }
 
-// The table files, read without the program's own reader.
-std::map<int, std::string> ReadTable(const std::string& file) {
-  std::map<int, std::string> table;
-  std::ifstream stream(std::filesystem::path(TARVELO_MESSAGES) / file);
+struct Message {
+  std::string name;  // in the English table
+  std::string text;
+};
+
+// A line of a table, without the program's own reader: number, name in the English table, text.
+void ReadLine(const std::string& line, bool isNamed, std::map<int, Message>& table) {
+  std::istringstream cells(line);
+  std::string number, name, text, more;
+  EXPECT_TRUE(std::getline(cells, number, '\t')) << line;
+  EXPECT_TRUE(!isNamed || std::getline(cells, name, '\t')) << line;
+  EXPECT_TRUE(std::getline(cells, text, '\t')) << line;
+  EXPECT_FALSE(std::getline(cells, more)) << line;
+  EXPECT_TRUE(table.emplace(std::stoi(number), Message{name, text}).second) << line;
+}
+
+std::map<int, Message> ReadTable(const std::string& file) {
+  std::map<int, Message> table;
+  std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "resources" / "messages" / file);
   EXPECT_TRUE(stream) << file;
-  for (std::string line; std::getline(stream, line);) {
-    if (line.starts_with('#')) continue;
-    const auto tab = line.find('\t');
-    EXPECT_NE(tab, line.npos) << file << ": " << line;
-    if (tab == line.npos) continue;
-    const bool isNew = table.emplace(std::stoi(line), line.substr(tab + 1)).second;
-    EXPECT_TRUE(isNew) << file << ": " << line;
-  }
+  for (std::string line; std::getline(stream, line);)
+    if (!line.starts_with('#')) ReadLine(line, file == "en.tsv", table);
   return table;
 }
 
@@ -40,21 +57,54 @@ TEST(Messages, EveryLanguageHasEveryTextOfTheEnglishTable) {
     for (char& c : file) c = static_cast<char>(std::tolower(c));
     const auto table = ReadTable(file + ".tsv");
     EXPECT_EQ(table.size(), english.size()) << file;
-    for (const auto& [number, text] : english) {
-      const auto own = table.find(number);
-      ASSERT_NE(own, table.end()) << file << ' ' << number;
-      EXPECT_EQ(Count(own->second, "%s"), Count(text, "%s")) << file << ' ' << number;
-      EXPECT_EQ(own->second.ends_with("\\s"), text.ends_with("\\s")) << file << ' ' << number;
-      EXPECT_FALSE(own->second.empty() || own->second.ends_with(' ')) << file << ' ' << number;
-      EXPECT_EQ(Count(own->second, "&"), 0) << file << ' ' << number;
-      EXPECT_TRUE(number <= 187 || number >= 200) << number;
+    for (const auto& [number, message] : english) {
+      const auto found = table.find(number);
+      ASSERT_NE(found, table.end()) << file << ' ' << number;
+      const std::string& own = found->second.text;
+      EXPECT_EQ(Count(own, "%s"), Count(message.text, "%s")) << file << ' ' << number;
+      EXPECT_EQ(own.ends_with("\\s"), message.text.ends_with("\\s")) << file << ' ' << number;
+      EXPECT_FALSE(own.empty() || own.ends_with(' ')) << file << ' ' << number;
+      EXPECT_EQ(Count(own, "&"), 0) << file << ' ' << number;
+      EXPECT_TRUE(number <= lastFixed || number >= firstOwn) << number;
     }
   }
 }
 
+TEST(Messages, HaveNamesOfTheirOwn) {
+  std::set<std::string> names;
+  for (const auto& [number, message] : ReadTable("en.tsv")) {
+    EXPECT_TRUE(names.insert(message.name).second) << number << ' ' << message.name;
+    const auto isLetterOrDigit = [](unsigned char c) { return std::isalnum(c) != 0; };
+    EXPECT_TRUE(std::ranges::all_of(message.name, isLetterOrDigit)) << number << ' ' << message.name;
+  }
+}
+
+// The names behind "Text::" in a source.
+void AddUsed(const std::filesystem::path& source, std::set<std::string>& used) {
+  constexpr std::string_view mark = "Text::";
+  std::ifstream stream(source, std::ios::binary);
+  const std::string code{std::istreambuf_iterator<char>(stream), {}};
+  for (auto at = code.find(mark); at != code.npos; at = code.find(mark, at)) {
+    const auto begin = code.begin() + static_cast<std::ptrdiff_t>(at += mark.size());
+    used.emplace(begin, std::find_if_not(begin, code.end(), [](unsigned char c) { return std::isalnum(c); }));
+  }
+}
+
+TEST(Messages, OfOurOwnAreUsed) {
+  std::set<std::string> used;
+  for (const char* folder : {"cli", "core", "document", "eeprom", "patch", "pictures", "ringtones", "shell"})
+    for (const auto& entry :
+         std::filesystem::recursive_directory_iterator(std::filesystem::path(TARVELO_SOURCES) / folder))
+      if (const auto ending = entry.path().extension(); ending == ".cpp" || ending == ".h")
+        AddUsed(entry.path(), used);
+  EXPECT_GT(used.size(), 100u);
+  for (const auto& [number, message] : ReadTable("en.tsv"))
+    EXPECT_TRUE(number < firstOwn || used.contains(message.name)) << number << ' ' << message.name;
+}
+
 TEST(Messages, LooksUpByNumberAndLanguage) {
   EXPECT_EQ(Messages().Msg(Text::FullflashLabel), "Fullflash: ");
-  EXPECT_EQ(Messages().Msg(56), "");
+  EXPECT_EQ(Messages().Msg(Text{56}), "");
   EXPECT_EQ(Messages().LangBase(), 2000);
   EXPECT_EQ(Messages(*FindLanguage("RU")).Msg(Text::LanguageName), "Русский");
   EXPECT_EQ(Messages(*FindLanguage("CZ")).LangBase(), 13000);

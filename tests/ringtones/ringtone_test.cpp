@@ -174,7 +174,7 @@ TEST(RingtoneTable, HasEightColumns) {
   image.Pointer(table + 20, 0x80);
   const Fullflash fullflash = ImageOf(image);
   const RingtoneList list = GetRingtones(fullflash, noProgress);
-  const Table rows = RingtoneTable(list, fullflash);
+  const Table rows = RingtoneRows(list, fullflash).All();
   using Cells = std::vector<std::string>;
   EXPECT_EQ(rows.captions, (Cells{"N", "Note", "Time", "T", "Offset", "Size", "RIT", "Ringtone"}));
   EXPECT_EQ(rows.rows[0].cells, (Cells{"00", "   0", "     0", "0F", "000040", "    0", "000100", ""}));
@@ -191,7 +191,8 @@ TEST(RingtoneTable, BoundsItsTexts) {
   for (std::size_t i = 0; i < 9; ++i) image.Pointer(table + 8 * i + 4, 0x200);
   image.Pointer(table + 68, melody);
   const Fullflash fullflash = ImageOf(image);
-  const Table rows = RingtoneTable(GetRingtones(fullflash, noProgress), fullflash);
+  const RingtoneList list = GetRingtones(fullflash, noProgress);
+  const Table rows = RingtoneRows(list, fullflash).All();
   EXPECT_EQ(rows.rows[0].cells[1], "327680");  // wider than its column
   const auto text = [&](std::size_t row) { return rows.rows[row].cells[7]; };
   // 16 Mi and 4 * 0x140200 are 22022144; five texts are 19660800, the rest holds 196778 pairs.

@@ -158,10 +158,10 @@ TEST_F(HexEditDesk, MakesPatches) {
   EXPECT_NE(text.find(";All\r\n\r\n000700: FFFFFFFFFF 4869FFFF21\r\n000740: FFFF 0102\r\n"), text.npos);
 }
 
-// What was found before is no longer there; the panels show what they can of it. Ringtones are sought anew.
-TEST_F(HexEditDesk, LeavesTheOtherPanelsAlive) {
+// What was found before is no longer there: every panel searches anew.
+TEST_F(HexEditDesk, IsSeenByTheOtherPanels) {
   for (const int panel : std::initializer_list<int>{eeprom, pictures, ringtones, Id::HexView}) Choose(panel);
-  const std::string figures = Status(4) + Status(6);
+  const std::string figures = Status(4) + Status(6) + Status(7);
   for (const char* byte : {"A5", "FF", "00"}) {
     Choose(Id::HexView);
     main->Run(Id::SelectAll);
@@ -173,9 +173,14 @@ TEST_F(HexEditDesk, LeavesTheOtherPanelsAlive) {
       main->Panels().Visible()->Window().Update();
       Settle();
     }
-    EXPECT_EQ(Status(4) + Status(6), figures);
+    EXPECT_EQ(Status(4), "");
+    EXPECT_EQ(Status(6), "0 / 0");
     EXPECT_EQ(Status(7), "");
   }
+  while (Open().Undo()) {
+  }
+  for (const int panel : std::initializer_list<int>{eeprom, pictures, ringtones}) Choose(panel);
+  EXPECT_EQ(Status(4) + Status(6) + Status(7), figures);
 }
 
 }  // namespace

@@ -1,0 +1,236 @@
+#include "cli/parser.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "cli/subcommands.h"
+#include "document/explorers.h"
+
+namespace tarvelo::cli {
+namespace {
+
+// --- what there is ---
+
+// A subcommand whose options fill in its arguments. When the command line names it, it is the chosen one.
+template <typename Arguments>
+class Subcommand {
+ public:
+  using Run = void (*)(const Arguments& arguments, Context& context);
+
+  Subcommand(CLI::App& parent, const std::string& name, const std::string& about, Run run, Command& chosen,
+             Arguments arguments = {})
+      : app_(*parent.add_subcommand(name, about)),
+        arguments_(std::make_shared<Arguments>(std::move(arguments))) {
+    app_.callback([run, &chosen, given = arguments_] {
+      chosen = [run, given](Context& context) { run(*given, context); };
+    });
+  }
+
+  // An option or a word that may be left out, or that must be there; `oneOf` are its only values.
+  template <typename Value>
+  Subcommand& Takes(const char* name, Value Arguments::*value, const char* about,
+                    const std::vector<std::string>& oneOf = {}) {
+    Add(name, value, about, oneOf);
+    return *this;
+  }
+  template <typename Value>
+  Subcommand& Needs(const char* name, Value Arguments::*value, const char* about,
+                    const std::vector<std::string>& oneOf = {}) {
+    Add(name, value, about, oneOf)->required();
+    return *this;
+  }
+  Subcommand& Flag(const char* name, bool Arguments::*value, const std::string& about) {
+    app_.add_flag(name, (*arguments_).*value, about);
+    return *this;
+  }
+
+ private:
+  template <typename Value>
+  CLI::Option* Add(const char* name, Value Arguments::*value, const char* about,
+                   const std::vector<std::string>& oneOf) {
+    CLI::Option* option = app_.add_option(name, (*arguments_).*value, about);
+    if constexpr (std::is_same_v<Value, std::string>) option->capture_default_str();
+    return oneOf.empty() ? option : option->check(CLI::IsMember(oneOf));
+  }
+
+  CLI::App& app_;
+  std::shared_ptr<Arguments> arguments_;
+};
+
+// A command that has commands of its own.
+CLI::App& AddGroup(CLI::App& app, const char* name, const char* about) {
+  CLI::App* group = app.add_subcommand(name, about);
+  group->require_subcommand(1);
+  group->fallthrough();
+  return *group;
+}
+
+// "Deleted blocks", of "EEPROM blocks".
+std::string DeletedOnes(const Explorer& kind) {
+  return "Deleted " + std::string(kind.about.substr(kind.about.rfind(' ') + 1));
+}
+
+void AddLists(CLI::App& app, Command& chosen) {
+  CLI::App& group = AddGroup(app, "list", "Print a list of what a dump holds");
+  for (const Explorer* kind : Explorers()) {
+    const std::string about = "The " + std::string(kind->about);
+    Subcommand list(group, std::string(kind->key), about, List, chosen, {.kind = kind});
+    list.Needs("FILE", &ListArguments::file, "Dump")
+        .Flag("--json", &ListArguments::json, "One JSON object a row and line");
+    if (kind->hasDeleted) list.Flag("--deleted", &ListArguments::deleted, DeletedOnes(*kind) + " too");
+  }
+}
+
+void AddExports(CLI::App& app, Command& chosen) {
+  CLI::App& group = AddGroup(app, "export", "Write what a dump holds to files");
+  for (const Explorer* kind : Explorers()) {
+    if (!kind->files) continue;
+    const auto& formats = kind->files->formats;
+    const std::string_view held = kind->files->about.empty() ? kind->about : kind->files->about;
+    const std::string about = "The " + std::string(held) + ", into " + std::string(kind->files->folder);
+    Subcommand files(group, std::string(kind->key), about, Export, chosen, {.kind = kind});
+    files.Needs("FILE", &ExportArguments::file, "Dump")
+        .Takes("--to", &ExportArguments::folder, "Folder, by default one beside the dump")
+        .Takes("--number", &ExportArguments::number, "Only the one of this number");
+    if (!formats.empty())
+      files.Takes("--format", &ExportArguments::format, "Format", {formats.begin(), formats.end()});
+    if (kind->hasDeleted)
+      files.Flag("--deleted", &ExportArguments::deleted, DeletedOnes(*kind) + " and older generations too")
+          .Flag("--json", &ExportArguments::json, "One JSON object a file and line");
+  }
+}
+
+void AddDumpCommands(CLI::App& app, Command& chosen) {
+  Subcommand(app, "info", "Print what each dump is", Info, chosen)
+      .Needs("FILE", &InfoArguments::files, "Dumps")
+      .Flag("--json", &InfoArguments::json, "One JSON object a file and line")
+      .Takes("--jobs", &InfoArguments::jobs, "Dumps at a time (default: the number of processors)");
+  AddLists(app, chosen);
+  AddExports(app, chosen);
+  Subcommand(app, "find", "Print where a byte pattern occurs", Find, chosen)
+      .Needs("FILE", &FindArguments::file, "Dump")
+      .Needs("PATTERN", &FindArguments::pattern, "Hexadecimal bytes, ?? for any: E6??4100E6")
+      .Flag("--json", &FindArguments::json, "One JSON object a hit and line");
+  Subcommand(app, "map", "Print what each byte of a dump is", Map, chosen)
+      .Needs("FILE", &MapArguments::file, "Dump")
+      .Flag("--json", &MapArguments::json, "One JSON object a region and line");
+}
+
+void AddPatchCommands(CLI::App& app, Command& chosen) {
+  Subcommand(app, "diff", "Print where two dumps differ", Diff, chosen)
+      .Needs("FILE", &DiffArguments::file, "Dump")
+      .Needs("OTHER", &DiffArguments::other, "Dump to compare it with")
+      .Flag("--json", &DiffArguments::json, "One JSON object a difference and line")
+      .Takes("--patch", &DiffArguments::patch, "Write the patch that makes OTHER of FILE");
+  Subcommand(app, "apply", "Apply a patch file to a copy of a dump", Apply, chosen)
+      .Needs("FILE", &ApplyArguments::file, "Dump")
+      .Needs("PATCH", &ApplyArguments::patch, "Patch file")
+      .Needs("--output", &ApplyArguments::output, "The dump to write")
+      .Flag("--force", &ApplyArguments::force, "Apply the changes that fit, even where others don't");
+}
+
+void AddOtherCommands(CLI::App& app, Command& chosen) {
+  Subcommand(app, "decode", "Decode the text at an offset", Decode, chosen)
+      .Needs("CODEC", &DecodeArguments::codec, "Decoder", Codecs())
+      .Needs("FILE", &DecodeArguments::file, "Dump, or address book for WordA and GetStrA")
+      .Needs("OFFSET", &DecodeArguments::offset, "Where the text begins (hexadecimal)")
+      .Takes("--width", &DecodeArguments::width, "Width of the field, for GetStrA");
+  Subcommand(app, "encode", "Print the language pack's encoding of a text", Encode, chosen)
+      .Needs("TEXT", &EncodeArguments::text, "Text");
+  Subcommand(app, "address", "Convert between page and offset, address, and offset", Address, chosen)
+      .Takes("--base", &AddressArguments::base, "Corrected base, 0 by default")
+      .Takes("--page", &AddressArguments::page, "Page of 16 KiB")
+      .Takes("--offs", &AddressArguments::offs, "Offset within the page")
+      .Takes("--addr", &AddressArguments::addr, "Phone address")
+      .Takes("--adff", &AddressArguments::adff, "Offset in the fullflash");
+  Subcommand(app, "demo", "Write the demonstration fullflash", Demo, chosen)
+      .Needs("FILE", &DemoArguments::file, "The file to write")
+      .Flag("--large", &DemoArguments::large, "A large image of 32 MiB instead of one of 8");
+}
+
+// --- what the parser would take otherwise ---
+
+// It would take a value such as -A0000000 for an option: the value is tied to its name.
+std::vector<std::string> TieNegativeBase(std::vector<std::string> arguments) {
+  const auto end = std::ranges::find(arguments, "--");
+  for (auto at = arguments.begin(); at != end && at + 1 != end; ++at) {
+    const std::string& value = *(at + 1);
+    if (*at != "--base" || !value.starts_with('-') || value.starts_with("--")) continue;
+    *at += "=" + value;
+    arguments.erase(at + 1);
+    break;
+  }
+  return arguments;
+}
+
+// It gives "++" and words in brackets a meaning of its own. Behind a zero byte, which no argument has, they
+// stand as they are.
+void GuardWords(std::vector<std::string>& arguments) {
+  for (std::string& word : arguments)
+    if (word == "++" || (word.starts_with('[') && word.ends_with(']'))) word += '\0';
+}
+
+void TakeGuardsOff(CLI::App& app) {
+  for (CLI::Option* option : app.get_options())
+    option->transform([](std::string word) {
+      if (word.ends_with('\0')) word.pop_back();
+      return word;
+    });
+  for (CLI::App* command : app.get_subcommands({})) TakeGuardsOff(*command);
+}
+
+// Its own word for an unknown command is that one is missing.
+void CheckCommand(const CLI::App& app, const std::vector<std::string>& arguments) {
+  for (auto at = arguments.begin(); at != arguments.end(); ++at) {
+    if (*at == "--language" && at + 1 != arguments.end()) {
+      ++at;  // its value
+      continue;
+    }
+    if (at->starts_with('-')) continue;
+    const auto named = [&](const CLI::App* command) { return command->get_name() == *at; };
+    if (app.get_subcommands(named).empty()) throw WrongArguments(*at + ": there is no such command");
+    return;
+  }
+}
+
+void SetLanguage(Context& context, std::string code) {
+  std::ranges::transform(code, code.begin(), [](unsigned char c) { return std::toupper(c); });
+  const Language* language = FindLanguage(code);
+  if (!language) throw CLI::ValidationError("--language", code + " is none of the languages");
+  context.messages = Messages(*language);
+}
+
+}  // namespace
+
+Command Parse(std::vector<std::string> arguments, Context& context) {
+  CLI::App app("Tarvelo: explorer of fullflash images of Siemens phones", "tarvelo-cli");
+  app.allow_windows_style_options(false);
+  app.set_version_flag("--version", "Tarvelo v" TARVELO_VERSION);
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.add_option_function<std::string>(
+         "--language", [&](const std::string& code) { SetLanguage(context, code); },
+         "RU EN PL CH HR ES IT FR DE PT GR CZ")
+      ->trigger_on_parse();
+  Command chosen;
+  AddDumpCommands(app, chosen);
+  AddPatchCommands(app, chosen);
+  AddOtherCommands(app, chosen);
+
+  CheckCommand(app, arguments);
+  arguments = TieNegativeBase(std::move(arguments));
+  GuardWords(arguments);
+  TakeGuardsOff(app);
+  std::ranges::reverse(arguments);  // the parser takes them from the back
+  try {
+    app.parse(std::move(arguments));
+  } catch (const CLI::Success& success) {  // --help, --version
+    app.exit(success, context.out, context.err);
+    return {};
+  } catch (const CLI::ParseError& error) {
+    throw WrongArguments(error.what());
+  }
+  return chosen;
+}
+
+}  // namespace tarvelo::cli

@@ -1,0 +1,95 @@
+// The commands: what each is given, as the command line has it, and the function that runs it. Each prints to
+// the context and sets its status. All throw WrongArguments, FileError and ScanFault.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/context.h"
+#include "core/explorer.h"
+
+namespace tarvelo::cli {
+
+struct InfoArguments {
+  std::vector<std::string> files;
+  bool json = false;
+  std::optional<std::string> jobs;
+};
+void Info(const InfoArguments& arguments, Context& context);
+
+struct ListArguments {
+  const Explorer* kind = nullptr;
+  std::string file;
+  bool json = false;
+  bool deleted = false;
+};
+void List(const ListArguments& arguments, Context& context);
+
+struct ExportArguments {
+  const Explorer* kind = nullptr;  // one with files
+  std::string file;
+  std::string folder;
+  std::optional<std::string> number;
+  std::string format;
+  bool deleted = false;
+  bool json = false;
+};
+void Export(const ExportArguments& arguments, Context& context);
+
+struct FindArguments {
+  std::string file;
+  std::string pattern;
+  bool json = false;
+};
+void Find(const FindArguments& arguments, Context& context);
+
+struct MapArguments {
+  std::string file;
+  bool json = false;
+};
+void Map(const MapArguments& arguments, Context& context);
+
+struct DiffArguments {
+  std::string file;
+  std::string other;
+  bool json = false;
+  std::optional<std::string> patch;
+};
+void Diff(const DiffArguments& arguments, Context& context);
+
+struct ApplyArguments {
+  std::string file;
+  std::string patch;
+  std::string output;
+  bool force = false;
+};
+void Apply(const ApplyArguments& arguments, Context& context);
+
+struct DecodeArguments {
+  std::string codec;  // one of Codecs()
+  std::string file;
+  std::string offset;
+  std::string width = "20";
+};
+[[nodiscard]] std::vector<std::string> Codecs();
+void Decode(const DecodeArguments& arguments, Context& context);
+
+struct EncodeArguments {
+  std::string text;
+};
+void Encode(const EncodeArguments& arguments, Context& context);
+
+struct AddressArguments {
+  std::string base;
+  std::optional<std::string> page, offs, addr, adff;
+};
+void Address(const AddressArguments& arguments, Context& context);
+
+struct DemoArguments {
+  std::string file;
+  bool large = false;
+};
+void Demo(const DemoArguments& arguments, Context& context);
+
+}  // namespace tarvelo::cli

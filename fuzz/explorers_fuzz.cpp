@@ -1,0 +1,90 @@
+// Any bytes as a dump: searched by every explorer, listed, claimed, and mapped.
+#include <optional>
+
+#include "document/explorers.h"
+#include "document/map_kinds.h"
+#include "document/map_table.h"
+#include "fuzz/target.h"
+#include "text/unicode.h"
+
+namespace {
+
+using namespace tarvelo;
+using namespace tarvelo::fuzz;
+
+// So that an input stays fast: of all rows of a list, and of what one row is made of.
+constexpr std::size_t mostCharacters = 1 << 21;
+constexpr Offset mostBytes = 1 << 19;
+
+bool IsUtf8(const std::string& text) { return ToUtf8(ToUtf16(text)) == text; }
+
+// Returns its characters.
+std::size_t CheckRow(const Table::Row& row, std::size_t columns, const Item& item) {
+  Check(row.cells.size() == columns, "a row has a cell for each column");
+  Check(std::ranges::all_of(row.cells, IsUtf8), "a cell is UTF-8");
+  Check(row.marked == item.isDeleted, "rows of deleted things are marked");
+  std::size_t characters = 0;
+  for (const std::string& cell : row.cells) characters += cell.size();
+  return characters;
+}
+
+void List(const Explorer& explorer, const Dump& dump, const Findings& found, bool deleted) {
+  const Listing list = ListOf(explorer, dump, found, deleted);
+  Check(!deleted || list.rows.count == explorer.count(found), "a record has a row");
+  std::size_t characters = 0;
+  for (std::size_t row = 0; row < list.rows.count && characters < mostCharacters; ++row) {
+    const Item item = explorer.item(found, list.RecordOf(row));
+    Check(deleted || !item.isDeleted, "deleted things are listed where they are asked for");
+    if (item.data.size <= mostBytes)
+      characters += CheckRow(list.rows.row(row), list.rows.captions.size(), item);
+  }
+}
+
+void CheckLines(const Explorer& explorer, const Findings& found) {
+  const std::string lines = explorer.lines(found, Messages());
+  Check(lines.empty() || lines.ends_with('\n'), "information is whole lines");
+  if (explorer.status) Check(IsUtf8(explorer.status(found)), "a figure is UTF-8");
+}
+
+void CheckClaims(const Explorer& explorer, const Dump& dump, const Findings& found) {
+  if (!explorer.claim) return;
+  explorer.claim(dump, found, [&](const Claim& claim) {
+    Check(std::ranges::find(explorer.kinds, claim.kind) != explorer.kinds.end(), "a claim is of its kinds");
+    Check(claim.sure != Sureness::Unknown, "a claim is sure");
+  });
+}
+
+void CheckRegions(const DumpMap& map, const Fullflash& image) {
+  Offset end = 0;
+  for (const Claim& region : map.regions) {
+    Check(region.offset == end && region.size > 0, "a region begins where the one before it ends");
+    Check((region.kind == &map::unknown) == (region.sure == Sureness::Unknown), "what is known is sure");
+    Check(map.Within(region.offset, region.size).size() == 1, "a region is found where it lies");
+    Check(!LabelOf(map, region.offset, image.ffEnd()).empty(), "bytes of the image have a label");
+    end = region.End();
+  }
+  Check(end == std::ssize(image.ff()), "the regions make up the whole image");
+  Check(MapRows(map, image).All().rows.size() == map.regions.size(), "a region has a row");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) try {
+  Dump dump{ImageOf({data, size}), {}, {}};
+  if (!dump.image.IsOpen()) return 0;
+  dump.info = Identify(dump.image);
+  NoProgress progress;
+  std::optional<Findings> last;
+  const DumpMap map = MapDump(dump, [&](const Explorer& explorer) -> const Findings& {
+    const Findings& found = last.emplace(explorer.search(dump, progress));
+    List(explorer, dump, found, true);
+    if (explorer.hasDeleted) List(explorer, dump, found, false);
+    CheckLines(explorer, found);
+    CheckClaims(explorer, dump, found);
+    return found;
+  });
+  CheckRegions(map, dump.image);
+  return 0;
+} catch (const std::length_error&) {
+  return 0;  // an explorer finds more than there can be
+}

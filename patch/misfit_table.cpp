@@ -1,0 +1,65 @@
+#include "patch/misfit_table.h"
+
+#include "core/notation.h"
+#include "core/place_text.h"
+#include "patch/patch_lines.h"
+#include "resources/texts.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr auto bytesShown = static_cast<std::size_t>(longestPatchLine);
+
+}  // namespace
+
+MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
+                         const Messages& messages)
+    : patch_(patch),
+      check_(check),
+      image_(image),
+      messages_(messages),
+      fitting_(check.Count(Fit::Fine)),
+      applied_(check.Count(Fit::Applied)),
+      count_(CountMisfits(patch, check)),
+      listed_(MisfitsOf(patch, check, mostListed)) {}
+
+std::string MisfitTable::Summary() const {
+  std::string text = Msg(Text::MisfitLinesLabel) + std::to_string(count_) + "\n" +
+                     Msg(Text::FittingLinesLabel) + std::to_string(fitting_);
+  if (applied_ > 0) text += "\n" + Msg(Text::AppliedLinesLabel) + std::to_string(applied_);
+  if (listed_.size() < count_) text += "\n" + Msg(Text::PatchLinesCutOff);
+  return text;
+}
+
+TableRows MisfitTable::Rows() const {
+  return {Captions(messages_, {Text::ColumnLine, Text::ColumnOffset, Text::PhoneAddress, Text::ColumnExpected,
+                               Text::ColumnFound}),
+          listed_.size(), [this](std::size_t row) {
+            const Misfit& misfit = listed_[row];
+            return misfit.isInvalid ? InvalidRow(patch_.invalid[misfit.index]) : ChangeRow(misfit.index);
+          }};
+}
+
+Table::Row MisfitTable::InvalidRow(const InvalidPatchLine& invalid) const {
+  return {{LineText(invalid.line), "", "", "",
+           Msg(Text::NotAPatchLine) + " \"" + InOneLine(invalid.text) + "\""}};
+}
+
+Table::Row MisfitTable::ChangeRow(std::size_t index) const {
+  const auto& [line, change] = patch_.changes[index];
+  const CheckedChange& checked = check_.changes[index];
+  const bool isOutside = checked.fit == Fit::Outside;
+  return {{LineText(line), OffsetText(image_, change.offset),
+           isOutside ? "" : AddressText(image_, change.offset), FirstBytes(change.oldBytes, bytesShown),
+           isOutside ? Msg(Text::DataOutsideImage) : FirstBytes(checked.found, bytesShown)}};
+}
+
+// As wide as the last one, so that they can be sorted as text.
+std::string MisfitTable::LineText(std::size_t line) const {
+  std::string text = std::to_string(line);
+  const std::size_t width = std::to_string(listed_.back().line).size();
+  return text.insert(0, width - text.size(), ' ');
+}
+
+}  // namespace tarvelo

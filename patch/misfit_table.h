@@ -1,0 +1,48 @@
+// What of a patch does not fit an image, as a list for the user.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/table.h"
+#include "patch/misfits.h"
+#include "resources/messages.h"
+
+namespace tarvelo {
+
+class MisfitTable {
+ public:
+  static constexpr std::size_t mostListed = 1000000;
+
+  // The patch, its check and the image must outlive the table.
+  MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
+              const Messages& messages);
+
+  // How many lines do not fit, can be applied, were applied already.
+  [[nodiscard]] std::size_t Count() const { return count_; }
+  [[nodiscard]] std::size_t Fitting() const { return fitting_; }
+  [[nodiscard]] std::size_t Applied() const { return applied_; }
+  // These numbers in words, a line each.
+  [[nodiscard]] std::string Summary() const;
+
+  // A row a line that does not fit, up to mostListed, in the columns Line, Offset, Phone address, Expected
+  // and Found; long bytes are shortened. The table must outlive the rows.
+  [[nodiscard]] TableRows Rows() const;
+
+ private:
+  [[nodiscard]] Table::Row InvalidRow(const InvalidPatchLine& invalid) const;
+  [[nodiscard]] Table::Row ChangeRow(std::size_t index) const;
+  [[nodiscard]] std::string LineText(std::size_t line) const;
+  [[nodiscard]] std::string Msg(Text text) const { return std::string(messages_.Msg(text)); }
+
+  const ReadPatch& patch_;
+  const PatchCheck& check_;
+  const Fullflash& image_;
+  Messages messages_;
+  std::size_t fitting_;
+  std::size_t applied_;
+  std::size_t count_;
+  std::vector<Misfit> listed_;
+};
+
+}  // namespace tarvelo

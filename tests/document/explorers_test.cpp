@@ -1,0 +1,152 @@
+// What must hold of every explorer, whatever it finds.
+#include "document/explorers.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "crafted_images.h"
+#include "document/map_kinds.h"
+#include "on_each_unit.h"
+
+namespace tarvelo {
+namespace {
+
+Dump DumpOf(const CraftedImage& crafted) {
+  Dump dump{ImageOf(crafted.Build()), {}, {}};
+  dump.info = Identify(dump.image);
+  return dump;
+}
+
+std::vector<Claim> ClaimsOf(const Explorer& explorer, const Dump& dump, const Findings& found) {
+  std::vector<Claim> claims;
+  if (explorer.claim) explorer.claim(dump, found, [&](const Claim& claim) { claims.push_back(claim); });
+  return claims;
+}
+
+// Of very long lists the first rows only, so that the tests stay fast.
+TableRows Beginning(TableRows rows) {
+  constexpr std::size_t most = 10000;
+  rows.count = std::min(rows.count, most);
+  return rows;
+}
+
+TEST(Explorers, HaveNamesAndPlacesOfTheirOwn) {
+  std::set<std::string_view> keys;
+  std::set<char> letters;
+  std::set<int> places, panels;
+  for (const Explorer* explorer : Explorers()) {
+    SCOPED_TRACE(explorer->key);
+    EXPECT_EQ(FindExplorer(explorer->key), explorer);
+    EXPECT_TRUE(keys.insert(explorer->key).second);
+    EXPECT_TRUE(letters.insert(explorer->letter).second);
+    EXPECT_TRUE(explorer->place == 0 || places.insert(explorer->place).second);
+    const int panel = explorer->statusPanel;
+    EXPECT_EQ(explorer->status != nullptr, panel != 0);
+    EXPECT_TRUE(panel == 0 || (panel >= 3 && panel <= 8 && panels.insert(panel).second)) << panel;
+  }
+  EXPECT_EQ(FindExplorer("nothing"), nullptr);
+}
+
+// Of two kinds of one rank neither would win.
+TEST(Explorers, HaveKindsOfTheirOwn) {
+  std::vector<const ClaimKind*> kinds{&map::firmwareHeader, &map::t9,   &map::t9Free,
+                                      &map::emptyBlock,     &map::text, &map::erased,
+                                      &map::filling,        &map::code, &map::unknown};
+  for (const Explorer* explorer : Explorers())
+    kinds.insert(kinds.end(), explorer->kinds.begin(), explorer->kinds.end());
+  std::set<std::string_view> keys;
+  std::set<int> ranks;
+  for (const ClaimKind* kind : kinds) {
+    EXPECT_TRUE(keys.insert(kind->key).second) << kind->key;
+    EXPECT_TRUE(ranks.insert(kind->rank).second) << kind->key;
+  }
+}
+
+void ExpectListed(const Explorer& explorer, const Dump& dump, const Findings& found, bool deleted) {
+  const Listing list = ListOf(explorer, dump, found, deleted);
+  std::vector<std::size_t> records;
+  for (std::size_t record = 0; record < explorer.count(found); ++record)
+    if (deleted || !explorer.item(found, record).isDeleted) records.push_back(record);
+  ASSERT_EQ(list.rows.count, records.size());
+  for (std::size_t row = 0; row < Beginning(list.rows).count; ++row) {
+    ASSERT_EQ(list.RecordOf(row), records[row]);
+    const Table::Row made = list.rows.row(row);
+    ASSERT_EQ(made.cells.size(), list.rows.captions.size());
+    ASSERT_EQ(made.marked, explorer.item(found, records[row]).isDeleted) << row;
+  }
+}
+
+TEST(Explorers, HaveARowForEachRecord) {
+  for (const CraftedImage& crafted : CraftedImages()) {
+    const Dump dump = DumpOf(crafted);
+    for (const Explorer* explorer : Explorers()) {
+      SCOPED_TRACE(std::string(explorer->key) + " in " + crafted.name);
+      const Findings found = explorer->search(dump, noProgress);
+      for (const bool deleted : {false, true}) ExpectListed(*explorer, dump, found, deleted);
+    }
+  }
+}
+
+TEST(Explorers, ClaimBytesAsTheirOwnKindsOnly) {
+  for (const CraftedImage& crafted : CraftedImages()) {
+    const Dump dump = DumpOf(crafted);
+    for (const Explorer* explorer : Explorers())
+      for (const Claim& claim : ClaimsOf(*explorer, dump, explorer->search(dump, noProgress))) {
+        ASSERT_NE(std::ranges::find(explorer->kinds, claim.kind), explorer->kinds.end())
+            << explorer->key << " in " << crafted.name << " at " << claim.offset;
+        ASSERT_NE(claim.sure, Sureness::Unknown) << claim.kind->key;
+      }
+  }
+}
+
+// In the first image each explorer finds something of each kind that it claims.
+TEST(Explorers, FindSomethingOfEachKind) {
+  const Dump dump = DumpOf(CraftedImages()[0]);
+  for (const Explorer* explorer : Explorers()) {
+    SCOPED_TRACE(explorer->key);
+    const Findings found = explorer->search(dump, noProgress);
+    ASSERT_GT(explorer->count(found), 0u);
+    EXPECT_NE(explorer->lines(found, Messages()), "");
+    std::set<const ClaimKind*> claimed;
+    for (const Claim& claim : ClaimsOf(*explorer, dump, found)) claimed.insert(claim.kind);
+    EXPECT_EQ(claimed.size(), explorer->kinds.size());
+    bool anyDeleted = false;
+    for (std::size_t record = 0; record < explorer->count(found); ++record)
+      anyDeleted |= explorer->item(found, record).isDeleted;
+    EXPECT_EQ(anyDeleted, explorer->hasDeleted);
+  }
+}
+
+class ExplorersOnEachUnit : public OnEachUnit {};
+INSTANTIATE_TEST_SUITE_P(Units, ExplorersOnEachUnit, eachUnit);
+
+struct Explored {
+  std::size_t count = 0;
+  std::string list;
+  std::vector<Claim> claims;
+
+  [[nodiscard]] bool operator==(const Explored&) const = default;
+};
+
+Explored Explore(const Explorer& explorer, const Dump& dump, VectorUnit unit) {
+  LimitVectorUnit(unit);
+  const Findings found = explorer.search(dump, noProgress);
+  Explored explored{explorer.count(found), {}, ClaimsOf(explorer, dump, found)};
+  WriteTabSeparated(Beginning(ListOf(explorer, dump, found, true).rows), "\n",
+                    [&](std::string_view piece) { explored.list += piece; });
+  return explored;
+}
+
+TEST_P(ExplorersOnEachUnit, FindTheSame) {
+  for (const CraftedImage& crafted : CraftedImages()) {
+    const Dump dump = DumpOf(crafted);
+    for (const Explorer* explorer : Explorers())
+      EXPECT_TRUE(Explore(*explorer, dump, VectorUnit::None) == Explore(*explorer, dump, GetParam()))
+          << explorer->key << " in " << crafted.name;
+  }
+}
+
+}  // namespace
+}  // namespace tarvelo

@@ -1,0 +1,50 @@
+#include "patch/misfits.h"
+
+#include <gtest/gtest.h>
+
+#include "images.h"
+#include "patch/misfit_table.h"
+
+namespace tarvelo {
+namespace {
+
+using Cells = std::vector<std::string>;
+
+// 64 KiB of zeros, offset 0 at 0xFF0000, and a patch: line 1 fits, 6 was applied already.
+class Misfits : public testing::Test {
+ protected:
+  Fullflash image{Bytes(Data(0x10000, 0))};
+  ReadPatch patch = ReadPatchText(
+      "10: 00 01\nrub\x1B"
+      "bish\n20: 01 02\n10000: 00 01\n\n30: 01 00\nmore\n");
+  PatchCheck check = CheckPatch(patch.changes, image);
+};
+
+TEST_F(Misfits, StandInTheOrderOfTheirLines) {
+  EXPECT_EQ(CountMisfits(patch, check), 4u);
+  for (const std::size_t most : {0u, 1u, 2u, 3u, 4u, 9u}) {
+    const std::vector<std::size_t> lines{2, 3, 4, 7};
+    const std::vector<Misfit> misfits = MisfitsOf(patch, check, most);
+    ASSERT_EQ(misfits.size(), std::min<std::size_t>(most, 4)) << most;
+    for (std::size_t i = 0; i < misfits.size(); ++i) {
+      EXPECT_EQ(misfits[i].line, lines[i]);
+      EXPECT_EQ(misfits[i].isInvalid, i == 0 || i == 3);
+    }
+  }
+}
+
+TEST_F(Misfits, HaveRowsForTheUser) {
+  const MisfitTable misfits(patch, check, image, Messages());
+  EXPECT_EQ(misfits.Summary(),
+            "Lines of the patch that don't fit the fullflash: 4\nLines that fit: 1\n"
+            "Lines that were applied already: 1");
+  const Table table = misfits.Rows().All();
+  EXPECT_EQ(table.captions, (Cells{"Line", "Offset", "Phone address", "Expected", "Found"}));
+  ASSERT_EQ(table.rows.size(), 4u);
+  EXPECT_EQ(table.rows[0].cells, (Cells{"2", "", "", "", "This is not a line of a patch. \"rub bish\""}));
+  EXPECT_EQ(table.rows[1].cells, (Cells{"3", "000020", "3FC:0020", "01", "00"}));
+  EXPECT_EQ(table.rows[2].cells, (Cells{"4", "010000", "", "00", "The data lies outside the image."}));
+}
+
+}  // namespace
+}  // namespace tarvelo
