@@ -1,7 +1,7 @@
 #include "document/difference_table.h"
 
 #include "core/notation.h"
-#include "core/place_text.h"
+#include "core/places.h"
 #include "document/map_table.h"
 #include "patch/patch_lines.h"
 #include "resources/texts.h"

@@ -1,7 +1,7 @@
 #include "patch/misfit_table.h"
 
 #include "core/notation.h"
-#include "core/place_text.h"
+#include "core/places.h"
 #include "patch/patch_lines.h"
 #include "resources/texts.h"
 #include "text/unicode.h"

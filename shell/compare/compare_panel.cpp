@@ -11,10 +11,11 @@
 #include <utility>
 
 #include "core/places.h"
+#include "document/difference_table.h"
 #include "document/map_table.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
-#include "shell/compare/comparison_rows.h"
+#include "shell/compare/difference_strip.h"
 #include "shell/list/list_view.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/ids.h"
@@ -246,10 +247,8 @@ const Difference* ComparePanel::Chosen() const {
 }
 
 TableRows ComparePanel::Rows() const {
-  return {DifferenceCaptions(bench_.texts), comparison_.differences.size(), [this](std::size_t i) {
-            return DifferenceRow(bench_.document.Image(), second_.ff(), *map_, comparison_.differences[i],
-                                 bench_.texts);
-          }};
+  return DifferenceRows(bench_.document.Image(), second_.ff(), comparison_.differences, map_.get(),
+                        bench_.texts);
 }
 
 // --- commands ---

@@ -96,7 +96,7 @@ std::optional<std::filesystem::path> WxDialogs::SaveFile(const wxString& title, 
   return ChooseFile(parent_, title, filter, current, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
 }
 
-bool WxDialogs::ApplyOthers(const PatchMisfits& misfits) {
+bool WxDialogs::ApplyOthers(const MisfitTable& misfits) {
   return PatchCheckDialog(parent_, messages_, misfits).ShowModal() == wxID_OK;
 }
 

@@ -23,7 +23,7 @@ class WxDialogs final : public Dialogs {
                                                 const std::filesystem::path& current) override;
   std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
                                                 const std::filesystem::path& current) override;
-  bool ApplyOthers(const PatchMisfits& misfits) override;
+  bool ApplyOthers(const MisfitTable& misfits) override;
 
  private:
   wxWindow* parent_;

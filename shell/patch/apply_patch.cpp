@@ -3,10 +3,10 @@
 #include <wx/utils.h>
 
 #include "core/file.h"
+#include "patch/misfit_table.h"
 #include "patch/patch_apply.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
-#include "shell/patch/patch_misfits.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
@@ -29,7 +29,7 @@ std::optional<ReadPatch> ReadPatchFile(Workbench& bench, const std::filesystem::
 }
 
 // Writes the changes as one step and says what became of the patch.
-void WriteChanges(Workbench& bench, const std::vector<Change>& changes, const PatchMisfits& misfits,
+void WriteChanges(Workbench& bench, const std::vector<Change>& changes, const MisfitTable& misfits,
                   const std::filesystem::path& file) {
   bench.document.Write(changes);
   bench.frame.FollowInHex(changes.front().offset, changes.front().Size());
@@ -49,7 +49,7 @@ void Apply(Workbench& bench, const std::filesystem::path& file) {
   if (!patch) return;
   const Fullflash& image = bench.document.Image();
   const PatchCheck check = CheckPatch(patch->changes, image);
-  const PatchMisfits misfits(*patch, check, image, bench.texts);
+  const MisfitTable misfits(*patch, check, image, bench.texts);
   wait.reset();
   if (misfits.Count() == 0 && patch->changes.empty()) return bench.talk.Tell(Text::PatchWithoutChanges, file);
   if (misfits.Count() == 0 && check.CarriesAll()) return bench.talk.Tell(Text::PatchAlreadyApplied, file);

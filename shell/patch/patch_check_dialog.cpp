@@ -5,23 +5,22 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "patch/misfit_table.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
-#include "shell/patch/patch_misfits.h"
 
 namespace tarvelo {
 
-PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, const PatchMisfits& misfits)
+PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, const MisfitTable& misfits)
     : wxDialog(parent, wxID_ANY, wxString(productName) + " - " + Wx(messages.Msg(Text::ApplyPatchFile)),
                wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       list_(new ListView(this)) {
   list_->SetMinSize(FromDIP(wxSize(300, 140)));
   list_->Recaption(messages, Text::ApplyPatchFile);
-  list_->SetRows(
-      {misfits.Captions(), misfits.Listed(), [&misfits](std::size_t i) { return misfits.Row(i); }});
+  list_->SetRows(misfits.Rows());
   const int gap = FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(new wxStaticText(this, wxID_ANY, Wx(misfits.Summary())), 0, wxEXPAND | wxALL, gap);

@@ -7,13 +7,13 @@ namespace tarvelo {
 
 class ListView;
 class Messages;
-class PatchMisfits;
+class MisfitTable;
 
 // ShowModal gives wxID_OK where the lines that fit are to be applied.
 class PatchCheckDialog final : public wxDialog {
  public:
   // The misfits must outlive the dialog; `parent` may be null.
-  PatchCheckDialog(wxWindow* parent, const Messages& messages, const PatchMisfits& misfits);
+  PatchCheckDialog(wxWindow* parent, const Messages& messages, const MisfitTable& misfits);
 
   [[nodiscard]] ListView& List() { return *list_; }
 

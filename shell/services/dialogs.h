@@ -9,7 +9,7 @@
 
 namespace tarvelo {
 
-class PatchMisfits;
+class MisfitTable;
 
 class Dialogs {
  public:
@@ -33,7 +33,7 @@ class Dialogs {
   virtual std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
                                                         const std::filesystem::path& current) = 0;
   // Shows which lines of a patch do not fit. True where the others are to be applied.
-  virtual bool ApplyOthers(const PatchMisfits& misfits) = 0;
+  virtual bool ApplyOthers(const MisfitTable& misfits) = 0;
 };
 
 }  // namespace tarvelo

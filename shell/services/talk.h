@@ -43,7 +43,7 @@ class Talk {
   [[nodiscard]] std::optional<std::filesystem::path> SaveFile(Text title, const wxString& filter,
                                                               const std::filesystem::path& current);
   // Shows which lines of a patch do not fit. True where the others are to be applied.
-  [[nodiscard]] bool ApplyOthers(const PatchMisfits& misfits) { return dialogs_.ApplyOthers(misfits); }
+  [[nodiscard]] bool ApplyOthers(const MisfitTable& misfits) { return dialogs_.ApplyOthers(misfits); }
 
   // Runs a command of this name. A fault ends it with a message that names it.
   void Guard(const wxString& command, const std::function<void()>& run);

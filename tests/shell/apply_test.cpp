@@ -1,7 +1,7 @@
 #include <wx/display.h>
 
-#include "shell/patch/apply_patch.h"
 #include "shell/hex_desk.h"
+#include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_check_dialog.h"
 
 namespace tarvelo {
@@ -107,7 +107,7 @@ TEST_F(ApplyDesk, ListsAMillionLinesAtMost) {
   for (int i = 0; i < 1100000; ++i) text += "0: 00 01\n";
   const ReadPatch patch = ReadPatchText(text);
   const PatchCheck check = CheckPatch(patch.changes, Image());
-  const PatchMisfits misfits(patch, check, Image(), main->Bench().texts);
+  const MisfitTable misfits(patch, check, Image(), main->Bench().texts);
   EXPECT_EQ(misfits.Count(), 1100000u);
   EXPECT_NE(misfits.Summary().find("\nOnly the first 1000000 lines are listed."), std::string::npos);
   PatchCheckDialog dialog(main, main->Bench().texts, misfits);

@@ -12,21 +12,21 @@
 #include <map>
 #include <optional>
 
-#include "demo/demo_image.h"
-#include "image_builder.h"
 #include "core/byte_text.h"
 #include "core/places.h"
+#include "demo/demo_image.h"
 #include "document/explorers.h"
 #include "document/hex_columns.h"
+#include "image_builder.h"
+#include "patch/misfit_table.h"
+#include "shell/base/strings.h"
+#include "shell/frame/main.h"
 #include "shell/info/info_panel.h"
 #include "shell/list/explorer_panel.h"
 #include "shell/list/list_view.h"
-#include "shell/services/ids.h"
-#include "shell/frame/main.h"
-#include "shell/patch/patch_misfits.h"
 #include "shell/patch/patch_panel.h"
 #include "shell/services/clipboard.h"
-#include "shell/base/strings.h"
+#include "shell/services/ids.h"
 #include "shell/test_app.h"
 #include "temporary_folder.h"
 
@@ -84,10 +84,8 @@ class ScriptedDialogs final : public Dialogs {
     script_.said.push_back("save " + PathText(current.filename()));
     return script_.file;
   }
-  bool ApplyOthers(const PatchMisfits& misfits) override {
-    Table lines{misfits.Captions(), {}};
-    for (std::size_t i = 0; i < misfits.Listed(); ++i) lines.rows.push_back(misfits.Row(i));
-    script_.said.push_back(misfits.Summary() + "\n" + TabSeparated(lines, "\n"));
+  bool ApplyOthers(const MisfitTable& misfits) override {
+    script_.said.push_back(misfits.Summary() + "\n" + TabSeparated(misfits.Rows().All(), "\n"));
     return script_.applyOthers;
   }
 
@@ -302,8 +300,12 @@ class Desk : public testing::Test {
   }
 
   // What follows the path where a file could not be read, resp. written.
-  [[nodiscard]] static std::string ReadAdvice() { return "\n\n" + std::string(Messages().Msg(Text::AdviceOnReading)); }
-  [[nodiscard]] static std::string WriteAdvice() { return "\n\n" + std::string(Messages().Msg(Text::AdviceOnWriting)); }
+  [[nodiscard]] static std::string ReadAdvice() {
+    return "\n\n" + std::string(Messages().Msg(Text::AdviceOnReading));
+  }
+  [[nodiscard]] static std::string WriteAdvice() {
+    return "\n\n" + std::string(Messages().Msg(Text::AdviceOnWriting));
+  }
 
   // What a program would find in the clipboard.
   [[nodiscard]] static std::string ClipboardText() {

@@ -43,7 +43,7 @@ TEST_F(Desk, ListOfMisfitsTakesTheKeyboard) {
   main->Dumps().OpenF(WriteDump("phone.bin"));
   const ReadPatch patch = ReadPatchText("0: FF 00\n1: 00 11\n");
   const PatchCheck check = CheckPatch(patch.changes, Image());
-  const PatchMisfits misfits(patch, check, Image(), main->Bench().texts);
+  const MisfitTable misfits(patch, check, Image(), main->Bench().texts);
   WxDialogs dialogs(main, main->Bench().texts);
   for (const int key : {WXK_RETURN, WXK_ESCAPE}) {  // nothing is applied by mistake
     const KeyPresser presser(*main, key);

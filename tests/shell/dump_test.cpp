@@ -100,7 +100,8 @@ TEST_F(DumpDesk, TellsOfTooManyBlocks) {
   OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), Id::Dump);
   EXPECT_NE(script.TakeSaid().find("There are more than 2000 EEPROM blocks."), std::string::npos);
   EXPECT_EQ(List().RowCount(), 0u);
-  for (const int id : {Id::OpenHex, Id::CopyOffset, Id::CopyAddress, Id::Next, Id::Previous}) EXPECT_EQ(Said(id), "");
+  for (const int id : {Id::OpenHex, Id::CopyOffset, Id::CopyAddress, Id::Next, Id::Previous})
+    EXPECT_EQ(Said(id), "");
   Panel().Strip().onClick(0);
 }
 

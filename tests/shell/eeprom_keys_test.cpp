@@ -1,5 +1,5 @@
-#include "shell/eeprom/block_view.h"
 #include "shell/desk.h"
+#include "shell/eeprom/block_view.h"
 #include "shell/eeprom/eeprom_panel.h"
 #include "shell/keys.h"
 

@@ -3,8 +3,8 @@
 #include <wx/dataview.h>
 #include <wx/textctrl.h>
 
-#include "shell/eeprom/block_view.h"
 #include "shell/desk.h"
+#include "shell/eeprom/block_view.h"
 
 namespace tarvelo {
 namespace {
@@ -90,7 +90,8 @@ TEST_F(EepromDesk, UsersDescriptionsGoOverTheBuiltInOnes) {
 }
 
 TEST_F(EepromDesk, KnownBlocksAreThoseOfTheImage) {
-  for (int id = Id::FirstViewer; id <= Id::LastViewer; ++id) EXPECT_TRUE(Panel().Commands()->CanRun(id)) << id;
+  for (int id = Id::FirstViewer; id <= Id::LastViewer; ++id)
+    EXPECT_TRUE(Panel().Commands()->CanRun(id)) << id;
   main->Run(Entry(ViewerEntry::x0280));
   EXPECT_EQ(Panel().View()->FactText(BlockView::HeaderPosition), "7CC300");
 

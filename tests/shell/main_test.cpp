@@ -82,8 +82,8 @@ TEST_F(Desk, SavesTheInformation) {
 }
 
 // The panels with lists, and the letters of the files that they are saved in.
-const std::pair<int, char> lists[] = {{eeprom, 'E'}, {pictures, 'P'}, {ringtones, 'R'},
-                                          {Id::Dump, 'D'},   {Id::Hits, 'S'},     {Id::ComparePanel, 'C'}};
+const std::pair<int, char> lists[] = {{eeprom, 'E'},   {pictures, 'P'}, {ringtones, 'R'},
+                                      {Id::Dump, 'D'}, {Id::Hits, 'S'}, {Id::ComparePanel, 'C'}};
 
 TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
   OpenDemo(Id::Info);
@@ -166,7 +166,8 @@ TEST_F(Desk, AsksOnceAboutUnsavedData) {
   main->Dumps().OpenF(dump);
   main->Bench().status.SetPanel(StatusBar::patchPanel, "P");
   const std::function<void()> ways[] = {[&] { Choose(Id::OpenFF); }, [&] { Choose(Id::File1); },
-                                        [&] { main->Close(); }, [&] { Choose(Id::ExitM); }, [&] { Drop(dump); }};
+                                        [&] { main->Close(); }, [&] { Choose(Id::ExitM); },
+                                        [&] { Drop(dump); }};
   for (const auto& way : ways) {
     way();
     EXPECT_EQ(script.TakeSaid(), question);
@@ -197,7 +198,8 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
   main->Dumps().OpenF(files[2]);  // is in the list: stays where it is
   Restart();
   for (int i = 0; i < 5; ++i)
-    EXPECT_EQ(Caption(Id::File1 + i), std::to_string(i + 1) + " " + PathText(files[static_cast<std::size_t>(i)]));
+    EXPECT_EQ(Caption(Id::File1 + i),
+              std::to_string(i + 1) + " " + PathText(files[static_cast<std::size_t>(i)]));
   Choose(Id::File1 + 2);
   EXPECT_EQ(Status(1), PathText(files[2]));
 }

@@ -3,8 +3,8 @@
 #include <map>
 #include <set>
 
-#include "shell/desk.h"
 #include "shell/base/mnemonics.h"
+#include "shell/desk.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -99,8 +99,10 @@ TEST_F(Desk, TakesTheLanguageOverARestart) {
   const Messages greek(*FindLanguage("GR"));
   EXPECT_EQ(Title(), "Tarvelo - " + std::string(greek.Msg(Text::Info)));
   EXPECT_EQ(Caption(Id::SaveText), greek.Msg(Text::SaveInfoFile));
-  for (const auto& [panel, message] : {std::pair(4, Text::TipBlockCounts), {6, Text::TipPictureCounts}, {9, Text::TipPatchChanged},
-                                   {10, Text::TipFullflashChanged}})
+  for (const auto& [panel, message] : {std::pair(4, Text::TipBlockCounts),
+                                       {6, Text::TipPictureCounts},
+                                       {9, Text::TipPatchChanged},
+                                       {10, Text::TipFullflashChanged}})
     EXPECT_EQ(Utf8(main->Bench().status.Tooltip(panel)), greek.Msg(message));
   EXPECT_EQ(Settings(SettingsFile()).GetIni("General", "Language"), "GR");
   EXPECT_NE(InfoText().find("Loading base"), std::string::npos);  // texts keep their language

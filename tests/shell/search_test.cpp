@@ -26,7 +26,9 @@ class SearchDesk : public Desk {
 
   // What was added to the information text since the image was opened.
   [[nodiscard]] std::string Added() const { return InfoText().substr(before.size()); }
-  [[nodiscard]] ListView& Found() const { return dynamic_cast<HitsPanel&>(*main->Panels().Of(Id::Hits)).List(); }
+  [[nodiscard]] ListView& Found() const {
+    return dynamic_cast<HitsPanel&>(*main->Panels().Of(Id::Hits)).List();
+  }
   [[nodiscard]] std::string Row(std::size_t row) const { return RowOf(Found(), row); }
 
   std::string before;

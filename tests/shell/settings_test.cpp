@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "file_faults.h"
-#include "shell/settings/recent_files.h"
 #include "shell/base/strings.h"
+#include "shell/settings/recent_files.h"
 #include "temporary_folder.h"
 
 namespace tarvelo {

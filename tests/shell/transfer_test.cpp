@@ -1,8 +1,8 @@
 // Saving and loading EEPROM blocks and ringtones through their panels.
 #include <wx/textctrl.h>
 
-#include "shell/eeprom/block_view.h"
 #include "shell/desk.h"
+#include "shell/eeprom/block_view.h"
 #include "shell/eeprom/eeprom_panel.h"
 #include "shell/ringtones/piano_roll.h"
 #include "shell/ringtones/ringtones_panel.h"
@@ -159,7 +159,7 @@ TEST_F(EepromTransferDesk, BlocksWithoutDataOrPlace) {
     EXPECT_FALSE(PathText(entry.path().filename()).starts_with("EEPROM backup"));
   main->Run(Id::DeletedBlocks);
   EXPECT_EQ(Said(Id::SaveAllBlock), "iAll blocks were saved to" + At(files / "NNNN.bin") +
-                                     "\n\nBlocks without data in the fullflash: 1");
+                                        "\n\nBlocks without data in the fullflash: 1");
   EXPECT_EQ(FilesThere(), 1u);
 }
 
@@ -218,7 +218,8 @@ TEST_F(RingtoneTransferDesk, WhatDoesNotFitIsRefused) {
 }
 
 TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
-  EXPECT_EQ(Said(Id::LoadAllRing), "!Error ! File \"" + PathText(files / "demo_NNNN.*") + "\" doesn't exist !");
+  EXPECT_EQ(Said(Id::LoadAllRing),
+            "!Error ! File \"" + PathText(files / "demo_NNNN.*") + "\" doesn't exist !");
   main->Run(Id::SaveMidi);
   EXPECT_EQ(Said(Id::SaveAllRing), "iRingtones were saved to" + At(files / "NNNN.xxx"));
   EXPECT_EQ(FilesThere(), 3 * (List().RowCount() - 2) + 2);  // two are files already

@@ -1,5 +1,5 @@
-#include "shell/frame/demonstration.h"
 #include "shell/info/welcome.h"
+#include "shell/frame/demonstration.h"
 
 #include "shell/desk.h"
 
@@ -56,7 +56,8 @@ TEST_F(WelcomeDesk, SpeaksTheLanguageThatIsChosen) {
 TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
   const std::string tryIt(Messages().Msg(Text::TryDemonstration));
   const auto file = Demonstration("Tarvelo demo.bin");
-  const std::string said = "i" + std::string(Messages().Msg(Text::DemonstrationSaved)) + "\n\n" + PathText(file);
+  const std::string said =
+      "i" + std::string(Messages().Msg(Text::DemonstrationSaved)) + "\n\n" + PathText(file);
   for (int time = 0; time < 2; ++time) {  // the second time it lies there already
     Click(*Button(tryIt));
     EXPECT_EQ(script.TakeSaid(), said);

@@ -5,9 +5,9 @@
 #include <random>
 
 #include "images.h"
+#include "on_each_unit.h"
 #include "pictures/picture_search.h"
 #include "ringtones/ringtone_search.h"
-#include "on_each_unit.h"
 
 namespace tarvelo {
 namespace {

@@ -1,0 +1,65 @@
+#include "core/places.h"
+
+#include <gtest/gtest.h>
+
+#include "images.h"
+
+namespace tarvelo {
+namespace {
+
+Fullflash Erased(std::size_t size) { return Fullflash(Bytes(std::vector<std::uint8_t>(size, 0xFF))); }
+
+TEST(Places, WritePlaces) {
+  const Fullflash paged = Erased(0x800000);  // offset 0 at 800000
+  EXPECT_EQ(OffsetText(paged, 0x1A2B4), "01A2B4");
+  EXPECT_EQ(AddressText(paged, 0x212345), "284:2345");
+  const Fullflash large = Erased(0x1000001);
+  EXPECT_EQ(OffsetText(large, 0x1A2B4), "001A2B4");
+  EXPECT_EQ(AddressText(large, 0x1A2B4), "A001A2B4");
+  Fullflash shifted = Erased(0x1000000);
+  shifted.SetCorrBase(0x800000);
+  EXPECT_EQ(AddressText(shifted, 0xFFFFFF), "5FF:3FFF");
+}
+
+TEST(Places, ReadPlaces) {
+  const Fullflash paged = Erased(0x800000);
+  const Fullflash large = Erased(0x1000001);
+  const Fullflash none;
+  constexpr Offset outside = -1;
+  const std::tuple<const char*, PlaceKind, const Fullflash&, Offset> cases[] = {
+      {"212345", PlaceKind::AsOffset, paged, 0x212345},
+      {" 0x7fffff ", PlaceKind::AsOffset, paged, 0x7FFFFF},
+      {"A12345", PlaceKind::AsOffset, paged, 0x212345},
+      {"212345", PlaceKind::AsAddress, paged, outside},
+      {"284:2345", PlaceKind::AsOffset, paged, 0x212345},
+      {"283 : 0x6345", PlaceKind::AsOffset, paged, 0x212345},
+      {"400:0", PlaceKind::AsOffset, paged, outside},
+      {"FFFFFFFF:FFFFFFFF", PlaceKind::AsOffset, paged, outside},
+      {"FFFFFFFF", PlaceKind::AsAddress, paged, outside},
+      {"A0000010", PlaceKind::AsAddress, large, 0x10},
+      {"1000000", PlaceKind::AsOffset, large, 0x1000000},
+      {"0", PlaceKind::AsOffset, none, outside},
+  };
+  for (const auto& [text, kind, image, offset] : cases)
+    EXPECT_EQ(ReadPlace(text, kind, image).value_or(outside), offset) << text;
+  for (const char* text : {"", "  ", "0x", "12G", ":", "284:", ":10", "1:2:3", "-1"})
+    EXPECT_THROW((void)ReadPlace(text, PlaceKind::AsOffset, paged), std::invalid_argument) << text;
+  EXPECT_THROW((void)ReadPlace("123456789", PlaceKind::AsOffset, paged), std::overflow_error);
+}
+
+TEST(Places, ReadWhatTheImageHas) {
+  ImageBuilder builder(0x800000);
+  builder.Pointer(0x10, 0x212345);
+  builder.DWord(0x20, 0x12345678);  // leads nowhere
+  builder.Fill(0x30, 4, 0);
+  const std::vector<std::uint8_t> bytes = std::move(builder).Take();
+  const Fullflash image{Bytes(bytes)};
+  EXPECT_EQ(Reading(image, 0x10), "45 / 2345 / 02842345  -> 212345");
+  EXPECT_EQ(Reading(image, 0x20), "78 / 5678 / 12345678");
+  EXPECT_EQ(Reading(image, 0x30), "00 / 0000 / 00000000");
+  EXPECT_EQ(Reading(image, 0x7FFFFD), "FF / FFFF");
+  EXPECT_EQ(Reading(image, 0x7FFFFF), "FF");
+}
+
+}  // namespace
+}  // namespace tarvelo

@@ -1,0 +1,49 @@
+#include "document/hex_columns.h"
+#include "document/hex_cursor.h"
+
+#include <gtest/gtest.h>
+
+#include "images.h"
+
+namespace tarvelo {
+namespace {
+
+Fullflash Erased(std::size_t size) { return Fullflash(Bytes(std::vector<std::uint8_t>(size, 0xFF))); }
+
+TEST(HexColumns, FindTheByteAtEachColumn) {
+  const HexColumns columns(Erased(2));
+  for (int i = 0; i < bytesInRow; ++i) {
+    EXPECT_EQ(columns.ByteAt(columns.Hex(i)), i);
+    EXPECT_EQ(columns.ByteAt(columns.Hex(i) + 1), i);
+    EXPECT_EQ(columns.ByteAt(columns.Text(i)), i);
+    EXPECT_FALSE(columns.IsInText(columns.Hex(i) + 1));
+  }
+  EXPECT_EQ(columns.ByteAt(-100), 0);
+  EXPECT_EQ(columns.ByteAt(1000), 15);
+  EXPECT_EQ(HexColumns(Erased(0x1000001)).Address(), columns.Address() + 1);  // offsets of seven digits
+}
+
+TEST(HexCursor, StaysInTheImage) {
+  using enum CursorStep;
+  // 3 rows, the last one of 5 bytes; a page is 2 rows.
+  const std::tuple<Offset, CursorStep, Offset> cases[] = {
+      {0, Left, 0},     {36, Right, 36},   {3, Up, 3},          {20, Up, 4},
+      {18, Down, 34},   {31, Down, 36},    {33, Down, 33},      {33, PageUp, 1},
+      {5, PageUp, 5},   {1, PageDown, 33}, {15, PageDown, 36},  {20, RowStart, 16},
+      {20, RowEnd, 31}, {33, RowEnd, 36},  {20, ImageStart, 0}, {20, ImageEnd, 36},
+  };
+  for (const auto& [from, step, to] : cases) {
+    HexCursor cursor(37);
+    cursor.MoveTo(from, false);
+    cursor.Move(step, 2, true);
+    EXPECT_EQ(cursor.At(), to) << from;
+    EXPECT_EQ(cursor.Selection(), (Region{std::min(from, to), std::abs(from - to) + 1})) << from;
+  }
+  HexCursor none;
+  none.Select({5, 5});
+  none.Move(ImageEnd, 2, true);
+  EXPECT_EQ(none.Selection(), Region());
+}
+
+}  // namespace
+}  // namespace tarvelo
