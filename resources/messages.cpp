@@ -11,7 +11,7 @@
 namespace tarvelo {
 namespace {
 
-// The texts of a language by their numbers.
+// A language's texts, indexed by message number.
 using Table = std::vector<std::string>;
 
 // In the order of Languages().
@@ -19,13 +19,13 @@ constexpr std::array tables{embedded::ru_tsv, embedded::en_tsv, embedded::pl_tsv
                             embedded::hr_tsv, embedded::es_tsv, embedded::it_tsv, embedded::fr_tsv,
                             embedded::de_tsv, embedded::pt_tsv, embedded::gr_tsv, embedded::cz_tsv};
 
-// A text of a table file: `\s` at its end stands for a blank, which editors would strip.
+// A text as the table file stores it: a final `\s` stands for a blank, which editors would strip.
 std::string Unescape(std::string_view text) {
   if (text.ends_with("\\s")) return std::string(text.substr(0, text.size() - 2)) + ' ';
   return std::string(text);
 }
 
-// Number and text are the first and the last column; the English table has the names between them.
+// The first column is the number, the last one the text. In between, the English table has the name.
 void Enter(Table& table, std::string_view line) {
   const auto tab = line.find('\t');
   std::size_t number = 0;
@@ -45,7 +45,7 @@ Table Parse(std::string_view file) {
   return table;
 }
 
-// The table of a language, read at its first use, by whichever thread comes first.
+// A language's table. The first thread to ask for it reads it.
 const Table& TableOf(const Language& language) {
   static std::array<Table, tables.size()> parsed;
   static std::array<std::once_flag, tables.size()> once;

@@ -12,7 +12,7 @@ constexpr unsigned firstIdeographPage = 0xAA;
 constexpr unsigned lastIdeographPage = 0xEF;
 constexpr std::size_t longestText = 300;
 
-// Bases of the pages 0x95 .. 0xA0. 0x0200 and 0x0280 have none.
+// Bases of the pages 0x95 .. 0xA0. No page begins at 0x0200 or 0x0280.
 constexpr std::array<unsigned, 12> bases{0x0000, 0x0080, 0x0100, 0x0180, 0x0300, 0x0380,
                                          0x0400, 0x0480, 0x0500, 0x0580, 0x0600, 0x0680};
 

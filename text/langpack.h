@@ -1,8 +1,8 @@
 // The paged character encoding of the firmware's language packs.
 //
-// A byte b below 0x80 stands for the unit B + b, where B is the base of the current page, 0 at the
-// start of every text. Every other byte, and in page 0 every control byte, is a tag: it is kept in
-// the text as "<", two hexadecimal digits, ">", and sets the page.
+// A byte b below 0x80 stands for the unit B + b. B is the base of the current page and is 0 at the start of
+// every text. A byte of 0x80 or more is a tag, and in page 0 a control byte is one too. A tag sets the page,
+// and the decoded text shows it as "<", two hexadecimal digits, ">".
 //
 //   bytes 0x95 .. 0x98   pages 0x0000, 0x0080, 0x0100, 0x0180
 //   bytes 0x99 .. 0xA0   pages 0x0300, 0x0380, ... 0x0680
@@ -28,10 +28,10 @@ class LangpackDecoder {
   unsigned base_ = 0;
 };
 
-// The bytes of a text as the language pack keeps them: a page byte at the start and wherever the page
-// changes. Pages cover 0x80 characters, but page 0x98 takes U+0200 .. U+027F too (as bytes that
-// decode to tags). Throws std::overflow_error for U+0280 .. U+02FF and everything from U+0780 on,
-// which no page reaches, and where the result would be longer than 300 bytes.
+// Encodes a text for the language pack: a page byte at the start and at each change of page. A page covers
+// 0x80 characters, but page 0x98 also takes U+0200 .. U+027F (as bytes that decode to tags). Throws
+// std::overflow_error for characters that no page reaches, U+0280 .. U+02FF and from U+0780 up, and if the
+// result would exceed 300 bytes.
 [[nodiscard]] std::vector<std::uint8_t> EncodeLangpack(std::u16string_view text);
 
 }  // namespace tarvelo

@@ -43,7 +43,8 @@ void AppendUtf8(std::string& out, char32_t c) {
   }
 }
 
-// Takes one code point off the front of the text; a byte that begins none is taken alone.
+// Removes one code point from the front of the text. A byte that begins none is removed alone and gives
+// U+FFFD.
 char32_t TakeCodePoint(std::string_view& text) {
   const auto first = static_cast<unsigned char>(text.front());
   const std::size_t length = first < 0x80   ? 1
@@ -73,7 +74,8 @@ char32_t ToUpper(char32_t c) {
   const auto in = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
   if (in('a', 'z') || (in(0xE0, 0xFE) && c != 0xF7)) return c - 0x20;
   if (c == 0xFF) return 0x178;
-  // Latin with diacritics: pairs of capital and small letter, from even or from odd numbers on.
+  // Latin with diacritics: pairs of capital and small letter. In some ranges the capital has the even code,
+  // in others the odd one.
   if (in(0x100, 0x137) || in(0x14A, 0x177)) return c & ~char32_t{1};
   if (in(0x139, 0x148) || in(0x179, 0x17E)) return c - (c + 1) % 2;
   // Greek; the final sigma has no capital of its own.

@@ -1,4 +1,4 @@
-// Between the character codes of the firmware and Unicode.
+// Converts between the firmware's character codes and Unicode.
 #pragma once
 
 #include <cstdint>
@@ -7,21 +7,21 @@
 
 namespace tarvelo {
 
-// The character of a Windows-1251 byte. The page leaves 0x98 undefined: it gives U+0098.
+// The character of a Windows-1251 byte. The code page leaves 0x98 undefined; it gives U+0098.
 [[nodiscard]] char16_t FromWindows1251(std::uint8_t byte);
 
-// UTF-16 to UTF-8; an unpaired surrogate becomes U+FFFD.
+// UTF-16 to UTF-8. An unpaired surrogate becomes U+FFFD.
 [[nodiscard]] std::string ToUtf8(std::u16string_view text);
 
-// UTF-8 to UTF-16; each byte that belongs to no well-formed sequence becomes U+FFFD.
+// UTF-8 to UTF-16. Each byte outside a well-formed sequence becomes U+FFFD.
 [[nodiscard]] std::u16string ToUtf16(std::string_view text);
 
-// The upper-case letter of a Latin, Greek or Cyrillic one; every other character as it is. Unlike
-// the C library's, it does not depend on the machine's locale.
+// Converts Latin, Greek and Cyrillic letters to upper case and leaves all other characters alone. Unlike the
+// C library's function, it does not depend on the machine's locale.
 [[nodiscard]] char32_t ToUpper(char32_t c);
 [[nodiscard]] std::string ToUpper(std::string_view utf8);
 
-// The text with a blank for each control character below 0x20, line breaks among them.
+// The text with a blank in place of each control character below 0x20, line breaks included.
 [[nodiscard]] std::string InOneLine(std::string_view utf8);
 
 }  // namespace tarvelo
