@@ -1,4 +1,4 @@
-// Bytes as text and back: hexadecimal digits, and the characters of Windows-1251.
+// Converts bytes to text and back: hexadecimal digits, and Windows-1251 characters.
 #pragma once
 
 #include <optional>
@@ -10,16 +10,16 @@
 
 namespace tarvelo {
 
-// The Windows-1251 character of a byte, a dot where it has none that can be seen.
+// The Windows-1251 character of a byte, or a dot if it is not visible.
 [[nodiscard]] char16_t ShownCharacter(std::uint8_t byte);
 
-// Bytes as "45 23 84 02", which the search for bytes takes.
+// Bytes as "45 23 84 02". The byte search accepts this form.
 [[nodiscard]] std::string AsHex(Bytes bytes);
-// Bytes as Windows-1251 text in UTF-8. What cannot be seen is a dot, but for tabs and line breaks.
+// Bytes as Windows-1251 text in UTF-8. Tabs and line breaks stay; other invisible characters become dots.
 [[nodiscard]] std::string AsText(Bytes bytes);
 
-// The bytes of a text of pairs of hexadecimal digits, with blanks, commas and line breaks between them or
-// not. Nothing for any other text, an empty one too.
+// Reads pairs of hexadecimal digits, with or without blanks, tabs, commas and line breaks between them.
+// Returns nothing for any other text, including an empty one.
 [[nodiscard]] std::optional<std::vector<std::uint8_t>> ReadHex(std::string_view text);
 
 // The Windows-1251 byte of a character, if it has one.

@@ -1,5 +1,5 @@
-// Writes numbers, texts and runs of bytes: at the end of a buffer that grows, or over the bytes of an
-// image. Of a number that is too large for its width the low bits are written.
+// Writes numbers, texts and runs of bytes, either to the end of a growing buffer or over the bytes of an
+// image. If a number is too large for its width, its low bits are written.
 #pragma once
 
 #include <algorithm>
@@ -26,7 +26,7 @@ inline void AppendBytes(ByteBuffer& out, std::initializer_list<std::uint8_t> byt
 inline void AppendText(ByteBuffer& out, std::string_view text) {
   out.insert(out.end(), text.begin(), text.end());
 }
-// Words have 16 bits, double words 32. They are little-endian, those named Big big-endian.
+// Words have 16 bits, double words 32. They are little-endian; the functions named Big write big-endian.
 inline void AppendWord(ByteBuffer& out, std::size_t value) {
   AppendBytes(out, {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8)});
 }
@@ -42,8 +42,8 @@ inline void AppendBigDWord(ByteBuffer& out, std::size_t value) {
   AppendBigWord(out, value);
 }
 
-// Each Put writes over the bytes from `offset` on and returns the offset behind them. Throws
-// std::out_of_range, and writes nothing, if they do not all lie in the image.
+// Each Put overwrites the bytes from `offset` on and returns the offset behind them. Throws
+// std::out_of_range, and writes nothing, unless all of the bytes are in the image.
 [[nodiscard]] inline std::span<std::uint8_t> PlaceFor(std::span<std::uint8_t> image, std::size_t offset,
                                                       std::size_t count) {
   if (offset > image.size() || count > image.size() - offset)

@@ -1,7 +1,7 @@
-// A claim on bytes of an image: what an explorer says that they are.
+// A claim on bytes of an image: an explorer's statement of what they are.
 //
-// An explorer has its own kinds of claims, constant objects that live as long as the program. The dump map
-// (document/dump_map.h) settles which claim a byte goes by.
+// Each explorer has its own kinds of claims, constant objects that live as long as the program. The dump map
+// (document/dump_map.h) decides which claim determines a byte's label.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ namespace tarvelo {
 
 enum class Sureness : std::uint8_t {
   Certain,  // a structure states it
-  Likely,   // it may be something else by now, or belong to something else
+  Likely,   // it may have been overwritten, or belong to something else
   Guessed,  // it looks like it
   Unknown,
 };
@@ -30,9 +30,9 @@ struct ClaimGroup {
 
 struct ClaimKind {
   std::string_view key;      // for programs: "eeprom-header"; never translated
-  Text name;                 // what the bytes belong to; its number follows
-  std::optional<Text> part;  // which part of that they are
-  // Of equally sure claims on a byte the one with the lower rank wins.
+  Text name;                 // what the bytes belong to; the number follows it
+  std::optional<Text> part;  // which part of it they are
+  // If claims on a byte are equally sure, the one with the lower rank wins.
   int rank;
   const ClaimGroup* group;
   bool isNumberHex = false;  // the number is written as two hexadecimal digits
@@ -43,14 +43,14 @@ struct Claim {
   Offset size = 0;
   const ClaimKind* kind = nullptr;
   Sureness sure = Sureness::Unknown;
-  int number = -1;     // of the thing, as its list shows it; -1: it has none
-  Offset source = -1;  // offset of the header or table entry that states it; -1: there is none
+  int number = -1;     // as the list of such things shows it; -1: none
+  Offset source = -1;  // offset of the header or table entry that states it; -1: none
 
   [[nodiscard]] Offset End() const { return offset + size; }
   [[nodiscard]] bool operator==(const Claim&) const = default;
 };
 
-// Takes the claims of an explorer. They may lie partly or wholly outside the image.
+// Receives an explorer's claims, which may be partly or wholly outside the image.
 using TakeClaim = std::function<void(const Claim&)>;
 
 }  // namespace tarvelo

@@ -1,4 +1,4 @@
-// A dump as explorers get it: the image, and what is known of it from the start.
+// A dump as explorers get it: the image, and what is known about it from the start.
 #pragma once
 
 #include <filesystem>
@@ -11,7 +11,7 @@ namespace tarvelo {
 struct Dump {
   Fullflash image;
   Identification info;
-  // The folder of files that the user adds to what the program knows; empty: there is none.
+  // The folder of the user's own files, which add to what the program knows. Empty: none.
   std::filesystem::path usersFolder;
 };
 

@@ -1,8 +1,8 @@
-// What an explorer is: the plain description of one kind of thing that dumps hold.
+// The description of an explorer, which handles one kind of thing that dumps hold.
 //
-// Whatever works for every kind - lists, exports, panels, the dump map - is written once against this
-// description. A new kind is a folder with an `Explorer` and a line in document/explorers.cpp;
-// docs/adding-an-explorer.md goes through it.
+// All code that works for every kind (lists, exports, panels, the dump map) is written once, against this
+// description. To add a kind, write a folder with an `Explorer` and add a line to document/explorers.cpp;
+// docs/adding-an-explorer.md explains the steps.
 #pragma once
 
 #include <filesystem>
@@ -25,13 +25,13 @@
 
 namespace tarvelo {
 
-// The records of one search, of a type that the explorer alone knows. A copy shares them.
+// The records of one search. Only the explorer knows their type. Copies share the records.
 class Findings {
  public:
   template <typename Records>
   explicit Findings(Records records) : records_(std::make_shared<const Records>(std::move(records))) {}
 
-  // The type must be the one they were made of.
+  // `Records` must be the type that the constructor was given.
   template <typename Records>
   [[nodiscard]] const Records& As() const {
     return *static_cast<const Records*>(records_.get());
@@ -41,74 +41,74 @@ class Findings {
   std::shared_ptr<const void> records_;
 };
 
-// What can be said of any record.
+// The properties that every record has.
 struct Item {
-  int number = 0;          // as the list shows it, and as its file is named
-  Region data;             // its bytes; may lie outside the image
+  int number = 0;          // shown in the list and used in the file name
+  Region data;             // its bytes; may be outside the image
   Region entry;            // the header or table entry that describes it
-  bool isDeleted = false;  // listed where deleted things are asked for
-  bool isCurrent = true;   // false: an older generation; written to a file where deleted things are asked for
+  bool isDeleted = false;  // listed only if the user asks for deleted things
+  bool isCurrent = true;   // false: an older generation, exported only with deleted things
 };
 
-// How much of a long cell a list has room for.
+// How much of a long cell a list shows.
 enum class CellRoom {
-  Screen,  // all cells together a few times the image
-  File,    // all that anybody waits for
+  Screen,  // all cells together at most a few times the image's size
+  File,    // as much as anybody would wait for
 };
 
-// Where and how the files of an export are written.
+// Where and how an export writes its files.
 struct ExportTarget {
-  std::filesystem::path folder;  // made when the first file is written
+  std::filesystem::path folder;  // created with the first file
   std::string stem;              // file names begin with it
-  std::string_view format;       // one of ExplorerFiles::formats, or empty: the first
+  std::string_view format;       // one of ExplorerFiles::formats; empty: the first
 };
 
-// What became of one record.
+// The outcome of exporting one record.
 struct Exported {
-  std::optional<std::filesystem::path> file;  // none: it was not written,
-  std::string why;                            // and why, in one line of English
+  std::optional<std::filesystem::path> file;  // empty if the record was not written
+  std::string why;                            // the reason, in one line of English
 };
 
-// Writes the record of an index. Throws FileError.
+// Writes the record with this index. Throws FileError.
 using ExportItem = std::function<Exported(std::size_t record)>;
 
 struct ExplorerFiles {
-  std::string_view about = {};                // what they hold, in English; empty: what the explorer lists
-  std::string_view folder;                    // beside the dump
-  std::span<const std::string_view> formats;  // for --format; empty: there is but one
-  bool isNumberHex = false;                   // records are chosen by hexadecimal numbers
-  // Prepares a run; the dump and the findings must outlive what it returns.
+  std::string_view about = {};                // what the files hold, in English; empty: Explorer::about
+  std::string_view folder;                    // name of the default folder, beside the dump
+  std::span<const std::string_view> formats;  // for --format; empty: only one
+  bool isNumberHex = false;                   // --number is hexadecimal
+  // Prepares an export. The dump and the findings must outlive the result.
   ExportItem (*write)(const Dump& dump, const Findings& found, const ExportTarget& target) = nullptr;
 };
 
 struct Explorer {
-  // --- what it is called
+  // --- its names
   std::string_view key;    // on the command line: "pictures"
   std::string_view about;  // what it lists, in English: "pictures"
   char letter;             // of the saved list: STEM_P.txt
-  Text name;               // of its panel: menu entry and title
-  Text help;               // of the menu entry, in the status bar
-  int place = 0;           // in the menu of panels, 1 .. 9, with Ctrl and the digit; 0: behind these
+  Text name;               // of its panel, in the menu and the title
+  Text help;               // of the menu entry, shown in the status bar
+  int place = 0;           // in the menu of panels, 1 .. 9, opened by Ctrl and the digit; 0: after these
 
   // --- what it finds
-  // Searches an image. Throws std::length_error where it holds more records than there can be, nothing
-  // else on what the image holds.
+  // Searches an image. Throws std::length_error if it holds more records than it may; no other image content
+  // makes it throw.
   Findings (*search)(const Dump& dump, Progress& progress);
-  std::optional<Text> tooMany = {};  // what the user sees then
+  std::optional<Text> tooMany = {};  // shown to the user in that case
   std::size_t (*count)(const Findings& found);
   Item (*item)(const Findings& found, std::size_t record);
-  bool hasDeleted = false;  // whether there are records of deleted things
+  bool hasDeleted = false;  // whether records of deleted things can occur
 
   // --- how it is shown
   std::vector<std::string> (*captions)(const Messages& messages);
-  // A row a record, in their order; rows of deleted things are marked. The dump must outlive the rows.
+  // One row per record, in the same order. Rows of deleted things are marked. The dump must outlive the rows.
   TableRows (*rows)(const Dump& dump, const Findings& found, const Messages& messages, CellRoom room);
-  // The column that "Find" searches; none: all.
+  // The column that "Find" searches; empty: all.
   std::optional<unsigned> searchedColumn = {};
-  unsigned markedColumns = static_cast<unsigned>(-1);  // of a marked row, drawn in colour on the desktop
-  // Lines for the information text, each ended by a line feed.
+  unsigned markedColumns = static_cast<unsigned>(-1);  // how many columns of marked rows are coloured
+  // Lines for the information text, each ending in a line feed.
   std::string (*lines)(const Findings& found, const Messages& messages);
-  // The figure in the status bar, in panel 3 .. 8, and what its tooltip says.
+  // The figure in the status bar, in panel 3 .. 8, and its tooltip.
   int statusPanel = 0;  // 0: none
   std::string (*status)(const Findings& found) = nullptr;
   std::optional<Text> statusTip = {};

@@ -10,19 +10,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// One transfer moves at most this much, so that the bar moves while a huge file is read; the dumps
-// of all known phones come in one.
+// The most that one transfer moves, so that the progress bar moves while a huge file is read. The dumps of
+// all known phones need a single transfer.
 constexpr std::size_t blockSize = std::size_t{64} << 20;
 
-// The system's words for why the last call failed.
+// The system's message for the failure of the last call.
 std::string Cause(std::string_view otherwise) {
   return errno != 0 ? std::strerror(errno) : std::string(otherwise);
 }
 
 constexpr auto forWriting = FileError::Purpose::Write;
 
-// Whether there is a file to write over. Throws where there is something else, such as a device, and
-// where the path cannot be looked at.
+// Whether there is a file to overwrite. Throws if the path names something else, such as a device, or cannot
+// be examined.
 bool CheckTarget(const fs::path& path) {
   std::error_code error;
   const fs::file_type type = fs::status(path, error).type();
@@ -34,8 +34,8 @@ bool CheckTarget(const fs::path& path) {
   return true;
 }
 
-// A path for a new file in the folder of another. It is short, whatever the other's name: a name has 255
-// bytes at most.
+// A path for a new file in the same folder. The name is short even if the other's is long, because a name may
+// have only 255 bytes.
 fs::path Beside(const fs::path& path) {
   std::random_device random;
   for (;;) {
@@ -46,10 +46,10 @@ fs::path Beside(const fs::path& path) {
   }
 }
 
-// A file that is being written. Unless it is finished it is removed: no half of it stays behind.
+// A file being written. The destructor removes it unless Finish succeeded, so no partial file stays behind.
 class Output {
  public:
-  // `named` is the path that errors name.
+  // Errors name the path `named`.
   Output(const fs::path& path, const fs::path& named) : path_(path), named_(named) {
     errno = 0;
     file_.open(path, std::ios::binary | std::ios::trunc);
@@ -154,7 +154,7 @@ void WriteFile(const fs::path& path, std::string_view text) {
 void ReplaceFile(const fs::path& path, const std::function<void(const TextSink& write)>& content) {
   const bool isThere = CheckTarget(path);
   errno = 0;
-  // A file that may not be written to is not to be replaced either.
+  // A file without write permission must not be replaced either.
   if (isThere && !std::fstream(path))
     throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"), forWriting);
   const fs::path beside = Beside(path);

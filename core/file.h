@@ -1,4 +1,4 @@
-// Whole files in and out, with failures that say what is wrong.
+// Reads and writes whole files, with errors that say what is wrong.
 #pragma once
 
 #include <cstdint>
@@ -21,10 +21,10 @@ namespace tarvelo {
 class FileError : public std::runtime_error {
  public:
   enum class Kind {
-    CantOpen,   // missing, a folder, locked, or no right to read or write it
+    CantOpen,   // missing, a folder, locked, or not permitted
     TooLarge,   // longer than an image can be
-    CantRead,   // it broke off while it was read
-    CantWrite,  // it broke off while it was written (a full disk)
+    CantRead,   // reading broke off
+    CantWrite,  // writing broke off (a full disk)
   };
   enum class Purpose { Read, Write };
 
@@ -32,7 +32,7 @@ class FileError : public std::runtime_error {
             Purpose purpose = Purpose::Read);
 
   [[nodiscard]] Kind Reason() const { return kind_; }
-  // What the file was to be opened for.
+  // Whether the file was to be read or written.
   [[nodiscard]] Purpose OpenedTo() const { return purpose_; }
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
 
@@ -42,7 +42,7 @@ class FileError : public std::runtime_error {
   std::filesystem::path path_;
 };
 
-// The bytes of a whole file. Empty after it was moved from.
+// The bytes of a whole file. A moved-from object is empty.
 struct FileBytes {
   FileBytes() = default;
   explicit FileBytes(std::size_t count)
@@ -58,16 +58,16 @@ struct FileBytes {
   std::size_t size = 0;
 };
 
-// A file that is read from its beginning on, piece by piece.
+// Reads a file from its beginning, piece by piece.
 class FileReader {
  public:
   // Opens a file of at most `limit` bytes. Throws FileError.
   FileReader(const std::filesystem::path& path, std::uint64_t limit);
 
-  // Bytes of the whole file when it was opened.
+  // The size of the file in bytes when it was opened.
   [[nodiscard]] std::size_t Size() const { return size_; }
 
-  // Reads the next bytes, as many as are asked for. Throws FileError where the file has fewer.
+  // Fills `bytes` with the next bytes of the file. Throws FileError if the file has fewer.
   void Read(std::span<std::uint8_t> bytes);
 
  private:
@@ -76,35 +76,34 @@ class FileReader {
   std::size_t size_ = 0;
 };
 
-// Reads a file of at most `limit` bytes. Throws FileError, and std::bad_alloc.
+// Reads a file of at most `limit` bytes. Throws FileError and std::bad_alloc.
 [[nodiscard]] FileBytes ReadFile(const std::filesystem::path& path, std::uint64_t limit, Progress& progress);
 
-// Writes a new file of exactly these bytes, or replaces the contents of one. Where writing breaks
-// off, the file is removed: no half of it stays behind. Throws FileError.
+// Creates a file with these bytes, or replaces the contents of an existing one. If writing breaks off, the
+// file is removed: no partial file stays behind. Throws FileError.
 void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> data, Progress& progress);
 void WriteFile(const std::filesystem::path& path, std::string_view text);
 
-// Writes a file whole or not at all: what stood there before stays, with its rights, until the new
-// contents are written. They are written beside, as "tarvelo-" with a number and ".tmp", and then take
-// the file's place; a link to a file becomes a file. Throws FileError.
+// Writes a file completely or not at all: the old file stays until the new contents are written, and its
+// permissions pass to the new one. The new contents first go to a file beside it, "tarvelo-" with a number
+// and ".tmp", which then replaces the old file. A link to a file becomes a file. Throws FileError.
 void ReplaceFile(const std::filesystem::path& path, std::span<const std::uint8_t> data);
 void ReplaceFile(const std::filesystem::path& path, std::string_view text);
-// For contents that are not held whole: `content` hands them to the sink. What it throws leaves the old
-// file, too.
+// For contents too long to hold: `content` passes them to the sink. If it throws, the old file stays too.
 void ReplaceFile(const std::filesystem::path& path,
                  const std::function<void(const TextSink& write)>& content);
 
-// Makes a folder; one that is there already will do. Throws FileError.
+// Creates a folder with its parents. An existing folder is not an error. Throws FileError.
 void MakeFolder(const std::filesystem::path& path);
 
-// Removes a file. Throws FileError where it stays.
+// Removes a file. A missing file is not an error. Throws FileError if the file stays.
 void RemoveFile(const std::filesystem::path& path);
 
-// Whether the path names a file, resp. a folder. A path that cannot be looked at names neither.
+// Whether the path names a file, or a folder. A path that cannot be examined names neither.
 [[nodiscard]] bool FileExist(const std::filesystem::path& path);
 [[nodiscard]] bool DirExist(const std::filesystem::path& path);
 
-// A path as UTF-8 text, and back.
+// Converts a path to UTF-8 text, and back.
 [[nodiscard]] std::string PathText(const std::filesystem::path& path);
 [[nodiscard]] std::filesystem::path PathOf(std::string_view text);
 

@@ -11,7 +11,7 @@ namespace tarvelo {
 namespace {
 
 constexpr Offset pageSize = 0x100;
-// The second header string and the model's name, each in 16 bytes: never taken for a date.
+// The second header string and the model's name, 16 bytes each: never taken for a date.
 constexpr Offset fieldsFirst = 0x60;
 constexpr Offset fieldsEnd = 0x80;
 
@@ -68,8 +68,8 @@ bool IsTime(std::string_view text) {
   });
 }
 
-// The printable strings of the header's page that lie outside its named fields. One that runs over
-// the page's end is no string of the header: a part of it could pass for a date.
+// The printable strings of the header's page, outside its named fields. A string that crosses the end of the
+// page is left out, because a part of it could pass for a date.
 std::vector<std::string> PageStrings(Bytes bytes, Offset header) {
   std::vector<std::string> strings(1);
   const Offset end = std::min(header + pageSize, static_cast<Offset>(bytes.size()));
@@ -81,7 +81,7 @@ std::vector<std::string> PageStrings(Bytes bytes, Offset header) {
     else if (!strings.back().empty())
       strings.emplace_back();
   }
-  strings.pop_back();  // not ended, or empty
+  strings.pop_back();  // unterminated or empty
   return strings;
 }
 

@@ -14,8 +14,8 @@ namespace {
 
 constexpr Offset blockSize = 0x10000;
 
-// A position behind the last byte that is not 0xFF, going down from the end of the full size, but
-// not below the end of the exact size. The byte is looked at before the bound: an area that reaches
+// The position behind the last byte that is not 0xFF, searched downwards from the end of the full size, but
+// not below the end of the exact size. The byte is read before the bound is checked: an area that reaches
 // past the end of the image is a fault.
 std::int64_t FreeStart(const Fullflash& image, const T9Area& t9) {
   std::int64_t p = std::int64_t{t9.T9Base} + t9.T9Full - 1;
@@ -40,14 +40,14 @@ std::optional<T9Area> FindT9(const Fullflash& image) {
     try {
       return ReadT9(image, p);
     } catch (const std::exception&) {
-      return {};  // cut off or nonsense: the area counts as absent
+      return {};  // cut off or malformed: the area counts as absent
     }
   }
   return {};
 }
 
 bool IsErased(Bytes block) {
-  // Whole groups at a time, so that the compiler can use vectors; most blocks end in the first.
+  // Compares whole groups, so that the compiler can use vectors. Most blocks fail in the first group.
   constexpr std::size_t group = 512;
   for (std::size_t at = 0; at < block.size(); at += group) {
     std::array<std::uint64_t, group / 8> words;

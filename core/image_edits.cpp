@@ -17,7 +17,7 @@ Region RegionOf(std::span<const Change> step) {
   return {first, end - first};
 }
 
-// Adds a changed byte to the last change, or begins another where it lies too far behind it.
+// Adds a changed byte to the last change, or starts a new change if it is too far behind the last.
 void Add(std::vector<Change>& changes, const Fullflash& image, Offset offset, std::uint8_t old, Offset gap) {
   Change* last = changes.empty() ? nullptr : &changes.back();
   if (!last || offset > last->offset + last->Size() + gap) {

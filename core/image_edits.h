@@ -1,5 +1,5 @@
-// Changes of an open image: every editor writes through them, so that each change can be taken back and
-// all of them can become a patch.
+// Changes of an open image. Every editor writes through them, so that each change can be undone and all of
+// them can become a patch.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@
 
 namespace tarvelo {
 
-// Bytes of an image that were replaced, or are to be: as many old ones as new ones.
+// Bytes of an image that were replaced or will be, with as many old bytes as new ones.
 struct Change {
   Offset offset = 0;  // of the first byte
   std::vector<std::uint8_t> oldBytes;
@@ -25,29 +25,30 @@ struct Change {
 
 class ImageEdits {
  public:
-  // Writes bytes over those at an offset, as one step. Bytes that stand there already are no step. Throws
-  // std::out_of_range, and writes nothing, where they do not all lie within the image.
+  // Overwrites the bytes at an offset, as one step. If nothing changes, there is no step. Throws
+  // std::out_of_range, and writes nothing, unless all of the bytes are in the image.
   void Write(Fullflash& image, Offset offset, Bytes bytes);
-  // Writes the new bytes of several changes as one step; their old bytes do not matter. Throws likewise.
+  // Writes the new bytes of several changes as one step; ignores their old bytes. Throws std::out_of_range,
+  // and writes nothing, unless all of them are in the image.
   void Write(Fullflash& image, std::span<const Change> changes);
 
-  // Takes the last step back, resp. does it again. Returns where it was, the first changed byte and as
-  // many as there are up to the last; nothing where there is no such step.
+  // Undo the last step, or redo it. Both return the region from the first to the last changed byte, or
+  // nothing if there is no such step.
   std::optional<Region> Undo(Fullflash& image);
   std::optional<Region> Redo(Fullflash& image);
   [[nodiscard]] bool CanUndo() const { return done_ > 0; }
   [[nodiscard]] bool CanRedo() const { return done_ < steps_.size(); }
 
-  // Whether a byte is another than when the image was opened.
+  // Whether a byte differs from when the image was opened.
   [[nodiscard]] bool IsChanged(const Fullflash& image, Offset offset) const;
 
-  // What is another than when the image was opened, in order, within `size` bytes from an offset on.
-  // Runs with at most `gap` unchanged bytes between them are one change.
+  // The changes since the image was opened, in order, within `size` bytes from an offset, or in the whole
+  // image. Runs separated by at most `gap` unchanged bytes form one change.
   [[nodiscard]] std::vector<Change> Changes(const Fullflash& image, Offset from, Offset size,
                                             Offset gap = 0) const;
   [[nodiscard]] std::vector<Change> Changes(const Fullflash& image, Offset gap = 0) const;
 
-  // Forgets everything: another image is open.
+  // Forgets everything, because another image is open.
   void Clear();
 
  private:
@@ -56,8 +57,8 @@ class ImageEdits {
   void KeepOriginal(const Fullflash& image, Offset from, Offset size);
 
   std::vector<Step> steps_;
-  std::size_t done_ = 0;                                   // of the steps; the others can be done again
-  std::map<Offset, std::vector<std::uint8_t>> originals_;  // pages as they were opened, by their number
+  std::size_t done_ = 0;                                   // number of steps done; the others can be redone
+  std::map<Offset, std::vector<std::uint8_t>> originals_;  // unchanged pages, by page number
 };
 
 }  // namespace tarvelo

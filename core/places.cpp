@@ -16,7 +16,7 @@ std::optional<Offset> Within(const Fullflash& image, Offset offset) {
 }
 
 std::optional<Offset> OffsetOf(const Fullflash& image, std::uint32_t address) {
-  // Addresses of large images are negative as the base has it.
+  // For large images the base is negative, so the subtraction is done on unsigned numbers.
   return Within(image, static_cast<std::uint32_t>(address - static_cast<std::uint32_t>(image.CorrBase())));
 }
 

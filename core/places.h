@@ -1,4 +1,4 @@
-// Places in an image as people write and read them: offsets, phone addresses, and what stands there.
+// Formats and reads places in an image: offsets, phone addresses, and the values there.
 #pragma once
 
 #include <optional>
@@ -9,26 +9,26 @@
 
 namespace tarvelo {
 
-// The digits of an image's offsets.
+// How many digits an image's offsets have.
 [[nodiscard]] int OffsetWidth(const Fullflash& image);
 
-// An offset with leading zeros; its phone address, as page and offset in the page ("284:2345"), in
-// large images as one number ("A001A2B4").
+// OffsetText gives an offset with leading zeros. AddressText gives its phone address as page and offset in
+// the page ("284:2345"), or as one number ("A001A2B4") for large images.
 [[nodiscard]] std::string OffsetText(const Fullflash& image, Offset offset);
 [[nodiscard]] std::string AddressText(const Fullflash& image, Offset offset);
 
-// The byte, the word and the double word at an offset of the image, as far as it has them, and where a
-// pointer there leads, if it leads into the image: "34 / 1234 / 02841234  -> 011234". Erased and zero
-// double words are no pointers.
+// The byte, the word and the double word at an offset, as far as the image has them, and the target of a
+// pointer there if it is in the image: "34 / 1234 / 02841234  -> 011234". Erased and zero double words are
+// not pointers.
 [[nodiscard]] std::string Reading(const Fullflash& image, Offset offset);
 
 // What a plain number means.
 enum class PlaceKind { AsOffset, AsAddress };
 
-// The offset of a place in the image: a hexadecimal number, with "0x" before it or not, or page:offset.
-// A number that can be no offset of this image is taken as a phone address. Nothing where the place
-// lies outside the image. Throws std::invalid_argument for what is no number, std::overflow_error for
-// one of more than 32 bits.
+// Reads a place and returns its offset. A place is a hexadecimal number, with or without "0x", or
+// page:offset. A number that cannot be an offset of this image is taken as a phone address. Returns nothing
+// if the place is outside the image. Throws std::invalid_argument if the text is not a number, and
+// std::overflow_error if it has more than 32 bits.
 [[nodiscard]] std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Fullflash& image);
 
 }  // namespace tarvelo

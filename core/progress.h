@@ -1,4 +1,4 @@
-// How a long command tells how far it is. The desktop moves a bar; a command line prints one.
+// How a long command reports its progress. The desktop moves a bar; the command line prints one.
 #pragma once
 
 #include <cstdint>
@@ -9,17 +9,17 @@ class Progress {
  public:
   virtual ~Progress() = default;
 
-  // Begins a run of positions first .. last (offsets of the image, as a rule).
+  // Begins a run over the positions first .. last, usually offsets of the image.
   virtual void Start(std::int64_t first, std::int64_t last) = 0;
-  // The position reached. Called at intervals that cost nothing beside the work.
+  // The position reached. Called rarely enough to cost nothing compared with the work.
   virtual void At(std::int64_t position) = 0;
-  // The run is over, done or given up.
+  // The run is over, finished or abandoned.
   virtual void Finish() = 0;
-  // Whether the user wants the run to end early. Commands that can be stopped ask after At.
+  // Whether the user wants to stop the run. Commands that can be stopped ask after At.
   [[nodiscard]] virtual bool StopAsked() { return false; }
 };
 
-// For callers whom nobody watches.
+// For callers that show no progress.
 class NoProgress final : public Progress {
  public:
   void Start(std::int64_t, std::int64_t) override {}
@@ -27,7 +27,7 @@ class NoProgress final : public Progress {
   void Finish() override {}
 };
 
-// Starts a run and finishes it when the scope ends, by whatever way.
+// Starts a run and finishes it at the end of the scope, even if an exception ends it.
 class ProgressRun {
  public:
   ProgressRun(Progress& progress, std::int64_t first, std::int64_t last) : progress_(progress) {

@@ -6,7 +6,7 @@
 namespace tarvelo {
 
 struct Region {
-  Offset offset = 0;  // of the first byte; may lie outside the image
+  Offset offset = 0;  // of the first byte; may be outside the image
   Offset size = 0;    // bytes
 
   [[nodiscard]] Offset End() const { return offset + size; }

@@ -9,7 +9,7 @@
 namespace tarvelo {
 namespace {
 
-// A number of MiB with as many digits as tell it exactly ("8", "1.5"), whatever the locale.
+// A number of MiB with as many digits as it needs ("8", "1.5"), in every locale.
 std::string Mebibytes(std::size_t size) {
   std::array<char, 32> buffer;
   const auto [end, error] =

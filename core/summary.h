@@ -1,4 +1,4 @@
-// The information text that stands in the Info panel after a dump is opened.
+// The information text that the Info panel shows after a dump is opened.
 #pragma once
 
 #include <string>
@@ -9,9 +9,9 @@
 
 namespace tarvelo {
 
-// One line each, ended by a line feed: path, size, loading base, corrected base where it differs,
-// model, firmware, build date where there is one, empty blocks, and the T9 area where there is one.
-// `path` is shown as it is given, in UTF-8.
+// One line each, ending in a line feed: path, size, loading base, corrected base if it differs, model,
+// firmware, build date if known, empty blocks, and the T9 area if there is one. `path` is UTF-8 and is shown
+// unchanged.
 [[nodiscard]] std::string Summary(std::string_view path, const Fullflash& image, const Identification& info,
                                   const Messages& messages);
 

@@ -5,7 +5,7 @@
 namespace tarvelo {
 namespace {
 
-// Gathers text into pieces.
+// Collects text into pieces.
 class Pieces {
  public:
   explicit Pieces(const TextSink& write) : write_(write) {}

@@ -1,5 +1,5 @@
-// The one form in which every explorer's result is shown, saved and printed: captions and rows of
-// text. The desktop's list, the saved list and the command line all read it.
+// The form in which every explorer's result is shown, saved and printed: captions and rows of text. The
+// desktop's list, the saved list and the command line all read it.
 #pragma once
 
 #include <functional>
@@ -18,16 +18,16 @@ class Messages;
 
 struct Table {
   struct Row {
-    std::vector<std::string> cells;  // one a column, UTF-8
+    std::vector<std::string> cells;  // one per column, UTF-8
     bool marked = false;             // drawn in the colour of deleted things
   };
 
-  std::vector<std::string> captions;  // one a column
+  std::vector<std::string> captions;  // one per column
   std::vector<Row> rows;
 };
 
-// A table of which each row is made when it is asked for: a senseless image may have millions of them,
-// and a row takes a hundred times the room of what it tells of.
+// A table that makes each row on demand: a malformed image may give millions of rows, and a row takes a
+// hundred times the memory of the record it describes.
 struct TableRows {
   std::vector<std::string> captions;
   std::size_t count = 0;
@@ -36,18 +36,18 @@ struct TableRows {
   [[nodiscard]] Table All() const;
 };
 
-// Captions in a language: each a message, or as it stands.
+// Captions in a language. Each is a message or a fixed text.
 [[nodiscard]] std::vector<std::string> Captions(
     const Messages& messages, std::initializer_list<std::variant<Text, const char*>> captions);
 
-// The rows of a table that exists already, which must outlive them.
+// The rows of an existing table, which must outlive them.
 [[nodiscard]] TableRows RowsOf(const Table& table);
 
-// The table as tab-separated text: the captions, then a line a row, each line ended by `lineEnd`.
-// A tab or a line break inside a cell would break the columns; it is written as a blank.
+// The table as tab-separated text: the captions, then one line per row, each line ending in `lineEnd`. A tab
+// or line break inside a cell would break the columns, so it becomes a blank.
 [[nodiscard]] std::string TabSeparated(const Table& table, std::string_view lineEnd);
 
-// The same, handed out in pieces of some 64 KiB.
+// The same, written in pieces of about 64 KiB.
 void WriteTabSeparated(const TableRows& table, std::string_view lineEnd, const TextSink& write);
 
 }  // namespace tarvelo

@@ -1,4 +1,4 @@
-// Where a text goes that is too long to be held whole.
+// A receiver for a text that is too long to hold.
 #pragma once
 
 #include <functional>
@@ -6,7 +6,7 @@
 
 namespace tarvelo {
 
-// Takes a text piece by piece, in its order. May throw where the text cannot go on.
+// Receives a text piece by piece, in order. May throw if the text cannot continue.
 using TextSink = std::function<void(std::string_view piece)>;
 
 }  // namespace tarvelo

@@ -1,16 +1,16 @@
-// The loops of sieves over vectors, for the files that compile them for one kind of vector each.
+// The sieves' loops over vectors. Each file that includes this compiles them for one kind of vector.
 //
-// Everything here is local to such a file, and uses nothing but the language: a function that the linker
-// shares with the rest of the program might be kept in the form for a machine that is not there.
+// All of it is local to that file and uses nothing but the language: the linker could otherwise keep a shared
+// function in the form compiled for a machine that is not there.
 //
-// A file defines, before it calls SieveOver, a type `Vector` with
+// Before it calls SieveOver, a file defines a type `Vector` with
 //   width                      bytes
-//   Load(p)                    the bytes from p on, which need no alignment
-//   Splat<step>(word)          the word of `step` bytes over and over
+//   Load(p)                    the bytes from p on; any alignment
+//   Splat<step>(word)          the word of `step` bytes, repeated
 //   a & b, a | b
-//   Equal<step>(a, b)          all bits set in each word of `step` bytes that is the same in both
+//   Equal<step>(a, b)          sets all bits of each word of `step` bytes that is equal in both
 //   Bits(a)                    the highest bit of each byte
-//   Prefetch(p)                from any address
+//   Prefetch(p)                p may be any address
 #pragma once
 
 #include "core/scan/vector_units.h"
@@ -25,7 +25,7 @@ struct VectorProbe {
         value(Vector::template Splat<step>(probes.value[i])),
         mask(Vector::template Splat<step>(probes.mask[i])) {}
 
-  // All bits set in each word from p on that matches. Single bytes are never masked.
+  // Sets all bits of each word from p on that matches. Single bytes are never masked.
   Vector Matches(const std::uint8_t* p) const {
     const Vector words = Vector::Load(p + offset);
     return Vector::template Equal<step>(step == 1 ? words : words & mask, value);
@@ -35,7 +35,7 @@ struct VectorProbe {
   Vector value, mask;
 };
 
-// The bits of the positions of a block that begins at p.
+// The bits for the positions of a block that begins at p.
 template <class Vector, int step>
 SieveBits BlockBits(const std::uint8_t* p, const SieveProbes& probes) {
   constexpr std::uint64_t positions = step == 1   ? 0xFFFFFFFFFFFFFFFF
@@ -50,7 +50,7 @@ SieveBits BlockBits(const std::uint8_t* p, const SieveProbes& probes) {
   return bits;
 }
 
-// The same with the first `count` probes alone, all bits set where these match.
+// Sets all bits of each word from p on that matches the first `count` probes.
 template <class Vector, int step, int count>
 Vector FirstMatches(const VectorProbe<Vector, step> (&probes)[count], const std::uint8_t* p) {
   Vector all = probes[0].Matches(p);

@@ -29,7 +29,7 @@ bool MatchesAt(const std::uint8_t* p, const SieveProbes& probes) {
   return true;
 }
 
-// The bits of the positions of a block, or of those of its start that lie in front of `end`.
+// The bits for the positions of a block, or for those in front of `end`.
 template <int step>
 SieveBits PlainBits(const std::uint8_t* block, const std::uint8_t* end, const SieveProbes& probes) {
   SieveBits bits{};
@@ -63,7 +63,7 @@ const SieveLoops& Loops() {
   return plainLoops;
 }
 
-// The bits of a word of `step` bytes.
+// A mask of all bits of a word of `step` bytes.
 std::uint32_t BitsOfStep(int step) { return 0xFFFFFFFF >> (32 - 8 * step); }
 
 }  // namespace
@@ -77,7 +77,7 @@ Sieve::Sieve(int step, std::span<const Probe> probes, int everywhere) : step_(st
   const SieveLoops& loops = Loops();
   loop_ = step == 1 ? loops.step1 : step == 2 ? loops.step2 : loops.step4;
   for (std::size_t i = 0; i < SieveProbes::count; ++i) {
-    const Probe& probe = i < probes.size() ? probes[i] : probes[0];  // one too few is compared twice
+    const Probe& probe = i < probes.size() ? probes[i] : probes[0];  // missing probes repeat the first
     probes_.offset[i] = probe.offset;
     probes_.value[i] = probe.value;
     probes_.mask[i] = probe.mask & BitsOfStep(step);

@@ -1,9 +1,8 @@
-// The search for positions that a few words of bytes pick out of a whole image, at the speed of memory:
-// under every scan of the explorers and of the pattern search.
+// Searches a whole image, at memory speed, for positions that a few words of bytes identify. All scans of the
+// explorers and the pattern search build on it.
 //
-// A sieve compares the words of many positions at once, with the widest vectors that the machine has; it
-// is told what is rare, and gives its caller the few positions that are left. Results are the same on
-// every machine.
+// A sieve compares the words of many positions at once, with the widest vectors of the machine. Its caller
+// names rare words and examines the few positions that match. Results are the same on every machine.
 #pragma once
 
 #include <bit>
@@ -17,33 +16,33 @@ namespace tarvelo {
 
 // What sieves compare with.
 enum class VectorUnit : std::uint8_t {
-  None,  // one position after the other
+  None,  // one position at a time
   Sse2,  // 16 bytes
   Avx2,  // 32 bytes
 };
 
-// The best that this machine has, or less where it was limited. The limit is for tests and measurements;
-// it holds for sieves made from then on.
+// The best unit of this machine, or a lower one if it was limited. The limit is for tests and measurements;
+// it applies to sieves created afterwards.
 [[nodiscard]] VectorUnit BestVectorUnit();
 void LimitVectorUnit(VectorUnit most);
 
 // A word to look for beside a position.
 struct Probe {
   std::int32_t offset = 0;          // bytes from the position, not negative
-  std::uint32_t value = 0;          // little-endian; 0 where the mask is
+  std::uint32_t value = 0;          // little-endian; bits outside the mask are 0
   std::uint32_t mask = 0xFFFFFFFF;  // the bits that count
 };
 
 class Sieve {
  public:
-  // Looks at positions `step` apart, which is 1, 2 or 4; probes are words of as many bytes. One to four;
-  // the first `everywhere` (2 to 4) are compared everywhere, the others where these match: name the
-  // rarest first.
+  // Examines positions `step` apart; `step` is 1, 2 or 4 and is also the size of the probes' words in bytes.
+  // There are one to four probes. The first `everywhere` (2 to 4) are compared at every position, the others
+  // only where those match: put the rarest first.
   Sieve(int step, std::span<const Probe> probes, int everywhere = 2);
 
-  // Gives take(position) those of the positions from, from + step, ... up to `last` at which all probes
-  // match, in their order, until it returns true. Returns whether it did. All probes of all positions
-  // must lie within the bytes, and `from` must not be negative.
+  // Calls take(position) for each of the positions from, from + step, ... `last` at which all probes match,
+  // in order, until it returns true. Returns whether it did. All probes of all positions must be within the
+  // bytes, and `from` must not be negative.
   template <typename Take>
   bool Each(Bytes bytes, Offset from, Offset last, Take take) const {
     const std::uint8_t* const start = bytes.data();

@@ -1,7 +1,7 @@
 // The loops under a sieve (vector_scan.h), compiled once for each kind of vector.
 //
-// Plain fields and pointers: a file that is compiled for a machine that may not be there must not make
-// any function that the rest of the program shares.
+// Plain fields and pointers only: a file compiled for a machine that may not be there must not create any
+// function that the rest of the program shares.
 #pragma once
 
 #include <cstdint>
@@ -13,26 +13,26 @@ struct SieveProbes {
   std::int32_t offset[count];
   std::uint32_t value[count];
   std::uint32_t mask[count];
-  int everywhere;  // how many are compared in each block, 2 or more; the others where these match
+  int everywhere;  // how many are compared in every block, 2 or more; the others only where these match
 };
 
-// The positions of one block at which all probes match: bit i of word i / 64 stands for byte i.
+// The positions of one block at which all probes match: bit i % 64 of word i / 64 stands for byte i.
 struct SieveBits {
   static constexpr int positions = 128;
   std::uint64_t words[2];
 };
 
-// Goes through whole blocks from `block` on, up to `end`, to the first that has matches. Returns it with
-// its bits, or where less than a block is left, with bits 0.
+// Searches whole blocks from `block` up to `end` for the first one with matches. Returns that block with its
+// bits, or the start of the incomplete last block with bits 0.
 using SieveLoop = const std::uint8_t* (*)(const std::uint8_t* block, const std::uint8_t* end,
                                           const SieveProbes& probes, SieveBits& bits);
 
-// By the step between positions.
+// One loop for each step between positions.
 struct SieveLoops {
   SieveLoop step1, step2, step4;
 };
 
-// Only for machines of the x86 family; the second only where the processor has it.
+// Only for machines of the x86 family; avx2Loops only if the processor has AVX2.
 extern const SieveLoops sse2Loops;
 extern const SieveLoops avx2Loops;
 
