@@ -44,7 +44,7 @@ std::optional<std::filesystem::path> SaveBlock(const Fullflash& image, const Blo
   if (!HasData(image, block)) return {};
   MakeFolder(folder);
   std::filesystem::path file = folder / PathOf(NameOf(store, block, stem));
-  // Not written over: a link of that name would lead to another file.
+  // Deleted, not overwritten: a link of that name would lead to another file.
   if (FileExist(file)) RemoveFile(file);
   NoProgress progress;
   WriteFile(file, image.Region(block.DataOffset, block.Size), progress);

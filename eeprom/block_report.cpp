@@ -9,7 +9,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t bytesColumn = 6;  // of the dump, behind "0000  "
+constexpr std::size_t bytesColumn = 6;  // in the dump, behind "0000  "
 constexpr std::size_t byteWidth = 3;    // "00 "
 constexpr std::size_t textColumn = bytesColumn + dumpRowLength * byteWidth + 1;
 
@@ -40,7 +40,7 @@ BlockDifference Compare(const BlockData& shown, const BlockData& other) {
   return difference;
 }
 
-// The block that stands for a number: the live one, else the last one.
+// The block that represents a number: the live one, or else the last one.
 std::optional<std::size_t> BlockOf(const BlockStore& store, int number) {
   std::optional<std::size_t> last;
   for (std::size_t i = 0; i < store.records.size(); ++i)
@@ -49,8 +49,8 @@ std::optional<std::size_t> BlockOf(const BlockStore& store, int number) {
   return live ? live : last;
 }
 
-// Invisible ones would hide what is there, and those that turn the writing direction would disorder
-// everything around them.
+// Excludes invisible characters, which would hide bytes, and those that reverse the writing direction, which
+// would scramble the text around them.
 bool IsVisible(char32_t c) {
   const bool control = c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0xAD;
   const bool format = (c >= 0x200B && c <= 0x200F) || (c >= 0x2028 && c <= 0x202E) ||
@@ -88,7 +88,7 @@ struct NamedDecoder {
   Decoder decode;
 };
 
-// A decoder that moves its offset, as one that keeps it.
+// Wraps a decoder that advances its offset as one that takes it by value.
 template <auto decode>
 std::u16string From(Bytes bytes, Offset start) {
   return decode(bytes, start);

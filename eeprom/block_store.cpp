@@ -12,7 +12,7 @@ namespace {
 
 constexpr Offset step = 4;
 constexpr Offset progressStep = 0x1000;
-constexpr Offset lastOfWholeScan = 0x800000;  // last index of the longest image that is searched whole
+constexpr Offset lastOfWholeScan = 0x800000;  // last index of the longest image that is scanned whole
 constexpr Offset storeLength = 0xA0000;
 
 using Header = std::span<const std::uint8_t, blockHeaderLength>;
@@ -34,7 +34,7 @@ constexpr Viewer viewers[] = {
 
 std::size_t IndexOf(ViewerEntry entry) { return static_cast<std::size_t>(entry); }
 
-// Byte 6 of a header: the 64 KiB blocks of the address space that can hold data.
+// Whether a 64 KiB block of the address space, byte 6 of a header, can hold data.
 bool CanHoldData(std::uint8_t block) {
   return block == 0xBF || (block >= 0x7C && block <= 0x7F) || block >= 0xF6;
 }
@@ -45,16 +45,16 @@ bool IsHeader(Header h) {
          CanHoldData(h[6]);
 }
 
-// The bits of the rules that need no comparing; they leave next to nothing but headers. Code has least of
-// what the first two ask for.
+// The rules that need no ordering comparison, as bits. Little else than headers passes them. The first two
+// are the rarest in code.
 constexpr Probe headerProbes[] = {
-    {.offset = 4, .value = 0x00300000, .mask = 0xFF300000},  // byte 6 as in all that CanHoldData, byte 7
+    {.offset = 4, .value = 0x00300000, .mask = 0xFF300000},  // bits common to all values of byte 6, byte 7
     {.offset = 8, .value = 0xF0000000, .mask = 0xF300E000},  // byte 9 below 0x20, byte 11 a state
     {.offset = 0, .value = 0x000000F0, .mask = 0xE000C0F3},  // byte 0 a state, 1 and 3 below 0x40 and 0x20
 };
 
 Offset ScanStart(Offset last, std::string_view model) {
-  // A C60 is searched whole on purpose, however long its image is.
+  // A C60 is scanned whole on purpose, however long its image is.
   if (model == "C60" || last <= lastOfWholeScan) return 0;
   return last - storeLength + 1;
 }
@@ -70,7 +70,7 @@ class Scan {
   BlockStore Run() {
     const Sieve sieve(step, headerProbes);
     for (Offset p = start_; p <= last_;) {
-      // Progress is shown for a few of its steps at once, so that the sieve gets long runs.
+      // Several progress steps are reported at once, so that the sieve gets long runs.
       Offset pieceEnd = p;
       for (int i = 0; i < 16 && pieceEnd <= last_; ++i) {
         progress_.At(pieceEnd);
@@ -86,7 +86,7 @@ class Scan {
   }
 
  private:
-  // The first position from p on.
+  // The first scan position at or behind p.
   [[nodiscard]] Offset NextPosition(Offset p) const { return start_ + (p - start_ + step - 1) / step * step; }
 
   void Take(Offset p) {
@@ -102,7 +102,7 @@ class Scan {
     EepromBlockRecord record;
     record.Number = image_.Word(p + 8);
     record.V = image_.Byte(p + 1);
-    // Byte 7 is 0: neither the double word nor the difference can overflow.
+    // Byte 7 is 0, so neither the double word nor the difference can overflow.
     record.DataOffset = image_.DWord(p + 4) - image_.LoadBase();
     record.Size = image_.Word(p + 2);
     record.State = image_.Byte(p);
@@ -125,8 +125,8 @@ class Scan {
 
   const Fullflash& image_;
   const Offset start_;
-  const Offset last_;  // the last position where a header fits
-  Offset next_ = 0;    // behind the last header that counts
+  const Offset last_;  // the last position at which a header fits
+  Offset next_ = 0;    // the end of the last accepted header
   ProgressRun progress_;
   BlockStore store_;
 };

@@ -1,6 +1,6 @@
 // The phone's emulated EEPROM: numbered blocks in the flash, found by their headers.
 //
-// A header is 12 bytes, its fields little-endian, and lies apart from the block's data:
+// A header has 12 bytes with little-endian fields and is apart from the block's data:
 //   0   state: 0xFC live, 0xF0 deleted
 //   1   V, 0 .. 0x21
 //   2   size of the data, a word below 0x1500
@@ -9,8 +9,8 @@
 //   8   block number, a word below 0x1900
 //   10  anything
 //   11  the state again
-// A block is never changed in place: the phone writes it anew and marks the old header as deleted. So
-// an image holds many generations of a number, and sometimes several live ones.
+// The phone never changes a block in place: it writes a new copy and marks the old header as deleted. So an
+// image holds many generations of a number, and sometimes several live ones.
 #pragma once
 
 #include <bitset>
@@ -24,16 +24,16 @@
 
 namespace tarvelo {
 
-// The directory's limit; an image that holds more is at fault.
+// The directory's limit. An image with more blocks is faulty.
 inline constexpr std::size_t mostBlocks = 2000;
-// The lookup tables hold the numbers 0 .. 6000.
+// The lookup tables cover the numbers 0 .. 6000.
 inline constexpr std::size_t blockNumbers = 6001;
 
 inline constexpr std::uint8_t liveBlockState = 0xFC;
 inline constexpr std::uint8_t deletedBlockState = 0xF0;
 inline constexpr int blockHeaderLength = 12;
 
-// The entries of the menu KnownBlocks, called by the blocks that they show.
+// The entries of the menu KnownBlocks, named after the blocks that they show.
 enum class ViewerEntry : std::uint8_t {
   x5079,
   x5076,
@@ -61,7 +61,7 @@ using ViewerSet = std::bitset<viewerEntries>;  // by the entries' values
 struct EepromBlockRecord {
   std::uint16_t Number = 0;  // 1 .. 999 or 5001 .. 5999
   std::uint8_t V = 0;
-  std::int32_t DataOffset = 0;  // may lie outside the image, in front of it too
+  std::int32_t DataOffset = 0;  // may be outside the image, even before it
   std::uint16_t Size = 0;       // bytes of data
   bool HasViewer = false;       // never for a deleted block
   std::uint8_t State = liveBlockState;
@@ -71,13 +71,13 @@ struct EepromBlockRecord {
   [[nodiscard]] bool operator==(const EepromBlockRecord&) const = default;
 };
 
-// What one scan found.
+// The result of one scan.
 struct BlockStore {
-  std::vector<EepromBlockRecord> records;  // in the order of their headers
+  std::vector<EepromBlockRecord> records;  // in header order
   int DeletedCount = 0;
 
-  // The live block of each number, the last one where there are several. A size of 0 means that there
-  // is none (or an empty one).
+  // The live block of each number; if there are several, the last one. A size of 0 means that there is no
+  // live block (or an empty one).
   std::vector<std::int32_t> BlockOffset = std::vector<std::int32_t>(blockNumbers);
   std::vector<std::uint16_t> BlockSize = std::vector<std::uint16_t>(blockNumbers);
   std::vector<std::uint8_t> BlockV = std::vector<std::uint8_t>(blockNumbers);
@@ -88,23 +88,23 @@ struct BlockStore {
   [[nodiscard]] int LiveCount() const { return BlockCount() - DeletedCount; }
 };
 
-// Whether a header's number is one of a block: 1 .. 999 and 5001 .. 5999.
+// Whether a number can be a block's: 1 .. 999 and 5001 .. 5999.
 [[nodiscard]] bool IsBlockNumber(int number);
 
-// The menu entry of a number, or nothing.
+// The menu entry for a block number, or nothing.
 [[nodiscard]] std::optional<ViewerEntry> ViewerOf(int number);
 
-// The entries that are enabled after a scan that found `found`, if `before` were enabled: those found,
-// and of the ones before x5275 .. x5278, which no later image disables.
+// The entries enabled after a scan that found `found`, if `before` were enabled: all found ones, and those of
+// x5275 .. x5278 that were enabled before, since no later image disables them.
 [[nodiscard]] ViewerSet EnabledViewers(const ViewerSet& before, const ViewerSet& found);
 
-// Finds the headers. They lie at multiples of 4 from where the scan starts: the image's beginning, or
-// in images of more than 0x800001 bytes 0xA0000 bytes in front of the end, unless the model is "C60".
-// Behind a header with a block's number the scan goes on at its end, behind one with another number, as
-// behind anything else, 4 bytes further.
+// Finds the headers, at multiples of 4 from the start of the scan. The scan starts at the image's beginning;
+// in images of more than 0x800001 bytes, unless the model is "C60", it starts 0xA0000 bytes before the end.
+// After a header with a valid block number, the scan goes on at the header's end; after anything else,
+// including a header with another number, 4 bytes further.
 //
-// Throws std::length_error at the header that would be record 2001; nothing else, whatever the image
-// holds. Works near the speed of memory.
+// Throws std::length_error at the header that would be record 2001; no other image content makes it throw.
+// Runs close to memory speed.
 [[nodiscard]] BlockStore GetEE(const Fullflash& image, std::string_view model, Progress& progress);
 
 }  // namespace tarvelo

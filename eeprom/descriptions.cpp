@@ -13,7 +13,7 @@ namespace tarvelo {
 namespace {
 
 constexpr std::size_t longestText = 200;
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";  // some editors begin every file with it
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";  // some editors start every file with it
 
 std::string_view Trim(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
@@ -29,8 +29,8 @@ std::optional<int> BlockNumber(std::string_view text) {
   return number;
 }
 
-// A text that any list can show. A UTF-16 unit is three bytes at the most, so the rest of a huge line
-// need not be looked at.
+// A text that any list can show. A UTF-16 unit has at most three bytes in UTF-8, so the rest of a huge line
+// is ignored.
 std::string CleanText(std::string_view raw) {
   std::u16string text = ToUtf16(Trim(raw).substr(0, 4 * longestText));
   std::ranges::replace_if(

@@ -60,7 +60,7 @@ constexpr ClaimKind data{"eeprom-data", Text::Eeprom, {}, 60, &blocks};
 constexpr ClaimKind deletedData{"eeprom-deleted-data", Text::Eeprom, Text::Deleted, 120, &deletedBlocks};
 constexpr const ClaimKind* kinds[] = {&header, &data, &deletedHeader, &deletedData};
 
-// What deleted blocks held may have been written over.
+// The data of deleted blocks may have been overwritten.
 void ClaimBlocks(const Dump&, const Findings& found, const TakeClaim& take) {
   for (const EepromBlockRecord& block : StoreOf(found).records) {
     const bool isDeleted = block.IsDeleted();

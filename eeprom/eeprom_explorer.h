@@ -1,4 +1,4 @@
-// EEPROM blocks as an explorer.
+// The explorer of EEPROM blocks.
 #pragma once
 
 #include "core/explorer.h"
@@ -7,15 +7,15 @@
 
 namespace tarvelo {
 
-// The records of its findings.
+// The findings of this explorer.
 struct EepromFindings {
   BlockStore store;
-  Descriptions descriptions;  // built in, with the user's own over them
+  Descriptions descriptions;  // the built-in ones, overridden by the user's
 };
 
 extern const Explorer eepromExplorer;
 
-// A file of descriptions in the user's folder (descriptions.h); a larger one than 1 MiB is passed over.
+// The file of descriptions in the user's folder (descriptions.h). A file of more than 1 MiB is ignored.
 inline constexpr char usersDescriptionsFile[] = "eeprom_blocks.tsv";
 
 }  // namespace tarvelo
