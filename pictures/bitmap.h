@@ -1,4 +1,4 @@
-// A decoded picture: plain pixels, no window.
+// A decoded picture: plain pixels, without a window.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@ namespace tarvelo {
 // A colour as 0xRRGGBB.
 using Colour = std::uint32_t;
 
-// What is not drawn: transparent pixels, and all that a damaged picture leaves out. No colour table
-// can produce it.
+// The value of undrawn pixels: transparent ones, and those missing from a damaged picture. No colour table
+// contains it.
 inline constexpr Colour backgroundColour = 0xFB00FB;
 
 struct Bitmap {
@@ -23,7 +23,7 @@ struct Bitmap {
 
   int width;
   int height;
-  std::vector<Colour> pixels;  // row by row from the top, all background at first
+  std::vector<Colour> pixels;  // row by row from the top, initially background
 };
 
 }  // namespace tarvelo

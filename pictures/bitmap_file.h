@@ -8,12 +8,11 @@
 
 namespace tarvelo {
 
-// A Windows bitmap of 24 bits a pixel. Background becomes pure green (0, 255, 0), the key colour by
-// which other programs know transparency.
+// A Windows bitmap of 24 bits a pixel. Background becomes pure green (0, 255, 0), the key colour that other
+// programs treat as transparent.
 [[nodiscard]] std::vector<std::uint8_t> BmpFile(const Bitmap& bitmap);
 
-// A PNG in which the background is transparent. Empty for a picture without pixels, which that format
-// cannot hold.
+// A PNG with a transparent background. Empty for a picture without pixels, which the format cannot hold.
 [[nodiscard]] std::vector<std::uint8_t> PngFile(const Bitmap& bitmap);
 
 }  // namespace tarvelo

@@ -12,7 +12,7 @@ constexpr Colour white = 0xFFFFFF;
 constexpr Colour darkBlue = 0x0000C0;
 constexpr Colour tone = 0xFADC96;  // the background of a monochrome display
 
-// The colour of a pixel's value. Values are within what the depth can hold.
+// The colour of a pixel value, which must fit the depth.
 Colour ColourOf(int bitsPerPixel, int value, bool plainMonochromeIsWhite) {
   const auto index = static_cast<std::size_t>(value);
   switch (bitsPerPixel) {
@@ -42,7 +42,7 @@ int BitS(Bytes image, Offset row, int bitsPerPixel, int bitIndex) {
   }
 }
 
-// Where the runs of no pixels that begin at p, `length` bytes each, come to an end.
+// The end of the runs of no pixels that begin at p, `length` bytes each.
 template <int length, typename IsEmpty>
 Offset PictureDecoder::SkipEmptyRuns(Offset p, IsEmpty isEmpty) {
   constexpr Offset longStretch = 32;  // shorter ones are not worth remembering
@@ -62,8 +62,8 @@ Offset PictureDecoder::SkipEmptyRuns(Offset p, IsEmpty isEmpty) {
   return q;
 }
 
-// The walks call draw(count, value) for each run or pixel until the picture is complete, and return
-// the offset behind the last byte used: the image's end, where the stream runs over it.
+// The walks call draw(count, value) for each run or pixel until the picture is complete. They return the
+// offset behind the last byte used, or the image's end if the stream passes it.
 
 template <typename Draw>
 Offset PictureDecoder::WalkMonochrome(Offset p, int pixels, Draw draw) {
@@ -131,17 +131,17 @@ PictureDecoder::Code PictureDecoder::CodeAt(Offset p, int bitsPerPixel) const {
   return {1 + colourBytes * (256 - n), 256 - n};
 }
 
-// Follows a stream over whole codes, as far as that is possible without meeting the last pixel or the
-// image's end. Pictures whose data overlap walk the same codes again and again; so about each 500th
-// code remembers which of these comes next, and how many pixels lie between.
+// Follows a stream over whole codes, up to the one that holds the last pixel or crosses the image's end.
+// Pictures with overlapping data walk the same codes again and again, so about one code in 500 remembers the
+// next such code and the number of pixels up to it.
 void PictureDecoder::SkipWholeCodes(Offset& p, int& pixels, int bitsPerPixel) {
   const auto end = static_cast<Offset>(image_.size());
   const auto remembers = [](Offset at) {
     return static_cast<std::uint64_t>(at) * 0x9E3779B97F4A7C15 >> 55 == 0;
   };
   auto& memory = landmarks_[bitsPerPixel == 1 ? 0 : bitsPerPixel == 8 ? 1 : 2];
-  Offset last = -1;     // the landmark passed last
-  int pixelsThere = 0;  // what was left to draw at it
+  Offset last = -1;     // the last landmark passed
+  int pixelsThere = 0;  // pixels still to draw at it
   while (p < end) {
     if (remembers(p)) {
       if (last >= 0) memory.try_emplace(last, Landmark{p, pixelsThere - pixels});

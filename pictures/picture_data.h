@@ -1,11 +1,11 @@
-// The data of pictures: its size, its pixels.
+// The data of pictures: its size and its pixels.
 //
-// Plain rows are padded to whole bytes; pixels of 1 and 2 bits lie from the high bits down, those of
-// 12 and 16 bits are little-endian words. Compressed data is a stream over all rows:
+// Plain rows are padded to whole bytes. Pixels of 1 and 2 bits are stored from the high bits down; those of
+// 12 and 16 bits are little-endian words. Compressed data is one stream for all rows:
 //   1 bit         a byte from 0x80 up: a run of (byte AND 0x3F) pixels, ink if bit 6 is set;
 //                 below 0x80: 7 pixels, bit 6 first
 //   8 bits        n < 0x80: one colour byte, drawn n times; n >= 0x80: 256 - n colour bytes
-//   12, 16 bits   likewise with colour words
+//   12, 16 bits   as 8 bits, with colour words
 #pragma once
 
 #include <array>
@@ -17,22 +17,22 @@
 
 namespace tarvelo {
 
-// The value of one pixel of a plain row: `bitIndex` counts bits from the row's start. Throws
-// std::out_of_range.
+// The value of one pixel of a plain row; `bitIndex` counts bits from the row's start. Throws
+// std::out_of_range outside the image.
 [[nodiscard]] int BitS(Bytes image, Offset row, int bitsPerPixel, int bitIndex);
 
-// Measures and draws the pictures of one image, which must outlive it.
+// Measures and draws the pictures of one image, which must outlive the decoder.
 class PictureDecoder {
  public:
   explicit PictureDecoder(Bytes image) : image_(image) {}
 
-  // Bytes of data that a picture occupies, whether or not the image holds them all when it is plain. A
-  // stream ends with the byte that holds the last pixel, or with the image; without pixels, or where
-  // the depth has no compressed form, its size is 0.
+  // The size of a picture's data in bytes. For a plain picture the image need not hold all of it. A stream
+  // ends with the byte that holds the last pixel, or with the image; its size is 0 if there are no pixels or
+  // the depth has no compressed form.
   [[nodiscard]] int SizeP(int width, int height, int bitsPerPixel, Offset data, std::uint8_t type);
 
-  // Draws a picture. What the image does not hold, and what has no known depth, stays background.
-  // `colourSeen` is that of the finished list.
+  // Draws a picture. Pixels outside the image, and all pixels of an unknown depth, stay background.
+  // `colourSeen` comes from the finished list.
   [[nodiscard]] Bitmap ShowP(const Picture& picture, bool colourSeen);
 
  private:
@@ -62,10 +62,10 @@ class PictureDecoder {
   Offset SkipEmptyRuns(Offset p, IsEmpty isEmpty);
 
   Bytes image_;
-  // Long stretches of runs of no pixels, by the length of such a run and the residue of their
-  // offsets. Each is walked once, however many pictures begin in it.
+  // Long stretches of runs of no pixels, indexed by the length of one run and the residue of their offset.
+  // Each is walked only once, however many pictures begin in it.
   std::array<std::array<std::vector<Stretch>, 3>, 4> stretches_;
-  // Where streams have come by, for 1, 8, and 12 and 16 bits.
+  // Positions that streams have passed: for 1 bit, for 8 bits, and for 12 and 16 bits.
   std::array<std::unordered_map<Offset, Landmark>, 3> landmarks_;
 };
 

@@ -16,8 +16,8 @@ constexpr Offset entrySize = 8;
 constexpr Offset nextTableWithin = 0x50000;
 constexpr Offset progressStep = 0x8000;
 
-// What the first entry of a table begins with: width and height, the type with or without bit 7, then 0;
-// and the 0 of the second entry.
+// The first bytes of a table's first entry: width and height, the type with or without bit 7, then 0. Then
+// the 0 of the second entry.
 constexpr Probe pageModeSignature[] = {{.offset = 0, .value = 0x0404},
                                        {.offset = 2, .value = 0x0001, .mask = 0xFF7F},
                                        {.offset = 10, .value = 0, .mask = 0xFF00}};
@@ -25,7 +25,7 @@ constexpr Probe largeSignature[] = {{.offset = 0, .value = 0x3434},
                                     {.offset = 2, .value = 0x0088},
                                     {.offset = 10, .value = 0, .mask = 0xFF00}};
 
-// What a header outside the tables begins with: width and height below 0x80, type 0x81, then 0.
+// The first bytes of a header outside the tables: width and height below 0x80, type 0x81, then 0.
 constexpr Probe outsideHeader[] = {{.offset = 2, .value = 0x0081}, {.offset = 0, .value = 0, .mask = 0x8080}};
 
 class Search {
@@ -54,8 +54,8 @@ class Search {
   }
 
  private:
-  // The positions from .. last, step 2, at which the probes match, given to `take` until that says so; in
-  // pieces between which progress is shown.
+  // Calls take(position) for the matches at from .. last, step 2, until it returns true. Works in pieces and
+  // reports progress between them.
   template <typename Take>
   void EachMatch(std::span<const Probe> probes, Offset from, Offset last, Take take) {
     const Sieve sieve(2, probes);
@@ -77,7 +77,7 @@ class Search {
     return found;
   }
 
-  // Lists the entries of a table. Returns where the table ends.
+  // Lists the entries of a table. Returns the table's end.
   Offset ReadTable(Offset start, int table) {
     Offset p = start;
     for (int index = 0; p <= end_ - entrySize; p += entrySize, ++index) {
@@ -86,14 +86,14 @@ class Search {
       if (picture.height == 0 || picture.width == 255 || image_.Byte(p + 3) != 0 || isNextTable) break;
       picture.table = static_cast<std::uint8_t>(table);
       picture.index = index;
-      if (picture.data < 0) picture.data += 0x200000;  // an address below the base is meant to wrap
+      if (picture.data < 0) picture.data += 0x200000;  // an address below the base wraps on purpose
       Add(picture);
     }
     return p;
   }
 
-  // Very many are counted before they are listed, so that the list never moves: it may take more room than
-  // the image.
+  // Large numbers of pictures are counted before they are listed, so that the list, which may need more
+  // memory than the image, never moves.
   void ListOutside(Offset from) {
     constexpr std::size_t few = 0x10000;
     const auto rest = ListHeaders(from, few);
@@ -107,7 +107,7 @@ class Search {
     ListHeaders(*rest, count + 1);
   }
 
-  // Lists the headers from an offset on, at most so many. Returns where there may be more.
+  // Lists at most `most` headers from an offset on. Returns where more may follow, or nothing.
   std::optional<Offset> ListHeaders(Offset from, std::size_t most) {
     std::optional<Offset> rest;
     EachHeader(from, [&](Picture picture) {

@@ -1,4 +1,4 @@
-// The list of pictures as people see it.
+// The list of pictures for the user.
 #pragma once
 
 #include <string>
@@ -12,12 +12,12 @@ namespace tarvelo {
 // The captions of the ten columns P, N/P, N, X, Y, B, Offset, Size, Uncomp, PIT.
 [[nodiscard]] std::vector<std::string> PictureCaptions(const Messages& messages);
 
-// The list: a row a picture, in their order. Numbers keep the rightmost digits that their column holds. The
-// list must outlive the rows.
+// The list: one row per picture, in the same order. Numbers keep the rightmost digits that fit their column.
+// The list must outlive the rows.
 [[nodiscard]] TableRows PictureRows(const PictureList& list, const Messages& messages = Messages());
 
-// The lines that the search adds to the information text: where the tables lie, how many pictures
-// there are. Each is ended by a line feed.
+// The lines for the information text: the addresses of the tables and the number of pictures, each line
+// ending in a line feed.
 [[nodiscard]] std::string PictureInformation(const PictureList& list, const Messages& messages);
 
 }  // namespace tarvelo

@@ -47,20 +47,20 @@ constexpr ClaimKind header{"picture-header", Text::MapPicture, Text::MapHeader, 
 constexpr ClaimKind pixels{"picture", Text::MapPicture, {}, 110, &pictures};
 constexpr const ClaimKind* kinds[] = {&pixels, &table, &header};
 
-constexpr std::size_t mostClaimed = 0x10000;  // a senseless image may have a picture for every four bytes
+constexpr std::size_t mostClaimed = 0x10000;  // a malformed image may have a picture for every four bytes
 
 struct Extent {
   Offset begin = 0, end = 0;
   Offset entries = 0, inside = 0;
 
-  // A table is sound with 8 entries, nine tenths of which point into the image.
+  // A table is sound if it has at least 8 entries and nine tenths of them point into the image.
   [[nodiscard]] Sureness Sure() const {
     const bool isSound = entries >= 8 && inside * 10 >= entries * 9;
     return isSound ? Sureness::Certain : Sureness::Guessed;
   }
 };
 
-// Whether an entry is one that a firmware ends its table with: not just the erased bytes behind it.
+// Whether an entry is a real end of a table, not just erased bytes behind it.
 bool EndsTable(const Fullflash& image, Offset entry) {
   if (entry > std::ssize(image.ff()) - entrySize) return false;
   const Bytes bytes = image.Region(entry, entrySize);

@@ -1,4 +1,4 @@
-// Pictures as an explorer. The records of its findings are a PictureList.
+// The explorer of pictures. Its findings are a PictureList.
 #pragma once
 
 #include "core/explorer.h"
