@@ -32,8 +32,8 @@ class ImageEdits {
   // and writes nothing, unless all of them are in the image.
   void Write(Fullflash& image, std::span<const Change> changes);
 
-  // Undo the last step, or redo it. Both return the region from the first to the last changed byte, or
-  // nothing if there is no such step.
+  // Undoes the last step, or redoes the step last undone. Both return the region from the first to the last
+  // changed byte, or nothing if there is no such step.
   std::optional<Region> Undo(Fullflash& image);
   std::optional<Region> Redo(Fullflash& image);
   [[nodiscard]] bool CanUndo() const { return done_ > 0; }
