@@ -24,7 +24,7 @@ void AppendBmpHeader(ByteBuffer& file, const Bitmap& bitmap, std::uint32_t dataS
   AppendDWord(file, static_cast<std::size_t>(bitmap.width));
   AppendDWord(file, static_cast<std::size_t>(bitmap.height));
   AppendWord(file, 1);   // planes
-  AppendWord(file, 24);  // bits a pixel
+  AppendWord(file, 24);  // bits per pixel
   AppendDWord(file, 0);  // not compressed
   AppendDWord(file, dataSize);
   AppendDWord(file, 2835);  // 72 pixels an inch, both ways

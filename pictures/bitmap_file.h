@@ -8,7 +8,7 @@
 
 namespace tarvelo {
 
-// A Windows bitmap of 24 bits a pixel. Background becomes pure green (0, 255, 0), the key colour that other
+// A Windows bitmap of 24 bits per pixel. Background becomes pure green (0, 255, 0), the key colour that other
 // programs treat as transparent.
 [[nodiscard]] std::vector<std::uint8_t> BmpFile(const Bitmap& bitmap);
 

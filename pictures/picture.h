@@ -46,11 +46,11 @@ struct PictureList {
   std::vector<Picture> pictures;
   std::vector<Offset> tables;  // offset of each table found
   int outsideCount = 0;
-  // Whether any picture has more than one bit a pixel. This changes how plain monochrome is drawn.
+  // Whether any picture has more than one bit per pixel. This changes how plain monochrome is drawn.
   bool colourSeen = false;
 };
 
-// The bits a pixel for the colour type code in a type byte (1, 3, 5, 7 or 8); 0 for any other code.
+// The bits per pixel for the colour type code in a type byte (1, 3, 5, 7 or 8); 0 for any other code.
 [[nodiscard]] int BitsOfType(std::uint8_t type);
 
 // The size of an uncompressed row in bytes. 12 bits are stored as 16.

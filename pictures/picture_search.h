@@ -11,7 +11,7 @@ namespace tarvelo {
 // first entry, a 4 x 4 monochrome picture in page-mode images and a compressed 52 x 52 one of 16 bits in
 // large ones, with a valid entry behind it; it begins at an even offset.
 //
-// If the first table has a picture of more than one bit a pixel, the search looks for more tables, each at
+// If the first table has a picture of more than one bit per pixel, the search looks for more tables, each at
 // most 0x50000 bytes behind the start of the last one. Otherwise it lists stand-alone headers of compressed
 // monochrome pictures, up to 101 x 80, from the end of the table on.
 //
