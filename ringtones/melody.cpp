@@ -8,7 +8,7 @@
 namespace tarvelo {
 namespace {
 
-// The leading decimal digits; a number too large for anything stays too large.
+// The value of the leading decimal digits. A number too large for any use stays too large.
 std::uint32_t Number(std::string_view text) {
   constexpr std::uint32_t tooLarge = 1000000;
   std::uint32_t value = 0;

@@ -1,13 +1,13 @@
-// The ringtones of a firmware: what a table entry says of one.
+// The ringtones of a firmware, as their table entries describe them.
 //
 // A ringtone index table (RIT) is an array of 8-byte entries:
 //   0  ringtone number
-//   1  high byte of the number, 0; where it is 8, readers pass on by 2 bytes
+//   1  high byte of the number, 0; if it is 8, readers skip 2 bytes
 //   2  kind; a value above 15 ends the table
 //   3  reserved, 0
 //   4  pointer to the data (Fullflash::GetAdr)
-// Kind 1 is not for the user. Kinds 6, 7 and 8 are complete files: their pointer leads to a pointer to
-// the file. Every other kind is a melody for one voice (melody.h).
+// Kind 1 is not for the user. Kinds 6, 7 and 8 are complete files; their pointer leads to a pointer to the
+// file. Every other kind is a melody for one voice (melody.h).
 #pragma once
 
 #include <cstdint>
@@ -19,33 +19,32 @@
 
 namespace tarvelo {
 
-// What the data of a ringtone is.
 enum class RingtoneForm { Melody, Midi, Wave };
 
 struct Ringtone {
   std::uint8_t number = 0;
   std::uint8_t kind = 0;  // 0, 2 .. 15
   RingtoneForm form = RingtoneForm::Melody;
-  Offset data = 0;   // offset of the first record, resp. of the file; a melody may lie behind the image, and
-                     // is empty then
-  Offset entry = 0;  // offset of the table entry
-  Offset size = 0;   // bytes of data, all within the image; 0 for a file that does not tell
-  std::int64_t time = 0;  // milliseconds: the sum of the durations; for a file 0 where it does not tell
+  Offset data = 0;        // offset of the first record or of the file; a melody may be behind the
+                          // image and is then empty
+  Offset entry = 0;       // offset of the table entry
+  Offset size = 0;        // bytes of data, all within the image; 0 for a file that does not state it
+  std::int64_t time = 0;  // milliseconds: the sum of the durations; 0 for a file that does not state it
 
   [[nodiscard]] bool IsFile() const { return form != RingtoneForm::Melody; }
-  // Records of a melody; 0 for a file.
+  // The number of records of a melody; 0 for a file.
   [[nodiscard]] Offset Notes() const { return IsFile() ? 0 : size / 4; }
-  // ".bin", ".mid" or ".wav": how a file with the bytes as they stand is named.
+  // The extension of a file with the unaltered bytes: ".bin", ".mid" or ".wav".
   [[nodiscard]] std::string_view Extension() const {
     if (!IsFile()) return ".bin";
     return form == RingtoneForm::Midi ? ".mid" : ".wav";
   }
 };
 
-// All ringtones of an image, in the order of the table: at most one a number.
+// All ringtones of an image, in the order of the table, at most one per number.
 struct RingtoneList {
   std::vector<Ringtone> ringtones;
-  std::optional<Offset> table;  // offset of the RIT, where there is one
+  std::optional<Offset> table;  // offset of the RIT, if there is one
 };
 
 }  // namespace tarvelo

@@ -14,15 +14,15 @@ std::filesystem::path WriteNumbered(const std::filesystem::path& folder, std::st
                                     std::string_view extension, Bytes bytes) {
   MakeFolder(folder);
   std::filesystem::path file = folder / PathOf(NumberedFileName(stem, number, extension));
-  // Not written over: a link of that name would lead to another file.
+  // Deleted, not overwritten: a link of that name would lead to another file.
   if (FileExist(file)) RemoveFile(file);
   NoProgress progress;
   WriteFile(file, bytes, progress);
   return file;
 }
 
-// The ticks before an event, up to longestDelta: seven bits a byte, the highest first; all bytes but
-// the last have bit 7.
+// Appends the ticks before an event, up to longestDelta: seven bits per byte, the highest first. All bytes
+// but the last have bit 7 set.
 constexpr std::int64_t longestDelta = 0x0FFFFFFF;
 
 void Delta(ByteBuffer& out, std::int64_t ticks) {
@@ -31,7 +31,7 @@ void Delta(ByteBuffer& out, std::int64_t ticks) {
   out.push_back(static_cast<std::uint8_t>(ticks & 0x7F));
 }
 
-// 500 ticks a quarter note of half a second, which players also take where they pass over the tempo.
+// A quarter note has 500 ticks and lasts half a second, which players also assume if they ignore the tempo.
 constexpr int ticksOfQuarter = 500;
 constexpr int microsecondsOfQuarter = 500000;
 
@@ -79,7 +79,7 @@ ByteBuffer Samples(std::span<const Tone> melody) {
     const Tone tone = Heard(record);
     const bool isRest = tone.frequency == 0 || tone.frequency > sampleRate / 2;
     time = std::min(time + tone.duration, longestWave);
-    // Counted from the start of the melody, so that what is lost of a sample does not add up.
+    // Counts from the start of the melody, so that lost fractions of samples do not add up.
     const std::int64_t count = time * sampleRate / 1000 - static_cast<std::int64_t>(samples.size());
     for (std::int64_t i = 0; i < count; ++i) {
       const bool isFirstHalf = i * tone.frequency * 2 / sampleRate % 2 == 0;

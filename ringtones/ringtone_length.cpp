@@ -8,12 +8,12 @@
 namespace tarvelo {
 namespace {
 
-// Bytes of a chunk's name and size.
+// The size of a chunk's name and size field.
 constexpr Offset chunkHead = 8;
 constexpr int mostWaveChunks = 1000;
 constexpr Offset mostTimedMidi = 0x100000;
 
-// Whether the bytes have a chunk of this name at an offset, with its size.
+// Whether a chunk of this name begins at an offset, with its size field inside the bytes.
 bool HasChunk(Bytes file, Offset at, std::string_view name) {
   if (at > static_cast<Offset>(file.size()) - chunkHead) return false;
   const Bytes there = file.subspan(static_cast<std::size_t>(at), name.size());
@@ -34,7 +34,7 @@ std::int64_t Nearest(std::int64_t dividend, std::int64_t divisor) {
   return (dividend + divisor / 2) / divisor;
 }
 
-// `wave` ends where the file does.
+// `wave` ends with the file.
 std::int64_t TimeOfWave(Bytes wave) {
   const auto end = static_cast<Offset>(wave.size());
   Offset rate = 0;
@@ -51,7 +51,7 @@ std::int64_t TimeOfWave(Bytes wave) {
   return rate == 0 ? 0 : Nearest(data * 1000, rate);
 }
 
-// From a tick on, a quarter note lasts so long.
+// The duration of a quarter note from a tick on.
 struct Tempo {
   std::int64_t tick = 0;
   std::int64_t microseconds = 0;
@@ -62,9 +62,9 @@ class Track {
  public:
   explicit Track(Bytes events) : events_(events) {}
 
-  // Adds the changes of tempo. Returns the tick of the last event.
+  // Adds the tempo changes. Returns the tick of the last event.
   std::int64_t Read(std::vector<Tempo>& tempos) {
-    // Keeps ticks times microseconds within 64 bits; at any sensible tempo it is years.
+    // Keeps ticks times microseconds within 64 bits. At any plausible tempo this is years.
     constexpr std::int64_t latest = std::int64_t{1} << 36;
     while (!ended_) {
       const std::optional<Offset> delta = Quantity();
@@ -78,7 +78,8 @@ class Track {
  private:
   [[nodiscard]] bool Has(Offset bytes) const { return bytes <= static_cast<Offset>(events_.size()) - p_; }
 
-  // Seven bits a byte, the highest first; all bytes but the last have bit 7. At most four.
+  // Reads a number of at most four bytes: seven bits per byte, the highest first. All bytes but the last have
+  // bit 7 set.
   std::optional<Offset> Quantity() {
     Offset value = 0;
     for (int i = 0; i < 4 && Has(1); ++i) {
@@ -95,7 +96,7 @@ class Track {
     return true;
   }
 
-  // Whether there was an event, whole and of a known form.
+  // Reads an event. Returns whether it was complete and of a known form.
   bool ReadEvent(std::vector<Tempo>& tempos) {
     if (!Has(1)) return false;
     std::uint8_t status = ByteAt(events_, p_);
@@ -131,8 +132,8 @@ class Track {
   bool ended_ = false;
 };
 
-// Ticks of a division that counts frames of film: the frames a second, negated, in the high byte, the
-// ticks a frame in the low one.
+// The time for a division in film frames: the high byte holds the negated frames per second, the low byte the
+// ticks per frame.
 std::int64_t TimeOfFrames(std::int64_t ticks, int division) {
   const int frames = 0x100 - (division >> 8);
   const int ticksOfFrame = division & 0xFF;
@@ -141,12 +142,12 @@ std::int64_t TimeOfFrames(std::int64_t ticks, int division) {
     case 24:
     case 25:
     case 30: return Nearest(ticks * 1000, std::int64_t{frames} * ticksOfFrame);
-    case 29: return Nearest(ticks * 1001, std::int64_t{30} * ticksOfFrame);  // 30 in 1.001 seconds
+    case 29: return Nearest(ticks * 1001, std::int64_t{30} * ticksOfFrame);  // 30 frames in 1.001 seconds
     default: return 0;
   }
 }
 
-// The time of tracks that sound together.
+// The time of tracks that play together.
 std::int64_t TimeOfTracks(std::span<const Bytes> tracks, int division) {
   std::vector<Tempo> tempos{{0, 500000}};
   std::int64_t end = 0;

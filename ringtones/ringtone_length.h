@@ -1,10 +1,10 @@
-// How long a sound file is that begins somewhere in an image: only its own header tells.
+// The length of a sound file inside an image. Only the file's own header states it.
 //
-//   RIFF WAVE  "RIFF", size of what follows (double word, little-endian), "WAVE", chunks. A chunk is a
-//              name of 4 letters, a size and as many bytes, an even number with the filling. "fmt "
-//              holds the bytes a second at 8; "data" holds the samples.
-//   MIDI       "MThd", size 6 (double word, big-endian), format, number of tracks and division words;
-//              then as many "MTrk", size, events.
+//   RIFF WAVE  "RIFF", size of the rest (double word, little-endian), "WAVE", chunks. A chunk is a name of
+//              4 letters, a size, and that many bytes, padded to an even number. "fmt " has the bytes
+//              per second at 8; "data" holds the samples.
+//   MIDI       "MThd", size 6 (double word, big-endian), then the words format, number of tracks and
+//              division; then for each track "MTrk", size, events.
 #pragma once
 
 #include <cstdint>
@@ -14,21 +14,21 @@
 namespace tarvelo {
 
 struct FileLength {
-  Offset size = 0;        // bytes, never more than there are; 0 where there is no such header
-  std::int64_t time = 0;  // milliseconds to the nearest; 0 where the file does not tell
+  Offset size = 0;        // bytes, never more than there are; 0 without a header
+  std::int64_t time = 0;  // rounded to milliseconds; 0 if the file does not state it
 };
 
-// Both take the bytes from the file's first one to the end of the image, never throw on what they
-// hold, and count only what lies within them.
+// Both functions take the bytes from the file's first byte to the end of the image. They count only bytes
+// inside and never throw because of the content.
 
-// The size is the stated one and 8. The time is that of the data at the stated bytes a second; the
-// first 1000 chunks are looked at.
+// The size is the stated one plus 8. The time is that of the data at the stated bytes per second; only the
+// first 1000 chunks are examined.
 [[nodiscard]] FileLength LengthOfWave(Bytes file);
 
-// The size is up to the end of the last track; a chunk that is no track ends the file. The time is that
-// of the longest track, or of all one after another in a file of format 2. A track is followed up to
-// its end event or as far as its events can be read. A file of more than 1 MiB is not timed: no ringtone
-// is as large, and senseless data may hold hundreds of overlapping ones.
+// The size runs to the end of the last track; a chunk that is not a track ends the file. The time is that of
+// the longest track, or the sum of all tracks in a file of format 2. A track is followed to its end event, or
+// as far as its events are readable. A file of more than 1 MiB is not timed: no ringtone is that large, and
+// malformed data may hold hundreds of overlapping files.
 [[nodiscard]] FileLength LengthOfMidi(Bytes file);
 
 }  // namespace tarvelo

@@ -34,7 +34,7 @@ bool HasText(Bytes file, std::size_t position, std::string_view text) {
          std::equal(text.begin(), text.end(), file.begin() + static_cast<std::ptrdiff_t>(position));
 }
 
-// Nothing for a RIFF file that is no WAVE file. Melodies have no signature.
+// The form of a file, or nothing for a RIFF file other than WAVE. Melodies have no signature.
 std::optional<RingtoneForm> FormOf(Bytes file) {
   if (HasText(file, 0, "MThd")) return RingtoneForm::Midi;
   if (!HasText(file, 0, "RIFF")) return RingtoneForm::Melody;
@@ -42,7 +42,7 @@ std::optional<RingtoneForm> FormOf(Bytes file) {
   return {};
 }
 
-// The longest file that may fit.
+// The size of the longest file that may fit, in bytes.
 Offset MostOf(const Ringtone& ringtone) { return ringtone.size + (ringtone.IsFile() ? 0 : recordSize); }
 
 Offset RecordsIn(Bytes melody) { return recordSize * std::ssize(DecodeMelody(melody, 0)); }
@@ -56,8 +56,7 @@ std::optional<Reason> RefusalOfMelody(Bytes file, Offset place) {
   return {};
 }
 
-// Looks at the file as it would stand in the image: its own header must end it there, before what stands
-// behind it.
+// Examines the file as it would be in the image: its own header must end it before the bytes that follow.
 std::optional<Reason> RefusalOfFile(const Fullflash& image, const Ringtone& ringtone, Bytes file) {
   constexpr Offset chunkHead = 8;
   const Offset size = std::ssize(file);
@@ -67,14 +66,14 @@ std::optional<Reason> RefusalOfFile(const Fullflash& image, const Ringtone& ring
   const Bytes old = image.Region(behind, more);
   Buffer placed(file.begin(), file.end());
   placed.insert(placed.end(), old.begin(), old.end());
-  placed.push_back(0);  // what tells more than there is, reaches into it
+  placed.push_back(0);  // a file that states too large a size reaches this byte
   const bool isMidi = ringtone.form == RingtoneForm::Midi;
   const Offset told = (isMidi ? LengthOfMidi(placed) : LengthOfWave(placed)).size;
   if (told == 0 || told > size) return Reason::Damaged;
   return {};
 }
 
-// `file` is all of the file, or its beginning if that is longer than the place.
+// `file` is the whole file, or its beginning if the file is longer than the place.
 std::optional<Reason> Refusal(const Fullflash& image, const Ringtone& ringtone, Bytes file,
                               std::uint64_t fileSize) {
   if (fileSize == 0) return Reason::Damaged;
@@ -83,13 +82,13 @@ std::optional<Reason> Refusal(const Fullflash& image, const Ringtone& ringtone, 
   return ringtone.IsFile() ? RefusalOfFile(image, ringtone, file) : RefusalOfMelody(file, ringtone.size);
 }
 
-// Leaves the records alone, and ends them where the place does not.
+// Keeps only the records, and adds an end record if they do not fill the place.
 void EndMelody(const Fullflash& image, const Ringtone& ringtone, Buffer& melody) {
   const Offset records = RecordsIn(melody);
   melody.resize(static_cast<std::size_t>(records));
   if (records == ringtone.size) return;
   const Offset end = ringtone.data + ringtone.size;
-  // A melody may run up to the end of the image.
+  // A melody may run to the end of the image and then has no end record.
   const bool hasEnd =
       end + recordSize <= std::ssize(image.ff()) && EndsMelody(image.Word(end), image.Word(end + 2));
   const Bytes record = hasEnd ? image.Region(end, recordSize) : Bytes(standardEnd);
@@ -116,7 +115,7 @@ Change LoadRingtone(const Fullflash& image, const Ringtone& ringtone, const std:
   constexpr Offset signature = 12;
   FileReader reader(file, std::numeric_limits<std::uint64_t>::max());
   Buffer bytes = ReadUpTo(reader, static_cast<std::size_t>(std::max(MostOf(ringtone), signature)));
-  // An empty melody may lie behind the image.
+  // An empty melody may be behind the image.
   const Bytes place = ringtone.size == 0 ? Bytes() : image.Region(ringtone.data, ringtone.size);
   if (reader.Size() != place.size() || !std::ranges::equal(bytes, place)) {
     if (const auto reason = Refusal(image, ringtone, bytes, reader.Size()))

@@ -1,8 +1,8 @@
-// Ringtones from files, for the places of those that an image has.
+// Loads ringtones from files into the places of an image's ringtones.
 //
-// The place of a ringtone is what its data takes in the image (Ringtone::size): nothing that lies behind
-// it is ever written. A shorter ringtone leaves what it does not need of its place as it is, since other
-// melodies may share it; the search finds it as short as it is then.
+// The place of a ringtone is its data in the image (Ringtone::size); bytes behind it are never written. A
+// shorter ringtone leaves the rest of its place alone, because other melodies may share it. The next search
+// then finds the shorter length.
 #pragma once
 
 #include <cstdint>
@@ -15,15 +15,15 @@
 
 namespace tarvelo {
 
-// A file that cannot take a ringtone's place. what() names the file and the cause.
+// A file that cannot replace a ringtone. what() names the file and the cause.
 class RefusedRingtone : public std::runtime_error {
  public:
   enum class Reason {
-    OtherKind,  // of melody, MIDI and WAVE file another one than the ringtone
+    OtherKind,  // not of the ringtone's form (melody, MIDI, WAVE)
     TooLong,    // longer than the place
-    OddSize,    // a melody that does not consist of whole records
+    OddSize,    // a melody with an incomplete record
     EndsEarly,  // a melody with records behind its end
-    Damaged,    // empty, or shorter than its own header tells
+    Damaged,    // empty, or shorter than its own header states
   };
 
   RefusedRingtone(Reason why, const std::filesystem::path& file, std::uint64_t sizeOfFile,
@@ -35,14 +35,13 @@ class RefusedRingtone : public std::runtime_error {
   const Offset placeSize;        // bytes
 };
 
-// The change that puts a file in the place of a ringtone, for ImageEdits. It has no bytes where both are
-// empty.
+// The change that replaces a ringtone by a file, for ImageEdits. It has no bytes if both are empty.
 //
-// A melody is a file of records as SaveRingtone writes it; its end record may be there too. Where it is
-// shorter than its place, the end record of the old melody is written behind it. A MIDI or WAVE file goes
-// in as it is, and has to tell its own end. What stands there already is always accepted.
+// A melody is a file of records as SaveRingtone writes it, with or without its end record. If it is shorter
+// than its place, the old melody's end record is written behind it. A MIDI or WAVE file is written unchanged;
+// its own header must state its end. A file equal to the current data is always accepted.
 //
-// Throws RefusedRingtone, FileError, and std::out_of_range where the ringtone is none of this image.
+// Throws RefusedRingtone, FileError, and std::out_of_range if the ringtone does not belong to this image.
 [[nodiscard]] Change LoadRingtone(const Fullflash& image, const Ringtone& ringtone,
                                   const std::filesystem::path& file);
 

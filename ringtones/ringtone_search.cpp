@@ -12,11 +12,11 @@ namespace tarvelo {
 namespace {
 
 constexpr Offset entrySize = 8;
-constexpr int startEntries = 5;  // that a table is known by, with the number of the next one
+constexpr int startEntries = 5;  // that identify a table, with the number of the next one
 constexpr std::uint8_t lastKind = 15;
 constexpr Offset progressStep = 0x8000;
 
-// The numbers of the entries behind the first: rarer in an image than the zeros of that.
+// The numbers of the second to the fifth entry. They are rarer in an image than the zeros of the first.
 constexpr Probe entryNumbers[] = {{.offset = 8, .value = 1},
                                   {.offset = 16, .value = 2},
                                   {.offset = 24, .value = 3},
@@ -51,7 +51,7 @@ class Search {
     return found;
   }
 
-  // Needs the byte behind the entries within the image.
+  // The byte behind the five entries must be inside the image.
   [[nodiscard]] bool IsTable(Offset p) const {
     for (int number = 0; number < startEntries; ++number, p += entrySize)
       if (image_.Word(p) != number || image_.Byte(p + 2) > lastKind || image_.Byte(p + 3) != 0) return false;
@@ -80,7 +80,7 @@ class Search {
     list_.ringtones.push_back(ringtone);
   }
 
-  // Follows the pointer that `data` leads to. Whether there is a file that can be listed.
+  // Follows the pointer at `data`. Returns whether it leads to a file that can be listed.
   bool FindFile(Ringtone& ringtone) {
     if (ringtone.data < 0 || ringtone.data > end_ - 4) return false;
     ringtone.data = Offset{image_.GetAdr(ringtone.data)} - image_.LoadBase();
@@ -95,8 +95,8 @@ class Search {
     return true;
   }
 
-  // Melodies may begin within others and share their end. From the last one backwards, each is walked
-  // only up to the next that has the same alignment, so that no record is read twice.
+  // Melodies may begin inside others and share their end. From the last melody backwards, each is walked only
+  // up to the next one of the same alignment, so that no record is read twice.
   void MeasureMelodies() {
     std::vector<Ringtone*> melodies;
     for (Ringtone& ringtone : list_.ringtones)

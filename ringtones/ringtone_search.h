@@ -7,15 +7,15 @@
 
 namespace tarvelo {
 
-// Looks for the first ringtone index table of the image and lists its entries. The table is known by
-// five entries numbered 0 to 4 with a 5 behind them, the numbers' high bytes and the reserved bytes 0
-// and the kinds below 16; it lies at an even offset.
+// Finds the first ringtone index table of the image and lists its entries. A table is recognized by five
+// entries numbered 0 to 4, followed by a 5; the numbers' high bytes and the reserved bytes are 0, the kinds
+// below 16. It begins at an even offset.
 //
-// Not listed are kind 1, entries without an address, files that begin with neither "M" nor "R", and
-// what does not lie within the image; a melody at offset 0 counts as outside. Of entries of one number
-// the first that can be listed is. A melody that the end of the image cuts has its whole records.
+// The list omits kind 1, entries without an address, files that begin with neither "M" nor "R", and data
+// outside the image; a melody at offset 0 counts as outside. Of several entries with the same number, the
+// first one that can be listed is. If the end of the image cuts a melody off, its whole records count.
 //
-// Never throws on what the image holds. Works over the image once, whatever it holds.
+// Never throws because of the image's content. Passes over the image once.
 [[nodiscard]] RingtoneList GetRingtones(const Fullflash& image, Progress& progress);
 
 }  // namespace tarvelo

@@ -26,7 +26,7 @@ std::size_t Digits(std::uint16_t value) {
   return value >= 10000 ? 5 : value >= 1000 ? 4 : value >= 100 ? 3 : value >= 10 ? 2 : 1;
 }
 
-// What of a text form has room, which shrinks by it.
+// The part of a text form that fits into `room`, which shrinks accordingly.
 ShownText Fit(const Ringtone& ringtone, Bytes image, std::size_t& room) {
   ShownText text;
   for (Offset p = ringtone.data; text.records < static_cast<std::size_t>(ringtone.Notes()); p += 4) {
@@ -41,7 +41,7 @@ ShownText Fit(const Ringtone& ringtone, Bytes image, std::size_t& room) {
   return text;
 }
 
-// In pieces: the records of a melody may be as many as the image has.
+// Works in pieces, because a melody may have as many records as the image.
 std::string TextColumn(const Ringtone& ringtone, const ShownText& shown, Bytes image) {
   constexpr std::size_t piece = 4096;
   constexpr std::string_view cutMark = "...";

@@ -12,7 +12,7 @@ namespace {
 
 constexpr Offset entrySize = 8;
 constexpr Offset recordSize = 4;  // of melodies
-constexpr int startEntries = 5;   // that a table is known by
+constexpr int startEntries = 5;   // that identify a table
 
 const RingtoneList& ListOf(const Findings& found) { return found.As<RingtoneList>(); }
 
@@ -52,7 +52,7 @@ constexpr ClaimKind pointer{"ringtone-pointer", Text::MapRingtone, Text::MapPoin
 constexpr ClaimKind melody{"melody", Text::MapRingtone, {}, 150, &ringtones, true};
 constexpr const ClaimKind* kinds[] = {&melody, &table, &file, &pointer};
 
-// A melody has no header that states it.
+// Only likely, because a melody has no header.
 void ClaimMelody(const Ringtone& ringtone, const TakeClaim& take) {
   const Offset end = ringtone.size > 0 ? recordSize : 0;  // the record that ends it
   take({ringtone.data, ringtone.size + end, &melody, Sureness::Likely, ringtone.number, ringtone.entry});

@@ -1,4 +1,4 @@
-// Ringtones as an explorer. The records of its findings are a RingtoneList.
+// The explorer of ringtones. Its findings are a RingtoneList.
 #pragma once
 
 #include "core/explorer.h"

@@ -4,7 +4,7 @@
 
 namespace tarvelo {
 ByteBuffer WaveFile(std::span<const std::uint8_t> samples, std::uint32_t rate) {
-  constexpr std::size_t headSize = 36;  // behind the first eight bytes, up to the samples
+  constexpr std::size_t headSize = 36;  // from behind the first eight bytes to the samples
   const std::size_t filling = samples.size() % 2;
   ByteBuffer file;
   file.reserve(8 + headSize + samples.size() + filling);
@@ -14,10 +14,10 @@ ByteBuffer WaveFile(std::span<const std::uint8_t> samples, std::uint32_t rate) {
   AppendDWord(file, 16);
   AppendWord(file, 1);      // plain samples
   AppendWord(file, 1);      // mono
-  AppendDWord(file, rate);  // samples a second
-  AppendDWord(file, rate);  // bytes a second
-  AppendWord(file, 1);      // bytes a sample
-  AppendWord(file, 8);      // bits a sample
+  AppendDWord(file, rate);  // samples per second
+  AppendDWord(file, rate);  // bytes per second
+  AppendWord(file, 1);      // bytes per sample
+  AppendWord(file, 8);      // bits per sample
   AppendText(file, "data");
   AppendDWord(file, samples.size());
   AppendBytes(file, samples);
