@@ -7,7 +7,7 @@ namespace tarvelo {
 void HitSearch::Take(Bytes piece, Offset at, std::vector<Offset>& hits) {
   const std::size_t before = hits.size();
   const Offset pieceEnd = at + static_cast<Offset>(piece.size());
-  // One that ends with the image's last byte is seen by the first search alone (FindPat).
+  // FindPat finds a hit that ends with the image's last byte only in its first search.
   const Offset endOfImage = imageSize_ - pattern_.PatCount();
   const Offset last = std::min(pieceEnd - std::max(1, pattern_.PatCount()), endOfImage - 1);
   pattern_.AddMatches(piece, next_ - at, last - at, at, hits);
@@ -22,13 +22,13 @@ void HitSearch::Take(Bytes piece, Offset at, std::vector<Offset>& hits) {
 
 void FindInFile(FileReader& file, const Pattern& pattern, Progress& progress,
                 const std::function<void(std::span<const Offset>, Bytes, Offset)>& take) {
-  constexpr std::size_t readAtOnce = 0x40000;  // stays in the processor's cache
+  constexpr std::size_t readAtOnce = 0x40000;  // fits the processor's cache
   const auto size = static_cast<Offset>(file.Size());
   std::vector<std::uint8_t> buffer(readAtOnce + static_cast<std::size_t>(pattern.PatCount()));
   std::vector<Offset> hits;
   HitSearch search(pattern, size);
-  Offset at = 0;         // of the buffer in the file
-  std::size_t kept = 0;  // bytes at the buffer's start that a further hit may begin in
+  Offset at = 0;         // offset of the buffer in the file
+  std::size_t kept = 0;  // bytes at the buffer's start in which a further hit may begin
   while (!search.IsOver()) {
     progress.At(at);
     const std::size_t part = std::min(readAtOnce, file.Size() - static_cast<std::size_t>(at) - kept);

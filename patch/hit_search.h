@@ -1,4 +1,4 @@
-// The search for all occurrences of a pattern in an image that is seen piece by piece.
+// Finds all occurrences of a pattern in an image that is read piece by piece.
 #pragma once
 
 #include <functional>
@@ -11,17 +11,17 @@ namespace tarvelo {
 
 class HitSearch {
  public:
-  // The pattern must outlive the search; `imageSize` is that of the whole image.
+  // The pattern must outlive the search. `imageSize` is the size of the whole image.
   HitSearch(const Pattern& pattern, Offset imageSize) : pattern_(pattern), imageSize_(imageSize) {}
 
-  // The first start that was not tried yet: the next piece must hold the image from there on.
+  // The first start not yet tried. The next piece must hold the image from there on.
   [[nodiscard]] Offset Next() const { return next_; }
 
-  // Tries all starts from Next() on at which the pattern lies in the piece, whose first byte is that at
-  // `at` of the image. Adds the hits among them, as FindAll would.
+  // Tries all starts from Next() on at which the pattern fits into the piece. The piece begins at offset `at`
+  // of the image. Adds the hits that FindAll would return.
   void Take(Bytes piece, Offset at, std::vector<Offset>& hits);
 
-  // Whether no further hit can come.
+  // Whether the search is complete.
   [[nodiscard]] bool IsOver() const { return isOver_; }
 
  private:
@@ -32,8 +32,8 @@ class HitSearch {
   bool isOver_ = false;
 };
 
-// Searches a file without holding it: gives take(hits, piece, offset of the piece) the hits of each
-// piece that has some, with the bytes of them all. Throws FileError where the file breaks off.
+// Searches a file without holding it in memory. Calls take(hits, piece, offset of the piece) for each piece
+// with hits; the piece holds the bytes of all its hits. Throws FileError if reading breaks off.
 void FindInFile(FileReader& file, const Pattern& pattern, Progress& progress,
                 const std::function<void(std::span<const Offset> hits, Bytes piece, Offset at)>& take);
 

@@ -16,7 +16,7 @@ std::uint64_t LoadWord(const std::uint8_t* at) {
   return word;
 }
 
-// The first index from `at` on at which they differ, or `end`.
+// The first index from `at` on at which a and b differ, or `end`.
 std::size_t NextDifference(const std::uint8_t* a, const std::uint8_t* b, std::size_t at, std::size_t end) {
   while (end - at >= blockSize && std::memcmp(a + at, b + at, blockSize) == 0) at += blockSize;
   while (end - at >= sizeof(std::uint64_t) && LoadWord(a + at) == LoadWord(b + at))

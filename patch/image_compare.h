@@ -1,4 +1,4 @@
-// Where two dumps differ, at the speed of memory.
+// Compares two dumps at memory speed.
 #pragma once
 
 #include <span>
@@ -9,7 +9,7 @@
 
 namespace tarvelo {
 
-// Bytes of both dumps that differ: the first one and the last one do, some between them may not.
+// A region in which both dumps differ. Its first and last bytes differ; some between them may not.
 struct Difference {
   Offset offset = 0;
   Offset size = 0;
@@ -20,38 +20,39 @@ struct Difference {
 
 struct Comparison {
   std::vector<Difference> differences;  // in order
-  Offset common = 0;                    // bytes that both have and that were compared
-  Offset restOfOld = 0;                 // bytes behind them that the first dump alone has
-  Offset restOfNew = 0;                 // those that the second alone has
+  Offset common = 0;                    // bytes compared, which both dumps have
+  Offset restOfOld = 0;                 // further bytes of the first dump
+  Offset restOfNew = 0;                 // further bytes of the second dump
 
   [[nodiscard]] bool SameLength() const { return restOfOld == 0 && restOfNew == 0; }
   [[nodiscard]] bool Same() const { return SameLength() && differences.empty(); }
 };
 
-// At most this many equal bytes between two that differ make them one difference.
+// Two differing bytes with at most this many equal bytes between them belong to one difference.
 constexpr Offset usualGap = 8;
 
-// Compares two dumps from their first bytes on, as far as the shorter one goes.
+// Compares two dumps from their first bytes to the end of the shorter one.
 [[nodiscard]] Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap = usualGap);
 
-// The bytes of a dump that a difference takes. Throws std::out_of_range where it does not have them all.
+// The bytes of a dump in a difference. Throws std::out_of_range unless the dump has all of them.
 [[nodiscard]] Bytes RegionOf(Bytes dump, const Difference& difference);
 
-// How many bytes differ: within a difference some may be the same.
+// The number of differing bytes; a difference may contain equal ones.
 [[nodiscard]] Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences);
 
-// Joins neighbours across more and more equal bytes until there are at most so many. False where there
-// were no more anyway.
+// Joins neighbours across ever longer runs of equal bytes until at most `most` are left. Returns false if
+// there were no more than that.
 bool JoinDifferences(std::vector<Difference>& differences, std::size_t most);
 
-// The index of the difference that lies at an offset or is next to it. There must be one.
+// The index of the difference at an offset or nearest to it. There must be one.
 [[nodiscard]] std::size_t NearestDifference(std::span<const Difference> differences, Offset offset);
 
-// A difference as the change that makes the second dump's bytes out of the first one's. Throws
-// std::out_of_range where one of them does not have them all.
+// The change that turns the first dump's bytes in a difference into the second one's. Throws
+// std::out_of_range unless both dumps have all of them.
 [[nodiscard]] Change ChangeOf(Bytes oldBytes, Bytes newBytes, const Difference& difference);
 
-// The patch lines of differences, parted by line feeds, without a copy of the bytes. Throws likewise.
+// The patch lines of differences, separated by line feeds, made without copying the bytes. Throws
+// std::out_of_range unless both dumps have all of them.
 [[nodiscard]] std::string PatchLines(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences);
 
 }  // namespace tarvelo

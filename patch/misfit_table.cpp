@@ -55,7 +55,7 @@ Table::Row MisfitTable::ChangeRow(std::size_t index) const {
            isOutside ? Msg(Text::DataOutsideImage) : FirstBytes(checked.found, bytesShown)}};
 }
 
-// As wide as the last one, so that they can be sorted as text.
+// Pads line numbers to the width of the last one, so that they sort as text.
 std::string MisfitTable::LineText(std::size_t line) const {
   std::string text = std::to_string(line);
   const std::size_t width = std::to_string(listed_.back().line).size();

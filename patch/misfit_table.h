@@ -1,4 +1,4 @@
-// What of a patch does not fit an image, as a list for the user.
+// The lines of a patch that do not fit an image, as a list for the user.
 #pragma once
 
 #include <string>
@@ -18,15 +18,15 @@ class MisfitTable {
   MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
               const Messages& messages);
 
-  // How many lines do not fit, can be applied, were applied already.
+  // The number of lines that do not fit, that can be applied, and that were already applied.
   [[nodiscard]] std::size_t Count() const { return count_; }
   [[nodiscard]] std::size_t Fitting() const { return fitting_; }
   [[nodiscard]] std::size_t Applied() const { return applied_; }
-  // These numbers in words, a line each.
+  // These numbers in words, one line each.
   [[nodiscard]] std::string Summary() const;
 
-  // A row a line that does not fit, up to mostListed, in the columns Line, Offset, Phone address, Expected
-  // and Found; long bytes are shortened. The table must outlive the rows.
+  // One row per line that does not fit, up to mostListed, in the columns Line, Offset, Phone address,
+  // Expected and Found. Long runs of bytes are shortened. The table must outlive the rows.
   [[nodiscard]] TableRows Rows() const;
 
  private:

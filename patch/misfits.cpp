@@ -8,7 +8,7 @@ std::size_t CountMisfits(const ReadPatch& patch, const PatchCheck& check) {
   return patch.invalid.size() + check.Count(Fit::Mismatch) + check.Count(Fit::Outside);
 }
 
-// Both kinds stand in the order of the lines already.
+// Both kinds are already in line order.
 std::vector<Misfit> MisfitsOf(const ReadPatch& patch, const PatchCheck& check, std::size_t most) {
   std::vector<Misfit> misfits;
   misfits.reserve(std::min(most, CountMisfits(patch, check)));

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t longestText = 100;
 
-// Takes the first line off a text, without its end.
+// Removes the first line from a text and returns it without its end.
 std::string_view TakeLine(std::string_view& text) {
   const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
   const std::string_view line = text.substr(0, end);

@@ -14,7 +14,7 @@ constexpr std::size_t longestAddress = 8;
 
 std::string Separator() { return std::string(80, '*'); }
 
-// Whether the text begins with this; if so it is taken off.
+// If the text begins with `start`, removes it and returns true.
 bool Take(std::string_view& text, std::string_view start) {
   if (!text.starts_with(start)) return false;
   text.remove_prefix(start.size());

@@ -19,9 +19,9 @@ int Digit(char16_t c) {
   return -1;
 }
 
-// How common a byte is in flash images, roughly: the search looks for the rarest first.
+// Roughly how common a byte is in flash images. The search looks for the rarest bytes first.
 int Commonness(std::uint8_t byte) {
-  if (byte == 0xFF) return 5;  // erased, too
+  if (byte == 0xFF) return 5;  // also erased flash
   if (byte == 0x00) return 4;
   if (byte >= 0xF0) return 3;  // registers, moves
   switch (byte) {
@@ -65,7 +65,8 @@ Pattern::Pattern(std::string_view text) {
   if (!areAll_) rarest_.resize(SieveProbes::count);
 }
 
-// Eight bytes at a time: dense hits of long patterns must not be slower than a loop that stops early.
+// Compares eight bytes at a time: for dense hits of long patterns this must not be slower than a loop that
+// stops early.
 bool Pattern::MatchesAt(const std::uint8_t* at) const {
   std::size_t k = 0;
   for (std::uint64_t found, wanted, mask; k + sizeof found <= bytes_.size(); k += sizeof found) {
@@ -79,11 +80,11 @@ bool Pattern::MatchesAt(const std::uint8_t* at) const {
   return true;
 }
 
-// Gives take(start) the matches until it returns true.
+// Calls take(start) for each match until it returns true.
 template <typename Take>
 void Pattern::EachMatch(Bytes bytes, Offset from, Offset last, Take take) const {
   if (!valid_ || from > last) return;
-  if (rarest_.empty()) {  // wildcards alone match everywhere
+  if (rarest_.empty()) {  // only wildcards: matches everywhere
     for (Offset p = from; p <= last; ++p)
       if (take(p)) return;
     return;
@@ -118,7 +119,7 @@ void Pattern::AddMatches(Bytes bytes, Offset from, Offset last, Offset at,
 
 std::vector<Offset> FindAll(const Fullflash& image, const Pattern& pattern, Progress& progress,
                             std::size_t most) {
-  constexpr Offset starts = 0x100000;  // between which progress is shown
+  constexpr Offset starts = 0x100000;  // per progress step
   std::vector<Offset> all;
   const Bytes bytes = image.ff();
   const auto size = static_cast<Offset>(bytes.size());

@@ -5,11 +5,11 @@
 namespace tarvelo {
 namespace {
 
-// Places that are tried at a time on the way back: few at first, as occurrences often lie close.
+// How many starts each step backwards tries: few at first, because occurrences are often close together.
 constexpr Offset firstStep = 0x1000;
 constexpr Offset largestStep = 0x100000;
 
-// How many places there are where the pattern could begin.
+// The number of offsets at which the pattern could begin.
 Offset PossibleStarts(const Fullflash& image, const Pattern& pattern) {
   if (!image.IsOpen() || pattern.PatCount() == 0) return 0;
   return std::max<Offset>(0, static_cast<Offset>(image.ff().size()) - pattern.PatCount() + 1);
@@ -17,8 +17,8 @@ Offset PossibleStarts(const Fullflash& image, const Pattern& pattern) {
 
 // The last occurrence that begins at from .. from + starts - 1, or -1.
 //
-// These places are searched in a copy that has one byte more than an occurrence can touch: no search
-// leaves out a place that does not end on the last byte.
+// Searches a copy with one byte more than an occurrence can touch: FindPat skips only starts whose match
+// would end on the last byte.
 Offset LastIn(const Fullflash& image, const Pattern& pattern, Offset from, Offset starts) {
   const Bytes bytes = image.ff().subspan(static_cast<std::size_t>(from));
   const auto wanted = static_cast<std::size_t>(starts + pattern.PatCount());

@@ -1,5 +1,5 @@
-// Steps through the occurrences of a pattern from any place, forwards and backwards, overlapping ones
-// too. Other than with Pattern::FindPat, each may end with the image's last byte, however it is sought.
+// Steps through the occurrences of a pattern from any position, forwards and backwards, including overlapping
+// ones. Unlike with Pattern::FindPat, an occurrence may always end with the image's last byte.
 //
 // A pattern without bytes, or an invalid one, occurs nowhere.
 #pragma once
