@@ -1,4 +1,4 @@
-// Where two dumps differ, as a list for the user.
+// The differences of two dumps, as a list for the user.
 #pragma once
 
 #include <span>
@@ -10,9 +10,9 @@
 
 namespace tarvelo {
 
-// A row a difference between an image and other bytes, in the columns Offset, Address, Length, Old, New and
-// "What lies there", of the image's map; without a map that column is empty. A row throws std::out_of_range
-// where one of both does not have its bytes. All but the messages must outlive the rows.
+// One row per difference between an image and other bytes, in the columns Offset, Address, Length, Old, New
+// and "What lies there". The last one comes from the image's map; without a map it is empty. A row throws
+// std::out_of_range unless both sides have all its bytes. Everything but the messages must outlive the rows.
 [[nodiscard]] TableRows DifferenceRows(const Fullflash& image, Bytes other,
                                        std::span<const Difference> differences, const DumpMap* map,
                                        const Messages& messages = Messages());

@@ -67,7 +67,7 @@ Document::Watch Document::OnChange(std::function<void()> changed) {
   return watch;
 }
 
-// A watcher may end its own watch, or another's, while it is called.
+// A called watcher may end its own watch or another's.
 void Document::Changed() {
   Forget();
   std::erase_if(watches_, [](const auto& watch) { return watch.expired(); });
@@ -75,7 +75,7 @@ void Document::Changed() {
     if (const Watch alive = watch.lock()) (*alive)();
 }
 
-// --- what was found in it ---
+// --- its findings ---
 
 void Document::Forget() {
   found_.clear();

@@ -1,7 +1,8 @@
-// The open fullflash: its image, the edits of it, and everything found in it.
+// The open fullflash: its image, its edits, and everything found in it.
 //
-// What an explorer finds is searched for when it is first asked for, and kept until bytes change: whoever
-// shows it gets the same. A change drops all findings at once, here, and then tells the watchers.
+// An explorer searches the image when its findings are first needed. The document keeps them until bytes
+// change, so that all users see the same findings. A change drops all findings at once and then notifies the
+// watchers.
 #pragma once
 
 #include <filesystem>
@@ -34,53 +35,55 @@ class Document {
   [[nodiscard]] const Fullflash& Image() const { return dump_.image; }
   [[nodiscard]] const Identification& Info() const { return dump_.info; }
 
-  // Takes over an image that was read from a file, and identifies it.
+  // Takes over an image read from a file, and identifies it.
   void Open(Fullflash image, const std::filesystem::path& path);
-  // Forgets the image, its edits and what was found in it. The names stay, as file dialogs offer them.
+  // Forgets the image, its edits and its findings. Keeps the names, which file dialogs offer.
   void Close();
 
-  // The folder of the user's own files (Dump::usersFolder), from the next search on.
+  // Sets the folder of the user's own files (Dump::usersFolder), used from the next search on.
   void SetUsersFolder(const std::filesystem::path& folder) { dump_.usersFolder = folder; }
 
   // --- its names ---
 
-  // The file as it was chosen: the file system is always asked with this.
+  // The file as the user chose it. All file access uses this path.
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
-  // The name for showing and comparing: upper-cased when a dump is opened, else the last file chosen
+  // The name for display and comparison: in upper case after a dump is opened, otherwise the last file chosen
   // or written.
   [[nodiscard]] const std::string& FileName() const { return fileName_; }
   void SetFileName(std::string name) { fileName_ = std::move(name); }
-  // The path without its extension: exported files are named from it.
+  // The path without its extension, the base of the names of exported files.
   [[nodiscard]] const std::filesystem::path& FileStem() const { return fileStem_; }
   // The folder of the dump that was opened.
   [[nodiscard]] const std::filesystem::path& FileDir() const { return fileDir_; }
-  // The image has another file from now on.
+  // Assigns another file to the image.
   void SetPath(const std::filesystem::path& chosen);
-  // A file beside the dump: FileStem with this behind it ("_E.txt", ".info").
+  // A file beside the dump: FileStem with `ending` appended ("_E.txt", ".info").
   [[nodiscard]] std::filesystem::path Beside(std::string_view ending) const;
 
   // --- edits ---
 
-  // Changes bytes of the image, as one step. Bytes that stand there already are no step. Throws
-  // std::out_of_range, and changes nothing, where they do not all lie within the image.
+  // Changes bytes of the image, as one step. If nothing changes, there is no step. Throws std::out_of_range,
+  // and changes nothing, unless all of the bytes are in the image.
   void Write(Offset offset, Bytes bytes);
   void Write(std::span<const Change> changes);
-  // Takes the last step back; does it again. Returns where it was; nothing where there is no such step.
+  // Undoes the last step, or redoes the step last undone. Both return its region, or nothing if there is no
+  // such step.
   std::optional<Region> Undo();
   std::optional<Region> Redo();
   [[nodiscard]] const ImageEdits& Edits() const { return edits_; }
 
-  // Calls `changed` after each change of bytes, as long as the result lives.
+  // Calls `changed` after each Write, and after each Undo or Redo that finds a step, as long as the result
+  // lives.
   using Watch = std::shared_ptr<const std::function<void()>>;
   [[nodiscard]] Watch OnChange(std::function<void()> changed);
 
-  // --- what was found in it ---
+  // --- its findings ---
 
-  // What an explorer finds in the image as it is now. Throws what its search throws.
+  // An explorer's findings in the current image. Throws what its search throws.
   const Findings& Find(const Explorer& explorer, Progress& progress);
-  // What is known of it already; nothing where it was not searched for since the last change.
+  // The findings if they are already known; null if no search was made since the last change.
   [[nodiscard]] const Findings* Known(const Explorer& explorer) const;
-  // The map of the image as it is now, made of what all explorers find. Throws likewise.
+  // The map of the current image, made of all explorers' findings. Throws what their searches throw.
   std::shared_ptr<const DumpMap> Map(Progress& progress);
 
  private:

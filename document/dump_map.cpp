@@ -16,7 +16,7 @@ constexpr Offset headerSize = 0x100;
 
 void ClaimFirmware(const Dump& dump, Claims& claims) {
   const Identification& info = dump.info;
-  // In images of more than 16 MiB SigPos may have lost the upper bits of where the signature is.
+  // In images of more than 16 MiB, SigPos may lack the upper bits of the signature's offset.
   if (info.SigPos && GetStr(dump.image.ff(), *info.SigPos + 0x80) == u"SIEMENS")
     claims.Add({*info.SigPos, headerSize, &map::firmwareHeader, Sureness::Certain});
   if (!info.t9) return;

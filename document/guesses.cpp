@@ -33,13 +33,13 @@ bool IsLetterOrBlank(std::uint8_t b) { return b == ' ' || (b >= 'A' && b <= 'Z')
 
 bool IsOfText(std::uint8_t b) { return (b >= 0x20 && b <= 0x7E) || b == '\t' || b == '\n' || b == '\r'; }
 
-// A run of what texts consist of, with the zero that ends it.
+// A run of the bytes that texts consist of, with the zero that ends it.
 struct TextRun {
   Offset end = 0;
   bool isText = false;
 };
 
-// The run that begins at an offset and ends before `end`; one without bytes where none does.
+// The run that begins at an offset and ends at or before `end`; empty if none begins there.
 TextRun TextRunAt(Bytes image, Offset begin, Offset end) {
   TextRun run{begin};
   Offset letters = 0;
@@ -86,9 +86,9 @@ class Guesser {
   }
 
   void PartTexts(Offset begin, Offset end) {
-    Offset rest = begin;  // of what is before the next text
+    Offset rest = begin;  // start of the bytes before the next text
     for (Offset p = begin; p < end;) {
-      // A text has one of these offsets within; so most bytes need no look.
+      // A text contains one of these offsets, so most bytes need no check.
       const Offset sample = std::min(p + shortestText / 2, end) - 1;
       if (!IsOfText(At(image_, sample)) && At(image_, sample) != 0) {
         p = sample + 1;
@@ -116,7 +116,7 @@ class Guesser {
     }
   }
 
-  // Remembers the answer: a page may have many unknown parts.
+  // Caches the answer, because a page may have many unknown parts.
   bool IsCode(Offset page) {
     if (page == page_) return isCode_;
     int returns = 0;
@@ -140,7 +140,7 @@ class Guesser {
 std::vector<Region> ErasedRuns(Bytes image) {
   std::vector<Region> runs;
   Offset known = 0;  // the end of the last run looked at
-  // A run that is long enough has one of these offsets within.
+  // A run that is long enough contains one of these offsets.
   for (Offset p = shortestErased - 1; p < static_cast<Offset>(image.size()); p += shortestErased) {
     if (p < known || At(image, p) != 0xFF) continue;
     Offset begin = p;

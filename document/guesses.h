@@ -1,4 +1,4 @@
-// What can be told of bytes that no structure claims.
+// Guesses what bytes are that no structure claims.
 #pragma once
 
 #include <span>
@@ -9,10 +9,10 @@
 
 namespace tarvelo {
 
-// The runs of at least 256 erased bytes, each as long as it goes.
+// The runs of at least 256 erased bytes, each as long as possible.
 [[nodiscard]] std::vector<Region> ErasedRuns(Bytes image);
 
-// The regions, with the unknown ones split into texts, code (where there may be any) and what stays unknown.
+// The regions, with the unknown ones split into filling, texts, code (if there may be any) and unknown rest.
 [[nodiscard]] std::vector<Claim> Guess(Bytes image, std::span<const Claim> regions, bool mayHoldCode);
 
 }  // namespace tarvelo

@@ -1,4 +1,4 @@
-// Where things stand in a row of the hex view.
+// The columns in a row of the hex view.
 #pragma once
 
 #include "core/fullflash.h"
@@ -7,7 +7,7 @@ namespace tarvelo {
 
 inline constexpr int bytesInRow = 16;
 
-// Where things stand in a row, in characters of a monospaced font:
+// The columns in a row, in characters of a monospaced font:
 //   01A2B4  284:2345  00 11 22 33 44 55 66 77  88 99 AA BB CC DD EE FF  text
 class HexColumns {
  public:
@@ -15,14 +15,14 @@ class HexColumns {
   explicit HexColumns(const Fullflash& image);
 
   [[nodiscard]] int Address() const { return offsetDigits_ + 2; }
-  // The first of the two digits, resp. the character of a byte, 0 .. 15.
+  // The column of a byte's first digit, and of its character; `byte` is 0 .. 15.
   [[nodiscard]] int Hex(int byte) const {
     return Address() + 10 + 3 * byte + (byte >= bytesInRow / 2 ? 1 : 0);
   }
   [[nodiscard]] int Text(int byte) const { return Hex(bytesInRow - 1) + 4 + byte; }
   [[nodiscard]] int End() const { return Text(bytesInRow); }
 
-  // The byte that stands in or next to a column.
+  // The byte in a column or next to it.
   [[nodiscard]] int ByteAt(int column) const;
   [[nodiscard]] bool IsInText(int column) const { return column >= Text(0) - 1; }
 

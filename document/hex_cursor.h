@@ -1,4 +1,4 @@
-// The cursor of the hex view: the byte it stands on, and the bytes that are selected.
+// The cursor of the hex view: the byte under it, and the selected bytes.
 #pragma once
 
 #include <cstdint>
@@ -23,19 +23,20 @@ enum class CursorStep {
 class HexCursor {
  public:
   HexCursor() = default;
-  // At the start of an image of `size` bytes; 0: no image, where the cursor cannot move.
+  // Starts at the first byte of an image of `size` bytes. 0 means no image; the cursor then cannot move.
   explicit HexCursor(Offset size) : size_(size) {}
 
   [[nodiscard]] Offset At() const { return at_; }
-  // The selected bytes. Without any the size is 0, and the start that of the cursor.
+  // The selected bytes. Without a selection, the size is 0 and the offset is that of the cursor.
   [[nodiscard]] Region Selection() const;
 
-  // Puts the cursor on a byte, the next one of the image if it is outside. With `extend` everything
-  // from where the selection began to this byte is selected, both included; otherwise nothing is.
+  // Moves the cursor to a byte, or to the nearest one if the offset is outside the image. With `extend`,
+  // selects everything from the start of the selection to this byte, both included; otherwise clears the
+  // selection.
   void MoveTo(Offset offset, bool extend);
-  // Moves it. A page has this many rows.
+  // Moves the cursor by a step. A page has `pageRows` rows.
   void Move(CursorStep step, Offset pageRows, bool extend);
-  // Selects bytes, as far as the image has them, and puts the cursor on the first.
+  // Selects bytes, clipped to the image, and moves the cursor to the first.
   void Select(const Region& range);
 
  private:

@@ -1,4 +1,4 @@
-// The kinds of regions that no explorer knows of: the firmware's own, and what bytes look like.
+// The kinds of regions that belong to no explorer: the firmware's own, and guesses.
 #pragma once
 
 #include <span>
@@ -26,7 +26,7 @@ inline constexpr ClaimKind code{"code", Text::MapCode, {}, 170, &codeGroup};
 inline constexpr ClaimKind filling{"filling", Text::MapFilling, {}, 180, &fillingGroup};
 inline constexpr ClaimKind unknown{"unknown", Text::MapUnknown, {}, 190, &unknownGroup};
 
-// All groups of kinds, the explorers' too, in the order in which a legend names them.
+// All groups of kinds, including the explorers', in legend order.
 [[nodiscard]] std::vector<const ClaimGroup*> Groups();
 
 }  // namespace tarvelo::map

@@ -14,7 +14,7 @@ void AppendPart(std::string& text, std::optional<Text> part, const Messages& mes
   if (part) text.append(" (").append(messages.Msg(*part)).append(")");
 }
 
-// As many digits as the last value of the column has.
+// As many digits as the column's last value has, but at least six.
 std::string AlignedHex(std::int64_t value, std::int64_t last) {
   return WholeHex(value, std::max<std::size_t>(6, Hex(last).size()));
 }

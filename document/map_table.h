@@ -1,4 +1,4 @@
-// The map as people see it.
+// The map as a list for the user.
 #pragma once
 
 #include <string>
@@ -10,22 +10,22 @@
 
 namespace tarvelo {
 
-// A step of sureness for programs: "certain"; never translated. Empty for what is unknown.
+// The key of a sureness for programs: "certain"; never translated. Empty if unknown.
 [[nodiscard]] std::string_view KeyOf(Sureness sure);
 
 // The name of a group of kinds: "EEPROM (deleted)".
 [[nodiscard]] std::string NameOf(const ClaimGroup& group, const Messages& messages);
 
-// What a region is: "EEPROM 5076 (header)", "picture 12", "erased".
+// The name of a region: "EEPROM 5076 (header)", "picture 12", "erased".
 [[nodiscard]] std::string WhatOf(const Claim& region, const Messages& messages = Messages());
 
-// What lies at `size` bytes from an offset on: the regions' names, each once, at most three and then
-// "...": "EEPROM 5076, erased". Empty outside the image.
+// The names of the regions in `size` bytes from an offset on, each once, at most three and then "...":
+// "EEPROM 5076, erased". Empty outside the image.
 [[nodiscard]] std::string LabelOf(const DumpMap& map, Offset offset, Offset size = 1,
                                   const Messages& messages = Messages());
 
-// The five columns Offset, Address, Size, What, Sure; a row a region. Offset and Address are hexadecimal
-// and as long in all rows, Size is decimal. The map and the image must outlive the rows.
+// One row per region in the five columns Offset, Address, Size, What, Sure. Offset and Address are
+// hexadecimal and equally long in all rows; Size is decimal. The map and the image must outlive the rows.
 [[nodiscard]] TableRows MapRows(const DumpMap& map, const Fullflash& image,
                                 const Messages& messages = Messages());
 

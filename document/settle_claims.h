@@ -1,4 +1,4 @@
-// From claims that overlap to regions that do not.
+// Turns overlapping claims into regions that do not overlap.
 #pragma once
 
 #include <vector>
@@ -11,11 +11,10 @@ class Claims {
  public:
   explicit Claims(Offset imageSize) : imageSize_(imageSize) {}
 
-  // Clips the claim to the image; nothing may remain of it.
+  // Adds a claim, clipped to the image. A claim outside the image is dropped.
   void Add(const Claim& claim);
 
-  // The regions of the whole image, with the precedence that dump_map.h states. What nobody claims is
-  // `unclaimed`.
+  // The regions of the whole image, by the precedence in dump_map.h. Unclaimed bytes become `unclaimed`.
   [[nodiscard]] std::vector<Claim> Settle(const ClaimKind& unclaimed) &&;
 
  private:
@@ -23,7 +22,7 @@ class Claims {
   std::vector<Claim> claims_;
 };
 
-// Adds a region behind the last one, or to it where they differ in nothing but their place.
+// Appends a region, or extends the last one if they differ only in offset and size.
 void Append(std::vector<Claim>& regions, const Claim& region);
 
 }  // namespace tarvelo
