@@ -18,7 +18,7 @@ namespace {
 constexpr Colour black = 0x000000;
 constexpr Colour white = 0xFFFFFF;
 
-// A picture whose pixels are what `colourAt` gives for their positions.
+// A picture with the pixels colourAt(x, y).
 template <typename ColourAt>
 Bitmap Drawn(int width, int height, ColourAt colourAt) {
   Bitmap bitmap(width, height);

@@ -1,7 +1,7 @@
 // The demonstration's pictures before they are encoded: the files of artwork/ and a few charts.
 //
-// A file is a strip of pictures that stand side by side, in the colours of the depth in which they are
-// stored (picture_encoder.h).
+// A file is a strip of pictures side by side, in the colours of the depth in which they are stored
+// (picture_encoder.h).
 #pragma once
 
 #include <string_view>
@@ -11,7 +11,7 @@
 
 namespace tarvelo {
 
-// The pictures of a PNG strip, each `width` pixels wide; the last one may be narrower. Transparent pixels
+// Cuts a PNG strip into pictures, each `width` pixels wide; the last one may be narrower. Transparent pixels
 // become background. Throws std::invalid_argument if `png` cannot be decoded.
 [[nodiscard]] std::vector<Bitmap> CutStrip(std::string_view png, int width);
 

@@ -28,13 +28,13 @@ constexpr int accu = 67;
 constexpr int drafts = 5206;
 constexpr int shortcuts = 5209;
 constexpr int addressBook = 5301;
-// The largest block and the highest layout version that a header can announce.
+// The largest block and the highest layout version that a header can state.
 constexpr std::size_t addressBookSize = 0x14FF;
 constexpr std::uint8_t addressBookVersion = 0x21;
 
 bool Within(int number, int first, int last) { return number >= first && number <= last; }
 
-// Appends a field of `size` bytes, its unused ones erased.
+// Appends a text in a field of `size` bytes; unused bytes are erased.
 void Field(Data& data, const TextBytes& text, std::size_t size) {
   if (text.size() > size) throw std::length_error("a block's text is longer than its field");
   AppendBytes(data, text);
@@ -122,8 +122,7 @@ Data AddressBook(int generation) {
   return data;
 }
 
-// Blocks of which only the phone knows what they mean: rising calibration values, counters,
-// switches.
+// Blocks with a meaning that only the phone knows: rising calibration values, counters, switches.
 Data Table(int number, int generation) {
   Random random(static_cast<std::uint32_t>(number));
   const auto later = static_cast<std::uint8_t>(generation);
@@ -171,7 +170,7 @@ Data DataOf(int number, int generation) {
   }
 }
 
-// Blocks whose data is the same in every generation; they are written once.
+// Blocks with the same data in every generation. They are written only once.
 bool IsConstant(int number) {
   return Within(number, 5170, 5179) || number == shortcuts || number == 5168 || number == 5262;
 }

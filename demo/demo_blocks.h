@@ -1,4 +1,4 @@
-// What the demonstration phone keeps in its EEPROM blocks.
+// The contents of the demonstration phone's EEPROM blocks.
 #pragma once
 
 #include <cstdint>
@@ -11,14 +11,14 @@ struct BlockContent {
   std::vector<std::uint8_t> data;
 };
 
-// The numbers of all blocks, in rising order. All that the viewers know are among them.
+// The numbers of all blocks, ascending. They include all numbers that the viewers know.
 [[nodiscard]] std::vector<int> BlockNumbers();
 
 // How often a block was written: 1 to 3 times.
 [[nodiscard]] int Generations(int number);
 
-// The block as it was written the first time (generation 0) or a later one. Every generation has
-// its own data; the layout and with it the size stay.
+// The block as it was first written (generation 0) or rewritten. Each generation has its own data; layout and
+// size stay the same.
 [[nodiscard]] BlockContent ContentOf(int number, int generation);
 
 }  // namespace tarvelo

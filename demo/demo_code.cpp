@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-// A group of functions takes less than this.
+// Every group of functions is smaller than this.
 constexpr std::size_t longestGroup = 0x4000;
 
 enum class Operands { registers, constant, memory, bit, jump };
@@ -20,7 +20,7 @@ struct Instruction {
   Operands operands;
 };
 
-// The everyday instructions. How often one is listed is how often it is used.
+// The everyday instructions. Each is listed as often as its share of the code requires.
 constexpr Instruction everyday[] = {
     {0xF0, Operands::registers},  // MOV Rn, Rm
     {0xF0, Operands::registers},  // MOV Rn, Rm
@@ -116,15 +116,15 @@ class Functions {
   void Call();
   void CallWithMessage();
   void CallWithText();
-  // Where to choose from a list.
+  // A random index of a list.
   std::uint32_t Below(const auto& list) { return random_.Below(static_cast<std::uint32_t>(list.size())); }
 
   const Flash& flash_;
   CodeWriter out_;
   Random random_;
-  std::array<unsigned, 64> memory_{};   // the variables of this part of the firmware
-  std::vector<std::size_t> functions_;  // offsets of what can be called
-  std::vector<std::size_t> texts_;      // offsets of what can be logged
+  std::array<unsigned, 64> memory_{};   // addresses of the variables in this part of the firmware
+  std::vector<std::size_t> functions_;  // offsets of callable functions
+  std::vector<std::size_t> texts_;      // offsets of log texts
 };
 
 void Functions::Group() {
@@ -170,20 +170,20 @@ void Functions::Step() {
   }
 }
 
-// CALLS to a function that came before.
+// CALLS to an earlier function.
 void Functions::Call() {
   const std::uint32_t address = flash_.Address(functions_[Below(functions_)]);
   out_.Instruction(0xDA, address >> 16 & 0xFF, address & 0xFFFF);
 }
 
-// The number of an interface text goes into R12, what to do with it into R13.
+// Passes the number of an interface text in R12 and what to do with it in R13.
 void Functions::CallWithMessage() {
   out_.Instruction(0xE6, 0xFC, random_.Below(0x400));
   out_.Instruction(0xE6, 0xFD, random_.Below(4));
   Call();
 }
 
-// The offset of a log text in its page goes into R12, the page into R13.
+// Passes the offset of a log text in its page in R12 and the page in R13.
 void Functions::CallWithText() {
   const std::uint32_t address = flash_.Address(texts_[Below(texts_)]);
   out_.Instruction(0xE6, 0xFC, address % cpuPage);

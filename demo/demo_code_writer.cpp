@@ -24,7 +24,7 @@ bool IsPictureHeader(CodeBytes b) {
   return b[2] == 0x81 && b[0] >= 1 && b[0] <= 101 && b[1] >= 1 && b[1] <= 80;
 }
 
-// Two consecutively numbered entries of a ringtone table; a real table begins with six.
+// The first two entries of a ringtone table, numbered 0 and 1. A real table begins with six.
 bool IsRingtonePair(CodeBytes b) {
   return b[0] == 0 && b[1] == 0 && b[2] < 16 && b[3] == 0 && b[8] == 1 && b[9] == 0 && b[10] < 16 &&
          b[11] == 0;
@@ -53,8 +53,8 @@ std::size_t CodeWriter::Text(std::string_view text) {
   return offset;
 }
 
-// A NOP (CC 00) ends none of the look-alikes: a header of either kind would need another byte where
-// it has its zero or its CC.
+// A NOP (CC 00) completes no look-alike: a header of either kind would need other bytes in the positions of
+// its CC or its zero.
 void CodeWriter::DropLookalike(std::size_t before) {
   for (std::size_t end = before + 2; end <= code_.size(); end += 2) {
     if (!EndsLookalike(end)) continue;

@@ -1,6 +1,6 @@
-// Collects the machine code of a made-up firmware. Whatever is added, the code never looks like one
-// of the things that are found in an image by their bytes alone: an EEPROM block header, the start
-// of a picture or ringtone table, a stand-alone picture header, a T9 area.
+// Collects the machine code of an invented firmware. The code never looks like anything that is recognized by
+// its bytes alone: an EEPROM block header, the start of a picture or ringtone table, a stand-alone picture
+// header, a T9 area.
 #pragma once
 
 #include <cstddef>
@@ -13,18 +13,18 @@ namespace tarvelo {
 
 class CodeWriter {
  public:
-  // The code begins at this offset of the image, a multiple of 4.
+  // `offset` is the start of the code in the image, a multiple of 4.
   explicit CodeWriter(std::size_t offset) : start_(offset) {}
 
-  // Of the next instruction.
+  // The offset of the next instruction.
   [[nodiscard]] std::size_t Offset() const { return start_ + code_.size(); }
   [[nodiscard]] std::span<const std::uint8_t> Code() const { return code_; }
 
-  // One instruction of 2 or 4 bytes: the opcode, a byte of operands, a word of operands. One that
-  // would complete a look-alike becomes a NOP instead.
+  // Appends an instruction of 2 or 4 bytes: the opcode, a byte of operands, a word of operands. An
+  // instruction that would complete a look-alike becomes a NOP.
   void Instruction(std::uint8_t opcode, unsigned operand);
   void Instruction(std::uint8_t opcode, unsigned operand, unsigned word);
-  // A text and its zero, filled up to an even length. Gives its offset.
+  // Appends a text and its zero, padded to an even length. Returns the text's offset.
   std::size_t Text(std::string_view text);
 
  private:

@@ -12,8 +12,8 @@ namespace {
 constexpr int movedBlock = 284;
 constexpr int interruptedBlock = 5001;
 constexpr int deletedBlocks[] = {5366, 5371};
-constexpr int firstBlock = 5999;  // its header is the store's first one
-constexpr int lastBlock = 5998;   // its header ends with the image
+constexpr int firstBlock = 5999;  // has the store's first header
+constexpr int lastBlock = 5998;   // has a header that ends with the image
 
 using RawHeader = std::array<std::uint8_t, blockHeaderSize>;
 
@@ -22,7 +22,7 @@ struct Change {
   std::uint8_t value;
 };
 
-// A header that one or two changed bytes make invalid (byte 10 means nothing).
+// A header that one or two changed bytes make invalid (byte 10 is unused).
 struct NearMiss {
   Change first;
   Change second;
@@ -30,21 +30,21 @@ struct NearMiss {
 
 constexpr NearMiss nearMisses[] = {
     {{0, 0xF8}, {11, 0xF8}},  // neither live nor deleted
-    {{11, 0xF0}, {10, 0}},    // the state copy differs: power failed while it was deleted
-    {{0, 0xF0}, {10, 0}},     // likewise, the other way round
+    {{11, 0xF0}, {10, 0}},    // the state copy differs: power failed during deletion
+    {{0, 0xF0}, {10, 0}},     // the same, the other way round
     {{1, 0x22}, {10, 0}},     // the layout version
     {{3, 0x15}, {10, 0}},     // the size
-    {{7, 0x01}, {10, 0}},     // the address is longer than 24 bits
-    {{6, 0xF5}, {10, 0}},     // or lies in front of the store
-    {{6, 0x7B}, {10, 0}},     // or in front of another place for blocks,
-    {{6, 0x80}, {10, 0}},     // behind it
-    {{6, 0xBE}, {10, 0}},     // or next to the old sector
-    {{6, 0xC0}, {10, 0}},     // on either side
+    {{7, 0x01}, {10, 0}},     // the address has more than 24 bits
+    {{6, 0xF5}, {10, 0}},     // the address is in front of the store
+    {{6, 0x7B}, {10, 0}},     // the address is in front of another place for blocks
+    {{6, 0x80}, {10, 0}},     // the address is behind that place
+    {{6, 0xBE}, {10, 0}},     // the address is in front of the old sector
+    {{6, 0xC0}, {10, 0}},     // the address is behind the old sector
     {{9, 0x19}, {10, 0}},     // the number is too high for any header
     {{8, 0x00}, {9, 0x00}},   // a header, but of number 0
-    {{8, 0xE8}, {9, 0x03}},   // of number 1000
-    {{8, 0x88}, {9, 0x13}},   // of number 5000
-    {{8, 0x70}, {9, 0x17}},   // of number 6000
+    {{8, 0xE8}, {9, 0x03}},   // a header of number 1000
+    {{8, 0x88}, {9, 0x13}},   // a header of number 5000
+    {{8, 0x70}, {9, 0x17}},   // a header of number 6000
 };
 
 void WriteAll(EepromStore& store) {
@@ -87,7 +87,7 @@ void WriteEeprom(Flash& flash, Area eeprom, Area oldSector) {
   store.WriteInterrupted(interruptedBlock, again.v, again.data);
   for (const int number : deletedBlocks) store.Delete(number);
 
-  // The data of the store's outermost blocks, 16 bytes each, lies in the first sector.
+  // The data of the store's first and last block, 16 bytes each, is in the first sector.
   const std::size_t data = eeprom.begin + 0x10;
   for (std::size_t i = 0; i < 32; ++i) PutByte(flash.bytes, data + i, static_cast<std::uint8_t>(i));
   const RawHeader first = HeaderBytes(flash, {deletedBlock, 0, data, 16, firstBlock});

@@ -5,12 +5,12 @@
 namespace tarvelo {
 namespace {
 
-// Blocks of the area that are sectors, in the order in which they fill up.
+// The blocks of the area that are sectors, in the order in which they fill up.
 constexpr std::size_t sectorBlocks[] = {0, 2, 4, 6, 9};
 constexpr std::size_t dataAt = 0x40;
 constexpr std::size_t headersAt = 0xC000;
 constexpr int headersOfSector = 90;
-// The end of the last sector is left to a header of its own.
+// The end of the last sector is reserved for a special header.
 constexpr std::size_t headersEnd = flashBlock - 2 * blockHeaderSize;
 
 }  // namespace

@@ -1,14 +1,14 @@
-// The phone's EEPROM, which is emulated in the last sectors of the flash.
+// The phone's EEPROM, emulated in the last sectors of the flash.
 //
-// A block is its data and a header of 12 bytes somewhere else:
+// A block is its data and a header of 12 bytes elsewhere:
 //
 //   +0   state: 0xFC live, 0xF0 deleted         +4   phone address of the data, a double word
 //   +1   version of the block's layout          +8   number, a word
 //   +2   size of the data, a word               +10  unused
 //                                               +11  the state again
 //
-// Flash can only clear bits, so a block is never changed in place: its new data and a new header
-// are written, then the old header is turned from live into deleted.
+// Flash can only clear bits, so a block is never changed in place: the phone writes its new data and a new
+// header, then turns the old header from live into deleted.
 #pragma once
 
 #include <array>
@@ -32,8 +32,8 @@ struct BlockHeader {
   int number;
 };
 
-// The header's bytes. The address has 24 bits, all of a small image's. A large image lies at
-// 0xA0000000, where no header can point: of its addresses the low 24 bits are kept, as if the phone
+// The bytes of a header. Its address has 24 bits, enough for a small image. A large image begins at
+// 0xA0000000, where no header can point, so only the low 24 bits of its addresses are kept, as if the phone
 // had grown and its EEPROM had not.
 [[nodiscard]] std::array<std::uint8_t, blockHeaderSize> HeaderBytes(const Flash& flash,
                                                                     const BlockHeader& header);
@@ -43,17 +43,17 @@ inline constexpr std::uint8_t deletedBlock = 0xF0;
 
 class EepromStore {
  public:
-  // Some blocks of the area become sectors; the ones between them stay erased.
+  // Some flash blocks of the area become sectors; those between them stay erased.
   EepromStore(Flash& flash, Area area);
 
-  // Writes a block and deletes the one of the same number before it.
+  // Writes a block and deletes the previous one of the same number.
   void Write(int number, std::uint8_t v, std::span<const std::uint8_t> data);
-  // Likewise, with the data in another place.
+  // The same, with the data in `place`.
   void WriteTo(AreaWriter& place, int number, std::uint8_t v, std::span<const std::uint8_t> data);
-  // The power fails before the old block is deleted.
+  // The same, but the power fails before the old block is deleted.
   void WriteInterrupted(int number, std::uint8_t v, std::span<const std::uint8_t> data);
   void Delete(int number);
-  // Writes 12 bytes, header or not, where the next header would go, `shift` bytes further on.
+  // Writes 12 bytes, whether a header or not, at the position of the next header plus `shift` bytes.
   void PutRaw(std::span<const std::uint8_t> bytes, std::size_t shift = 0);
 
  private:
@@ -68,7 +68,7 @@ class EepromStore {
   Flash& flash_;
   std::vector<Sector> sectors_;
   std::size_t current_ = 0;
-  std::map<int, std::size_t> live_;  // offset of each number's newest live header
+  std::map<int, std::size_t> live_;  // offset of the newest live header of each number
 };
 
 }  // namespace tarvelo

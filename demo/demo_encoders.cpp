@@ -11,7 +11,7 @@ constexpr char16_t lastLetter = u'я';  // byte 0xFF, which is erased flash and 
 
 std::uint8_t Low(unsigned value) { return static_cast<std::uint8_t>(value); }
 
-// ASCII and the Russian letters are all that the demonstration needs of Windows-1251.
+// The demonstration needs only ASCII and the Russian letters of Windows-1251.
 std::uint8_t Windows1251(char16_t c) {
   if (c >= 0x20 && c < 0x7F) return Low(c);
   if (c == u'Ё') return 0xA8;
@@ -103,7 +103,7 @@ TextBytes OpenUnicodeText(std::u16string_view text) {
 
 TextBytes PackedText(std::u16string_view text) {
   TextBytes bytes = Counted(text.size());
-  unsigned waiting = 0;  // bits not yet written, the first one lowest
+  unsigned waiting = 0;  // bits not yet written; the first is the lowest
   int bits = 0;
   for (const char16_t c : text) {
     if (c >= 0x80) Refuse();

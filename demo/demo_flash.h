@@ -1,4 +1,4 @@
-// The flash of the demonstration phone: its bytes, its pointers, and the areas that it is filled in.
+// The flash of the demonstration phone: its bytes, its pointers and its areas.
 #pragma once
 
 #include <cstddef>
@@ -9,13 +9,13 @@
 
 namespace tarvelo {
 
-// The phone's flash is erased, and the phone's EEPROM moved, in blocks of this size.
+// The unit in which the phone erases its flash and moves its EEPROM, in bytes.
 inline constexpr std::size_t flashBlock = 0x10000;
-// What the processor reaches through one data page pointer.
+// The size of the page that the processor reaches through one data page pointer, in bytes.
 inline constexpr std::size_t cpuPage = 0x4000;
 
-// An erased image (0xFF). Up to 16 MiB its pointers are page pointers and its last byte lies at phone
-// address 0xFFFFFF; above, pointers are linear and offset 0 lies at 0xA0000000.
+// An erased image (0xFF). Up to 16 MiB, its pointers are page pointers and its last byte has the phone
+// address 0xFFFFFF. Above, its pointers are linear and offset 0 has the phone address 0xA0000000.
 struct Flash {
   explicit Flash(std::size_t size) : bytes(size, 0xFF) {}
 
@@ -28,29 +28,28 @@ struct Flash {
   ByteBuffer bytes;
 };
 
-// The offsets from `begin` up to, but not including, `end`.
+// The offsets from `begin` (inclusive) to `end` (exclusive).
 struct Area {
   std::size_t begin = 0;
   std::size_t end = 0;
 };
 
-// Lays data into an area one behind the other. What it skips stays erased.
+// Places data one after another in an area. Skipped bytes stay erased.
 class AreaWriter {
  public:
   AreaWriter(Flash& flash, Area area) : flash_(flash), area_(area), position_(area.begin) {}
 
-  // The offset where the next data goes.
+  // The offset of the next data.
   [[nodiscard]] std::size_t Position() const { return position_; }
 
-  // Moves on to the next multiple of `unit`.
+  // Advances to the next multiple of `unit`.
   void Align(std::size_t unit);
 
-  // Each gives the offset of the data's first byte and throws std::length_error when the area is
-  // full.
+  // Each returns the offset of the data's first byte and throws std::length_error if the area is full.
   std::size_t Put(Bytes data);
-  // Keeps data that fits in one page out of two.
+  // Data that fits in one page does not cross a page boundary.
   std::size_t PutInPage(Bytes data);
-  // Leaves room to be written later.
+  // Reserves room to be written later.
   std::size_t Reserve(std::size_t count);
 
  private:

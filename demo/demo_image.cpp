@@ -19,12 +19,12 @@ enum class Part {
   header,
   firstTable,   // of pictures
   secondTable,  // within 0x50000 bytes of the first one
-  pictures,     // what both tables point to
+  pictures,     // the data of both tables
   standalone,   // pictures without a table
   ringtones,
   texts,
   t9,
-  oldSector,  // where blocks lay before the EEPROM moved
+  oldSector,  // where blocks were before the EEPROM moved
   eeprom,
 };
 
@@ -33,7 +33,7 @@ struct Place {
   Area area;
 };
 
-// What is not listed stays erased.
+// Unlisted bytes stay erased.
 constexpr std::size_t smallSize = 0x800000;
 constexpr std::array smallMap{
     Place{Part::code, {0x000000, 0x07FF00}},      Place{Part::header, {0x07FF00, 0x080000}},
@@ -75,7 +75,7 @@ constexpr bool InOrder(const auto& map, std::size_t size) {
 static_assert(InOrder(smallMap, smallSize));
 static_assert(InOrder(largeMap, largeSize));
 
-// What the phone and its firmware are known by, texts of up to 15 bytes.
+// The texts that identify the phone and its firmware, up to 15 bytes each.
 struct HeaderTexts {
   std::string_view model;
   std::string_view second;  // shown behind the version

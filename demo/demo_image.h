@@ -1,5 +1,5 @@
-// The demonstration fullflash: an invented C55-like phone that holds one of everything the program
-// reads. Deterministic: the same bytes on every machine.
+// The demonstration fullflash: an invented C55-like phone with an example of everything that the program
+// reads. Its bytes are the same on every machine.
 #pragma once
 
 #include <cstdint>

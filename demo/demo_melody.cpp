@@ -8,9 +8,9 @@ namespace {
 
 constexpr unsigned restFrequency = 0xFFFB;
 constexpr unsigned markFrequency = 0xFFFA;
-constexpr int gap = 25;  // milliseconds of silence that part two equal notes
+constexpr int gap = 25;  // milliseconds of silence between two equal notes
 
-// Of c8 .. b8, in hundredths of a hertz. An octave down is half of it.
+// The frequencies of c8 .. b8 in hundredths of a hertz. An octave lower has half the frequency.
 constexpr std::array<unsigned, 12> topOctave{418601, 443492, 469864, 497803, 527404, 558765,
                                              591991, 627193, 664488, 704000, 745862, 790213};
 constexpr int topKey = 108;  // c8

@@ -1,4 +1,4 @@
-// Numbers that look random and are the same on every machine.
+// Pseudo-random numbers, the same on every machine.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@ class Random {
  public:
   explicit Random(std::uint32_t seed) : state_(seed) {}
 
-  // 0 .. limit - 1. A linear congruential generator; the low bits, its weak ones, are left out.
+  // Returns 0 .. limit - 1, from a linear congruential generator without its weak low bits.
   std::uint32_t Below(std::uint32_t limit) {
     state_ = state_ * 1664525 + 1013904223;
     return static_cast<std::uint32_t>((std::uint64_t{state_ >> 8} * limit) >> 24);

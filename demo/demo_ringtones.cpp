@@ -32,7 +32,7 @@ class RingtoneTable {
     flash_.PutPointer(Entry(number, kind), melodies_.PutInPage(records));
   }
 
-  // The pointer to the file lies directly before it.
+  // The pointer to the file is directly before it.
   void AddFile(std::uint8_t number, std::uint8_t kind, std::span<const std::uint8_t> file) {
     files_.Align(cpuPage);
     const std::size_t pointer = files_.Reserve(4);
@@ -40,12 +40,12 @@ class RingtoneTable {
     flash_.PutPointer(Entry(number, kind), pointer);
   }
 
-  // A ringtone that was taken out of the firmware, its address with it.
+  // A ringtone that was removed from the firmware along with its address.
   void AddWithoutAddress(std::uint8_t number, std::uint8_t kind) {
     PutDWord(flash_.bytes, Entry(number, kind), 0);
   }
 
-  // Room of one entry that readers pass over two bytes at a time: every second byte is 8.
+  // A gap of one entry, which readers skip two bytes at a time: every second byte is 8.
   void AddGap() {
     const std::size_t gap = entries_.Reserve(entrySize);
     for (std::size_t i = 0; i < entrySize; i += 2) PutWord(flash_.bytes, gap + i, 0x0800);
@@ -56,7 +56,7 @@ class RingtoneTable {
  private:
   static constexpr std::size_t entrySize = 8;
 
-  // Gives the place of the pointer.
+  // Adds an entry. Returns the offset of its pointer.
   std::size_t Entry(std::uint8_t number, std::uint8_t kind) {
     const std::size_t entry = entries_.Reserve(entrySize);
     PutWord(flash_.bytes, entry, number);
@@ -94,7 +94,7 @@ void WriteRingtones(Flash& flash, Area area) {
       table.AddFile(number++, waveFile, BellWave());
     }
   }
-  table.AddMelody(2, ring, Melody(tunes[0], first));  // a number that is taken
+  table.AddMelody(2, ring, Melody(tunes[0], first));  // this number is already in use
   table.AddWithoutAddress(number++, ring);
   table.AddFile(number++, otherFile, TextMelodyFile());
   table.AddMelody(number++, signal, Melody({"Silence", 60, ""}, silence));

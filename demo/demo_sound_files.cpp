@@ -10,7 +10,7 @@ namespace {
 
 constexpr unsigned ticksOfQuarter = ticksOfWhole / 4;
 
-// Seven bits a byte, the highest ones first; all bytes but the last have bit 7.
+// Appends a number: seven bits per byte, the highest first. All bytes but the last have bit 7 set.
 void Delta(ByteBuffer& out, unsigned ticks) {
   for (int shift = 21; shift > 0; shift -= 7)
     if (ticks >> shift != 0) out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
@@ -67,24 +67,24 @@ ByteBuffer VoiceTrack(std::string_view notes, unsigned channel, std::uint8_t ins
 
 constexpr unsigned sampleRate = 8000;
 constexpr unsigned sampleCount = sampleRate * 3 / 2;
-constexpr unsigned attack = 40;  // samples until the bell is at its loudest
+constexpr unsigned attack = 40;  // samples until the bell is loudest
 constexpr std::int64_t unit = 1 << 16;
 
 // One partial of a bell's sound.
 struct Partial {
   unsigned frequency;  // hundredths of a hertz
   int loudness;        // at the start, in units of a sample
-  int decay;           // samples in which about two thirds of the loudness are lost
+  int decay;           // samples until about two thirds of the loudness are lost
 };
 
-// c5, e5, g5, c6, each with its octave; the higher the sooner gone.
+// c5, e5, g5, c6, each with its octave. Higher partials decay faster.
 constexpr Partial bell[] = {{52325, 26, 4200}, {104650, 11, 2400}, {65926, 20, 3800},  {131851, 8, 2000},
                             {78399, 18, 3400}, {156798, 6, 1700},  {104650, 14, 2800}, {209300, 4, 1300}};
 
-// The sine of a phase of 2^32 steps a turn, times `unit`; by a rational approximation that is right
-// to two thousandths.
+// `unit` times the sine of a phase of 2^32 steps per turn, by a rational approximation with an error of at
+// most two thousandths.
 std::int64_t Sine(std::uint32_t phase) {
-  constexpr std::int64_t half = 1 << 15;  // of a turn
+  constexpr std::int64_t half = 1 << 15;  // half a turn
   const std::int64_t x = phase >> 16 & 0x7FFF;
   const std::int64_t p = x * (half - x);
   const std::int64_t sine = unit * 16 * p / (5 * half * half - 4 * p);

@@ -19,8 +19,7 @@ constexpr std::size_t directoryAt = 16;
 constexpr std::size_t nameSize = 8;
 constexpr char16_t firstCyrillic = u'а';
 
-// A letter in the language's own code page: Latin letters are their own codes, Cyrillic ones lie
-// from 0xC0 on.
+// A letter in the language's own code page: Latin letters are their own codes, Cyrillic ones begin at 0xC0.
 std::uint8_t LetterCode(char16_t letter) {
   if (letter < 0x100) return static_cast<std::uint8_t>(letter);
   return static_cast<std::uint8_t>(letter - u'А' + 0xC0);
@@ -43,7 +42,7 @@ std::vector<std::u16string> Split(std::u16string_view text) {
   return words;
 }
 
-// All forms of all words, in order, each once.
+// All forms of all words, sorted, without duplicates.
 std::set<std::u16string> AllWords(const DictionaryWords& dictionary) {
   std::set<std::u16string> all;
   for (const std::u16string& word : Split(dictionary.words)) all.insert(word);
@@ -53,7 +52,7 @@ std::set<std::u16string> AllWords(const DictionaryWords& dictionary) {
   return all;
 }
 
-// The key, 2 .. 9, on which a letter stands.
+// The key of a letter, 2 .. 9.
 int KeyOf(char16_t letter) {
   constexpr std::string_view keys = "22233344455566677778889999";         // of a .. z
   constexpr std::string_view plain = "aaaaaaaceeeeiiiidnooooo-ouuuuypy";  // of 0xE0 .. 0xFF
@@ -64,7 +63,7 @@ int KeyOf(char16_t letter) {
   return keys[letter - u'a'] - '0';
 }
 
-// Short words are the common ones.
+// Takes short words as the common ones.
 std::uint8_t Commonness(const std::u16string& word) {
   return static_cast<std::uint8_t>(std::max<int>(1, 16 - static_cast<int>(word.size())));
 }

@@ -6,8 +6,8 @@
 
 namespace tarvelo {
 
-// A language's words, separated by blanks: some as they stand, some as stems that take each of the
-// endings. The language's letters all lie in one single-byte code page.
+// A language's words, separated by blanks: complete words, and stems that take each of the endings. The
+// language's letters all belong to one single-byte code page.
 struct DictionaryWords {
   std::u16string_view language;
   std::u16string_view words;

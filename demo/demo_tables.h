@@ -1,4 +1,4 @@
-// The picture tables and what they point to.
+// The picture tables and their data.
 //
 // A table entry has 8 bytes: width, height, type, 0, and a pointer to the picture's data.
 #pragma once
@@ -8,12 +8,12 @@
 
 namespace tarvelo {
 
-// A table of the pictures, ended as `end` says; their data goes where `data` stands.
+// Writes a table of the pictures, ended as `end` says; their data goes to `data`.
 enum class TableEnd { noHeight, fullWidth, reservedByte };
 void WritePictureTable(Flash& flash, Area table, const std::vector<EncodedPicture>& pictures, TableEnd end,
                        AreaWriter& data);
 
-// Pictures without a table: each a header like a table's entry, its data behind it.
+// Writes pictures without a table: each is a header in the form of a table entry, followed by its data.
 void WriteStandalonePictures(Flash& flash, Area area, const std::vector<EncodedPicture>& pictures);
 
 }  // namespace tarvelo

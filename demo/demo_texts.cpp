@@ -8,9 +8,9 @@ namespace {
 
 constexpr std::size_t partSize = 0x1000;
 
-// Only the language packs have a place for these,
+// Only the language packs can represent these.
 constexpr std::u16string_view controlCharacters = u"\n\x11\x12";
-// and strings that a byte ends have none for the last small Russian letter either.
+// Strings ended by a byte cannot represent the last small Russian letter either.
 constexpr std::u16string_view notInStrings = u"\n\x11\x12я";
 
 std::u16string_view Text(const Phrase& phrase, PhraseLanguage language) {
@@ -18,8 +18,8 @@ std::u16string_view Text(const Phrase& phrase, PhraseLanguage language) {
   return text.empty() ? phrase[static_cast<std::size_t>(PhraseLanguage::english)] : text;
 }
 
-// Writes the messages of one language, each with `encode`, but for those that hold one of the
-// characters in `without`.
+// Writes the messages of one language, each with `encode`, except those that contain one of the characters in
+// `without`.
 void Encoded(AreaWriter& writer, PhraseLanguage language, TextBytes (*encode)(std::u16string_view),
              std::u16string_view without = controlCharacters) {
   for (const Phrase& phrase : phrases) {
@@ -28,7 +28,7 @@ void Encoded(AreaWriter& writer, PhraseLanguage language, TextBytes (*encode)(st
   }
 }
 
-// The last ones are those of the test menu: a string may end in another byte than zero.
+// The last texts belong to the test menu. They show that a string may end in a byte other than zero.
 void PlainStrings(AreaWriter& writer) {
   const auto encode = [](std::u16string_view text) { return PlainText(text); };
   Encoded(writer, PhraseLanguage::russian, encode, notInStrings);

@@ -1,4 +1,4 @@
-// The tunes of the demonstration phone, all long out of copyright, and how the firmware keeps them.
+// The tunes of the demonstration phone, all long out of copyright, and the firmware's form of them.
 #pragma once
 
 #include <array>
@@ -18,7 +18,7 @@ struct Tune {
 
 extern const std::array<Tune, 14> tunes;
 
-// The piece of the MIDI file, in two voices.
+// The piece in the MIDI file, for two voices.
 struct Duet {
   int quartersPerMinute = 0;
   std::string_view upper;
@@ -27,12 +27,12 @@ struct Duet {
 
 extern const Duet minuet;
 
-// What marks the end of a mono melody: a record of one of these notes, or one without a duration.
+// The record that ends a mono melody: one with this note, or for `silence` one without a duration.
 enum class MelodyEnd : std::uint16_t { first = 0xFFFC, second = 0xFFFD, silence = 0 };
 
-// The firmware's records: frequency in hertz and duration in milliseconds, two words each; a rest
-// has the frequency 0xFFFB. With `mark`, the melody begins with the mark 0xFFFA, a record without a
-// duration that does not end it.
+// The firmware's records: frequency in hertz and duration in milliseconds, one word each. A rest has the
+// frequency 0xFFFB. With `mark`, the melody begins with the mark 0xFFFA, a record without a duration that
+// does not end it.
 [[nodiscard]] std::vector<std::uint8_t> Melody(const Tune& tune, MelodyEnd end, bool mark = false);
 
 }  // namespace tarvelo

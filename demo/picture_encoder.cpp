@@ -22,7 +22,7 @@ using ValueOfColour = std::unordered_map<Colour, std::uint16_t>;
 constexpr std::array<Colour, 2> monoColours{0xFFFFFF, 0x000000};
 constexpr std::array<Colour, 4> twoBitColours{0x000000, 0xFFFFFF, 0x0000C0, backgroundColour};
 
-// What a depth's table says backwards: the lowest value of each colour.
+// The inverse of a depth's colour table: the lowest value of each colour.
 ValueOfColour Inverted(std::span<const Colour> colours) {
   ValueOfColour values;
   for (std::size_t i = 0; i < colours.size(); ++i)
@@ -63,7 +63,7 @@ ByteBuffer PlainColours(const Values& values, int bytes) {
   return data;
 }
 
-// Pixels of 1 or 2 bits, the leftmost in the highest bits; the rest of a row's last byte is 0.
+// Pixels of 1 or 2 bits, the leftmost in the highest bits. The unused bits of a row's last byte are 0.
 ByteBuffer PlainBits(const Values& values, int width, int bits) {
   ByteBuffer data;
   for (std::size_t row = 0; row < values.size(); row += static_cast<std::size_t>(width)) {
@@ -76,7 +76,7 @@ ByteBuffer PlainBits(const Values& values, int width, int bits) {
   return data;
 }
 
-// How many equal values stand at `start`, at most `limit`.
+// The number of equal values from `start` on, at most `limit`.
 std::size_t RunLength(const Values& values, std::size_t start, std::size_t limit) {
   const std::size_t end = std::min(values.size(), start + limit);
   std::size_t i = start + 1;
@@ -84,8 +84,8 @@ std::size_t RunLength(const Values& values, std::size_t start, std::size_t limit
   return i - start;
 }
 
-// 0x80 | ink << 6 | count draws a run of up to 63 pixels, a byte below 0x80 seven single ones,
-// highest bit first. Runs and groups go on over row ends.
+// 0x80 | ink << 6 | count draws a run of up to 63 pixels; a byte below 0x80 draws seven single ones, highest
+// bit first. Runs and groups continue across row ends.
 ByteBuffer PackedBits(const Values& values) {
   constexpr std::size_t groupSize = 7;
   ByteBuffer data;
@@ -104,8 +104,8 @@ ByteBuffer PackedBits(const Values& values) {
   return data;
 }
 
-// A count of 1..127 and one colour draws a run; 256 - count introduces 1..128 single colours.
-// A shorter run than three inside a block of singles would cost more than it saves.
+// A count of 1..127 and one colour draw a run; 256 - count introduces 1..128 single colours. Inside a block
+// of singles, a run shorter than three would cost more than it saves.
 ByteBuffer PackedColours(const Values& values, int bytes) {
   constexpr std::size_t shortestRun = 3;
   constexpr std::size_t longestBlock = 128;

@@ -18,7 +18,7 @@ using Pictures = std::vector<EncodedPicture>;
 
 constexpr int all = -1;
 
-// The pictures of an artwork file, which are `width` wide, or only the one of this index.
+// The pictures of an artwork file, each `width` wide, or only the one with this index.
 struct Series {
   std::string_view file;
   int width;
@@ -40,7 +40,7 @@ EncodedPicture TableStart(bool pageMode) {
                   : EncodePicture(CutStrip(globe_png, 52).front(), SixteenPacked);
 }
 
-// What the phone shows while it is used: the status line, the menus, the animations.
+// Pictures of the user interface: the status line, the menus, the animations.
 constexpr Series menu[] = {
     {battery_1_png, 24, Mono},        {signal_1_png, 20, Mono},          {status_marks_png, 12, Mono},
     {mode_marks_png, 21, Mono},       {battery_png, 24, BytePacked},     {signal_png, 20, BytePacked},
@@ -49,7 +49,7 @@ constexpr Series menu[] = {
     {weather_png, 32, SixteenPacked}, {spinner_png, 24, MonoPacked},     {hourglass_png, 32, SixteenPacked},
     {ball_png, 24, BytePacked},       {flying_envelope_png, 56, TwoBit}, {digits_png, 14, TwoBit}};
 
-// What the owner chooses: wallpapers, games, pictures to send. Every depth gets its turn.
+// Pictures that the owner chooses: wallpapers, games, pictures to send. They use every depth.
 constexpr Series wallpapers[] = {{wallpapers_16_png, 101, SixteenPacked, 0},
                                  {wallpapers_8_png, 101, BytePacked, 0},
                                  {wallpapers_12_png, 101, TwelvePacked, 0},
@@ -72,7 +72,7 @@ constexpr Series wallpapers[] = {{wallpapers_16_png, 101, SixteenPacked, 0},
                                  {logo_1_png, 101, MonoPacked},
                                  {small_logo_1_png, 88, Mono}};
 
-// What shows at a glance whether a depth is decoded rightly. Some of those with few colours are
+// Test cards that show at a glance whether a depth is decoded correctly. Some of those with few colours are
 // dithered.
 constexpr Series testCards[] = {{test_cards_png, 101, Mono, 0},         {test_cards_png, 101, MonoPacked, 0},
                                 {test_cards_png, 101, TwoBit, 1},       {test_cards_png, 101, Byte, 2},
@@ -116,7 +116,7 @@ Pictures AlbumTable(bool pageMode) {
   return pictures;
 }
 
-// Up to the largest and down to the smallest sides that a stand-alone picture can have.
+// Includes the largest and the smallest sides that a stand-alone picture can have.
 Pictures StandalonePictures() {
   Pictures pictures;
   Add(pictures, standalone);

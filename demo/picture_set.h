@@ -1,4 +1,4 @@
-// The pictures of the demonstration fullflash: which of the artwork, in what order, how each is stored.
+// The pictures of the demonstration fullflash: the artwork used, its order, and how each is stored.
 #pragma once
 
 #include <vector>
@@ -13,8 +13,8 @@ struct PictureSet {
   std::vector<EncodedPicture> standalone;  // behind headers that no table points to
 };
 
-// All pictures. A table begins with the picture by which the firmware's tables are known: 4 x 4
-// monochrome in page-mode images, 52 x 52 compressed 16-bit in large ones.
+// All pictures. A table begins with the picture that identifies firmware tables: 4 x 4 monochrome in
+// page-mode images, 52 x 52 compressed 16-bit in large ones.
 [[nodiscard]] PictureSet EncodePictures(bool pageMode);
 
 }  // namespace tarvelo
