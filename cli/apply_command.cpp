@@ -10,7 +10,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// A patch, and how it fits the dump.
+// A patch and its check against the dump.
 struct Checked {
   ReadPatch patch;
   PatchCheck check;
@@ -27,7 +27,7 @@ void PrintChange(const PatchChange& patched, const CheckedChange& checked, std::
   out << '\n';
 }
 
-// The lines that do not fit, in the order of the patch, and how many of each kind there are.
+// Prints the lines that do not fit, in the order of the patch, and the number of each kind.
 void PrintReport(const Checked& checked, std::ostream& out) {
   const auto& [patch, check] = checked;
   for (const Misfit& misfit : MisfitsOf(patch, check))
@@ -40,7 +40,7 @@ void PrintReport(const Checked& checked, std::ostream& out) {
       << ", invalid " << patch.invalid.size() << '\n';
 }
 
-// Why there is nothing to write.
+// The reason why there is nothing to write.
 std::string NothingToApply(const ApplyArguments& arguments, const Checked& checked) {
   if (checked.Unfit() > 0) return arguments.patch + ": no change of it can be made in " + arguments.file;
   if (checked.check.CarriesAll()) return arguments.file + ": it carries " + arguments.patch + " already";

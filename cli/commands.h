@@ -1,7 +1,7 @@
-// The command line: reads arguments, runs the same explorers as the desktop, prints.
+// The command line: reads arguments, runs the same explorers as the desktop, prints the results.
 //
-// What it prints is an interface that programs read: text in UTF-8, one line feed a line, to `out`;
-// one line a failure, naming the file and the cause, to `err`.
+// Other programs read its output: to `out`, UTF-8 text with lines that end in a line feed; to `err`, one line
+// per failure with the file and the cause.
 #pragma once
 
 #include <iosfwd>
@@ -15,10 +15,10 @@ enum ExitStatus {
   nothingFound = 1,
   wrongArguments = 2,
   fileTrouble = 3,  // could not be read or written, or is empty
-  scanFault = 4,    // a read past the end of the image, an overflow
+  scanFault = 4,    // a read past the end, an overflow, a patch that does not fit
 };
 
-// Runs one command line (without the program's name; UTF-8) and returns its exit status.
+// Runs one command line (UTF-8, without the program's name). Returns its exit status.
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
 
 }  // namespace tarvelo::cli

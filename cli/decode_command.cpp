@@ -15,7 +15,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// Decodes at an offset or cursor, which moves where the decoder moves it; `width` is that of the field.
+// Decodes at an offset or cursor and advances it as the decoder does. `width` is that of the field.
 using Decoder = std::u16string (*)(Bytes bytes, Offset& offset, int width);
 
 template <auto decoder>
@@ -27,8 +27,8 @@ std::u16string OfWidth(Bytes bytes, Offset& offset, int width) { return GetStrA(
 
 struct Codec {
   std::string_view name;
-  Decoder decode;         // none: it is WordA, which gives a number
-  bool isOfBook = false;  // of address books, not of dumps
+  Decoder decode;         // null for WordA, which returns a number
+  bool isOfBook = false;  // reads address books, not dumps
 };
 
 constexpr std::array codecs{
@@ -39,7 +39,7 @@ constexpr std::array codecs{
     Codec{"WordA", nullptr, true},      Codec{"GetStrA", OfWidth, true},
 };
 
-// What a decoder made of the bytes. `end` is its offset or cursor afterwards.
+// The result of a decoder. `end` is its offset or cursor afterwards.
 struct Result {
   Json value;
   Offset end = 0;
@@ -72,7 +72,7 @@ Result DecodeAt(const DecodeArguments& arguments, const Codec& codec, Bytes byte
   return result;
 }
 
-// The bytes to decode. An address book is no image: it may be as short as one byte.
+// Reads an address book to decode. Unlike an image, it may be as short as one byte.
 FileBytes ReadAddressBook(const std::string& file, Context& context) {
   FileBytes bytes = ReadFile(PathOf(file), Fullflash::sizeLimit, context.progress);
   if (bytes.size == 0) throw FileError(FileError::Kind::CantRead, PathOf(file), "the file is empty");

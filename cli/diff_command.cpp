@@ -13,7 +13,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// Two dumps and where they differ.
+// Two dumps and their differences.
 struct Pair {
   Dump one;
   Fullflash other;
@@ -61,7 +61,7 @@ void PrintRest(const Pair& pair, bool json, std::ostream& out) {
   }
 }
 
-// The patch that makes the second dump of the first one.
+// Writes the patch that turns the first dump into the second.
 void WritePatch(const DiffArguments& arguments, const Pair& pair, Context& context) {
   const std::vector<Difference>& differences = pair.comparison.differences;
   const std::string name = PathText(PathOf(arguments.other).filename());

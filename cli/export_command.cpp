@@ -9,7 +9,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// The number of the records that are asked for.
+// The number of the records to export, if one is given.
 std::optional<std::uint32_t> NumberOf(const ExportArguments& arguments) {
   const auto& number = arguments.number;
   if (!number) return {};
@@ -18,7 +18,7 @@ std::optional<std::uint32_t> NumberOf(const ExportArguments& arguments) {
   return static_cast<std::uint32_t>(ParseDecimal("--number", *number));
 }
 
-// Files go to the folder that was named, else to one beside the dump, and are named by the dump.
+// Files go to the given folder, or else to one beside the dump. Their names begin with the dump's name.
 ExportTarget TargetOf(const ExportArguments& arguments) {
   const std::filesystem::path dump = PathOf(arguments.file);
   const bool isNamed = !arguments.folder.empty();

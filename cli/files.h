@@ -11,21 +11,21 @@
 
 namespace tarvelo::cli {
 
-// Reads an image; opens a dump: an image that is identified. Both throw FileError, also for an empty file.
+// ReadImage reads an image. OpenDump also identifies it. Both throw FileError, also for an empty file.
 [[nodiscard]] Fullflash ReadImage(const std::string& file, Progress& progress);
 [[nodiscard]] Dump OpenDump(const std::string& file, Progress& progress);
 
-// Opens an image that is read piece by piece. Throws FileError, also for an empty file.
+// Opens an image to read it piece by piece. Throws FileError, also for an empty file.
 [[nodiscard]] FileReader OpenInPieces(const std::string& file);
 
-// What an explorer finds in the dump of a file. Throws ScanFault where that is more than there can be.
+// An explorer's findings in the dump of a file. Throws ScanFault if there are more records than there may be.
 [[nodiscard]] Findings Search(const Explorer& explorer, const Dump& dump, const std::string& file,
                               Progress& progress);
 
-// Refuses "-", which elsewhere means standard input: a dump is read at random. Throws WrongArguments.
+// Rejects "-", which elsewhere means standard input: a dump needs random access. Throws WrongArguments.
 void RefuseStandardInput(const std::string& file);
 
-// Refuses a file to write that is "-", or one of those that are read. Throws WrongArguments.
+// Rejects an output file that is empty, "-" or one of the files read. Throws WrongArguments.
 void CheckOutput(const std::string& option, const std::string& file, std::initializer_list<std::string> read);
 
 }  // namespace tarvelo::cli

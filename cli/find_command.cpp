@@ -10,7 +10,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// Prints hits as they are found. Lines are gathered, and the progress bar gives way to them.
+// Prints hits as they are found, collected into larger pieces. The progress bar makes way for them.
 class HitPrinter {
  public:
   HitPrinter(const Pattern& pattern, bool json, Context& context)

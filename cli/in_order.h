@@ -1,4 +1,4 @@
-// Work on many things at once whose results come in their order.
+// Works on many items at once and delivers the results in order.
 #pragma once
 
 #include <algorithm>
@@ -13,8 +13,8 @@
 
 namespace tarvelo::cli {
 
-// Calls work(i) for the items 0 .. count - 1 on `jobs` threads. When it goes out of scope, what has begun
-// is waited for, and nothing more is begun.
+// Calls work(i) for the items 0 .. count - 1 on `jobs` threads. The destructor waits for started items and
+// starts no others.
 template <typename Result>
 class InOrder {
  public:
@@ -26,7 +26,7 @@ class InOrder {
   InOrder(const InOrder&) = delete;
   InOrder& operator=(const InOrder&) = delete;
 
-  // The result of an item, waited for; taken from here. Throws what the work threw.
+  // Waits for the result of an item and moves it out. Throws what the work threw.
   Result Get(std::size_t item) {
     std::unique_lock lock(mutex_);
     ready_.wait(lock, [&] { return outcomes_[item].has_value(); });
@@ -60,7 +60,7 @@ class InOrder {
   std::mutex mutex_;
   std::condition_variable ready_;
   std::vector<std::optional<Outcome>> outcomes_;
-  std::vector<std::jthread> threads_;  // the last member: it ends before what it uses
+  std::vector<std::jthread> threads_;  // last member: the threads end before what they use
 };
 
 }  // namespace tarvelo::cli

@@ -50,7 +50,7 @@ void Info(const InfoArguments& arguments, Context& context) {
   const std::size_t jobs = Jobs(arguments);
   std::ranges::for_each(files, RefuseStandardInput);
   NoProgress none;
-  Progress& progress = files.size() == 1 ? context.progress : none;  // several would share one bar
+  Progress& progress = files.size() == 1 ? context.progress : none;  // several files would share one bar
   InOrder<std::string> texts(files.size(), jobs, [&](std::size_t i) {
     const Dump dump = OpenDump(files[i], progress);
     return arguments.json ? InfoJson(files[i], dump)
@@ -62,7 +62,7 @@ void Info(const InfoArguments& arguments, Context& context) {
       const std::string text = texts.Get(i);
       context.out << (first || arguments.json ? "" : "\n") << text;
       first = false;
-    } catch (const FileError& error) {  // the others are still shown
+    } catch (const FileError& error) {  // the other files are still shown
       Diagnose(context, error);
       context.status = fileTrouble;
     }

@@ -26,7 +26,7 @@ void PrintJson(const DumpMap& map, const Fullflash& image, std::ostream& out) {
 
 void Map(const MapArguments& arguments, Context& context) {
   const Dump dump = OpenDump(arguments.file, context.progress);
-  std::optional<Findings> found;  // of one explorer at a time
+  std::optional<Findings> found;  // findings of one explorer at a time
   const DumpMap map = MapDump(dump, [&](const Explorer& explorer) -> const Findings& {
     return found.emplace(Search(explorer, dump, arguments.file, context.progress));
   });

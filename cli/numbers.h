@@ -1,4 +1,4 @@
-// Numbers as options have them.
+// Parses the numbers in options.
 #pragma once
 
 #include <cstdint>
@@ -6,8 +6,8 @@
 
 namespace tarvelo::cli {
 
-// A hexadecimal number, with or without 0x (0 where the text is empty), and a decimal one (the largest int
-// where it is larger). Both throw WrongArguments, naming the option.
+// ParseHex reads a hexadecimal number, with or without 0x; an empty text is 0. ParseDecimal reads a decimal
+// one; if it is too large, the result is the largest int. Both throw WrongArguments, naming the option.
 [[nodiscard]] std::uint32_t ParseHex(const std::string& option, std::string text);
 [[nodiscard]] int ParseDecimal(const std::string& option, const std::string& text);
 

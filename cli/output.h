@@ -1,4 +1,4 @@
-// What commands print.
+// The output of commands.
 #pragma once
 
 #include <exception>
@@ -15,15 +15,16 @@ using Json = nlohmann::ordered_json;
 
 // A file's name as UTF-8 text, whatever its bytes are.
 [[nodiscard]] std::string Printable(const std::string& file);
-// Any text as UTF-8, with blanks for control characters.
+// Any text as UTF-8, with a blank for each control character.
 [[nodiscard]] std::string PrintableLine(const std::string& text);
-// An object as one line, with its end.
+// An object as one line, including its line end.
 [[nodiscard]] std::string JsonLine(const Json& object);
 
-// Prints one line on standard error, whatever the names in it hold.
+// Prints an error as one line on `err`, whatever the names in it contain.
 void Diagnose(Context& context, const std::exception& error);
 
-// Prints a piece of what may be very long. Throws where it cannot be written: nobody waits for the rest.
+// Prints a piece of a possibly very long text. Throws if it cannot be written, so that nobody computes the
+// rest.
 void PrintPiece(std::string_view text, Context& context);
 // Prints a table as tab-separated text.
 void PrintTable(const TableRows& table, Context& context);

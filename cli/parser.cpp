@@ -9,9 +9,10 @@
 namespace tarvelo::cli {
 namespace {
 
-// --- what there is ---
+// --- the commands ---
 
-// A subcommand whose options fill in its arguments. When the command line names it, it is the chosen one.
+// A subcommand with options that fill in its arguments. If the command line names it, it becomes the chosen
+// one.
 template <typename Arguments>
 class Subcommand {
  public:
@@ -26,7 +27,8 @@ class Subcommand {
     });
   }
 
-  // An option or a word that may be left out, or that must be there; `oneOf` are its only values.
+  // An option or a word, optional (Takes) or required (Needs). If `oneOf` is not empty, only its values are
+  // allowed.
   template <typename Value>
   Subcommand& Takes(const char* name, Value Arguments::*value, const char* about,
                     const std::vector<std::string>& oneOf = {}) {
@@ -57,7 +59,7 @@ class Subcommand {
   std::shared_ptr<Arguments> arguments_;
 };
 
-// A command that has commands of its own.
+// A command with subcommands.
 CLI::App& AddGroup(CLI::App& app, const char* name, const char* about) {
   CLI::App* group = app.add_subcommand(name, about);
   group->require_subcommand(1);
@@ -65,7 +67,7 @@ CLI::App& AddGroup(CLI::App& app, const char* name, const char* about) {
   return *group;
 }
 
-// "Deleted blocks", of "EEPROM blocks".
+// Turns "EEPROM blocks" into "Deleted blocks".
 std::string DeletedOnes(const Explorer& kind) {
   return "Deleted " + std::string(kind.about.substr(kind.about.rfind(' ') + 1));
 }
@@ -148,9 +150,9 @@ void AddOtherCommands(CLI::App& app, Command& chosen) {
       .Flag("--large", &DemoArguments::large, "A large image of 32 MiB instead of one of 8");
 }
 
-// --- what the parser would take otherwise ---
+// --- arguments that the parser would misread ---
 
-// It would take a value such as -A0000000 for an option: the value is tied to its name.
+// The parser would take a value such as -A0000000 for an option, so the value is joined to its option by "=".
 std::vector<std::string> TieNegativeBase(std::vector<std::string> arguments) {
   const auto end = std::ranges::find(arguments, "--");
   for (auto at = arguments.begin(); at != end && at + 1 != end; ++at) {
@@ -163,8 +165,8 @@ std::vector<std::string> TieNegativeBase(std::vector<std::string> arguments) {
   return arguments;
 }
 
-// It gives "++" and words in brackets a meaning of its own. Behind a zero byte, which no argument has, they
-// stand as they are.
+// The parser treats "++" and words in brackets specially, unless a zero byte follows them. No argument
+// contains one.
 void GuardWords(std::vector<std::string>& arguments) {
   for (std::string& word : arguments)
     if (word == "++" || (word.starts_with('[') && word.ends_with(']'))) word += '\0';
@@ -179,7 +181,7 @@ void TakeGuardsOff(CLI::App& app) {
   for (CLI::App* command : app.get_subcommands({})) TakeGuardsOff(*command);
 }
 
-// Its own word for an unknown command is that one is missing.
+// For an unknown command the parser would only report that a command is missing.
 void CheckCommand(const CLI::App& app, const std::vector<std::string>& arguments) {
   for (auto at = arguments.begin(); at != arguments.end(); ++at) {
     if (*at == "--language" && at + 1 != arguments.end()) {

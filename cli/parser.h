@@ -1,4 +1,4 @@
-// From the words of a command line to the command that they ask for.
+// Turns the words of a command line into a command.
 #pragma once
 
 #include <functional>
@@ -12,8 +12,8 @@ namespace tarvelo::cli {
 // A command with its arguments.
 using Command = std::function<void(Context& context)>;
 
-// Reads a command line and sets the context's language. Returns nothing to run where it asks for help or
-// the version: they are printed already. Throws WrongArguments.
+// Parses a command line and sets the context's language. If it asks for help or the version, prints these and
+// returns an empty function. Throws WrongArguments.
 [[nodiscard]] Command Parse(std::vector<std::string> arguments, Context& context);
 
 }  // namespace tarvelo::cli

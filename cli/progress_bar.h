@@ -7,7 +7,7 @@
 
 namespace tarvelo::cli {
 
-// A bar where standard error is a terminal, nothing elsewhere.
+// A bar if standard error is a terminal, otherwise nothing.
 [[nodiscard]] std::unique_ptr<Progress> TerminalProgress();
 
 }  // namespace tarvelo::cli

@@ -1,5 +1,5 @@
-// The commands: what each is given, as the command line has it, and the function that runs it. Each prints to
-// the context and sets its status. All throw WrongArguments, FileError and ScanFault.
+// The commands: the arguments of each, as the command line gives them, and the function that runs it. A
+// command prints to the context and sets its status. All throw WrongArguments, FileError and ScanFault.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-// What the operating system has to say about the command line and the terminal.
+// The operating system's part of the command line and the terminal.
 #pragma once
 
 #include <string>
@@ -6,13 +6,13 @@
 
 namespace tarvelo::cli {
 
-// The arguments behind the program's name, as UTF-8.
+// The arguments after the program's name, as UTF-8.
 [[nodiscard]] std::vector<std::string> Arguments(int argc, char** argv);
 
-// Makes standard output carry UTF-8 with line feeds as they are.
+// Makes standard output write UTF-8 and leave line feeds unchanged.
 void PrepareStreams();
 
-// Whether standard error is a terminal that a person looks at.
+// Whether standard error is a terminal.
 [[nodiscard]] bool ErrorIsTerminal();
 
 }  // namespace tarvelo::cli

@@ -11,7 +11,7 @@
 
 namespace tarvelo::cli {
 
-// argv has been through the system's code page; the wide command line has every character.
+// argv has been converted to the system's code page. The wide command line keeps every character.
 std::vector<std::string> Arguments(int, char**) {
   int count = 0;
   const std::unique_ptr<wchar_t*[], decltype(&LocalFree)> wide(CommandLineToArgvW(GetCommandLineW(), &count),
