@@ -7,7 +7,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// Two dumps of 1 MiB that differ, in a folder of their own.
+// Two different dumps of 1 MiB, in a temporary folder.
 class PatchCommands : public testing::Test {
  protected:
   PatchCommands() {
@@ -55,7 +55,7 @@ TEST_F(PatchCommands, DiffPrintsRanges) {
   EXPECT_EQ(Call({"diff", one, one, "--patch", patch}), nothingFound);
   EXPECT_EQ(out, "");
   EXPECT_NE(err.find(one), std::string::npos);
-  EXPECT_EQ(Apply(one), nothingFound);  // its patch has no change
+  EXPECT_EQ(Apply(one), nothingFound);  // its patch contains no change
 }
 
 TEST_F(PatchCommands, ThePatchOfADiffMakesTheOtherDump) {

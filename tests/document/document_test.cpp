@@ -12,7 +12,7 @@ namespace {
 
 int searches = 0;
 
-// Finds the first byte of the image; 0xEE is more than there can be.
+// Finds the first byte of the image; 0xEE counts as too many.
 const Explorer firstByte{.key = "first byte",
                          .about = "",
                          .letter = '1',
@@ -68,7 +68,7 @@ TEST_F(DocumentTest, EachChangeDropsWhatWasFound) {
   EXPECT_TRUE(isDroppedBy([&] { document.Close(); }));
   EXPECT_FALSE(document.IsOpen());
   EXPECT_FALSE(document.Edits().CanUndo());
-  EXPECT_EQ(document.FileName(), "SOME/DUMP.BIN");  // as dialogs offer it
+  EXPECT_EQ(document.FileName(), "SOME/DUMP.BIN");  // as dialogs suggest it
 }
 
 TEST_F(DocumentTest, WhatChangesNothingDropsNothing) {
@@ -115,7 +115,7 @@ TEST_F(DocumentTest, TheMapFollowsEdits) {
   EXPECT_EQ(FirstLabel(), "unknown");
   Write(0, Data(0x200, 0xFF));
   EXPECT_EQ(FirstLabel(), "erased");
-  EXPECT_EQ(LabelOf(*map, 0), "unknown");  // whoever still shows it may do so
+  EXPECT_EQ(LabelOf(*map, 0), "unknown");  // a map that is still shown stays valid
   document.Undo();
   EXPECT_EQ(FirstLabel(), "unknown");
 }

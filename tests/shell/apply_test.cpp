@@ -7,12 +7,12 @@
 namespace tarvelo {
 namespace {
 
-// An open dump of 1 MiB that begins with erased bytes, and patches for it.
+// An open dump of 1 MiB that starts with erased bytes, and patches for it.
 class ApplyDesk : public Desk {
  protected:
   ApplyDesk() { main->Dumps().OpenF(WriteDump("phone.bin")); }
 
-  // Applies a patch through the menu, and returns what is said without the file's name.
+  // Applies a patch through the menu. Returns the message without the file's name.
   std::string Apply(const std::string& text) {
     script.file = folder.Write("own.qpt", text);
     const std::string asked = "open Patch (*.qpt)|*.qpt|All files|*.*";
@@ -32,7 +32,7 @@ TEST_F(ApplyDesk, WritesWhatFitsAsOneStep) {
             "iThe patch was applied. Number of changes: 3");
   EXPECT_EQ(Start(), "48 69 FF FF 21 FF 3F FF");
   EXPECT_EQ(Status(10), "F");
-  EXPECT_EQ(Title(), "Tarvelo - Info");  // the user stays where he is
+  EXPECT_EQ(Title(), "Tarvelo - Info");  // the panel does not change
   Choose(Id::HexView);
   main->Run(Id::Undo);
   EXPECT_EQ(Start(), "FF FF FF FF FF FF FF FF");

@@ -65,7 +65,7 @@ TEST_F(Desk, SavesTheImageWithABeep) {
   EXPECT_EQ(Open().FileStem(), folder / "copy");
 
   folder.Write("copy.fls", std::string("something else"));
-  Choose(Id::Save);  // goes to the file chosen last
+  Choose(Id::Save);  // writes to the last chosen file
   EXPECT_EQ(ReadAll(*script.file), bytes);
   EXPECT_EQ(script.beeps.size(), 2u);
 }
@@ -81,7 +81,7 @@ TEST_F(Desk, SavesTheInformation) {
   EXPECT_EQ(Said(Id::SaveText), "!No data for saving !");
 }
 
-// The panels with lists, and the letters of the files that they are saved in.
+// The panels with lists, and the letters in the names of their saved files.
 const std::pair<int, char> lists[] = {{eeprom, 'E'},   {pictures, 'P'}, {ringtones, 'R'},
                                       {Id::Dump, 'D'}, {Id::Hits, 'S'}, {Id::ComparePanel, 'C'}};
 
@@ -117,10 +117,10 @@ TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
     Choose(panel);
     for (const auto& [other, letterOfOther] : lists) EXPECT_EQ(Item(other)->IsChecked(), other == panel);
     List().Select(List().RowCount() - 1);
-    Choose(panel);  // is shown already: nothing happens
+    Choose(panel);  // already visible: nothing happens
     EXPECT_EQ(List().Selected(), List().RowCount() - 1);
   }
-  EXPECT_EQ(InfoText(), found);  // nothing was sought twice
+  EXPECT_EQ(InfoText(), found);  // no second search
 
   main->Dumps().OpenF(WriteDump("other.bin"));
   EXPECT_EQ(Title(), "Tarvelo - Info");
@@ -131,7 +131,7 @@ TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
 TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
   OpenBytes("two.bin", {0xFC, 0xFC}, Id::Info);
   for (const auto& [panel, letter] : lists) {
-    if (panel == Id::Dump) continue;  // has a region always
+    if (panel == Id::Dump) continue;  // always has a region
     Choose(panel);
     EXPECT_EQ(List().RowCount(), 0u);
     for (int id = Id::ShowPic; id <= Id::DifferencesToPatch; ++id) {
@@ -195,7 +195,7 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
                                                    folder / "3 & 4.bin", folder / "a b.bin",
                                                    folder / "5.bin",     folder / "oldest.bin"};
   for (std::size_t i = files.size(); i-- > 0;) main->Dumps().OpenF(WriteDump(files[i]));
-  main->Dumps().OpenF(files[2]);  // is in the list: stays where it is
+  main->Dumps().OpenF(files[2]);  // already in the list: stays where it is
   Restart();
   for (int i = 0; i < 5; ++i)
     EXPECT_EQ(Caption(Id::File1 + i),

@@ -8,7 +8,7 @@ namespace {
 
 class WelcomeDesk : public Desk {
  protected:
-  // The button of this caption, resp. for this file, that can be seen; null where there is none.
+  // The visible button with this caption or for this file; null if there is none.
   [[nodiscard]] wxButton* Button(const std::string& text) const {
     return FirstIn<wxButton>(main->InfoText().Window(), [&](const wxButton& button) {
       return button.IsShownOnScreen() &&
@@ -58,7 +58,7 @@ TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
   const auto file = Demonstration("Tarvelo demo.bin");
   const std::string said =
       "i" + std::string(Messages().Msg(Text::DemonstrationSaved)) + "\n\n" + PathText(file);
-  for (int time = 0; time < 2; ++time) {  // the second time it lies there already
+  for (int time = 0; time < 2; ++time) {  // the second time it is already there
     Click(*Button(tryIt));
     EXPECT_EQ(script.TakeSaid(), said);
     EXPECT_EQ(Open().Path(), file);
