@@ -71,7 +71,7 @@ TEST_F(PatchCommands, ThePatchOfADiffMakesTheOtherDump) {
   EXPECT_FALSE(FileExist(made));
 }
 
-TEST_F(PatchCommands, NothingIsWrittenWhereALineDoesNotFit) {
+TEST_F(PatchCommands, NothingIsWrittenIfALineDoesNotFit) {
   folder.Write("a.qpt", std::string("10: 0102 0304\nr\x1Bubbish\n20: 01 02\n100000: 00 01\n30: 01 00\n"));
   EXPECT_EQ(Apply(other), scanFault);
   const std::string report =
@@ -92,7 +92,7 @@ TEST_F(PatchCommands, NothingIsWrittenWhereALineDoesNotFit) {
   EXPECT_FALSE(FileExist(made));
 }
 
-TEST_F(PatchCommands, WhatIsReadIsNotOverwritten) {
+TEST_F(PatchCommands, InputFilesAreNotOverwritten) {
   ASSERT_EQ(Call({"diff", one, other, "--patch", patch}), done);
   for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
            {"apply", one, patch, "--output", one},

@@ -116,7 +116,7 @@ TEST_F(Faults, FullDiskLeavesNoHalfOfAFile) {
   }
 }
 
-TEST_F(Faults, WhatStandsInTheWayStays) {
+TEST_F(Faults, AnObstacleStays) {
   for (const Saver& saver : Savers()) {
     SCOPED_TRACE(saver.name);
     const TemporaryFolder to;
@@ -180,7 +180,7 @@ TEST(ReplaceFile, KeepsTheOldFileWhenItsContentsFail) {
 }
 
 #ifndef _WIN32
-TEST(ReplaceFile, KeepsRightsAndLeavesDevicesAlone) {
+TEST(ReplaceFile, KeepsPermissionsAndLeavesDevicesAlone) {
   const TemporaryFolder folder;
   const auto file = folder.Write("a.txt", std::string(oldContents));
   fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);

@@ -17,7 +17,7 @@ FileError::Kind KindOf(const std::function<void()>& access) try {
   return error.Reason();
 }
 
-TEST(File, RefusesWhatIsNoFile) {
+TEST(File, RefusesPathsThatAreNotFiles) {
   const TemporaryFolder folder;
   for (const auto& path : {folder.Path(), folder / "missing.bin", std::filesystem::path()})
     EXPECT_EQ(KindOf([&] { (void)ReadFile(path, 10, noProgress); }), FileError::Kind::CantOpen) << path;

@@ -41,7 +41,7 @@ TEST(Identify, LooksForTheSignatureEveryTwoMebibytes) {
   EXPECT_EQ(position(32 * mebi, 0x128FC80), 0x28FC00);  // above 16 MiB only the low 24 bits count
 }
 
-TEST(Identify, WantsTheSignatureWhole) {
+TEST(Identify, RequiresTheWholeSignature) {
   const auto isFound = [](std::string_view text) {
     ImageBuilder builder(mebi);
     builder.Text(0x7FF80, text);
@@ -112,7 +112,7 @@ TEST(T9, FreeAreaEndsAtUsedBytesAndAtTheExactSize) {
   EXPECT_EQ(Identified(WithT9(mebi, 0x212345, 0x100)).info.t9->Empty(), 0);
 }
 
-TEST(T9, IsAbsentWhereItCannotBeRead) {
+TEST(T9, IsAbsentIfItCannotBeRead) {
   EXPECT_FALSE(Identified(WithT9(0x2FFFF, 0x12345, 0x100)).info.t9);  // cut off by the end
   EXPECT_TRUE(Identified(WithT9(0x30000, 0x12345, 0x100)).info.t9);
   EXPECT_FALSE(Identified(WithT9(mebi, 0x80000000, 0x100)).info.t9);    // negative as a signed double word

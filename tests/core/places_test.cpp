@@ -47,7 +47,7 @@ TEST(Places, ReadPlaces) {
   EXPECT_THROW((void)ReadPlace("123456789", PlaceKind::AsOffset, paged), std::overflow_error);
 }
 
-TEST(Places, ReadWhatTheImageHas) {
+TEST(Places, ReadValuesInTheImage) {
   ImageBuilder builder(0x800000);
   builder.Pointer(0x10, 0x212345);
   builder.DWord(0x20, 0x12345678);  // points outside the image

@@ -42,7 +42,7 @@ class DocumentTest : public testing::Test {
   Document document;
 };
 
-TEST_F(DocumentTest, SearchesOnceAndKeepsWhatWasFound) {
+TEST_F(DocumentTest, SearchesOnceAndKeepsTheFindings) {
   EXPECT_FALSE(IsKnown());
   EXPECT_EQ(Find(), 0);
   EXPECT_EQ(&document.Find(firstByte, noProgress), document.Known(firstByte));
@@ -50,7 +50,7 @@ TEST_F(DocumentTest, SearchesOnceAndKeepsWhatWasFound) {
   EXPECT_EQ(searches, 1);
 }
 
-TEST_F(DocumentTest, EachChangeDropsWhatWasFound) {
+TEST_F(DocumentTest, EachChangeDropsTheFindings) {
   const auto isDroppedBy = [&](const auto& change) {
     (void)Find();
     const bool wasKnown = IsKnown();
@@ -71,7 +71,7 @@ TEST_F(DocumentTest, EachChangeDropsWhatWasFound) {
   EXPECT_EQ(document.FileName(), "SOME/DUMP.BIN");  // as dialogs suggest it
 }
 
-TEST_F(DocumentTest, WhatChangesNothingDropsNothing) {
+TEST_F(DocumentTest, NoChangeDropsNothing) {
   (void)Find();
   int told = 0;
   const Document::Watch watch = document.OnChange([&] { ++told; });

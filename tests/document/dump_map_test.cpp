@@ -83,7 +83,7 @@ ImageBuilder Plain() {
   return image;
 }
 
-TEST(DumpMap, HasHeadersBlocksAndWhatIsErased) {
+TEST(DumpMap, HasHeadersBlocksAndErasedRegions) {
   ImageBuilder image = Plain();
   image.Text(0x7FF80, "SIEMENS");
   PutBlock(image, 0x1000, liveBlockState, 5076, 0x61000, 0x20);
@@ -144,7 +144,7 @@ TEST(DumpMap, HasRingtones) {
   EXPECT_EQ(LabelOf(map, 0x400, 12), "ringtone 03 (file)");
 }
 
-TEST(DumpMap, TellsTextsAndCode) {
+TEST(DumpMap, DistinguishesTextFromCode) {
   ImageBuilder image = Plain();
   for (std::size_t p = 0x2000; p < 0x2300; p += 12) image.Text(p, "Some text 1");
   for (std::size_t p = 0x3000; p < 0x3400; p += 128) image.Word(p, 0x00DB);
@@ -156,7 +156,7 @@ TEST(DumpMap, TellsTextsAndCode) {
 }
 
 // Hand-made overlapping finds in an image of 100 bytes.
-TEST(DumpMap, GivesWhatOverlapsToTheSurest) {
+TEST(DumpMap, GivesOverlapsToTheSurestKind) {
   const Dump dump{Fullflash{Bytes(Data(100, nothing))}, {}, {}};
   const BlockStore blocks = StoreOf({{10, 0, 20, 30, false, liveBlockState, 8},
                                      {11, 0, 40, 30, false, deletedBlockState, 20},

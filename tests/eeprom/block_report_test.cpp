@@ -142,7 +142,7 @@ TEST(ReadAsText, AsksEveryDecoder) {
   EXPECT_EQ(Texts(bytes, 8), Readings(8));
 }
 
-TEST(ReadAsText, ShowsWhatCannotBeSeen) {
+TEST(ReadAsText, ShowsInvisibleCharacters) {
   // A change of writing direction, an unpaired surrogate, a surrogate pair, a byte order mark.
   const Data bytes{0x2E, 0x20, 0x3D, 0xD8, 0x3D, 0xD8, 0x00, 0xDE, 0xFF, 0xFE, 0xFF, 0xFF};
   EXPECT_EQ(Texts(bytes, 0)[5], "<202E><D83D>\U0001F600<FEFF>");

@@ -40,7 +40,7 @@ TEST(BlockTable, KeepsTheRightmostDigits) {
   EXPECT_EQ(table.rows[1].cells, (Cells{"   1", "about 1", "FFFFF4", "55", "BF0012", "5535", "", ""}));
 }
 
-TEST(BlockTable, TellsTheCounts) {
+TEST(BlockTable, ReportsTheCounts) {
   const Messages messages;
   EXPECT_EQ(BlockInformation(Sample(), messages),
             "Number of EEPROM-blocks: 2\nNumber of deleted blocks: 1\n");

@@ -79,7 +79,7 @@ TEST(HelpPages, EveryLinkHasItsTarget) {
   }
 }
 
-TEST(HelpPages, EveryPictureIsThereAndOfThePagesLanguage) {
+TEST(HelpPages, EveryPictureExistsInThePagesLanguage) {
   for (const auto& [name, text] : AllPages()) {
     const std::vector<std::string> pictures = Between(text, " src=\"", "\"");
     EXPECT_GT(pictures.size(), 10u) << name;

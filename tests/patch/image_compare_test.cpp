@@ -38,7 +38,7 @@ TEST(Compare, SeesEveryByte) {
   }
 }
 
-TEST(Compare, StopsWhereOneOfThemEnds) {
+TEST(Compare, StopsAtTheEndOfTheShorterImage) {
   const Comparison longer = Compare(Data(10), With(13, {9, 10}));
   EXPECT_EQ(longer.differences, (Differences{{9, 1}}));
   EXPECT_EQ(longer.common, 10);

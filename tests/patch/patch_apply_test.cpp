@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-TEST(ReadPatchText, NumbersTheLinesWhateverTheirEnds) {
+TEST(ReadPatchText, NumbersLinesWithAnyLineBreaks) {
   const ReadPatch patch = ReadPatchText(
       "\xEF\xBB\xBF;comment\r\n\r\n10: 00 01\n20: 00 02 ;\xD1\x82\rrubbish\n\r\n 30: 00 01\n40: 0000 0A0B");
   std::string read;
@@ -22,7 +22,7 @@ TEST(ReadPatchText, NumbersTheLinesWhateverTheirEnds) {
             "5 invalid rubbish\n7 invalid  30: 00 01\n");
 }
 
-TEST(ReadPatchText, SurvivesWhatIsNoPatch) {
+TEST(ReadPatchText, SurvivesTextsThatAreNotPatches) {
   for (const char* text : {"", "\xEF\xBB\xBF", "\r\r\n\n"})
     EXPECT_TRUE(ReadPatchText(text).invalid.empty()) << text;
   const ReadPatch zeros = ReadPatchText(std::string(100000, '\0'));
@@ -78,7 +78,7 @@ TEST(CheckPatch, TellsHowEachChangeFits) {
   }
 }
 
-TEST(CheckPatch, TellsWhatWasFound) {
+TEST(CheckPatch, ReportsTheBytesFound) {
   Data values(0x3000);
   values[0xFFF] = 7;
   values[0x1000] = 8;

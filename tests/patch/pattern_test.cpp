@@ -104,7 +104,7 @@ TEST(HitSearch, FindsTheSameInPiecesOfAnySize) {
   }
 }
 
-TEST(FindInFile, FindsWhatTheImageHolds) {
+TEST(FindInFile, AgreesWithTheSearchInAnImage) {
   const TemporaryFolder folder;
   std::minstd_rand random(13);
   Data image(0x150000);

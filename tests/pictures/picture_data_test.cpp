@@ -67,7 +67,7 @@ TEST(PictureSize, OfAStreamThatRunsOverTheEndIsTheRest) {
 
 // A decoder remembers where codes and stretches of empty runs end. The test measures streams over random
 // codes, with short and long gaps, with a fresh decoder and with one that has measured all the others.
-TEST(PictureSize, DoesNotDependOnWhatWasMeasuredBefore) {
+TEST(PictureSize, DoesNotDependOnEarlierMeasurements) {
   std::minstd_rand random(7);
   for (const std::uint8_t type : {0x81, 0x85, 0x87, 0x88})
     for (const unsigned gap : {3, 200}) {
@@ -109,7 +109,7 @@ TEST(ShowP, DrawsStreamsOverRowEnds) {
             (std::vector<Colour>{0xFF0000, 0x0000FF}));
 }
 
-TEST(ShowP, LeavesOutWhatTheImageDoesNotHold) {
+TEST(ShowP, LeavesOutPixelsWithoutData) {
   EXPECT_EQ(Draw({0x00, 0xF8, 0x00}, Make(2, 1, 8)), (std::vector<Colour>{0xFF0000, none}));
   EXPECT_EQ(Draw({0x01, 0xFF, 0x05}, Make(2, 1, 0x85)), (std::vector<Colour>{0xEBEBD0, none}));
   for (const std::uint8_t type : {0x01, 0x81, 0x05, 0x85, 0x88})

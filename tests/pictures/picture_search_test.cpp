@@ -104,7 +104,7 @@ TEST(GetP, WrapsAddressesBelowTheBase) {
   EXPECT_EQ(Find(builder).pictures[1].data, 0x200000 - 0x4000 + 0x123);
 }
 
-TEST(GetP, ListsStandAloneHeadersBehindAMonochromeTable) {
+TEST(GetP, ListsStandAloneHeadersAfterAMonochromeTable) {
   ImageBuilder builder(size);
   Entry(builder, 0x800, 8, 8, 0x81);  // before the table: not found
   PutTable(builder, 0x1000, 1);

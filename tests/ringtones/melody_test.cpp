@@ -51,7 +51,7 @@ TEST(MelodyText, EndsEachPairWithABlank) {
   EXPECT_EQ(MelodyText(Tones{{440, 500}, {0xFFFA, 0}, {0, 65535}}), "440:500 65530:0 0:65535 ");
 }
 
-TEST(ParseMelody, ReadsWhatIsHeard) {
+TEST(ParseMelody, ReadsTonesAsTheyAreHeard) {
   struct {
     const char* text;
     Tones tones;
@@ -110,7 +110,7 @@ TEST(MelodyMidi, HasATickAMillisecond) {
   EXPECT_EQ(MelodyMidi(tune), expected);
 }
 
-TEST(MelodyMidi, EndsWhereAPauseCannotBeStated) {
+TEST(MelodyMidi, EndsAtAPauseThatIsTooLong) {
   // 26843 rests of 10 s are 268430000 ms; 0x0FFFFFFF is 268435455.
   const Tones rests(30000, Tone{0, 10000});
   const Data file = MelodyMidi(rests);
@@ -141,7 +141,7 @@ TEST(MelodyWave, KeepsTimeAndIsBounded) {
   EXPECT_EQ(MelodyWave({}).size(), 44u);
 }
 
-TEST(SaveDump, WritesTheBytesThatThereAre) {
+TEST(SaveDump, WritesOnlyBytesWithinTheImage) {
   const Fullflash image{Bytes(Data{1, 2, 3, 4, 5, 6})};
   const TemporaryFolder folder;
   const auto save = [&](int number, Offset offset, Offset size) {
@@ -166,7 +166,7 @@ TEST(SaveDump, DeletesALinkRatherThanWriteThroughIt) {
   EXPECT_EQ(ReadAll(other), "old");
 }
 
-TEST(SaveRingtone, TurnsMelodiesAloneIntoSoundFiles) {
+TEST(SaveRingtone, TurnsOnlyMelodiesIntoSoundFiles) {
   ImageBuilder builder(0x100);
   builder.DWord(0x10, 100u << 16 | 440);
   builder.Word(0x14, 0xFFFC);

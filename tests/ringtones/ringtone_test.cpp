@@ -91,7 +91,7 @@ TEST(GetRingtones, PassesOverEights) {
   }
 }
 
-TEST(GetRingtones, SkipsWhatLiesOutside) {
+TEST(GetRingtones, SkipsRingtonesOutsideTheImage) {
   const auto list = [](std::uint8_t kind, std::uint32_t pointer) {
     ImageBuilder image = WithTable();
     image.Byte(table + 50, kind);
@@ -262,7 +262,7 @@ TEST(LengthOfMidi, FollowsEventsAsFarAsTheyGo) {
   for (const auto& [what, track, ticks] : cases) EXPECT_EQ(TimeOf(0, 500, {track}), ticks) << what;
 }
 
-TEST(LengthOfMidi, SizesTheTracksThatAreThere) {
+TEST(LengthOfMidi, SizesTheTracksThatExist) {
   Data file = Midi(1, 96, {endAt96, endAt96});
   ASSERT_EQ(file.size(), 38u);
   file.insert(file.end(), {'M', 'T', 'r', 'k', 0, 0, 0, 0});  // one track more than the header says

@@ -27,7 +27,7 @@ class ApplyDesk : public Desk {
   [[nodiscard]] std::string Start() const { return AsHex(Image().Region(0, 8)); }
 };
 
-TEST_F(ApplyDesk, WritesWhatFitsAsOneStep) {
+TEST_F(ApplyDesk, WritesFittingLinesAsOneStep) {
   EXPECT_EQ(Apply("; Greeting\r\n\r\n0: FFFF 4869 ; text\r\n4: FF 21\r\n6: FF 3F\r\n"),
             "iThe patch was applied. Number of changes: 3");
   EXPECT_EQ(Start(), "48 69 FF FF 21 FF 3F FF");
@@ -60,7 +60,7 @@ TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
   EXPECT_EQ(Status(10), "");
 }
 
-TEST_F(ApplyDesk, ListsWhatDoesNotFitAndAsks) {
+TEST_F(ApplyDesk, ListsMisfitsAndAsks) {
   const char* const mixed =
       "0: FFFF 4869\n"
       "2: 00 01 ;not what stands there\n"

@@ -45,7 +45,7 @@ class CompareDesk : public Desk {
   Values bytes, other;
 };
 
-TEST_F(CompareDesk, ListsWhatDiffersAndWhatLiesThere) {
+TEST_F(CompareDesk, ListsDifferencesWithTheirLabels) {
   Choose(Id::ComparePanel);
   EXPECT_EQ(List().RowCount(), 0u);
   other[greetingData + 1] ^= 0x01;
@@ -68,7 +68,7 @@ TEST_F(CompareDesk, ListsWhatDiffersAndWhatLiesThere) {
   EXPECT_TRUE(RowOf(List(), 0).ends_with("\tunbeschrieben\n")) << RowOf(List(), 0);
 }
 
-TEST_F(CompareDesk, ComparesWhatBothDumpsHave) {
+TEST_F(CompareDesk, ComparesTheCommonLength) {
   CompareTo(other);
   EXPECT_EQ(Figures(), "The fullflashes are the same.");
   other[erased] = 0;
@@ -141,7 +141,7 @@ TEST_F(CompareDesk, GoesWithTheFullflash) {
   EXPECT_GT(List().RowCount(), 1u);
 }
 
-TEST_F(CompareDesk, KeepsTheComparisonWhereAFileCannotBeRead) {
+TEST_F(CompareDesk, KeepsTheComparisonIfAFileCannotBeRead) {
   CompareWithChanged({0});
   for (const auto& file : {folder / "missing.bin", folder.Write("empty.bin", Values())}) {
     script.file = file;
@@ -167,7 +167,7 @@ TEST_F(CompareDesk, MakesAPatchOfTheSelection) {
   EXPECT_EQ(Said(Id::DifferencesToPatch), "!Add differences to patch: 8388608 > 1048576");
 }
 
-TEST_F(CompareDesk, GoesOnWithoutLabelsWhereBlocksAreTooMany) {
+TEST_F(CompareDesk, GoesOnWithoutLabelsIfBlocksAreTooMany) {
   const Values many = ImageOfBlocks(std::vector(2001, 5));
   OpenBytes("many.bin", many, Id::Info);
   Values changed = many;

@@ -96,7 +96,7 @@ TEST_F(DumpDesk, SeesEdits) {
   EXPECT_TRUE(script.said.empty());
 }
 
-TEST_F(DumpDesk, TellsOfTooManyBlocks) {
+TEST_F(DumpDesk, ReportsTooManyBlocks) {
   OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), Id::Dump);
   EXPECT_NE(script.TakeSaid().find("There are more than 2000 EEPROM blocks."), std::string::npos);
   EXPECT_EQ(List().RowCount(), 0u);

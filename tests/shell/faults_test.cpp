@@ -86,7 +86,7 @@ struct FullDiskAnywhere : FullDisk {
   explicit FullDiskAnywhere(const fs::path&) {}
 };
 
-TEST_F(FaultsDesk, AreToldWhateverIsSaved) {
+TEST_F(FaultsDesk, AreReportedForEveryWayToSave) {
   for (const Saver& saver : Savers()) {
     SCOPED_TRACE(saver.name);
     if (FullDisk::isPossible) ExpectFailure<FullDiskAnywhere>(saver);
@@ -94,7 +94,7 @@ TEST_F(FaultsDesk, AreToldWhateverIsSaved) {
   }
 }
 
-TEST_F(FaultsDesk, SaveAsToWhereNothingCanBeWritten) {
+TEST_F(FaultsDesk, SaveAsReportsAnUnwritableTarget) {
   for (const fs::path& target : {folder.Path(), dump / "below a file.bin", folder / "missing" / "x.bin"}) {
     script.said.clear();
     script.file = target;

@@ -5,7 +5,7 @@
 namespace tarvelo {
 namespace {
 
-TEST_F(HexDesk, GoesWhereItIsTold) {
+TEST_F(HexDesk, GoesToAPlace) {
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
   EXPECT_EQ(Enter("212345"), "");
   EXPECT_EQ(Selected(), (Region{0x212345, 0}));

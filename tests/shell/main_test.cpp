@@ -32,7 +32,7 @@ TEST_F(Desk, OpensADump) {
   EXPECT_TRUE(script.beeps.empty());
 }
 
-TEST_F(Desk, RefusesWhatIsNoDump) {
+TEST_F(Desk, RefusesFilesThatAreNotDumps) {
   const auto path = [&](const char* name) { return PathText(folder / name); };
   folder.Write("one.bin", std::string("x"));
   const std::pair<const char*, std::string> cases[] = {
@@ -85,7 +85,7 @@ TEST_F(Desk, SavesTheInformation) {
 const std::pair<int, char> lists[] = {{eeprom, 'E'},   {pictures, 'P'}, {ringtones, 'R'},
                                       {Id::Dump, 'D'}, {Id::Hits, 'S'}, {Id::ComparePanel, 'C'}};
 
-TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
+TEST_F(Desk, EveryListIsSavedAndClearedWithTheDump) {
   OpenDemo(Id::Info);
   std::vector<std::uint8_t> second = AllBytes();
   second[0x700] ^= 1;
@@ -128,7 +128,7 @@ TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
   for (int figure = 3; figure <= StatusBar::panels; ++figure) EXPECT_EQ(Status(figure), "");
 }
 
-TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
+TEST_F(Desk, CommandsDoNothingIfNothingIsChosen) {
   OpenBytes("two.bin", {0xFC, 0xFC}, Id::Info);
   for (const auto& [panel, letter] : lists) {
     if (panel == Id::Dump) continue;  // always has a region
@@ -146,7 +146,7 @@ TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
   EXPECT_EQ(InfoText().find("RIT"), std::string::npos);
 }
 
-TEST_F(Desk, TellsWhatEndedACommand) {
+TEST_F(Desk, ReportsTheFaultThatEndedACommand) {
   main->Dumps().OpenF(WriteDump("dump.bin"));
   const std::pair<std::function<void()>, std::string> faults[] = {
       {[] { throw std::out_of_range("at 5"); }, "It read past the end of the image.\nat 5"},
@@ -204,7 +204,7 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
   EXPECT_EQ(Status(1), PathText(files[2]));
 }
 
-TEST_F(Desk, ComesBackWhereItStood) {
+TEST_F(Desk, RestoresItsPlace) {
   const wxSize size = main->GetSize() + wxSize(-40, 30);
   main->SetSize(size);
   Settle();

@@ -61,7 +61,7 @@ TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
   }
 }
 
-TEST_F(Desk, ExcusesOnlyWhatCannotBeDone) {
+TEST_F(Desk, ExcusesOnlyUnavailableCommands) {
   main->Dumps().OpenF(WriteDump("dump.bin"));
   for (const MenuGroup& group : MenuBarTable())
     for (const MenuEntry& entry : group.entries) {

@@ -82,7 +82,7 @@ TEST_F(PatchDesk, IsSearchedRoundAndRound) {
   EXPECT_EQ(Said(Id::Find, "1D"), "ask Enter the string for search: привет | !String \"1D\" wasn't found");
 }
 
-TEST_F(PatchDesk, MarksCommentsAndLinesThatAreNoPatch) {
+TEST_F(PatchDesk, MarksCommentsAndInvalidLines) {
   Editor().SetText(";comment\r\n10: 00 01 ;change\r\n10: 00 wrong\r\nlast");
   Editor().Colourise(0, -1);
   const auto style = [this](const char* text) {

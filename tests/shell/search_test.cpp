@@ -71,7 +71,7 @@ TEST_F(SearchDesk, ListIsWalkedWithTheKeys) {
   EXPECT_EQ(Found().Selected(), 0u);
 }
 
-TEST_F(SearchDesk, NotFoundIsToldWithThePatternInCapitals) {
+TEST_F(SearchDesk, ReportsAMissingPatternInCapitals) {
   OpenImage(0x1000, {{0, 0xE6}, {0xFFE, 0x11}, {0xFFF, 0x22}});
   EXPECT_EQ(SearchFor("e6,g1"), "!String \"E6,G1\" wasn't found");
   EXPECT_EQ(Added(), "");

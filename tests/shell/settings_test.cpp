@@ -24,7 +24,7 @@ TEST(Settings, ReadsInUpperCase) {
 }
 
 // The settings' fuzz target reads and changes files of every shape.
-TEST(Settings, KeepsWhatOthersWrote) {
+TEST(Settings, KeepsUnknownLines) {
   const TemporaryFolder folder;
   const auto file = folder.Write(
       "Tarvelo.ini", std::string("; by hand\r\n[Mine]\r\nkey = some value\r\nother=\xC4\xE0\r\na line\r\n"));

@@ -86,7 +86,7 @@ TEST_F(EepromTransferDesk, OneBlockGoesToAFileAndBack) {
   EXPECT_TRUE(Said(Id::SaveBlock).ends_with(At(files / "demo_5076_7CC0C0.bin")));
 }
 
-TEST_F(EepromTransferDesk, WhatDoesNotFitIsRefused) {
+TEST_F(EepromTransferDesk, FilesThatDoNotFitAreRefused) {
   SelectHeader(greeting);
   EXPECT_EQ(SaidAtLast(Id::LoadBlock, folder.Write("new.bin", std::string(65, 'x'))),
             "!Error ! Wrong size of file \"new.bin\" !\nSize of the file: 65\n"
@@ -201,7 +201,7 @@ TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   EXPECT_EQ(List().Selected(), 1u);
 }
 
-TEST_F(RingtoneTransferDesk, WhatDoesNotFitIsRefused) {
+TEST_F(RingtoneTransferDesk, FilesThatDoNotFitAreRefused) {
   List().Select(1);
   const auto said = [this](const std::string& bytes) {
     return SaidAtLast(Id::LoadRing, folder.Write("new.bin", bytes));

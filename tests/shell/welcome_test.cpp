@@ -21,7 +21,7 @@ class WelcomeDesk : public Desk {
   }
 };
 
-TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
+TEST_F(WelcomeDesk, IsShownUntilADumpIsOpen) {
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
   script.file = WriteDump("dump.bin");
   Click(*Button("Open"));
@@ -34,7 +34,7 @@ TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
   EXPECT_NE(Button("Help"), nullptr);
 }
 
-TEST_F(WelcomeDesk, OffersWhatWasOpenedLast) {
+TEST_F(WelcomeDesk, OffersRecentFiles) {
   const auto first = WriteDump("first.bin");
   const auto second = WriteDump("A & B.bin");
   EXPECT_EQ(Button(PathText(first)), nullptr);
@@ -46,7 +46,7 @@ TEST_F(WelcomeDesk, OffersWhatWasOpenedLast) {
   EXPECT_EQ(Open().Path(), first);
 }
 
-TEST_F(WelcomeDesk, SpeaksTheLanguageThatIsChosen) {
+TEST_F(WelcomeDesk, FollowsTheChosenLanguage) {
   Choose(Id::FirstLanguage + 10);
   const Messages greek(*FindLanguage("GR"));
   for (const Text text : {Text::Open, Text::TryDemonstration, Text::Help})

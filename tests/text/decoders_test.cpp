@@ -39,7 +39,7 @@ TEST(GetStr, StopsAtZeroOneAndFF) {
   EXPECT_EQ(GetStr(Data{0x00, 0x41, 0x00}, 1), u"A");
 }
 
-TEST(GetStr, IsEmptyWhereItRunsPastTheEnd) {
+TEST(GetStr, IsEmptyIfItRunsPastTheEnd) {
   EXPECT_EQ(GetStr(Data{0x41, 0x42}, 0), u"");
   EXPECT_EQ(GetStr(Data{0x41, 0x00}, -1), u"");
 }
