@@ -60,11 +60,12 @@ class Input {
   Bytes rest_;
 };
 
-// An image as an input describes it:
-//   0     size: 1 .. 6 one at which something changes, else that of the content, which is fast
-//   1     around the content: 0 erased bytes, 1 zeros, 2 the content again and again (images of more
-//         than 1 MiB are erased); plus 3 or 6 for searches with narrower vectors
-//   2     word: the content's position in pages of 0x100 bytes, as far as it fits; 0xFFFF is the end
+// The image that an input describes:
+//   0     size: 1 .. 6 choose a size at which some rule changes; any other value the size of the content,
+//         which is fast
+//   1     around the content: 0 erased bytes, 1 zeros, 2 the content repeated (images of more than 1 MiB
+//         are always erased); plus 3 or 6 for searches with narrower vectors
+//   2     word: the content's position in pages of 0x100 bytes, clipped so that it fits; 0xFFFF is the end
 //   4     the content
 inline Fullflash ImageOf(Bytes data) {
   constexpr std::size_t sizes[] = {0, 0x10000, 0x20000, 0x90000, 0x100000, 0x800002, 0x1000001};
