@@ -25,7 +25,7 @@ constexpr Case cases[] = {
     {"00FF00", "00FF00112233445566778899AABBCCDD"},
 };
 
-// The definition: every position, byte by byte, up to the first that differs.
+// The definition: every position, byte by byte up to the first difference.
 class PlainPattern {
  public:
   explicit PlainPattern(const std::string& text) {

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t blockSize = 0x10000;
 
-// Instructions of two and four bytes as compilers emit them; 0x?? is drawn (here 0x5A).
+// Instructions of two and four bytes as compilers emit them; `any` marks random bytes.
 constexpr std::uint8_t any = 0x5A;
 constexpr std::array<std::array<std::uint8_t, 4>, 16> instructions{{{0xE6, 0xFC, any, any},
                                                                     {0xE6, 0xFD, any, 0x00},
@@ -52,7 +52,7 @@ class Writer {
   }
 
  private:
-  // Of each 16 blocks 4 are erased, 1 is text, 2 are random, 9 are code.
+  // Of every 16 blocks, 4 are erased, 1 is text, 2 are random, 9 are code.
   void WriteBlock(std::size_t block) {
     const std::size_t start = block * blockSize;
     const std::size_t kind = block % 16;
@@ -80,7 +80,7 @@ class Writer {
     const std::size_t header = image_.PageMode() ? 0x7FF00 : 0x8FC00;
     image_.Fill(header, 0x100, 0);
     image_.Text(header + 0x60, "Bench");
-    image_.Text(header + 0x70, "C60");  // its whole image is searched for EEPROM blocks
+    image_.Text(header + 0x70, "C60");  // this model's whole image is searched for EEPROM blocks
     image_.Text(header + 0x80, "SIEMENS");
     if (!image_.PageMode()) return;
     image_.Text(0x60000, "T9");
@@ -88,7 +88,7 @@ class Writer {
     image_.Fill(0x70000, 0xFF00, 0x31);
   }
 
-  // Pictures of 64 x 40, which share the noise of a block.
+  // Pictures of 64 x 40 that share a block of noise.
   void WritePictures(std::size_t at, std::size_t count, std::uint8_t type) {
     const bool page = image_.PageMode();
     Picture(at, page ? 4 : 0x34, page ? 1 : 0x88);
@@ -110,7 +110,7 @@ class Writer {
 
   void WriteRingtones(std::size_t at) {
     constexpr std::uint8_t count = 60;
-    const std::size_t melodies = 13 * blockSize;  // linear pointers reach no further than 32 MiB
+    const std::size_t melodies = 13 * blockSize;  // linear pointers reach only 32 MiB
     for (std::uint8_t number = 0; number < count; ++number) {
       const std::size_t melody = melodies + number * 0x200u;
       image_.DWord(at + 8u * number, number);

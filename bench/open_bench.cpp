@@ -1,5 +1,5 @@
-// How long opening a dump takes, beside the plain reading of its file. Prints the ratio of the two:
-//   build/release/bin/tarvelo-bench
+// Compares opening a dump with plainly reading its file. Prints the ratio of the times:
+// build/release/bin/tarvelo-bench
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -24,7 +24,7 @@ std::filesystem::path DumpFile() {
   return file;
 }
 
-// The file in fresh memory, by the standard library alone.
+// Reads the file into fresh memory with the standard library alone.
 void ReadPlain() {
   const std::filesystem::path file = DumpFile();
   const std::size_t size = std::filesystem::file_size(file);
@@ -62,7 +62,8 @@ double Milliseconds(void (*run)()) {
   return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Median of the ratios of rounds that run one after the other, so that both see the same machine.
+// The median of the ratios over several rounds. In each round the two run one after the other, so that both
+// see the machine in the same state.
 void PrintRatio() {
   constexpr int rounds = 31;
   std::vector<double> ratios;

@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-// Time on the processor, where the system tells it: other programs may run in between.
+// Processor time if the system provides it, because other programs may run in between.
 double Seconds(const std::function<void()>& run) {
   const std::clock_t start = std::clock();
   run();
@@ -22,7 +22,7 @@ double Seconds(const std::function<void()>& run) {
 double SpeedRatio(const std::function<void()>& pass, const std::function<void()>& work) {
   constexpr int rounds = 31;
   std::vector<double> ratios;
-  work();  // warm
+  work();  // warm-up
   for (int i = 0; i < rounds; ++i) {
     const double plain = Seconds(pass);
     ratios.push_back(plain / Seconds(work));

@@ -25,7 +25,7 @@ namespace {
 
 enum Contents { bare, colourTable, monochromeTable, ringtones, eeprom, everything };
 
-// The dumps in use, made once.
+// The dumps to measure; each is made once.
 Dump& DumpOf(std::size_t mebibytes, Contents contents) {
   static constexpr FirmwareContents kinds[] = {{},
                                                {.colourTable = true},
@@ -105,7 +105,7 @@ const std::vector<Line> scans{
     {"open and every explorer", everything, 0.20, 0.15, OpenAndExplore},
 };
 
-// With each explorer alone, which must be no slower than all of them.
+// Lines for each explorer alone too; none may be slower than all together.
 const std::vector<Line>& Lines() {
   static const std::vector<Line> lines = [] {
     std::vector<Line> all = scans;
@@ -134,7 +134,7 @@ void Register(const Line& line, std::size_t mebibytes, VectorUnit unit) {
   })->Iterations(1);
 }
 
-// All pictures of the demonstration, one after the other.
+// Draws all pictures of the demonstration in turn.
 void DrawPictures(benchmark::State& state) {
   const Fullflash image{Bytes(DemoImage(true))};
   NoProgress progress;
@@ -158,7 +158,7 @@ BENCHMARK(DrawPictures)->Unit(benchmark::kMillisecond);
 void RegisterScans() {
   for (const Line& line : Lines())
     for (const std::size_t mebibytes : {8, 16, 64})
-      // Large images always have colour tables, and then nothing outside is looked for.
+      // Large images always have colour tables, so headers outside are not searched.
       if (line.contents != monochromeTable || mebibytes <= 16)
         for (const VectorUnit unit : {VectorUnit::Avx2, VectorUnit::Sse2})
           if (unit <= BestVectorUnit()) Register(line, mebibytes, unit);

@@ -1,12 +1,12 @@
-// The measurements, registered with Google Benchmark.
+// Registers the measurements with Google Benchmark.
 #pragma once
 
 namespace tarvelo {
 
-// Scans over whole images beside a plain pass over the same memory.
+// Scans over whole images, compared with a plain pass over the same memory.
 void RegisterScans();
 
-// Searches that find something nearly everywhere beside the plain loop that defines what is found.
+// Searches with hits or near hits nearly everywhere, compared with the plain loop that defines the result.
 void RegisterDenseSearches();
 
 }  // namespace tarvelo

@@ -1,5 +1,5 @@
-# Run by tarvelo_check_includes (Library.cmake): fails where a file of FOLDER includes one of another
-# folder that is not among USES (separated by "|").
+# Run by tarvelo_check_includes (Library.cmake): fails if a file of FOLDER includes a file of a folder that is
+# not in USES (separated by "|").
 cmake_minimum_required(VERSION 3.25)
 string(REPLACE "|" ";" USES "${USES}")
 file(GLOB files ${ROOT}/${FOLDER}/*.h ${ROOT}/${FOLDER}/*.cpp)

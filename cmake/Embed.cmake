@@ -1,5 +1,5 @@
-# tarvelo_embed(TARGET HEADER FILE...): makes a header of the files' bytes, rebuilt when they change.
-# It holds, for each FILE "folder/name.ext", `inline constexpr std::string_view name_ext`.
+# tarvelo_embed(TARGET HEADER FILE...): generates a header with the bytes of the files, rebuilt when they
+# change. For each FILE "folder/name.ext" it defines `inline constexpr std::string_view name_ext`.
 function(tarvelo_embed target header)
   set(files)
   foreach(file ${ARGN})

@@ -1,6 +1,6 @@
-# The header-only libraries. Each is looked for with the build machine's packages too: they hold
-# no code of one platform, so a cross build uses the same files. A cross compiler must not see the
-# whole of /usr/include, so it gets a folder that holds links to just these.
+# The header-only libraries. They contain no platform-specific code, so a cross build uses the build machine's
+# copies too. A cross compiler must not see the whole of /usr/include, so it gets a folder with links to just
+# these headers.
 function(tarvelo_header_library name header)
   find_path(${name}_INCLUDE ${header} PATH_SUFFIXES ${ARGN} NO_CMAKE_FIND_ROOT_PATH
             PATHS /usr/include REQUIRED)

@@ -1,8 +1,8 @@
-# tarvelo_library(NAME [SOURCES ...] [USES ...]): one library a folder; without SOURCES, of all its *.cpp
+# tarvelo_library(NAME [SOURCES ...] [USES ...]): a library for one folder; without SOURCES, of all its *.cpp
 # files. NAME is the folder ("core", "shell/hex"), the target is tarvelo_core, tarvelo_shell_hex.
 #
-# Its headers are reached as "NAME/header.h". What a folder includes it must declare under USES: anything
-# else does not build, whether or not the compiler would find it through another library.
+# Its headers are included as "NAME/header.h". A folder must declare under USES every folder that it includes
+# from: otherwise the build fails, even if the compiler would find the file through another library.
 function(tarvelo_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
   if(NOT arg_SOURCES)
@@ -12,7 +12,7 @@ function(tarvelo_library name)
   string(MAKE_C_IDENTIFIER tarvelo_${name} target)
   add_library(${target} STATIC ${arg_SOURCES})
 
-  # A folder on the include path that holds only a link to this one.
+  # A folder on the include path that contains only a link to this one.
   set(include ${CMAKE_BINARY_DIR}/include/${target})
   get_filename_component(parent ${name} DIRECTORY)
   file(MAKE_DIRECTORY ${include}/${parent})
@@ -24,7 +24,7 @@ function(tarvelo_library name)
   tarvelo_check_includes(${target} ${name} "${arg_USES}")
 endfunction()
 
-# The targets of folders and header libraries.
+# Returns the targets of folders and header libraries.
 function(tarvelo_targets result)
   set(targets)
   foreach(name ${ARGN})
@@ -34,7 +34,7 @@ function(tarvelo_targets result)
   set(${result} ${targets} PARENT_SCOPE)
 endfunction()
 
-# Fails the build of a target where a file of a folder includes one of a folder that is not among `uses`.
+# Fails the build of a target if a file of a folder includes a file of a folder that is not in `uses`.
 function(tarvelo_check_includes target folder uses)
   file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
   set(stamp ${CMAKE_BINARY_DIR}/include/${target}.checked)

@@ -1,5 +1,5 @@
-# tarvelo_windows_program(TARGET DESCRIPTION FILE): gives a Windows program its icon, its version
-# information and its manifest (visual styles, UTF-8, sharp on every monitor). Nothing elsewhere.
+# tarvelo_windows_program(TARGET DESCRIPTION FILE): gives a Windows program its icon, its version information
+# and its manifest (visual styles, UTF-8, sharp on every monitor). Does nothing on other systems.
 function(tarvelo_windows_program target description file)
   if(NOT WIN32)
     return()

@@ -1,8 +1,8 @@
-# tarvelo_wx: wxWidgets: its text editor, core and base. The system's own on Linux; for Windows the static library
-# that tools/wx-mingw built, whose folder is named by the environment's TARVELO_WX.
+# tarvelo_wx: the text editor, core and base libraries of wxWidgets. On Linux the system's own; for Windows
+# the static libraries that tools/wx-mingw built into the folder in the environment variable TARVELO_WX.
 add_library(tarvelo_wx INTERFACE)
 if(CMAKE_CROSSCOMPILING)
-  if(DEFINED ENV{TARVELO_WX})  # also where an older one was found before
+  if(DEFINED ENV{TARVELO_WX})  # overrides one that was found earlier
     set(wxWidgets_DIR "$ENV{TARVELO_WX}" CACHE PATH "Where wxWidgets for Windows was installed" FORCE)
   endif()
   find_package(wxWidgets CONFIG REQUIRED COMPONENTS stc core base
@@ -15,5 +15,5 @@ else()
   target_compile_options(tarvelo_wx INTERFACE ${wxWidgets_CXX_FLAGS})
   target_link_libraries(tarvelo_wx INTERFACE ${wxWidgets_LIBRARIES})
 endif()
-# Text becomes bytes only where the code says in which encoding (strings.h).
+# Text becomes bytes only in code that names the encoding (strings.h).
 target_compile_definitions(tarvelo_wx INTERFACE wxNO_UNSAFE_WXSTRING_CONV=1)

@@ -1,5 +1,5 @@
-// Any arguments on the command line, parted by zeros. It runs in a folder of its own with a few small
-// files in it; no argument can name a place outside.
+// Arbitrary command-line arguments, separated by zeros. The target runs in a folder of its own with a few
+// small files; no argument can name a place outside it.
 #include <sstream>
 
 #include "cli/commands.h"
@@ -27,7 +27,8 @@ std::vector<std::uint8_t> Dump() {
   return std::move(image).Take();
 }
 
-// Where the command line runs: a folder inside the process's own, so that ".." leads nowhere else.
+// The working folder of the command line: it lies inside the process's own folder, so that ".." leads nowhere
+// else.
 class Desk {
  public:
   Desk() { Fill(); }
@@ -37,7 +38,7 @@ class Desk {
     const int status = cli::Run(arguments, out, err);
     std::filesystem::current_path(home_);
     Clear();
-    // These can write over any file here.
+    // These commands can overwrite any file here.
     if (Names(arguments, "diff") || Names(arguments, "apply")) Fill();
     return status;
   }
@@ -58,7 +59,7 @@ class Desk {
     return std::ranges::find(arguments, command) != arguments.end();
   }
 
-  // Takes away what a command wrote.
+  // Removes the files that a command wrote.
   void Clear() const {
     for (const auto& folder : {folder_, scratch_.Path()})
       for (const auto& entry : std::filesystem::directory_iterator(folder)) {
@@ -83,7 +84,7 @@ std::vector<std::string> Split(Bytes bytes) {
   return arguments;
 }
 
-// The demonstration is rebuilt each time, which takes a second: it is tested elsewhere.
+// Skipped here: building the demonstration takes a second each time, and it is tested elsewhere.
 bool MakesDemonstration(const std::vector<std::string>& arguments) {
   const auto isFile = [](const std::string& argument) { return !argument.starts_with('-'); };
   return std::ranges::find(arguments, "demo") != arguments.end() &&

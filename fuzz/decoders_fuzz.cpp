@@ -1,5 +1,5 @@
-// Every text decoder at an offset of any bytes, and at the first ones; the language pack's encoding of
-// any text, there and back.
+// Runs every text decoder on arbitrary bytes, at a given offset and at the first offsets; encodes arbitrary
+// text in the language pack's encoding and decodes it again.
 #include <optional>
 
 #include "fuzz/target.h"
@@ -14,7 +14,7 @@ using namespace tarvelo::fuzz;
 
 using Decoder = std::u16string (*)(Bytes, Offset&);
 
-// Nothing on a fault.
+// Returns nothing on a fault.
 std::optional<std::u16string> Decode(Decoder decoder, Bytes bytes, Offset& at) try {
   std::u16string text = decoder(bytes, at);
   const std::string utf8 = ToUtf8(text);
@@ -65,10 +65,10 @@ void DecodeByteTexts(Bytes bytes, Offset at, int width) {
 
 bool HasPlace(char16_t u) { return u < 0x280 || (u >= 0x300 && u < 0x780); }
 
-// Whether a character decodes to itself: the others come back as tags.
+// Whether a character decodes to itself. The others come back as tags.
 bool ComesBack(char16_t u) { return (u >= 0x20 && u < 0x200) || (u >= 0x300 && u < 0x700); }
 
-// The decoder's text of an encoded one: each character, and a tag wherever the page changes.
+// The text that the decoder must make of an encoded one: each character, and a tag at every change of page.
 std::u16string Expected(std::u16string_view text) {
   std::u16string expected;
   unsigned lastPage = 0;

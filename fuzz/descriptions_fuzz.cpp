@@ -1,4 +1,4 @@
-// Any bytes as a file of block descriptions.
+// Arbitrary bytes as a file of block descriptions.
 #include "eeprom/block_store.h"
 #include "eeprom/descriptions.h"
 #include "fuzz/target.h"

@@ -1,4 +1,4 @@
-// Any bytes as a dump with EEPROM blocks: their records, and the report of each.
+// Arbitrary bytes as a dump with EEPROM blocks: their records, and a report for each.
 #include "core/identification.h"
 #include "eeprom/block_report.h"
 #include "eeprom/block_store.h"
@@ -23,7 +23,7 @@ void CheckRecords(const BlockStore& store, const Fullflash& image) {
   }
 }
 
-// The report of a block as the window shows it, read from its first byte and from some other.
+// The report of a block as the window shows it, read from its first byte and from another one.
 void Report(const BlockStore& store, std::size_t record, const Fullflash& image) {
   const BlockReport report = ReportOf(store, record, image);
   const BlockData& data = report.data;
@@ -41,7 +41,7 @@ void Report(const BlockStore& store, std::size_t record, const Fullflash& image)
       Check(ToUtf8(ToUtf16(reading.text)) == reading.text, "a text is UTF-8");
 }
 
-// All reports; of very many blocks those at both ends, so that an input stays fast.
+// All reports. If there are very many blocks, only those at both ends, so that an input stays fast.
 void ReportAll(const BlockStore& store, const Fullflash& image) {
   constexpr std::size_t most = 16;
   const std::size_t count = store.records.size();

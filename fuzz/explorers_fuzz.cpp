@@ -1,4 +1,4 @@
-// Any bytes as a dump: searched by every explorer, listed, claimed, and mapped.
+// Arbitrary bytes as a dump: every explorer searches, lists and claims, and the dump is mapped.
 #include <optional>
 
 #include "document/explorers.h"
@@ -12,13 +12,13 @@ namespace {
 using namespace tarvelo;
 using namespace tarvelo::fuzz;
 
-// So that an input stays fast: of all rows of a list, and of what one row is made of.
+// Limits that keep an input fast: the characters of all rows of a list, and the bytes behind one row.
 constexpr std::size_t mostCharacters = 1 << 21;
 constexpr Offset mostBytes = 1 << 19;
 
 bool IsUtf8(const std::string& text) { return ToUtf8(ToUtf16(text)) == text; }
 
-// Returns its characters.
+// Checks a row. Returns the number of its characters.
 std::size_t CheckRow(const Table::Row& row, std::size_t columns, const Item& item) {
   Check(row.cells.size() == columns, "a row has a cell for each column");
   Check(std::ranges::all_of(row.cells, IsUtf8), "a cell is UTF-8");
@@ -86,5 +86,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckRegions(map, dump.image);
   return 0;
 } catch (const std::length_error&) {
-  return 0;  // an explorer finds more than there can be
+  return 0;  // an explorer found more than its limit
 }

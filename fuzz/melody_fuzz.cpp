@@ -1,4 +1,4 @@
-// Any text as a melody, any bytes as its records; both become sound files.
+// Arbitrary text as a melody, and arbitrary bytes as its records; both become sound files.
 #include <numeric>
 
 #include "fuzz/target.h"
@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Bytes bytes(data, size);
   const std::vector<Tone> melody = Read(TextOf(bytes));
   WriteMidi(melody);
-  if (TimeOf(melody) < 3000) WriteWave(melody);  // the rest takes long and is alike
+  if (TimeOf(melody) < 3000) WriteWave(melody);  // longer ones take long and are no different
   RoundTrip(bytes);
   return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as a dump that is opened: identified, its summary written in every language.
+// Opens arbitrary bytes as a dump: identifies it and writes its summary in every language.
 #include "core/identification.h"
 #include "core/summary.h"
 #include "fuzz/target.h"
@@ -17,7 +17,7 @@ void CheckT9(const T9Area& t9, const Fullflash& image) {
   Check(t9.Empty() >= 0 && t9.Empty() <= t9.T9Full, "a T9 area's free bytes are within it");
 }
 
-// Reads at the edges of the image and wherever the first bytes point.
+// Reads at the edges of the image and wherever its first bytes point.
 void ReadValues(const Fullflash& image) {
   for (const Offset at :
        {Offset{-1}, Offset{0}, Offset{image.ffEnd()} - 3, Offset{image.ffEnd()}, Offset{image.ffEnd()} + 1}) {

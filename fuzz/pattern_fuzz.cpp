@@ -1,4 +1,5 @@
-// Any text as a byte pattern, searched for in any bytes, beside the search as it is defined.
+// Searches arbitrary bytes for arbitrary text as a byte pattern, and compares with the plain search that
+// defines the result.
 #include "core/scan/vector_scan.h"
 #include "fuzz/target.h"
 #include "patch/hit_search.h"
@@ -10,7 +11,7 @@ namespace {
 using namespace tarvelo;
 using namespace tarvelo::fuzz;
 
-// The bytes several times over: the search takes many at a time.
+// Repeats the bytes, because the search handles many at a time.
 std::vector<std::uint8_t> Repeated(Bytes bytes, int times) {
   std::vector<std::uint8_t> repeated;
   for (; times > 0; --times) repeated.insert(repeated.end(), bytes.begin(), bytes.end());
@@ -25,7 +26,7 @@ void CheckLines(const Fullflash& image, const Pattern& pattern, const std::vecto
   }
 }
 
-// The hits of an image that is seen in pieces.
+// The hits in an image that is searched in pieces.
 std::vector<Offset> FindInPieces(Bytes image, const Pattern& pattern, std::size_t length) {
   HitSearch search(pattern, static_cast<Offset>(image.size()));
   std::vector<Offset> hits;
@@ -38,7 +39,7 @@ std::vector<Offset> FindInPieces(Bytes image, const Pattern& pattern, std::size_
   return hits;
 }
 
-// From anywhere to the next occurrence and back.
+// Goes from anywhere to the next occurrence and back.
 void Walk(Bytes image, const Fullflash& fullflash, const Pattern& pattern, const PlainBytes& plain,
           Offset start) {
   const Offset next = FirstFrom(fullflash, pattern, start);
@@ -55,8 +56,8 @@ void Walk(Bytes image, const Fullflash& fullflash, const Pattern& pattern, const
 
 }  // namespace
 
-// Byte 0 says how often the bytes are repeated and what vectors are used, the word behind it where the
-// search starts; then come the pattern's text, a zero, and the bytes.
+// Byte 0: how often to repeat the bytes, and which vectors to use. Word at 1: where the search starts. Then
+// the pattern's text, a zero, and the bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input input({data, size});
   const int choice = input.Byte();

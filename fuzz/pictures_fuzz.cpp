@@ -1,4 +1,4 @@
-// Any bytes as a dump with pictures: drawn, turned into files.
+// Arbitrary bytes as a dump with pictures: draws them and turns them into files.
 #include "core/identification.h"
 #include "fuzz/target.h"
 #include "pictures/bitmap_file.h"
@@ -10,7 +10,7 @@ namespace {
 using namespace tarvelo;
 using namespace tarvelo::fuzz;
 
-// So that an input stays fast: of all pictures together, and of one that is packed as a PNG.
+// Limits that keep an input fast: the pixels of all pictures together, and of one packed as PNG.
 constexpr std::size_t mostPixels = 1 << 16;
 constexpr std::size_t mostPacked = 1 << 10;
 
@@ -20,7 +20,7 @@ std::size_t Draw(PictureDecoder& decoder, const Picture& picture, bool colourSee
   const std::size_t pixels = bitmap.pixels.size();
   Check(BmpFile(bitmap).size() >= 54 + 3 * pixels, "a bitmap file holds every pixel");
   if (pixels <= mostPacked) Check(PngFile(bitmap).empty() == (pixels == 0), "a picture with pixels is a PNG");
-  return pixels + 64;  // one without pixels takes time too
+  return pixels + 64;  // a picture without pixels takes time too
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Runs a target on files instead of under a fuzzer: each file named, and all in each folder named.
-// Fails where there is none. Arguments with a dash in front are a fuzzer's and say nothing here.
+// Runs a target on files instead of under a fuzzer: on each named file, and on all files in each named
+// folder. Fails if there is none. Ignores arguments that start with a dash, which are meant for a fuzzer.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -27,7 +27,7 @@ void Collect(const fs::path& path, std::vector<fs::path>& files) {
 
 bool Replay(const fs::path& file) {
   std::printf("%s\n", file.filename().string().c_str());
-  std::fflush(stdout);  // it is the last line where the target ends the program
+  std::fflush(stdout);  // the last line if the target ends the program
   std::ifstream stream(file, std::ios::binary);
   if (!stream) return false;
   const std::vector<char> read{std::istreambuf_iterator<char>(stream), {}};

@@ -1,4 +1,4 @@
-// Any bytes as a dump with ringtones: decoded, turned into files; and as a sound file.
+// Arbitrary bytes as a dump with ringtones: decodes them and turns them into files; and as a sound file.
 #include "core/identification.h"
 #include "fuzz/target.h"
 #include "ringtones/melody.h"
@@ -11,11 +11,11 @@ namespace {
 using namespace tarvelo;
 using namespace tarvelo::fuzz;
 
-// Of all ringtones together, so that an input stays fast.
-constexpr std::int64_t mostTime = 3000;  // milliseconds that are heard
-constexpr Offset mostNotes = 1 << 17;    // that are played
+// Limits for all ringtones together, to keep an input fast.
+constexpr std::int64_t mostTime = 3000;  // milliseconds of sound
+constexpr Offset mostNotes = 1 << 17;    // records that are played
 
-// Returns the time that it took to play.
+// Returns its playing time.
 std::int64_t Play(const Fullflash& image, const Ringtone& ringtone, bool heard) {
   if (ringtone.IsFile()) return 0;
   const std::vector<Tone> melody = DecodeMelody(image.ff(), ringtone.data);
@@ -40,7 +40,7 @@ void CheckLength(Bytes file) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input content({data, size});
-  (void)content.DWord();  // what an image says of itself
+  (void)content.DWord();  // the header with which an input describes an image
   CheckLength(content.Rest());
   Fullflash image = ImageOf({data, size});
   if (!image.IsOpen()) return 0;

@@ -1,5 +1,5 @@
-// Two dumps of any bytes, compared: the patch makes the second one of the first. Any text as a patch,
-// applied to any bytes.
+// Compares two dumps of arbitrary bytes: their patch must turn the first into the second. Also applies
+// arbitrary text as a patch to arbitrary bytes.
 #include "fuzz/target.h"
 #include "patch/image_compare.h"
 #include "patch/patch_apply.h"
@@ -13,7 +13,7 @@ using namespace tarvelo::fuzz;
 
 bool IsSame(const Fullflash& image, Bytes bytes) { return std::ranges::equal(image.ff(), bytes); }
 
-// Writes what fits as one step, which can be taken back.
+// Writes the fitting changes as one step, which must be undoable.
 void Write(Fullflash& image, ImageEdits& edits, const ReadPatch& patch, const PatchCheck& check) {
   edits.Write(image, check.ToWrite(patch.changes));
 }
@@ -78,8 +78,8 @@ void ApplyText(std::string_view text, Bytes bytes) {
 
 }  // namespace
 
-// Byte 0 is the gap, its lowest bit also whether the dumps are of one length; then come the patch's text,
-// a zero, and both dumps.
+// Byte 0: the gap; its lowest bit also says whether the dumps have the same length. Then the patch's text, a
+// zero, and both dumps.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input input({data, size});
   const Offset gap = input.Byte();

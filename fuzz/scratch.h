@@ -1,4 +1,4 @@
-// A folder of this process's own, in memory where the system has such a place, gone with the process.
+// A temporary folder for this process, in memory if the system offers that. Removed at exit.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,5 @@
-// Any bytes as a settings file: read, then one key is written, which leaves all other lines alone.
+// Arbitrary bytes as a settings file: reads it, then writes one key, which must leave all other lines
+// unchanged.
 #include "core/file.h"
 #include "fuzz/scratch.h"
 #include "fuzz/target.h"
@@ -18,7 +19,7 @@ struct Setting {
 constexpr Setting settings[] = {
     {"General", "Language"}, {"History", "File1"}, {"Window", "Left"}, {"A", "k"}};
 
-// Lines with their ends; a last one without gets that of the others.
+// Lines with their line breaks; a last line without one gets that of the others.
 std::vector<std::string> Lines(std::string text) {
   if (!text.empty() && !text.ends_with('\n')) text += text.find("\r\n") != text.npos ? "\r\n" : "\n";
   std::vector<std::string> lines;
@@ -30,7 +31,7 @@ std::vector<std::string> Lines(std::string text) {
   return lines;
 }
 
-// At most one line is another, at most two are new, all in one place.
+// At most one line may change and at most two may be new, all in one place.
 void CheckOtherLines(const std::vector<std::string>& before, const std::vector<std::string>& after) {
   const auto [b, a] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
   const auto [bEnd, aEnd] =
@@ -58,7 +59,7 @@ void CheckWritten(const std::filesystem::path& file, const Setting& setting, con
 
 }  // namespace
 
-// Byte 0 chooses the key; then come its value, a zero, and the file.
+// Byte 0 chooses the key. Then its value, a zero, and the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Scratch scratch;
   const std::filesystem::path file = scratch.Path() / "settings.ini";

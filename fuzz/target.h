@@ -1,5 +1,4 @@
-// What the targets share: checks, an input taken apart, and images that are larger than the input
-// that describes them.
+// Shared by the targets: checks, a reader for inputs, and images larger than the inputs that describe them.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +13,7 @@
 
 namespace tarvelo::fuzz {
 
-// Ends the run as a finding where something that must hold does not.
+// Ends the run as a finding if a condition does not hold.
 inline void Check(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "Does not hold: %s\n", what);
@@ -25,7 +24,7 @@ inline std::string_view TextOf(Bytes bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// Takes values from an input's front. Behind its end there are zeros.
+// Takes values from the front of an input; zeros after its end.
 class Input {
  public:
   explicit Input(Bytes bytes) : rest_(bytes) {}
@@ -49,7 +48,7 @@ class Input {
     return static_cast<std::int32_t>(low | std::uint32_t{Word()} << 16);
   }
 
-  // The text up to the next zero byte, which goes with it.
+  // The text up to the next zero byte, which is consumed too.
   std::string Text() {
     const auto end = static_cast<std::size_t>(std::ranges::find(rest_, 0) - rest_.begin());
     const std::string text(TextOf(rest_.first(end)));
@@ -61,11 +60,12 @@ class Input {
   Bytes rest_;
 };
 
-// An image as an input describes it:
-//   0     size: 1 .. 6 one at which something changes, else that of the content, which is fast
-//   1     around the content: 0 erased bytes, 1 zeros, 2 the content again and again (images of more
-//         than 1 MiB are erased); plus 3 or 6 for searches with narrower vectors
-//   2     word: the content's position in pages of 0x100 bytes, as far as it fits; 0xFFFF is the end
+// The image that an input describes:
+//   0     size: 1 .. 6 choose a size at which some rule changes; any other value the size of the content,
+//         which is fast
+//   1     around the content: 0 erased bytes, 1 zeros, 2 the content repeated (images of more than 1 MiB
+//         are always erased); plus 3 or 6 for searches with narrower vectors
+//   2     word: the content's position in pages of 0x100 bytes, clipped so that it fits; 0xFFFF is the end
 //   4     the content
 inline Fullflash ImageOf(Bytes data) {
   constexpr std::size_t sizes[] = {0, 0x10000, 0x20000, 0x90000, 0x100000, 0x800002, 0x1000001};

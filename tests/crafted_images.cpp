@@ -7,7 +7,7 @@
 namespace tarvelo {
 namespace {
 
-// Nine pictures in a table, the last of them packed, and one outside.
+// Nine pictures in a table, the last one packed, and one outside it.
 void PutPictures(ImageBuilder& image, std::size_t at) {
   const bool isPage = image.PageMode();
   const std::uint8_t side = isPage ? 4 : 0x34, type = isPage ? 1 : 0x88;
@@ -19,7 +19,7 @@ void PutPictures(ImageBuilder& image, std::size_t at) {
   for (std::size_t p = 0x200; p < 0x400; p += 4) image.DWord(at + p, 0x02FF7F00u + static_cast<unsigned>(p));
 }
 
-// Seven ringtones, one of them a file behind a pointer.
+// Seven ringtones; one of them is a file reached through a second pointer.
 void PutRingtones(ImageBuilder& image, std::size_t at) {
   for (std::uint8_t number = 0; number < 7; ++number)
     PutRingtone(image, at + 8u * number, number, number == 6 ? 7 : 2, at + (number == 6 ? 0x180 : 0x100));
@@ -45,7 +45,7 @@ void SomethingOfEachKind(ImageBuilder& image) {
   for (std::size_t p = 0x5000; p < 0x6000; p += 64) image.Word(p, 0x00DB);
 }
 
-// All numbers, and the melody of each has all that is behind the table.
+// A table with all numbers; the melody of each extends over everything after the table.
 void MelodiesThatOverlap(ImageBuilder& image) {
   image.Fill(0, image.Size(), 0xFA);
   for (std::size_t number = 0; number < 256; ++number) {
@@ -58,14 +58,14 @@ void RunsAndFilling(ImageBuilder& image) {
   for (std::size_t p = 0; p + 4 <= image.Size(); p += p % 1024 == 0 ? 260 : 4) image.DWord(p, 0x02FFFF01);
 }
 
-// As many blocks as there can be, deleted ones among them, most of them outside the image.
+// As many blocks as the limit allows, including deleted ones; most lie outside the image.
 void ManyBlocks(ImageBuilder& image) {
   for (std::size_t i = 0; i < mostBlocks; ++i)
     PutBlock(image, 12 * i, i % 3 == 0 ? deletedBlockState : liveBlockState,
              static_cast<std::uint16_t>(5001 + i % 999), 0x8000 + 0x20 * i, 0x30);
 }
 
-// Bytes that headers and tables are made of.
+// Bytes common in headers and tables.
 void UsualBytes(ImageBuilder& image) {
   constexpr std::uint8_t usual[] = {0, 0, 0, 1, 2, 4, 4, 0x81, 0x34, 0xFF, 0xFC, 0xF6, 'T', '9'};
   std::mt19937 random(3);

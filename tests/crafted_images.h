@@ -1,4 +1,4 @@
-// Images that bring explorers to their limits, and one that holds something of each kind.
+// Images that push explorers to their limits, and one that contains something of each kind.
 #pragma once
 
 #include <span>
@@ -19,14 +19,14 @@ struct CraftedImage {
   }
 };
 
-// Each in 1 MiB or less, but for one of 16 MiB and a large image.
+// Each takes 1 MiB or less, except one of 16 MiB and one large image.
 [[nodiscard]] std::span<const CraftedImage> CraftedImages();
 
-// A picture table that has entries up to the image's end.
+// A picture table with entries up to the end of the image.
 void PictureTableWithoutEnd(ImageBuilder& image);
 
-// A picture header outside the tables every four bytes: the pointer of each is the next one, and leads into
-// an image of 16 MiB.
+// A picture header outside the tables every four bytes. The pointer of each header is the start of the next
+// one, and points into an image of 16 MiB.
 void HeadersThatOverlap(ImageBuilder& image);
 
 }  // namespace tarvelo

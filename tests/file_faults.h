@@ -1,4 +1,4 @@
-// What can go wrong with files, brought about on purpose.
+// File errors, caused on purpose.
 #pragma once
 
 #include <filesystem>
@@ -8,8 +8,8 @@
 
 namespace tarvelo {
 
-// While it lives the disk is full: nothing gets longer than a few bytes. Only where the system can do that
-// to one process.
+// During its lifetime the disk is full: no file grows beyond a few bytes. Only on systems that can limit a
+// single process.
 class FullDisk {
  public:
   static const bool isPossible;
@@ -20,7 +20,7 @@ class FullDisk {
   FullDisk& operator=(const FullDisk&) = delete;
 };
 
-// While it lives another program has the file open and lets nobody in. On Windows alone.
+// During its lifetime another program has the file open exclusively. Only on Windows.
 class OpenElsewhere {
  public:
   static const bool isPossible;
@@ -34,7 +34,7 @@ class OpenElsewhere {
   void* handle_ = nullptr;
 };
 
-// All files below a folder with their contents; folders have none. Paths are relative, UTF-8.
+// All files and folders below a folder, by relative UTF-8 path. Files have their contents; folders have none.
 [[nodiscard]] std::map<std::string, std::optional<std::string>> ContentsOf(
     const std::filesystem::path& folder);
 

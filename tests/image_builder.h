@@ -22,13 +22,13 @@ class ImageBuilder {
   // The phone address of an offset, as an unsigned 32-bit number.
   [[nodiscard]] std::uint32_t Address(std::size_t offset) const;
 
-  // Each writes at an offset and throws std::out_of_range where it would pass the end.
-  // They return the offset behind what was written, so that calls can be chained.
+  // Each writes at an offset and throws std::out_of_range if it would pass the end. They return the offset
+  // after the written bytes, so that calls can be chained.
   std::size_t Byte(std::size_t offset, std::uint8_t value) { return PutByte(bytes_, offset, value); }
   std::size_t Word(std::size_t offset, std::uint16_t value) { return PutWord(bytes_, offset, value); }
   std::size_t DWord(std::size_t offset, std::uint32_t value) { return PutDWord(bytes_, offset, value); }
   std::size_t Data(std::size_t offset, Bytes data) { return PutBytes(bytes_, offset, data); }
-  // The bytes as they are, then 0x00.
+  // The bytes unchanged, then 0x00.
   std::size_t Text(std::size_t offset, std::string_view text) {
     return Byte(PutText(bytes_, offset, text), 0);
   }

@@ -1,4 +1,4 @@
-// Images for tests, what firmware puts into them, and what every scan of one is given.
+// Images for tests, the structures that firmware puts into them, and the arguments that every scan needs.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ inline NoProgress noProgress;
 
 inline Fullflash ImageOf(ImageBuilder builder) { return Fullflash(Bytes(std::move(builder).Take())); }
 
-// A firmware header at the first place where one is looked for: version 24.
+// A firmware header of version 24 at the first place that is searched for one.
 inline void PutHeader(ImageBuilder& image, std::string_view model) {
   const std::size_t signature = image.PageMode() ? 0x7FF80 : 0x8FC80;
   const std::size_t header = signature & ~std::size_t{0xFF};
@@ -27,7 +27,7 @@ inline void PutHeader(ImageBuilder& image, std::string_view model) {
   image.Text(signature, "SIEMENS");
 }
 
-// The header of an EEPROM block, whose V is 0.
+// The header of an EEPROM block with V 0.
 inline void PutBlock(ImageBuilder& image, std::size_t header, std::uint8_t state, std::uint16_t number,
                      std::size_t data, std::uint16_t size) {
   image.Word(image.Byte(image.Byte(header, state), 0), size);
@@ -35,13 +35,13 @@ inline void PutBlock(ImageBuilder& image, std::size_t header, std::uint8_t state
   image.Byte(header + 11, state);
 }
 
-// An entry of a picture table, or a header outside; returns where the next one begins.
+// An entry of a picture table, or a header outside one. Returns the offset of the next one.
 inline std::size_t PutPicture(ImageBuilder& image, std::size_t at, std::uint8_t width, std::uint8_t height,
                               std::uint8_t type, std::size_t data) {
   return image.Pointer(image.Data(at, Data{width, height, type, 0}), data);
 }
 
-// An entry of a ringtone table; returns where the next one begins.
+// An entry of a ringtone table. Returns the offset of the next one.
 inline std::size_t PutRingtone(ImageBuilder& image, std::size_t at, std::uint8_t number, std::uint8_t kind,
                                std::size_t target) {
   return image.Pointer(image.Data(at, Data{number, 0, kind, 0}), target);

@@ -1,4 +1,4 @@
-// For tests that run with every kind of vector that this machine has.
+// For tests that run with every kind of vector unit that this machine has.
 #pragma once
 
 #include <gtest/gtest.h>

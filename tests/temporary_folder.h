@@ -1,4 +1,4 @@
-// A folder of its own for one test, gone with it.
+// A temporary folder for one test, removed with the object.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace tarvelo {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    // Test programs run side by side.
+    // Test programs run in parallel.
     const std::string name = "tarvelo-test-" + std::to_string(std::random_device{}());
     path_ = std::filesystem::temp_directory_path() / name;
     std::filesystem::create_directories(path_);

@@ -1,2 +1,2 @@
-# Sourced: where what is built once and kept lives, outside the tree.
+# To be sourced: sets the folder, outside the tree, for things that are built once and kept.
 cache=${TARVELO_CACHE:-${XDG_CACHE_HOME:-${HOME:-/tmp}/.cache}/tarvelo}

@@ -1,5 +1,5 @@
-# The Debian package, made by `cpack -G DEB`. Whoever builds it is named by DEBFULLNAME and DEBEMAIL, as
-# Debian's own tools have it.
+# The Debian package, made by `cpack -G DEB`. DEBFULLNAME and DEBEMAIL name its maintainer, as in Debian's own
+# tools.
 set(here ${CMAKE_CURRENT_LIST_DIR})
 set(PACKAGE_MAINTAINER "The Tarvelo developers <tarvelo@example.org>")
 if(DEFINED ENV{DEBFULLNAME} AND DEFINED ENV{DEBEMAIL})

@@ -1,12 +1,12 @@
-# The layout of a Linux system's own programs.
+# Installs in the layout of a Linux system's own programs.
 include(GNUInstallDirs)
 set(here ${CMAKE_CURRENT_LIST_DIR})
 set(made ${CMAKE_CURRENT_BINARY_DIR})
 set(id org.tarvelo.Tarvelo)
 set(doc ${CMAKE_INSTALL_DATADIR}/doc/tarvelo)
-string(TIMESTAMP PACKAGE_DAY "%Y-%m-%d" UTC)  # of SOURCE_DATE_EPOCH, where that is set
+string(TIMESTAMP PACKAGE_DAY "%Y-%m-%d" UTC)  # from SOURCE_DATE_EPOCH if that is set
 
-# Installs a file under a new name with ".gz" behind it, compressed to the same bytes every time.
+# Installs a file under a new name plus ".gz", compressed to the same bytes every time.
 function(tarvelo_install_compressed file folder name)
   execute_process(COMMAND gzip -9nc INPUT_FILE ${file} OUTPUT_FILE ${made}/${name}.gz COMMAND_ERROR_IS_FATAL ANY)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})

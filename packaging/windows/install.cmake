@@ -1,11 +1,11 @@
-# One folder with everything; the settings appear beside the program, so the folder can be carried about.
-# `cpack -G ZIP` packs it; the installer's script is made for makensis (tools/package).
+# One folder with everything. The settings file is created beside the program, so the folder is portable.
+# `cpack -G ZIP` packs it; makensis runs the installer script (tools/package).
 set(here ${CMAKE_CURRENT_LIST_DIR})
 install(TARGETS tarvelo tarvelo-cli RUNTIME DESTINATION .)
 install(FILES ${CMAKE_SOURCE_DIR}/help/Tarvelo_en.htm ${CMAKE_SOURCE_DIR}/help/Tarvelo_ru.htm DESTINATION .)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/help/Tarvelo_images DESTINATION .)
 
-# The licences of ours and of what is linked in, as the packages that it came from state them.
+# The licences of our code and of the linked libraries, as stated by the packages they came from.
 install(FILES ${CMAKE_SOURCE_DIR}/LICENSE DESTINATION licences RENAME Tarvelo.txt)
 foreach(source "libwxgtk3.2-dev wxWidgets" "libcli11-dev CLI11" "nlohmann-json3-dev nlohmann-json"
         "libstb-dev stb" "mingw-w64-common mingw-w64" "gcc-mingw-w64-base gcc-runtime")
@@ -14,7 +14,7 @@ foreach(source "libwxgtk3.2-dev wxWidgets" "libcli11-dev CLI11" "nlohmann-json3-
   list(GET source 1 name)
   install(FILES /usr/share/doc/${package}/copyright DESTINATION licences RENAME ${name}.txt)
 endforeach()
-foreach(text GPL-3 LGPL-2)  # those texts refer to them
+foreach(text GPL-3 LGPL-2)  # the licences above refer to these texts
   install(FILES /usr/share/common-licenses/${text} DESTINATION licences RENAME ${text}.txt)
 endforeach()
 

@@ -9,7 +9,7 @@ namespace {
 
 using Used = std::set<char32_t>;
 
-// The key of a letter or digit, 0 for a character that keyboards have no key for (ideographs, signs).
+// The key that types a letter or digit; 0 for a character that keyboards have no key for (ideographs, signs).
 char32_t Key(wxUniChar c) {
   const char32_t upper = ToUpper(static_cast<char32_t>(c.GetValue()));
   const auto in = [upper](char32_t first, char32_t last) { return upper >= first && upper <= last; };
@@ -18,7 +18,7 @@ char32_t Key(wxUniChar c) {
   return ascii || beyond ? upper : 0;
 }
 
-// Where to put the mark, or npos.
+// The position for the mark, or npos.
 std::size_t Place(const wxString& caption, const Used& used) {
   for (const bool wordStart : {true, false})
     for (std::size_t i = 0; i < caption.length(); ++i) {

@@ -1,4 +1,4 @@
-// Shortcut letters of menus, chosen by the program: translators need not think of them.
+// Mnemonic letters of menus. The program chooses them, so translators need not.
 #pragma once
 
 #include <wx/string.h>
@@ -7,9 +7,9 @@
 
 namespace tarvelo {
 
-// The captions of one menu, each with "&" before a letter that no other of them uses: the first
-// letter of a word if it is free, else any letter of the caption. A caption without letters of an
-// alphabet (Chinese) gets one behind it: "打开(&A)". An "&" of the caption itself is doubled.
+// Puts "&" before a letter of each caption of one menu, a different letter in each: the first letter of a
+// word if one is free, otherwise any free letter. A caption without alphabetic letters (Chinese) gets a
+// letter appended: "打开(&A)". Doubles each "&" that a caption contains.
 [[nodiscard]] std::vector<wxString> WithMnemonics(const std::vector<wxString>& captions);
 
 }  // namespace tarvelo

@@ -1,4 +1,4 @@
-// The program's name and title line, the same in every language.
+// The program's name and title line. They are the same in every language.
 #pragma once
 
 namespace tarvelo {

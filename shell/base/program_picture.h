@@ -1,4 +1,4 @@
-// The program's picture, from the icon file that is built in.
+// The program's picture, from the embedded icon file.
 #pragma once
 
 #include <wx/bitmap.h>
@@ -6,7 +6,7 @@
 
 namespace tarvelo {
 
-// For windows and the task bar, in all sizes.
+// All sizes, for windows and the taskbar.
 [[nodiscard]] wxIconBundle ProgramIcons();
 
 // Large, for the Info panel.

@@ -5,7 +5,7 @@
 
 namespace tarvelo {
 
-// wx makes nothing at all of a text that is not well-formed; a file's name on Linux may be such.
+// wx converts malformed UTF-8 to an empty text, but a file's name on Linux may be malformed.
 wxString Wx(std::string_view utf8) {
   const wxString text = wxString::FromUTF8(utf8.data(), utf8.size());
   if (!text.empty() || utf8.empty()) return text;

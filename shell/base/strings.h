@@ -1,4 +1,4 @@
-// Between the program's texts (UTF-8) and the desktop's.
+// Converts between the program's texts (UTF-8) and wx's.
 #pragma once
 
 #include <wx/string.h>
@@ -14,7 +14,7 @@ namespace tarvelo {
 [[nodiscard]] std::string Utf8(const wxString& text);
 [[nodiscard]] std::filesystem::path PathFrom(const wxString& text);
 
-// The text in double quote characters when it holds a blank, else as it is: for command lines.
+// Puts a text that contains a blank in double quotes and returns any other text unchanged: for command lines.
 [[nodiscard]] std::string quot(std::string_view text);
 
 }  // namespace tarvelo

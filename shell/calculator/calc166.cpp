@@ -22,7 +22,8 @@ namespace {
 constexpr int ignoredKey = 14;
 const wxColour wrongColour(0xC0, 0, 0);
 
-// What a key types: letters up to H in upper case, digits, control characters; no other.
+// The character that a key types: letters up to H (in upper case), digits, control characters; ignoredKey for
+// all others.
 int Filtered(int key) {
   if (key >= 'a' && key <= 'h') return key - 32;
   const bool kept = key < 32 || (key >= 'A' && key <= 'H') || (key >= '0' && key <= '9');
@@ -42,7 +43,7 @@ std::uint32_t DecimalVal(const std::string& text) {
 
 std::uint32_t HexOf(const wxTextCtrl& field) { return HexVal(Utf8(field.GetValue())); }
 
-// Whether a field reads as this number already, however it is written.
+// Whether a field already has this number as its value, however it is written.
 bool Reads(const wxTextCtrl& field, const std::string& hex) {
   try {
     return HexOf(field) == HexVal(hex);
@@ -136,7 +137,7 @@ void Calc166::Recaption(const Messages& messages) {
   FitFields();
 }
 
-// As small as the fields, their labels and the title with the buttons beside it allow.
+// The smallest size that fits the fields, their labels, and the title with its buttons.
 void Calc166::FitFields() {
   wxWindow& sheet = *fields_[0].text->GetParent();
   const wxSize needed = sheet.GetSizer()->CalcMin();
@@ -153,8 +154,8 @@ void Calc166::BaseChanged() {
   if (!Addr->IsEmpty()) Convert(*Addr, &Calc166::Addr_Change);
 }
 
-// Runs the change handler of a field that the user has typed in. What cannot be read is said below the
-// fields, and changes none of the others.
+// Runs the change handler of a field that the user typed into. An error is shown below the fields and leaves
+// the other fields unchanged.
 void Calc166::Convert(wxTextCtrl& field, void (Calc166::*change)()) {
   if (Updating) return;
   const auto wrong = [&](Text message) {
@@ -176,7 +177,7 @@ void Calc166::Convert(wxTextCtrl& field, void (Calc166::*change)()) {
   Updating = false;
 }
 
-// The field that the user types in keeps his way to write the number.
+// The field that the user is typing into keeps its text if it already has this value.
 void Calc166::Put(wxTextCtrl& field, const std::string& text) {
   if (!field.HasFocus() || !Reads(field, text)) field.ChangeValue(Wx(text));
 }

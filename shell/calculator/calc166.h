@@ -1,5 +1,5 @@
-// The address calculator: a small window of its own that converts between page and offset, phone
-// address and offset in the fullflash, and between hexadecimal and decimal.
+// The address calculator: a separate window that converts between page and offset, phone address and
+// fullflash offset, and hexadecimal and decimal.
 #pragma once
 
 #include <wx/frame.h>
@@ -20,17 +20,18 @@ namespace tarvelo {
 
 class Calc166 final : public wxFrame {
  public:
-  // What the calculator knows of the open dump. All may be empty: it also runs alone.
+  // What the calculator needs from the open dump. Every function may be empty: the calculator also works
+  // without a dump.
   struct Dump {
     std::function<std::int32_t()> corrBase;         // 0 without a dump
-    std::function<void(std::int64_t offset)> show;  // a double click on the address in the fullflash
+    std::function<void(std::int64_t offset)> show;  // on a double click on the fullflash address
     std::function<void()> closed;
   };
 
   Calc166(wxWindow* parent, const Messages& messages, Dump dump);
 
   void Recaption(const Messages& messages);
-  // The corrected base has changed: another dump was opened.
+  // Call when the corrected base has changed because another dump was opened.
   void BaseChanged();
 
   wxTextCtrl* Page;
@@ -40,7 +41,7 @@ class Calc166 final : public wxFrame {
   wxTextCtrl* L16;
   wxTextCtrl* L10;
 
-  // The line that says what cannot be read; empty where all can.
+  // The error line, empty if all fields are valid.
   [[nodiscard]] wxString Error() const;
 
  private:
@@ -69,7 +70,7 @@ class Calc166 final : public wxFrame {
   Dump dump_;
   Field fields_[6];
   wxStaticText* error_;
-  bool Updating = false;  // fields are being rewritten: their changes are not the user's
+  bool Updating = false;  // the program is rewriting fields: ignore their change events
 };
 
 }  // namespace tarvelo

@@ -26,11 +26,11 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t mostRows = 1000000;  // more would be too slow to filter and to sort
+constexpr std::size_t mostRows = 1000000;  // more would make filtering and sorting too slow
 
 const wxColour differenceColour(0xD0, 0x20, 0x20);
 
-// A text of the panel, broken into lines of at most this width.
+// Shows a text broken into lines of at most this width.
 void ShowWrapped(wxStaticText& control, const wxString& text, int width) {
   control.SetLabelText(text);
   if (width > 0) control.Wrap(width);
@@ -125,7 +125,7 @@ void ComparePanel::CompareWith_Click() {
   if (!second) return;
   path_ = *path;
   comparison_ = Comparison();
-  List().SetRows({});  // the old rows are of the other dump
+  List().SetRows({});  // the old rows belong to the previous second dump
   second_ = std::move(*second);
   CompareAgain();
   bench_.frame.ShowPanel(*this);
@@ -136,7 +136,7 @@ void ComparePanel::Build() {
   if (stale_) CompareAgain();
 }
 
-// Every key that is typed into the hex view comes here: only what is seen is compared at once.
+// Every key typed into the hex view ends up here: compare at once only if the panel is visible.
 void ComparePanel::ImageChanged() {
   stale_ = HasSecond();
   if (stale_ && bench_.frame.IsVisible(*this)) CompareAgain();
@@ -156,7 +156,7 @@ void ComparePanel::CompareAgain() {
   if (!comparison_.differences.empty()) List().Select(NearestDifference(comparison_.differences, place));
 }
 
-// An image in which a search fails is compared all the same; it only has no labels.
+// If a search of the image fails, it is still compared, but without labels.
 void ComparePanel::MakeMap() {
   try {
     map_ = bench_.document.Map(bench_.status);
@@ -176,7 +176,7 @@ void ComparePanel::Clear() {
   ShowDifferences();
 }
 
-// --- what is shown ---
+// --- display ---
 
 void ComparePanel::ShowDifferences() {
   List().SetRows(Rows());
@@ -187,7 +187,7 @@ void ComparePanel::ShowDifferences() {
   window_->Layout();
 }
 
-// What the open image alone has is grey.
+// Bytes that only the open image has are grey.
 void ComparePanel::ShowStrip() {
   const auto size = static_cast<Offset>(bench_.document.Image().ff().size());
   std::vector<StripPart> parts = StripOf(comparison_.differences, comparison_.common, size, differenceColour);

@@ -1,4 +1,4 @@
-// Where a second dump differs from the open one.
+// The differences between the open dump and a second one.
 #pragma once
 
 #include <wx/string.h>
@@ -26,22 +26,22 @@ class ComparePanel final : public ListPanel {
  public:
   explicit ComparePanel(Workbench& bench);
 
-  // The list; as long as there is no second dump, the button that chooses one.
+  // The list, or the button that chooses a second dump if there is none yet.
   [[nodiscard]] wxWindow& FirstFocus() override;
-  // Compares again where the image was changed since.
+  // Compares again if the image has changed since the last comparison.
   void Build() override;
-  // Drops the second dump too. Its path is offered when one is chosen next.
+  // Drops the second dump too, but keeps its path to offer in the next file dialog.
   void Clear() override;
   void Recaption(const Messages& messages) override;
 
-  // Asks for a second dump and compares it with the open one. One that cannot be read leaves the
-  // comparison as it was.
+  // Asks for a second dump and compares it with the open one. If it cannot be read, the last comparison
+  // stays.
   void CompareWith_Click();
-  // Makes a patch of the selected differences. Does nothing without one.
+  // Makes a patch of the selected differences. Does nothing if none is selected.
   void DifferencesToPatch_Click();
 
   [[nodiscard]] ImageStrip& Strip() { return *strip_; }
-  // What is said about the second dump and of the differences.
+  // The texts above the list: the second dump's path, and the figures of the comparison.
   [[nodiscard]] wxString Head() const;
   [[nodiscard]] wxString Figures() const;
 
@@ -67,10 +67,10 @@ class ComparePanel final : public ListPanel {
   [[nodiscard]] const Difference* Chosen() const;
 
   wxPanel* window_;
-  wxPanel* none_;  // shown as long as there is no second dump
+  wxPanel* none_;  // shown while there is no second dump
   wxStaticText* invitation_;
   wxButton* choose_;
-  wxPanel* compared_;  // shown afterwards
+  wxPanel* compared_;  // shown once there is one
   wxStaticText* head_;
   wxButton* chooseAnother_;
   wxStaticText* figures_;
@@ -80,10 +80,10 @@ class ComparePanel final : public ListPanel {
   Fullflash second_;
   Comparison comparison_;
   Offset differingBytes_ = 0;
-  bool joined_ = false;  // neighbours, as there were too many differences
-  bool stale_ = false;   // the image was changed after the comparison
+  bool joined_ = false;  // there were too many differences: neighbours were joined
+  bool stale_ = false;   // the image has changed since the comparison
   std::shared_ptr<const DumpMap> map_ = std::make_shared<const DumpMap>();  // of the open image
-  bool mapFailed_ = false;                                                  // and the user was told
+  bool mapFailed_ = false;                                                  // the user has been told
   Document::Watch watch_;
 };
 

@@ -1,4 +1,4 @@
-// Differences of two dumps as parts of a strip.
+// The differences between two dumps as parts of a strip.
 #pragma once
 
 #include <wx/colour.h>
@@ -11,8 +11,8 @@
 
 namespace tarvelo {
 
-// Parts for a strip of an image, the first bytes of which were compared. A difference colours all of the
-// cells, a thousandth of the image each, that it touches, so that a single byte is seen too.
+// Parts for a strip of an image of which the first `compared` bytes were compared. The image is divided into
+// about 1000 cells. A difference colours every cell that it touches, so that a single byte remains visible.
 [[nodiscard]] std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset compared,
                                              Offset imageSize, const wxColour& colour);
 

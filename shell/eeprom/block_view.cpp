@@ -21,14 +21,14 @@
 namespace tarvelo {
 namespace {
 
-constexpr Text vColumn{};  // V is called so in every language
+constexpr Text vColumn{};  // the V column has the same caption in every language
 constexpr std::array<Text, BlockView::facts> factTexts{
     Text::ColumnDescription, Text::ColumnState,         Text::PhoneAddress, Text::ColumnSize, vColumn,
     Text::ColumnOffset,      Text::ColumnHeaderPosition};
 
 struct Column {
   Text caption;
-  int width;  // in pixels that do not depend on the screen
+  int width;  // in device-independent pixels
 };
 constexpr Column generationColumns[] = {{Text::ColumnState, 110},  {vColumn, 50},
                                         {Text::ColumnSize, 80},    {Text::ColumnHeaderPosition, 180},
@@ -36,7 +36,7 @@ constexpr Column generationColumns[] = {{Text::ColumnState, 110},  {vColumn, 50}
 
 wxString HexText(std::int64_t value, std::size_t digits) { return Wx(PadZero(Hex(value), digits)); }
 
-// An offset or address with all its digits.
+// An offset or address with all digits.
 wxString PlaceText(std::int64_t value) { return Wx(WholeHex(value)); }
 
 wxString CaptionOf(Text column, const Messages& texts) {
@@ -53,7 +53,7 @@ void AddColumn(wxDataViewListCtrl& list, int width) {
                         wxDATAVIEW_COL_RESIZABLE);
 }
 
-// Says what a button without words is for.
+// Explains a button that has no words.
 void Explain(wxButton& button, const wxString& text) {
   button.SetToolTip(text);
   platform::SetAccessibleName(button, text);
@@ -145,7 +145,7 @@ wxSizer* BlockView::MakeButtons() {
 }
 
 void BlockView::Bind() {
-  // What a click does may fill the list that was clicked: it waits until the click is over.
+  // The handler may refill the clicked list, so it waits until the click is over.
   generations_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent& event) {
     const int row = generations_->ItemToRow(event.GetItem());
     if (row >= 0) CallAfter([this, row] { Generation_Click(static_cast<std::size_t>(row)); });
@@ -174,7 +174,7 @@ void BlockView::Recaption() {
   generationsLabel_->SetLabelText(Wx(bench_.texts.Label(Text::OtherGenerations)));
   for (unsigned i = 0; i < std::size(generationColumns); ++i) {
     const auto& [caption, width] = generationColumns[i];
-    const wxString title = CaptionOf(caption, bench_.texts);  // in a bold font on some systems
+    const wxString title = CaptionOf(caption, bench_.texts);  // bold on some systems
     generations_->GetColumn(i)->SetTitle(title);
     generations_->GetColumn(i)->SetWidth(
         std::max(FromDIP(width), generations_->GetTextExtent(title).x * 9 / 8 + FromDIP(24)));
@@ -224,7 +224,7 @@ void BlockView::BlocksChanged() {
   Fill(static_cast<std::size_t>(same - records.begin()));
 }
 
-// The dump as wide as its lines, where that leaves the readings as much as they need.
+// Makes the dump as wide as its lines, but leaves a third of the width for the readings.
 void BlockView::FitSash() {
   const int line = dump_->GetTextExtent(wxString('0', DumpColumn(0) + 4 * dumpRowLength + 3)).x;
   sheets_->SetSashPosition(std::min(line + FromDIP(24), sheets_->GetSize().x * 2 / 3));

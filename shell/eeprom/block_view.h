@@ -1,5 +1,5 @@
-// The window that shows one EEPROM block: what its header says, the other generations of its number, its
-// bytes, and what the text decoders read in them. It stays open beside the list.
+// The window of one EEPROM block: its header, the other generations of its number, its bytes, and the texts
+// that the decoders read from them. It stays open beside the list.
 #pragma once
 
 #include <wx/dialog.h>
@@ -29,29 +29,30 @@ class BlockView final : public wxDialog {
   enum Fact : std::uint8_t { Description, State, PhoneAddress, Size, V, DataOffset, HeaderPosition };
   static constexpr std::size_t facts = HeaderPosition + 1;
 
-  // `blocks` gives those that are listed now.
+  // `blocks` returns the blocks that the panel lists.
   BlockView(Workbench& bench, std::function<const EepromFindings&()> blocks);
 
-  // Shows a record, by its index, and the window, if it is closed.
+  // Shows the record with this index. Opens the window if it is closed.
   void ShowBlock(std::size_t record);
-  // The image was searched again: shows the block of the same header as it is now, or closes the window.
+  // Call after the image was searched again: shows the block with the same header position, or closes the
+  // window if it is gone.
   void BlocksChanged();
-  // Closes the window and forgets the block: its image is gone.
+  // Closes the window and forgets its block.
   void Clear();
   void Recaption();
 
-  // The record that is shown; nothing after Clear.
+  // The record on display; none after Clear.
   [[nodiscard]] std::optional<std::size_t> Shown() const { return shown_; }
 
-  // Lets the decoders read from a byte of the dump on.
+  // Makes the decoders read from a byte of the dump on.
   void ReadFrom(std::size_t byte);
-  // The same for the byte at the caret of the dump.
+  // Makes them read from the byte at the dump's caret on.
   void ReadFromCaret();
 
-  // The blocks of the next higher and the next lower number, if there are any.
+  // Show the block with the next higher or next lower number, if any.
   void Next_Click();
   void Previous_Click();
-  // Shows one of the other generations instead.
+  // Shows one of the other generations.
   void Generation_Click(std::size_t row);
   void HexView_Click();
 
@@ -79,7 +80,7 @@ class BlockView final : public wxDialog {
   std::function<const EepromFindings&()> blocks_;
   std::optional<std::size_t> shown_;
   BlockReport report_;
-  std::size_t start_ = 0;  // of the decoders, an index of the report's bytes
+  std::size_t start_ = 0;  // where the decoders start, an index into the report's bytes
   std::array<wxStaticText*, facts> labels_{};
   std::array<wxStaticText*, facts> values_{};
   wxStaticText* generationsLabel_;

@@ -42,7 +42,7 @@ constexpr Viewer viewers[] = {
 };
 static_assert(std::size(viewers) == viewerEntries);
 
-// The lowest number of an entry.
+// The lowest block number of an entry.
 int NumberOf(ViewerEntry entry) {
   int number = 0;
   while (ViewerOf(number) != entry) ++number;
@@ -117,7 +117,7 @@ void EepromPanel::ShowBlock(std::size_t record) {
 }
 
 void EepromPanel::Viewer_Click(ViewerEntry entry) {
-  // Entries that stay enabled from an image to the next may have no block in this one.
+  // An entry that stayed enabled from an earlier image may have no block in this one.
   if (const auto block = LiveBlock(Blocks(), entry))
     ShowBlock(*block);
   else

@@ -1,4 +1,5 @@
-// The EEPROM panel: the list of blocks, with the window of one block, the known ones, and blocks as files.
+// The EEPROM panel: the list of blocks, the window of one block, the known blocks, and saving and loading
+// blocks as files.
 #pragma once
 
 #include "eeprom/eeprom_explorer.h"
@@ -21,7 +22,7 @@ class EepromPanel final : public ExplorerPanel {
   void Viewer_Click(ViewerEntry entry);
 
   [[nodiscard]] const BlockStore& Blocks() const;
-  // The window of "Info about block"; null until it is opened first.
+  // The window of "Info about block"; null until it is first opened.
   [[nodiscard]] BlockView* View() const { return view_; }
 
  protected:
@@ -36,7 +37,7 @@ class EepromPanel final : public ExplorerPanel {
 
   EepromTransfer transfer_;
   BlockView* view_ = nullptr;
-  ViewerSet viewers_;  // the entries of KnownBlocks that are enabled
+  ViewerSet viewers_;  // the enabled entries of KnownBlocks
 };
 
 }  // namespace tarvelo

@@ -63,7 +63,7 @@ void EepromTransfer::SaveAllBlock_Click() {
   if (!saved.stopped) TellSaved(saved, Folder() / "NNNN.bin");
 }
 
-// A backup holds all blocks or does not exist.
+// A backup is complete or does not exist: if saving fails or is stopped, its folder is removed.
 void EepromTransfer::eeBackup_Click() {
   if (blocks_().records.empty()) return;
   const std::string name = "EEPROM backup " + Utf8(wxDateTime::Now().Format("%Y-%m-%d %H%M"));
@@ -83,7 +83,7 @@ void EepromTransfer::eeBackup_Click() {
   if (!saved.stopped) TellSaved(saved, folder);
 }
 
-// Escape stops it.
+// Saves block after block. Escape stops it.
 EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& folder, bool allGenerations) {
   const auto blocks = BlocksToSave(blocks_(), allGenerations);
   const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
@@ -154,9 +154,9 @@ void EepromTransfer::LoadFile(int number, const std::filesystem::path& file) try
   bench_.talk.Complain(WrongSizeText(bench_.texts, file, wrong.fileSize, wrong.blockSize, Whose(number)));
 }
 
-// Takes the files that SaveAllBlock writes, and loads all that fit at once.
+// Loads the files that SaveAllBlock writes, all that fit in one step.
 void EepromTransfer::LoadAllBlock_Click() {
-  constexpr int end = 6000;  // of the numbers
+  constexpr int end = 6000;  // one past the highest block number
   const std::filesystem::path folder = Folder();
   const std::string stem = Stem();
   LoadedFiles loaded(bench_);

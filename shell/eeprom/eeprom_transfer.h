@@ -1,4 +1,4 @@
-// The EEPROM panel's blocks as files: the commands that save and load them.
+// The commands that save the EEPROM panel's blocks to files and load them.
 #pragma once
 
 #include <filesystem>
@@ -15,9 +15,9 @@ struct Workbench;
 
 class EepromTransfer {
  public:
-  // The blocks that are listed now.
+  // Returns the listed blocks.
   using Blocks = std::function<const BlockStore&()>;
-  // The chosen block; null where there is none.
+  // Returns the chosen block, or null.
   using ChosenBlock = std::function<const EepromBlockRecord*()>;
 
   EepromTransfer(Workbench& bench, Blocks blocks, ChosenBlock chosen)
@@ -26,18 +26,18 @@ class EepromTransfer {
   // The entries of the panel's menu.
   [[nodiscard]] std::vector<PanelCommand> Commands();
 
-  // Each does nothing without a block to work on.
+  // Each does nothing if it has no block to work on.
   void SaveBlock_Click();
   void SaveAllBlock_Click();
   void LoadBlock_Click();
   void LoadAllBlock_Click();
-  // Saves the live blocks into a new folder, named by the time.
+  // Saves the live blocks into a new folder named after the current time.
   void eeBackup_Click();
 
  private:
   struct Saved {
     std::size_t files = 0;
-    std::vector<int> without;  // numbers of the blocks that the image does not hold
+    std::vector<int> without;  // numbers of the blocks whose data the image does not hold
     bool stopped = false;
   };
 

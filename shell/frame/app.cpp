@@ -12,7 +12,7 @@ namespace tarvelo {
 
 bool App::OnInit() {
 #ifdef NDEBUG
-  wxDISABLE_DEBUG_SUPPORT();  // a user can do nothing about an assertion of the library
+  wxDISABLE_DEBUG_SUPPORT();  // a user can do nothing about an assertion in the library
 #endif
   SetAppName(productName);
   const std::vector<std::string> arguments = platform::Arguments();

@@ -8,7 +8,7 @@ namespace tarvelo {
 class App final : public wxApp {
  public:
   bool OnInit() override;
-  // A fault in an event that is no command: told, and the program goes on.
+  // Reports an exception from an event that is not a command, and keeps the program running.
   bool OnExceptionInMainLoop() override;
 };
 

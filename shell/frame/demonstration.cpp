@@ -10,9 +10,9 @@
 namespace tarvelo {
 namespace {
 
-constexpr int mostDemonstrations = 99;  // files of its name that are something else by now
+constexpr int mostDemonstrations = 99;  // how many files of its name may have other contents
 
-// Whether a file holds just these bytes.
+// Whether a file's content is exactly these bytes.
 bool Holds(const std::filesystem::path& path, Bytes bytes) try {
   NoProgress progress;
   const FileBytes file = ReadFile(path, bytes.size(), progress);

@@ -1,13 +1,13 @@
-// The demonstration fullflash as a file of the user's.
+// Writes the demonstration fullflash to a file for the user.
 #pragma once
 
 #include <filesystem>
 
 namespace tarvelo {
 
-// Writes the demonstration fullflash into a folder, or into the system's folder for temporary files
-// where that fails, and returns its path. No file is overwritten: one that holds just this already is
-// taken as it is, and where another has the name a number is added. Throws FileError.
+// Writes the demonstration fullflash into a folder, or into the system's temporary folder if that fails, and
+// returns its path. Overwrites nothing: a file of this name with the same content is used as it is; if the
+// content differs, the new file's name gets a number. Throws FileError.
 [[nodiscard]] std::filesystem::path WriteDemonstration(const std::filesystem::path& folder);
 
 }  // namespace tarvelo

@@ -96,7 +96,7 @@ void DumpCommands::SaveAs_Click() {
   if (path) SaveTo(*path);
 }
 
-// Writes the image to a file, which is from then on the document's.
+// Writes the image to a file, which then becomes the document's file.
 void DumpCommands::SaveTo(const std::filesystem::path& path) {
   if (bench_.talk.fOpenErr([&] {
         if (FileExist(path)) RemoveFile(path);

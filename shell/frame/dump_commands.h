@@ -16,22 +16,22 @@ class PanelStack;
 
 class DumpCommands {
  public:
-  // All must outlive the object. `changed` is called when another document, or none, is open.
+  // All must outlive the object. Calls `changed` after a document was opened or closed.
   DumpCommands(Workbench& bench, PanelStack& panels, Menus& menus, InfoPanel& info,
                std::function<void()> changed);
 
   // Closes the document and opens a dump: identifies it, writes the summary, shows the Info panel. If it
-  // cannot be opened, the user is told why, and no document is open.
+  // cannot be opened, the user is told why and no document is open.
   void OpenF(const std::filesystem::path& path);
   void CloseFF();
   // OpenF for a file that the user chose: asks about unsaved data first.
   void OpenChosen(const std::filesystem::path& path);
   // Opens a file named on the command line.
   void OpenNamed(const std::string& name);
-  // Writes the demonstration into a folder, opens it and says where it lies.
+  // Writes the demonstration into a folder, opens it and tells the user where it is.
   void OpenDemonstration(const std::filesystem::path& folder);
 
-  // Asks about unsaved patch data, if there is any. True means: stop.
+  // Asks about unsaved patch data, if any. True means: do not continue.
   [[nodiscard]] bool WasChanged();
 
   void OpenFF_Click();
@@ -42,7 +42,7 @@ class DumpCommands {
   [[nodiscard]] RecentFiles& Recent() { return recent_; }
 
  private:
-  // Reads and identifies a dump and writes the summary. False where there is nothing to show.
+  // Reads and identifies a dump and writes the summary. False if the dump cannot be read or is empty.
   bool GetInfo(const std::filesystem::path& path);
   void SaveTo(const std::filesystem::path& path);
 

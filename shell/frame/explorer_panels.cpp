@@ -18,7 +18,7 @@ struct Maker {
   std::unique_ptr<Panel> (*make)(Workbench& bench);
 };
 
-// Those that show more than a list.
+// The explorers that have panels of their own.
 constexpr Maker makers[] = {
     {"eeprom", Make<EepromPanel>},
     {"pictures", Make<PicturesPanel>},

@@ -10,7 +10,7 @@ namespace tarvelo {
 
 class Panel;
 
-// The panel that an explorer has of its own, or the common one of a list.
+// The explorer's own kind of panel if it has one, otherwise the common list panel.
 [[nodiscard]] std::unique_ptr<Panel> MakePanel(const Explorer& explorer, Workbench& bench);
 
 }  // namespace tarvelo

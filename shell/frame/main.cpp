@@ -29,8 +29,8 @@
 namespace tarvelo {
 namespace {
 
-// A file that is dropped is opened when the drop is over: the program it came from waits until then. A
-// patch is applied to the open dump.
+// Opens a dropped dump, or applies a dropped patch to the open dump, when the drop is over: until then the
+// source program waits.
 class DumpDrop final : public wxFileDropTarget {
  public:
   explicit DumpDrop(Main& main) : main_(main) {}
@@ -79,7 +79,7 @@ Main::Main(Surroundings surroundings)
   });
   AddCommands();
   AcceptDrops(*this);
-  // Bytes that stood there already are no change.
+  // A write that changes no byte is not a change.
   watch_ = document_.OnChange([this] {
     if (document_.Edits().CanUndo()) status_->SetPanel(StatusBar::imagePanel, "F");
   });
@@ -101,7 +101,7 @@ Main::Main(Surroundings surroundings)
 Main::~Main() {
   wxTheApp->Unbind(wxEVT_QUERY_END_SESSION, &Main::QueryEndSession, this);
   wxTheApp->Unbind(wxEVT_END_SESSION, &Main::EndSession, this);
-  DestroyChildren();  // the windows go before the panels that they call
+  DestroyChildren();  // destroys the windows before the panels that they call
 }
 
 void Main::AddPanels() {
@@ -136,7 +136,7 @@ void Main::UpdateMenus() {
   });
 }
 
-// --- what panels ask for ---
+// --- Frame: requests of panels ---
 
 void Main::ShowBl(Offset start, Offset size) {
   if (start < 0 || start > document_.Image().ffEnd()) return talk_.Complain(Text::DataOutsideImage);

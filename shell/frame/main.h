@@ -1,4 +1,4 @@
-// The main window: builds everything that it shows, and runs the commands of its menus.
+// The main window: builds everything in it and runs the commands of its menus.
 #pragma once
 
 #include <wx/frame.h>
@@ -30,12 +30,12 @@ class HitsPanel;
 class InfoPanel;
 class PatchPanel;
 
-// What the window needs from outside. The tests put their own in its place.
+// What the window needs from outside. Tests pass substitutes.
 struct Surroundings {
   Settings settings;
   std::unique_ptr<Beeper> beeper = SystemBeeper();
   std::unique_ptr<Launcher> launcher = SystemLauncher();
-  std::unique_ptr<Dialogs> dialogs = nullptr;  // none: the real ones
+  std::unique_ptr<Dialogs> dialogs = nullptr;  // null: the real ones
   std::filesystem::path documents = {};        // empty: the user's own folder
 };
 
@@ -45,17 +45,17 @@ class Main final : public wxFrame, private Frame {
   ~Main() override;
 
   [[nodiscard]] Workbench& Bench() { return bench_; }
-  // Opening and saving dumps, and the panels.
+  // The commands for dumps, and the panels.
   [[nodiscard]] DumpCommands& Dumps() { return *dumps_; }
   [[nodiscard]] PanelStack& Panels() { return *panels_; }
   [[nodiscard]] InfoPanel& InfoText() { return *info_; }
   // The address calculator's window; null while it is closed.
   [[nodiscard]] tarvelo::Calc166* AddressCalculator() const { return calculator_; }
 
-  // Opens a file named on the command line as soon as the window stands in its place.
+  // Opens a file named on the command line once the window is shown.
   void OpenWhenShown(const std::string& name);
 
-  // Puts everything in a language: font character set, settings, captions, menu tick.
+  // Switches everything to a language: fonts, settings, captions, menu tick.
   void ApplyLang(const Language& language);
 
   // Runs the command of a menu entry.
@@ -80,7 +80,7 @@ class Main final : public wxFrame, private Frame {
   void DoGiveHelp(const wxString& help, bool show) override;
   void AddPanels();
   void AddCommands();
-  // Enables the menu entries that can be used now.
+  // Enables the menu entries that are usable now.
   void UpdateMenus();
 
   void SaveText_Click();
@@ -91,7 +91,7 @@ class Main final : public wxFrame, private Frame {
   void About_Click();
   void ExitM_Click();
   void Form_Unload(wxCloseEvent& event);
-  // The user logs off or the machine is switched off: asks; keeps what is to be kept.
+  // The session is ending: the first asks about unsaved data, the second stores the settings.
   void QueryEndSession(wxCloseEvent& event);
   void EndSession(wxCloseEvent& event);
   void StoreSettings();
@@ -117,7 +117,7 @@ class Main final : public wxFrame, private Frame {
   HitsPanel* hits_ = nullptr;
   ComparePanel* compare_ = nullptr;
   PatchPanel* patch_ = nullptr;
-  Calc166* calculator_ = nullptr;  // while it is open
+  Calc166* calculator_ = nullptr;  // null while it is closed
   Document::Watch watch_;
   std::string openWhenIdle_;
 };

@@ -57,7 +57,7 @@ void Main::Run(int id) {
   const wxMenuItem* entry = GetMenuBar()->FindItem(id);
   const wxString name = entry ? entry->GetItemLabelText() : wxString();
   talk_.Guard(name, panel ? Command([this, panel] { panels_->ShowPanel(*panel); }) : command->second);
-  // The tick that the click itself has changed follows the panel again.
+  // Restores the tick, which the click itself has toggled.
   panels_->CheckMenu();
 }
 
@@ -89,7 +89,7 @@ void Main::Quillo_Click() {
   tools_.Quillo(document_.Beside(".qpt"));
 }
 
-// Shows the calculator, or closes it. Its tick tells whether it is open.
+// Shows the calculator, or closes it. The menu entry is ticked while it is open.
 void Main::Calc166_Menu_Click() {
   if (calculator_) {
     calculator_->Close();
@@ -140,7 +140,7 @@ void Main::Form_Unload(wxCloseEvent& event) {
     event.Veto();
     return;
   }
-  status_->SetPanel(StatusBar::patchPanel, wxString());  // the question is not asked twice
+  status_->SetPanel(StatusBar::patchPanel, wxString());  // so that the question is not asked twice
   ExitM_Click();
 }
 

@@ -22,7 +22,8 @@ const std::vector<MenuEntry> fullflash = {
     {Id::ExitM, Text::Exit, Text::HelpExit, "Ctrl+Q"},
 };
 
-// A panel of the dump, with its place in the menu: 1 .. 9, which is its shortcut too; 0 is behind these.
+// A panel of the dump with its place in the menu: 1 .. 9 gives the shortcut too; 0 places it after the
+// others.
 struct PlacedPanel {
   int place;
   int id;
@@ -31,7 +32,7 @@ struct PlacedPanel {
   bool needsDocument = true;
 };
 
-// Those that are no explorers' (yet).
+// The panels that do not belong to an explorer (yet).
 constexpr PlacedPanel otherPanels[] = {
     {1, Id::Info, Text::Info, Text::HelpInfo},
     {2, Id::Menu, Text::Menu, Text::HelpNotBuilt},
@@ -55,7 +56,7 @@ MenuEntry EntryOf(const PlacedPanel& panel) {
   return {panel.id, panel.name, panel.help, shortcut, panel.needsDocument, wxITEM_CHECK};
 }
 
-// An explorer takes the place of what was not built.
+// An explorer replaces the panel with the same place that is not built yet.
 std::vector<MenuEntry> MakePanelEntries() {
   std::vector<PlacedPanel> placed;
   for (const Explorer* explorer : Explorers())

@@ -1,4 +1,4 @@
-// The menu bar as data: which entries it has, where, with which caption and shortcut.
+// The menu bar as data: its entries with their places, captions and shortcuts.
 #pragma once
 
 #include <wx/defs.h>
@@ -13,8 +13,8 @@ namespace tarvelo {
 
 struct MenuEntry {
   int id = 0;            // of ids.h; 0: a separator
-  Text caption{};        // none: a separator, or one that Menus captions itself
-  Text help{};           // what the status bar says while it is highlighted
+  Text caption{};        // none: a separator, or an entry that Menus captions itself
+  Text help{};           // the status bar's text while it is highlighted
   std::string shortcut;  // as wx writes it: "Ctrl+O"
   bool needsDocument = false;
   wxItemKind kind = wxITEM_NORMAL;
@@ -25,11 +25,11 @@ struct MenuGroup {
   std::vector<MenuEntry> entries;
 };
 
-// The whole bar, but for the recent files and the languages, which menus.h puts in their places.
+// The whole bar except the recent files and the languages, which menus.h inserts.
 [[nodiscard]] std::span<const MenuGroup> MenuBarTable();
 
-// The entries in it that show panels, of which the visible one has a tick: the panels of the dump with
-// those of the explorers in their places, then the others.
+// The entries that show panels; the visible panel's entry is ticked. The panels of the dump come first, with
+// the explorers' panels among them in their places, then the others.
 [[nodiscard]] std::span<const MenuEntry> PanelEntries();
 
 }  // namespace tarvelo

@@ -15,12 +15,12 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t panelMenuPosition = 2;  // behind the menu of the panels
-constexpr char unnamed[] = "-";               // wx wants a caption; Recaption gives the real one
+constexpr std::size_t panelMenuPosition = 2;  // after the menu of the panels
+constexpr char unnamed[] = "-";               // wx requires a caption; Recaption sets the real one
 
 bool IsLanguage(int id) { return id >= Id::FirstLanguage && id <= Id::LastLanguage; }
 
-// The caption of an entry, without shortcut.
+// The caption of an entry without its shortcut.
 wxString Caption(const MenuEntry& entry, const Messages& messages, Text saveText) {
   return Wx(messages.Msg(entry.id == Id::SaveText ? saveText : entry.caption));
 }
@@ -39,7 +39,7 @@ void RecaptionEntries(wxMenuBar& bar, const MenuGroup& group, const Messages& me
   }
 }
 
-// Of entries that stand for several.
+// The help of a table entry that stands for several menu entries.
 wxString HelpOf(int id, const Messages& messages) {
   for (const MenuGroup& group : MenuBarTable())
     for (const MenuEntry& entry : group.entries)
@@ -67,7 +67,8 @@ Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
     bar_->Append(menu, unnamed);
   }
   frame.SetMenuBar(bar_);
-  // Entries are grey while their menu is seen; closed, it leaves every shortcut alive.
+  // While the menu is open, entries that cannot run are grey; once it closes, all are enabled so that every
+  // shortcut works.
   const auto update = [this](wxMenuEvent& event, bool reachable) {
     if (panelCommands_ && event.GetMenu() == bar_->GetMenu(panelMenuPosition))
       panelCommands_->Update(*event.GetMenu(), reachable);
@@ -84,7 +85,7 @@ void Menus::Recaption(const Messages& messages, Text saveText) {
   for (std::size_t i = 0; i < recentShown_; ++i)
     bar_->FindItem(Id::File1 + static_cast<int>(i))->SetHelp(recentHelp_);
 
-  // Each language is called by its own name, whatever the current one.
+  // Each language appears under its own name, whatever the current language.
   std::vector<wxString> names;
   for (const Language& language : Languages())
     names.push_back(Wx(Messages(language).Msg(Text::LanguageName)));

@@ -1,4 +1,4 @@
-// The menu bar of the main window, made of its table.
+// The menu bar of the main window, built from its table.
 #pragma once
 
 #include <wx/string.h>
@@ -19,27 +19,27 @@ class RecentFiles;
 
 class Menus {
  public:
-  // Builds the bar, without captions, and gives it to the frame.
+  // Builds the bar, still without captions, and attaches it to the frame.
   explicit Menus(wxFrame& frame);
 
-  // Captions and explains every title and entry in a language, ticks that language's entry.
-  // `saveText` is the caption that SaveText has now.
+  // Sets the caption and help of every title and entry in a language and ticks that language's entry.
+  // `saveText` is the current caption of SaveText.
   void Recaption(const Messages& messages, Text saveText);
 
-  // Changes the caption of SaveText alone.
+  // Changes only the caption of SaveText.
   void CaptionSaveText(const Messages& messages, Text saveText);
 
-  // Puts the commands of the visible panel into the bar, under the panel's name, in place of the last
-  // one's; null: there are none.
+  // Replaces the panel menu by one with the visible panel's commands, titled with the panel's name. Null
+  // removes the menu.
   void ShowPanelMenu(const PanelCommands* commands, Text title, const Messages& messages);
 
-  // Shows the recent files; an entry without a file is hidden.
+  // Shows the recent files; hides the entries without a file.
   void ShowRecent(const RecentFiles& files);
 
-  // Enables each entry that has a handler and whose needs are met.
+  // Enables each entry that has a handler and whose requirements are met.
   void Enable(bool documentOpen, const std::function<bool(int id)>& hasHandler);
 
-  // Ticks the entry of the panel that is shown, and only that one.
+  // Ticks the entry of the visible panel, and only that one.
   void CheckPanel(int id);
 
  private:
@@ -48,10 +48,10 @@ class Menus {
   wxMenuBar* bar_;
   const PanelCommands* panelCommands_ = nullptr;
   Text panelTitle_{};
-  wxMenu* recentMenu_ = nullptr;    // where File1 .. File5 stand,
-  std::size_t recentPosition_ = 0;  // from this position on,
-  std::size_t recentShown_ = 0;     // and how many are shown,
-  wxString recentHelp_;             // with this in the status bar
+  wxMenu* recentMenu_ = nullptr;    // the menu of File1 .. File5,
+  std::size_t recentPosition_ = 0;  // the position of the first one,
+  std::size_t recentShown_ = 0;     // how many are shown,
+  wxString recentHelp_;             // and their text in the status bar
 };
 
 }  // namespace tarvelo

@@ -1,4 +1,4 @@
-// The panels of the main window, of which one is shown at a time.
+// The panels of the main window. One is shown at a time.
 #pragma once
 
 #include <memory>
@@ -21,7 +21,7 @@ class PanelStack {
   PanelStack(wxFrame& window, Menus& menus, const Messages& texts)
       : window_(window), menus_(menus), texts_(texts) {}
 
-  // Takes over a panel.
+  // Takes ownership of a panel.
   template <typename P>
   P& Add(std::unique_ptr<P> panel) {
     P& added = *panel;
@@ -29,21 +29,21 @@ class PanelStack {
     return added;
   }
 
-  // Shows a panel, unless it is shown already: builds it, hides all others, titles the window.
+  // Shows a panel unless it is already visible: builds it, hides all others, sets the window's title.
   void ShowPanel(Panel& panel);
-  // Hides all.
+  // Hides all panels.
   void UnVis();
   [[nodiscard]] Panel* Visible() const { return visible_; }
   // The panel that a menu entry shows, or null.
   [[nodiscard]] Panel* Of(int menuEntry) const;
 
-  // Empties all: the document is closed.
+  // Empties all panels: the document is closed.
   void Clear();
-  // Puts all captions in the current language.
+  // Switches all captions to the current language.
   void Recaption();
   // Ticks the menu entry of the visible panel.
   void CheckMenu();
-  // Shows the context menu of the visible panel. Returns the id that was chosen, 0 for none.
+  // Shows the context menu of the visible panel. Returns the chosen id, or 0.
   [[nodiscard]] int PopUp();
 
  private:

@@ -25,7 +25,7 @@ using MessageDialog = wxGenericMessageDialog;  // the native one shows no icons
 using MessageDialog = wxMessageDialog;
 #endif
 
-// The filter with its patterns in upper case too: Linux tells DUMP.BIN from dump.bin.
+// Repeats the filter's patterns in upper case: Linux distinguishes DUMP.BIN from dump.bin.
 wxString AnyCase(const wxString& filter) {
   wxArrayString parts = wxSplit(filter, '|', '\0');
   for (std::size_t i = 1; i < parts.size(); i += 2)
@@ -52,7 +52,7 @@ void WxDialogs::Message(const wxString& text, Icon icon) {
 }
 
 void WxDialogs::Announce(const wxString& title, const wxString& text) {
-  constexpr std::size_t longest = 50000;  // characters; more is read where it was added to
+  constexpr std::size_t longest = 50000;  // characters; the rest can be read in the text it was added to
   wxDialog dialog(parent_, wxID_ANY, title, wxDefaultPosition, wxDefaultSize,
                   wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   const wxString shown = text.length() <= longest ? text : text.Left(longest) + "\n...";

@@ -1,4 +1,4 @@
-// The boxes of the desktop.
+// The dialogs of the desktop program.
 #pragma once
 
 #include "shell/services/dialogs.h"
@@ -9,7 +9,7 @@ namespace tarvelo {
 
 class Messages;
 
-// wx dialogs. Buttons carry the current language's words.
+// wx dialogs with buttons in the current language.
 class WxDialogs final : public Dialogs {
  public:
   // Both must outlive the object; `parent` may be null.

@@ -13,7 +13,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr int dragInterval = 40;  // milliseconds between steps while the mouse is held outside
+constexpr int dragInterval = 40;  // milliseconds between scroll steps while dragging outside the window
 
 std::optional<CursorStep> StepOf(const wxKeyEvent& event) {
   switch (event.GetKeyCode()) {
@@ -29,7 +29,7 @@ std::optional<CursorStep> StepOf(const wxKeyEvent& event) {
   }
 }
 
-// Where a scrollbar of `count` units, `seen` of them at a time, shall stand.
+// The new position of a scrollbar of `count` units, `seen` of which are visible.
 Offset Scrolled(const wxScrollWinEvent& event, Offset now, Offset seen, Offset count) {
   const wxEventType type = event.GetEventType();
   if (type == wxEVT_SCROLLWIN_TOP) return 0;
@@ -128,7 +128,7 @@ bool HexCanvas::SetFont(const wxFont& font) {
   return isOther;
 }
 
-// A character is seldom a whole number of pixels wide, and a row has many.
+// A character's width is seldom a whole number of pixels, so it is measured over many.
 void HexCanvas::MeasureFont() {
   constexpr std::size_t sample = 100;
   const wxSize extent = GetTextExtent(wxString('0', sample));
@@ -178,7 +178,7 @@ void HexCanvas::ScrollToColumn(int column) {
   Refresh();
 }
 
-// Scrolls to the cursor: no farther than needed, or so that there is room around it.
+// Scrolls to the cursor: no farther than needed, or, with `aThirdDown`, to a third from the top.
 void HexCanvas::ShowCursor(bool aThirdDown) {
   const Offset row = scene_.cursor.At() / bytesInRow;
   const Offset seen = RowsSeen();
@@ -212,7 +212,7 @@ void HexCanvas::Scroll(const wxScrollWinEvent& event) {
     ScrollToColumn(static_cast<int>(Scrolled(event, scene_.leftColumn, ColumnsSeen(), scene_.columns.End())));
 }
 
-// Fine wheels turn by less than a line at a time.
+// High-resolution wheels turn by less than a line at a time.
 void HexCanvas::TurnWheel(wxMouseEvent& event) {
   const int line = std::max(1, event.GetWheelDelta() / std::max(1, event.GetLinesPerAction()));
   wheelTurned_ += event.GetWheelRotation();
@@ -266,7 +266,7 @@ void HexCanvas::PressButton(const wxMouseEvent& event) {
   dragTimer_.Start(dragInterval);
 }
 
-// Until another byte is reached it is a click, which selects nothing.
+// Until the mouse reaches another byte, this is a click, which selects nothing.
 void HexCanvas::DragTo(const wxPoint& point) {
   const int bottom = std::max(scene_.headerHeight, GetClientSize().y - 1);
   const wxPoint seen(point.x, std::clamp(point.y, scene_.headerHeight, bottom));
@@ -277,7 +277,7 @@ void HexCanvas::DragTo(const wxPoint& point) {
   CursorMoved();
 }
 
-// The farther outside the mouse is, the faster.
+// Scrolls faster the farther the mouse is outside.
 void HexCanvas::ScrollWhileDragging() {
   const wxPoint mouse = ScreenToClient(wxGetMousePosition());
   const int below = mouse.y - GetClientSize().y;
@@ -320,7 +320,7 @@ void HexCanvas::PressKey(wxKeyEvent& event) {
   }
 }
 
-// With AltGr characters are typed, with Ctrl or Alt alone commands are given.
+// AltGr types characters; Ctrl or Alt alone gives commands.
 void HexCanvas::TypeKey(wxKeyEvent& event) {
   const auto character = static_cast<char32_t>(event.GetUnicodeKey());
   const int modifiers = event.GetModifiers() & ~wxMOD_SHIFT;
@@ -349,7 +349,7 @@ bool HexCanvas::TypeCharacter(char32_t character) {
   return byte.has_value();
 }
 
-// Over the byte under the cursor, or the first that is selected.
+// Types over the byte under the cursor, or over the first selected one.
 void HexCanvas::Type(std::uint8_t byte, bool again, bool moveOn) {
   const Offset at = Selection().offset;
   if (onType) onType(at, byte, again);

@@ -1,9 +1,9 @@
-// The control of the hex view: rows of 16 bytes of an image, with a cursor and a selection. Only the
-// rows that are seen are looked at, so that the size of the image costs nothing.
+// The control of the hex view: rows of 16 bytes of an image, with a cursor and a selection. It reads only
+// the visible rows, so the size of the image costs nothing.
 //
-// Keys: arrows, Page Up and Down, Home and End (of the row; with Ctrl of the image), with Shift to
-// select. Mouse: click, drag, Shift with a click, wheel. What is typed goes over the bytes, as digits or as
-// text, whichever side the cursor is on; the canvas writes nothing itself, but says what was typed.
+// Keys: arrows, Page Up and Down, Home and End (of the row; with Ctrl of the image), with Shift to select.
+// Mouse: click, drag, Shift with a click, wheel. Typing overwrites bytes, as digits or as text, depending on
+// the side that the cursor is on; the canvas itself writes nothing, but reports the typed bytes.
 #pragma once
 
 #include <wx/timer.h>
@@ -20,34 +20,35 @@ class HexCanvas final : public wxWindow {
  public:
   explicit HexCanvas(wxWindow* parent);
 
-  // Shows an image from its start, or nothing (null). It and its edits must stay until another is set.
+  // Shows an image from its start, or nothing (null). The image and its edits must stay valid until the next
+  // call.
   void SetImage(const Fullflash* image, const ImageEdits* edits);
-  // Bytes of the image were changed.
+  // Call after bytes of the image have changed.
   void ImageChanged();
   [[nodiscard]] bool HasImage() const { return scene_.Rows() > 0; }
 
-  // Selects bytes, as far as the image has them, and puts the cursor on the first; without any only
-  // that. Where it is out of sight it comes to lie a third from the top.
+  // Selects bytes, clipped to the image, and puts the cursor on the first; a size of 0 only moves the cursor.
+  // If the cursor is out of sight, scrolls it to a third from the top.
   void Go(Offset start, Offset size);
   void SelectAll();
   [[nodiscard]] Region Selection() const { return scene_.cursor.Selection(); }
 
-  // Puts the cursor on the other side: from the digits to the text, or back.
+  // Moves the cursor to the other side: from the digits to the text, or back.
   void SwitchSide();
   [[nodiscard]] bool CursorInText() const { return scene_.cursorInText; }
 
   [[nodiscard]] Offset TopRow() const { return scene_.topRow; }
-  // Rows that are seen whole, 1 at the least.
+  // The number of rows that are fully visible, at least 1.
   [[nodiscard]] Offset RowsSeen() const;
-  // The middle of a byte's two digits.
+  // The point in the middle of a byte's two digits.
   [[nodiscard]] wxPoint PlaceOf(Offset offset) const;
 
   bool SetFont(const wxFont& font) override;
 
-  std::function<void()> onSelect;  // the cursor or the selection is another
+  std::function<void()> onSelect;  // the cursor or the selection has changed
   std::function<void()> onContextMenu;
-  // A byte was typed over that at an offset. First comes one with a new first digit, then, `again`, the
-  // same one with its second.
+  // A byte was typed over the one at an offset. A hexadecimal byte takes two calls: the first has its new
+  // first digit; the second, with `again`, has both.
   std::function<void(Offset at, std::uint8_t byte, bool again)> onType;
 
  private:
@@ -82,7 +83,7 @@ class HexCanvas final : public wxWindow {
   HexScene scene_;
   wxTimer dragTimer_;
   bool dragging_ = false;
-  bool placeWhenSized_ = false;  // it went somewhere before it had a size
+  bool placeWhenSized_ = false;  // Go was called before the window had a size
   int wheelTurned_ = 0;
 };
 

@@ -12,8 +12,8 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset patchGap = 8;            // so many bytes that stay may lie within a line of a patch
-constexpr std::size_t longestQuote = 60;  // of a text that is refused
+constexpr Offset patchGap = 8;            // a line of a patch may contain up to this many unchanged bytes
+constexpr std::size_t longestQuote = 60;  // characters of a rejected text
 
 }  // namespace
 
@@ -25,7 +25,7 @@ HexEditor::HexEditor(Workbench& bench, HexCanvas& canvas) : bench_(bench), canva
 
 const Fullflash& HexEditor::Image() const { return bench_.document.Image(); }
 
-// The second digit takes the step of the first one's place, if that has made one.
+// The second digit replaces the undo step of the first, if the first one changed the byte.
 void HexEditor::Type(Offset at, std::uint8_t byte, bool again) {
   if (again && typedStep_) bench_.document.Undo();
   typedStep_ = Image().Byte(at) != byte;

@@ -1,5 +1,5 @@
-// Edits of the hex view: what is typed, pasted and filled goes into the image, and what was changed goes
-// into the patch.
+// The edits of the hex view: writes typed, pasted and filled bytes into the image, and adds changes to the
+// patch.
 #pragma once
 
 #include <cstdint>
@@ -14,21 +14,21 @@ struct Workbench;
 
 class HexEditor {
  public:
-  // Writes from then on what is typed into the canvas. Both must outlive the object.
+  // From now on writes what the user types into the canvas. Both must outlive the object.
   HexEditor(Workbench& bench, HexCanvas& canvas);
 
-  // A typed byte is one step, whether by one digit or by two.
+  // A typed byte is one step, whether it took one digit or two.
   void Undo();
   void Redo();
   [[nodiscard]] bool CanUndo() const;
   [[nodiscard]] bool CanRedo() const;
 
-  // Writes the bytes that stand in the clipboard as hexadecimal digits, from the cursor or the start of
-  // the selection on. Where they are none, or too many, the user is told.
+  // Writes the clipboard's bytes, which it holds as hexadecimal digits, from the cursor or the start of the
+  // selection on. If the clipboard holds no bytes, or too many, tells the user.
   void Paste();
-  // Fills the selection with a byte that the user is asked for.
+  // Asks for a byte and fills the selection with it.
   void Fill();
-  // Makes a patch of what was changed in the selection; without one, in the whole image.
+  // Makes a patch of the changes in the selection, or in the whole image if nothing is selected.
   void ChangesToPatch();
 
  private:

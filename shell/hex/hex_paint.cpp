@@ -36,7 +36,7 @@ struct Palette {
   wxColour changedHighlight = Blend(red, highlight, 0.55);
 };
 
-// One row while it is drawn.
+// Draws one row.
 class Row {
  public:
   Row(wxDC& dc, const HexScene& scene, const Palette& palette, Offset row)
@@ -101,7 +101,7 @@ class Row {
     }
   }
 
-  // Behind the bytes first .. last.
+  // Paints the background of the bytes first .. last.
   void DrawGround(int first, int last, const wxColour& colour) {
     dc_.SetPen(*wxTRANSPARENT_PEN);
     dc_.SetBrush(colour);
@@ -109,7 +109,7 @@ class Row {
     dc_.DrawRectangle(Cells(scene_.columns.Text(first), scene_.columns.Text(last) + 1));
   }
 
-  // Neighbours of one colour are drawn at once: a call for each would be slow.
+  // Draws neighbours of the same colour in one call: a call for each byte would be slow.
   void DrawHexDigits() {
     for (int i = 0; i < Count();) {
       const int first = i;
@@ -121,7 +121,7 @@ class Row {
     }
   }
 
-  // Characters that the font might lack, and take from another one of another width, stand alone.
+  // Draws characters that may come from a fallback font with a different width one at a time.
   void DrawText() {
     const auto isPlain = [this](int i) { return ShownCharacter(At(i)) < 0x80; };
     for (int i = 0; i < Count();) {
@@ -134,7 +134,7 @@ class Row {
     }
   }
 
-  // A frame on both sides, a strong one where the keyboard is.
+  // A frame on both sides; the one with the keyboard focus is stronger.
   void DrawCursor() {
     const Offset i = scene_.cursor.At() - start_;
     if (i < 0 || i >= Count()) return;

@@ -24,10 +24,10 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset copyLimit = 0x100000;  // bytes; as text they become several times as much
+constexpr Offset copyLimit = 0x100000;  // bytes; as text they take several times as much memory
 constexpr unsigned long placeLength = 40;
 
-// The window colour with some red in it.
+// The window colour tinted with red.
 wxColour FaultColour() {
   const wxColour window = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
   const auto mix = [](unsigned char part, unsigned char red) { return wxColour::AlphaBlend(part, red, 0.7); };
@@ -159,7 +159,7 @@ void HexPanel::GoToPlace() {
   }
 }
 
-// Says beside the line what is wrong with it; an empty text: nothing is.
+// Shows an error beside the line; an empty text removes it.
 void HexPanel::ShowFault(const wxString& text) {
   if (fault_->GetLabelText() == text) return;
   fault_->SetLabelText(text);
@@ -253,7 +253,7 @@ void HexPanel::CopyText_Click() {
 
 void HexPanel::CopyOffset_Click() { Copy(OffsetText(Image(), canvas_->Selection().offset)); }
 
-// In the line above it is the line's own text that is selected.
+// In the line above, selects the line's own text.
 void HexPanel::SelectBytes_Click() {
   if (place_->HasFocus())
     place_->SelectAll();
@@ -261,7 +261,7 @@ void HexPanel::SelectBytes_Click() {
     canvas_->SelectAll();
 }
 
-// There too it is the line's own text that is edited.
+// In the line above, undoes edits of the line's own text.
 void HexPanel::UndoBytes_Click() {
   if (place_->HasFocus())
     place_->Undo();
@@ -293,8 +293,8 @@ void HexPanel::FindBytes_Click() {
   if (AskForPattern()) FindNext_Click();
 }
 
-// From behind the start of the selection, which may be the hit of the last search. A cursor alone may
-// stand on a hit that nobody has seen yet.
+// Searches from just after the start of the selection, which may be the last hit. A cursor without a
+// selection may be on a hit that has not been found yet.
 void HexPanel::FindNext_Click() {
   if (pattern_.empty() && !AskForPattern()) return;
   const Pattern pattern(pattern_);

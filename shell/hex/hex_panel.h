@@ -1,4 +1,4 @@
-// The hex view: the bytes of the open dump, a line to go somewhere, and what stands at the cursor.
+// The hex view: the bytes of the open dump, a line for going to a place, and information about the cursor.
 #pragma once
 
 #include <string>
@@ -26,15 +26,15 @@ class HexPanel final : public Panel {
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() override { return &commands_; }
   [[nodiscard]] wxWindow& FirstFocus() override;
-  // Shows the open image from its start; one that is shown already stays as it was left.
+  // Shows the open image from its start. If the image is shown already, keeps its position.
   void Build() override;
-  // Writes the selected bytes to a file that is named after their offset.
+  // Writes the selected bytes to a file named after their offset.
   void Save() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;
 
-  // Selects a region and scrolls to it; the caller has made sure that it begins within the image. What
-  // lies behind the image's end is left out; a size of 0 only puts the cursor there.
+  // Selects a region, clipped to the end of the image, and scrolls to it. It must start within the image. A
+  // size of 0 only moves the cursor.
   void Go(Offset start, Offset size);
 
   // The commands.
@@ -69,8 +69,8 @@ class HexPanel final : public Panel {
   [[nodiscard]] std::string InformationText() const;
 
   [[nodiscard]] const Fullflash& Image() const;
-  // The bytes that a command takes: the selected ones, else that under the cursor. Empty, and the user
-  // is told, where these are too many for the clipboard.
+  // The bytes for a command: the selected ones, otherwise the one under the cursor. If they are too many for
+  // the clipboard, tells the user and returns none.
   [[nodiscard]] Bytes BytesToCopy();
   bool AskForPattern();
   void ShowHit(const Pattern& pattern, Offset hit);
@@ -85,7 +85,7 @@ class HexPanel final : public Panel {
   HexCanvas* canvas_;
   HexEditor editor_;
   wxStaticText* information_;
-  std::string pattern_;  // the last that was searched for
+  std::string pattern_;  // the pattern of the last search
   Document::Watch watch_;
 };
 

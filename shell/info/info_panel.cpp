@@ -26,7 +26,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t bytesAtOnce = 1 << 18;  // appended to the text; the progress bar moves between
+constexpr std::size_t bytesAtOnce = 1 << 18;  // appended at a time; the progress bar moves in between
 
 }  // namespace
 
@@ -52,7 +52,7 @@ void InfoPanel::Layout() {
   box->AddStretchSpacer(1);
   box->Add(PicAbout, 0, wxALIGN_CENTRE_HORIZONTAL | wxLEFT | wxRIGHT, window_->FromDIP(24));
   box->AddStretchSpacer(2);
-  auto* margin = new wxBoxSizer(wxVERTICAL);  // the control's own margins work on Windows only
+  auto* margin = new wxBoxSizer(wxVERTICAL);  // the control's own margins work only on Windows
   margin->Add(Text, 1, wxEXPAND | wxALL, gap);
   margin->Add(welcome_, 1, wxEXPAND);
   sheet_->SetSizer(margin);
@@ -108,7 +108,7 @@ void InfoPanel::AddText(const std::string& name, const std::string& body) {
 void InfoPanel::AppendLong(std::string_view text) {
   ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(text.size()));
   for (std::size_t done = 0; done < text.size();) {
-    // To the end of a line, so that no character is split.
+    // Up to the end of a line, so that no character is split.
     const std::size_t end = std::min(text.find('\n', done + bytesAtOnce), text.size() - 1) + 1;
     AppendText(Wx(text.substr(done, end - done)));
     done = end;

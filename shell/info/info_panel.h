@@ -24,7 +24,7 @@ class InfoPanel final : public Panel {
   explicit InfoPanel(Workbench& bench);
 
   [[nodiscard]] wxWindow& Window() override;
-  // Before a dump is open the keyboard is at what opens one.
+  // The button that opens a dump, until one is open.
   [[nodiscard]] wxWindow& FirstFocus() override;
   void Build() override {}
   // Writes the text to the dump's path with extension ".info".
@@ -32,16 +32,16 @@ class InfoPanel final : public Panel {
   void Clear() override;
   void Recaption(const Messages& messages) override;
 
-  // What is offered to be opened again while no document is open.
+  // Sets the files that the panel offers to open while no document is open.
   void ShowRecent(const RecentFiles& files);
 
-  // The information text. Explorers add lines to what the summary begins.
+  // The information text: starts with the summary; explorers append lines.
   void SetText(const wxString& text);
   void AppendText(const wxString& text);
   [[nodiscard]] wxString GetText() const;
 
-  // Appends a named piece of information, of any length, and announces it; says that it is absent where
-  // `body` is empty.
+  // Appends a named piece of information of any length and announces it. If `body` is empty, says that there
+  // is nothing to add.
   void AddText(const std::string& name, const std::string& body);
 
  private:
@@ -54,7 +54,7 @@ class InfoPanel final : public Panel {
   wxTextCtrl* Text;
   wxStaticBox* Frame;
   wxStaticBitmap* PicAbout;
-  Welcome* welcome_;  // in the place of the text while that is empty
+  Welcome* welcome_;  // shown instead of the text while that is empty
 };
 
 }  // namespace tarvelo

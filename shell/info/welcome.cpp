@@ -19,7 +19,7 @@
 namespace tarvelo {
 namespace {
 
-// The system's, where it can be told from the ground.
+// The system's link colour if it is legible on the background, otherwise the text colour.
 wxColour LinkColour() {
   const wxColour link = wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT);
   const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
@@ -37,7 +37,7 @@ Welcome::Welcome(wxWindow* parent, Workbench& bench)
   auto* title = new wxStaticText(this, wxID_ANY, productName);
   title->SetFont(GetFont().Bold().Scaled(2));
   hint_ = new wxStaticText(this, wxID_ANY, wxString());
-  // The order of making them is that of the Tab key.
+  // The order of creation is the Tab order.
   open_ = AddButton(Id::OpenFF);
   recentTitle_ = new wxStaticText(this, wxID_ANY, wxString());
   for (std::size_t i = 0; i < recent_.size(); ++i) {
@@ -53,7 +53,7 @@ Welcome::Welcome(wxWindow* parent, Workbench& bench)
   });
 }
 
-// In as many lines as the width needs.
+// Wraps the hint to the window's width.
 void Welcome::ShowHint() {
   const int width = GetClientSize().x - FromDIP(16);
   if (hint_->GetLabelText() != hintText_) hint_->SetLabelText(hintText_);

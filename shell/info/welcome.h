@@ -1,4 +1,4 @@
-// What stands in the place of the information text while no fullflash is open: how to begin.
+// Shown instead of the information text while no fullflash is open: how to begin.
 #pragma once
 
 #include <wx/scrolwin.h>
@@ -20,10 +20,10 @@ class Welcome final : public wxScrolledWindow {
   Welcome(wxWindow* parent, Workbench& bench);
 
   void Recaption(const Messages& messages);
-  // Offers the files opened last.
+  // Offers the most recently opened files.
   void ShowRecent(const RecentFiles& files);
 
-  // What takes the keyboard first.
+  // The button that gets the keyboard focus first.
   [[nodiscard]] wxButton& OpenButton() { return *open_; }
 
  private:

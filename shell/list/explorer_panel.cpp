@@ -150,7 +150,7 @@ void ExplorerPanel::OpenEntry_Click() {
   if (const auto item = ChosenItem()) bench_.frame.ShowBl(item->entry.offset, item->entry.size);
 }
 
-// The chosen record stays chosen; where it is listed no more, the next one is.
+// The chosen record stays chosen; if it is no longer listed, the next one is chosen.
 void ExplorerPanel::ShowDel_Click() {
   showDeleted_ = !showDeleted_;
   const auto chosen = ChosenRecord();

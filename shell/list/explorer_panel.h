@@ -1,5 +1,5 @@
-// The panel of any explorer: its list, kept in step with the document, and the commands that all have.
-// Explorers that offer more derive theirs from it.
+// The panel of any explorer: its list, updated when the document changes, and the commands common to all
+// explorers. Explorers that offer more derive their panels from it.
 #pragma once
 
 #include <optional>
@@ -18,8 +18,8 @@ class ExplorerPanel : public ListPanel {
   ExplorerPanel(Workbench& bench, const Explorer& explorer, wxWindow* window = nullptr,
                 wxWindow* listParent = nullptr);
 
-  // Searches where the image was not searched as it is now, and again while nothing is listed. What is
-  // found first in a document adds lines to the information text.
+  // Searches if the image has changed since the last search, and every time while the list is empty. The
+  // first search of a document adds lines to the information text.
   void Build() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;
@@ -27,39 +27,40 @@ class ExplorerPanel : public ListPanel {
   // The commands. Those that need a chosen row do nothing without one.
   void OpenData_Click();
   void OpenEntry_Click();
-  // Lists deleted things too, or no more.
+  // Switches the listing of deleted records on or off.
   void ShowDel_Click();
 
-  // What is listed; null before the first search and after a failed one.
+  // The listed findings; null before the first search and after a failed one.
   [[nodiscard]] const Findings* Found() const { return found_ ? &*found_ : nullptr; }
   // The record of the chosen row.
   [[nodiscard]] std::optional<std::size_t> ChosenRecord() const;
 
  protected:
-  // What a panel adds to the common commands, group by group.
+  // What a panel adds to the common commands, by group.
   struct OwnCommands {
-    std::vector<PanelCommand> first;      // in front of all others
+    std::vector<PanelCommand> first;      // before all others
     std::vector<PanelCommand> open;       // beside those that open bytes
     std::vector<PanelCommand> copy;       // beside those that copy
-    std::vector<PanelCommand> files;      // a group of their own
-    std::vector<PanelCommand> last;       // behind all others
-    int defaultId = 0;                    // of the double click; 0: opens the data
+    std::vector<PanelCommand> files;      // a separate group
+    std::vector<PanelCommand> last;       // after all others
+    int defaultId = 0;                    // run by a double click; 0: OpenData
     Text search = Text::AskSearchString;  // the caption of Find
   };
   [[nodiscard]] virtual OwnCommands Own() { return {}; }
 
-  // The list is another one: other findings, or none. `isNew`: of a document not searched before.
+  // Called when the list was replaced: by other findings, or by none. `isNew`: by the first findings of a
+  // document.
   virtual void ListChanged(bool isNew) { (void)isNew; }
-  // A row was chosen, by the user or by the program.
+  // Called when a row was chosen, by the user or by the program.
   virtual void RecordChosen(std::size_t record) { (void)record; }
-  // Whether somebody sees what is listed, so that the list follows changes at once.
+  // Whether the user sees the findings. If so, the list follows changes at once.
   [[nodiscard]] virtual bool IsSeen() const { return bench_.frame.IsVisible(*this); }
-  // Whether the list may change now; a change that comes meanwhile waits for the next Build.
+  // Whether the list may change now. If not, a change waits for the next Build.
   [[nodiscard]] virtual bool CanChange() const { return true; }
 
-  // Selects the row of a record; where it has none, the next one.
+  // Selects the row of a record, or the next row if the record is not listed.
   void SelectRecord(std::size_t record);
-  // Whether the program, not the user, is choosing a row.
+  // True while the program, not the user, is choosing a row.
   [[nodiscard]] bool IsSelecting() const { return isSelecting_; }
 
   [[nodiscard]] TableRows Rows() const override { return listing_.rows; }
@@ -76,8 +77,8 @@ class ExplorerPanel : public ListPanel {
   std::optional<Findings> found_;
   Listing listing_;
   Document::Watch watch_;
-  bool isStale_ = false;      // the image was changed since it was searched
-  bool isAnnounced_ = false;  // the information text has the lines of this document
+  bool isStale_ = false;      // the image has changed since the search
+  bool isAnnounced_ = false;  // the information text has this document's lines
   bool showDeleted_ = false;
   bool isSelecting_ = false;
 };

@@ -1,5 +1,5 @@
-// A panel that shows a list: filtered, sorted, searched, saved and copied alike whatever is listed, with
-// the commands that every list has.
+// A panel with a list. Filtering, sorting, searching, saving and copying work the same for every list, with
+// the same commands.
 #pragma once
 
 #include <memory>
@@ -19,8 +19,8 @@ class ListView;
 
 class ListPanel : public Panel {
  public:
-  // `letter` names the saved list. The panel's window is `window`, the list stands in `listParent`;
-  // without them the list is the whole panel.
+  // `letter` is part of the saved list's file name. `window` is the panel's window and `listParent` the
+  // list's parent; without them the list is the whole panel.
   ListPanel(Workbench& bench, PanelTraits traits, char letter, wxWindow* window = nullptr,
             wxWindow* listParent = nullptr);
 
@@ -32,7 +32,7 @@ class ListPanel : public Panel {
 
   [[nodiscard]] ListView& List() const { return *list_; }
 
-  // The commands of every list. They do nothing without a chosen row.
+  // The commands of every list. They do nothing if no row is chosen.
   void OpenHex_Click();
   void CopyOffset_Click();
   void CopyAddress_Click();
@@ -40,21 +40,21 @@ class ListPanel : public Panel {
  protected:
   // The whole list in the current language.
   [[nodiscard]] virtual TableRows Rows() const = 0;
-  // The bytes that the chosen row is about; nothing where no row is chosen.
+  // The bytes that the chosen row describes; none if no row is chosen.
   [[nodiscard]] virtual std::optional<Region> ChosenRegion() const = 0;
-  // Made once, when the commands are first asked for.
+  // Called once, when the commands are first needed.
   [[nodiscard]] virtual PanelCommands MakeCommands() = 0;
-  // A phone address as CopyAddress puts it into the clipboard.
+  // The text that CopyAddress puts into the clipboard for an offset.
   [[nodiscard]] virtual std::string AddressOf(Offset offset) const;
-  // The column that Find searches; none: all.
+  // The column that Find searches; none means all.
   [[nodiscard]] virtual std::optional<unsigned> SearchedColumn() const { return {}; }
 
-  // Lines for MakeCommands.
+  // Commands for MakeCommands.
   [[nodiscard]] PanelCommand OpenHexCommand();
   [[nodiscard]] std::vector<PanelCommand> CopyCommands();
   [[nodiscard]] std::vector<PanelCommand> FindCommands(Text search);
   [[nodiscard]] std::vector<PanelCommand> StepCommands(Text next, Text previous);
-  // Whether a row is chosen; whether there are any. For PanelCommand::enabled.
+  // Whether a row is chosen, and whether there are any rows. For PanelCommand::enabled.
   [[nodiscard]] std::function<bool()> Chosen();
   [[nodiscard]] std::function<bool()> Any();
 

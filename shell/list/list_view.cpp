@@ -23,22 +23,22 @@ constexpr int widestColumn = 60;  // characters; longer texts are cut off on the
 constexpr std::size_t rowsMeasured = 500;
 constexpr std::size_t longestDrawn = 2000;  // bytes of a cell; a melody may have millions
 
-// Red that is legible on the ground of the theme.
+// A red that is legible on the theme's background.
 wxColour MarkedColour() {
   const bool isDark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
   return isDark ? wxColour(0xFF, 0x70, 0x70) : wxColour(0xC0, 0, 0);
 }
 
-// As much of a cell as can be seen.
+// The part of a cell that can be visible.
 std::string_view Drawn(std::string_view cell) {
   if (cell.size() <= longestDrawn) return cell;
   std::size_t end = longestDrawn;
-  while (end > 0 && (cell[end] & 0xC0) == 0x80) --end;  // no character is split
+  while (end > 0 && (cell[end] & 0xC0) == 0x80) --end;  // do not split a character
   return cell.substr(0, end);
 }
 
-// Characters of a text, those twice that are wide in a monospaced font. (Not only they need three bytes,
-// but the others that do are rare.)
+// The width of a text in characters. Three-byte characters count twice, because most of them are wide in a
+// monospaced font and the others are rare.
 std::size_t WidthOf(std::string_view text) {
   const auto starts = std::ranges::count_if(text, [](unsigned char c) { return (c & 0xC0) != 0x80; });
   const auto wide = std::ranges::count_if(text, [](unsigned char c) { return c >= 0xE0; });
@@ -47,7 +47,7 @@ std::size_t WidthOf(std::string_view text) {
 
 }  // namespace
 
-// Hands the control the cells that it draws.
+// Gives the control the cells to draw.
 class ListView::Model final : public wxDataViewVirtualListModel {
  public:
   explicit Model(const ListView& view) : view_(view) {}
@@ -97,8 +97,8 @@ ListView::ListView(wxWindow* parent)
     if (const auto row = Selected(); row && onActivate) onActivate(*row);
   });
   control_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent& event) {
-    // The row under the mouse is the one that is meant, also where the news of its selection is still
-    // to come; several selected rows stay so.
+    // The context menu applies to the row under the mouse, even if the event of its selection is still to
+    // come; a selection of several rows stays.
     if (event.GetItem().IsOk() && control_->GetSelectedItemsCount() <= 1)
       Select(order_[model_->GetRow(event.GetItem())]);
     if (onContextMenu) CallAfter([this] { onContextMenu(); });
@@ -146,13 +146,13 @@ void ListView::Reword(TableRows rows) {
   if (row) Select(*row);
 }
 
-// As wide as the texts of the first rows; figures are padded to the same width in all of them.
+// Makes the columns as wide as the texts of the first rows; figures are padded to the same width in all rows.
 void ListView::FitColumns() {
   if (control_->GetColumnCount() != rows_.captions.size()) control_->ClearColumns();
   const int character = control_->GetTextExtent("0").x;
   const std::size_t measured = std::min(rows_.count, rowsMeasured);
   for (unsigned i = 0; i < rows_.captions.size(); ++i) {
-    std::size_t longest = WidthOf(rows_.captions[i]) + 2;  // room for the mark of the sorting
+    std::size_t longest = WidthOf(rows_.captions[i]) + 2;  // room for the sort mark
     for (std::size_t row = 0; row < measured; ++row) longest = std::max(longest, WidthOf(Row(row).cells[i]));
     const int width = std::min(static_cast<int>(longest), widestColumn) * character + FromDIP(14);
     if (i == control_->GetColumnCount())
@@ -172,7 +172,7 @@ bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::opti
   return column ? holds(cells[*column]) : std::ranges::any_of(cells, holds);
 }
 
-// Puts the rows on the screen in order. The current row stays the current one if it is still there.
+// Puts the rows on the screen in order. Keeps the current row if it is still listed.
 void ListView::Arrange() {
   const auto current = Selected();
   order_.clear();
@@ -180,7 +180,7 @@ void ListView::Arrange() {
   for (std::size_t row = 0; row < rows_.count; ++row)
     if (filter_.empty() || RowHolds(row, filter_)) order_.push_back(row);
   if (sortColumn_) {
-    std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows, which settle what is equal
+    std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows, which break ties
     cells.reserve(order_.size());
     for (const std::size_t row : order_)
       cells.emplace_back(Row(row).cells[*sortColumn_].substr(0, longestDrawn), row);

@@ -1,5 +1,5 @@
-// The list that every explorer's panel shows: a table with sorting, a line to filter it, search, and
-// copying of rows. Rows are asked for when they are drawn, so that thousands cost nothing.
+// The list in every explorer's panel: a table with sorting, a filter line, search, and copying of rows. Rows
+// are made only when they are drawn, so thousands of rows cost nothing.
 #pragma once
 
 #include <wx/dataview.h>
@@ -21,49 +21,48 @@ class ListView final : public wxPanel {
  public:
   explicit ListView(wxWindow* parent);
 
-  // Shows a list from now on, unfiltered, in its own order. Each row is made when it is needed.
+  // Shows a new list, unfiltered and in its own order. Each row is made when it is needed.
   void SetRows(TableRows rows);
   [[nodiscard]] const std::vector<std::string>& Captions() const { return rows_.captions; }
-  // Other captions of the same columns.
+  // Changes the captions of the columns.
   void SetCaptions(std::vector<std::string> captions);
-  // Shows the same rows in other words. The current row stays so; order and filter do not.
+  // Shows the same rows in different words. Keeps the current row; resets order and filter.
   void Reword(TableRows rows);
 
-  // How many columns of a marked row, from the first on, are drawn in colour; all of them otherwise.
+  // The number of columns, from the first on, that are coloured in a marked row. By default all of them.
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
 
-  // Rows of the list, whether shown or not.
+  // The number of rows in the list, shown or not.
   [[nodiscard]] std::size_t RowCount() const { return rows_.count; }
-  // One of them. Stays as it is until the next row is asked for.
+  // A row of the list. Valid until the next call.
   [[nodiscard]] const Table::Row& Row(std::size_t row) const;
 
-  // Rows are told by their index in the table, whatever the order and filter on the screen.
-  // The current row; nothing when there is none.
+  // Rows are identified by their index in the table, whatever the order and filter on the screen.
+  // The current row; none if there is none.
   [[nodiscard]] std::optional<std::size_t> Selected() const;
-  // All selected rows, as they stand on the screen.
+  // All selected rows, in the order on the screen.
   [[nodiscard]] std::vector<std::size_t> SelectedRows() const;
-  // Makes a row the current one and scrolls to it; a filter that hides it is cleared. Calls onSelect.
+  // Makes a row current and scrolls to it; clears a filter that hides it. Calls onSelect.
   void Select(std::size_t row);
 
-  // Moves on from the current row by so many rows as they stand on the screen, not beyond the first or
-  // the last one.
+  // Moves the current row by this many rows on the screen, stopping at the first and the last one.
   void Step(int rows);
 
-  // Searches the rows as they stand on the screen for a text, in one column or in any, upper and lower
-  // case alike: from the top, or from behind the current row. Selects the first that matches.
+  // Searches the rows in the order on the screen for a text, ignoring case, in one column or in all: from the
+  // top, or from the row after the current one. Selects the first match.
   bool Find(const std::string& text, bool behindCurrent, std::optional<unsigned> column = {});
 
-  // Sorts by a column's text; by the same one again: the other way round.
+  // Sorts by a column's text; a second call for the same column reverses the order.
   void SortBy(unsigned column);
-  // Shows only rows that hold the text in any column, upper and lower case alike.
+  // Shows only rows that contain the text in any column, ignoring case.
   void Filter(const std::string& text);
 
-  // The selected rows, tab-separated, into the clipboard: Ctrl+C.
+  // Copies the selected rows to the clipboard, tab-separated: Ctrl+C.
   void CopyRows() const;
 
-  // Puts the filter line in a language; screen readers call the list by its name.
+  // Switches the filter line to a language; screen readers call the list `name`.
   void Recaption(const Messages& messages, Text name);
-  // What all columns need, with a scrollbar beside them.
+  // The width of all columns together with a scrollbar.
   [[nodiscard]] int BestColumnsWidth() const;
   [[nodiscard]] wxDataViewCtrl& Control() { return *control_; }
 
@@ -81,10 +80,10 @@ class ListView final : public wxPanel {
   void ShowCaptions();
 
   TableRows rows_;
-  mutable std::size_t madeIndex_ = 0;  // the row made last
+  mutable std::size_t madeIndex_ = 0;  // the index of the row made last
   mutable std::optional<Table::Row> made_;
   unsigned markedColumns_ = static_cast<unsigned>(-1);
-  std::vector<std::size_t> order_;  // rows of the table as they stand on the screen
+  std::vector<std::size_t> order_;  // the table's rows in the order on the screen
   std::string filter_;              // in upper case
   std::optional<unsigned> sortColumn_;
   bool descending_ = false;

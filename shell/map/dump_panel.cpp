@@ -22,13 +22,13 @@
 namespace tarvelo {
 namespace {
 
-constexpr int countPanel = 8;  // of the status bar
+constexpr int countPanel = 8;  // a panel of the status bar
 
 }  // namespace
 
 DumpPanel::DumpPanel(Workbench& bench) : DumpPanel(bench, new wxPanel(&bench.frame.Parent())) {}
 
-// The list is made first: the keyboard goes from it to the legend.
+// Creates the list first, so that Tab goes from it to the legend.
 DumpPanel::DumpPanel(Workbench& bench, wxPanel* window)
     : ListPanel(bench, {.menuEntry = Id::Dump, .name = Text::Dump}, 'D', window, window),
       window_(window),
@@ -67,7 +67,7 @@ void DumpPanel::Build() {
   if (isStale_) MakeMap();
 }
 
-// The chosen place stays chosen.
+// Rebuilds the map and keeps the chosen place.
 void DumpPanel::MakeMap() {
   auto map = std::make_shared<const DumpMap>();
   try {
@@ -107,7 +107,7 @@ void DumpPanel::Clear() {
   ShowMap();
 }
 
-// Soon, while it is shown; else when it is shown next.
+// Rebuilds the map soon if the panel is visible, otherwise when it is next shown.
 void DumpPanel::ImageChanged() {
   isStale_ = true;
   if (!window_->IsShown()) return;
@@ -155,7 +155,7 @@ void DumpPanel::StepInKind(int direction) {
     Step(direction, [kind = region->kind](const Claim& other) { return other.kind == kind; });
 }
 
-// From the chosen region on, beginning anew at the end.
+// Searches from the chosen region on, wrapping around.
 void DumpPanel::Step(int direction, const std::function<bool(const Claim&)>& isSought) {
   const std::size_t count = Regions().size();
   std::size_t row = List().Selected().value_or(count - 1);

@@ -1,4 +1,4 @@
-// The map of the dump: a strip of the whole image, what its colours mean, and the list of the regions.
+// The map of the dump: a strip of the whole image, a legend of its colours, and the list of regions.
 #pragma once
 
 #include <functional>
@@ -18,8 +18,7 @@ class DumpPanel final : public ListPanel {
  public:
   explicit DumpPanel(Workbench& bench);
 
-  // Shows the map of the image as it is now. An image in which a search fails has none, and the user is
-  // told each time.
+  // Shows the map of the current image. If a search fails, there is no map and the user is told each time.
   void Build() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;
@@ -43,7 +42,7 @@ class DumpPanel final : public ListPanel {
   void ImageChanged();
   void SelectAt(Offset offset);
   void Step(int direction, const std::function<bool(const Claim&)>& isSought);
-  // Goes on to a region of the same kind, round and round.
+  // Moves to the next or previous region of the same kind, wrapping around.
   void StepInKind(int direction);
   [[nodiscard]] const std::vector<Claim>& Regions() const { return map_->regions; }
   [[nodiscard]] const Claim* Chosen() const;

@@ -11,7 +11,7 @@
 namespace tarvelo {
 namespace {
 
-// In device independent pixels.
+// In device-independent pixels.
 constexpr int height = 30;
 constexpr int pointerHeight = 5;  // above the bar
 constexpr int margin = 5;         // beside it
@@ -63,7 +63,7 @@ void ImageStrip::Mark(Offset offset, Offset size) {
   Refresh();
 }
 
-// --- where things are ---
+// --- geometry ---
 
 wxRect ImageStrip::Bar() const {
   const wxSize size = GetClientSize();
@@ -76,7 +76,7 @@ int ImageStrip::ColumnAt(int x) const {
   return std::clamp(x - bar.x, 0, bar.width - 1);
 }
 
-// In images of fewer bytes than pixels several columns are of the same byte.
+// If the image has fewer bytes than the bar has pixels, several columns start at the same byte.
 Offset ImageStrip::Begin(int column) const { return column * size_ / Bar().width; }
 
 Offset ImageStrip::End(int column) const {
@@ -96,7 +96,7 @@ wxRect ImageStrip::ColumnsOf(Offset offset, Offset size) const {
   return columns;
 }
 
-// What the colours have of a column, from the bottom up.
+// The shares of the colours in a column, from the bottom up.
 std::vector<ImageStrip::Share> ImageStrip::Shares(int column) const {
   const Offset begin = Begin(column);
   const Offset end = End(column);
@@ -115,13 +115,13 @@ std::vector<ImageStrip::Share> ImageStrip::Shares(int column) const {
     covered = piece->end;
   }
   add(0, covered, end);
-  // The same order in all columns, what is not covered above all.
+  // The same order in all columns; gaps (colour 0, which wraps around) are on top.
   std::ranges::sort(shares, {}, [](const Share& share) { return share.colour - 1; });
   Stack(shares);
   return shares;
 }
 
-// Parts the height: each share has a little in any case, and of the rest as much as it is great.
+// Divides the height: each share gets a minimum, and the rest is divided in proportion to size.
 void ImageStrip::Stack(std::vector<Share>& shares) const {
   const int whole = Bar().height;
   const int count = static_cast<int>(shares.size());
@@ -189,7 +189,7 @@ void ImageStrip::Describe(int x) {
   SetToolTip(describe(Begin(column), End(column) - Begin(column)));
 }
 
-// --- how it looks ---
+// --- painting ---
 
 void ImageStrip::Paint() {
   wxAutoBufferedPaintDC dc(this);
@@ -222,7 +222,7 @@ wxBitmap ImageStrip::PaintBar() const {
   return wxBitmap(image);
 }
 
-// A frame of black in white, which is seen on any colour, and a pointer above it.
+// A black frame inside a white one, visible on any colour, with a pointer above.
 void ImageStrip::PaintMark(wxDC& dc) const {
   const wxRect columns = ColumnsOf(marked_, markedSize_);
   wxRect frame = wxRect(columns).Inflate(2, 0);

@@ -1,6 +1,6 @@
-// The whole image as a strip: parts of it in colour, where the current place is, and a click that goes
-// there. Where several parts share a column of pixels, each shows as far as it covers the column; a part
-// that is shorter than a pixel is still seen.
+// The whole image as a strip: coloured parts, a mark at the current place, and clicks that go to a place. If
+// several parts share a column of pixels, each takes a share of the column's height in proportion to the
+// bytes it covers; a part shorter than a pixel stays visible.
 #pragma once
 
 #include <wx/bitmap.h>
@@ -24,23 +24,23 @@ class ImageStrip final : public wxWindow {
  public:
   explicit ImageStrip(wxWindow* parent);
 
-  // Shows parts, in order and apart from each other, of an image of so many bytes. What no part covers has
-  // the window's colour. The mark goes.
+  // Shows parts of an image of this size in bytes. The parts must be sorted and must not overlap. The
+  // window's colour fills the gaps between them. Removes the mark.
   void Show(Offset imageSize, std::vector<StripPart> parts);
   using wxWindow::Show;
-  // Marks the current place; a size of 0: none.
+  // Marks the current place; a size of 0 removes the mark.
   void Mark(Offset offset, Offset size);
 
-  // The left button was pressed, or is dragged, over the column of this offset: of what is painted there,
-  // the first byte that lies in the column.
+  // The left button was pressed or dragged over the column of this offset: the first byte, within that
+  // column, of the colour under the mouse.
   std::function<void(Offset)> onClick;
-  // What the tooltip says about the column under the mouse.
+  // Returns the tooltip for the bytes of the column under the mouse.
   std::function<wxString(Offset offset, Offset size)> describe;
 
-  // The list beside it is the way for the keyboard.
+  // Keyboard users have the list beside it.
   [[nodiscard]] bool AcceptsFocus() const override { return false; }
 
-  // Where the first byte of a region is painted, the middle of its part of the column.
+  // Where the first byte of a region is painted: the middle of its share of the column.
   [[nodiscard]] wxPoint PointOf(Offset offset) const;
   // The columns of pixels that a region of the image covers, at least one.
   [[nodiscard]] wxRect ColumnsOf(Offset offset, Offset size) const;
@@ -49,12 +49,12 @@ class ImageStrip final : public wxWindow {
   struct Piece {
     Offset begin = 0;
     Offset end = 0;
-    std::size_t colour = 0;  // of palette_
+    std::size_t colour = 0;  // an index into palette_
   };
-  // What a colour has of a column.
+  // The share of a column that a colour has.
   struct Share {
     std::size_t colour = 0;
-    Offset first = 0;  // byte
+    Offset first = 0;  // the offset of its first byte
     Offset size = 0;
     int top = 0;  // in pixels from the top of the bar
     int bottom = 0;
@@ -77,12 +77,12 @@ class ImageStrip final : public wxWindow {
 
   Offset size_ = 0;
   std::vector<Piece> pieces_;
-  std::vector<wxColour> palette_;  // the first is the window's, of what no part covers
+  std::vector<wxColour> palette_;  // the first is the window's colour, for the gaps
   Offset marked_ = 0;
   Offset markedSize_ = 0;
-  wxBitmap bar_;                   // none: is to be painted
-  std::optional<Offset> pointed_;  // while the button is held down
-  int described_ = -1;             // the column of the tooltip
+  wxBitmap bar_;                   // invalid: must be painted
+  std::optional<Offset> pointed_;  // set while the button is held down
+  int described_ = -1;             // the column that the tooltip describes
 };
 
 }  // namespace tarvelo

@@ -16,7 +16,7 @@
 namespace tarvelo {
 namespace {
 
-// In device independent pixels.
+// In device-independent pixels.
 constexpr int square = 12;
 constexpr int narrowWidth = 800;
 
@@ -29,7 +29,7 @@ wxBitmap Square(const wxColour& colour, int size) {
   return bitmap;
 }
 
-// "14.7 %". Less than a tenth is not nothing.
+// "14.7 %". A nonzero share below 0.1 % must not read as zero.
 wxString Percent(Offset size, Offset whole) {
   const double percent = 100.0 * static_cast<double>(size) / static_cast<double>(whole);
   return percent < 0.1 ? wxString::Format("< %.1f %%", 0.1) : wxString::Format("%.1f %%", percent);

@@ -1,4 +1,4 @@
-// The colours of the dump map, and the line that says what they mean and how much of the image has each.
+// The colours of the dump map, and a legend that says what they mean and how much of the image each covers.
 #pragma once
 
 #include <wx/colour.h>
@@ -14,12 +14,12 @@ class wxButton;
 
 namespace tarvelo {
 
-// The colour of a group of kinds. They are chosen so that people with any kind of colour vision can tell
-// them apart; what is of little interest is grey.
+// The colour of a group of kinds. The colours are distinguishable with any kind of colour vision; groups of
+// little interest are grey.
 [[nodiscard]] wxColour ColourOf(const ClaimGroup& group);
 
-// A button for each group that the image has, in as many lines as they need. Where there is little room the
-// sizes in bytes are left to the tooltips.
+// A button for each group in the image, in as many lines as needed. If room is short, the sizes in bytes
+// appear only in the tooltips.
 class MapLegend final : public wxPanel {
  public:
   explicit MapLegend(wxWindow* parent);

@@ -15,10 +15,10 @@
 namespace tarvelo {
 namespace {
 
-// Bytes of a patch file. In memory its lines become many times as much.
+// The largest patch file, in bytes. In memory its lines take many times as much.
 constexpr std::uint64_t patchFileLimit = 32 << 20;
 
-// Nothing where it is too large; the user is told.
+// Reads a patch file. If it is too large, tells the user and returns nothing.
 std::optional<ReadPatch> ReadPatchFile(Workbench& bench, const std::filesystem::path& file) try {
   const FileBytes bytes = ReadFile(file, patchFileLimit, bench.status);
   return ReadPatchText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size});
@@ -28,7 +28,7 @@ std::optional<ReadPatch> ReadPatchFile(Workbench& bench, const std::filesystem::
   return {};
 }
 
-// Writes the changes as one step and says what became of the patch.
+// Writes the changes as one step and reports the result to the user.
 void WriteChanges(Workbench& bench, const std::vector<Change>& changes, const MisfitTable& misfits,
                   const std::filesystem::path& file) {
   bench.document.Write(changes);

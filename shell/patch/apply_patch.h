@@ -1,5 +1,5 @@
-// A patch file on its way into the open image: checked line by line, shown to the user where it does not
-// fit, written as one step.
+// Applies a patch file to the open image: checks it line by line, shows the user the lines that do not fit,
+// and writes it as one step.
 #pragma once
 
 #include <filesystem>
@@ -8,14 +8,14 @@ namespace tarvelo {
 
 struct Workbench;
 
-// Asks for a patch file and applies it. Where lines do not fit they are listed, and nothing is written
-// unless the user says so.
+// Asks for a patch file and applies it. If lines do not fit, lists them and writes nothing unless the user
+// agrees.
 void ApplyPatch_Click(Workbench& bench);
 
 // Applies a patch file that the user chose. If it cannot be applied, the user is told why.
 void ApplyPatchFile(Workbench& bench, const std::filesystem::path& file);
 
-// Whether a file is a patch, by its name.
+// Whether a file's name is that of a patch.
 [[nodiscard]] bool IsPatchFile(const std::filesystem::path& file);
 
 }  // namespace tarvelo

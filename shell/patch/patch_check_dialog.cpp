@@ -26,7 +26,7 @@ PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, c
   column->Add(new wxStaticText(this, wxID_ANY, Wx(misfits.Summary())), 0, wxEXPAND | wxALL, gap);
   column->Add(list_, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
   column->Add(MakeButtons(messages, misfits.Fitting() > 0), 0, wxEXPAND | wxALL, gap);
-  SetSizerAndFit(column);  // smaller it cannot be made
+  SetSizerAndFit(column);  // the minimum size
   FitScreen();
 }
 
@@ -47,7 +47,7 @@ wxSizer* PatchCheckDialog::MakeButtons(const Messages& messages, bool canApply) 
 void PatchCheckDialog::FitScreen() {
   const wxSize screen = wxDisplay(GetParent() ? GetParent() : this).GetClientArea().GetSize();
   wxSize size = FromDIP(wxSize(960, 480));
-  size.DecTo(screen - FromDIP(wxSize(40, 60)));  // its frame too is to be seen
+  size.DecTo(screen - FromDIP(wxSize(40, 60)));  // leave room for its frame
   SetSize(size);
   CentreOnParent();
 }

@@ -1,4 +1,4 @@
-// The question what is to become of a patch of which lines do not fit: all of them are listed.
+// Lists the lines of a patch that do not fit and asks whether to apply the others.
 #pragma once
 
 #include <wx/dialog.h>
@@ -9,7 +9,7 @@ class ListView;
 class Messages;
 class MisfitTable;
 
-// ShowModal gives wxID_OK where the lines that fit are to be applied.
+// ShowModal returns wxID_OK if the lines that fit are to be applied.
 class PatchCheckDialog final : public wxDialog {
  public:
   // The misfits must outlive the dialog; `parent` may be null.

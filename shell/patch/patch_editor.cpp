@@ -13,7 +13,7 @@ namespace {
 
 enum Style { PlainStyle = 0, CommentStyle, InvalidStyle };
 
-constexpr int numberMargin = 0;  // with the numbers of the lines
+constexpr int numberMargin = 0;  // the margin of the line numbers
 constexpr int symbolMargin = 1;
 
 Style StyleOf(std::string_view line) {
@@ -24,7 +24,7 @@ Style StyleOf(std::string_view line) {
   }
 }
 
-// A colour between two, `share` per cent of the second.
+// A mix of two colours with `share` per cent of the second.
 wxColour Mix(const wxColour& a, const wxColour& b, int share) {
   const auto part = [share](int x, int y) { return static_cast<unsigned char>(x + (y - x) * share / 100); };
   return {part(a.Red(), b.Red()), part(a.Green(), b.Green()), part(a.Blue(), b.Blue())};
@@ -69,15 +69,15 @@ void PatchEditor::ChooseColours() {
   SetSelForeground(true, system(wxSYS_COLOUR_HIGHLIGHTTEXT));
 }
 
-// What can be scrolled is as wide as what is seen, until a longer line makes it wider: the control's own
-// guess is a bar that is always there.
+// The scrollable width is the visible width until a longer line makes it wider. The control's own guess would
+// always show a scrollbar.
 void PatchEditor::FitScrollWidth() {
   const int margins = GetMarginWidth(numberMargin) + GetMarginLeft() + GetMarginRight();
   const int seen = std::max(1, GetClientSize().x - margins);
   if (GetXOffset() == 0 || seen > GetScrollWidth()) SetScrollWidth(seen);
 }
 
-// Called for what is about to be drawn, so that even a long text costs nothing while it is typed.
+// Called for the lines about to be drawn, so that even a long text costs nothing while the user types.
 void PatchEditor::StyleLines(wxStyledTextEvent& event) {
   const int last = LineFromPosition(event.GetPosition());
   int line = LineFromPosition(GetEndStyled());
@@ -95,7 +95,7 @@ std::string PatchEditor::Document() const {
 }
 
 void PatchEditor::Append(std::string_view text) {
-  BeginUndoAction();  // else it would be one step with what was typed just before
+  BeginUndoAction();  // otherwise it would share a step with the text typed just before
   AppendText(Wx(text));
   EndUndoAction();
   GotoPos(GetLength());
@@ -106,9 +106,9 @@ void PatchEditor::Forget() {
   EmptyUndoBuffer();
 }
 
-// The control's own search knows the capitals of English letters only.
+// The control's own search ignores case only for English letters.
 bool PatchEditor::SelectNext(std::string_view wanted) {
-  const std::string text = ToUpper(Document());  // which leaves every character its length
+  const std::string text = ToUpper(Document());  // every character keeps its length in upper case
   const std::string upper = ToUpper(wanted);
   std::size_t found = text.find(upper, static_cast<std::size_t>(GetSelectionEnd()));
   if (found == text.npos) found = text.find(upper);

@@ -1,5 +1,5 @@
-// The editor of the patch document: plain text in a fixed font. Comments stand back, and lines that are
-// no patch lines are marked.
+// The editor of the patch document: plain text in a fixed font. It greys out comments and marks lines that
+// are not valid patch lines.
 #pragma once
 
 #include <wx/stc/stc.h>
@@ -13,17 +13,17 @@ class PatchEditor final : public wxStyledTextCtrl {
  public:
   explicit PatchEditor(wxWindow* parent);
 
-  // The whole text as it is edited, UTF-8.
+  // The whole current text, in UTF-8.
   [[nodiscard]] std::string Document() const;
   [[nodiscard]] bool IsEmpty() const { return GetLength() == 0; }
 
-  // Adds to the end and shows it. One step to undo.
+  // Appends a text and scrolls to it. One step to undo.
   void Append(std::string_view text);
-  // Empties the text; it cannot be brought back.
+  // Clears the text and the undo history.
   void Forget();
 
-  // Selects the next occurrence behind the selection, upper and lower case alike; behind the end it goes
-  // on at the top. False where there is none.
+  // Selects the next occurrence after the selection, ignoring case, and wraps around at the end. False if
+  // there is none.
   bool SelectNext(std::string_view wanted);
 
  private:

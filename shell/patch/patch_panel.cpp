@@ -12,7 +12,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset patchLimit = 0x100000;  // changed bytes; as text they become several times as much
+constexpr Offset patchLimit = 0x100000;  // changed bytes; as text they take several times as much memory
 
 }  // namespace
 
@@ -24,7 +24,7 @@ PatchPanel::PatchPanel(Workbench& bench)
       commands_(MakeCommands()) {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
   Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { bench_.frame.PopUpCommands(); });
-  // Where keys reach the control before the menu bar, it would exchange two lines.
+  // If keys reach the control before the menu bar, it would swap two lines on Ctrl+T.
   Patch_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'T')
       bench_.frame.Run(Id::SaveText);
@@ -38,7 +38,7 @@ wxWindow& PatchPanel::Window() { return *Patch_; }
 
 void PatchPanel::Clear() { Patch_->Forget(); }
 
-// Every change counts as unsaved, by whom it may be; an empty text has nothing to lose.
+// Every change, by the user or by the program, counts as unsaved; an empty text has nothing to lose.
 void PatchPanel::Patch_Change() {
   bench_.status.SetPanel(StatusBar::patchPanel, Patch_->IsEmpty() ? "" : "P");
 }

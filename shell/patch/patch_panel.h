@@ -24,14 +24,15 @@ class PatchPanel final : public Panel {
   void Clear() override;
   void Recaption(const Messages&) override {}
 
-  // Appends a named patch; `body` may have several lines, parted by line feeds. Announces it if asked to.
+  // Appends a named patch and announces it if asked to. `body` may have several lines, separated by line
+  // feeds.
   void AddPatch(const std::string& name, const std::string& body, bool announce);
 
-  // Asks for a name and appends and announces a patch that changes so many bytes. Too many are refused
-  // in the name of the command; then no body is made.
+  // Asks for a name, then appends and announces a patch that changes this many bytes. If they are too many,
+  // tells the user so in the name of the command, without making the body.
   void AskAndAddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody);
 
-  // Writes the patch file and tells the user. Throws FileError; the text still counts as unsaved then.
+  // Writes the patch file and tells the user. Throws FileError; the text then still counts as unsaved.
   void SavePatch();
 
   [[nodiscard]] PatchEditor& Patch() { return *Patch_; }

@@ -11,7 +11,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t mostThumbnails = 1500;  // many screens full, some 20 MiB
+constexpr std::size_t mostThumbnails = 1500;  // many screenfuls, about 20 MiB
 
 }  // namespace
 
@@ -75,7 +75,7 @@ void Gallery::Arrange() {
   Refresh();
 }
 
-// Small pictures are shown as they are, larger ones are reduced to their cell.
+// Shows small pictures at their own size and shrinks larger ones to fit their cell.
 wxBitmap Gallery::Draw(std::size_t index) const {
   const Bitmap bitmap = draw_(index);
   if (bitmap.pixels.empty()) return {1, 1};

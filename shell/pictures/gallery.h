@@ -1,5 +1,5 @@
-// All pictures side by side, so that a dump's artwork is seen at a glance. Thumbnails are drawn when
-// they come into sight.
+// All pictures side by side, to show a dump's artwork at a glance. Thumbnails are drawn when they become
+// visible.
 #pragma once
 
 #include <wx/bitmap.h>
@@ -17,14 +17,14 @@ class Gallery final : public wxScrolledCanvas {
  public:
   explicit Gallery(wxWindow* parent);
 
-  // Shows `count` pictures, each of which `draw` makes when it is needed.
+  // Shows `count` pictures; `draw` makes each of them when it is needed.
   void SetPictures(std::size_t count, std::function<Bitmap(std::size_t)> draw);
 
-  // Frames a picture and scrolls to it; does not call onSelect.
+  // Frames a picture and scrolls to it without calling onSelect.
   void Select(std::size_t index);
   [[nodiscard]] std::optional<std::size_t> Selected() const { return selected_; }
 
-  std::function<void(std::size_t index)> onSelect;    // by mouse or keys
+  std::function<void(std::size_t index)> onSelect;    // by mouse or keyboard
   std::function<void(std::size_t index)> onActivate;  // double click, Enter
   std::function<void()> onContextMenu;
 
@@ -40,7 +40,7 @@ class Gallery final : public wxScrolledCanvas {
 
   std::function<Bitmap(std::size_t)> draw_;
   std::size_t count_ = 0;
-  std::map<std::size_t, wxBitmap> thumbnails_;  // those drawn of late
+  std::map<std::size_t, wxBitmap> thumbnails_;  // the recently drawn ones
   std::optional<std::size_t> selected_;
   wxSize cell_;
   std::size_t columns_ = 1;

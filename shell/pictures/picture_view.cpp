@@ -8,10 +8,10 @@
 namespace tarvelo {
 namespace {
 
-constexpr int square = 4;  // of the checkerboard, in pixels of the screen
+constexpr int square = 4;  // of the checkerboard, in screen pixels
 constexpr Colour lightSquare = 0xFFFFFF;
 constexpr Colour darkSquare = 0xD0D0D8;
-const wxColour surroundings(0x96, 0x9A, 0xA0);  // neither white nor black, as pictures often are
+const wxColour surroundings(0x96, 0x9A, 0xA0);  // neither white nor black, unlike many pictures
 
 }  // namespace
 
@@ -68,7 +68,7 @@ void PictureView::Arrange() {
   Refresh();
 }
 
-// Only what is seen is drawn: a picture of 255 x 255 at 16x would be 16 million pixels.
+// Draws only the visible part: a picture of 255 x 255 at 16x would be 16 million pixels.
 void PictureView::Paint(wxPaintEvent&) {
   wxAutoBufferedPaintDC dc(this);
   dc.SetBackground(surroundings);
@@ -76,7 +76,7 @@ void PictureView::Paint(wxPaintEvent&) {
   if (!bitmap_ || bitmap_->pixels.empty()) return;
   const wxSize whole(bitmap_->width * zoom_, bitmap_->height * zoom_);
   const wxSize client = GetClientSize();
-  // In the middle where there is room, else scrolled.
+  // Centred if there is room, otherwise scrolled.
   const wxPoint scrolled = CalcUnscrolledPosition(wxPoint(0, 0));
   const wxPoint origin(whole.x < client.x ? (client.x - whole.x) / 2 : -scrolled.x,
                        whole.y < client.y ? (client.y - whole.y) / 2 : -scrolled.y);

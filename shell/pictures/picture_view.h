@@ -1,4 +1,4 @@
-// One picture, enlarged, in crisp pixels; what is transparent or not drawn is a checkerboard.
+// One picture, enlarged, with sharp pixels. Transparent and undrawn pixels show a checkerboard.
 #pragma once
 
 #include <wx/scrolwin.h>
@@ -9,8 +9,8 @@
 
 namespace tarvelo {
 
-// A part of a picture as wx draws it, each pixel `zoom` pixels wide. The checkerboard's squares lie
-// in place with the picture's own pixels.
+// A part of a picture as a wx image in which each pixel is `zoom` pixels wide. The checkerboard is aligned
+// with the picture, not with the part.
 [[nodiscard]] wxImage ToImage(const Bitmap& bitmap, int zoom, const wxRect& part);
 
 class PictureView final : public wxScrolledCanvas {
@@ -24,7 +24,7 @@ class PictureView final : public wxScrolledCanvas {
   using wxScrolledCanvas::Show;
   [[nodiscard]] const std::optional<Bitmap>& GetBitmap() const { return bitmap_; }
 
-  // 1 .. 16. Fit chooses the largest at which the whole picture is seen, and goes on doing so.
+  // 1 .. 16. Fit chooses the largest zoom at which the whole picture is visible, and keeps adjusting it.
   void SetZoom(int zoom);
   void FitWindow();
   void ZoomBy(int steps) { SetZoom(zoom_ + steps); }

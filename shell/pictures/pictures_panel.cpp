@@ -74,11 +74,11 @@ void PicturesPanel::Bind() {
   bench_.frame.AcceptDrops(*Pic_);
 }
 
-// Begins with the first picture each time.
+// Starts with the first picture each time.
 void PicturesPanel::Build() {
   ExplorerPanel::Build();
   SelectRecord(0);
-  // The splitters have their size only once they are shown.
+  // The splitters get their sizes only once they are shown.
   if (!std::exchange(placed_, true))
     window_->CallAfter([this] {
       window_->SetSashPosition(std::min(List().BestColumnsWidth(), window_->GetSize().x * 7 / 10));
@@ -151,8 +151,8 @@ ExplorerPanel::OwnCommands PicturesPanel::Own() {
 
 std::filesystem::path PicturesPanel::Folder() const { return bench_.document.FileDir() / "BMP"; }
 
-// Writes a picture as a bitmap, and beside it as PNG if the user wants that too. Returns the bitmap's
-// path.
+// Writes a picture as a bitmap, and as PNG beside it if the user wants that too. Returns the path of the
+// bitmap.
 std::filesystem::path PicturesPanel::SaveCurPic(const Picture& picture) {
   const std::string stem = PathText(bench_.document.FileStem().filename());
   if (savePng_) SavePicture(*decoder_, picture, Pictures().colourSeen, Folder(), stem, PictureFormat::Png);
@@ -170,7 +170,7 @@ void PicturesPanel::SaveAllPic_Click() {
   if (SaveEach()) bench_.talk.Tell(Text::AllPicturesSaved, Folder() / "NNNN.bmp");
 }
 
-// Saves all pictures. False when the user stopped it.
+// Saves all pictures. False if the user stopped it.
 bool PicturesPanel::SaveEach() {
   const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
   ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(Pictures().pictures.size()));
@@ -185,7 +185,7 @@ bool PicturesPanel::SaveEach() {
 void PicturesPanel::CopyPic_Click() {
   const auto& bitmap = Pic_->GetBitmap();
   if (!ChosenPicture() || !bitmap || bitmap->pixels.empty()) return;
-  // At its own size, and without the checkerboard: what is transparent is so in the clipboard too.
+  // At its own size and without the checkerboard: transparent pixels stay transparent in the clipboard.
   wxImage image = ToImage(*bitmap, 1, wxRect(0, 0, bitmap->width, bitmap->height));
   image.InitAlpha();
   for (int y = 0; y < bitmap->height; ++y)

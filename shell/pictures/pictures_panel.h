@@ -1,4 +1,4 @@
-// The Pictures panel: the list of pictures, the chosen one enlarged in its frame, and a gallery of all.
+// The Pictures panel: the list of pictures, an enlarged view of the chosen one, and a gallery of all.
 #pragma once
 
 #include <filesystem>
@@ -31,7 +31,7 @@ class PicturesPanel final : public ExplorerPanel {
 
   [[nodiscard]] PictureView& Pic() { return *Pic_; }
   [[nodiscard]] Gallery& AllPictures() { return *gallery_; }
-  // Those that are listed.
+  // The listed pictures.
   [[nodiscard]] const PictureList& Pictures() const;
 
  protected:
@@ -54,7 +54,7 @@ class PicturesPanel final : public ExplorerPanel {
   wxStaticBox* Frame;
   PictureView* Pic_;
   Gallery* gallery_;
-  std::unique_ptr<PictureDecoder> decoder_;  // of the image as it is now; null while nothing is listed
+  std::unique_ptr<PictureDecoder> decoder_;  // for the current image; null while nothing is listed
   bool savePng_ = false;
   bool placed_ = false;
 };

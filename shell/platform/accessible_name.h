@@ -1,4 +1,4 @@
-// What a screen reader calls a control that has no caption of its own.
+// The name that a screen reader gives to a control without a caption.
 #pragma once
 
 class wxString;

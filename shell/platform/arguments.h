@@ -1,4 +1,4 @@
-// The command line, in the bytes or characters in which it was given.
+// The command line, byte for byte.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace tarvelo::platform {
 
-// The arguments behind the program's name: UTF-8 on Windows, elsewhere the bytes as they are, since a
-// file's name there may be no UTF-8.
+// The arguments after the program's name: UTF-8 on Windows; elsewhere the unchanged bytes, because file names
+// there need not be UTF-8.
 [[nodiscard]] std::vector<std::string> Arguments();
 
 }  // namespace tarvelo::platform

@@ -14,7 +14,7 @@ void Beeper::Beep(int frequency, int milliseconds) {
 
 bool Beeper::Wait(int milliseconds, const GoOn& goOn) {
   constexpr auto slice = 15ms;
-  constexpr auto longestPause = 100ms;  // after which a tone is no longer one that follows at once
+  constexpr auto longestPause = 100ms;  // after a longer pause a tone no longer follows at once
   if (milliseconds <= 0) return true;
   const auto now = std::chrono::steady_clock::now();
   if (now < end_ || now - end_ > longestPause) end_ = now;

@@ -1,4 +1,4 @@
-// The default entry of a menu, the one that a double click runs, in bold.
+// Shows in bold the default entry of a menu, which a double click runs.
 #pragma once
 
 class wxMenu;

@@ -1,4 +1,4 @@
-// Settings files, through what each system has for them. All texts are UTF-8.
+// Settings files, through each system's own functions if it has any. All texts are UTF-8.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 
 namespace tarvelo::platform {
 
-// At most 255 characters of a value are read; empty where there is none.
+// Reads at most 255 characters of a value; empty if there is none.
 [[nodiscard]] std::string ReadIni(const std::filesystem::path& file, const std::string& section,
                                   const std::string& key);
 void WriteIni(const std::filesystem::path& file, const std::string& section, const std::string& key,

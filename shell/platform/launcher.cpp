@@ -1,4 +1,4 @@
-// What is the same on every system.
+// The part that is the same on every system.
 #include "shell/platform/launcher.h"
 
 #include <wx/log.h>

@@ -1,4 +1,4 @@
-// Other programs: which the system knows of, and starting them.
+// Finds and starts other programs.
 #pragma once
 
 #include <filesystem>
@@ -11,18 +11,18 @@ class Launcher {
  public:
   virtual ~Launcher() = default;
 
-  // The default value of a key of the Windows registry, which begins with HKCR, HKCU or HKLM and may end
-  // with a backslash. Empty where there is none, and on other systems.
+  // The default value of a key of the Windows registry. The key starts with HKCR, HKCU or HKLM and may end
+  // with a backslash. Empty if there is no such key, and on other systems.
   [[nodiscard]] virtual std::string RegRead(const std::string& key) const = 0;
 
-  // The system's own calculator as a command line; empty where none is known.
+  // The command line of the system's own calculator; empty if none is known.
   [[nodiscard]] virtual std::string CalculatorCommand() const = 0;
 
-  // Starts a program in a normal window and returns its process id; 0 where it cannot be started, which
-  // nobody is told.
+  // Starts a program in a normal window and returns its process id. If it cannot be started, returns 0
+  // without telling the user.
   virtual long shel(const std::string& commandLine);
 
-  // Opens a file with the program that the system has for it. False where there is none.
+  // Opens a file with the system's default program for it. False if there is none.
   virtual bool OpenWithSystem(const std::filesystem::path& file);
 };
 

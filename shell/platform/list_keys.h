@@ -1,11 +1,11 @@
-// Keys that the system's own list would take away from the menus.
+// Keys that the system's list control would take from the menus.
 #pragma once
 
 class wxDataViewCtrl;
 
 namespace tarvelo::platform {
 
-// Switches off the list's search, which answers to Ctrl+F and to letters.
+// Switches off the list control's own search, which takes Ctrl+F and letters.
 void LeaveSearchToMenus(wxDataViewCtrl& list);
 
 }  // namespace tarvelo::platform

@@ -10,15 +10,15 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::int64_t rate = 44100;                  // samples a second
-constexpr unsigned buffered = 200000;                 // microseconds that the device holds
+constexpr std::int64_t rate = 44100;                  // samples per second
+constexpr unsigned buffered = 200000;                 // the device's buffer in microseconds
 constexpr std::int64_t headStart = rate * 80 / 1000;  // samples of silence before the first tone
 
-void SayNothing(const char*, int, const char*, int, const char*, ...) {}  // no device is no error
+void SayNothing(const char*, int, const char*, int, const char*, ...) {}  // a missing device is not an error
 
-// Sounds square waves, as a beeper does. The device is open from the first tone of a melody to the last
-// one, so that one tone follows another to the sample; the silence that it starts with is the time that
-// may pass between two tones.
+// Plays square waves, as a beeper does. The device stays open from the first tone of a melody to the last, so
+// that each tone follows the previous one exactly. The silence at the start is the time that may pass between
+// two tones.
 class AlsaBeeper final : public Beeper {
  public:
   ~AlsaBeeper() override { Close(); }
@@ -32,11 +32,11 @@ class AlsaBeeper final : public Beeper {
       Feed();
       return goOn();
     });
-    if (!whole) Close();  // with what it has not played yet
+    if (!whole) Close();  // drops what it has not played yet
     return whole;
   }
 
-  // Lets the device play what it has, then leaves it to others.
+  // Lets the device finish playing, then releases it.
   void Finish() override {
     snd_pcm_sframes_t left = 0;
     if (pcm_ && snd_pcm_delay(pcm_, &left) == 0)
@@ -46,7 +46,7 @@ class AlsaBeeper final : public Beeper {
   }
 
  private:
-  // A device that cannot be opened is not asked for again before the next melody.
+  // If the device cannot be opened, does not try again before the next melody.
   void Open() {
     if (pcm_ || isDeaf_) return;
     snd_lib_error_set_handler(SayNothing);
@@ -67,7 +67,7 @@ class AlsaBeeper final : public Beeper {
     isDeaf_ = true;
   }
 
-  // Gives the device as much of the tone as it takes now.
+  // Gives the device as much of the tone as it accepts now.
   void Feed() {
     int faults = 0;
     while (pcm_ && written_ < length_) {
@@ -90,7 +90,7 @@ class AlsaBeeper final : public Beeper {
   }
 
   snd_pcm_sframes_t WriteTone() {
-    constexpr std::int16_t loudness = 0x2000;  // a quarter of what there is
+    constexpr std::int16_t loudness = 0x2000;  // a quarter of full scale
     std::array<std::int16_t, 1024> samples;
     const auto count = std::min<std::int64_t>(length_ - written_, samples.size());
     for (std::int64_t i = 0; i < count; ++i) {

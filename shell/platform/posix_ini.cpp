@@ -9,10 +9,10 @@ namespace tarvelo::platform {
 namespace {
 
 constexpr std::size_t longestValue = 255;
-constexpr std::uint64_t longestFile = 1 << 20;  // a larger one is no settings file of ours
+constexpr std::uint64_t longestFile = 1 << 20;  // a larger file is not one of our settings files
 
-// The file's bytes, none where there is no file; nothing where it cannot be read or is no text of one
-// byte a character, so that nobody writes over it.
+// The file's bytes, empty if there is no file. Nothing if the file cannot be read or is not a text of single
+// bytes, so that it is never overwritten.
 std::optional<std::string> Load(const std::filesystem::path& file) try {
   if (!FileExist(file)) return std::string();
   NoProgress progress;
@@ -33,18 +33,18 @@ std::string_view Trim(std::string_view text) {
 
 bool SameName(std::string_view a, std::string_view b) { return ToUpper(Trim(a)) == ToUpper(Trim(b)); }
 
-// Where a section's lines stand in the text: behind its title up to the next one, without blank lines
-// at the end. Nothing where there is no such section.
+// The position of a section's lines in the text: from after its title up to the next title, without trailing
+// blank lines.
 struct Span {
   std::size_t begin, end;
 };
 
 struct Line {
-  std::size_t begin, next;  // where it stands, and the one behind it
-  std::string_view text;    // without its end
+  std::size_t begin, next;  // where it starts, and where the next one does
+  std::string_view text;    // without its line break
 };
 
-// Calls `see` with each line; ends where it returns false. A lone carriage return ends one too.
+// Calls `see` with each line until it returns false. A lone carriage return ends a line too.
 template <typename See>
 void EachLine(std::string_view text, std::size_t from, See see) {
   while (from < text.size()) {
@@ -78,7 +78,7 @@ struct Entry {
   std::string_view name, value;
 };
 
-// The keys of a section, in their order. Comments have no key.
+// The keys of a section in order. A comment is not a key.
 std::vector<Entry> EntriesOf(std::string_view text, const Span& lines) {
   std::vector<Entry> entries;
   EachLine(text.substr(0, lines.end), lines.begin, [&](const Line& line) {
@@ -92,14 +92,14 @@ std::vector<Entry> EntriesOf(std::string_view text, const Span& lines) {
   return entries;
 }
 
-// The key of a name among others: of several the first counts, for reading and for writing.
+// Finds a key by name. If it occurs several times, the first one counts, for reading and for writing.
 std::optional<Entry> FindKey(const std::vector<Entry>& entries, std::string_view key) {
   const auto found =
       std::ranges::find_if(entries, [&](const Entry& entry) { return SameName(entry.name, key); });
   return found == entries.end() ? std::nullopt : std::optional(*found);
 }
 
-// Sets one key in the text of a settings file; every other byte stays as it is.
+// Sets one key in the text of a settings file; leaves every other byte unchanged.
 std::string WithKey(std::string text, std::string_view section, std::string_view key,
                     std::string_view value) {
   const std::string lineEnd = text.find("\r\n") != text.npos ? "\r\n" : "\n";
@@ -132,7 +132,7 @@ void WriteIni(const std::filesystem::path& file, const std::string& section, con
               const std::string& value) {
   std::error_code error;
   const std::filesystem::path target = std::filesystem::weakly_canonical(file, error);
-  const std::filesystem::path& real = error ? file : target;  // what a link leads to
+  const std::filesystem::path& real = error ? file : target;  // the target of a link
   const std::optional<std::string> text = Load(real);
   if (!text || IsWriteProtected(real)) return;
   try {

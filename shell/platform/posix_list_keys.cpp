@@ -10,7 +10,7 @@ constexpr char search[] = "start-interactive-search";
 
 gboolean DoNotSearch(GtkTreeView* tree) {
   g_signal_stop_emission_by_name(tree, search);
-  return FALSE;  // the key is still to be used
+  return FALSE;  // the key is still unhandled
 }
 
 }  // namespace
@@ -18,7 +18,7 @@ gboolean DoNotSearch(GtkTreeView* tree) {
 void LeaveSearchToMenus(wxDataViewCtrl& list) {
   auto* tree = GTK_TREE_VIEW(list.GtkGetTreeView());
   gtk_tree_view_set_enable_search(tree, FALSE);                      // by letters
-  g_signal_connect(tree, search, G_CALLBACK(DoNotSearch), nullptr);  // by Ctrl+F, all the same
+  g_signal_connect(tree, search, G_CALLBACK(DoNotSearch), nullptr);  // by Ctrl+F, which is still on
 }
 
 }  // namespace tarvelo::platform

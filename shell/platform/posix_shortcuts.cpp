@@ -5,7 +5,7 @@
 
 namespace tarvelo::platform {
 
-// GTK looks a key up in a table that it makes anew when it is idle: a key typed before that would be lost.
+// GTK looks keys up in a table that it rebuilds only when idle. A key pressed before that would be lost.
 void ShortcutsChanged(wxFrame& frame) { g_signal_emit_by_name(frame.GetHandle(), "keys-changed"); }
 
 }  // namespace tarvelo::platform

@@ -1,4 +1,4 @@
-// Shortcuts of menus that were put into the bar while the program runs.
+// Shortcuts of menus that are inserted while the program runs.
 #pragma once
 
 class wxFrame;

@@ -6,7 +6,7 @@
 namespace tarvelo::platform {
 namespace {
 
-// Everything but the name of the control itself is as the system has it.
+// Leaves everything except the control's name to the system.
 class NamedAccessible final : public wxAccessible {
  public:
   using wxAccessible::wxAccessible;
@@ -22,7 +22,7 @@ class NamedAccessible final : public wxAccessible {
 
 void SetAccessibleName(wxWindow& window, const wxString& name) {
   window.SetName(name);
-  // Lists have an object of their own, which tells the window's name, too, and their rows.
+  // Lists have an accessible object of their own, which also reports the window's name and their rows.
   if (!window.GetOrCreateAccessible()) window.SetAccessible(new NamedAccessible(&window));
 }
 

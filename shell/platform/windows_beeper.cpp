@@ -10,8 +10,8 @@ namespace {
 class WindowsBeeper final : public Beeper {
  public:
   bool BeepOn(int frequency, int milliseconds, const GoOn& goOn) override {
-    // ::Beep returns when the tone is over, so it has a thread of its own; a tone that takes another's
-    // place, or the one of 0 Hz and 0 ms, silences what still sounds.
+    // ::Beep returns when the tone is over, so it runs in a thread of its own. A new tone, or one of 0 Hz and
+    // 0 ms, silences the previous one.
     if (frequency > 0 && milliseconds > 0)
       std::thread([=] { ::Beep(static_cast<DWORD>(frequency), static_cast<DWORD>(milliseconds)); }).detach();
     if (Wait(milliseconds, goOn)) return true;

@@ -9,9 +9,9 @@
 namespace tarvelo::platform {
 namespace {
 
-// The private-profile functions speak the system's code page. The program's manifest makes that
-// UTF-8 where Windows knows how to, and an older one-byte code page hands every byte through as it
-// is: the file is UTF-8 there too. Only a code page of two-byte characters needs a conversion.
+// The private-profile functions use the system's code page. The program's manifest makes that UTF-8 on
+// versions of Windows that support it, and an older one-byte code page passes every byte through unchanged:
+// the file is UTF-8 there too. Only a two-byte code page needs a conversion.
 bool BytesPass() {
   CPINFO info;
   return GetACP() == CP_UTF8 || (GetCPInfo(CP_ACP, &info) && info.MaxCharSize == 1);
@@ -25,7 +25,7 @@ std::string ToSystem(const std::string& utf8) {
   return BytesPass() ? utf8 : std::string(Wx(utf8).mb_str(wxConvLocal));
 }
 
-// A value that is no UTF-8 was written by other means, in the system's code page.
+// Another program wrote a value that is not UTF-8, in the system's code page.
 std::string FromSystem(const std::string& text) {
   const wxString utf8 = wxString::FromUTF8(text.data(), text.size());
   return utf8.empty() ? Utf8(wxString(text.data(), wxConvLocal, text.size())) : text;
@@ -52,7 +52,7 @@ std::vector<std::pair<std::string, std::string>> ReadIniSection(const std::files
   std::string buffer(32767, '\0');
   const DWORD length = GetPrivateProfileSectionA(section.c_str(), buffer.data(),
                                                  static_cast<DWORD>(buffer.size()), FileName(file).c_str());
-  // "key=value" after "key=value", each ended by a zero.
+  // A sequence of "key=value", each terminated by a zero.
   std::vector<std::pair<std::string, std::string>> pairs;
   for (std::size_t at = 0; at < length;) {
     const std::string line = buffer.c_str() + at;

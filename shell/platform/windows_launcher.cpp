@@ -12,7 +12,7 @@ namespace {
 class WindowsLauncher final : public Launcher {
  public:
   [[nodiscard]] std::string RegRead(const std::string& key) const override {
-    const wxLogNull quiet;  // a key that is not there is no error
+    const wxLogNull quiet;  // a missing key is not an error
     wxString name = Wx(key);
     if (name.EndsWith("\\")) name.RemoveLast();
     wxRegKey registry(name);

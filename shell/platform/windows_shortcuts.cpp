@@ -2,6 +2,6 @@
 
 namespace tarvelo::platform {
 
-void ShortcutsChanged(wxFrame&) {}  // they are
+void ShortcutsChanged(wxFrame&) {}  // they work at once here
 
 }  // namespace tarvelo::platform

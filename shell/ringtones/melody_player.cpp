@@ -28,9 +28,8 @@ std::int64_t MillisecondsSince(Clock::time_point begin) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin).count();
 }
 
-// While it lives the main window's commands wait. What the user does with keys is passed over, but for
-// Escape; what he does with the mouse calls `stop` too, and is done when the object has gone and the
-// caller's command has returned.
+// During its lifetime the main window's commands wait. It ignores keys except Escape. Mouse actions call
+// `stop`, and take effect once the object is gone and the caller's command has returned.
 class InputGuard final : public wxEventFilter {
  public:
   InputGuard(Frame& frame, std::function<void()> stop)
@@ -47,13 +46,13 @@ class InputGuard final : public wxEventFilter {
     const wxEventType type = event.GetEventType();
     if (type == wxEVT_MENU) return Command(event);
     auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
-    // Message boxes stay usable, whoever shows them.
+    // Message boxes stay usable, whoever opened them.
     if (!window || wxGetTopLevelParent(window) != &window_) return Event_Skip;
     if (type == wxEVT_CLOSE_WINDOW) return Close(event);
     if (const auto* key = dynamic_cast<wxKeyEvent*>(&event)) return Key(*key);
     if (type == wxEVT_RIGHT_DOWN || type == wxEVT_RIGHT_UP || type == wxEVT_CONTEXT_MENU)
       return Event_Processed;
-    // What the list's own control has done by now, and a dropped file.
+    // Events of the list control, which has already handled them, and a dropped file.
     if (type == wxEVT_DATAVIEW_SELECTION_CHANGED || type == wxEVT_DATAVIEW_ITEM_ACTIVATED ||
         type == wxEVT_DATAVIEW_ITEM_CONTEXT_MENU || type == wxEVT_DATAVIEW_COLUMN_HEADER_CLICK ||
         (type == wxEVT_ASYNC_METHOD_CALL && window == &window_))
@@ -101,7 +100,7 @@ class InputGuard final : public wxEventFilter {
   bool isClosed_ = false;
 };
 
-// Does something when the scope ends, by whatever way.
+// Runs an action at the end of the scope, however it is left.
 class AtEnd {
  public:
   explicit AtEnd(std::function<void()> action) : action_(std::move(action)) {}
@@ -144,7 +143,7 @@ void MelodyPlayer::PlayTones(std::string_view text) {
     });
     run.At(static_cast<std::int64_t>(begin));
     time += tone->duration;
-    // Tones of no length leave no time for this.
+    // BeepOn never calls back during zero-length tones, so this attends to the window.
     if (MillisecondsSince(attended) > longestUnattended) {
       Attend(time);
       attended = Clock::now();
@@ -152,7 +151,7 @@ void MelodyPlayer::PlayTones(std::string_view text) {
   }
 }
 
-// Shows where the melody is and lets the windows repaint. False when it is to stop.
+// Shows the playing position and lets the windows repaint. False if the melody is to stop.
 bool MelodyPlayer::Attend(std::int64_t time) {
   if (onTime) onTime(time);
   if (wxEventLoopBase* loop = wxEventLoopBase::GetActive()) loop->Yield(true);

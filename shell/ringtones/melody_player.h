@@ -14,17 +14,17 @@ class MelodyPlayer {
  public:
   explicit MelodyPlayer(Workbench& bench) : bench_(bench) {}
 
-  // Plays a melody in text form (melody.h) tone by tone, and returns when it is over or stopped.
-  // Meanwhile the window repaints, but no other command runs. Escape and the command StopPlaying stop
-  // the melody, other keys do nothing; a row or a command chosen with the mouse, a file that is dropped
-  // and closing the window stop it and are done after it. Nothing happens where a melody plays already.
+  // Plays a melody in text form (melody.h) tone by tone, and returns when it ends or is stopped. Meanwhile
+  // the window repaints, but no other command runs. Escape and the command StopPlaying stop the melody; other
+  // keys do nothing. Choosing a row or a command with the mouse, dropping a file and closing the window stop
+  // it and take effect after it. Does nothing if a melody is already playing.
   void PlayRing(std::string_view text);
 
   void Stop() { isStopped_ = true; }
   [[nodiscard]] bool IsPlaying() const { return isPlaying_; }
 
-  // Told where the melody is, in milliseconds from its start, some fifty times a second; then, with
-  // nothing, that it is over.
+  // Called about fifty times a second with the position in the melody, in milliseconds from its start; then,
+  // without a value, when it is over.
   std::function<void(std::optional<std::int64_t> time)> onTime;
 
  private:

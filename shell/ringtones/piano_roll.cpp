@@ -8,7 +8,7 @@ namespace tarvelo {
 namespace {
 
 constexpr int highestKey = 127;
-constexpr int slowest = 50;   // pixels a second of the screen at 96 dpi, at least
+constexpr int slowest = 50;   // pixels per second at 96 dpi, at least
 constexpr int fastest = 200;  // and at most
 constexpr int widest = 100000000;
 constexpr int scrollStep = 10;
@@ -31,7 +31,7 @@ PianoRoll::PianoRoll(wxWindow* parent)
     : wxScrolledCanvas(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxHSCROLL) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   SetMinSize(FromDIP(wxSize(120, 60)));
-  EnableScrolling(false, false);  // the keys stay in their place: everything is painted anew
+  EnableScrolling(false, false);  // the keys stay in place, so everything is repainted
   ShowScrollbars(wxSHOW_SB_DEFAULT, wxSHOW_SB_NEVER);
   DisableKeyboardScrolling();
   Bind();
@@ -51,7 +51,7 @@ void PianoRoll::ShowMelody(std::span<const Tone> melody) {
     lowest_ = std::min(lowest_, key);
     highest_ = std::max(highest_, key);
   }
-  // An octave at least, and a free row on either side.
+  // At least an octave, and a free row on either side.
   if (notes_.empty()) lowest_ = highest_ = 69;
   const int missing = std::max(2, 13 - (highest_ - lowest_));
   lowest_ = std::max(0, lowest_ - missing / 2);
@@ -71,9 +71,9 @@ void PianoRoll::ShowText(const wxString& text) {
   Scroll(0, 0);
 }
 
-// --- where things are ---
+// --- geometry ---
 
-// Short melodies fill the window, long ones are scrolled.
+// Short melodies fill the window; long ones scroll.
 void PianoRoll::Arrange() {
   const int line = GetCharHeight() + FromDIP(4);
   const int keys = GetTextExtent("G#-1 ").x + FromDIP(10);
@@ -99,7 +99,7 @@ std::int64_t PianoRoll::TimeAt(int x) const {
   return static_cast<std::int64_t>(place / scale_);
 }
 
-// The key of a tone; those beside the piano stand at its ends.
+// The key of a tone. Tones outside the piano's range get the first or the last key.
 int PianoRoll::Row(int frequency) const {
   return KeyOf(frequency).value_or(frequency < 440 ? 0 : highestKey);
 }
@@ -145,14 +145,14 @@ void PianoRoll::SetTime(std::optional<std::int64_t> time) {
   RefreshLine();
 }
 
-// Puts a time at the left of the window, with a little of what is before it.
+// Scrolls a time to the left of the window, with a little of what precedes it.
 void PianoRoll::ScrollTo(std::int64_t time) {
   const int x = XOf(time) - area_.x - area_.width / 8 + CalcUnscrolledPosition(wxPoint(0, 0)).x;
   Scroll(std::max(0, x) / scrollStep, -1);
   Refresh();
 }
 
-// The line, and the headline that tells its time.
+// Repaints the line and the headline, which shows its time.
 void PianoRoll::RefreshLine() {
   if (!time_) return;
   const wxSize size = GetClientSize();

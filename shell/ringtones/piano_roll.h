@@ -1,5 +1,5 @@
-// A melody as a picture: pitch over time, a bar a note, beside the keys of a piano. A vertical line is
-// where it is playing. The line above tells of one note: that under the mouse, the one that sounds, or
+// A melody as a picture: pitch over time, a bar for each note, beside the keys of a piano. A vertical line
+// shows the playing position. The headline describes one note: the one under the mouse, the sounding one, or
 // the chosen one (click, arrow keys).
 #pragma once
 
@@ -17,7 +17,7 @@ namespace tarvelo {
 
 class PianoRoll final : public wxScrolledCanvas {
  public:
-  // A longer melody is drawn up to here, and played whole.
+  // A longer melody is drawn only up to this many tones, but played in full.
   static constexpr std::size_t mostTones = 1000000;
 
   struct Note {
@@ -28,12 +28,12 @@ class PianoRoll final : public wxScrolledCanvas {
 
   explicit PianoRoll(wxWindow* parent);
 
-  // Shows a melody, records or what is heard of them; resp. a few lines of text; resp. nothing.
+  // Shows a melody (records, or their audible tones), a few lines of text, or nothing.
   void ShowMelody(std::span<const Tone> melody);
   void ShowText(const wxString& text);
   void Clear() { ShowText(wxString()); }
 
-  // Moves the line, and scrolls to it; no time: there is no line.
+  // Moves the line to a time and scrolls to it; no time hides the line.
   void SetTime(std::optional<std::int64_t> time);
 
   [[nodiscard]] const std::vector<Note>& Notes() const { return notes_; }
@@ -42,9 +42,9 @@ class PianoRoll final : public wxScrolledCanvas {
   [[nodiscard]] std::optional<std::size_t> Chosen() const { return chosen_; }
   // Chooses a note and scrolls to it.
   void Choose(std::size_t note);
-  // The note whose bar stands above or below a point of the window.
+  // The note whose bar is above or below a point of the window.
   [[nodiscard]] std::optional<std::size_t> NoteAt(const wxPoint& point) const;
-  // What the line above tells now.
+  // The current headline.
   [[nodiscard]] wxString Headline() const;
 
   std::function<void()> onActivate;  // double click, Enter
@@ -76,10 +76,10 @@ class PianoRoll final : public wxScrolledCanvas {
 
   std::vector<Note> notes_;
   std::int64_t length_ = 0;
-  wxRect area_;     // of the notes: below the headline, above the seconds, beside the keys
-  int lowest_ = 0;  // keys, the rows at the edges
+  wxRect area_;     // the notes' area: below the headline, above the seconds, beside the keys
+  int lowest_ = 0;  // the keys of the bottom and the top row
   int highest_ = 0;
-  double scale_ = 1;  // pixels a millisecond
+  double scale_ = 1;  // pixels per millisecond
   wxString text_;
   std::optional<std::int64_t> time_;
   std::optional<std::size_t> sounding_;

@@ -1,4 +1,4 @@
-// How the piano roll looks.
+// Painting of the piano roll.
 #include <wx/dcbuffer.h>
 #include <wx/settings.h>
 
@@ -23,11 +23,11 @@ bool IsBlack(int key) {
 
 }  // namespace
 
-// The colours, from the system's: of light themes and dark ones.
+// The colours, derived from the system's for light and dark themes.
 struct PianoRoll::Paints {
   wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
   wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
-  // Dark themes have a highlight that is dark itself.
+  // The highlight colour of dark themes is itself dark.
   wxColour note = Blend(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), ink,
                         ground.GetLuminance() < ink.GetLuminance() ? 0.3 : 0);
   wxColour blackRow = Blend(ground, ink, 0.06);
@@ -72,7 +72,7 @@ void PianoRoll::PaintRows(wxDC& dc, const Paints& paints) const {
     dc.SetPen(*wxTRANSPARENT_PEN);
     dc.SetBrush(IsBlack(row) ? paints.blackRow : paints.ground);
     dc.DrawRectangle(rect);
-    if (row % 12 != 0) continue;  // below each C an octave begins
+    if (row % 12 != 0) continue;  // an octave starts at each C
     dc.SetPen(paints.octave);
     dc.DrawLine(rect.x, rect.GetBottom(), rect.GetRight() + 1, rect.GetBottom());
   }
@@ -84,7 +84,7 @@ void PianoRoll::PaintSeconds(wxDC& dc, const Paints& paints) const {
   const std::int64_t first = std::max<std::int64_t>(0, TimeAt(area_.x) / 1000);
   const std::int64_t last = std::min(TimeAt(area_.GetRight()), length_) / 1000;
   const double second = 1000 * scale_;
-  // A melody of days is drawn so narrow that not every second has a line.
+  // A melody of several days is so narrow that not every second gets a line.
   const auto step = std::max<std::int64_t>(1, static_cast<std::int64_t>(gap / second));
   int labelled = 0;
   for (std::int64_t i = first - first % step; i <= last; i += step) {
@@ -99,9 +99,9 @@ void PianoRoll::PaintSeconds(wxDC& dc, const Paints& paints) const {
   }
 }
 
-// Only what is seen is drawn, and of the notes that share a column of pixels the first.
+// Draws only the visible notes, and only the first of those that share a column of pixels.
 void PianoRoll::PaintNotes(wxDC& dc, const Paints& paints) const {
-  const int margin = FromDIP(8);  // beyond the edges, where bars are cut
+  const int margin = FromDIP(8);  // beyond the edges, where bars are clipped
   std::int64_t time = TimeAt(area_.x);
   for (;;) {
     const auto note = std::ranges::partition_point(notes_, [&](const Note& n) { return n.end <= time; });
@@ -123,7 +123,7 @@ void PianoRoll::PaintNote(wxDC& dc, const Paints& paints, std::size_t index, con
   const wxColour& colour = index == sounding_ ? paints.sounding : paints.note;
   dc.SetPen(rect.width < 4 ? *wxTRANSPARENT_PEN : wxPen(isMarked ? paints.ink : colour));
   dc.SetBrush(colour);
-  // A tone beside the piano is an empty bar at its end.
+  // A tone outside the piano's range is an empty bar at its end.
   if (!KeyOf(notes_[index].frequency)) {
     dc.SetPen(colour);
     dc.SetBrush(*wxTRANSPARENT_BRUSH);
@@ -154,7 +154,8 @@ void PianoRoll::PaintKeys(wxDC& dc, const Paints& paints) const {
   PaintNames(dc, paints);
 }
 
-// Where there is room, every key's name, in smaller letters if need be; else the octaves'.
+// Writes every key's name if there is room, if need be in smaller letters; otherwise only those of the
+// octaves.
 void PianoRoll::PaintNames(wxDC& dc, const Paints& paints) const {
   const int rowHeight = area_.height / (highest_ - lowest_ + 1);
   const bool isEach = rowHeight >= FromDIP(10);

@@ -19,7 +19,7 @@ using Reason = RefusedRingtone::Reason;
 
 constexpr std::string_view extensions[] = {".bin", ".mid", ".wav"};
 
-// What says why; nothing where the sizes do.
+// The message for a reason; nothing if the sizes explain it.
 std::optional<Text> TextOf(Reason reason) {
   switch (reason) {
     case Reason::TooLong: return {};
@@ -64,8 +64,8 @@ std::optional<std::filesystem::path> RingtoneTransfer::SaveOne(const Ringtone& r
   return {};
 }
 
-// Writes a ringtone as it stands, and a melody in the common formats too if the user wants that.
-// Returns the path of the first file.
+// Writes a ringtone in its own form, and a melody in the common formats too if the user wants that. Returns
+// the path of the first file.
 std::optional<std::filesystem::path> RingtoneTransfer::SaveFormats(const Ringtone& ringtone) {
   if (saveMidi_ && !ringtone.IsFile()) {
     SaveOne(ringtone, RingtoneFormat::Midi);
@@ -85,7 +85,7 @@ void RingtoneTransfer::SaveAllRing_Click() {
   if (SaveEach()) bench_.talk.Tell(Text::RingtonesSaved, Folder() / "NNNN.xxx");
 }
 
-// Saves all ringtones. False when the user stopped it, and when none could be written.
+// Saves all ringtones. False if the user stopped it or none could be written.
 bool RingtoneTransfer::SaveEach() {
   const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
   ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(listed_().ringtones.size()));
@@ -141,7 +141,7 @@ void RingtoneTransfer::LoadFile(const Ringtone& ringtone, const std::filesystem:
   bench_.talk.Complain(Why(refused, ringtone));
 }
 
-// Takes the files that SaveAllRing writes, and loads all that fit at once.
+// Loads the files that SaveAllRing writes, all that fit in one step.
 void RingtoneTransfer::LoadAllRing_Click() {
   constexpr int numbers = 256;
   LoadedFiles loaded(bench_);
@@ -161,7 +161,7 @@ void RingtoneTransfer::LoadNumber(int number, std::string_view extension, Loaded
   const auto& all = listed_().ringtones;
   const auto ringtone = std::ranges::find(all, number, &Ringtone::number);
   const bool isListed = ringtone != all.end();
-  // The MIDI and WAVE files of melodies are for other programs.
+  // The MIDI and WAVE files of melodies are meant for other programs.
   if (isListed && !ringtone->IsFile() && extension != ringtone->Extension()) return;
   const std::filesystem::path file = Folder() / PathOf(NumberedFileName(Stem(), number, extension));
   if (!FileExist(file)) return;

@@ -1,4 +1,4 @@
-// The Ringtones panel's ringtones as files: the commands that save and load them.
+// The commands that save the Ringtones panel's ringtones to files and load them.
 #pragma once
 
 #include <filesystem>
@@ -20,30 +20,30 @@ struct Workbench;
 
 class RingtoneTransfer {
  public:
-  // The ringtones that are listed now.
+  // Returns the listed ringtones.
   using Listed = std::function<const RingtoneList&()>;
-  // The chosen ringtone; null where there is none.
+  // Returns the chosen ringtone, or null.
   using ChosenRingtone = std::function<const Ringtone*()>;
 
-  // `ready` tells whether the commands can be used.
+  // `ready` returns whether the commands can be used.
   RingtoneTransfer(Workbench& bench, Listed listed, ChosenRingtone chosen, std::function<bool()> ready)
       : bench_(bench), listed_(std::move(listed)), chosen_(std::move(chosen)), ready_(std::move(ready)) {}
 
   // The entries of the panel's menu.
   [[nodiscard]] std::vector<PanelCommand> Commands();
 
-  // Each does nothing without a ringtone to work on.
+  // Each does nothing if it has no ringtone to work on.
   void SaveRing_Click();
   void SaveAllRing_Click();
   void LoadRing_Click();
   void LoadAllRing_Click();
 
-  // Remembers how much room each ringtone of the list has. One that was replaced by a shorter one can
-  // still be replaced by one as long as it was then.
+  // Remembers how much room each listed ringtone has. After a shorter one has replaced it, one as long as the
+  // original still fits.
   void KeepPlaces() { places_ = listed_().ringtones; }
 
-  // Saves a ringtone in the folder "MIDI". Nothing where the file cannot be created: it is passed over,
-  // and nobody is told.
+  // Saves a ringtone in the folder "MIDI". If the file cannot be created, returns nothing without telling the
+  // user.
   std::optional<std::filesystem::path> SaveOne(const Ringtone& ringtone, RingtoneFormat format);
 
  private:

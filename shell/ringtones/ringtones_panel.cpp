@@ -48,12 +48,12 @@ void RingtonesPanel::Layout() {
 }
 
 void RingtonesPanel::Bind() {
-  // Played when the control has done with the click or key, which it would wait for otherwise.
+  // Plays after the control has finished handling the click or key; otherwise it would wait for the melody.
   const auto play = [this] { window_->CallAfter([this] { bench_.frame.Run(Id::Play); }); };
   List().onActivate = [play](std::size_t) { play(); };
   roll_->onActivate = play;
   roll_->onContextMenu = [this] { bench_.frame.PopUpCommands(); };
-  // GTK's lists know Ctrl+P as "one up" and would keep it.
+  // GTK's lists use Ctrl+P for "one up" and would keep it.
   window_->Bind(wxEVT_CHAR_HOOK, [this, play](wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'P')
       play();
@@ -66,7 +66,7 @@ void RingtonesPanel::Bind() {
 
 void RingtonesPanel::Build() {
   ExplorerPanel::Build();
-  // The windows have their sizes only once they are shown.
+  // The windows get their sizes only once they are shown.
   window_->CallAfter([this] {
     if (!std::exchange(placed_, true)) window_->SetSashPosition(window_->GetSize().y * 11 / 20);
     wxDataViewCtrl& control = List().Control();
@@ -101,13 +101,13 @@ const Ringtone* RingtonesPanel::ChosenRingtone() const {
   return record ? &Ringtones().ringtones[*record] : nullptr;
 }
 
-// The whole text, which the list may have cut.
+// The whole text; the list may have shortened it.
 std::string RingtonesPanel::TextOf(const Ringtone& ringtone) const {
   if (ringtone.IsFile()) return {};
   return MelodyText(DecodeMelody(bench_.document.Image().ff(), ringtone.data));
 }
 
-// Played when the control has done with the click or key, which it would wait for otherwise.
+// Plays after the control has finished handling the click or key; otherwise it would wait for the melody.
 void RingtonesPanel::RecordChosen(std::size_t record) {
   ShowRingtone(record);
   if (autoplay_ && !IsSelecting()) window_->CallAfter([this] { bench_.frame.Run(Id::Play); });
@@ -128,7 +128,7 @@ void RingtonesPanel::ShowFile(const Ringtone& ringtone) {
 
 void RingtonesPanel::ShowTime(std::optional<std::int64_t> time) {
   roll_->SetTime(time);
-  if (!window_->IsShown()) player_.Stop();  // another panel has come, by whatever way
+  if (!window_->IsShown()) player_.Stop();  // another panel was shown, however that happened
 }
 
 void RingtonesPanel::PlayRing(const std::string& text) {
@@ -173,7 +173,7 @@ void RingtonesPanel::Play_Click() {
     bench_.programs.OpenWithSystem(*file);
 }
 
-// The picture is that of the typed melody while it plays.
+// The piano roll shows the typed melody while it plays.
 void RingtonesPanel::PlayText_Click() {
   const auto text = bench_.talk.Ask(Text::AskRingtoneText, typed_);
   if (!text) return;

@@ -1,4 +1,4 @@
-// The Ringtones panel: the list of ringtones, the chosen one as a picture of its notes, and playing.
+// The Ringtones panel: the list of ringtones, the chosen one as a piano roll, and playing.
 #pragma once
 
 #include <optional>
@@ -31,14 +31,14 @@ class RingtonesPanel final : public ExplorerPanel {
 
   [[nodiscard]] PianoRoll& Roll() { return *roll_; }
   [[nodiscard]] MelodyPlayer& Player() { return player_; }
-  // Those that are listed.
+  // The listed ringtones.
   [[nodiscard]] const RingtoneList& Ringtones() const;
 
  protected:
   [[nodiscard]] OwnCommands Own() override;
   void ListChanged(bool isNew) override;
   void RecordChosen(std::size_t record) override;
-  // A melody that plays is in the list.
+  // A playing melody belongs to the list.
   [[nodiscard]] bool CanChange() const override { return !player_.IsPlaying(); }
 
  private:
@@ -56,7 +56,7 @@ class RingtonesPanel final : public ExplorerPanel {
   RingtoneTransfer transfer_;
   wxSplitterWindow* window_;
   PianoRoll* roll_;
-  std::string typed_;  // the text played last
+  std::string typed_;  // the last text that was played
   bool autoplay_ = false;
   bool placed_ = false;
 };

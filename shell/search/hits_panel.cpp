@@ -16,10 +16,10 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t mostHits = 1000000;       // that are kept
-constexpr std::size_t mostUnasked = 2000;       // that are added to the information text without a question
-constexpr std::size_t longestText = 100000000;  // bytes that the information text can take
-constexpr int bytesShown = 256;                 // of a hit, in the list
+constexpr std::size_t mostHits = 1000000;       // hits that are kept
+constexpr std::size_t mostUnasked = 2000;       // hits that are added to the information text without asking
+constexpr std::size_t longestText = 100000000;  // bytes that the information text can hold
+constexpr int bytesShown = 256;                 // of each hit, in the list
 
 std::vector<std::string> HitCaptions(const Messages& messages) {
   return Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes});
@@ -69,7 +69,7 @@ void HitsPanel::ShowHits(FoundHits found) {
   List().SetRows(Rows());
 }
 
-// Whether the hits shall go into the information text. The user is asked when they would flood it.
+// Whether to add the hits to the information text. Asks the user if they would flood it.
 bool HitsPanel::TextIsWanted() const {
   if (found_.hits.size() <= mostUnasked) return true;
   const auto message = [this](Text text) { return Wx(bench_.texts.Msg(text)); };
@@ -78,7 +78,7 @@ bool HitsPanel::TextIsWanted() const {
   return bench_.talk.Confirm(question + message(Text::AskAddToInformation));
 }
 
-// A line a hit. Nothing where the text would be too long.
+// A line for each hit. Nothing if the text would be too long.
 std::optional<std::string> HitsPanel::HitsAsText() {
   const Fullflash& image = bench_.document.Image();
   const std::size_t count = found_.hits.size();

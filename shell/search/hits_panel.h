@@ -27,11 +27,11 @@ class HitsPanel final : public ListPanel {
   [[nodiscard]] PanelCommands MakeCommands() override;
 
  private:
-  // What one search has found.
+  // The result of one search.
   struct FoundHits {
     Pattern pattern{""};
     std::vector<Offset> hits;  // ascending
-    bool cutOff = false;       // there are more
+    bool cutOff = false;       // the image holds more hits
   };
 
   [[nodiscard]] FoundHits FindHits(const std::string& pattern);

@@ -1,4 +1,4 @@
-// Files of dumps, and the list files beside them.
+// Dump files, and the list files beside them.
 #pragma once
 
 #include <filesystem>
@@ -9,20 +9,20 @@
 
 namespace tarvelo {
 
-// The patterns of dumps for file dialogs.
+// The file dialog filter for dumps.
 [[nodiscard]] wxString DumpFilter(const Messages& texts);
 
-// Asks for a dump. Nothing when the user cancels.
+// Asks for a dump. Nothing if the user cancels.
 [[nodiscard]] std::optional<std::filesystem::path> AskForDump(Workbench& bench, Text title,
                                                               const std::filesystem::path& current);
-// Reads a dump. Where it cannot be read or is empty, the user is told and there is nothing.
+// Reads a dump. If it cannot be read or is empty, tells the user and returns nothing.
 [[nodiscard]] std::optional<Fullflash> ReadDump(Workbench& bench, const std::filesystem::path& path);
 
-// Writes a list as tab-separated text to the dump's path without extension, "_", the letter and ".txt",
-// and tells the user. Throws FileError.
+// Writes a list as tab-separated text to the dump's path without extension, "_", the letter and ".txt", and
+// tells the user. Throws FileError.
 void SaveList(Workbench& bench, const TableRows& rows, char letter);
 
-// A line break, as files have it; texts on the screen have line feeds.
+// The line break in files; texts on the screen use a line feed.
 inline constexpr char CrLf[] = "\r\n";
 
 }  // namespace tarvelo

@@ -12,21 +12,21 @@ namespace {
 
 constexpr char section[] = "Integration";
 
-// At least six digits.
+// At least six hexadecimal digits.
 std::string HexOf(Offset offset) {
   const std::string digits = Hex(offset);
   return digits.size() < 6 ? PadZero(digits, 6) : digits;
 }
 
-// Whether a command says itself where the region's offset and size belong.
+// Whether a command has places for the region's offset or size.
 bool HasPlaces(std::string_view command) {
   return command.find("%2") != command.npos || command.find("%3") != command.npos;
 }
 
-// A program's path in quotes where it needs them and has none yet.
+// A program's path, put in quotes if it needs them and has none.
 std::string Program(const std::string& path) { return path.starts_with('"') ? path : quot(path); }
 
-// Replaces every `mark`; between quotes, the value as it is.
+// Replaces every `mark` by the value, in quotes if needed; between quotes it inserts the bare value.
 std::string Replace(std::string text, std::string_view mark, const std::string& value) {
   for (auto at = text.find(mark); at != text.npos;) {
     const bool quoted =
@@ -38,7 +38,7 @@ std::string Replace(std::string text, std::string_view mark, const std::string& 
   return text;
 }
 
-// Script readers of old know the system's code page only.
+// Old script readers understand only the system's code page.
 std::string InSystemEncoding(const std::string& utf8) {
   const std::string text(Wx(utf8).mb_str(wxConvLocal));
   return text.empty() ? utf8 : text;
@@ -55,7 +55,7 @@ std::string EditorCommand(std::string_view command, const std::filesystem::path&
                           Offset size) {
   if (!HasPlaces(command))
     return CommandFor(command, dump) + " /GOTO:0x" + HexOf(start) + " /SELECT:" + std::to_string(size);
-  // The path last: what it holds is no mark.
+  // The path comes last, so that marks in it are not replaced.
   const std::string placed = Replace(std::string(command), "%2", "0x" + HexOf(start));
   return CommandFor(Replace(placed, "%3", std::to_string(size)), dump);
 }

@@ -1,4 +1,4 @@
-// The ids of commands: menu entries, buttons and shortcuts run them by these.
+// The ids of commands, used by menu entries, buttons and shortcuts.
 #pragma once
 
 #include <wx/defs.h>
@@ -23,7 +23,7 @@ enum : int {
   Quillo,
   CompareWith,
   ApplyPatch,
-  FirstLanguage,  // the twelve, in the order of Languages()
+  FirstLanguage,  // twelve, in the order of Languages()
   LastLanguage = FirstLanguage + 11,
   Help,
   About,
@@ -46,7 +46,7 @@ enum : int {
   // --- of every list (shell/list) ---
   OpenData,   // of the chosen row, in the user's hex editor
   OpenEntry,  // the header or table entry that describes it
-  OpenHex,    // its bytes in the hex view
+  OpenHex,    // the data in the hex view
   CopyOffset,
   CopyAddress,
   Find,

@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-// Whether two changes say different things of a byte.
+// Whether two changes give a shared byte different values.
 bool Differ(const Change& a, const Change& b) {
   const Offset from = std::max(a.offset, b.offset);
   const Offset end = std::min(a.offset + a.Size(), b.offset + b.Size());
@@ -32,8 +32,8 @@ wxString WrongSizeText(const Messages& messages, const std::filesystem::path& fi
 void LoadedFiles::Add(const std::filesystem::path& file, Change change) {
   if (Contradicts(change)) return Refuse(file, Wx(bench_.texts.Msg(Text::FilesContradict)));
   ++loaded_;
-  // What is there already is not written again: it would take back another file's change of bytes that
-  // both share.
+  // A file that changes nothing is not written: that would undo another file's change of bytes that both
+  // cover.
   if (change.oldBytes == change.newBytes) return;
   changes_.push_back(std::move(change));
   differing_ << WxPath(file.filename()) << "\n";

@@ -1,4 +1,4 @@
-// Files that are loaded into the image together: what they change, and what the user is told of it.
+// Files that are loaded into the image together: the changes they make, and the report to the user.
 #pragma once
 
 #include <wx/string.h>
@@ -15,7 +15,8 @@ namespace tarvelo {
 struct Workbench;
 class Messages;
 
-// That a file has not the size it must have, and both sizes; `whose` place it is ("of block 5076").
+// Says that a file has the wrong size, and gives both sizes; `whose` says what the place belongs to ("of
+// block 5076").
 [[nodiscard]] wxString WrongSizeText(const Messages& messages, const std::filesystem::path& file,
                                      std::uint64_t fileSize, Offset placeSize, const wxString& whose);
 
@@ -23,24 +24,25 @@ class LoadedFiles {
  public:
   explicit LoadedFiles(Workbench& bench) : bench_(bench) {}
 
-  // A file that fits. It is refused where it says something else of bytes than a file before it.
+  // Adds a file that fits. Refuses it if it contradicts an earlier file about a byte that both cover.
   void Add(const std::filesystem::path& file, Change change);
-  // A file that does not: a text that names it, or one behind its name.
+  // Records a file that does not fit: with a text that names it, or with its name and a reason.
   void Refuse(const wxString& text);
   void Refuse(const std::filesystem::path& file, const wxString& reason);
 
-  // Changes the image, as one step, and says what was loaded, under the name of the command (a message),
-  // and what was not. `done` is the message for what was; without any file, `pattern` is said to be missing.
+  // Changes the image as one step and reports under the name of the command (a message) what was loaded and
+  // what was not. `done` is the message for what was loaded. If there was no file at all, reports that
+  // `pattern` was not found.
   void Finish(Text command, Text done, const std::filesystem::path& pattern);
 
  private:
   [[nodiscard]] bool Contradicts(const Change& change) const;
 
   Workbench& bench_;
-  std::vector<Change> changes_;  // those that change anything
+  std::vector<Change> changes_;  // the ones that change at least one byte
   std::size_t loaded_ = 0;
   std::size_t refused_ = 0;
-  wxString differing_;  // names of the files of these changes, a line each
+  wxString differing_;  // the names of their files, a line each
   wxString refusals_;
 };
 

@@ -1,4 +1,4 @@
-// One view of the open fullflash. The main window shows one panel at a time.
+// A view of the open fullflash. The main window shows one panel at a time.
 #pragma once
 
 #include "resources/texts.h"
@@ -10,11 +10,11 @@ namespace tarvelo {
 class Messages;
 class PanelCommands;
 
-// What a panel is to the main window.
+// A panel's place in the main window.
 struct PanelTraits {
-  int menuEntry;                                // the id that shows it
+  int menuEntry;                                // the id of the menu entry that shows it
   Text name;                                    // "Tarvelo - Info"
-  Text saveTextCaption = Text::SaveListAsText;  // what SaveText is called while the panel is visible
+  Text saveTextCaption = Text::SaveListAsText;  // SaveText's caption while the panel is visible
 };
 
 class Panel {
@@ -26,22 +26,23 @@ class Panel {
 
   [[nodiscard]] const PanelTraits& Traits() const { return traits_; }
 
-  // Its window, a child of the main window.
+  // The panel's window, a child of the main window.
   [[nodiscard]] virtual wxWindow& Window() = 0;
 
   // Its menu; null for a panel without commands of its own.
   [[nodiscard]] virtual const PanelCommands* Commands() { return nullptr; }
 
-  // What takes the keyboard when it is shown.
+  // The window that gets the keyboard focus when the panel is shown.
   [[nodiscard]] virtual wxWindow& FirstFocus() { return Window(); }
 
-  // Makes what it shows. Called each time before it becomes visible; the panel decides what there is to do.
+  // Prepares the panel's content. Called each time before the panel becomes visible; the panel decides what
+  // needs to be done.
   virtual void Build() = 0;
-  // Writes what it shows to a file beside the dump and tells the user.
+  // Writes the panel's content to a file beside the dump and tells the user.
   virtual void Save() = 0;
-  // Empties it: the document is closed.
+  // Empties the panel: the document is closed.
   virtual void Clear() = 0;
-  // Puts its captions in a language.
+  // Switches the panel's captions to a language.
   virtual void Recaption(const Messages& messages) = 0;
 
  private:

@@ -78,7 +78,7 @@ bool PanelCommands::CanRun(int id) const {
 int PanelCommands::PopUp(wxWindow& window, const Messages& messages) const {
   const std::unique_ptr<wxMenu> menu = MakeMenu(messages);
   if (defaultId_ != 0) platform::ShowAsDefault(*menu, defaultId_);
-  // At the mouse, or in the window's corner where the keyboard asks for it and the mouse is elsewhere.
+  // At the mouse, or in the window's corner if the keyboard opened the menu while the mouse was elsewhere.
   const wxPoint mouse = window.ScreenToClient(wxGetMousePosition());
   const bool atMouse = window.GetClientRect().Contains(mouse);
   const int id =

@@ -1,5 +1,5 @@
-// The commands of one panel as data, a line each. They make its menu in the menu bar, with shortcuts, and
-// the context menu.
+// The commands of one panel as data, a line each. The panel's menu in the menu bar, with shortcuts, and its
+// context menu are made from them.
 #pragma once
 
 #include <wx/menu.h>
@@ -17,38 +17,38 @@ class Messages;
 struct PanelCommand {
   int id = 0;  // of ids.h; 0: a separator, or a submenu if it has entries
   Text caption{};
-  Text help{};                // what the status bar says while it is highlighted
+  Text help{};                // the status bar's text while it is highlighted
   const char* shortcut = "";  // as wx writes it: "Ctrl+F"
   std::function<void()> run = {};
-  std::function<bool()> enabled = {};      // none: always
-  std::function<bool()> checked = {};      // set: the entry has a tick
+  std::function<bool()> enabled = {};      // empty: always
+  std::function<bool()> checked = {};      // if set, the entry has a tick
   std::vector<PanelCommand> entries = {};  // of a submenu
-  const char* captionEnd = "";             // behind the caption, to tell entries of one text apart
+  const char* captionEnd = "";             // after the caption, to distinguish entries with the same text
 };
 
-// Adds commands behind others, with a separator between both.
+// Appends commands to others, with a separator between the two groups.
 void Append(std::vector<PanelCommand>& commands, std::vector<PanelCommand> more);
 
 class PanelCommands {
  public:
-  // `defaultId` is the command of a double click, shown in bold in the context menu.
+  // `defaultId` is the command that a double click runs, shown in bold in the context menu.
   explicit PanelCommands(std::vector<PanelCommand> commands, int defaultId = 0)
       : commands_(std::move(commands)), defaultId_(defaultId) {}
 
   [[nodiscard]] int DefaultId() const { return defaultId_; }
 
-  // A new menu of all commands, each enabled and ticked as it is now.
+  // A new menu of all commands, each enabled and ticked according to the current state.
   [[nodiscard]] std::unique_ptr<wxMenu> MakeMenu(const Messages& messages) const;
-  // Enables and ticks the entries of such a menu as it is now; enables all where `reachable` is set, so
-  // that a shortcut is never dead because of what was selected when the menu was last open.
+  // Enables and ticks the entries of such a menu according to the current state. With `reachable` it enables
+  // all of them, so that the selection at the time the menu was last open never disables a shortcut.
   void Update(wxMenu& menu, bool reachable = false) const;
 
-  // The command of this id, or null.
+  // The command with this id, or null.
   [[nodiscard]] const PanelCommand* Find(int id) const;
-  // Whether there is a command of this id that can be run now.
+  // Whether a command with this id exists and can run now.
   [[nodiscard]] bool CanRun(int id) const;
 
-  // Shows the menu at the mouse and returns the id that was chosen, 0 for none.
+  // Shows the menu at the mouse and returns the chosen id, or 0.
   [[nodiscard]] int PopUp(wxWindow& window, const Messages& messages) const;
 
  private:

@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds betweenMoves{40};
 constexpr int firstFigure = 3;
 constexpr int lastFigure = 8;
 
-// A panel has one line, whatever a dump's texts hold.
+// A panel has one line, whatever a dump's texts contain.
 wxString OneLine(const wxString& text) {
   constexpr std::size_t longest = 500;
   wxString line = text.Left(longest);
@@ -49,7 +49,7 @@ wxString StatusBar::Panel(int number) const { return texts_[static_cast<std::siz
 void StatusBar::SetPanel(int number, const wxString& text) {
   if (text == Panel(number)) return;
   texts_[static_cast<std::size_t>(number - 1)] = OneLine(text);
-  hovered_ = 0;  // the tooltip is another
+  hovered_ = 0;  // the tooltip has changed
   ShowTexts();
 }
 
@@ -59,7 +59,7 @@ void StatusBar::ShowHelp(const wxString& help) {
   ShowTexts();
 }
 
-// Help stands in the second panel, as hints do; all others make room for it.
+// The second panel shows help, as it does hints; all other panels make room for it.
 void StatusBar::ShowTexts() {
   const bool isHelp = !help_.empty();
   std::array<int, panels> styles;
@@ -86,7 +86,7 @@ void StatusBar::Recaption(const Messages& messages) {
   labels_[imagePanel - 1] = Wx(messages.Msg(Text::TipFullflashChanged));
 }
 
-// The first two may be cut off in the bar: their text is shown whole.
+// The bar may cut off the first two: their tooltips show the whole text.
 wxString StatusBar::Tooltip(int number) const {
   const wxString& label = labels_[static_cast<std::size_t>(number - 1)];
   const wxString text = Panel(number);
@@ -103,7 +103,7 @@ void StatusBar::Start(std::int64_t first, std::int64_t last) {
   ProgressBar->Show();
 }
 
-// Painting takes longer than most scans: the bar moves as often as is seen.
+// Painting takes longer than most scans, so the bar moves only as often as the eye can see.
 void StatusBar::At(std::int64_t position) {
   const Clock::time_point now = Clock::now();
   if (now < nextMove_) return;
@@ -126,7 +126,7 @@ void StatusBar::FitPanels() {
     const int text = GetTextExtent(Panel(number)).x;
     widths[number - 1] = std::max(FromDIP(18), text + FromDIP(14));
   }
-  widths[panels - 1] += FromDIP(16);  // the size grip lies over the last one
+  widths[panels - 1] += FromDIP(16);  // the size grip covers part of the last one
   SetStatusWidths(panels, widths);
 }
 

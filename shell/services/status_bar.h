@@ -1,5 +1,4 @@
-// The status bar: ten panels, and the progress bar that lies over the middle ones while a command
-// runs.
+// The status bar: ten panels, and a progress bar that covers the middle ones while a command runs.
 //
 //   1      path of the fullflash
 //   2      phone and firmware
@@ -7,7 +6,7 @@
 //   9      "P" while the patch holds unsaved data
 //   10     "F" after the image was edited
 //
-// The letters are the only store of the two "changed" flags.
+// These letters are the only place where the two "changed" flags are stored.
 #pragma once
 
 #include <wx/statusbr.h>
@@ -31,27 +30,28 @@ class StatusBar final : public wxStatusBar, public Progress {
 
   explicit StatusBar(wxWindow* parent);
 
-  // Panels count from 1. Their texts are these, whatever ShowHelp shows in the place of some.
+  // Panels count from 1. These are their own texts, even while ShowHelp covers some of them.
   [[nodiscard]] wxString Panel(int number) const;
   void SetPanel(int number, const wxString& text);
   // Empties panels first .. 10.
   void ClearFrom(int first);
 
-  // Explains a menu entry in the place of the first two panels; an empty text gives it back to them.
+  // Shows help for a menu entry in place of the first two panels; an empty text restores them.
   void ShowHelp(const wxString& help);
 
-  // Gives the panels their widths: the path takes what is left, the figures are as wide as their texts.
+  // Sets the widths of the panels: the figures are as wide as their texts, and the path takes the remaining
+  // width.
   void FitPanels();
 
-  // What the mouse shows over panels 1, 2, 9 and 10, with the text of the first two.
+  // The tooltips of panels 1, 2, 9 and 10. Those of the first two include their text.
   void Recaption(const Messages& messages);
   [[nodiscard]] wxString Tooltip(int number) const;
 
-  // The progress bar: shown while a run lasts. The window repaints, but takes no input.
+  // The progress bar: visible during a run. The window repaints, but accepts no input.
   void Start(std::int64_t first, std::int64_t last) override;
   void At(std::int64_t position) override;
   void Finish() override;
-  // Escape is held down.
+  // True while Escape is held down.
   [[nodiscard]] bool StopAsked() override;
 
  private:
@@ -71,7 +71,7 @@ class StatusBar final : public wxStatusBar, public Progress {
   int hovered_ = 0;
 };
 
-// Shows a hint in the second panel while it lives.
+// Shows a hint in the second panel during its lifetime.
 class StatusHint {
  public:
   StatusHint(StatusBar& bar, const wxString& hint) : bar_(bar), before_(bar.Panel(2)) {

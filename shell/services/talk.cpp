@@ -10,7 +10,7 @@ namespace tarvelo {
 
 wxString Talk::Msg(Text text) const { return Wx(messages_.Msg(text)); }
 
-// --- saying ---
+// --- messages ---
 
 void Talk::Tell(const wxString& text) { dialogs_.Message(text, Dialogs::Icon::Information); }
 
@@ -28,7 +28,7 @@ void Talk::Announce(const wxString& title, const wxString& text) {
   dialogs_.Announce(wxString(productName) + " - " + title, text);
 }
 
-// --- asking ---
+// --- questions ---
 
 std::optional<std::string> Talk::Ask(Text prompt, const std::string& initial) {
   const auto answer = dialogs_.Ask(Msg(prompt), Wx(initial));

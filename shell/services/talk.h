@@ -1,5 +1,4 @@
-// Talking to the user: what is said and asked in boxes, in the current language, and what is said when a
-// command fails.
+// Messages and questions to the user in the current language, and reports of failed commands.
 #pragma once
 
 #include <filesystem>
@@ -20,20 +19,20 @@ class Talk {
   // Both must outlive the object.
   Talk(Dialogs& dialogs, const Messages& messages) : dialogs_(dialogs), messages_(messages) {}
 
-  // Says something that needs no answer.
+  // Shows a message.
   void Tell(const wxString& text);
-  // Says that something was done: a text, an empty line, the path.
+  // Reports that something was done: a text, an empty line, the path.
   void Tell(const wxString& text, const std::filesystem::path& path);
   void Tell(Text text, const std::filesystem::path& path);
-  // Says that something could not be done.
+  // Reports that something could not be done.
   void Complain(const wxString& text);
   void Complain(Text text);
-  // Says in a box with a title of its own, "Tarvelo - " and this, what was added to a text.
+  // Reports an addition to a text, in a dialog with the title "Tarvelo - " followed by `title`.
   void Announce(const wxString& title, const wxString& text);
 
-  // Asks for a line of text. Nothing when the user cancels or leaves it empty.
+  // Asks for a line of text. Nothing if the user cancels or leaves it empty.
   [[nodiscard]] std::optional<std::string> Ask(Text prompt, const std::string& initial);
-  // Asks for a byte pattern. The last one is offered.
+  // Asks for a byte pattern and suggests the last one.
   [[nodiscard]] std::optional<std::string> AskPattern();
   // Asks a question. True only for Yes.
   [[nodiscard]] bool Confirm(const wxString& question);
@@ -42,15 +41,15 @@ class Talk {
                                                               const std::filesystem::path& current);
   [[nodiscard]] std::optional<std::filesystem::path> SaveFile(Text title, const wxString& filter,
                                                               const std::filesystem::path& current);
-  // Shows which lines of a patch do not fit. True where the others are to be applied.
+  // Shows which lines of a patch do not fit. True if the others are to be applied.
   [[nodiscard]] bool ApplyOthers(const MisfitTable& misfits) { return dialogs_.ApplyOthers(misfits); }
 
-  // Runs a command of this name. A fault ends it with a message that names it.
+  // Runs a command with this name. If it throws, reports the fault under that name.
   void Guard(const wxString& command, const std::function<void()>& run);
-  // Says that a command failed, and why.
+  // Reports that a command failed, and why.
   void TellFault(const wxString& command, const wxString& cause);
-  // Runs an access to a file. Where it fails the user is told ("Can't open file !" and the path) and the
-  // result is true.
+  // Runs an access to a file. If it fails, tells the user ("Can't open file !" and the path) and returns
+  // true.
   [[nodiscard]] bool fOpenErr(const std::function<void()>& access);
 
  private:

@@ -1,4 +1,4 @@
-// The search for a text in what a panel shows: "Find" asks for one, "Find more" goes on with it.
+// Text search in a panel: "Find" asks for a text, "Find more" continues with it.
 #pragma once
 
 #include <functional>
@@ -10,14 +10,14 @@ struct Workbench;
 
 class TextSearch {
  public:
-  // Selects the first place of a text, or the next one behind the current place. False: there is none.
+  // Selects the first occurrence of a text, or the next one after the current place. False if there is none.
   using Seek = std::function<bool(const std::string& text, bool behindCurrent)>;
 
   TextSearch(Workbench& bench, Seek seek) : bench_(bench), seek_(std::move(seek)) {}
 
-  // Asks for a text, with the last one offered, and seeks it from the top.
+  // Asks for a text, suggesting the last one, and searches from the top.
   void Find();
-  // Seeks the last text behind the current place; asks for one where there is none yet.
+  // Searches for the last text after the current place; asks for a text if there is none yet.
   void FindMore();
 
  private:

@@ -1,4 +1,4 @@
-// What panels and commands are given to work with.
+// Everything that panels and commands work with.
 #pragma once
 
 #include <wx/string.h>
@@ -21,37 +21,37 @@ class Settings;
 class StatusBar;
 class Talk;
 
-// What they may ask of the window around them.
+// What panels and commands may ask of the window around them.
 class Frame {
  public:
   virtual ~Frame() = default;
 
-  // The parent of their windows.
+  // The parent of the panels' windows.
   [[nodiscard]] virtual wxWindow& Parent() = 0;
 
-  // Runs the command of an id (ids.h).
+  // Runs the command with an id (ids.h).
   virtual void Run(int id) = 0;
-  // Shows the context menu of the visible panel, and runs what is chosen.
+  // Shows the context menu of the visible panel and runs the chosen command.
   virtual void PopUpCommands() = 0;
-  // Lets dumps and patch files be dropped on a window.
+  // Makes a window accept dropped dumps and patch files.
   virtual void AcceptDrops(wxWindow& window) = 0;
 
   virtual void ShowPanel(Panel& panel) = 0;
   [[nodiscard]] virtual bool IsVisible(const Panel& panel) const = 0;
-  // Shows a region of the image in the user's hex editor, or in the hex view where he has none.
-  // Says so where it does not begin within the image.
+  // Shows a region of the image in the user's hex editor, or in the hex view if none is configured. Tells the
+  // user if the region does not start within the image.
   virtual void ShowBl(Offset start, Offset size) = 0;
-  // Shows a region in the hex view, whatever the hex editor.
+  // Shows a region in the hex view, even if a hex editor is configured.
   virtual void ShowHex(Offset start, Offset size) = 0;
-  // Goes to a region in the hex view where that is visible already.
+  // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
 
-  // Adds lines to the information text, each ended by a line feed.
+  // Adds lines to the information text. Each must end with a line feed.
   virtual void AddInformation(const std::string& lines) = 0;
   // Adds a named piece of information and announces it.
   virtual void AddInformation(const std::string& name, const std::string& body) = 0;
-  // Asks for a name and adds a patch that changes so many bytes to the patch document, in the name of a
-  // command. Too many are refused; then no body is made.
+  // Asks for a name and adds to the patch document a patch that changes this many bytes. If they are too
+  // many, tells the user so in the name of the command, without making the body.
   virtual void AddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody) = 0;
 };
 

@@ -1,4 +1,4 @@
-// The language of the windows: which one at the start, and fonts that can show it.
+// The language of the windows: the one at startup, and fonts that can display it.
 #pragma once
 
 #include "resources/language.h"
@@ -9,7 +9,7 @@ namespace tarvelo {
 
 class Settings;
 
-// The stored language, else the operating system's, else English.
+// The stored language, otherwise that of the operating system, otherwise English.
 [[nodiscard]] const Language& StoredLanguage(const Settings& settings);
 
 // Gives a window and all its children fonts of the language's character set.

@@ -1,4 +1,4 @@
-// Where the program and what comes with it lie.
+// The folders of the program and its data files.
 #pragma once
 
 #include <filesystem>
@@ -8,8 +8,8 @@ namespace tarvelo {
 // The folder of the running program.
 [[nodiscard]] std::filesystem::path ProgramFolder();
 
-// The folder of the files that come with it, such as the help pages: "../share/tarvelo" of a program
-// that was installed as the system's own are, else the program's folder.
+// The folder of its data files, such as the help pages: "../share/tarvelo" if that exists (the program is
+// installed as part of the system), otherwise the program's folder.
 [[nodiscard]] std::filesystem::path DataFolder();
 
 }  // namespace tarvelo

@@ -17,7 +17,7 @@ void RecentFiles::Read(const Settings& settings) {
   for (const auto& [key, value] : settings.GetSec("History"))
     for (std::size_t i = 0; i < count; ++i)
       if (ToUpper(key) == ToUpper(Key(i))) files_[i] = value;
-  // A gap, made by hand, closes.
+  // Closes gaps that were made by hand.
   std::ranges::stable_partition(files_, [](const std::string& file) { return !file.empty(); });
 }
 

@@ -1,4 +1,4 @@
-// The five fullflash files opened last, most recent first.
+// The five most recently opened fullflash files, newest first.
 #pragma once
 
 #include <array>
@@ -13,15 +13,15 @@ class RecentFiles {
  public:
   static constexpr std::size_t count = 5;
 
-  // From, resp. to the settings' section "History", keys "File1" to "File5".
+  // Use the settings' section "History", keys "File1" to "File5".
   void Read(const Settings& settings);
   void Write(Settings& settings) const;
 
-  // Puts a path in front and drops the last; a path that is there already, upper and lower case
-  // alike, stays where it is.
+  // Puts a path in front and drops the last one. A path that is already listed, ignoring case, stays where it
+  // is.
   void Add(std::string_view path);
 
-  // The path at index 0 .. 4; empty where there is none.
+  // The path at index 0 .. 4; empty if there is none.
   [[nodiscard]] const std::string& operator[](std::size_t index) const { return files_[index]; }
 
  private:

@@ -19,7 +19,7 @@ std::string Settings::GetIni(std::string_view section, std::string_view key) con
 void Settings::SetIni(std::string_view section, std::string_view key, std::string_view value) {
   std::string line(value);
   std::ranges::replace_if(
-      line, [](unsigned char c) { return c < 0x20; }, ' ');  // one line a key
+      line, [](unsigned char c) { return c < 0x20; }, ' ');  // a key takes one line
   platform::WriteIni(file_, std::string(section), std::string(key), line);
 }
 

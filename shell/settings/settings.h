@@ -1,12 +1,12 @@
 // The settings file "Tarvelo.ini": sections of keys with values, all UTF-8.
 //
 //   [General]      Language     two-letter code of the interface language
-//   [History]      File1..5     the files opened last
+//   [History]      File1..5     the most recently opened files
 //   [Integration]  HexEditor, Quillo, Calculator   other programs, edited by the user (external_tools.h)
 //   [Window]       Left, Top, Width, Height, Maximized   the main window's place
 //
-// A file that cannot be read counts as empty; one that cannot be written is left as it is. Keys
-// that the program does not know are kept.
+// A file that cannot be read counts as empty; one that cannot be written stays unchanged. The program
+// keeps keys that it does not know.
 #pragma once
 
 #include <filesystem>
@@ -21,23 +21,23 @@ class Settings {
  public:
   explicit Settings(std::filesystem::path file) : file_(std::move(file)) {}
 
-  // The value in upper case (callers compare it with upper-case constants), at most 255 characters
-  // of it; empty where there is none.
+  // At most 255 characters of the value, in upper case (callers compare it with upper-case constants); empty
+  // if there is none.
   [[nodiscard]] std::string GetIni(std::string_view section, std::string_view key) const;
 
   void SetIni(std::string_view section, std::string_view key, std::string_view value);
 
-  // All keys of a section with their values as they stand.
+  // All keys of a section with their unchanged values.
   [[nodiscard]] std::vector<std::pair<std::string, std::string>> GetSec(std::string_view section) const;
 
-  // One value as it stands, such as a command line; empty where there is none.
+  // One unchanged value, such as a command line; empty if there is none.
   [[nodiscard]] std::string GetRaw(std::string_view section, std::string_view key) const;
 
-  // The folder of the settings file: other files of the user's and of the program's lie there too.
+  // The folder of the settings file, which also holds other files of the user and of the program.
   [[nodiscard]] std::filesystem::path Folder() const { return file_.parent_path(); }
 
-  // Where the settings live: beside the program where that folder can be written, else, and where the
-  // program was installed as the system's own are, in the user's configuration folder, which is made.
+  // The path of the settings file: beside the program if its folder is writable; otherwise, and if the
+  // program is installed as part of the system, in the user's configuration folder, which is created.
   [[nodiscard]] static std::filesystem::path DefaultFile();
 
  private:

@@ -24,7 +24,7 @@ std::optional<wxRect> StoredPlace(const Settings& settings) {
   return wxRect(values[0], values[1], values[2], values[3]);
 }
 
-// Whether the title bar of a window there could be seen and caught with the mouse.
+// Whether the user could see and grab the title bar of a window at this place.
 bool CanBeReached(const wxFrame& window, const wxRect& place) {
   const wxSize smallest = window.GetMinSize();
   return place.width >= smallest.x && place.height >= smallest.y &&
@@ -46,7 +46,7 @@ void RestorePlace(wxFrame& window, const Settings& settings) {
 
 void StorePlace(wxFrame& window, Settings& settings) {
   settings.SetIni(section, "Maximized", window.IsMaximized() ? "1" : "0");
-  if (window.IsMaximized() || window.IsIconized()) return;  // the place to come back to stays
+  if (window.IsMaximized() || window.IsIconized()) return;  // keep the last normal place
   const wxRect place = window.GetRect();
   const std::array values{place.x, place.y, place.width, place.height};
   for (std::size_t i = 0; i < keys.size(); ++i) settings.SetIni(section, keys[i], std::to_string(values[i]));

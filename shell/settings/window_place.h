@@ -1,4 +1,4 @@
-// Where the main window stood when the program was left, kept in the settings' section "Window".
+// The place of the main window when the program was closed, kept in the settings' section "Window".
 #pragma once
 
 class wxFrame;
@@ -7,8 +7,8 @@ namespace tarvelo {
 
 class Settings;
 
-// Gives the window its place, or a sensible one: at first start, and when the place lies on a
-// monitor that is gone.
+// Restores the window's place, or chooses a sensible one at the first start and if the place is on a monitor
+// that is gone.
 void RestorePlace(wxFrame& window, const Settings& settings);
 void StorePlace(wxFrame& window, Settings& settings);
 

@@ -13,7 +13,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// A dump of 1 MiB with a header, in a folder of its own.
+// A dump of 1 MiB with a header, in a temporary folder.
 class CommandLine : public testing::Test {
  protected:
   CommandLine() {
@@ -40,7 +40,7 @@ class CommandLine : public testing::Test {
 
 auto Lines(const std::string& text) { return std::ranges::count(text, '\n'); }
 
-// One line, which names the file.
+// Expects a single line that names the file.
 void ExpectDiagnosis(const Result& result, int status, const std::string& file) {
   EXPECT_EQ(result.status, status) << result.err;
   EXPECT_EQ(Lines(result.err), 1) << result.err;
@@ -227,7 +227,7 @@ TEST_F(CommandLine, TooManyBlocksAreAFault) {
   ExpectDiagnosis(Call({"export", "eeprom", full}), scanFault, full);
 }
 
-// The parser has meanings of its own for them.
+// The argument parser gives these a meaning of its own.
 TEST_F(CommandLine, WordsStandAsTheyAre) {
   for (const std::string name : {"[a]", "[a,b]", "[]", "{}", "%%", "++"})
     ExpectDiagnosis(Call({"info", name}), fileTrouble, ": " + name + ":");

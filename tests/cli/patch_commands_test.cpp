@@ -7,7 +7,7 @@
 namespace tarvelo::cli {
 namespace {
 
-// Two dumps of 1 MiB that differ, in a folder of their own.
+// Two different dumps of 1 MiB, in a temporary folder.
 class PatchCommands : public testing::Test {
  protected:
   PatchCommands() {
@@ -55,7 +55,7 @@ TEST_F(PatchCommands, DiffPrintsRanges) {
   EXPECT_EQ(Call({"diff", one, one, "--patch", patch}), nothingFound);
   EXPECT_EQ(out, "");
   EXPECT_NE(err.find(one), std::string::npos);
-  EXPECT_EQ(Apply(one), nothingFound);  // its patch has no change
+  EXPECT_EQ(Apply(one), nothingFound);  // its patch contains no change
 }
 
 TEST_F(PatchCommands, ThePatchOfADiffMakesTheOtherDump) {
@@ -71,7 +71,7 @@ TEST_F(PatchCommands, ThePatchOfADiffMakesTheOtherDump) {
   EXPECT_FALSE(FileExist(made));
 }
 
-TEST_F(PatchCommands, NothingIsWrittenWhereALineDoesNotFit) {
+TEST_F(PatchCommands, NothingIsWrittenIfALineDoesNotFit) {
   folder.Write("a.qpt", std::string("10: 0102 0304\nr\x1Bubbish\n20: 01 02\n100000: 00 01\n30: 01 00\n"));
   EXPECT_EQ(Apply(other), scanFault);
   const std::string report =
@@ -92,7 +92,7 @@ TEST_F(PatchCommands, NothingIsWrittenWhereALineDoesNotFit) {
   EXPECT_FALSE(FileExist(made));
 }
 
-TEST_F(PatchCommands, WhatIsReadIsNotOverwritten) {
+TEST_F(PatchCommands, InputFilesAreNotOverwritten) {
   ASSERT_EQ(Call({"diff", one, other, "--patch", patch}), done);
   for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
            {"apply", one, patch, "--output", one},

@@ -15,7 +15,7 @@ TEST(ByteWriter, AppendsInEitherOrder) {
   AppendBigDWord(out, 0x89ABCDEF);
   AppendText(out, {"A\0B", 3});
   AppendBytes(out, {1, 0xFF});
-  AppendWord(out, 0x54321);  // only its low bits
+  AppendWord(out, 0x54321);  // only the low 16 bits
   EXPECT_EQ(out, (ByteBuffer{0x34, 0x12, 0x12, 0x34, 0xEF, 0xCD, 0xAB, 0x89, 0x89, 0xAB, 0xCD, 0xEF, 'A', 0,
                              'B', 1, 0xFF, 0x21, 0x43}));
 }

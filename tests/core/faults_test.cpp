@@ -23,11 +23,11 @@ using Contents = std::map<std::string, std::optional<std::string>>;
 
 constexpr char oldContents[] = "what stood there before";
 
-// Saves something into a folder under a name that it settles itself. Throws FileError.
+// Saves something into a folder under a name derived from a stem. Throws FileError.
 struct Saver {
   const char* name;
-  std::string file;    // the one that it writes, for the stem "dump"
-  bool deletesBefore;  // an old file goes first
+  std::string file;    // the file that it writes for the stem "dump"
+  bool deletesBefore;  // deletes an old file first
   std::function<void(const fs::path& folder, const std::string& stem)> save;
 };
 
@@ -42,7 +42,7 @@ class Faults : public testing::Test {
     CommandLine({"diff", dump, changed, "--patch", patch});
   }
 
-  // Runs the command line; what it complains of is thrown.
+  // Runs the command line and throws its file errors.
   static void CommandLine(const std::vector<std::string>& arguments) {
     const cli::Result result = cli::Call(arguments);
     if (result.status == cli::fileTrouble) throw FileError(FileError::Kind::CantWrite, {}, result.err);
@@ -81,7 +81,7 @@ class Faults : public testing::Test {
     };
   }
 
-  // What a saver says where it fails.
+  // The message of a saver that fails, otherwise empty.
   static std::string Failure(const Saver& saver, const fs::path& to, const std::string& stem = "dump") try {
     saver.save(to, stem);
     return {};
@@ -110,13 +110,13 @@ TEST_F(Faults, FullDiskLeavesNoHalfOfAFile) {
       const bool stays = isThere && !saver.deletesBefore;
       EXPECT_EQ(ContentsOf(to.Path()), stays ? Contents({{saver.file, oldContents}}) : Contents());
     }
-    EXPECT_EQ(Failure(saver, to.Path()), "");  // the next time it works
+    EXPECT_EQ(Failure(saver, to.Path()), "");  // works the next time
     EXPECT_GT(ReadAll(to / saver.file).size(), 10u);
     EXPECT_EQ(ContentsOf(to.Path()).size(), 1u);
   }
 }
 
-TEST_F(Faults, WhatStandsInTheWayStays) {
+TEST_F(Faults, AnObstacleStays) {
   for (const Saver& saver : Savers()) {
     SCOPED_TRACE(saver.name);
     const TemporaryFolder to;
@@ -147,7 +147,7 @@ TEST_F(Faults, NamesAreOfAnyScriptAndAsLongAsTheSystemHasThem) {
   constexpr std::size_t longest = 255;
   std::vector<std::string> stems{"Дамп", "Αντίγραφο", "转储", "דָּמְפּ", "🎵📱", "e\u0301", "a b'&%"};
 #ifndef _WIN32
-  stems.emplace_back("\xFF\xC3(");  // no UTF-8 at all
+  stems.emplace_back("\xFF\xC3(");  // not UTF-8 at all
 #endif
   std::string& longStem = stems.emplace_back();
   for (const Saver& saver : Savers()) {
@@ -180,7 +180,7 @@ TEST(ReplaceFile, KeepsTheOldFileWhenItsContentsFail) {
 }
 
 #ifndef _WIN32
-TEST(ReplaceFile, KeepsRightsAndLeavesDevicesAlone) {
+TEST(ReplaceFile, KeepsPermissionsAndLeavesDevicesAlone) {
   const TemporaryFolder folder;
   const auto file = folder.Write("a.txt", std::string(oldContents));
   fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
@@ -200,7 +200,7 @@ TEST(ReadFile, SaysThatTheFileHasShrunk) {
   std::vector<std::uint8_t> bytes(reader.Size());
   std::error_code error;
   fs::resize_file(file, 50000, error);
-  if (error) GTEST_SKIP() << error.message();  // the system guards it
+  if (error) GTEST_SKIP() << error.message();  // the system protects it
   try {
     reader.Read(bytes);
     FAIL();

@@ -17,7 +17,7 @@ FileError::Kind KindOf(const std::function<void()>& access) try {
   return error.Reason();
 }
 
-TEST(File, RefusesWhatIsNoFile) {
+TEST(File, RefusesPathsThatAreNotFiles) {
   const TemporaryFolder folder;
   for (const auto& path : {folder.Path(), folder / "missing.bin", std::filesystem::path()})
     EXPECT_EQ(KindOf([&] { (void)ReadFile(path, 10, noProgress); }), FileError::Kind::CantOpen) << path;
@@ -33,7 +33,7 @@ TEST(File, HasALimit) {
   EXPECT_EQ(KindOf([&] { (void)ReadFile(file, 10, noProgress); }), FileError::Kind::TooLarge);
   EXPECT_EQ(ReadFile(file, 11, noProgress).size, 11u);
   std::error_code error;
-  std::filesystem::resize_file(file, Fullflash::sizeLimit + 1, error);  // sparse, where the system can
+  std::filesystem::resize_file(file, Fullflash::sizeLimit + 1, error);  // sparse if the system supports it
   if (error) GTEST_SKIP() << error.message();
   EXPECT_EQ(KindOf([&] { (void)Fullflash::Load(file, noProgress); }), FileError::Kind::TooLarge);
 }

@@ -38,7 +38,7 @@ TEST(Fullflash, FaultsOutsideTheImage) {
 }
 
 TEST(GetAdr, AddsAPagePointersOffsetWhole) {
-  // offset word FFFF is not masked to 14 bits
+  // The offset word FFFF is not masked to 14 bits.
   const Fullflash image{Bytes(Data{0x45, 0x23, 0x84, 0x02, 0xFF, 0xFF, 0xFF, 0xFF})};
   EXPECT_EQ(image.GetAdr(0), 0xA12345);
   EXPECT_EQ(image.GetAdr(4), 0xFFFF + 0xFFFF * 0x4000);

@@ -38,17 +38,17 @@ TEST(Identify, LooksForTheSignatureEveryTwoMebibytes) {
   };
   EXPECT_EQ(position(8 * mebi, 0x67FF80), 0x67FF00);
   EXPECT_EQ(position(8 * mebi, 0x17FF80), std::nullopt);
-  EXPECT_EQ(position(32 * mebi, 0x128FC80), 0x28FC00);  // above 16 MiB it keeps its low 24 bits only
+  EXPECT_EQ(position(32 * mebi, 0x128FC80), 0x28FC00);  // above 16 MiB only the low 24 bits count
 }
 
-TEST(Identify, WantsTheSignatureWhole) {
+TEST(Identify, RequiresTheWholeSignature) {
   const auto isFound = [](std::string_view text) {
     ImageBuilder builder(mebi);
     builder.Text(0x7FF80, text);
     return Identified(std::move(builder)).info.SigPos.has_value();
   };
   for (const char* text : {"SIEMEN", "SIEMENS ", "siemens", "xSIEMENS"}) EXPECT_FALSE(isFound(text)) << text;
-  EXPECT_TRUE(isFound("SIEMENS\x01"));  // any stop byte will do
+  EXPECT_TRUE(isFound("SIEMENS\x01"));  // any stop byte is accepted
 }
 
 TEST(Identify, CorrectsTheBaseOfSomeModels) {
@@ -79,9 +79,9 @@ TEST(EmptyBlocks, AreListedAsRuns) {
     return Identified(std::move(builder)).info.EmptyBlocks;
   };
   EXPECT_EQ(list(mebi, {0, 0x10000, 0x20000, 0x30000, 0x40000}), ", 05 - 0F");
-  // one byte at either edge of a block is enough
+  // One used byte at either edge of a block is enough.
   EXPECT_EQ(list(0x50000, {0x0FFFF, 0x20000, 0x4FFFF}), ", 01, 03");
-  EXPECT_EQ(list(0x1FFFF, {0}), "");               // a block that is cut off is never empty
+  EXPECT_EQ(list(0x1FFFF, {0}), "");               // never empty: it is cut off
   EXPECT_EQ(list(0x1010000, {0}), ", 001 - 100");  // three digits in a large image
 }
 
@@ -105,17 +105,17 @@ TEST(T9, IsMeasuredToItsLastUsedByte) {
 }
 
 TEST(T9, FreeAreaEndsAtUsedBytesAndAtTheExactSize) {
-  EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x20000)).info.t9->Empty(), 0);  // used to the end
+  EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x20000)).info.t9->Empty(), 0);  // used up to the end
   EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x1FFFF)).info.t9->Empty(), 1);
   EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x100)).info.t9->Empty(), 0x10000 + 0x20000 - 0x22345);
   // A size beyond the full size: 0x212345 AND 0x1F0000 is 0x10000.
   EXPECT_EQ(Identified(WithT9(mebi, 0x212345, 0x100)).info.t9->Empty(), 0);
 }
 
-TEST(T9, IsAbsentWhereItCannotBeRead) {
-  EXPECT_FALSE(Identified(WithT9(0x2FFFF, 0x12345, 0x100)).info.t9);  // full size is cut off
+TEST(T9, IsAbsentIfItCannotBeRead) {
+  EXPECT_FALSE(Identified(WithT9(0x2FFFF, 0x12345, 0x100)).info.t9);  // cut off by the end
   EXPECT_TRUE(Identified(WithT9(0x30000, 0x12345, 0x100)).info.t9);
-  EXPECT_FALSE(Identified(WithT9(mebi, 0x80000000, 0x100)).info.t9);    // no signed double word
+  EXPECT_FALSE(Identified(WithT9(mebi, 0x80000000, 0x100)).info.t9);    // negative as a signed double word
   EXPECT_FALSE(Identified(WithT9(17 * mebi, 0x12345, 0x100)).info.t9);  // a large image
   ImageBuilder shifted(mebi);
   shifted.Text(0x10001, "T9");
@@ -133,9 +133,9 @@ TEST(BuildDate, IsFoundNextToTheSignature) {
   EXPECT_EQ(date({{0xA0, "Nov 14 2002"}}), "Nov 14 2002");
   EXPECT_EQ(date({{0xA0, "14-Nov-02"}}), "14-Nov-02");
   EXPECT_EQ(date({{0x10, "2002-11-14"}}), "2002-11-14");
-  EXPECT_EQ(date({{0xF8, "14.11.2002"}}), "");  // would be cut to 14.11.20
-  EXPECT_EQ(date({{0xA0, "10:22"}}), "");       // a time alone says nothing
-  EXPECT_EQ(date({{0x60, "01.02.2003"}}), "");  // the second header string is no date
+  EXPECT_EQ(date({{0xF8, "14.11.2002"}}), "");  // would be cut off after 14.11.20
+  EXPECT_EQ(date({{0xA0, "10:22"}}), "");       // a time alone is not a date
+  EXPECT_EQ(date({{0x60, "01.02.2003"}}), "");  // the second header string is not a date
   for (const char* text : {"32.01.2002", "14.13.2002", "14.11.1066", "14.11", "1.2.3", "14.11.2002x"})
     EXPECT_EQ(date({{0x90, text}}), "") << text;
 }
@@ -150,7 +150,7 @@ TEST(Identify, SurvivesAnyCutOfAFullImage) {
   };
   for (std::size_t size = 2; size < bytes.size(); size += size < 0x20 ? 1 : 0x3FF)
     EXPECT_EQ(hasSignature(size), size >= 0x7FF88) << size;
-  EXPECT_FALSE(hasSignature(0x10001));  // amid "T9"
+  EXPECT_FALSE(hasSignature(0x10001));  // in the middle of "T9"
   EXPECT_FALSE(hasSignature(0x7FF87));  // without its stop byte
   EXPECT_TRUE(hasSignature(0x7FF88));
 }

@@ -22,7 +22,7 @@ class Edits : public testing::Test {
 };
 
 TEST_F(Edits, AreTakenBackAndDoneAgain) {
-  Write(0xFFF, {1, 2});  // over the border of two pages
+  Write(0xFFF, {1, 2});  // across a page boundary
   Write(0xFFE, {3, 4, 0x11});
   EXPECT_EQ(At(0xFFD, 5), (Data{0x11, 3, 4, 0x11, 0x11}));
   const auto undone = edits.Undo(image);
@@ -36,9 +36,9 @@ TEST_F(Edits, AreTakenBackAndDoneAgain) {
   edits.Redo(image);
   EXPECT_EQ(At(0xFFD, 5), (Data{0x11, 3, 4, 0x11, 0x11}));
   edits.Undo(image);
-  Write(0, {9});  // another way on: what was undone is gone
+  Write(0, {9});  // a new change discards the undone ones
   EXPECT_FALSE(edits.CanRedo());
-  Write(0, {9});  // stands there already
+  Write(0, {9});  // already there
   edits.Undo(image);
   EXPECT_EQ(At(0, 1), Data{0x11});
 }
@@ -54,7 +54,7 @@ TEST_F(Edits, OverlappingOnesInOneStepAreTakenBack) {
 TEST_F(Edits, ChangesAreThoseSinceOpening) {
   Write(0x10, {1, 2, 0x11, 0x11, 5});
   Write(0x1000, {6});
-  Write(0x1000, {0x11});  // as it was
+  Write(0x1000, {0x11});  // restores the original byte
   EXPECT_TRUE(edits.IsChanged(image, 0x11));
   EXPECT_FALSE(edits.IsChanged(image, 0x12));
   EXPECT_FALSE(edits.IsChanged(image, 0x1000));

@@ -1,4 +1,4 @@
-// How much memory a malformed image makes the explorers take: a fixed small multiple of its size.
+// The memory that explorers need for a malformed image: a small fixed multiple of its size.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -11,7 +11,7 @@
 #include "pictures/picture_search.h"
 #include "temporary_folder.h"
 
-// Under a sanitizer the memory is mostly the sanitizer's.
+// Under a sanitizer most of the memory is the sanitizer's.
 #if defined(_WIN32) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define TARVELO_MEASURES_MEMORY 0
 #else
@@ -30,7 +30,7 @@ long PeakKiB() {
   return usage.ru_maxrss;
 }
 
-// Ends the process: with 0 where a command took no more than eight times the image and 8 MiB.
+// Ends the process: with status 0 if the command took at most eight times the image's size plus 8 MiB.
 [[noreturn]] void Measure(const std::vector<std::string>& arguments, std::size_t imageSize) {
   std::ofstream out("/dev/null");
   const long before = PeakKiB();
@@ -65,7 +65,7 @@ TEST(Memory, EveryListTakesASmallMultipleOfTheImage) {
 
 #endif
 
-// The crafted images are what they are meant to be.
+// Checks that the crafted images trigger what they were made for.
 TEST(Memory, TablesWithoutEndAreListedWhole) {
   const auto count = [](void (*fill)(ImageBuilder&), std::size_t size) {
     ImageBuilder image(size);

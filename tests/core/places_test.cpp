@@ -10,7 +10,7 @@ namespace {
 Fullflash Erased(std::size_t size) { return Fullflash(Bytes(std::vector<std::uint8_t>(size, 0xFF))); }
 
 TEST(Places, WritePlaces) {
-  const Fullflash paged = Erased(0x800000);  // offset 0 at 800000
+  const Fullflash paged = Erased(0x800000);  // offset 0 is at 800000
   EXPECT_EQ(OffsetText(paged, 0x1A2B4), "01A2B4");
   EXPECT_EQ(AddressText(paged, 0x212345), "284:2345");
   const Fullflash large = Erased(0x1000001);
@@ -47,10 +47,10 @@ TEST(Places, ReadPlaces) {
   EXPECT_THROW((void)ReadPlace("123456789", PlaceKind::AsOffset, paged), std::overflow_error);
 }
 
-TEST(Places, ReadWhatTheImageHas) {
+TEST(Places, ReadValuesInTheImage) {
   ImageBuilder builder(0x800000);
   builder.Pointer(0x10, 0x212345);
-  builder.DWord(0x20, 0x12345678);  // leads nowhere
+  builder.DWord(0x20, 0x12345678);  // points outside the image
   builder.Fill(0x30, 4, 0);
   const std::vector<std::uint8_t> bytes = std::move(builder).Take();
   const Fullflash image{Bytes(bytes)};

@@ -13,7 +13,7 @@ std::string SummaryOf(ImageBuilder builder, const Messages& messages = Messages(
   return Summary("C:\\ff\\s45.bin", image, info, messages);
 }
 
-TEST(Summary, HasALineForAllThatIsKnown) {
+TEST(Summary, HasALineForEachKnownFact) {
   ImageBuilder s45(0x600000);
   PutHeader(s45, "S45");
   s45.Text(0x7FF90, "14.11.2002");

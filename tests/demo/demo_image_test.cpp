@@ -9,7 +9,7 @@
 namespace tarvelo {
 namespace {
 
-// 64-bit FNV-1a, to compare whole images between the platforms.
+// 64-bit FNV-1a, to compare whole images across platforms.
 std::uint64_t Hash(const std::vector<std::uint8_t>& bytes) {
   return std::accumulate(bytes.begin(), bytes.end(), std::uint64_t{0xCBF29CE484222325},
                          [](std::uint64_t h, std::uint8_t b) { return (h ^ b) * 0x100000001B3; });
@@ -27,7 +27,7 @@ TEST(DemoImage, IsIdentified) {
   }
 }
 
-// Changes with the demonstration, on purpose only.
+// Changes only when the demonstration is changed on purpose.
 TEST(DemoImage, IsTheSameEverywhere) {
   EXPECT_EQ(Hash(DemoImage()), 14616580461377504932u);
   EXPECT_EQ(Hash(DemoImage(true)), 17681210265453398821u);

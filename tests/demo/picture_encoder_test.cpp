@@ -26,7 +26,7 @@ Bitmap Decoded(const EncodedPicture& encoded) {
   return decoder.ShowP(picture, true);
 }
 
-// Runs of 1 to 300 pixels: longer than any code can count, and of single ones in between.
+// Runs of 1 to 300 pixels, some longer than any code can count, with single pixels in between.
 Bitmap Runs(const std::function<Colour()>& colour) {
   Bitmap bitmap(101, 80);
   Random random(1);

@@ -10,8 +10,8 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-// 64 KiB, offset 0 at 0xFF0000; the column of lengths is as wide as "65536".
-TEST(DifferenceTable, ShowsTheBytesOfBothAndWhatLiesThere) {
+// 64 KiB, offset 0 at 0xFF0000; the length column is as wide as "65536".
+TEST(DifferenceTable, ShowsTheBytesOfBothAndTheirLabel) {
   const Fullflash image{Bytes(Data(0x10000, 0))};
   Data other(0x10000, 0);
   other[0x20] = 1;

@@ -12,7 +12,7 @@ namespace {
 
 int searches = 0;
 
-// Finds the first byte of the image; 0xEE is more than there can be.
+// Finds the first byte of the image; 0xEE counts as too many.
 const Explorer firstByte{.key = "first byte",
                          .about = "",
                          .letter = '1',
@@ -42,7 +42,7 @@ class DocumentTest : public testing::Test {
   Document document;
 };
 
-TEST_F(DocumentTest, SearchesOnceAndKeepsWhatWasFound) {
+TEST_F(DocumentTest, SearchesOnceAndKeepsTheFindings) {
   EXPECT_FALSE(IsKnown());
   EXPECT_EQ(Find(), 0);
   EXPECT_EQ(&document.Find(firstByte, noProgress), document.Known(firstByte));
@@ -50,7 +50,7 @@ TEST_F(DocumentTest, SearchesOnceAndKeepsWhatWasFound) {
   EXPECT_EQ(searches, 1);
 }
 
-TEST_F(DocumentTest, EachChangeDropsWhatWasFound) {
+TEST_F(DocumentTest, EachChangeDropsTheFindings) {
   const auto isDroppedBy = [&](const auto& change) {
     (void)Find();
     const bool wasKnown = IsKnown();
@@ -68,10 +68,10 @@ TEST_F(DocumentTest, EachChangeDropsWhatWasFound) {
   EXPECT_TRUE(isDroppedBy([&] { document.Close(); }));
   EXPECT_FALSE(document.IsOpen());
   EXPECT_FALSE(document.Edits().CanUndo());
-  EXPECT_EQ(document.FileName(), "SOME/DUMP.BIN");  // as dialogs offer it
+  EXPECT_EQ(document.FileName(), "SOME/DUMP.BIN");  // as dialogs suggest it
 }
 
-TEST_F(DocumentTest, WhatChangesNothingDropsNothing) {
+TEST_F(DocumentTest, NoChangeDropsNothing) {
   (void)Find();
   int told = 0;
   const Document::Watch watch = document.OnChange([&] { ++told; });
@@ -115,7 +115,7 @@ TEST_F(DocumentTest, TheMapFollowsEdits) {
   EXPECT_EQ(FirstLabel(), "unknown");
   Write(0, Data(0x200, 0xFF));
   EXPECT_EQ(FirstLabel(), "erased");
-  EXPECT_EQ(LabelOf(*map, 0), "unknown");  // whoever still shows it may do so
+  EXPECT_EQ(LabelOf(*map, 0), "unknown");  // a map that is still shown stays valid
   document.Undo();
   EXPECT_EQ(FirstLabel(), "unknown");
 }

@@ -24,7 +24,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// The findings of every explorer, searched for when a map asks for them.
+// The findings of every explorer, searched when a map asks for them.
 class Searched {
  public:
   explicit Searched(const Dump& dump) : dump_(dump) {}
@@ -83,13 +83,13 @@ ImageBuilder Plain() {
   return image;
 }
 
-TEST(DumpMap, HasHeadersBlocksAndWhatIsErased) {
+TEST(DumpMap, HasHeadersBlocksAndErasedRegions) {
   ImageBuilder image = Plain();
   image.Text(0x7FF80, "SIEMENS");
   PutBlock(image, 0x1000, liveBlockState, 5076, 0x61000, 0x20);
   PutBlock(image, 0x100C, deletedBlockState, 5076, 0x61020, 0x20);
-  PutBlock(image, 0x1018, deletedBlockState, 5076, 0x61040, 0x20);  // a neighbour of its own
-  image.Fill(0x61050, 0x130, 0xFF);                                 // begins within the block
+  PutBlock(image, 0x1018, deletedBlockState, 5076, 0x61040, 0x20);  // a separate neighbour
+  image.Fill(0x61050, 0x130, 0xFF);                                 // starts within the block
   image.Fill(0x62000, 0xFF, 0xFF);                                  // too short
   image.Fill(0x8FF00, 0x20200, 0xFF);
   EXPECT_EQ(
@@ -144,19 +144,19 @@ TEST(DumpMap, HasRingtones) {
   EXPECT_EQ(LabelOf(map, 0x400, 12), "ringtone 03 (file)");
 }
 
-TEST(DumpMap, TellsTextsAndCode) {
+TEST(DumpMap, DistinguishesTextFromCode) {
   ImageBuilder image = Plain();
   for (std::size_t p = 0x2000; p < 0x2300; p += 12) image.Text(p, "Some text 1");
   for (std::size_t p = 0x3000; p < 0x3400; p += 128) image.Word(p, 0x00DB);
   for (std::size_t p = 0x4000; p < 0x4380; p += 128) image.Word(p, 0x00DB);  // one too few
-  image.Fill(0x5000, 0x1000, '7');                                           // no letters
+  image.Fill(0x5000, 0x1000, '7');                                           // not letters
   for (std::size_t p = 0x6001; p < 0x6801; p += 128) image.Word(p, 0x00DB);  // odd
   EXPECT_EQ(LinesOf(MapOf(image)), (Lines{"0 8192 unknown", "2000 768 text", "2300 3328 unknown",
                                           "3000 4096 code", "4000 1032192 unknown"}));
 }
 
-// Hand-made finds that overlap, in an image of 100 bytes.
-TEST(DumpMap, GivesWhatOverlapsToTheSurest) {
+// Hand-made overlapping finds in an image of 100 bytes.
+TEST(DumpMap, GivesOverlapsToTheSurestKind) {
   const Dump dump{Fullflash{Bytes(Data(100, nothing))}, {}, {}};
   const BlockStore blocks = StoreOf({{10, 0, 20, 30, false, liveBlockState, 8},
                                      {11, 0, 40, 30, false, deletedBlockState, 20},

@@ -1,4 +1,4 @@
-// What must hold of every explorer, whatever it finds.
+// Rules that every explorer must follow, whatever it finds.
 #include "document/explorers.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ std::vector<Claim> ClaimsOf(const Explorer& explorer, const Dump& dump, const Fi
   return claims;
 }
 
-// Of very long lists the first rows only, so that the tests stay fast.
+// Only the first rows of very long lists, to keep the tests fast.
 TableRows Beginning(TableRows rows) {
   constexpr std::size_t most = 10000;
   rows.count = std::min(rows.count, most);
@@ -49,7 +49,7 @@ TEST(Explorers, HaveNamesAndPlacesOfTheirOwn) {
   EXPECT_EQ(FindExplorer("nothing"), nullptr);
 }
 
-// Of two kinds of one rank neither would win.
+// If two kinds had the same rank, neither would win.
 TEST(Explorers, HaveKindsOfTheirOwn) {
   std::vector<const ClaimKind*> kinds{&map::firmwareHeader, &map::t9,   &map::t9Free,
                                       &map::emptyBlock,     &map::text, &map::erased,
@@ -101,7 +101,7 @@ TEST(Explorers, ClaimBytesAsTheirOwnKindsOnly) {
   }
 }
 
-// In the first image each explorer finds something of each kind that it claims.
+// In the first image each explorer finds something of every kind that it claims.
 TEST(Explorers, FindSomethingOfEachKind) {
   const Dump dump = DumpOf(CraftedImages()[0]);
   for (const Explorer* explorer : Explorers()) {

@@ -17,7 +17,7 @@ class BlockFiles : public testing::Test {
     PutBlock(builder, 0x100, deletedBlockState, 76, 0x1000, 4);
     PutBlock(builder, 0x200, liveBlockState, 76, 0x2000, 4);
     PutBlock(builder, 0x300, liveBlockState, 76, 0x3000, 5);    // the live one
-    PutBlock(builder, 0x400, liveBlockState, 5001, 0xFFFE, 3);  // more than there is
+    PutBlock(builder, 0x400, liveBlockState, 5001, 0xFFFE, 3);  // past the end of the image
     PutBlock(builder, 0x500, liveBlockState, 7, 0x4000, 0);
     builder.Fill(0x1000, 4, 'a');
     builder.Fill(0x3000, 5, 'c');
@@ -39,7 +39,7 @@ TEST_F(BlockFiles, HoldTheLiveBlockOrEveryGeneration) {
   EXPECT_EQ(all,
             (std::vector{to / "dump_0076_000100.bin", to / "dump_0076_000200.bin", to / "dump_0076.bin"}));
   EXPECT_EQ(ReadAll(all[0]), "aaaa");
-  EXPECT_EQ(SaveBlock(image, store, store.records[3], to, "dump"), std::nullopt);  // cut by the image's end
+  EXPECT_EQ(SaveBlock(image, store, store.records[3], to, "dump"), std::nullopt);  // cut off by the end
 }
 
 TEST_F(BlockFiles, AreLoadedIntoTheLiveBlocksPlace) {

@@ -10,7 +10,7 @@ namespace {
 
 using Kind = BlockDifference::Kind;
 
-// Generations of block 5079, among another one, in an image of 64 KiB.
+// Generations of block 5079 and one of another block, in an image of 64 KiB.
 class Generations : public testing::Test {
  protected:
   Generations() {
@@ -37,17 +37,17 @@ class Generations : public testing::Test {
       {5080, 1, 0x1000, 4, false, liveBlockState, 0x4C},
       {5079, 2, 0x1010, 5, true, liveBlockState, 0x58},
       {5079, 2, 0x1020, 5, false, deletedBlockState, 0x64},
-      {5079, 3, 0xFFFE, 4, false, deletedBlockState, 0x70},     // two bytes lie behind the end
-      {5079, 3, -2, 3, false, deletedBlockState, 0x7C},         // and two in front of the image
-      {5079, 3, -0x400000, 8, false, deletedBlockState, 0x88},  // all do
-      {5079, 3, -0x400000, 0, false, deletedBlockState, 0x94},  // nothing cannot lie outside
+      {5079, 3, 0xFFFE, 4, false, deletedBlockState, 0x70},     // two bytes past the end
+      {5079, 3, -2, 3, false, deletedBlockState, 0x7C},         // two bytes before the start
+      {5079, 3, -0x400000, 8, false, deletedBlockState, 0x88},  // all bytes outside
+      {5079, 3, -0x400000, 0, false, deletedBlockState, 0x94},  // no bytes, so none are outside
   });
 };
 
 TEST_F(Generations, AreComparedWithTheOneShown) {
   EXPECT_EQ(Report(2).record, store_.records[2]);
   EXPECT_EQ(Report(2).address, 0xFF1010u);
-  EXPECT_EQ(OthersOf(2), (Others{{0, {Kind::Differing, 2, 1}},  // one byte, and one more
+  EXPECT_EQ(OthersOf(2), (Others{{0, {Kind::Differing, 2, 1}},  // one byte differs, and one is extra
                                  {3, {Kind::Same}},
                                  {4, {Kind::Outside}},
                                  {5, {Kind::Outside}},
@@ -100,7 +100,7 @@ TEST(BlockReport, FindsTheLowestLiveBlockOfAMenuEntry) {
                                     {5237, 0, 0, 4, true, liveBlockState, 12},
                                     {5136, 0, 0, 4, false, deletedBlockState, 24},
                                     {5237, 0, 0, 4, true, liveBlockState, 36}});
-  EXPECT_EQ(LiveBlock(store, ViewerEntry::x5136), 3u);  // of two live ones the later
+  EXPECT_EQ(LiveBlock(store, ViewerEntry::x5136), 3u);  // the later of two live ones
 }
 
 TEST(HexDump, HasARowForEachSixteenBytes) {
@@ -142,8 +142,8 @@ TEST(ReadAsText, AsksEveryDecoder) {
   EXPECT_EQ(Texts(bytes, 8), Readings(8));
 }
 
-TEST(ReadAsText, ShowsWhatCannotBeSeen) {
-  // Turned writing direction, half a surrogate pair, a whole one, a byte order mark.
+TEST(ReadAsText, ShowsInvisibleCharacters) {
+  // A change of writing direction, an unpaired surrogate, a surrogate pair, a byte order mark.
   const Data bytes{0x2E, 0x20, 0x3D, 0xD8, 0x3D, 0xD8, 0x00, 0xDE, 0xFF, 0xFE, 0xFF, 0xFF};
   EXPECT_EQ(Texts(bytes, 0)[5], "<202E><D83D>\U0001F600<FEFF>");
 }

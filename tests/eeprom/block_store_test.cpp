@@ -38,8 +38,8 @@ BlockStore ScanBytes(Bytes bytes, std::string_view model = "") {
   return GetEE(Fullflash(bytes), model, noProgress);
 }
 
-// The scan of an image that holds the headers one right behind the other, and 600 erased bytes, so that
-// none lies in the stretch at the end that is searched in another way.
+// Scans an image that holds the headers one right after the other, followed by 600 erased bytes, so that none
+// lies at the very end, which is searched differently.
 BlockStore ScanHeaders(const std::vector<Header>& headers) {
   Data bytes;
   for (const Header& header : headers) bytes.insert(bytes.end(), header.begin(), header.end());
@@ -53,7 +53,7 @@ std::vector<int> Positions(const BlockStore& store) {
   return positions;
 }
 
-// The scan of an image of `size` bytes with a header at each of the positions.
+// Scans an image of `size` bytes with a header at each of the positions.
 BlockStore ScanAt(std::size_t size, std::initializer_list<std::size_t> headers, std::string_view model = "") {
   ImageBuilder builder(size);
   for (const std::size_t p : headers) builder.Data(p, good);
@@ -128,7 +128,7 @@ TEST(Viewers, BelongToLiveBlocks) {
 TEST(GetEE, RefusesMoreThanItsLimit) {
   std::vector<Header> headers(1999, good);
   headers.push_back(Deleted(good));
-  headers.push_back(Numbered(1000));  // does not count
+  headers.push_back(Numbered(1000));  // is not counted
   EXPECT_EQ(ScanHeaders(headers).BlockCount(), 2000);
   headers.push_back(Deleted(good));
   EXPECT_THROW((void)ScanHeaders(headers), std::length_error);
@@ -145,7 +145,7 @@ TEST(GetEE, ShowsProgress) {
   EXPECT_EQ(progress.calls, (std::vector<std::int64_t>{0, 0x27FF, 0, 0x1000, 0x2000, -1}));
 }
 
-// The plain definition: every fourth position, one rule after the other, no shortcut.
+// The plain definition: every fourth position, rule by rule, without shortcuts.
 std::vector<EepromBlockRecord> PlainScan(const Data& image) {
   std::vector<EepromBlockRecord> records;
   for (std::size_t p = 0; p + 12 <= image.size(); p += 4) {
@@ -168,7 +168,7 @@ class GetEEOnEachUnit : public OnEachUnit {};
 INSTANTIATE_TEST_SUITE_P(Units, GetEEOnEachUnit, eachUnit);
 
 TEST_P(GetEEOnEachUnit, AgreesWithThePlainDefinition) {
-  // The values at both sides of each rule's bounds.
+  // The values on both sides of each rule's bounds.
   constexpr std::uint8_t usual[] = {0x00, 0x01, 0xF0, 0xF4, 0xF8, 0xFC, 0xFF, 0x21, 0x22, 0x14, 0x15,
                                     0x18, 0x19, 0x7B, 0x7C, 0x7F, 0x80, 0xBE, 0xBF, 0xC0, 0xF5, 0xF6};
   constexpr int numbers[] = {0, 1, 654, 999, 1000, 1001, 5000, 5001, 5999, 6000, 6001};

@@ -40,13 +40,13 @@ TEST(BlockTable, KeepsTheRightmostDigits) {
   EXPECT_EQ(table.rows[1].cells, (Cells{"   1", "about 1", "FFFFF4", "55", "BF0012", "5535", "", ""}));
 }
 
-TEST(BlockTable, TellsTheCounts) {
+TEST(BlockTable, ReportsTheCounts) {
   const Messages messages;
   EXPECT_EQ(BlockInformation(Sample(), messages),
             "Number of EEPROM-blocks: 2\nNumber of deleted blocks: 1\n");
   EXPECT_EQ(BlockStatus(Sample()), "2 / 1");
 
-  // Deleted blocks alone are blocks too.
+  // Deleted blocks alone count as blocks too.
   const BlockStore deleted = StoreOf({{1, 0, 0, 0, false, 0xF0, 0}});
   EXPECT_EQ(BlockInformation(deleted, messages), "Number of EEPROM-blocks: 0\nNumber of deleted blocks: 1\n");
   EXPECT_EQ(BlockStatus(deleted), "0 / 1");
@@ -61,7 +61,7 @@ TEST(Descriptions, AreReadLineByLine) {
                            "\xEF\xBB\xBF"
                            "1\tone\r\n999\ttwo\twords\r\n5001\t\x7F\x01",
                            "# comment\n#5002\tno\n\n1\tfirst\n 999 \t two words  \n5001\t \n1\tone\n",
-                           // Lines that name no possible block.
+                           // Lines without a valid block number.
                            "1\tone\n0\tno\n1000\tno\n6000\tno\n-1\tno\n+2\tno\n4.\tno\nfive\tno\n\tno\n6 no\n"
                            "99999999999999999999\tno\n999\ttwo words\n5001\t\n7"})
     EXPECT_EQ(ParseDescriptions(file), expected) << file;
@@ -73,7 +73,7 @@ TEST(Descriptions, SurviveHostileFiles) {
   const std::string blanks(100000, ' ');
   EXPECT_EQ(ParseDescriptions("1\t" + blanks + std::string(100000, 'x') + "\n2\t" + blanks),
             (Descriptions{{1, std::string(200, 'x')}, {2, ""}}));
-  // A character of two units is not cut in half.
+  // A character of two units is never split.
   const std::string almost(199, 'x');
   EXPECT_EQ(ParseDescriptions("1\t" + almost + "\U0001F4F1"), (Descriptions{{1, almost}}));
 }
@@ -81,7 +81,7 @@ TEST(Descriptions, SurviveHostileFiles) {
 TEST(Descriptions, OfTheUserGoOverTheBuiltInOnes) {
   const Descriptions builtIn = GetDescriptions();
   EXPECT_EQ(Describe(builtIn, 5076), "Greeting text");
-  EXPECT_EQ(Describe(builtIn, 5999), "");  // nobody knows
+  EXPECT_EQ(Describe(builtIn, 5999), "");  // unknown
 
   const Descriptions own = GetDescriptions("5999\tmine\n5076\t\n");
   EXPECT_EQ(Describe(own, 5999), "mine");

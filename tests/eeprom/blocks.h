@@ -1,4 +1,4 @@
-// EEPROM blocks that were listed by hand.
+// Hand-made lists of EEPROM blocks.
 #pragma once
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 
 namespace tarvelo {
 
-// What a scan that found these would give to lists; without the directory.
+// The result of a scan that found these records, but without the directory.
 inline BlockStore StoreOf(std::vector<EepromBlockRecord> records) {
   BlockStore store;
   store.DeletedCount = static_cast<int>(std::ranges::count_if(records, &EepromBlockRecord::IsDeleted));

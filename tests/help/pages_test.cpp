@@ -1,5 +1,5 @@
-// The help pages: they are there for every language, their links lead somewhere, and the captions that
-// they name (<b>...</b>) are those of the program.
+// The help pages: every language has them, their links lead somewhere, and the captions in them (<b>...</b>)
+// are those of the program.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@
 namespace tarvelo {
 namespace {
 
-using Pages = std::map<std::string, std::string>;  // text by file name
+using Pages = std::map<std::string, std::string>;  // texts by file name
 
 std::string ReadPage(const std::string& name) {
   std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "help" / name, std::ios::binary);
@@ -34,7 +34,7 @@ Pages AllPages() {
   return pages;
 }
 
-// What stands between each `begin` and the next `end`, in their order.
+// The texts between each `begin` and the next `end`, in order.
 std::vector<std::string> Between(const std::string& text, std::string_view begin, std::string_view end) {
   std::vector<std::string> parts;
   for (auto at = text.find(begin); at != text.npos; at = text.find(begin, at)) {
@@ -46,7 +46,7 @@ std::vector<std::string> Between(const std::string& text, std::string_view begin
   return parts;
 }
 
-// A caption as a page writes it: without a label's end.
+// A caption as a page writes it: without a label's ending.
 std::string Caption(std::string_view message) {
   std::string text(message);
   while (text.ends_with(' ') || text.ends_with(':')) text.pop_back();
@@ -79,7 +79,7 @@ TEST(HelpPages, EveryLinkHasItsTarget) {
   }
 }
 
-TEST(HelpPages, EveryPictureIsThereAndOfThePagesLanguage) {
+TEST(HelpPages, EveryPictureExistsInThePagesLanguage) {
   for (const auto& [name, text] : AllPages()) {
     const std::vector<std::string> pictures = Between(text, " src=\"", "\"");
     EXPECT_GT(pictures.size(), 10u) << name;

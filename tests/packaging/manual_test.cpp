@@ -1,4 +1,4 @@
-// The manual page of the command line: it names every command with all of its options.
+// The manual page of the command line must name every command with all of its options.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -22,7 +22,7 @@ std::string Help(Words command) {
   return out.str();
 }
 
-// Each part of the text that the expression's parentheses match.
+// Every text that the expression's parentheses match.
 std::set<std::string> All(const std::string& text, const char* expression) {
   const std::regex pattern(expression);
   std::set<std::string> found;
@@ -31,13 +31,13 @@ std::set<std::string> All(const std::string& text, const char* expression) {
   return found;
 }
 
-// The commands of a help text: they are listed behind its title, indented.
+// The commands in a help text: indented, after its title.
 std::set<std::string> CommandsOf(const std::string& help) {
   const auto title = help.find("Subcommands:");
   return title == help.npos ? std::set<std::string>() : All(help.substr(title), "\n  ([a-z]+) ");
 }
 
-// The page's source without its change of typeface, in small parts: the line of a command with its text.
+// The page's source without changes of typeface, in small parts: the line of a command with its text.
 std::string Page() {
   std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "packaging" / "man" / "tarvelo-cli.1.in",
                        std::ios::binary);

@@ -22,7 +22,7 @@ Data With(std::size_t size, std::initializer_list<std::size_t> offsets) {
 
 TEST(Compare, MergesAcrossAFewEqualBytes) {
   const Data zeros(64);
-  const Data other = With(64, {3, 12, 22});  // 8 equal bytes between, then 9
+  const Data other = With(64, {3, 12, 22});  // 8 equal bytes in between, then 9
   EXPECT_EQ(Compare(zeros, other).differences, (Differences{{3, 10}, {22, 1}}));
   EXPECT_EQ(Compare(zeros, other, 9).differences, (Differences{{3, 20}}));
   EXPECT_EQ(Compare(zeros, With(64, {3, 4, 6}), 0).differences, (Differences{{3, 2}, {6, 1}}));
@@ -38,7 +38,7 @@ TEST(Compare, SeesEveryByte) {
   }
 }
 
-TEST(Compare, StopsWhereOneOfThemEnds) {
+TEST(Compare, StopsAtTheEndOfTheShorterImage) {
   const Comparison longer = Compare(Data(10), With(13, {9, 10}));
   EXPECT_EQ(longer.differences, (Differences{{9, 1}}));
   EXPECT_EQ(longer.common, 10);
@@ -57,7 +57,7 @@ TEST(Compare, MakesChangesWithinTheImages) {
     EXPECT_THROW((void)ChangeOf(one, other, outside), std::out_of_range) << outside.offset;
 }
 
-// One dump made of another: runs of any length are changed, now and then to what stood there.
+// A changed copy of a dump: rewrites runs of any length, now and then with the old bytes.
 Data Changed(const Data& values, std::mt19937& random) {
   Data changed = values;
   const auto below = [&](std::size_t end) {

@@ -10,7 +10,7 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-// 64 KiB of zeros, offset 0 at 0xFF0000, and a patch: line 1 fits, 6 was applied already.
+// 64 KiB of zeros, offset 0 at 0xFF0000, and a patch: line 1 fits, line 6 is already applied.
 class Misfits : public testing::Test {
  protected:
   Fullflash image{Bytes(Data(0x10000, 0))};

@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-TEST(ReadPatchText, NumbersTheLinesWhateverTheirEnds) {
+TEST(ReadPatchText, NumbersLinesWithAnyLineBreaks) {
   const ReadPatch patch = ReadPatchText(
       "\xEF\xBB\xBF;comment\r\n\r\n10: 00 01\n20: 00 02 ;\xD1\x82\rrubbish\n\r\n 30: 00 01\n40: 0000 0A0B");
   std::string read;
@@ -22,7 +22,7 @@ TEST(ReadPatchText, NumbersTheLinesWhateverTheirEnds) {
             "5 invalid rubbish\n7 invalid  30: 00 01\n");
 }
 
-TEST(ReadPatchText, SurvivesWhatIsNoPatch) {
+TEST(ReadPatchText, SurvivesTextsThatAreNotPatches) {
   for (const char* text : {"", "\xEF\xBB\xBF", "\r\r\n\n"})
     EXPECT_TRUE(ReadPatchText(text).invalid.empty()) << text;
   const ReadPatch zeros = ReadPatchText(std::string(100000, '\0'));
@@ -32,8 +32,8 @@ TEST(ReadPatchText, SurvivesWhatIsNoPatch) {
   EXPECT_EQ(ReadPatchText(utf16).invalid.size(), 2u);
 }
 
-// The fits of a patch, a letter a change, on an image of these bytes followed by zeros; then its bytes
-// once the fine ones were written.
+// How a patch fits, a letter for each change, on an image of these bytes followed by zeros. `written` gets
+// the bytes after writing the changes that fit.
 std::string FitsOf(const std::string& text, const Data& bytes, Data* written = nullptr) {
   Data values = bytes;
   values.resize(0x3000);
@@ -56,19 +56,19 @@ TEST(CheckPatch, TellsHowEachChangeFits) {
   } cases[] = {
       {"0: 0102 0304\n2: 05 06", {1, 2, 6, 7}, "FA", {3, 4, 6, 7}},
       {"0: 0102 0304", {1, 3}, "M", {1, 3}},
-      {"0: 01 01", {1}, "A", {1}},  // nothing is to be done
+      {"0: 01 01", {1}, "A", {1}},  // nothing to do
       {"2FFF: 00 01\n2FFF: 0000 0101\n3000: 00 01\nFFFFFFFF: 00 01", {0}, "FOOO", {0}},
-      // One after another over the same bytes: not applied, half applied, applied.
+      // Two changes of the same bytes in sequence: not applied, half applied, applied.
       {"0: 01 02\n0: 02 03", {1}, "FF", {3}},
       {"0: 01 02\n0: 02 03", {2}, "AF", {3}},
       {"0: 01 02\n0: 02 03", {3}, "AA", {3}},
       {"0: 01 02\n0: 02 03", {4}, "MM", {4}},
       {"0: 01 02\n0: 01 03", {1}, "FM", {2}},  // they contradict each other
-      {"0: 01 02\n0: 01 02", {1}, "FA", {2}},  // twice the same
+      {"0: 01 02\n0: 01 02", {1}, "FA", {2}},  // the same twice
       {"0: 01 02\n0: 02 01", {1}, "AA", {1}},  // there and back
       {"0: 0101 0202\n1: 0203 0404", {1, 1, 3}, "FF", {2, 4, 4}},
       {"0: 0101 0202\n1: 0203 0404", {2, 4, 4}, "AA", {2, 4, 4}},
-      // The second one's bytes stand there only until the first is made.
+      // The old bytes of the second change are there only until the first is made.
       {"0: 0000 0101\n0: 01 00", {0, 0}, "FF", {0, 1}},
   };
   for (const auto& [text, bytes, fits, after] : cases) {
@@ -78,19 +78,20 @@ TEST(CheckPatch, TellsHowEachChangeFits) {
   }
 }
 
-TEST(CheckPatch, TellsWhatWasFound) {
+TEST(CheckPatch, ReportsTheBytesFound) {
   Data values(0x3000);
   values[0xFFF] = 7;
   values[0x1000] = 8;
   const Fullflash image{Bytes(values)};
   const PatchCheck check = CheckPatch(ReadPatchText("1000: 08 09\nFFF: 0101 0202").changes, image);
-  EXPECT_EQ(check.changes[1].found, (Data{7, 9}));  // as the first change leaves them
+  EXPECT_EQ(check.changes[1].found, (Data{7, 9}));  // after the first change
   EXPECT_FALSE(check.Fits());
   EXPECT_FALSE(check.CarriesAll());
   EXPECT_FALSE(CheckPatch({}, image).CarriesAll());
 }
 
-// Any patch whose changes all fit leaves what it would write line by line, and is then carried.
+// A patch without misfits leaves the bytes that writing it line by line would leave, and then counts as
+// applied.
 TEST(CheckPatch, AgreesWithWritingLineByLine) {
   std::mt19937 random(5);
   int fitting = 0;

@@ -41,7 +41,7 @@ TEST(ReadPatchLine, TakesChangesApart) {
   EXPECT_EQ(ReadPatchLine("FFFFFFFF: 00 01").address, 0xFFFFFFFF);
 }
 
-TEST(ReadPatchLine, TellsWhatIsNoChange) {
+TEST(ReadPatchLine, ReportsLinesThatAreNotChanges) {
   for (const char* line : {"", " ", "\t "})
     EXPECT_EQ(ReadPatchLine(line).kind, PatchLine::Kind::Empty) << line;
   for (const char* line : {";", ";A12344: 00FF", "; \xFF"})

@@ -18,7 +18,7 @@ TEST(PatchLines, HoldSixteenBytesAndNoneThatStayAtTheirEnds) {
   const std::string eights = "00000000000000000000000000000000 08080808080808080808080808080808";
   EXPECT_EQ(PatchLines(std::vector<Change>{{0x100, Data(33, 0), Data(33, 8)}}),
             "000100: " + eights + "\n000110: " + eights + "\n000120: 00 08");
-  // The sixteenth byte stays, and so does the one behind it.
+  // The sixteenth byte is unchanged, and so is the next one.
   Data to(20, 8);
   to[15] = to[16] = 0;
   EXPECT_EQ(PatchLines(std::vector<Change>{{0, Data(20, 0), to}}),

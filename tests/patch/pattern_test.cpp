@@ -59,7 +59,7 @@ struct RandomPattern {
   std::string text;
 };
 
-// Images in which patterns come close: much of few bytes, and at times a copy of the pattern itself.
+// Images with many near matches: they use few different bytes, and sometimes contain a copy of the pattern.
 Data RandomImage(std::minstd_rand& random, std::size_t longest, const std::vector<int>& pattern) {
   Data image(2 + random() % longest);
   const auto usual = 2 + random() % 6;
@@ -104,12 +104,12 @@ TEST(HitSearch, FindsTheSameInPiecesOfAnySize) {
   }
 }
 
-TEST(FindInFile, FindsWhatTheImageHolds) {
+TEST(FindInFile, AgreesWithTheSearchInAnImage) {
   const TemporaryFolder folder;
   std::minstd_rand random(13);
   Data image(0x150000);
   for (std::uint8_t& b : image) b = static_cast<std::uint8_t>(random() % 64);
-  for (const std::size_t at : {0x3FFFA, 0x3FFFC, 0x40000, 0x7FFF9, 0x14FFFB})  // about where pieces part
+  for (const std::size_t at : {0x3FFFA, 0x3FFFC, 0x40000, 0x7FFF9, 0x14FFFB})  // around piece boundaries
     std::ranges::copy(Data{0xE6, 0xFC, 0x41, 0x00, 0xE6}, image.begin() + static_cast<std::ptrdiff_t>(at));
   image[0x50000] = 0x77;
   const auto path = folder.Write("dump.bin", image);

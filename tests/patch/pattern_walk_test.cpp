@@ -36,7 +36,7 @@ TEST(PatternWalk, ReachesBothEndsOfTheImage) {
   EXPECT_EQ(LastBefore(Fullflash(), Pattern("??"), 1), -1);
 }
 
-// Every occurrence, however it lies to the windows of the search, on the way there and on the way back.
+// Every occurrence, whatever its position relative to the search windows, forwards and backwards.
 TEST(PatternWalk, FindsTheSameForwardsAndBackwards) {
   std::mt19937 random(7);
   Data bytes(0x9003);

@@ -1,4 +1,4 @@
-// The search for byte patterns as it is defined, byte by byte: slow, and easily seen to be right.
+// The byte pattern search as it is defined, byte by byte: slow, but easily seen to be right.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace tarvelo {
 // A byte's value, or -1 for a wildcard.
 using PlainBytes = std::vector<int>;
 
-// The bytes of a pattern's text, or nothing where it is invalid.
+// The bytes of a pattern's text, or nothing if it is invalid.
 inline std::optional<PlainBytes> PlainPattern(std::string_view text) {
   constexpr std::u16string_view digits = u"0123456789ABCDEF0123456789abcdef";
   std::u16string rest;
@@ -33,8 +33,8 @@ inline std::optional<PlainBytes> PlainPattern(std::string_view text) {
   return bytes;
 }
 
-// The first occurrence at or after `start`, or -1. It may end with the image only without a wildcard
-// and searched for from 0.
+// The first occurrence at or after `start`, or -1. An occurrence at the very end of the image counts only if
+// the pattern has no wildcard and `start` is 0.
 inline Offset PlainFindPat(Bytes image, const std::optional<PlainBytes>& pattern, Offset start) {
   if (!pattern) return -1;
   const bool hasWildcard = std::ranges::find(*pattern, -1) != pattern->end();
@@ -48,7 +48,7 @@ inline Offset PlainFindPat(Bytes image, const std::optional<PlainBytes>& pattern
   return -1;
 }
 
-// All occurrences, from hit to hit: none after one at 0.
+// All occurrences, hit by hit; none after one at offset 0.
 inline std::vector<Offset> PlainFindAll(Bytes image, const std::optional<PlainBytes>& pattern) {
   std::vector<Offset> hits;
   for (Offset hit = PlainFindPat(image, pattern, 0); hit >= 1; hit = PlainFindPat(image, pattern, hit + 1))

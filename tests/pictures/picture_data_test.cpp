@@ -31,7 +31,7 @@ TEST(PictureSize, OfPlainRowsIsPadded) {
   EXPECT_EQ(Size({}, 5, 3, 5), 15);
   EXPECT_EQ(Size({}, 5, 3, 7), 30);  // 12 bits are stored as 16
   EXPECT_EQ(Size({}, 254, 255, 8), 254 * 2 * 255);
-  EXPECT_EQ(Size({}, 5, 3, 2), 0);  // a type that nobody knows
+  EXPECT_EQ(Size({}, 5, 3, 2), 0);  // an unknown type
 }
 
 TEST(PictureSize, OfAStreamEndsWithTheLastPixel) {
@@ -41,16 +41,16 @@ TEST(PictureSize, OfAStreamEndsWithTheLastPixel) {
     std::uint8_t type;
     int size;
   } const cases[] = {
-      {{0xC5, 0x83, 0xFF}, 4, 2, 0x81, 2},                 // 5 of ink, 3 of ground
+      {{0xC5, 0x83, 0xFF}, 4, 2, 0x81, 2},                 // 5 ink pixels, 3 background pixels
       {{0xFF, 0xFF}, 4, 2, 0x81, 1},                       // a run that overshoots
-      {{0x80, 0xC0, 0x55, 0x55}, 4, 2, 0x81, 4},           // runs of none take a byte each; 7 + 1 pixels
+      {{0x80, 0xC0, 0x55, 0x55}, 4, 2, 0x81, 4},           // empty runs take a byte each; 7 + 1 pixels
       {{0x08, 0xE0, 0x00}, 4, 2, 0x85, 2},                 //
       {{0x00, 0x11, 0x08, 0xE0}, 4, 2, 0x85, 4},           //
       {{0xF0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 4, 2, 0x85, 9},  // 16 literals, complete after 8
       {{0x03, 1, 2, 0xFB, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 4, 2, 0x88, 14},
       {{0x08, 1, 2}, 4, 2, 0x87, 3},
-      {{0x08, 1, 2}, 0, 2, 0x87, 0},  // no pixels, nothing walked
-      {{0x08, 1, 2}, 4, 2, 0x83, 0},  // no such form
+      {{0x08, 1, 2}, 0, 2, 0x87, 0},  // no pixels, so nothing is read
+      {{0x08, 1, 2}, 4, 2, 0x83, 0},  // this form does not exist
   };
   for (const auto& [data, width, height, type, size] : cases)
     EXPECT_EQ(Size(data, width, height, type), size) << int{type} << " " << int{data[0]};
@@ -59,15 +59,15 @@ TEST(PictureSize, OfAStreamEndsWithTheLastPixel) {
 TEST(PictureSize, OfAStreamThatRunsOverTheEndIsTheRest) {
   EXPECT_EQ(Size({0, 0, 0x81}, 101, 80, 0x81, 2), 1);
   EXPECT_EQ(Size({0x05}, 4, 2, 0x85), 1);        // the colour is missing
-  EXPECT_EQ(Size({0x05, 0x01}, 4, 2, 0x88), 2);  // half of it is
+  EXPECT_EQ(Size({0x05, 0x01}, 4, 2, 0x88), 2);  // half of the colour is missing
   EXPECT_EQ(Size(Data(1000, 0), 4, 2, 0x85, 1), 999);
   EXPECT_EQ(Size({1, 2}, 4, 2, 0x85, 2), 0);
   EXPECT_EQ(Size({1, 2}, 4, 2, 0x85, -1), 0);
 }
 
-// A decoder remembers where codes and stretches of empty runs end. Streams over random codes, with short
-// gaps and long ones between them, are measured by a fresh decoder and by one that has met all the others.
-TEST(PictureSize, DoesNotDependOnWhatWasMeasuredBefore) {
+// A decoder remembers where codes and stretches of empty runs end. The test measures streams over random
+// codes, with short and long gaps, with a fresh decoder and with one that has measured all the others.
+TEST(PictureSize, DoesNotDependOnEarlierMeasurements) {
   std::minstd_rand random(7);
   for (const std::uint8_t type : {0x81, 0x85, 0x87, 0x88})
     for (const unsigned gap : {3, 200}) {
@@ -92,7 +92,7 @@ TEST(ShowP, DrawsEveryPlainDepth) {
   EXPECT_EQ(Draw({0x1B}, Make(4, 1, 3)), (std::vector<Colour>{black, white, 0x0000C0, none}));
   // red 7, green 7, blue 3; red 0, green 0, blue 0; transparent
   EXPECT_EQ(Draw({0xFF, 0x00, 0xC0}, Make(3, 1, 5)), (std::vector<Colour>{0xEBEBD0, 0x51195F, none}));
-  // the high four bits of a word do not count
+  // the high four bits of a word are ignored
   EXPECT_EQ(Draw({0x3C, 0xF5}, Make(1, 1, 7)), (std::vector<Colour>{0x5533CC}));
   // F800 is red, 07C0 green, 001F blue, bit 5 nothing; E000 transparent, E020 not
   EXPECT_EQ(Draw({0x00, 0xF8, 0xC0, 0x07, 0x1F, 0x00, 0x20, 0x00, 0x00, 0xE0, 0x20, 0xE0}, Make(6, 1, 8)),
@@ -109,7 +109,7 @@ TEST(ShowP, DrawsStreamsOverRowEnds) {
             (std::vector<Colour>{0xFF0000, 0x0000FF}));
 }
 
-TEST(ShowP, LeavesOutWhatTheImageDoesNotHold) {
+TEST(ShowP, LeavesOutPixelsWithoutData) {
   EXPECT_EQ(Draw({0x00, 0xF8, 0x00}, Make(2, 1, 8)), (std::vector<Colour>{0xFF0000, none}));
   EXPECT_EQ(Draw({0x01, 0xFF, 0x05}, Make(2, 1, 0x85)), (std::vector<Colour>{0xEBEBD0, none}));
   for (const std::uint8_t type : {0x01, 0x81, 0x05, 0x85, 0x88})

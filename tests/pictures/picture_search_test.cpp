@@ -17,7 +17,7 @@ std::size_t Entry(ImageBuilder& builder, std::size_t at, std::uint8_t width, std
   return PutPicture(builder, at, width, height, type, data);
 }
 
-// A table of a 4 x 4 picture and others of one type; returns where it ends.
+// A table of a 4 x 4 picture and others of one type. Returns its end.
 std::size_t PutTable(ImageBuilder& builder, std::size_t at, std::uint8_t type, int others = 1) {
   at = Entry(builder, at, 4, 4, 1);
   for (int i = 0; i < others; ++i) at = Entry(builder, at, 8, 2, type);
@@ -55,7 +55,7 @@ TEST(GetP, EndsATableByEachRule) {
     Entry(builder, at + 8, 8, 8, 1);
     EXPECT_EQ(Find(builder).pictures.size(), 3u) << int{end[0]} << int{end[1]};
   }
-  ImageBuilder compressed(size);  // 4 x 4 of type 81 ends nothing
+  ImageBuilder compressed(size);  // a 4 x 4 picture of type 81 does not end a table
   Entry(compressed, PutTable(compressed, 0x1000, 1, 2), 4, 4, 0x81);
   EXPECT_EQ(Find(compressed).pictures.size(), 4u);
 }
@@ -65,7 +65,7 @@ TEST(GetP, ReadsATableToTheEndOfTheImage) {
   PutTable(builder, size - 24, 1, 2);
   EXPECT_EQ(Find(builder).pictures.size(), 3u);
   ImageBuilder last(size);
-  PutTable(last, size - 20, 1);  // the last place where a table is looked for; four bytes remain
+  PutTable(last, size - 20, 1);  // the last offset searched for a table; four bytes remain
   EXPECT_EQ(Find(last).pictures.size(), 2u);
 }
 
@@ -80,7 +80,7 @@ TEST(GetP, LooksForFurtherTablesOnceColourWasSeen) {
     PutTable(builder, 0x1000 + distance, 1);
     EXPECT_EQ(Find(builder).tables.size(), tables) << int{type} << ' ' << distance;
   }
-  ImageBuilder adjacent(size);  // a table right behind another
+  ImageBuilder adjacent(size);  // a table right after another
   PutTable(adjacent, PutTable(adjacent, 0x1000, 5), 5);
   const PictureList list = Find(adjacent);
   EXPECT_EQ(list.tables.size(), 2u);
@@ -104,9 +104,9 @@ TEST(GetP, WrapsAddressesBelowTheBase) {
   EXPECT_EQ(Find(builder).pictures[1].data, 0x200000 - 0x4000 + 0x123);
 }
 
-TEST(GetP, ListsStandAloneHeadersBehindAMonochromeTable) {
+TEST(GetP, ListsStandAloneHeadersAfterAMonochromeTable) {
   ImageBuilder builder(size);
-  Entry(builder, 0x800, 8, 8, 0x81);  // before the table: not seen
+  Entry(builder, 0x800, 8, 8, 0x81);  // before the table: not found
   PutTable(builder, 0x1000, 1);
   Entry(builder, 0x3002, 101, 80, 0x81, 1);
   Entry(builder, 0x300A, 1, 1, 0x81, size - 1);

@@ -1,4 +1,4 @@
-// The first use of the messages in a process, by many threads at once. Nothing else may use them here: these
+// The first use of the messages in a process, by many threads at once. Nothing may use them earlier, so these
 // tests have a program of their own.
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ TEST(ColdMessages, AreReadByManyThreadsAtOnce) {
             texts.push_back(Messages(language).Msg(text));
       });
   }
-  // A table that was read twice would have its texts in two places, of which one is gone.
+  // A table that was read twice would have its texts in two places, one of them freed.
   const auto isInOnePlace = [](std::string_view a, std::string_view b) { return a.data() == b.data(); };
   for (const std::vector<std::string_view>& texts : read)
     EXPECT_TRUE(std::ranges::equal(texts, read[0], isInOnePlace));

@@ -14,7 +14,7 @@
 namespace tarvelo {
 namespace {
 
-// The texts 1 .. 187 are given; of them some are not used.
+// The texts 1 .. 187 are fixed; some of them are unused.
 constexpr int lastFixed = 187;
 constexpr int firstOwn = 200;
 
@@ -29,7 +29,7 @@ struct Message {
   std::string text;
 };
 
-// A line of a table, without the program's own reader: number, name in the English table, text.
+// Parses a line of a table without the program's own reader: number, name (in the English table), text.
 void ReadLine(const std::string& line, bool isNamed, std::map<int, Message>& table) {
   std::istringstream cells(line);
   std::string number, name, text, more;
@@ -79,7 +79,7 @@ TEST(Messages, HaveNamesOfTheirOwn) {
   }
 }
 
-// The names behind "Text::" in a source.
+// The names after "Text::" in a source file.
 void AddUsed(const std::filesystem::path& source, std::set<std::string>& used) {
   constexpr std::string_view mark = "Text::";
   std::ifstream stream(source, std::ios::binary);

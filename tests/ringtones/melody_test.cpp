@@ -12,7 +12,7 @@ namespace tarvelo {
 namespace {
 
 using Tones = std::vector<Tone>;
-// What DecodeMelody makes of these words, note and duration by turns.
+// The result of DecodeMelody for these words, which alternate between note and duration.
 Tones Decoded(std::initializer_list<std::uint16_t> words, std::size_t cut = 0) {
   ImageBuilder builder(2 * words.size());
   std::size_t p = 0;
@@ -51,7 +51,7 @@ TEST(MelodyText, EndsEachPairWithABlank) {
   EXPECT_EQ(MelodyText(Tones{{440, 500}, {0xFFFA, 0}, {0, 65535}}), "440:500 65530:0 0:65535 ");
 }
 
-TEST(ParseMelody, ReadsWhatIsHeard) {
+TEST(ParseMelody, ReadsTonesAsTheyAreHeard) {
   struct {
     const char* text;
     Tones tones;
@@ -70,14 +70,14 @@ TEST(ParseMelody, ReadsWhatIsHeard) {
       {"-440:-500 +440:500", {{0, 0}, {0, 500}}},
       {"440.9:1e3", {{440, 1}}},
       {"440:500:600", {{440, 500}}},
-      {"440:5\t880:6", {{440, 5}}},  // blanks alone part pairs
+      {"440:5\t880:6", {{440, 5}}},  // only blanks separate pairs
   };
   for (const auto& [text, tones] : cases) EXPECT_EQ(ParseMelody(text), tones) << text;
 }
 
 TEST(ParseMelody, TakesAMillionPairs) {
   std::string text;
-  for (int i = 0; i < 1000000; ++i) text.append("1 ");  // no colon anywhere to be found
+  for (int i = 0; i < 1000000; ++i) text.append("1 ");  // not a single colon
   EXPECT_EQ(ParseMelody(text).size(), 1000000u);
   EXPECT_EQ(ParseMelody(std::string(1000000, ' ')).size(), 0u);
 }
@@ -89,13 +89,13 @@ TEST(NextTone, TellsWhereTheRestBegins) {
 }
 
 TEST(KeyOf, IsTheNearestSemitone) {
-  // 452.9 Hz is half-way from 69 to 70; 127 is 12543.9 Hz, half a semitone above it are 12911.4.
+  // 452.9 Hz is half-way from 69 to 70; 127 is 12543.9 Hz, and 12911.4 Hz is half a semitone above it.
   constexpr std::pair<int, int> keys[] = {{440, 69}, {452, 69}, {453, 70}, {8, 0}, {12911, 127}};
   for (const auto& [frequency, key] : keys) EXPECT_EQ(KeyOf(frequency), key) << frequency;
   for (const int frequency : {0, 7, 12912, 65500}) EXPECT_EQ(KeyOf(frequency), std::nullopt) << frequency;
 }
 
-// A tone, a rest, one that is not heard, a tone too high for a key, the first again for 5 s.
+// A tone, a rest, an inaudible tone, one too high for a key, and the first one again for 5 s.
 const Tones tune{{440, 100}, {0xFFFB, 50}, {440, 10001}, {20000, 25}, {440, 5000}, {0xFFFB, 150}};
 
 TEST(MelodyMidi, HasATickAMillisecond) {
@@ -110,7 +110,7 @@ TEST(MelodyMidi, HasATickAMillisecond) {
   EXPECT_EQ(MelodyMidi(tune), expected);
 }
 
-TEST(MelodyMidi, EndsWhereAPauseCannotBeStated) {
+TEST(MelodyMidi, EndsAtAPauseThatIsTooLong) {
   // 26843 rests of 10 s are 268430000 ms; 0x0FFFFFFF is 268435455.
   const Tones rests(30000, Tone{0, 10000});
   const Data file = MelodyMidi(rests);
@@ -119,7 +119,7 @@ TEST(MelodyMidi, EndsWhereAPauseCannotBeStated) {
 }
 
 TEST(MelodyWave, IsASquareWave) {
-  // 2205 Hz: 10 samples a period; 22.05 samples a millisecond.
+  // 2205 Hz: 10 samples per period; 22.05 samples per millisecond.
   const Data file = MelodyWave(Tones{{2205, 1}, {0xFFFB, 1}, {11026, 1}, {11025, 1}});
   ASSERT_EQ(file.size(), 44u + 88);  // 88.2 samples
   const auto samples = [&](std::size_t from, std::size_t count) {
@@ -133,7 +133,7 @@ TEST(MelodyWave, IsASquareWave) {
 
 TEST(MelodyWave, KeepsTimeAndIsBounded) {
   EXPECT_EQ(MelodyWave(Tones(1000, Tone{440, 1})).size(), 44u + 22050);
-  const Data odd = MelodyWave(Tones{{440, 20}});  // 441 samples and a filling byte
+  const Data odd = MelodyWave(Tones{{440, 20}});  // 441 samples and a padding byte
   EXPECT_EQ(odd.size(), 44u + 442);
   EXPECT_EQ(odd[4] + 256 * odd[5], 36 + 442);
   EXPECT_EQ(odd[40] + 256 * odd[41], 441);
@@ -141,7 +141,7 @@ TEST(MelodyWave, KeepsTimeAndIsBounded) {
   EXPECT_EQ(MelodyWave({}).size(), 44u);
 }
 
-TEST(SaveDump, WritesTheBytesThatThereAre) {
+TEST(SaveDump, WritesOnlyBytesWithinTheImage) {
   const Fullflash image{Bytes(Data{1, 2, 3, 4, 5, 6})};
   const TemporaryFolder folder;
   const auto save = [&](int number, Offset offset, Offset size) {
@@ -149,7 +149,7 @@ TEST(SaveDump, WritesTheBytesThatThereAre) {
   };
   EXPECT_EQ(save(0xAB, 1, 3), folder / "MIDI" / "dump_00AB.bin");
   EXPECT_EQ(ReadAll(folder / "MIDI" / "dump_00AB.bin"), "\x02\x03\x04");
-  EXPECT_EQ(ReadAll(save(0xAB, 5, 1)), "\x06");  // an older, longer file is gone
+  EXPECT_EQ(ReadAll(save(0xAB, 5, 1)), "\x06");  // replaces an older, longer file
   EXPECT_EQ(ReadAll(save(1, 4, Offset{1} << 40)), "\x05\x06");
   constexpr std::pair<Offset, Offset> nothing[] = {{6, 1}, {100, 1}, {2, -1}};
   for (const auto& [offset, size] : nothing) EXPECT_EQ(ReadAll(save(2, offset, size)), "") << offset;
@@ -166,7 +166,7 @@ TEST(SaveDump, DeletesALinkRatherThanWriteThroughIt) {
   EXPECT_EQ(ReadAll(other), "old");
 }
 
-TEST(SaveRingtone, TurnsMelodiesAloneIntoSoundFiles) {
+TEST(SaveRingtone, TurnsOnlyMelodiesIntoSoundFiles) {
   ImageBuilder builder(0x100);
   builder.DWord(0x10, 100u << 16 | 440);
   builder.Word(0x14, 0xFFFC);

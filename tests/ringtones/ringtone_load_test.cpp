@@ -34,8 +34,8 @@ Tones Scale(std::size_t count, std::uint16_t first = 400) {
   return tones;
 }
 
-// A melody of ten notes, another that is its last six, one up to the end of the image, a MIDI and a WAVE
-// file, and a melody behind the image.
+// A melody of ten notes, one that is its last six notes, one up to the end of the image, a MIDI and a WAVE
+// file, and a melody past the end of the image.
 Data TestImage() {
   ImageBuilder image(imageSize);
   image.Data(firstMelody, Records(Scale(10)));
@@ -59,7 +59,7 @@ class LoadedRingtones : public testing::Test {
 
   void Find() { list = GetRingtones(image, noProgress).ringtones; }
 
-  // Loads a file and looks for ringtones again. Returns whether it was accepted.
+  // Loads a file and searches for ringtones again. Returns the reason if it was refused.
   template <typename Contents>
   std::optional<Reason> Load(std::size_t number, const Contents& contents) try {
     const Change change = LoadRingtone(image, list[number], folder.Write("file", contents));
@@ -96,7 +96,7 @@ TEST_F(LoadedRingtones, MelodiesAreReadBack) {
               static_cast<std::uint16_t>(1 + random() % 0xFFFF)};
     if (round % 3 == 0) melody.back() = {0xFFFA, 0};
     Data file = Records(melody);
-    if (round % 2 == 0) file.insert(file.end(), {0xFC, 0xFF, 0, 0});  // its own end record
+    if (round % 2 == 0) file.insert(file.end(), {0xFC, 0xFF, 0, 0});  // with an end record of its own
     ASSERT_EQ(Load(number, file), std::nullopt);
     EXPECT_EQ(Melody(number), melody);
     while (edits.Undo(image)) continue;
@@ -111,7 +111,7 @@ TEST_F(LoadedRingtones, ShorterMelodiesEndAsTheOldOneDid) {
   EXPECT_EQ(image.Word(firstMelody + 8), 0xFFFD);
   EXPECT_EQ(image.Word(firstMelody + 10), 7);
   EXPECT_EQ(image.Word(firstMelody + 12), 403);
-  EXPECT_EQ(list[tail].size, 24);  // that of which the rest is left keeps it
+  EXPECT_EQ(list[tail].size, 24);  // the melody that keeps its remaining notes keeps its end
   EXPECT_EQ(Load(whole, Records(Scale(3))), Reason::TooLong);
 
   EXPECT_EQ(Load(toTheEnd, Records(Scale(4))), std::nullopt);
@@ -165,7 +165,8 @@ TEST_F(LoadedRingtones, FilesThatDoNotFitAreRefused) {
   EXPECT_THROW((void)LoadRingtone(image, list[0], folder.Path()), FileError);
 }
 
-// The second track is stated, but not there: the one that stands in the old file would take its place.
+// The header announces a second track that is missing: the track left over from the old file would take its
+// place.
 TEST_F(LoadedRingtones, FilesDoNotGoOnInTheOldOne) {
   Data file = MelodyMidi(Scale(2));
   file[11] = 2;

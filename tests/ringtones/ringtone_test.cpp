@@ -9,10 +9,10 @@ namespace tarvelo {
 namespace {
 
 constexpr std::size_t table = 0x100;
-constexpr std::size_t melody = 0x40;  // of two notes, 300 ms
+constexpr std::size_t melody = 0x40;  // two notes, 300 ms
 constexpr std::size_t small = 0x400;
 
-// The six entries that a table is known by and three more, all of one melody.
+// The six entries that identify a table and three more, all for one melody.
 ImageBuilder WithTable(std::size_t size = small, std::size_t at = table) {
   ImageBuilder image(size);
   std::size_t p = melody;
@@ -25,7 +25,7 @@ ImageBuilder WithTable(std::size_t size = small, std::size_t at = table) {
 
 RingtoneList Found(const ImageBuilder& builder) { return GetRingtones(ImageOf(builder), noProgress); }
 
-// The numbers listed, one hexadecimal digit each.
+// The listed numbers, one hexadecimal digit each.
 std::string Numbers(const RingtoneList& list) {
   std::string numbers;
   for (const Ringtone& ringtone : list.ringtones) numbers += "0123456789ABCDEF"[ringtone.number & 0xF];
@@ -72,7 +72,7 @@ TEST(GetRingtones, LooksUpToTheEnd) {
   for (const std::size_t at : {0x7FF8, 0x8000}) EXPECT_EQ(Found(WithTable(0x20000, at)).table, at);
   EXPECT_EQ(Numbers(Found(WithTable(table + 72))), "012345678");
   EXPECT_EQ(Numbers(Found(WithTable(table + 71))), "01234567");
-  // The sixth entry's number is the last byte of the image, or behind it.
+  // The sixth entry's number is the last byte of the image, or the byte after it.
   ImageBuilder last = WithTable(table + 41);
   last.Byte(table + 40, 5);
   EXPECT_EQ(Numbers(Found(last)), "01234");
@@ -91,7 +91,7 @@ TEST(GetRingtones, PassesOverEights) {
   }
 }
 
-TEST(GetRingtones, SkipsWhatLiesOutside) {
+TEST(GetRingtones, SkipsRingtonesOutsideTheImage) {
   const auto list = [](std::uint8_t kind, std::uint32_t pointer) {
     ImageBuilder image = WithTable();
     image.Byte(table + 50, kind);
@@ -102,7 +102,7 @@ TEST(GetRingtones, SkipsWhatLiesOutside) {
   // The image lies at 0xFFFC00 .. 0xFFFFFF: page 0x3FF from 0x3C00 on.
   for (const std::uint32_t pointer : {0u, 0x03FF3BFFu, 0x03FF3C00u})
     EXPECT_EQ(list(0, pointer), "01234578") << pointer;
-  for (const std::uint32_t pointer : {0x03FF3C01u, 0x03FF4000u, 0xFFFFFFFFu})  // behind the image it is empty
+  for (const std::uint32_t pointer : {0x03FF3C01u, 0x03FF4000u, 0xFFFFFFFFu})  // empty past the end
     EXPECT_EQ(list(0, pointer), "012345678") << pointer;
   for (const std::uint32_t pointer : {0u, 0x03FF3BFFu, 0x03FF3FFDu, 0xFFFFFFFFu})
     EXPECT_EQ(list(6, pointer), "01234578") << pointer;
@@ -168,7 +168,7 @@ TEST(RingtoneTable, HasEightColumns) {
   PutRingtone(image, table + 8, 1, 7, 0x200);
   image.Pointer(0x200, 0x210);
   image.Data(0x210, Data{'R', 'I', 'F', 'F', 12, 0, 0, 0});
-  image.DWord(melody, 0);  // numbers 0 to 8 point to an empty melody now
+  image.DWord(melody, 0);  // numbers 0 to 8 now point to an empty melody
   image.DWord(0x80, 0x2710FFFA);
   image.DWord(0x84, 0);
   image.Pointer(table + 20, 0x80);
@@ -200,10 +200,10 @@ TEST(RingtoneTable, BoundsItsTexts) {
   EXPECT_EQ(text(5).size(), 12u * 196778 + 3);
   EXPECT_EQ(text(5).substr(12 * 196777), "65535:65535 ...");
   EXPECT_EQ(text(6), "...");
-  EXPECT_EQ(text(8), "...");  // though its first pair is as long as what is left
+  EXPECT_EQ(text(8), "...");  // although its first pair would fit exactly
 }
 
-// The tracks of a MIDI file with a division; each in its bytes behind "MTrk" and the size.
+// A MIDI file with a division and tracks, each given as its bytes after "MTrk" and the size.
 Data Midi(int format, int division, const std::vector<Data>& tracks) {
   Data file{'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, static_cast<std::uint8_t>(format), 0};
   file.push_back(static_cast<std::uint8_t>(tracks.size()));
@@ -223,9 +223,9 @@ std::int64_t TimeOf(int format, int division, const std::vector<Data>& tracks) {
 const Data endAt96{96, 0xFF, 0x2F, 0};
 
 TEST(LengthOfMidi, TimesTheTracks) {
-  const Data slowAt48{48, 0xFF, 0x51, 3, 0x0F, 0x42, 0x40, 0, 0xFF, 0x2F, 0};  // a second a quarter
-  EXPECT_EQ(TimeOf(0, 96, {endAt96}), 500);            // half a second, where nothing is said
-  EXPECT_EQ(TimeOf(1, 96, {slowAt48, endAt96}), 750);  // for the other track too
+  const Data slowAt48{48, 0xFF, 0x51, 3, 0x0F, 0x42, 0x40, 0, 0xFF, 0x2F, 0};  // one second per quarter
+  EXPECT_EQ(TimeOf(0, 96, {endAt96}), 500);            // half a second per quarter by default
+  EXPECT_EQ(TimeOf(1, 96, {slowAt48, endAt96}), 750);  // the tempo holds for the other track too
   EXPECT_EQ(TimeOf(1, 96, {endAt96, slowAt48}), 750);
   EXPECT_EQ(TimeOf(2, 96, {slowAt48, endAt96}), 750);  // 250, then 500 at its own tempo
   EXPECT_EQ(TimeOf(2, 96, {endAt96, endAt96}), 1000);
@@ -234,7 +234,7 @@ TEST(LengthOfMidi, TimesTheTracks) {
 }
 
 TEST(LengthOfMidi, CountsFramesOfFilm) {
-  // 24, 25, 29.97 and 30 frames a second, of 40 or 4 ticks; no frames known, no ticks.
+  // 24, 25, 29.97 and 30 frames per second, of 40 or 4 ticks; an unknown frame rate; no ticks.
   constexpr std::pair<int, int> times[] = {{0xE828, 100}, {0xE728, 96}, {0xE304, 801},
                                            {0xE204, 800}, {0xE104, 0},  {0xE200, 0}};
   for (const auto& [division, time] : times) EXPECT_EQ(TimeOf(0, division, {endAt96}), time) << division;
@@ -262,21 +262,21 @@ TEST(LengthOfMidi, FollowsEventsAsFarAsTheyGo) {
   for (const auto& [what, track, ticks] : cases) EXPECT_EQ(TimeOf(0, 500, {track}), ticks) << what;
 }
 
-TEST(LengthOfMidi, SizesTheTracksThatAreThere) {
+TEST(LengthOfMidi, SizesTheTracksThatExist) {
   Data file = Midi(1, 96, {endAt96, endAt96});
   ASSERT_EQ(file.size(), 38u);
-  file.insert(file.end(), {'M', 'T', 'r', 'k', 0, 0, 0, 0});  // one more than the header says
+  file.insert(file.end(), {'M', 'T', 'r', 'k', 0, 0, 0, 0});  // one track more than the header says
   const auto size = [](Data bytes, std::size_t at = 0, std::uint8_t value = 'M') {
     bytes[at] = value;
     return LengthOfMidi(bytes).size;
   };
   EXPECT_EQ(size(file), 38);
   EXPECT_EQ(size(file, 11, 3), 46);
-  EXPECT_EQ(size(file, 26, 'x'), 26);   // the second chunk is no track
+  EXPECT_EQ(size(file, 26, 'x'), 26);   // the second chunk is not a track
   EXPECT_EQ(size(file, 18, 0xFF), 46);  // the first passes the end of the image
   EXPECT_EQ(size(file, 7, 18), 46);     // a longer header, in place of the first track
   EXPECT_EQ(size(file, 7, 5), 0);       // a shorter one
-  EXPECT_EQ(size(file, 4, 0xFF), 46);   // beyond everything
+  EXPECT_EQ(size(file, 4, 0xFF), 46);   // past the end of everything
   EXPECT_EQ(size(file, 3, 'x'), 0);
   constexpr std::pair<std::size_t, Offset> cuts[] = {{13, 0},  {14, 14}, {21, 14},
                                                      {22, 22}, {24, 24}, {37, 37}};
@@ -284,7 +284,7 @@ TEST(LengthOfMidi, SizesTheTracksThatAreThere) {
 }
 
 TEST(LengthOfMidi, StaysWithinItsNumbers) {
-  // The longest deltas at the slowest tempo, as many as a timed file can hold.
+  // The longest delta times at the slowest tempo, as many as a timed file can hold.
   Data file = Midi(0, 1, {{0, 0xFF, 0x51, 3, 0xFF, 0xFF, 0xFF}});
   while (file.size() < 0xFFFF0) file.insert(file.end(), {0xFF, 0xFF, 0xFF, 0x7F, 0xD0, 0});
   file[18] = 0x7F;
@@ -293,7 +293,7 @@ TEST(LengthOfMidi, StaysWithinItsNumbers) {
   EXPECT_EQ(LengthOfMidi(file).time, 0);
 }
 
-// A WAVE file of 8000 bytes a second and 400 bytes of data.
+// A WAVE file of 8000 bytes per second with 400 bytes of data.
 Data Wave() {
   ImageBuilder file(454);
   const auto chunk = [&](std::size_t at, std::string_view name, std::uint32_t length) {
@@ -304,7 +304,7 @@ Data Wave() {
   file.Text(8, "WAVE");
   chunk(12, "fmt ", 16);
   file.DWord(28, 8000);
-  chunk(36, "odd ", 1);  // with a filling byte
+  chunk(36, "odd ", 1);  // with a padding byte
   chunk(46, "data", 400);
   return std::move(file).Take();
 }
@@ -320,11 +320,11 @@ TEST(LengthOfWave, BelievesTheHeaderWithinTheImage) {
   inImage.resize(1000, 0xFF);
   EXPECT_EQ(length(inImage), "454 50");
   EXPECT_EQ(length(inImage, 7, 0xFF), "1000 50");
-  EXPECT_EQ(length(inImage, 53, 0xFF), "454 50");  // data beyond the end of the file
-  EXPECT_EQ(length(inImage, 5, 0), "198 18");      // 0xBE + 8, 144 of data
+  EXPECT_EQ(length(inImage, 53, 0xFF), "454 50");  // data past the end of the file
+  EXPECT_EQ(length(inImage, 5, 0), "198 18");      // 0xBE + 8 bytes, 144 of them data
   EXPECT_EQ(length(inImage, 8, 'x'), "454 0");
   EXPECT_EQ(length(inImage, 16, 11), "454 0");    // no room for a rate
-  EXPECT_EQ(length(inImage, 43, 0xFF), "454 0");  // a chunk beyond the end hides the data
+  EXPECT_EQ(length(inImage, 43, 0xFF), "454 0");  // a chunk that passes the end hides the data
   EXPECT_EQ(length(inImage, 3, 'X'), "0 0");
   for (std::size_t cut = 1; cut < file.size(); ++cut) {
     const FileLength found = LengthOfWave(Bytes(file).first(cut));

@@ -7,12 +7,12 @@
 namespace tarvelo {
 namespace {
 
-// An open dump of 1 MiB that begins with erased bytes, and patches for it.
+// An open dump of 1 MiB that starts with erased bytes, and patches for it.
 class ApplyDesk : public Desk {
  protected:
   ApplyDesk() { main->Dumps().OpenF(WriteDump("phone.bin")); }
 
-  // Applies a patch through the menu, and returns what is said without the file's name.
+  // Applies a patch through the menu. Returns the message without the file's name.
   std::string Apply(const std::string& text) {
     script.file = folder.Write("own.qpt", text);
     const std::string asked = "open Patch (*.qpt)|*.qpt|All files|*.*";
@@ -27,12 +27,12 @@ class ApplyDesk : public Desk {
   [[nodiscard]] std::string Start() const { return AsHex(Image().Region(0, 8)); }
 };
 
-TEST_F(ApplyDesk, WritesWhatFitsAsOneStep) {
+TEST_F(ApplyDesk, WritesFittingLinesAsOneStep) {
   EXPECT_EQ(Apply("; Greeting\r\n\r\n0: FFFF 4869 ; text\r\n4: FF 21\r\n6: FF 3F\r\n"),
             "iThe patch was applied. Number of changes: 3");
   EXPECT_EQ(Start(), "48 69 FF FF 21 FF 3F FF");
   EXPECT_EQ(Status(10), "F");
-  EXPECT_EQ(Title(), "Tarvelo - Info");  // the user stays where he is
+  EXPECT_EQ(Title(), "Tarvelo - Info");  // the panel does not change
   Choose(Id::HexView);
   main->Run(Id::Undo);
   EXPECT_EQ(Start(), "FF FF FF FF FF FF FF FF");
@@ -60,7 +60,7 @@ TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
   EXPECT_EQ(Status(10), "");
 }
 
-TEST_F(ApplyDesk, ListsWhatDoesNotFitAndAsks) {
+TEST_F(ApplyDesk, ListsMisfitsAndAsks) {
   const char* const mixed =
       "0: FFFF 4869\n"
       "2: 00 01 ;not what stands there\n"

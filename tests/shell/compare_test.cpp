@@ -17,7 +17,7 @@ using Values = std::vector<std::uint8_t>;
 constexpr std::size_t erased = 0x700;
 constexpr std::size_t greetingData = 0x7C0AC4;  // of block 5076
 
-// The demonstration fullflash is open; a second dump is made of the same bytes.
+// The demonstration fullflash is open; the second dump starts as a copy of it.
 class CompareDesk : public Desk {
  protected:
   CompareDesk() : bytes(DemoImage()) {
@@ -32,7 +32,7 @@ class CompareDesk : public Desk {
     Choose(Id::CompareWith);
     EXPECT_TRUE(script.TakeSaid().starts_with("open Fullflash (*.bin,*.fls)|"));
   }
-  // Changes these bytes of the erased ones in the second dump, and compares.
+  // Changes these erased bytes in the second dump, then compares.
   void CompareWithChanged(std::initializer_list<std::size_t> places) {
     for (const std::size_t i : places) other[erased + i] = 0x12;
     CompareTo(other);
@@ -45,7 +45,7 @@ class CompareDesk : public Desk {
   Values bytes, other;
 };
 
-TEST_F(CompareDesk, ListsWhatDiffersAndWhatLiesThere) {
+TEST_F(CompareDesk, ListsDifferencesWithTheirLabels) {
   Choose(Id::ComparePanel);
   EXPECT_EQ(List().RowCount(), 0u);
   other[greetingData + 1] ^= 0x01;
@@ -68,7 +68,7 @@ TEST_F(CompareDesk, ListsWhatDiffersAndWhatLiesThere) {
   EXPECT_TRUE(RowOf(List(), 0).ends_with("\tunbeschrieben\n")) << RowOf(List(), 0);
 }
 
-TEST_F(CompareDesk, ComparesWhatBothDumpsHave) {
+TEST_F(CompareDesk, ComparesTheCommonLength) {
   CompareTo(other);
   EXPECT_EQ(Figures(), "The fullflashes are the same.");
   other[erased] = 0;
@@ -77,7 +77,7 @@ TEST_F(CompareDesk, ComparesWhatBothDumpsHave) {
             "Number of differences: 1    Number of differing bytes: 1\n"
             "The fullflashes have different lengths: only the first 4096 bytes were compared. "
             "The open fullflash has 8384512 bytes more.");
-  Panel().Strip().onClick(0x700000);  // in the rest
+  Panel().Strip().onClick(0x700000);  // in the rest, which was not compared
   EXPECT_EQ(List().Selected(), 0u);
   other[erased] = 0xFF;
   other.push_back(0);
@@ -106,7 +106,7 @@ TEST_F(CompareDesk, IsWalkedByKeysAndStrip) {
   main->Run(Id::OpenHex);
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
   Choose(Id::ComparePanel);
-  EXPECT_EQ(List().Selected(), 1u);  // as it was left
+  EXPECT_EQ(List().Selected(), 1u);  // unchanged
 }
 
 TEST_F(CompareDesk, ComparesAgainAfterEdits) {
@@ -115,7 +115,7 @@ TEST_F(CompareDesk, ComparesAgainAfterEdits) {
   list.Select(1);
   Choose(Id::HexView);
   Open().Write(erased + 0x10, Bytes(other).subspan(erased + 0x10, 1));
-  EXPECT_EQ(list.RowCount(), 2u);  // nobody sees it
+  EXPECT_EQ(list.RowCount(), 2u);  // the panel is not visible
   Choose(Id::ComparePanel);
   EXPECT_EQ(list.RowCount(), 1u);
   EXPECT_TRUE(RowOf(list, 0).starts_with("000780\t"));
@@ -141,7 +141,7 @@ TEST_F(CompareDesk, GoesWithTheFullflash) {
   EXPECT_GT(List().RowCount(), 1u);
 }
 
-TEST_F(CompareDesk, KeepsTheComparisonWhereAFileCannotBeRead) {
+TEST_F(CompareDesk, KeepsTheComparisonIfAFileCannotBeRead) {
   CompareWithChanged({0});
   for (const auto& file : {folder / "missing.bin", folder.Write("empty.bin", Values())}) {
     script.file = file;
@@ -167,7 +167,7 @@ TEST_F(CompareDesk, MakesAPatchOfTheSelection) {
   EXPECT_EQ(Said(Id::DifferencesToPatch), "!Add differences to patch: 8388608 > 1048576");
 }
 
-TEST_F(CompareDesk, GoesOnWithoutLabelsWhereBlocksAreTooMany) {
+TEST_F(CompareDesk, GoesOnWithoutLabelsIfBlocksAreTooMany) {
   const Values many = ImageOfBlocks(std::vector(2001, 5));
   OpenBytes("many.bin", many, Id::Info);
   Values changed = many;
@@ -175,7 +175,7 @@ TEST_F(CompareDesk, GoesOnWithoutLabelsWhereBlocksAreTooMany) {
   CompareTo(changed);
   EXPECT_EQ(script.TakeSaid(), "!There are more than 2000 EEPROM blocks.");
   EXPECT_TRUE(RowOf(List(), 0).ends_with("\tFF\t00\t\n"));
-  CompareTo(changed);  // told once
+  CompareTo(changed);  // reported once
   EXPECT_TRUE(script.said.empty());
 }
 
@@ -192,7 +192,7 @@ TEST(ComparisonRows, StayFewHoweverManyDifferencesThereAre) {
   ASSERT_EQ(apart.size(), 3u);
   EXPECT_EQ(apart[1].offset, 402);
   EXPECT_EQ(apart[1].size, 201);
-  EXPECT_EQ(apart[2].size, 296);  // two cells, as far as was compared
+  EXPECT_EQ(apart[2].size, 296);  // two cells, clipped to the compared bytes
   EXPECT_FALSE(JoinDifferences(differences, 1000));
   EXPECT_TRUE(JoinDifferences(differences, 500));
   ASSERT_EQ(differences.size(), 1u);

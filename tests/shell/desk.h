@@ -1,5 +1,5 @@
-// A main window to test: with settings in a folder of its own, a beeper that records, and dialogs
-// that answer from a script and record what was asked.
+// A main window for tests: its settings are in a temporary folder, its beeper records, and its dialogs answer
+// from a script and record the questions.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -32,20 +32,20 @@
 
 namespace tarvelo {
 
-// What the window has said and asked, oldest first, and what to answer.
+// The messages and questions of the window, oldest first, and the answers to give.
 struct Script {
   std::deque<std::string> said;
   std::deque<std::string> beeps;
-  std::function<void()> duringBeep;  // while a tone sounds
+  std::function<void()> duringBeep;  // called while a tone sounds
   std::deque<std::string> started;
   std::map<std::string, std::string> registry;
   bool confirm = false;
-  std::string answer;  // cancelled when it is empty
+  std::string answer;  // empty: cancel
   std::optional<std::filesystem::path> file;
-  std::filesystem::path offered;  // when a file to open was asked for
+  std::filesystem::path offered;  // the suggestion when the window asked for a file to open
   bool applyOthers = false;
 
-  // The oldest of what was said; empty when nothing was.
+  // Takes the oldest message or question; empty if there is none.
   std::string TakeSaid() {
     if (said.empty()) return {};
     std::string text = said.front();
@@ -106,7 +106,7 @@ class RecordingBeeper final : public Beeper {
   Script& script_;
 };
 
-// Programs are not started but written down: "run ...", "open ...".
+// Records programs instead of starting them: "run ...", "open ...".
 class RecordingLauncher final : public Launcher {
  public:
   explicit RecordingLauncher(Script& script) : script_(script) {}
@@ -154,7 +154,7 @@ class Desk : public testing::Test {
     Settle();
   }
 
-  // Ends the program and starts it again, with this hex editor if there is one.
+  // Ends the program and starts it again, with this hex editor if one is given.
   void Restart(const std::string& hexEditor = {}) {
     Choose(Id::ExitM);
     if (!hexEditor.empty()) Settings(SettingsFile()).SetIni("Integration", "HexEditor", hexEditor);
@@ -175,8 +175,8 @@ class Desk : public testing::Test {
     return folder.Write(name, std::move(builder).Take());
   }
 
-  // 64 KiB with a live block of each number, its header at a multiple of 12; their data, of 16 bytes, is
-  // at 0xF000. More than 2000 blocks are refused.
+  // 64 KiB with a live block of each number. Headers start at multiples of 12; the 16 bytes of data are at
+  // 0xF000. More than 2000 blocks are refused.
   [[nodiscard]] static std::vector<std::uint8_t> ImageOfBlocks(const std::vector<int>& numbers) {
     ImageBuilder builder(0x10000);
     std::size_t p = 0;
@@ -190,7 +190,7 @@ class Desk : public testing::Test {
     return std::move(builder).Take();
   }
 
-  // Opens bytes as a dump of this name and shows a panel.
+  // Opens bytes as a dump with this name and shows a panel.
   void OpenBytes(const std::filesystem::path& name, const std::vector<std::uint8_t>& bytes, int panel) {
     main->Dumps().OpenF(folder.Write(name, bytes));
     if (panel != Id::Info) Choose(panel);
@@ -206,7 +206,7 @@ class Desk : public testing::Test {
     return {Image().ff().begin(), Image().ff().end()};
   }
 
-  // The panel of the patch, shown or not.
+  // The Patch panel, visible or not.
   [[nodiscard]] PatchPanel& Patch() const {
     return dynamic_cast<PatchPanel&>(*main->Panels().Of(Id::PatchMenu));
   }
@@ -223,7 +223,7 @@ class Desk : public testing::Test {
     Settle();
   }
 
-  // Runs a command, with this text for an answer, and returns all that was asked and said.
+  // Runs a command with this text as the answer. Returns all questions and messages.
   std::string Said(int id, const std::string& answer = {}) {
     script.said.clear();
     script.answer = answer;
@@ -233,7 +233,7 @@ class Desk : public testing::Test {
     return all;
   }
 
-  // A key, resp. the mouse, in a window. True where the key was taken.
+  // Presses a key or uses the mouse in a window. True if the window handled it.
   static bool Key(wxWindow& window, int key, int modifiers = wxMOD_NONE) {
     wxKeyEvent event(wxEVT_CHAR_HOOK);
     event.m_keyCode = key;
@@ -256,7 +256,7 @@ class Desk : public testing::Test {
     Settle();
   }
 
-  // Drops a file on the window. It is opened when the drop is over, not before.
+  // Drops a file on the window, which opens it only when the drop is over.
   void Drop(const std::filesystem::path& file) {
     wxArrayString files;
     files.Add(WxPath(file));
@@ -283,7 +283,7 @@ class Desk : public testing::Test {
   [[nodiscard]] std::string Cell(std::size_t row, std::size_t column) const {
     return List().Row(row).cells.at(column);
   }
-  // The first window of its kind, this one or one in it, for which something holds; null where none is.
+  // The first window of this type that meets a condition: the given one or a descendant; null if none does.
   template <typename W, typename Holds>
   [[nodiscard]] static W* FirstIn(wxWindow& window, const Holds& holds) {
     if (auto* found = dynamic_cast<W*>(&window); found && holds(*found)) return found;
@@ -291,7 +291,7 @@ class Desk : public testing::Test {
       if (W* found = FirstIn<W>(*child, holds)) return found;
     return nullptr;
   }
-  // A row of a list as the clipboard has it.
+  // A row of a list as copied to the clipboard.
   [[nodiscard]] static std::string RowOf(ListView& list, std::size_t row) {
     list.Select(row);
     list.CopyRows();
@@ -299,7 +299,7 @@ class Desk : public testing::Test {
     return text.substr(text.find('\n') + 1);
   }
 
-  // What follows the path where a file could not be read, resp. written.
+  // The text after the path if a file could not be read or written.
   [[nodiscard]] static std::string ReadAdvice() {
     return "\n\n" + std::string(Messages().Msg(Text::AdviceOnReading));
   }
@@ -307,7 +307,7 @@ class Desk : public testing::Test {
     return "\n\n" + std::string(Messages().Msg(Text::AdviceOnWriting));
   }
 
-  // What a program would find in the clipboard.
+  // The text that a program would get from the clipboard.
   [[nodiscard]] static std::string ClipboardText() {
     const wxClipboardLocker lock;
     wxTextDataObject text;

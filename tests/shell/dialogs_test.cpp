@@ -8,8 +8,8 @@
 namespace tarvelo {
 namespace {
 
-// Presses a key again and again, with the pointer over the middle of a window where its dialogs
-// appear, until it goes away.
+// Presses a key again and again, with the pointer over the centre of a window where its dialogs appear, until
+// the dialog closes.
 class KeyPresser final : public wxTimer {
  public:
   KeyPresser(wxWindow& window, int key) : window_(window), key_(key) { Start(400); }
@@ -45,7 +45,7 @@ TEST_F(Desk, ListOfMisfitsTakesTheKeyboard) {
   const PatchCheck check = CheckPatch(patch.changes, Image());
   const MisfitTable misfits(patch, check, Image(), main->Bench().texts);
   WxDialogs dialogs(main, main->Bench().texts);
-  for (const int key : {WXK_RETURN, WXK_ESCAPE}) {  // nothing is applied by mistake
+  for (const int key : {WXK_RETURN, WXK_ESCAPE}) {  // neither applies anything by mistake
     const KeyPresser presser(*main, key);
     EXPECT_FALSE(dialogs.ApplyOthers(misfits));
   }

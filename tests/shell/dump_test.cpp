@@ -7,7 +7,7 @@
 namespace tarvelo {
 namespace {
 
-const std::vector<std::uint8_t> plain(0x100000, 0x90);  // without anything
+const std::vector<std::uint8_t> plain(0x100000, 0x90);  // without any findings
 
 class DumpDesk : public Desk {
  protected:
@@ -45,13 +45,13 @@ TEST_F(DumpDesk, CommandsTakeTheChosenRegion) {
     EXPECT_EQ(Region().kind, before.kind);
     return Region().offset - before.offset;
   };
-  List().Filter("code");  // what is sought may be hidden
+  List().Filter("code");  // hides some of the regions to find
   List().Select(RowAt(0x280004));
   const Offset step = next(Id::Next);
   EXPECT_GT(step, 0);
   EXPECT_EQ(next(Id::Previous), -step);
   List().Select(0);
-  EXPECT_GT(next(Id::Previous), 0);  // round to the last one
+  EXPECT_GT(next(Id::Previous), 0);  // wraps around to the last one
   EXPECT_LT(next(Id::Next), 0);
 
   main->Run(Id::OpenHex);
@@ -76,7 +76,7 @@ TEST_F(DumpDesk, LegendGoesRoundTheRegionsOfAGroup) {
 TEST_F(DumpDesk, SeesEdits) {
   OpenBytes("plain.bin", plain, Id::Dump);
   Open().Write(0x4000, std::vector<std::uint8_t>(0x200, 0xFF));
-  Settle();  // while it is shown
+  Settle();  // while the panel is visible
   ASSERT_EQ(Regions().size(), 3u);
   EXPECT_EQ(Row(), 0u);
   List().Select(2);
@@ -89,14 +89,14 @@ TEST_F(DumpDesk, SeesEdits) {
 
   Open().Redo();
   DumpPanel& panel = Panel();
-  main->Dumps().CloseFF();  // before it has been made again
+  main->Dumps().CloseFF();  // before the map is rebuilt
   Settle();
   EXPECT_TRUE(panel.Map().regions.empty());
   EXPECT_TRUE(panel.Legend().GetChildren().empty());
   EXPECT_TRUE(script.said.empty());
 }
 
-TEST_F(DumpDesk, TellsOfTooManyBlocks) {
+TEST_F(DumpDesk, ReportsTooManyBlocks) {
   OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), Id::Dump);
   EXPECT_NE(script.TakeSaid().find("There are more than 2000 EEPROM blocks."), std::string::npos);
   EXPECT_EQ(List().RowCount(), 0u);
@@ -105,7 +105,7 @@ TEST_F(DumpDesk, TellsOfTooManyBlocks) {
   Panel().Strip().onClick(0);
 }
 
-// A strip of 100 columns.
+// A strip with 100 columns.
 class StripDesk : public Desk {
  protected:
   StripDesk() {
@@ -113,7 +113,7 @@ class StripDesk : public Desk {
     strip->onClick = [this](Offset offset) { clicked = offset; };
   }
 
-  // The place that a click finds, resp. a drag at its end; -1 for none.
+  // The place that a click reports, or a drag at its end; -1 for none.
   Offset Clicked(const wxPoint& from, std::optional<wxPoint> to = {}) {
     clicked = -1;
     Mouse(*strip, wxEVT_LEFT_DOWN, from);
@@ -132,7 +132,7 @@ TEST_F(StripDesk, FindsPlacesAgain) {
     strip->Show(size, {{0, size / 2, *wxRED}});
     EXPECT_EQ(strip->ColumnsOf(0, size).x, strip->ColumnsOf(0, 1).x);
     EXPECT_EQ(strip->ColumnsOf(0, size).width, 100);
-    EXPECT_EQ(Clicked({-50, 10}, wxPoint(500, -9)), Clicked(strip->PointOf(size - 1)));  // beyond the ends
+    EXPECT_EQ(Clicked({-50, 10}, wxPoint(500, -9)), Clicked(strip->PointOf(size - 1)));  // past the ends
     for (const Offset place : {Offset{0}, size / 3, size / 2, size - 1}) {
       const Offset found = Clicked(strip->PointOf(place));
       EXPECT_LE(found, place);
@@ -149,7 +149,7 @@ TEST_F(StripDesk, FindsPartsShorterThanAPixel) {
   strip->Show(0x4000000, parts);
   for (const Offset place : {1000000, 1005000, 0x4000000 - 1})
     EXPECT_EQ(Clicked(strip->PointOf(place)), place);
-  EXPECT_EQ(Clicked(strip->PointOf(1003000)), 1000000);  // the first of them stands for all
+  EXPECT_EQ(Clicked(strip->PointOf(1003000)), 1000000);  // the first of them represents all
   strip->Show(0, {});
   EXPECT_EQ(Clicked({50, 10}), -1);
 }

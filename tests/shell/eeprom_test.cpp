@@ -41,12 +41,12 @@ TEST_F(EepromDesk, ShowsDeletedBlocksToo) {
   main->Run(Id::ShowDel);
   EXPECT_EQ(List().RowCount(), 367u);
   EXPECT_TRUE(List().Row(0).marked);
-  EXPECT_EQ(SelectedHeader(), "76C00C");  // the same block in another row
+  EXPECT_EQ(SelectedHeader(), "76C00C");  // the same block in a different row
   EXPECT_TRUE(Panel().Commands()->Find(Id::ShowDel)->checked());
   Said(Id::SaveText);
   EXPECT_EQ(std::ranges::count(ReadAll(folder / "demo_E.txt"), '\n'), 368);
 
-  SelectHeader("76C024");  // deleted: its neighbour takes its place
+  SelectHeader("76C024");  // deleted: its neighbour is selected instead
   main->Run(Id::ShowDel);
   EXPECT_EQ(List().RowCount(), 241u);
   EXPECT_EQ(SelectedHeader(), "76C030");
@@ -74,9 +74,9 @@ TEST_F(EepromDesk, SearchesDescriptions) {
   }
   EXPECT_EQ(Said(Id::FindMore), "!String \"GREETING\" wasn't found");
   EXPECT_EQ(SelectedHeader(), "7CC384");
-  EXPECT_EQ(Said(Id::Find, "5076"),  // a number, which no description holds
+  EXPECT_EQ(Said(Id::Find, "5076"),  // a number that no description contains
             "ask Enter the string for search: GREETING | !String \"5076\" wasn't found");
-  EXPECT_EQ(Said(Id::Find), "ask Enter the string for search: 5076");  // cancelled: the last one is kept
+  EXPECT_EQ(Said(Id::Find), "ask Enter the string for search: 5076");  // cancelled: keeps the last text
 }
 
 TEST_F(EepromDesk, UsersDescriptionsGoOverTheBuiltInOnes) {
@@ -100,7 +100,7 @@ TEST_F(EepromDesk, KnownBlocksAreThoseOfTheImage) {
   EXPECT_FALSE(CanRun(ViewerEntry::x0280));
   main->Run(Entry(ViewerEntry::x5136));
   EXPECT_EQ(Panel().View()->GetTitle(), "Tarvelo - 5238 :  Info about block");
-  for (const int number : {5275, 5276, 5277, 5278}) {  // these stay
+  for (const int number : {5275, 5276, 5277, 5278}) {  // these stay enabled
     const int id = Entry(*ViewerOf(number));
     EXPECT_EQ(Caption(id), "Blocks 5275 - 5278: " + std::to_string(number));
     EXPECT_EQ(Said(id), "!Error ! Block \"" + std::to_string(number) + "\" wasn't found !");
@@ -146,7 +146,7 @@ TEST_F(EepromDesk, InfoGoesWithTheDocument) {
   EXPECT_EQ(view.GetTitle(), wxString::FromUTF8("Tarvelo - 1 :  Информация о блоке"));
   main->Dumps().CloseFF();
   EXPECT_FALSE(view.IsShown());
-  view.Next_Click();  // a click that came late
+  view.Next_Click();  // a click that arrives late
   view.HexView_Click();
   view.ReadFromCaret();
   EXPECT_EQ(view.Shown(), std::nullopt);
@@ -155,7 +155,7 @@ TEST_F(EepromDesk, InfoGoesWithTheDocument) {
 
 TEST_F(EepromDesk, BlocksWithoutDataAreShownToo) {
   std::vector<std::uint8_t> bytes = ImageOfBlocks({1, 2});
-  bytes[4 + 2] = 0xBF;  // in front of the image
+  bytes[4 + 2] = 0xBF;  // before the start of the image
   bytes[12 + 2] = 0;    // empty
   OpenBytes("outside.bin", bytes, eeprom);
   EXPECT_EQ(Said(Id::OpenData), "!The data lies outside the image.");

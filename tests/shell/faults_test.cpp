@@ -1,4 +1,4 @@
-// Every way to save on the desk, with every fault: the user is told, and the document stays.
+// Every way to save in the window, with every fault: the user is told, and the document stays.
 #include "file_faults.h"
 #include "shell/desk.h"
 #include "shell/patch/patch_panel.h"
@@ -8,11 +8,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A command of the menu, and the file that it writes.
+// A menu command and the file that it writes.
 struct Saver {
   const char* name;
   fs::path file;       // in the dump's folder
-  bool deletesBefore;  // an old file goes first
+  bool deletesBefore;  // deletes an old file first
   std::function<void()> save;
 };
 
@@ -46,8 +46,8 @@ class FaultsDesk : public Desk {
     };
   }
 
-  // Lets a saver try to write over an old file, and looks at what is to be: the message, the document,
-  // and the folder with nothing new in it.
+  // Makes a saver try to overwrite an old file, then checks the message, the document, and that the folder
+  // contains nothing new.
   template <typename Fault>
   void ExpectFailure(const Saver& saver) {
     const fs::path file = dumps / saver.file;
@@ -70,7 +70,7 @@ class FaultsDesk : public Desk {
     if (saver.deletesBefore && !fs::exists(file)) expected.erase(PathText(saver.file));
     EXPECT_TRUE(ContentsOf(dumps) == expected);  // not printed: the contents are long
 
-    saver.save();  // the next time it works
+    saver.save();  // works the next time
     const std::string saidThen = script.TakeSaid();
     EXPECT_TRUE(saidThen.empty() || saidThen.starts_with("i")) << saidThen;
     EXPECT_GT(fs::file_size(file), 30u);
@@ -86,7 +86,7 @@ struct FullDiskAnywhere : FullDisk {
   explicit FullDiskAnywhere(const fs::path&) {}
 };
 
-TEST_F(FaultsDesk, AreToldWhateverIsSaved) {
+TEST_F(FaultsDesk, AreReportedForEveryWayToSave) {
   for (const Saver& saver : Savers()) {
     SCOPED_TRACE(saver.name);
     if (FullDisk::isPossible) ExpectFailure<FullDiskAnywhere>(saver);
@@ -94,7 +94,7 @@ TEST_F(FaultsDesk, AreToldWhateverIsSaved) {
   }
 }
 
-TEST_F(FaultsDesk, SaveAsToWhereNothingCanBeWritten) {
+TEST_F(FaultsDesk, SaveAsReportsAnUnwritableTarget) {
   for (const fs::path& target : {folder.Path(), dump / "below a file.bin", folder / "missing" / "x.bin"}) {
     script.said.clear();
     script.file = target;

@@ -1,4 +1,4 @@
-// The hex view of the demonstration dump, to test.
+// The hex view of the demonstration dump.
 #pragma once
 
 #include <wx/stattext.h>
@@ -20,7 +20,7 @@ class HexDesk : public Desk {
   [[nodiscard]] std::string Information() { return Utf8(Panel().Information().GetLabelText()); }
   [[nodiscard]] Offset End() const { return std::ssize(Image().ff()); }
 
-  // Enters a place to go to, and returns what is said against it.
+  // Enters a place to go to. Returns the error message.
   std::string Enter(const std::string& place) {
     Panel().PlaceLine().SetValue(Wx(place));
     wxCommandEvent enter(wxEVT_TEXT_ENTER, Panel().PlaceLine().GetId());
@@ -30,7 +30,7 @@ class HexDesk : public Desk {
 
   void Press(int key, int modifiers = wxMOD_NONE) { Key(Canvas(), key, modifiers); }
 
-  // Types a text, or gives a command by a letter.
+  // Types a text, or with modifiers gives a command by a letter.
   void Type(const std::u32string& text, int modifiers = wxMOD_NONE) {
     for (const char32_t character : text) {
       wxKeyEvent event(wxEVT_CHAR);

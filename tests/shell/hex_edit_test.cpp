@@ -5,7 +5,7 @@
 namespace tarvelo {
 namespace {
 
-// The cursor stands on 0x80 erased bytes.
+// The cursor is at the start of 0x80 erased bytes.
 class HexEditDesk : public HexDesk {
  protected:
   static constexpr Offset place = 0x700;
@@ -32,12 +32,12 @@ TEST_F(HexEditDesk, TakesDigits) {
   Type(U"2aB");
   EXPECT_EQ(BytesAt(place, 3), "12 AB FF");
   EXPECT_EQ(Selected(), (Region{place + 2, 0}));
-  Type(U"g Ф");  // no digits
+  Type(U"g Ф");  // not digits
   Type(U"1", wxMOD_CONTROL);
   Type(U"2", wxMOD_ALT);
   EXPECT_EQ(BytesAt(place, 3), "12 AB FF");
   Type(U"3");
-  Press(WXK_RIGHT);  // the digit that follows is another byte's first
+  Press(WXK_RIGHT);  // the next digit is the first of another byte
   Type(U"4");
   EXPECT_EQ(BytesAt(place, 5), "12 AB 3F 4F FF");
   EXPECT_TRUE(IsChanged(place + 3));
@@ -47,7 +47,7 @@ TEST_F(HexEditDesk, TakesDigits) {
 
 TEST_F(HexEditDesk, TakesText) {
   main->Run(Id::SwitchSide);
-  Type(U"A Я中Ä\u0098");  // the last three are no characters of the phone's
+  Type(U"A Я中Ä\u0098");  // the phone does not have the last three characters
   Type(U"€", wxMOD_ALTGR);
   EXPECT_EQ(BytesAt(place, 5), "41 20 DF 88 FF");
   main->Run(Id::SwitchSide);
@@ -67,13 +67,13 @@ TEST_F(HexEditDesk, TypesOverTheStartOfTheSelection) {
   const Offset last = End() - 1;
   Panel().Go(last, 0);
   Type(U"1234");
-  EXPECT_EQ(Image().ByteHex(last), "34");  // the image keeps its length
+  EXPECT_EQ(Image().ByteHex(last), "34");  // the length of the image stays
   EXPECT_EQ(End(), last + 1);
 }
 
 TEST_F(HexEditDesk, UndoesByteByByte) {
   EXPECT_FALSE(CanRun(Id::Undo));
-  Type(U"12F3FF5");  // the first digit of the second byte changes nothing, the third byte stays
+  Type(U"12F3FF5");  // the first digit of the second byte changes nothing; the third byte stays
   EXPECT_EQ(BytesAt(place, 4), "12 F3 FF 5F");
   Panel().Go(0x1000, 5);
   main->Run(Id::Undo);
@@ -90,7 +90,7 @@ TEST_F(HexEditDesk, UndoesByteByByte) {
   EXPECT_FALSE(CanRun(Id::Redo));
   Type(U"7");
   main->Run(Id::Undo);
-  Type(U"6");  // a first digit again: nothing is left half typed
+  Type(U"6");  // a first digit again: no byte is left half typed
   EXPECT_EQ(BytesAt(place + 3, 1), "6F");
 }
 
@@ -106,7 +106,7 @@ TEST_F(HexEditDesk, KeepsTheMarkUntilTheDumpIsClosed) {
   EXPECT_FALSE(main->Dumps().WasChanged());
   main->Dumps().OpenF(folder / "edit.bin");
   EXPECT_EQ(Status(10), "");
-  EXPECT_EQ(BytesAt(place, 1), "F0");  // as it was saved
+  EXPECT_EQ(BytesAt(place, 1), "F0");  // the saved value
   EXPECT_FALSE(Open().Edits().CanUndo());
   EXPECT_FALSE(IsChanged(place));
 }
@@ -145,7 +145,7 @@ TEST_F(HexEditDesk, MakesPatches) {
   main->Run(Id::Paste);
   Panel().Go(place + 0x40, 0);
   Type(U"0102");
-  Panel().Go(place + 0x80, 8);  // none of them selected
+  Panel().Go(place + 0x80, 8);  // none of the changes is selected
   EXPECT_EQ(Said(Id::ChangesToPatch, "Greeting"), "iNothing was changed.");
   Panel().Go(place + 1, 0x40);
   EXPECT_EQ(Said(Id::ChangesToPatch, "Greeting"),
@@ -158,7 +158,7 @@ TEST_F(HexEditDesk, MakesPatches) {
   EXPECT_NE(text.find(";All\r\n\r\n000700: FFFFFFFFFF 4869FFFF21\r\n000740: FFFF 0102\r\n"), text.npos);
 }
 
-// What was found before is no longer there: every panel searches anew.
+// The earlier findings are gone: every panel searches again.
 TEST_F(HexEditDesk, IsSeenByTheOtherPanels) {
   for (const int panel : std::initializer_list<int>{eeprom, pictures, ringtones, Id::HexView}) Choose(panel);
   const std::string figures = Status(4) + Status(6) + Status(7);
@@ -166,7 +166,7 @@ TEST_F(HexEditDesk, IsSeenByTheOtherPanels) {
     Choose(Id::HexView);
     main->Run(Id::SelectAll);
     Said(Id::FillBytes, byte);
-    EXPECT_TRUE(Said(Id::ChangesToPatch).starts_with("!Changes to patch: "));  // too long for one
+    EXPECT_TRUE(Said(Id::ChangesToPatch).starts_with("!Changes to patch: "));  // too long for one patch
     for (const int panel : std::initializer_list<int>{eeprom, pictures, ringtones}) {
       Choose(panel);
       main->Panels().Visible()->Window().Refresh();

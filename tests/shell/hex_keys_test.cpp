@@ -13,7 +13,7 @@ TEST_F(HexDesk, IsEditedByKeyboardAlone) {
   Panel().Go(0, 0);
   EXPECT_TRUE(press(before == 0x11 ? '2' : '1', wxMOD_NONE, changed));
 
-  // In the line above the keys are the line's own.
+  // In the line above, keys edit the line.
   wxTextCtrl& line = Panel().PlaceLine();
   Copy("34");
   EXPECT_TRUE(press('L', wxMOD_CONTROL, [&] { return line.HasFocus(); }));

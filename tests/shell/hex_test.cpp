@@ -5,7 +5,7 @@
 namespace tarvelo {
 namespace {
 
-TEST_F(HexDesk, GoesWhereItIsTold) {
+TEST_F(HexDesk, GoesToAPlace) {
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
   EXPECT_EQ(Enter("212345"), "");
   EXPECT_EQ(Selected(), (Region{0x212345, 0}));
@@ -27,7 +27,7 @@ TEST_F(HexDesk, ShowsRegionsOfOtherPanels) {
   EXPECT_EQ(Selected(), (Region{End() - 4, 4}));
   EXPECT_EQ(Canvas().TopRow(), End() / 16 - Canvas().RowsSeen());
   Choose(Id::Info);
-  Choose(Id::HexView);  // as it was left
+  Choose(Id::HexView);  // unchanged
   EXPECT_EQ(Selected(), (Region{End() - 4, 4}));
   main->Dumps().OpenF(WriteDump("other.bin"));
   Choose(Id::HexView);
@@ -58,12 +58,12 @@ TEST_F(HexDesk, FollowsTheMouse) {
   mouse(wxEVT_MOTION, 0x11);
   mouse(wxEVT_LEFT_UP, 0x11);
   EXPECT_EQ(Selected(), (Region{corner + 0x11, 0x13}));
-  mouse(wxEVT_MOTION, 0);  // let go: no longer a drag
+  mouse(wxEVT_MOTION, 0);  // button released: no longer a drag
   EXPECT_EQ(Selected().size, 0x13);
   mouse(wxEVT_LEFT_DOWN, 0x4F, true);
   mouse(wxEVT_LEFT_UP, 0x4F, true);
   EXPECT_EQ(Selected(), (Region{corner + 0x23, 0x2D}));
-  mouse(wxEVT_RIGHT_DOWN, 0x30);  // keeps the selection it falls on
+  mouse(wxEVT_RIGHT_DOWN, 0x30);  // keeps the selection under it
   EXPECT_EQ(Selected().size, 0x2D);
   mouse(wxEVT_RIGHT_DOWN, 0x60);
   EXPECT_EQ(Selected(), (Region{corner + 0x60, 0}));
@@ -95,7 +95,7 @@ TEST_F(HexDesk, FindsBytes) {
   for (const Offset at : {Offset{0}, Offset{0x2345}, last})
     std::copy_n(std::begin({0xDE, 0xAD, 0xBE}), 3, bytes.begin() + at);
   OpenBytes("marked.bin", bytes, Id::HexView);
-  EXPECT_TRUE(Said(Id::Next, "DE AD BE").starts_with("ask Enter the string"));  // nothing was sought yet
+  EXPECT_TRUE(Said(Id::Next, "DE AD BE").starts_with("ask Enter the string"));  // no search yet
   EXPECT_EQ(Selected(), (Region{0, 3}));
   for (const Offset hit : {Offset{0x2345}, last}) {
     EXPECT_EQ(Said(Id::Next), "");

@@ -1,4 +1,4 @@
-// Keys that are really pressed.
+// Real key presses.
 #pragma once
 
 #include <wx/uiaction.h>
@@ -13,8 +13,8 @@ inline void PointAt(const wxWindow& window) {
   wxUIActionSimulator().MouseMove(place.GetTopLeft() + place.GetSize() / 2);
 }
 
-// Presses a key with the pointer over a window until that has done what it should; not for ever: the
-// window may not have the keyboard yet.
+// Presses a key, with the pointer over a window, until `done` holds, because the window may not have the
+// focus yet. Gives up after 20 tries.
 template <typename Done>
 bool PressUntil(const wxWindow& window, int key, int modifiers, Done done) {
   for (int i = 0; i < 20 && !done(); ++i) {

@@ -1,4 +1,4 @@
-// What keys do that are really pressed.
+// The effects of real key presses.
 #include <wx/textctrl.h>
 
 #include "shell/calculator/calc166.h"

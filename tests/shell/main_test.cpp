@@ -32,7 +32,7 @@ TEST_F(Desk, OpensADump) {
   EXPECT_TRUE(script.beeps.empty());
 }
 
-TEST_F(Desk, RefusesWhatIsNoDump) {
+TEST_F(Desk, RefusesFilesThatAreNotDumps) {
   const auto path = [&](const char* name) { return PathText(folder / name); };
   folder.Write("one.bin", std::string("x"));
   const std::pair<const char*, std::string> cases[] = {
@@ -65,7 +65,7 @@ TEST_F(Desk, SavesTheImageWithABeep) {
   EXPECT_EQ(Open().FileStem(), folder / "copy");
 
   folder.Write("copy.fls", std::string("something else"));
-  Choose(Id::Save);  // goes to the file chosen last
+  Choose(Id::Save);  // writes to the last chosen file
   EXPECT_EQ(ReadAll(*script.file), bytes);
   EXPECT_EQ(script.beeps.size(), 2u);
 }
@@ -81,11 +81,11 @@ TEST_F(Desk, SavesTheInformation) {
   EXPECT_EQ(Said(Id::SaveText), "!No data for saving !");
 }
 
-// The panels with lists, and the letters of the files that they are saved in.
+// The panels with lists, and the letters in the names of their saved files.
 const std::pair<int, char> lists[] = {{eeprom, 'E'},   {pictures, 'P'}, {ringtones, 'R'},
                                       {Id::Dump, 'D'}, {Id::Hits, 'S'}, {Id::ComparePanel, 'C'}};
 
-TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
+TEST_F(Desk, EveryListIsSavedAndClearedWithTheDump) {
   OpenDemo(Id::Info);
   std::vector<std::uint8_t> second = AllBytes();
   second[0x700] ^= 1;
@@ -117,10 +117,10 @@ TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
     Choose(panel);
     for (const auto& [other, letterOfOther] : lists) EXPECT_EQ(Item(other)->IsChecked(), other == panel);
     List().Select(List().RowCount() - 1);
-    Choose(panel);  // is shown already: nothing happens
+    Choose(panel);  // already visible: nothing happens
     EXPECT_EQ(List().Selected(), List().RowCount() - 1);
   }
-  EXPECT_EQ(InfoText(), found);  // nothing was sought twice
+  EXPECT_EQ(InfoText(), found);  // no second search
 
   main->Dumps().OpenF(WriteDump("other.bin"));
   EXPECT_EQ(Title(), "Tarvelo - Info");
@@ -128,10 +128,10 @@ TEST_F(Desk, EveryListIsSavedAndGoesWithTheDump) {
   for (int figure = 3; figure <= StatusBar::panels; ++figure) EXPECT_EQ(Status(figure), "");
 }
 
-TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
+TEST_F(Desk, CommandsDoNothingIfNothingIsChosen) {
   OpenBytes("two.bin", {0xFC, 0xFC}, Id::Info);
   for (const auto& [panel, letter] : lists) {
-    if (panel == Id::Dump) continue;  // has a region always
+    if (panel == Id::Dump) continue;  // always has a region
     Choose(panel);
     EXPECT_EQ(List().RowCount(), 0u);
     for (int id = Id::ShowPic; id <= Id::DifferencesToPatch; ++id) {
@@ -146,7 +146,7 @@ TEST_F(Desk, CommandsDoNothingWhereNothingIsChosen) {
   EXPECT_EQ(InfoText().find("RIT"), std::string::npos);
 }
 
-TEST_F(Desk, TellsWhatEndedACommand) {
+TEST_F(Desk, ReportsTheFaultThatEndedACommand) {
   main->Dumps().OpenF(WriteDump("dump.bin"));
   const std::pair<std::function<void()>, std::string> faults[] = {
       {[] { throw std::out_of_range("at 5"); }, "It read past the end of the image.\nat 5"},
@@ -195,7 +195,7 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
                                                    folder / "3 & 4.bin", folder / "a b.bin",
                                                    folder / "5.bin",     folder / "oldest.bin"};
   for (std::size_t i = files.size(); i-- > 0;) main->Dumps().OpenF(WriteDump(files[i]));
-  main->Dumps().OpenF(files[2]);  // is in the list: stays where it is
+  main->Dumps().OpenF(files[2]);  // already in the list: stays where it is
   Restart();
   for (int i = 0; i < 5; ++i)
     EXPECT_EQ(Caption(Id::File1 + i),
@@ -204,7 +204,7 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
   EXPECT_EQ(Status(1), PathText(files[2]));
 }
 
-TEST_F(Desk, ComesBackWhereItStood) {
+TEST_F(Desk, RestoresItsPlace) {
   const wxSize size = main->GetSize() + wxSize(-40, 30);
   main->SetSize(size);
   Settle();

@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-// The labels of one menu, or of the bar: none empty, no letter used twice.
+// Checks the labels of one menu or of the bar: none is empty, and no letter is used twice.
 void CheckLabels(const std::vector<wxString>& labels) {
   std::map<char32_t, wxString> used;
   for (const wxString& label : labels) {
@@ -25,8 +25,8 @@ void CheckLabels(const std::vector<wxString>& labels) {
   }
 }
 
-// The entries of a menu and its submenus: their labels, that no shortcut is used twice in the whole bar, and
-// that each says what it does.
+// Checks the entries of a menu and its submenus: their labels, that no shortcut occurs twice in the whole
+// bar, and that each entry has a help text.
 void CheckMenu(const wxMenu& menu, std::set<wxString>& shortcuts) {
   std::vector<wxString> labels;
   for (const wxMenuItem* item : menu.GetMenuItems()) {
@@ -61,7 +61,7 @@ TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
   }
 }
 
-TEST_F(Desk, ExcusesOnlyWhatCannotBeDone) {
+TEST_F(Desk, ExcusesOnlyUnavailableCommands) {
   main->Dumps().OpenF(WriteDump("dump.bin"));
   for (const MenuGroup& group : MenuBarTable())
     for (const MenuEntry& entry : group.entries) {
@@ -81,7 +81,7 @@ TEST_F(Desk, ShowsHelpInPlaceOfTheHintUntilTheMenuCloses) {
   const std::string phone = Status(2);
   send(wxEVT_MENU_HIGHLIGHT, Id::Save);
   EXPECT_EQ(shown(2), Utf8(Item(Id::Save)->GetHelp()));
-  EXPECT_EQ(Status(2), phone);  // which the patch file names
+  EXPECT_EQ(Status(2), phone);  // the patch file contains this text
   send(wxEVT_MENU_HIGHLIGHT, Id::None);
   EXPECT_EQ(shown(2), phone);
   send(wxEVT_MENU_HIGHLIGHT, Id::File1);
@@ -105,8 +105,8 @@ TEST_F(Desk, TakesTheLanguageOverARestart) {
                                        {10, Text::TipFullflashChanged}})
     EXPECT_EQ(Utf8(main->Bench().status.Tooltip(panel)), greek.Msg(message));
   EXPECT_EQ(Settings(SettingsFile()).GetIni("General", "Language"), "GR");
-  EXPECT_NE(InfoText().find("Loading base"), std::string::npos);  // texts keep their language
-#ifdef __WXMSW__  // elsewhere fonts have every character, whatever is asked for
+  EXPECT_NE(InfoText().find("Loading base"), std::string::npos);  // existing text keeps its language
+#ifdef __WXMSW__  // elsewhere fonts have every character, whatever character set was requested
   EXPECT_EQ(main->InfoText().Window().GetFont().GetEncoding(), wxFONTENCODING_CP1253);
 #endif
   Restart();

@@ -11,7 +11,7 @@ namespace {
 
 const std::string phone = "C55 v24 FD-02";
 
-// An open dump with its Patch panel shown.
+// An open dump with the Patch panel visible.
 class PatchDesk : public Desk {
  protected:
   PatchDesk() {
@@ -82,7 +82,7 @@ TEST_F(PatchDesk, IsSearchedRoundAndRound) {
   EXPECT_EQ(Said(Id::Find, "1D"), "ask Enter the string for search: привет | !String \"1D\" wasn't found");
 }
 
-TEST_F(PatchDesk, MarksCommentsAndLinesThatAreNoPatch) {
+TEST_F(PatchDesk, MarksCommentsAndInvalidLines) {
   Editor().SetText(";comment\r\n10: 00 01 ;change\r\n10: 00 wrong\r\nlast");
   Editor().Colourise(0, -1);
   const auto style = [this](const char* text) {
@@ -102,11 +102,11 @@ TEST_F(PatchDesk, ShortcutOfTheMenuBarReachesIt) {
 }
 
 TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
-  EXPECT_FALSE(Enabled(Id::Quillo));  // none is known
+  EXPECT_FALSE(Enabled(Id::Quillo));  // no patcher is known
   script.registry["HKCR\\Quillo.bin\\shell\\open\\command\\"] = R"("C:\Quillo\quillo.exe" "%1")";
   Restart();
   main->Dumps().OpenF(folder / "phone.bin");
-  Choose(Id::Quillo);  // nothing is unsaved
+  Choose(Id::Quillo);  // there are no unsaved changes
   EXPECT_TRUE(script.said.empty());
   EXPECT_FALSE(FileExist(File()));
   EXPECT_EQ(script.started.back(), R"(run "C:\Quillo\quillo.exe" ")" + PathText(File()) + '"');
@@ -118,9 +118,9 @@ TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
 
   Panel().AddPatch("two", "10: 00 01", false);
   RemoveFile(File());
-  MakeFolder(File());  // in the way
+  MakeFolder(File());  // blocks the file's name
   EXPECT_EQ(Said(Id::Quillo), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
-  EXPECT_EQ(script.started.size(), 2u);  // not started with what is old
+  EXPECT_EQ(script.started.size(), 2u);  // not started with the old file
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ TEST_F(PicturesDesk, ListAndGalleryFollowEachOther) {
   Panel().AllPictures().onSelect(9);
   EXPECT_EQ(List().Selected(), 9u);
   Choose(Id::Info);
-  Choose(pictures);  // begins with the first again
+  Choose(pictures);  // starts with the first again
   EXPECT_EQ(List().Selected(), 0u);
 }
 
@@ -45,7 +45,7 @@ TEST_F(PicturesDesk, AreSavedAsBitmaps) {
   const std::filesystem::directory_iterator files(folder / "BMP");
   EXPECT_EQ(std::distance(begin(files), end(files)), static_cast<long>(2 * List().RowCount()));
   EXPECT_EQ(List().Selected(), 7u);
-  EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");  // the hint has gone
+  EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");  // the hint is gone
 }
 
 TEST_F(PicturesDesk, AreSearchedInAnyColumn) {
@@ -68,7 +68,7 @@ TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
   List().Filter("101");
   ASSERT_TRUE(List().Find("", false));
   EXPECT_NE(Cell(*List().Selected(), 3), "  4");
-  List().Select(0);  // hidden by the filter, which goes
+  List().Select(0);  // hidden by the filter, which is cleared
   EXPECT_EQ(List().Selected(), 0u);
 }
 

@@ -34,7 +34,7 @@ class RingtonesDesk : public Desk {
     Settle();
   }
 
-  // Plays a text, and returns what was heard; `during` is called while its second tone sounds.
+  // Plays a text and returns the beeps; calls `during` while its second tone sounds.
   Beeps Played(const std::string& text, const std::function<void()>& during = {}) {
     script.answer = text;
     script.beeps.clear();
@@ -66,7 +66,7 @@ TEST_F(RingtonesDesk, AreListedAndTheFirstIsShown) {
 
 TEST_F(RingtonesDesk, TextIsPlayedToneByTone) {
   EXPECT_EQ(Played("440:500 880:250"), (Beeps{"440 Hz 500 ms", "880 Hz 250 ms"}));
-  EXPECT_EQ(Roll().Length(), 32000);  // of the selected one again
+  EXPECT_EQ(Roll().Length(), 32000);  // the selected one again
   EXPECT_EQ(Said(Id::PlayText, "1000:20000 1000:10000"),
             "ask Enter the ringtone in text-format: 440:500 880:250");
   EXPECT_EQ(script.beeps.back(), "1000 Hz 10000 ms");
@@ -94,7 +94,7 @@ TEST_F(RingtonesDesk, NothingElseRunsWhileOnePlays) {
   const Beeps two(all.begin(), all.begin() + 2);
 
   EXPECT_EQ(all, Played(text, [&] {
-              EXPECT_TRUE(Press('A'));  // kept from the list
+              EXPECT_TRUE(Press('A'));  // the list does not get it
               EXPECT_EQ(Status(2), "Escape stops");
               EXPECT_TRUE(panel->Commands()->CanRun(Id::StopPlaying));
               EXPECT_FALSE(panel->Commands()->CanRun(Id::Play));
@@ -104,7 +104,7 @@ TEST_F(RingtonesDesk, NothingElseRunsWhileOnePlays) {
   EXPECT_EQ(two, Played(text, [&] { EXPECT_TRUE(Press(WXK_ESCAPE)); }));
   EXPECT_EQ(two, Played(text, [&] { main->ProcessCommand(Id::StopPlaying); }));
 
-  // These stop it and are done after it.
+  // These stop the melody and take effect after it.
   EXPECT_EQ(two, Played(text, [&] {
               ClickRow(3);
               EXPECT_EQ(Roll().Length(), 4);
@@ -146,7 +146,7 @@ TEST_F(RingtonesDesk, AutoplayFollowsTheUserAlone) {
   ClickRow(2);
   EXPECT_EQ(script.beeps.size(), 36u);
   EXPECT_FALSE(panel->Player().IsPlaying());
-  EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");  // the hint has gone
+  EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");  // the hint is gone
   main->Run(Id::Play);
   EXPECT_EQ(script.beeps.size(), 72u);
   script.beeps.clear();
@@ -161,22 +161,22 @@ TEST_F(RingtonesDesk, GoToTheClipboardAndToTheHexEditor) {
   EXPECT_EQ(ClipboardText(), Cell(0, 7));
   main->Run(Id::CopyOffset);
   EXPECT_EQ(ClipboardText(), "330400");
-  main->Run(Id::OpenEntry);  // there is no hex editor: the hex view comes
+  main->Run(Id::OpenEntry);  // no hex editor is configured, so the hex view opens
   EXPECT_EQ(Title(), "Tarvelo - Hex view");
 }
 
-// --- the picture of a melody ---
+// --- the piano roll ---
 
 TEST_F(RingtonesDesk, RollHasABarForEachNote) {
   Roll().ShowMelody(std::vector<Tone>{{440, 500}, {0xFFFB, 250}, {523, 20000}, {30000, 250}, {5, 100}});
-  ASSERT_EQ(Roll().Notes().size(), 3u);  // a rest, and what is too long to be heard, are none
+  ASSERT_EQ(Roll().Notes().size(), 3u);  // neither a rest nor an inaudibly long tone is a note
   EXPECT_EQ(Roll().Length(), 1100);
   EXPECT_EQ(Roll().Notes()[1].begin, 750);
   EXPECT_EQ(Headline(), "0:01.100");
   Roll().Choose(0);
   EXPECT_EQ(Headline(), "A4   440 Hz   500 ms   0:00.000");
   Roll().SetTime(760);
-  EXPECT_EQ(Headline(), "-   30000 Hz   250 ms   0:00.750");  // no key is as high
+  EXPECT_EQ(Headline(), "-   30000 Hz   250 ms   0:00.750");  // too high for any key
   Roll().SetTime(600);
   EXPECT_EQ(Headline(), "A4   440 Hz   500 ms   0:00.000");
   Roll().SetTime({});
@@ -221,14 +221,14 @@ TEST(Beeper, WaitsForItsTonesTogether) {
   const auto begin = Clock::now();
   for (int i = 0; i < 20; ++i)
     beeper.BeepOn(440, 10, [] {
-      wxMilliSleep(3);  // is no part of the length
+      wxMilliSleep(3);  // does not add to the length
       return true;
     });
   const auto took = Clock::now() - begin;
   EXPECT_GE(took, std::chrono::milliseconds(200));
   EXPECT_LT(took, std::chrono::milliseconds(260));
   EXPECT_FALSE(beeper.BeepOn(440, 10000, [] { return false; }));
-  EXPECT_TRUE(beeper.BeepOn(440, 0, [] { return false; }));  // is over at once
+  EXPECT_TRUE(beeper.BeepOn(440, 0, [] { return false; }));  // ends at once
   EXPECT_LT(Clock::now() - begin, std::chrono::seconds(5));
 }
 

@@ -8,7 +8,7 @@ const std::string stars(80, '*');
 
 class SearchDesk : public Desk {
  protected:
-  // Opens an image with bytes other than zero here and there.
+  // Opens an image of zeros with a few other bytes.
   void OpenImage(std::size_t size, const std::map<std::size_t, std::uint8_t>& bytes) {
     std::vector<std::uint8_t> image(size);
     for (const auto& [offset, byte] : bytes) image.at(offset) = byte;
@@ -16,7 +16,7 @@ class SearchDesk : public Desk {
     before = InfoText();
   }
 
-  // Searches, and returns what is said without the question for the pattern.
+  // Searches. Returns the messages without the question for the pattern.
   std::string SearchFor(const std::string& pattern) {
     const std::string said = Said(Id::Search, pattern);
     EXPECT_TRUE(said.starts_with("ask Enter the string for search\n\nExa")) << said;
@@ -24,7 +24,7 @@ class SearchDesk : public Desk {
     return rest == said.npos ? std::string() : said.substr(rest + 3);
   }
 
-  // What was added to the information text since the image was opened.
+  // The text added to the information text since the image was opened.
   [[nodiscard]] std::string Added() const { return InfoText().substr(before.size()); }
   [[nodiscard]] ListView& Found() const {
     return dynamic_cast<HitsPanel&>(*main->Panels().Of(Id::Hits)).List();
@@ -71,7 +71,7 @@ TEST_F(SearchDesk, ListIsWalkedWithTheKeys) {
   EXPECT_EQ(Found().Selected(), 0u);
 }
 
-TEST_F(SearchDesk, NotFoundIsToldWithThePatternInCapitals) {
+TEST_F(SearchDesk, ReportsAMissingPatternInCapitals) {
   OpenImage(0x1000, {{0, 0xE6}, {0xFFE, 0x11}, {0xFFF, 0x22}});
   EXPECT_EQ(SearchFor("e6,g1"), "!String \"E6,G1\" wasn't found");
   EXPECT_EQ(Added(), "");
@@ -102,7 +102,7 @@ TEST_F(SearchDesk, OnlyAMillionHitsAreKept) {
             "Add all of them to the information text ?");
   EXPECT_EQ(Found().RowCount(), 1000000u);
   EXPECT_EQ(Row(999999), "1000000\t00F4240\tA00F4240\t00\n");
-  // What no text can take is listed all the same.
+  // Hits that no text can hold are still listed.
   script.confirm = true;
   const std::string longPattern(600, '0');
   EXPECT_TRUE(SearchFor(longPattern).ends_with(" | !There is not enough memory."));
@@ -114,7 +114,7 @@ TEST_F(SearchDesk, TextsAreAddedWhole) {
   OpenImage(0x1000, {});
   main->InfoText().AddText("Block 71", "");
   EXPECT_EQ(script.TakeSaid(), "iInformation \"Block 71\" is absent");
-  std::string body;  // longer than what is appended at once
+  std::string body;  // longer than one appended piece
   while (body.size() < 600'000) body += "строка\n";
   main->InfoText().AddText("Long", body);
   EXPECT_EQ(Added(), "\nLong\n\n" + body + "\n\n" + stars + "\n");

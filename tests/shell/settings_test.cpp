@@ -23,8 +23,8 @@ TEST(Settings, ReadsInUpperCase) {
   EXPECT_EQ(settings.GetIni("Integration", "HexEditor"), std::string(255, 'X'));
 }
 
-// Files of every shape are read and changed by the settings' fuzz target.
-TEST(Settings, KeepsWhatOthersWrote) {
+// The settings' fuzz target reads and changes files of every shape.
+TEST(Settings, KeepsUnknownLines) {
   const TemporaryFolder folder;
   const auto file = folder.Write(
       "Tarvelo.ini", std::string("; by hand\r\n[Mine]\r\nkey = some value\r\nother=\xC4\xE0\r\na line\r\n"));
@@ -41,7 +41,7 @@ TEST(Settings, KeepsWhatOthersWrote) {
 
 TEST(Settings, NeverSpoilsAFile) {
   const TemporaryFolder folder;
-#ifndef _WIN32  // there, the system's own functions know files of two-byte characters
+#ifndef _WIN32  // there the system's own functions handle files of two-byte characters
   for (const std::string& bytes : {std::string("\xFF\xFE[\0G\0]\0", 8), std::string((1 << 20) + 1, ';')}) {
     const auto file = folder.Write("Tarvelo.ini", bytes);
     Settings(file).SetIni("General", "Language", "DE");

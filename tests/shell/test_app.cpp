@@ -1,4 +1,4 @@
-// The main program of the desktop's tests: a real wx application on a real (or virtual) display.
+// The main program of the desktop tests: a real wx application on a real (or virtual) display.
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/evtloop.h>

@@ -1,9 +1,9 @@
-// For the desktop's tests.
+// Helpers for the desktop tests.
 #pragma once
 
 namespace tarvelo {
 
-// Handles everything that waits: events, deferred calls, windows to be destroyed.
+// Handles everything pending: events, deferred calls, windows to be destroyed.
 void Settle();
 
 }  // namespace tarvelo

@@ -1,4 +1,4 @@
-// Other programs that the dump is handed to, and the address calculator.
+// The programs that open the dump, and the address calculator.
 #include <wx/app.h>
 #include <wx/textctrl.h>
 
@@ -26,7 +26,7 @@ TEST(ExternalTools, MakesCommandLines) {
 
 class ToolsDesk : public Desk {
  protected:
-  // Starts the program again with another hex editor, and opens a dump.
+  // Restarts the program with this hex editor and opens a dump.
   void StartWith(const std::string& hexEditor) {
     Restart(hexEditor);
     script.started.clear();

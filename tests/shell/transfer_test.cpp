@@ -18,7 +18,7 @@ class TransferDesk : public Desk {
  protected:
   TransferDesk(int panel, const char* folderOfFiles) : files(folder / folderOfFiles) { OpenDemo(panel); }
 
-  // What a command says at the end; a file is chosen from the dialog if it asks for one.
+  // The last message of a command; if it asks for a file, it gets `file`.
   std::string SaidAtLast(int id, const std::optional<fs::path>& file = {}) {
     script.file = file;
     const std::string said = Said(id);
@@ -67,7 +67,7 @@ TEST_F(EepromTransferDesk, OneBlockGoesToAFileAndBack) {
   const wxString before = DumpText();
 
   EXPECT_EQ(SaidAtLast(Id::LoadBlock, file), "iBlock \"5076\" was loaded from file" + At(file));
-  EXPECT_EQ(Status(10), "");  // nothing is another
+  EXPECT_EQ(Status(10), "");  // nothing changed
   const std::uint8_t old = ByteAt(greetingData + 10);
   Alter("demo_5076.bin", 10);
   EXPECT_EQ(SaidAtLast(Id::LoadBlock), "open EEPROM (*.bin)|*.bin|All files|*.*");  // cancelled
@@ -82,11 +82,11 @@ TEST_F(EepromTransferDesk, OneBlockGoesToAFileAndBack) {
   EXPECT_EQ(DumpText(), before);
 
   main->Run(Id::ShowDel);
-  SelectHeader("7CC0C0");  // a deleted one of this number
+  SelectHeader("7CC0C0");  // a deleted block with this number
   EXPECT_TRUE(Said(Id::SaveBlock).ends_with(At(files / "demo_5076_7CC0C0.bin")));
 }
 
-TEST_F(EepromTransferDesk, WhatDoesNotFitIsRefused) {
+TEST_F(EepromTransferDesk, FilesThatDoNotFitAreRefused) {
   SelectHeader(greeting);
   EXPECT_EQ(SaidAtLast(Id::LoadBlock, folder.Write("new.bin", std::string(65, 'x'))),
             "!Error ! Wrong size of file \"new.bin\" !\nSize of the file: 65\n"
@@ -144,7 +144,7 @@ TEST_F(EepromTransferDesk, BackupsNeverMeet) {
 
 TEST_F(EepromTransferDesk, BlocksWithoutDataOrPlace) {
   std::vector<std::uint8_t> bytes = ImageOfBlocks({1, 2});
-  bytes[4 + 2] = 0xBF;                // in front of the image
+  bytes[4 + 2] = 0xBF;                // before the start of the image
   bytes[12] = bytes[12 + 11] = 0xF0;  // deleted
   OpenBytes("few.bin", bytes, eeprom);
   main->Run(Id::ShowDel);
@@ -190,7 +190,7 @@ TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   EXPECT_EQ(InfoText().find("RIT-table"), InfoText().rfind("RIT-table"));
   EXPECT_TRUE(script.beeps.empty());
 
-  SaidAtLast(Id::LoadRing, files / "demo_0001.bin");  // the old one has its place still
+  SaidAtLast(Id::LoadRing, files / "demo_0001.bin");  // the old one still has its room
   EXPECT_EQ(Melody(1), text);
   Open().Undo();
   EXPECT_EQ(Melody(1), "440:500 880:250 ");
@@ -201,7 +201,7 @@ TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   EXPECT_EQ(List().Selected(), 1u);
 }
 
-TEST_F(RingtoneTransferDesk, WhatDoesNotFitIsRefused) {
+TEST_F(RingtoneTransferDesk, FilesThatDoNotFitAreRefused) {
   List().Select(1);
   const auto said = [this](const std::string& bytes) {
     return SaidAtLast(Id::LoadRing, folder.Write("new.bin", bytes));
@@ -222,7 +222,7 @@ TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
             "!Error ! File \"" + PathText(files / "demo_NNNN.*") + "\" doesn't exist !");
   main->Run(Id::SaveMidi);
   EXPECT_EQ(Said(Id::SaveAllRing), "iRingtones were saved to" + At(files / "NNNN.xxx"));
-  EXPECT_EQ(FilesThere(), 3 * (List().RowCount() - 2) + 2);  // two are files already
+  EXPECT_EQ(FilesThere(), 3 * (List().RowCount() - 2) + 2);  // two are already files
 
   folder.Write("MIDI/demo_0001.bin", twoNotes);
   Alter("demo_0007.wav", 100);
@@ -242,18 +242,18 @@ TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
   ExpectOneStepBackToTheDemo();
 
   fs::remove_all(files);
-  WriteFile(files, "in the way of the folder");  // nothing is said
+  WriteFile(files, "in the way of the folder");  // nothing is reported
   for (const int id : {Id::SaveRing, Id::SaveAllRing}) EXPECT_EQ(Said(id), "");
 }
 
-// Two melodies of one place: a file of each, which cannot both be there.
+// Two melodies in the same place with a file each, which contradict each other.
 TEST_F(RingtoneTransferDesk, FilesThatContradictEachOther) {
   std::vector<std::uint8_t> bytes = DemoImage();
-  std::copy_n(bytes.begin() + 0x330004, 4, bytes.begin() + 0x33000C);  // 1 is where 0 is
+  std::copy_n(bytes.begin() + 0x330004, 4, bytes.begin() + 0x33000C);  // 1 shares the data of 0
   OpenBytes("shared.bin", bytes, ringtones);
   ASSERT_EQ(Cell(0, 4), Cell(1, 4));
   Said(Id::SaveAllRing);
-  Alter("shared_0000.bin", 0);  // the other one's file says what stands there
+  Alter("shared_0000.bin", 0);  // the other file matches the current data
   EXPECT_NE(Said(Id::LoadAllRing).find("fullflash: 1\nshared_0000.bin\n"), std::string::npos);
   EXPECT_EQ(Melody(0), Melody(1));
   Open().Undo();

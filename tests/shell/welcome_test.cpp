@@ -8,7 +8,7 @@ namespace {
 
 class WelcomeDesk : public Desk {
  protected:
-  // The button of this caption, resp. for this file, that can be seen; null where there is none.
+  // The visible button with this caption or for this file; null if there is none.
   [[nodiscard]] wxButton* Button(const std::string& text) const {
     return FirstIn<wxButton>(main->InfoText().Window(), [&](const wxButton& button) {
       return button.IsShownOnScreen() &&
@@ -21,7 +21,7 @@ class WelcomeDesk : public Desk {
   }
 };
 
-TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
+TEST_F(WelcomeDesk, IsShownUntilADumpIsOpen) {
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
   script.file = WriteDump("dump.bin");
   Click(*Button("Open"));
@@ -34,7 +34,7 @@ TEST_F(WelcomeDesk, StandsThereUntilADumpIsOpen) {
   EXPECT_NE(Button("Help"), nullptr);
 }
 
-TEST_F(WelcomeDesk, OffersWhatWasOpenedLast) {
+TEST_F(WelcomeDesk, OffersRecentFiles) {
   const auto first = WriteDump("first.bin");
   const auto second = WriteDump("A & B.bin");
   EXPECT_EQ(Button(PathText(first)), nullptr);
@@ -46,7 +46,7 @@ TEST_F(WelcomeDesk, OffersWhatWasOpenedLast) {
   EXPECT_EQ(Open().Path(), first);
 }
 
-TEST_F(WelcomeDesk, SpeaksTheLanguageThatIsChosen) {
+TEST_F(WelcomeDesk, FollowsTheChosenLanguage) {
   Choose(Id::FirstLanguage + 10);
   const Messages greek(*FindLanguage("GR"));
   for (const Text text : {Text::Open, Text::TryDemonstration, Text::Help})
@@ -58,7 +58,7 @@ TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
   const auto file = Demonstration("Tarvelo demo.bin");
   const std::string said =
       "i" + std::string(Messages().Msg(Text::DemonstrationSaved)) + "\n\n" + PathText(file);
-  for (int time = 0; time < 2; ++time) {  // the second time it lies there already
+  for (int time = 0; time < 2; ++time) {  // the second time it is already there
     Click(*Button(tryIt));
     EXPECT_EQ(script.TakeSaid(), said);
     EXPECT_EQ(Open().Path(), file);

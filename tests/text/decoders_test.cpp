@@ -9,8 +9,8 @@ namespace {
 
 using Data = std::vector<std::uint8_t>;
 
-// What a decoder made of some bytes, and where it left the offset. A fault that it passed on is
-// written as the text "fault".
+// The text that a decoder returned, and where it left the offset. A fault that it passed on is the text
+// "fault".
 struct Outcome {
   std::u16string text;
   Offset end;
@@ -39,7 +39,7 @@ TEST(GetStr, StopsAtZeroOneAndFF) {
   EXPECT_EQ(GetStr(Data{0x00, 0x41, 0x00}, 1), u"A");
 }
 
-TEST(GetStr, IsEmptyWhereItRunsPastTheEnd) {
+TEST(GetStr, IsEmptyIfItRunsPastTheEnd) {
   EXPECT_EQ(GetStr(Data{0x41, 0x42}, 0), u"");
   EXPECT_EQ(GetStr(Data{0x41, 0x00}, -1), u"");
 }
@@ -92,11 +92,11 @@ TEST(GetPDU, UnpacksSevenBits) {
   // "hellohello", as packed in short messages.
   const Data hello{10, 0xE8, 0x32, 0x9B, 0xFD, 0x46, 0x97, 0xD9, 0xEC, 0x37};
   EXPECT_EQ(Decode(GetPDU, hello), (Outcome{u"hellohello", 9}));
-  // A multiple of eight reads one byte behind the text and stays there.
+  // For a multiple of eight it reads one byte after the text and stays there.
   Data eight = hello;
   eight[0] = 8;
   EXPECT_EQ(Decode(GetPDU, eight), (Outcome{u"hellohel", 8}));
-  eight.resize(8);  // the seven packed bytes alone
+  eight.resize(8);  // only the seven packed bytes
   EXPECT_EQ(Decode(GetPDU, eight), (Outcome{u"fault", 8}));
   EXPECT_EQ(Decode(GetPDU, {1, 0x80}), (Outcome{std::u16string(1, u'\0'), 1}));
 }

@@ -30,7 +30,7 @@ TEST(Utf8, ReplacesUnpairedSurrogates) {
 TEST(Utf16, ReplacesWhatIsNotWellFormed) {
   EXPECT_EQ(ToUtf16("A\u0410\u4E00\U0001F4DE"), u"A\u0410\u4E00\U0001F4DE");
   EXPECT_EQ(ToUtf16("\x80"), u"\uFFFD");
-  EXPECT_EQ(ToUtf16("\xC1\x81"), u"\uFFFD\uFFFD");            // too long for its character
+  EXPECT_EQ(ToUtf16("\xC1\x81"), u"\uFFFD\uFFFD");            // overlong encoding
   EXPECT_EQ(ToUtf16("\xE2\x82"), u"\uFFFD\uFFFD");            // cut off
   EXPECT_EQ(ToUtf16("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");  // a surrogate
   EXPECT_EQ(ToUtf16("\xF5\x80\x80\x80"

@@ -1,5 +1,5 @@
-// The scans for tables and headers beside their plain definitions: every second position, one rule after
-// the other, with every kind of vector that this machine has.
+// Compares the scans for tables and headers with their plain definitions: every second position, rule by
+// rule, with every kind of vector unit that this machine has.
 #include <algorithm>
 #include <array>
 #include <random>
@@ -49,7 +49,7 @@ Offset PlainRingtoneTable(const Fullflash& image) {
   return -1;
 }
 
-// Bytes that tables and headers are made of, and now and then the start of one, whole or nearly.
+// Bytes common in tables and headers, and now and then the start of one, complete or nearly so.
 Data RandomImage(std::mt19937& random, std::size_t size, std::span<const std::uint8_t> start) {
   constexpr std::array<std::uint8_t, 12> usual{0, 0, 0, 1, 2, 4, 4, 5, 0x81, 0x34, 0xFF, 0x40};
   Data image(size);
@@ -64,7 +64,7 @@ Data RandomImage(std::mt19937& random, std::size_t size, std::span<const std::ui
 }
 
 TEST_P(ScanOracle, FindsPictures) {
-  // Two entries, the end of the table, and a header outside of it; the data is the image's last byte.
+  // Two entries, the end of the table, and a header outside it. Their data is the image's last byte.
   constexpr std::uint8_t start[] = {4, 4, 1, 0, 0xFF, 0x3F, 0xFF, 3, 9, 9, 1,    0, 0xFF, 0x3F, 0xFF, 3,
                                     8, 0, 0, 0, 0,    0,    0,    0, 9, 9, 0x81, 0, 0xFF, 0x3F, 0xFF, 3};
   std::mt19937 random(5);

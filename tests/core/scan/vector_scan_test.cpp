@@ -21,7 +21,7 @@ std::vector<Offset> Found(const Sieve& sieve, Bytes bytes, Offset from, Offset l
   return found;
 }
 
-// The definition: one position after the other, one byte after the other.
+// The definition: position by position, byte by byte.
 std::vector<Offset> Plain(int step, std::span<const Probe> probes, Bytes bytes, Offset from, Offset last) {
   std::vector<Offset> found;
   for (Offset p = from; p <= last; p += step)
@@ -50,7 +50,7 @@ TEST_P(SieveOnEachUnit, AgreesWithTheDefinition) {
                                   : random() % (1u << (8 * step - 1));
       probe.value = (dense ? 0 : random() % 3) & probe.mask;
     }
-    // In a buffer of exactly its size, at any alignment.
+    // In a buffer of exactly the right size, at any alignment.
     std::vector<std::uint8_t> buffer(44 + random() % 700);
     for (std::uint8_t& byte : buffer) byte = random() % (dense ? 50 : 2) == 0 ? random() % 3 : 0;
     const Bytes bytes = Bytes(buffer).subspan(random() % 40);
