@@ -4,7 +4,7 @@
 #include <optional>
 #include <span>
 
-#include "core/scan/vector_scan.h"
+#include "core/scan_run.h"
 #include "pictures/colours.h"
 #include "pictures/picture_data.h"
 
@@ -14,7 +14,6 @@ namespace {
 constexpr int mostTables = 99;
 constexpr Offset entrySize = 8;
 constexpr Offset nextTableWithin = 0x50000;
-constexpr Offset progressStep = 0x8000;
 
 // The first bytes of a table's first entry: width and height, the type with or without bit 7, then 0. Then
 // the 0 of the second entry.
@@ -58,13 +57,7 @@ class Search {
   // reports progress between them.
   template <typename Take>
   void EachMatch(std::span<const Probe> probes, Offset from, Offset last, Take take) {
-    const Sieve sieve(2, probes);
-    for (Offset p = from; p <= last;) {
-      progress_.At(p);
-      const Offset pieceEnd = std::min(last, (p / progressStep + 1) * progressStep - 2);
-      if (sieve.Each(image_.ff(), p, pieceEnd, take)) return;
-      p = pieceEnd + 2;
-    }
+    ScanWithProgress(image_.ff(), Sieve(2, probes), 2, from, last, progress_, take);
   }
 
   std::optional<Offset> FindTable(Offset from, Offset last) {

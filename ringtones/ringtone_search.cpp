@@ -4,7 +4,7 @@
 #include <array>
 #include <functional>
 
-#include "core/scan/vector_scan.h"
+#include "core/scan_run.h"
 #include "ringtones/melody.h"
 #include "ringtones/ringtone_length.h"
 
@@ -14,7 +14,6 @@ namespace {
 constexpr Offset entrySize = 8;
 constexpr int startEntries = 5;  // that identify a table, with the number of the next one
 constexpr std::uint8_t lastKind = 15;
-constexpr Offset progressStep = 0x8000;
 
 // The numbers of the second to the fifth entry. They are rarer in an image than the zeros of the first.
 constexpr Probe entryNumbers[] = {{.offset = 8, .value = 1},
@@ -38,16 +37,12 @@ class Search {
 
  private:
   std::optional<Offset> FindTable() {
-    const Sieve sieve(2, entryNumbers);
     const Offset last = end_ - startEntries * entrySize - 1;
     std::optional<Offset> found;
-    for (Offset piece = 0; piece <= last && !found; piece += progressStep) {
-      progress_.At(piece);
-      sieve.Each(image_.ff(), piece, std::min(last, piece + progressStep - 2), [&](Offset p) {
-        if (IsTable(p)) found = p;
-        return found.has_value();
-      });
-    }
+    ScanWithProgress(image_.ff(), Sieve(2, entryNumbers), 2, 0, last, progress_, [&](Offset p) {
+      if (IsTable(p)) found = p;
+      return found.has_value();
+    });
     return found;
   }
 

@@ -66,6 +66,8 @@ void ExplorerPanel::ShowList() {
   else
     listing_ = {{explorer_.captions(bench_.texts), 0, {}}, {}};
   List().SetRows(listing_.rows);
+  const bool isEmpty = found_ && listing_.rows.count == 0;
+  List().SetEmptyHint(isEmpty ? Wx(bench_.texts.Msg(Text::NothingFound)) : wxString());
 }
 
 void ExplorerPanel::Clear() {
@@ -80,6 +82,7 @@ void ExplorerPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
   listing_.rows.captions = explorer_.captions(messages);
   List().SetCaptions(listing_.rows.captions);
+  if (!List().EmptyHint().empty()) List().SetEmptyHint(Wx(messages.Msg(Text::NothingFound)));
 }
 
 std::optional<std::size_t> ExplorerPanel::ChosenRecord() const {

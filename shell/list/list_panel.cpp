@@ -58,7 +58,14 @@ std::vector<PanelCommand> ListPanel::CopyCommands() {
   return {
       {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "", [this] { CopyOffset_Click(); }, Chosen()},
       {Id::CopyAddress, Text::CopyAddress, Text::HelpCopyNumber, "", [this] { CopyAddress_Click(); },
-       Chosen()}};
+       Chosen()},
+      // The shortcut is the list's own: elsewhere in the panel it copies other things.
+      {.id = Id::CopyRows,
+       .caption = Text::CopyRows,
+       .help = Text::HelpCopyRows,
+       .run = [this] { list_->CopyRows(); },
+       .enabled = Chosen(),
+       .captionEnd = " (Ctrl+C)"}};
 }
 
 std::vector<PanelCommand> ListPanel::FindCommands(Text search) {

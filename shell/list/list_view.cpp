@@ -4,6 +4,7 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/srchctrl.h>
+#include <wx/stattext.h>
 
 #include <algorithm>
 #include <numeric>
@@ -77,6 +78,7 @@ class ListView::Model final : public wxDataViewVirtualListModel {
 ListView::ListView(wxWindow* parent)
     : wxPanel(parent),
       filterLine_(new wxSearchCtrl(this, wxID_ANY)),
+      emptyHint_(new wxStaticText(this, wxID_ANY, wxString())),
       control_(new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                   wxDV_MULTIPLE | wxDV_ROW_LINES | wxDV_VERT_RULES)),
       model_(new Model(*this)) {
@@ -86,7 +88,9 @@ ListView::ListView(wxWindow* parent)
   platform::LeaveSearchToMenus(*control_);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(filterLine_, 0, wxEXPAND | wxBOTTOM, FromDIP(4));
+  column->Add(emptyHint_, 0, wxALL, FromDIP(6));
   column->Add(control_, 1, wxEXPAND);
+  emptyHint_->Hide();
   SetSizer(column);
 
   filterLine_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Filter(Utf8(filterLine_->GetValue())); });
@@ -133,6 +137,16 @@ const Table::Row& ListView::Row(std::size_t row) const {
   if (!made_ || madeIndex_ != row) made_ = rows_.row(row);
   madeIndex_ = row;
   return *made_;
+}
+
+void ListView::SetEmptyHint(const wxString& hint) {
+  emptyHint_->SetLabelText(hint);
+  emptyHint_->Show(!hint.empty());
+  Layout();
+}
+
+wxString ListView::EmptyHint() const {
+  return emptyHint_->IsShown() ? emptyHint_->GetLabelText() : wxString();
 }
 
 void ListView::SetCaptions(std::vector<std::string> captions) {

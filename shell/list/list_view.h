@@ -12,6 +12,7 @@
 #include "core/table.h"
 
 class wxSearchCtrl;
+class wxStaticText;
 
 namespace tarvelo {
 
@@ -28,6 +29,10 @@ class ListView final : public wxPanel {
   void SetCaptions(std::vector<std::string> captions);
   // Shows the same rows in different words. Keeps the current row; resets order and filter.
   void Reword(TableRows rows);
+
+  // Shows a text above a list without rows; an empty text hides it.
+  void SetEmptyHint(const wxString& hint);
+  [[nodiscard]] wxString EmptyHint() const;
 
   // The number of columns, from the first on, that are coloured in a marked row. By default all of them.
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
@@ -88,6 +93,7 @@ class ListView final : public wxPanel {
   std::optional<unsigned> sortColumn_;
   bool descending_ = false;
   wxSearchCtrl* filterLine_;
+  wxStaticText* emptyHint_;
   wxDataViewCtrl* control_;
   wxObjectDataPtr<Model> model_;
 };

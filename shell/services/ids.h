@@ -49,6 +49,7 @@ enum : int {
   OpenHex,    // the data in the hex view
   CopyOffset,
   CopyAddress,
+  CopyRows,
   Find,
   FindMore,
   Next,

@@ -56,7 +56,8 @@ TEST_F(CompareDesk, ListsDifferencesWithTheirLabels) {
   EXPECT_EQ(Head(), "Compared with: " + PathText(folder / "second.bin"));
   EXPECT_EQ(Figures(), "Number of differences: 2    Number of differing bytes: 11");
   EXPECT_EQ(List().Selected(), 0u);
-  EXPECT_EQ(RowOf(List(), 0), "000700\t200:0700\t      9\tFFFFFFFFFFFFFFFF...\t0001020304050607...\terased\n");
+  EXPECT_EQ(RowOf(List(), 0),
+            "000700\t200:0700\t      9\tFFFFFFFFFFFFFFFF...\t0001020304050607...\terased\n");
   const std::string second = RowOf(List(), 1);
   EXPECT_EQ(second.substr(15, 9), "\t      4\t");
   EXPECT_TRUE(second.ends_with("\tEEPROM 5076\n")) << second;
