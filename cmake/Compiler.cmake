@@ -4,7 +4,7 @@ target_compile_options(tarvelo_compiler INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wcast-qual -Wimplicit-fallthrough
   -Wno-missing-field-initializers  # designated initialisers name the members that matter
   # false positives of GCC 12 inside its own headers at -O3
-  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-stringop-overflow>
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow>
   $<$<BOOL:${TARVELO_WERROR}>:-Werror>)
 if(TARVELO_SANITIZE)
   target_compile_options(tarvelo_compiler INTERFACE

@@ -34,11 +34,11 @@ void Add(std::vector<Change>& changes, const Fullflash& image, Offset offset, st
 
 }  // namespace
 
-void ImageEdits::Write(Fullflash& image, Offset offset, Bytes bytes) {
-  Write(image, std::vector{Change{offset, {}, {bytes.begin(), bytes.end()}}});
+bool ImageEdits::Write(Fullflash& image, Offset offset, Bytes bytes) {
+  return Write(image, std::vector{Change{offset, {}, {bytes.begin(), bytes.end()}}});
 }
 
-void ImageEdits::Write(Fullflash& image, std::span<const Change> changes) {
+bool ImageEdits::Write(Fullflash& image, std::span<const Change> changes) {
   for (const Change& wanted : changes) (void)image.Region(wanted.offset, wanted.Size());
   Step step;
   for (const Change& wanted : changes) {
@@ -48,10 +48,11 @@ void ImageEdits::Write(Fullflash& image, std::span<const Change> changes) {
     KeepOriginal(image, wanted.offset, wanted.Size());
     image.Write(wanted.offset, wanted.newBytes);
   }
-  if (step.empty()) return;
+  if (step.empty()) return false;
   steps_.resize(done_);
   steps_.push_back(std::move(step));
   ++done_;
+  return true;
 }
 
 std::optional<Region> ImageEdits::Undo(Fullflash& image) {

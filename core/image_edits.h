@@ -25,12 +25,12 @@ struct Change {
 
 class ImageEdits {
  public:
-  // Overwrites the bytes at an offset, as one step. If nothing changes, there is no step. Throws
-  // std::out_of_range, and writes nothing, unless all of the bytes are in the image.
-  void Write(Fullflash& image, Offset offset, Bytes bytes);
-  // Writes the new bytes of several changes as one step; ignores their old bytes. Throws std::out_of_range,
-  // and writes nothing, unless all of them are in the image.
-  void Write(Fullflash& image, std::span<const Change> changes);
+  // Overwrites the bytes at an offset, as one step. If nothing changes, there is no step, and the result is
+  // false. Throws std::out_of_range, and writes nothing, unless all of the bytes are in the image.
+  bool Write(Fullflash& image, Offset offset, Bytes bytes);
+  // Writes the new bytes of several changes as one step; ignores their old bytes. The result and
+  // what it throws are the same.
+  bool Write(Fullflash& image, std::span<const Change> changes);
 
   // Undoes the last step, or redoes the step last undone. Both return the region from the first to the last
   // changed byte, or nothing if there is no such step.

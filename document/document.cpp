@@ -40,13 +40,11 @@ std::filesystem::path Document::Beside(std::string_view ending) const {
 // --- edits ---
 
 void Document::Write(Offset offset, Bytes bytes) {
-  edits_.Write(dump_.image, offset, bytes);
-  Changed();
+  if (edits_.Write(dump_.image, offset, bytes)) Changed();
 }
 
 void Document::Write(std::span<const Change> changes) {
-  edits_.Write(dump_.image, changes);
-  Changed();
+  if (edits_.Write(dump_.image, changes)) Changed();
 }
 
 std::optional<Region> Document::Undo() {

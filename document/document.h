@@ -72,8 +72,8 @@ class Document {
   std::optional<Region> Redo();
   [[nodiscard]] const ImageEdits& Edits() const { return edits_; }
 
-  // Calls `changed` after each Write, and after each Undo or Redo that finds a step, as long as the result
-  // lives.
+  // Calls `changed` after each Write that changes a byte, and after each Undo or Redo that finds a step, as
+  // long as the result lives.
   using Watch = std::shared_ptr<const std::function<void()>>;
   [[nodiscard]] Watch OnChange(std::function<void()> changed);
 
