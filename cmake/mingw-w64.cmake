@@ -7,16 +7,16 @@ set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
 set(CMAKE_RC_COMPILER ${triple}-windres)
 
-# Programs come from the build machine; libraries and headers come only from the target, unless a find_* call
-# names another place.
+# Programs come from the build machine; libraries and headers only from the target, or from where
+# a find_* call is told to look.
 set(CMAKE_FIND_ROOT_PATH /usr/${triple} $ENV{TARVELO_WX})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# A single file without DLLs: the C++ runtime and the thread library are linked in.
+# One file, no DLL beside it: the C++ runtime and the thread library are linked in.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 
-# try_run and ctest run Windows programs under Wine.
+# find_* and try_run under Wine, ctest too.
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/wine-run)
