@@ -44,7 +44,7 @@ class ExplorerPanel : public ListPanel {
     std::vector<PanelCommand> files;      // a separate group
     std::vector<PanelCommand> last;       // after all others
     int defaultId = 0;                    // run by a double click; 0: OpenData
-    Text search = Text::AskSearchString;  // the caption of Find
+    Text search = Text::Search;  // the caption of Find
   };
   [[nodiscard]] virtual OwnCommands Own() { return {}; }
 
