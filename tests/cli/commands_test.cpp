@@ -112,6 +112,24 @@ TEST_F(CommandLine, DecodePrintsUnitsTextAndEnd) {
             "{\"units\":[65],\"text\":\"A\",\"end\":2,\"fault\":false}\n");
 }
 
+TEST_F(CommandLine, DecodePrintsLongTextsAndEscapes) {
+  // A pair of surrogates around unit 0x1000, where a piece of the output would end.
+  ImageBuilder builder(0x4000);
+  std::string units, text;
+  for (std::size_t i = 0; i < 0xFFF; ++i) {
+    builder.Word(2 * i, 'A');
+    units += "65,";
+    text += 'A';
+  }
+  std::size_t at = 2 * 0xFFF;
+  for (const std::uint16_t unit : {0xD83D, 0xDE00, 0xD83D, 0x22, 0x5C, 0x0A, 0x01, 0x7F})
+    at = builder.Word(at, unit);
+  const std::string file = PathText(folder.Write("units.bin", std::move(builder).Take()));
+  EXPECT_EQ(Call({"decode", "GetUniFF", file, "0"}).out,
+            "{\"units\":[" + units + "55357,56832,55357,34,92,10,1,127],\"text\":\"" + text +
+                "\U0001F600\uFFFD\\\"\\\\\\n\\u0001\x7F\",\"end\":8206,\"fault\":false}\n");
+}
+
 TEST_F(CommandLine, DecodePrintsAFaultAndEndsWithFour) {
   const Result past = Call({"decode", "GetUniFF", dump, "100000"});
   EXPECT_EQ(past.out, "{\"units\":[],\"text\":\"\",\"end\":1048576,\"fault\":true}\n");
