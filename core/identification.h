@@ -47,7 +47,7 @@ struct Identification {
   // The empty 64 KiB blocks: ", 12 - 1F, 40", block numbers in hexadecimal, each run after ", ".
   std::string EmptyBlocks;
 
-  // The summary for status panel 2: "C55 v24 header text T9lg4".
+  // The summary for status panel 2: "C55 v24 header text T9lg4", with a dot for each control character.
   [[nodiscard]] std::string StatusText() const;
 };
 

@@ -5,6 +5,7 @@
 
 #include "core/notation.h"
 #include "resources/texts.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
@@ -33,8 +34,8 @@ std::string Summary(std::string_view path, const Fullflash& image, const Identif
   line(Text::SizeLabel, Hex(size) + " = " + Mebibytes(size) + "M = " + std::to_string(size));
   line(Text::LoadingBaseLabel, Hex(image.LoadBase()));
   if (image.CorrBase() != image.LoadBase()) line(Text::CorrectedBaseLabel, Hex(image.CorrBase()));
-  line(Text::MobileLabel, info.Model);
-  line(Text::FirmwareLabel, info.version + " " + info.headerText);
+  line(Text::MobileLabel, WithDots(info.Model));
+  line(Text::FirmwareLabel, " " + info.version + " " + WithDots(info.headerText));
   if (!info.buildDate.empty()) line(Text::AssemblingDateLabel, info.buildDate);
   line(Text::EmptyBlocksLabel, info.EmptyBlocks);
   if (info.t9) {

@@ -56,6 +56,27 @@ TEST_F(CommandLine, InfoPrintsSummariesInOrder) {
   EXPECT_EQ(Call({"info", dump, "--language", "ru"}).out, Call({"--language", "RU", "info", dump}).out);
 }
 
+TEST_F(CommandLine, InfoKeepsControlCharactersInJsonOnly) {
+  ImageBuilder builder(0x100000);
+  PutHeader(builder, "C55");
+  builder.Text(0x7FF60, "\x1B[31m");
+  const std::string file = PathText(folder.Write("control.bin", std::move(builder).Take()));
+  EXPECT_NE(Call({"info", "--json", file}).out.find("\"header_text\":\"\\u001b[31m\""), std::string::npos);
+  EXPECT_NE(Call({"info", file}).out.find("Firmware 24 .[31m\n"), std::string::npos);
+}
+
+TEST_F(CommandLine, InfoDescribesTheT9Area) {
+  ImageBuilder builder(0x100000);
+  builder.Fill(0x20000, 0x8000, 0x11);
+  builder.DWord(builder.Text(0x20000, "T9") + 1, 0x6000);
+  builder.Byte(0x20008, 3);
+  const std::string file = PathText(folder.Write("t9.bin", std::move(builder).Take()));
+  EXPECT_NE(Call({"info", "--json", file})
+                .out.find("\"t9\":{\"base\":131072,\"size\":24576,\"full\":65536,\"free\":163840,"
+                          "\"empty\":32768,\"languages\":3}"),
+            std::string::npos);
+}
+
 TEST_F(CommandLine, InfoGoesOnAfterAFileThatFails) {
   const Result result = Call({"info", missing, dump, "--json"});
   ExpectDiagnosis(result, fileTrouble, missing);
