@@ -37,7 +37,7 @@ struct T9Area {
 [[nodiscard]] int FamilyOf(std::string_view model);
 
 struct Identification {
-  std::string Model;                   // empty without a signature
+  std::string Model;                   // empty without a signature; Document::Find may fill it
   int Family = 7;                      // FamilyOf(Model)
   std::optional<std::int32_t> SigPos;  // offset of the firmware header
   std::string version;                 // the version byte in two hexadecimal digits, or empty
