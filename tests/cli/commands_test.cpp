@@ -210,6 +210,10 @@ TEST_F(CommandLine, ListsTheDemonstrationsBlocksAndPictures) {
   const Result raw = Call({"export", "ringtones", demo, "--number", "0x2"});
   EXPECT_EQ(raw.out, PathText(folder / "MIDI" / "demo_0002.bin") + "\n");
   EXPECT_EQ(Lines(Call({"export", "ringtones", demo, "--format", "midi"}).out), 15);  // all but the WAVE file
+  EXPECT_EQ(Call({"export", "ringtones", demo, "--number", "0", "--format", "midi"}).status, done);
+  const Result wave = Call({"export", "ringtones", demo, "--number", "7", "--format", "midi"});
+  EXPECT_EQ(wave.status, nothingFound);  // it is a WAVE file
+  EXPECT_EQ(wave.out, "");
   EXPECT_GT(Lines(first.out), 200);
   EXPECT_EQ(Lines(Call({"export", "pictures", demo}).out), Lines(first.out));
   EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));
