@@ -10,13 +10,20 @@
 namespace tarvelo {
 namespace {
 
-// A number of MiB with as many digits as it needs ("8", "1.5"), in every locale.
+// A number of MiB with as many digits as it needs ("8", "1.5"), 15 at most, in every locale. Never has an
+// exponent.
 std::string Mebibytes(std::size_t size) {
-  std::array<char, 32> buffer;
-  const auto [end, error] =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<double>(size) / 1024 / 1024,
-                    std::chars_format::general, 15);
-  return {buffer.data(), end};
+  const double mebibytes = static_cast<double>(size) / 1024 / 1024;
+  int decimals = 14;
+  for (double rest = mebibytes; rest >= 10; rest /= 10) --decimals;
+  for (double rest = mebibytes; rest > 0 && rest < 1; rest *= 10) ++decimals;
+  std::array<char, 40> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), mebibytes,
+                                          std::chars_format::fixed, decimals);
+  std::string text(buffer.data(), end);
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return text;
 }
 
 std::string HexAndDecimal(std::int64_t value) { return Hex(value) + " = " + std::to_string(value); }

@@ -67,7 +67,6 @@ TEST(Summary, SpeaksTheLanguageAndShowsALargeBase) {
   const std::string text = SummaryOf(ImageBuilder(0x1000001), Messages(*FindLanguage("DE")));
   EXPECT_NE(text.find(": A0000000\n"), std::string::npos) << text;
   EXPECT_EQ(text.find("Loading"), std::string::npos) << text;
-  EXPECT_NE(text.find("16.0000009536743M"), std::string::npos) << text;
 }
 
 }  // namespace
