@@ -117,6 +117,11 @@ TEST_F(PatchCommands, NothingIsWrittenIfALineDoesNotFit) {
   EXPECT_EQ(ReadAll(made), ReadAll(other).replace(0x10, 2, "\x03\x04"));
 
   RemoveFile(made);
+  for (const char* unfit : {"rubbish\n", "20: 01 02\n", "100000: 00 01\n"}) {  // one line alone
+    folder.Write("a.qpt", "10: 0102 0304\n" + std::string(unfit));
+    EXPECT_EQ(Apply(other), scanFault) << unfit;
+    EXPECT_FALSE(FileExist(made)) << unfit;
+  }
   folder.Write("a.qpt", std::string("10: 0A0B 0304\n"));
   EXPECT_EQ(Apply(other, {"--force"}), nothingFound);
   EXPECT_FALSE(FileExist(made));
