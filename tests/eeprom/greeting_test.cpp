@@ -45,6 +45,7 @@ TEST(Greeting, IsTheLastLiveBlock) {
   PutBlock(image, 0x1018, deletedBlockState, 5076, 0x90008, 4);
   PutBlock(image, 0x1024, liveBlockState, 5077, 0x90008, 4);
   EXPECT_EQ(ModelOf(image), "NEW");
+  image.Data(size - 3, Data{'N', 'E', 'W'});
   PutBlock(image, 0x100C, liveBlockState, 5076, size - 3, 4);  // not wholly in the image
   EXPECT_EQ(ModelOf(image), "");
   EXPECT_EQ(ModelOf(ImageBuilder(size)), "");

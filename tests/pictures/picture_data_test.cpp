@@ -144,9 +144,9 @@ TEST(ShowP, DrawsEveryLevelOfEachColour) {
 }
 
 TEST(ShowP, DrawsMonochromeRuns) {
-  // Two of background, an empty run of each kind, one of ink, seven single pixels: 1 0 0 1 1 0 1.
-  EXPECT_EQ(Draw({0x82, 0x80, 0xC0, 0xC1, 0x4D}, Make(10, 1, 0x81)),
-            (std::vector{tone, tone, black, black, tone, tone, black, black, tone, black}));
+  // One of background, an empty run of each kind, two of ink, seven single pixels: 1 0 0 1 1 0 1.
+  EXPECT_EQ(Draw({0x81, 0x80, 0xC0, 0xC2, 0x4D}, Make(10, 1, 0x81)),
+            (std::vector{tone, black, black, black, tone, tone, black, black, tone, black}));
   const Data longest{0xBF, 0xFF, 0x00};  // 63 of background, 63 of ink
   const std::vector<Colour> drawn = Draw(longest, Make(127, 1, 0x81));
   EXPECT_EQ(std::ranges::count(drawn, black), 63);

@@ -63,13 +63,17 @@ TEST(PictureRows, CutNumbersOnTheLeft) {
   EXPECT_EQ(list.pictures[0].PlainSize(), 129540);
 }
 
-TEST(GetP, ListsPicturesOfWidth254) {
+TEST(GetP, ListsTheLargestAndSmallestPictures) {
   ImageBuilder builder(size);
-  Entry(builder, Entry(builder, Entry(builder, 0x1000, 4, 4, 1), 254, 255, 8), 255, 8, 8);
+  std::size_t at = Entry(builder, 0x1000, 4, 4, 1);
+  at = Entry(builder, at, 254, 255, 8);
+  at = Entry(builder, at, 0, 1, 8);
+  Entry(builder, at, 255, 8, 8);
   const PictureList list = Find(builder);
-  ASSERT_EQ(list.pictures.size(), 2u);
+  ASSERT_EQ(list.pictures.size(), 3u);
   EXPECT_EQ(list.pictures[1].width, 254);
   EXPECT_EQ(list.pictures[1].size, 129540);
+  EXPECT_EQ(list.pictures[2].height, 1);
 }
 
 TEST(GetP, EndsATableByEachRule) {
