@@ -2,6 +2,7 @@
 #include <array>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 #include "cli/files.h"
 #include "cli/numbers.h"
@@ -41,34 +42,23 @@ constexpr std::array codecs{
 
 // The result of a decoder. `end` is its offset or cursor afterwards.
 struct Result {
-  Json value;
+  std::u16string text;
+  std::optional<std::uint16_t> number;  // of WordA
   Offset end = 0;
   std::optional<std::string> fault;
 };
-
-void DecodeText(const DecodeArguments& arguments, Decoder decode, Bytes bytes, Result& result) {
-  result.value["units"] = Json::array();
-  result.value["text"] = "";
-  const std::u16string text = decode(bytes, result.end, ParseDecimal("--width", arguments.width));
-  result.value["units"] = Json(std::vector<unsigned>(text.begin(), text.end()));
-  result.value["text"] = ToUtf8(text);
-}
 
 Result DecodeAt(const DecodeArguments& arguments, const Codec& codec, Bytes bytes, Offset offset) {
   Result result;
   result.end = offset;
   try {
-    if (codec.decode) {
-      DecodeText(arguments, codec.decode, bytes, result);
-    } else {
-      result.value["value"] = nullptr;
-      result.value["value"] = WordA(bytes, offset);
-    }
+    if (codec.decode)
+      result.text = codec.decode(bytes, result.end, ParseDecimal("--width", arguments.width));
+    else
+      result.number = WordA(bytes, offset);
   } catch (const std::out_of_range& fault) {
     result.fault = fault.what();
   }
-  result.value["end"] = result.end;
-  result.value["fault"] = result.fault.has_value();
   return result;
 }
 
@@ -79,9 +69,58 @@ FileBytes ReadAddressBook(const std::string& file, Context& context) {
   return bytes;
 }
 
-Result DecodeFile(const DecodeArguments& arguments, Context& context) {
+// --- printing; a text may be as long as the image and is never copied whole ---
+
+// Calls take(piece) for pieces of a text that keep surrogate pairs together.
+template <typename Take>
+void EachPiece(std::u16string_view text, Take take) {
+  constexpr std::size_t longest = 0x1000;
+  while (!text.empty()) {
+    std::size_t length = std::min(longest, text.size());
+    const bool isPairCut = length < text.size() && text[length - 1] >= 0xD800 && text[length - 1] < 0xDC00;
+    if (isPairCut) --length;
+    take(text.substr(0, length));
+    text.remove_prefix(length);
+  }
+}
+
+void PrintUnits(std::u16string_view text, Context& context) {
+  bool isFirst = true;
+  EachPiece(text, [&](std::u16string_view piece) {
+    std::string numbers;
+    for (const char16_t unit : piece) {
+      if (!std::exchange(isFirst, false)) numbers += ',';
+      numbers += std::to_string(+unit);
+    }
+    PrintPiece(numbers, context);
+  });
+}
+
+void PrintText(std::u16string_view text, Context& context) {
+  EachPiece(text, [&](std::u16string_view piece) {
+    const std::string quoted = Json(ToUtf8(piece)).dump();
+    PrintPiece(std::string_view(quoted).substr(1, quoted.size() - 2), context);
+  });
+}
+
+void PrintResult(const Result& result, bool isText, Context& context) {
+  if (isText) {
+    PrintPiece("{\"units\":[", context);
+    PrintUnits(result.text, context);
+    PrintPiece("],\"text\":\"", context);
+    PrintText(result.text, context);
+    PrintPiece("\"", context);
+  } else {
+    PrintPiece("{\"value\":" + (result.number ? std::to_string(*result.number) : "null"), context);
+  }
+  PrintPiece(",\"end\":" + std::to_string(result.end), context);
+  PrintPiece(result.fault ? ",\"fault\":true}\n" : ",\"fault\":false}\n", context);
+}
+
+// --- files ---
+
+Result DecodeFile(const DecodeArguments& arguments, const Codec& codec, Context& context) {
   const Offset offset = ParseHex("OFFSET", arguments.offset);
-  const Codec& codec = *std::ranges::find(codecs, arguments.codec, &Codec::name);
   if (!codec.isOfBook)
     return DecodeAt(arguments, codec, ReadImage(arguments.file, context.progress).ff(), offset);
   const FileBytes book = ReadAddressBook(arguments.file, context);
@@ -98,8 +137,9 @@ std::vector<std::string> Codecs() {
 
 void Decode(const DecodeArguments& arguments, Context& context) {
   if (arguments.offset.empty()) throw WrongArguments("OFFSET: a number is needed");
-  const Result result = DecodeFile(arguments, context);
-  context.out << JsonLine(result.value);
+  const Codec& codec = *std::ranges::find(codecs, arguments.codec, &Codec::name);
+  const Result result = DecodeFile(arguments, codec, context);
+  PrintResult(result, codec.decode != nullptr, context);
   if (result.fault) throw ScanFault(arguments.file, *result.fault);
 }
 

@@ -21,10 +21,19 @@ struct Pair {
 
   [[nodiscard]] const char* Longer() const { return comparison.restOfOld > 0 ? "FILE" : "OTHER"; }
   [[nodiscard]] Offset Rest() const { return comparison.restOfOld + comparison.restOfNew; }
+  [[nodiscard]] bool IsRestInFront() const { return comparison.start > 0 || comparison.shift > 0; }
+  // The first byte of the rest, as an offset of the first dump: below 0 if only the other one has it.
+  [[nodiscard]] Offset RestStart() const {
+    return IsRestInFront() ? -comparison.restOfNew : comparison.common;
+  }
 };
 
+std::string SignedAddress(Offset offset) {
+  return offset < 0 ? "-" + PatchAddress(-offset) : PatchAddress(offset);
+}
+
 std::string Place(const Pair& pair, Offset offset, Offset size) {
-  return PatchAddress(offset) + "\t" + PatchAddress(pair.one.image.PhoneAddress(offset)) + "\t" +
+  return SignedAddress(offset) + "\t" + PatchAddress(pair.one.image.PhoneAddress(offset)) + "\t" +
          std::to_string(size);
 }
 
@@ -36,7 +45,7 @@ void PrintDifferences(const Pair& pair, bool json, std::ostream& out) {
   constexpr std::size_t most = differenceBytesShown;
   for (const auto& [offset, size] : pair.comparison.differences) {
     const Bytes from = pair.one.image.Region(offset, size);
-    const Bytes to = pair.other.Region(offset, size);
+    const Bytes to = pair.other.Region(offset + pair.comparison.shift, size);
     if (json) {
       Json object = PlaceJson(pair, offset, size);
       object["old"] = HexOfBytes(from.first(std::min(most, from.size())));
@@ -51,13 +60,13 @@ void PrintDifferences(const Pair& pair, bool json, std::ostream& out) {
 
 void PrintRest(const Pair& pair, bool json, std::ostream& out) {
   if (pair.comparison.SameLength()) return;
-  const Offset end = pair.comparison.common;
+  const Offset start = pair.RestStart();
   if (json) {
-    Json object = PlaceJson(pair, end, pair.Rest());
+    Json object = PlaceJson(pair, start, pair.Rest());
     object["only"] = pair.Longer();
     out << JsonLine(object);
   } else {
-    out << Place(pair, end, pair.Rest()) << "\tonly in " << pair.Longer() << '\n';
+    out << Place(pair, start, pair.Rest()) << "\tonly in " << pair.Longer() << '\n';
   }
 }
 
@@ -66,9 +75,9 @@ void WritePatch(const DiffArguments& arguments, const Pair& pair, Context& conte
   const std::vector<Difference>& differences = pair.comparison.differences;
   const std::string name = PathText(PathOf(arguments.other).filename());
   const std::string document =
-      differences.empty()
-          ? std::string()
-          : PatchBlock(Printable(name), PatchLines(pair.one.image.ff(), pair.other.ff(), differences));
+      differences.empty() ? std::string()
+                          : PatchBlock(Printable(name), PatchLines(pair.one.image.ff(), pair.other.ff(),
+                                                                   differences, pair.comparison.shift));
   ReplaceFile(PathOf(*arguments.patch), PatchFile(pair.one.info.StatusText(), document));
   if (!pair.comparison.SameLength())
     context.err << PrintableLine(*arguments.patch) << ": the bytes that are only in " << pair.Longer()
@@ -81,10 +90,12 @@ void Diff(const DiffArguments& arguments, Context& context) {
   if (arguments.patch) CheckOutput("--patch", *arguments.patch, {arguments.file, arguments.other});
   RefuseStandardInput(arguments.other);
   Pair pair{OpenDump(arguments.file, context.progress), ReadImage(arguments.other, context.progress), {}};
-  pair.comparison = Compare(pair.one.image.ff(), pair.other.ff());
+  const Offset shift = arguments.fromStart ? 0 : AddressShift(pair.one.image, pair.other);
+  pair.comparison = Compare(pair.one.image.ff(), pair.other.ff(), usualGap, shift);
   if (arguments.patch) WritePatch(arguments, pair, context);
+  if (pair.IsRestInFront()) PrintRest(pair, arguments.json, context.out);
   PrintDifferences(pair, arguments.json, context.out);
-  PrintRest(pair, arguments.json, context.out);
+  if (!pair.IsRestInFront()) PrintRest(pair, arguments.json, context.out);
   if (!pair.comparison.Same()) return;
   context.err << PrintableLine(arguments.other) << ": it is the same as " << PrintableLine(arguments.file)
               << '\n';

@@ -43,6 +43,7 @@ void Report(const Item& item, const Exported& exported, bool asJson, Context& co
   }
   const std::string path = Printable(PathText(*exported.file));
   context.out << (asJson ? JsonOf(item, path) : path + '\n');
+  context.status = done;
 }
 
 }  // namespace
@@ -59,7 +60,6 @@ void Export(const ExportArguments& arguments, Context& context) {
     if (number && static_cast<std::uint32_t>(item.number) != *number) continue;
     if (!arguments.deleted && (item.isDeleted || !item.isCurrent)) continue;
     Report(item, write(record), arguments.json, context);
-    context.status = done;
   }
 }
 

@@ -123,6 +123,8 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
       .Needs("FILE", &DiffArguments::file, "Dump")
       .Needs("OTHER", &DiffArguments::other, "Dump to compare it with")
       .Flag("--json", &DiffArguments::json, "One JSON object a difference and line")
+      .Flag("--from-start", &DiffArguments::fromStart,
+            "Compare from the first byte of each on, not by phone address")
       .Takes("--patch", &DiffArguments::patch, "Write the patch that makes OTHER of FILE");
   Subcommand(app, "apply", "Apply a patch file to a copy of a dump", Apply, chosen)
       .Needs("FILE", &ApplyArguments::file, "Dump")

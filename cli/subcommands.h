@@ -54,6 +54,7 @@ struct DiffArguments {
   std::string file;
   std::string other;
   bool json = false;
+  bool fromStart = false;
   std::optional<std::string> patch;
 };
 void Diff(const DiffArguments& arguments, Context& context);

@@ -99,6 +99,9 @@ struct Explorer {
   Item (*item)(const Findings& found, std::size_t record);
   bool hasDeleted = false;  // whether records of deleted things can occur
 
+  // The model that the records name, for dumps whose firmware header names none; empty: none.
+  std::string (*model)(const Dump& dump, const Findings& found) = nullptr;
+
   // --- how it is shown
   std::vector<std::string> (*captions)(const Messages& messages);
   // One row per record, in the same order. Rows of deleted things are marked. The dump must outlive the rows.

@@ -117,7 +117,10 @@ int FamilyOf(std::string_view model) {
 
 std::string Identification::StatusText() const {
   std::string text;
-  if (SigPos) text = Model + " v" + version + " " + headerText;
+  if (SigPos)
+    text = WithDots(Model + " v" + version + " " + headerText);
+  else
+    text = WithDots(Model);
   if (t9) text += " T9lg" + std::to_string(t9->languages);
   return text;
 }

@@ -37,7 +37,7 @@ struct T9Area {
 [[nodiscard]] int FamilyOf(std::string_view model);
 
 struct Identification {
-  std::string Model;                   // empty without a signature
+  std::string Model;                   // empty without a signature; Document::Find may fill it
   int Family = 7;                      // FamilyOf(Model)
   std::optional<std::int32_t> SigPos;  // offset of the firmware header
   std::string version;                 // the version byte in two hexadecimal digits, or empty
@@ -47,7 +47,7 @@ struct Identification {
   // The empty 64 KiB blocks: ", 12 - 1F, 40", block numbers in hexadecimal, each run after ", ".
   std::string EmptyBlocks;
 
-  // The summary for status panel 2: "C55 v24 header text T9lg4".
+  // The summary for status panel 2: "C55 v24 header text T9lg4", with a dot for each control character.
   [[nodiscard]] std::string StatusText() const;
 };
 

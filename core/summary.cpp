@@ -5,17 +5,25 @@
 
 #include "core/notation.h"
 #include "resources/texts.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
 
-// A number of MiB with as many digits as it needs ("8", "1.5"), in every locale.
+// A number of MiB with as many digits as it needs ("8", "1.5"), 15 at most, in every locale. Never has an
+// exponent.
 std::string Mebibytes(std::size_t size) {
-  std::array<char, 32> buffer;
-  const auto [end, error] =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<double>(size) / 1024 / 1024,
-                    std::chars_format::general, 15);
-  return {buffer.data(), end};
+  const double mebibytes = static_cast<double>(size) / 1024 / 1024;
+  int decimals = 14;
+  for (double rest = mebibytes; rest >= 10; rest /= 10) --decimals;
+  for (double rest = mebibytes; rest > 0 && rest < 1; rest *= 10) ++decimals;
+  std::array<char, 40> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), mebibytes,
+                                          std::chars_format::fixed, decimals);
+  std::string text(buffer.data(), end);
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return text;
 }
 
 std::string HexAndDecimal(std::int64_t value) { return Hex(value) + " = " + std::to_string(value); }
@@ -33,8 +41,8 @@ std::string Summary(std::string_view path, const Fullflash& image, const Identif
   line(Text::SizeLabel, Hex(size) + " = " + Mebibytes(size) + "M = " + std::to_string(size));
   line(Text::LoadingBaseLabel, Hex(image.LoadBase()));
   if (image.CorrBase() != image.LoadBase()) line(Text::CorrectedBaseLabel, Hex(image.CorrBase()));
-  line(Text::MobileLabel, info.Model);
-  line(Text::FirmwareLabel, info.version + " " + info.headerText);
+  line(Text::MobileLabel, WithDots(info.Model));
+  line(Text::FirmwareLabel, " " + info.version + " " + WithDots(info.headerText));
   if (!info.buildDate.empty()) line(Text::AssemblingDateLabel, info.buildDate);
   line(Text::EmptyBlocksLabel, info.EmptyBlocks);
   if (info.t9) {

@@ -9,7 +9,7 @@
 namespace tarvelo {
 
 TableRows DifferenceRows(const Fullflash& image, Bytes other, std::span<const Difference> differences,
-                         const DumpMap* map, const Messages& messages) {
+                         const DumpMap* map, const Messages& messages, Offset shift) {
   const std::size_t width = std::to_string(image.ff().size()).size();
   return {Captions(messages, {Text::ColumnOffset, Text::ColumnAddress, Text::ColumnLength, Text::ColumnOld,
                               Text::ColumnNew, Text::ColumnWhatLiesThere}),
@@ -17,7 +17,7 @@ TableRows DifferenceRows(const Fullflash& image, Bytes other, std::span<const Di
             const auto& [offset, size] = differences[row];
             return {{OffsetText(image, offset), AddressText(image, offset), WholeDecimal(size, width),
                      FirstBytes(image.Region(offset, size), differenceBytesShown),
-                     FirstBytes(RegionOf(other, differences[row]), differenceBytesShown),
+                     FirstBytes(RegionOf(other, differences[row], shift), differenceBytesShown),
                      map ? LabelOf(*map, offset, size, messages) : std::string()}};
           }};
 }

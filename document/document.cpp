@@ -83,7 +83,9 @@ void Document::Forget() {
 const Findings& Document::Find(const Explorer& explorer, Progress& progress) {
   const auto known = found_.find(&explorer);
   if (known != found_.end()) return known->second;
-  return found_.emplace(&explorer, explorer.search(dump_, progress)).first->second;
+  const Findings& found = found_.emplace(&explorer, explorer.search(dump_, progress)).first->second;
+  if (explorer.model && dump_.info.Model.empty()) dump_.info.Model = explorer.model(dump_, found);
+  return found;
 }
 
 const Findings* Document::Known(const Explorer& explorer) const {

@@ -79,7 +79,8 @@ class Document {
 
   // --- its findings ---
 
-  // An explorer's findings in the current image. Throws what its search throws.
+  // An explorer's findings in the current image. Throws what its search throws. If the model is unknown and
+  // the findings name one (Explorer::model), it becomes the model of Info(), until the dump is closed.
   const Findings& Find(const Explorer& explorer, Progress& progress);
   // The findings if they are already known; null if no search was made since the last change.
   [[nodiscard]] const Findings* Known(const Explorer& explorer) const;

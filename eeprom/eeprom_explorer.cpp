@@ -3,6 +3,7 @@
 #include "eeprom/block_files.h"
 #include "eeprom/block_report.h"
 #include "eeprom/block_table.h"
+#include "eeprom/greeting.h"
 
 namespace tarvelo {
 namespace {
@@ -23,6 +24,10 @@ std::string UsersDescriptions(const std::filesystem::path& folder) try {
 Findings Search(const Dump& dump, Progress& progress) {
   return Findings(EepromFindings{GetEE(dump.image, dump.info.Model, progress),
                                  GetDescriptions(UsersDescriptions(dump.usersFolder))});
+}
+
+std::string ModelOf(const Dump& dump, const Findings& found) {
+  return GreetingModel(dump.image, StoreOf(found));
 }
 
 std::size_t Count(const Findings& found) { return StoreOf(found).records.size(); }
@@ -96,6 +101,7 @@ constinit const Explorer eepromExplorer{
     .count = Count,
     .item = ItemOf,
     .hasDeleted = true,
+    .model = ModelOf,
     .captions = BlockCaptions,
     .rows = Rows,
     .searchedColumn = 1,

@@ -2,6 +2,7 @@
 #include "core/identification.h"
 #include "eeprom/block_report.h"
 #include "eeprom/block_store.h"
+#include "eeprom/greeting.h"
 #include "fuzz/target.h"
 #include "text/unicode.h"
 
@@ -63,6 +64,9 @@ void Explore(const Fullflash& image, std::string_view model) try {
   CheckRecords(store, image);
   Check((EnabledViewers({}, store.viewers) == store.viewers), "a first scan enables what it found");
   ReportAll(store, image);
+  const std::string greeting = GreetingModel(image, store);
+  Check(greeting.find(' ') == greeting.npos && greeting == WithDots(greeting),
+        "a model is one printable word");
 } catch (const std::length_error&) {
   // more blocks than the directory holds
 }

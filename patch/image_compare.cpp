@@ -48,36 +48,44 @@ void JoinAcross(std::vector<Difference>& differences, Offset gap) {
 
 }  // namespace
 
-Bytes RegionOf(Bytes bytes, const Difference& difference) {
+Bytes RegionOf(Bytes bytes, const Difference& difference, Offset shift) {
   const auto size = static_cast<Offset>(bytes.size());
-  if (difference.offset < 0 || difference.size < 0 || difference.offset > size - difference.size)
-    ThrowPastEnd(difference.offset + difference.size);
-  return bytes.subspan(static_cast<std::size_t>(difference.offset),
-                       static_cast<std::size_t>(difference.size));
+  const Offset offset = difference.offset + shift;
+  if (offset < 0 || difference.size < 0 || offset > size - difference.size)
+    ThrowPastEnd(offset + difference.size);
+  return bytes.subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(difference.size));
 }
 
-Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap) {
-  const std::size_t common = std::min(oldBytes.size(), newBytes.size());
+Offset AddressShift(const Fullflash& one, const Fullflash& other) {
+  return one.PageMode() == other.PageMode() ? Offset{one.LoadBase()} - other.LoadBase() : 0;
+}
+
+Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap, Offset shift) {
   Comparison comparison;
-  comparison.common = static_cast<Offset>(common);
-  comparison.restOfOld = static_cast<Offset>(oldBytes.size() - common);
-  comparison.restOfNew = static_cast<Offset>(newBytes.size() - common);
-  const std::uint8_t* const a = oldBytes.data();
-  const std::uint8_t* const b = newBytes.data();
+  comparison.shift = shift;
+  comparison.start = std::clamp<Offset>(-shift, 0, std::ssize(oldBytes));
+  const Offset startInNew = std::clamp<Offset>(shift, 0, std::ssize(newBytes));
+  comparison.common = std::min(std::ssize(oldBytes) - comparison.start, std::ssize(newBytes) - startInNew);
+  comparison.restOfOld = std::ssize(oldBytes) - comparison.common;
+  comparison.restOfNew = std::ssize(newBytes) - comparison.common;
+  const std::uint8_t* const a = oldBytes.data() + comparison.start;
+  const std::uint8_t* const b = newBytes.data() + startInNew;
+  const auto common = static_cast<std::size_t>(comparison.common);
   const auto most = static_cast<std::size_t>(std::max<Offset>(gap, 0));
   for (std::size_t at = 0; (at = NextDifference(a, b, at, common)) < common;) {
     const std::size_t behind = EndOfDifference(a, b, at, common, most);
-    comparison.differences.push_back({static_cast<Offset>(at), static_cast<Offset>(behind - at)});
+    comparison.differences.push_back(
+        {comparison.start + static_cast<Offset>(at), static_cast<Offset>(behind - at)});
     at = behind;
   }
   return comparison;
 }
 
-Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences) {
+Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences, Offset shift) {
   Offset count = 0;
   for (const Difference& difference : differences) {
     const Bytes from = RegionOf(oldBytes, difference);
-    const Bytes to = RegionOf(newBytes, difference);
+    const Bytes to = RegionOf(newBytes, difference, shift);
     for (std::size_t i = 0; i < from.size(); ++i) count += from[i] != to[i];
   }
   return count;
@@ -97,17 +105,18 @@ std::size_t NearestDifference(std::span<const Difference> differences, Offset of
   return static_cast<std::size_t>((isBefore ? before : behind) - differences.begin());
 }
 
-Change ChangeOf(Bytes oldBytes, Bytes newBytes, const Difference& difference) {
+Change ChangeOf(Bytes oldBytes, Bytes newBytes, const Difference& difference, Offset shift) {
   const Bytes from = RegionOf(oldBytes, difference);
-  const Bytes to = RegionOf(newBytes, difference);
+  const Bytes to = RegionOf(newBytes, difference, shift);
   return {difference.offset, {from.begin(), from.end()}, {to.begin(), to.end()}};
 }
 
-std::string PatchLines(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences) {
+std::string PatchLines(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences,
+                       Offset shift) {
   std::string lines;
   for (const Difference& difference : differences)
     AppendPatchLines(lines, difference.offset, RegionOf(oldBytes, difference),
-                     RegionOf(newBytes, difference));
+                     RegionOf(newBytes, difference, shift));
   if (!lines.empty()) lines.pop_back();
   return lines;
 }

@@ -19,7 +19,9 @@ struct Difference {
 };
 
 struct Comparison {
-  std::vector<Difference> differences;  // in order
+  std::vector<Difference> differences;  // in order, with offsets of the first dump
+  Offset shift = 0;                     // the second dump's offset minus the first one's of the same byte
+  Offset start = 0;                     // the first compared byte, as an offset of the first dump
   Offset common = 0;                    // bytes compared, which both dumps have
   Offset restOfOld = 0;                 // further bytes of the first dump
   Offset restOfNew = 0;                 // further bytes of the second dump
@@ -31,14 +33,21 @@ struct Comparison {
 // Two differing bytes with at most this many equal bytes between them belong to one difference.
 constexpr Offset usualGap = 8;
 
-// Compares two dumps from their first bytes to the end of the shorter one.
-[[nodiscard]] Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap = usualGap);
+// The shift that compares two dumps by phone address. Dumps of up to 16 MiB all end at the same address;
+// larger ones begin at the same address. A dump of each kind have no address in common: the shift is 0.
+[[nodiscard]] Offset AddressShift(const Fullflash& one, const Fullflash& other);
 
-// The bytes of a dump in a difference. Throws std::out_of_range unless the dump has all of them.
-[[nodiscard]] Bytes RegionOf(Bytes dump, const Difference& difference);
+// Compares each byte of the first dump with the one of the second dump that lies `shift` bytes further, as
+// far as both have such bytes.
+[[nodiscard]] Comparison Compare(Bytes oldBytes, Bytes newBytes, Offset gap = usualGap, Offset shift = 0);
+
+// The bytes of a dump in a difference; `shift` is 0 for the first dump and Comparison::shift for the second,
+// here and below. Throws std::out_of_range unless the dump has all of them.
+[[nodiscard]] Bytes RegionOf(Bytes dump, const Difference& difference, Offset shift = 0);
 
 // The number of differing bytes; a difference may contain equal ones.
-[[nodiscard]] Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences);
+[[nodiscard]] Offset DifferingBytes(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences,
+                                    Offset shift = 0);
 
 // Joins neighbours across ever longer runs of equal bytes until at most `most` are left. Returns false if
 // there were no more than that.
@@ -49,10 +58,11 @@ bool JoinDifferences(std::vector<Difference>& differences, std::size_t most);
 
 // The change that turns the first dump's bytes in a difference into the second one's. Throws
 // std::out_of_range unless both dumps have all of them.
-[[nodiscard]] Change ChangeOf(Bytes oldBytes, Bytes newBytes, const Difference& difference);
+[[nodiscard]] Change ChangeOf(Bytes oldBytes, Bytes newBytes, const Difference& difference, Offset shift = 0);
 
 // The patch lines of differences, separated by line feeds, made without copying the bytes. Throws
 // std::out_of_range unless both dumps have all of them.
-[[nodiscard]] std::string PatchLines(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences);
+[[nodiscard]] std::string PatchLines(Bytes oldBytes, Bytes newBytes, std::span<const Difference> differences,
+                                     Offset shift = 0);
 
 }  // namespace tarvelo

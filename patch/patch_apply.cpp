@@ -10,6 +10,7 @@ namespace tarvelo {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr char endOfFile = 0x1A;  // of old editors
 constexpr std::size_t longestText = 100;
 
 // Removes the first line from a text and returns it without its end.
@@ -36,6 +37,7 @@ CheckedChange CheckOne(const Change& change, const Sheet& now, const Sheet& afte
 
 ReadPatch ReadPatchText(std::string_view text) {
   if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+  while (text.ends_with(endOfFile)) text.remove_suffix(1);
   ReadPatch patch;
   for (std::size_t number = 1; !text.empty(); ++number) {
     const std::string_view line = TakeLine(text);

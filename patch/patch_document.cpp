@@ -41,6 +41,7 @@ std::vector<std::uint8_t> BytesOf(std::string_view digits) {
 
 bool ReadChange(std::string_view text, PatchLine& change) {
   const std::string_view address = TakeDigits(text);
+  SkipBlanks(text);
   if (address.empty() || address.size() > longestAddress || !Take(text, ":")) return false;
   SkipBlanks(text);
   const std::string_view oldBytes = TakeDigits(text);
@@ -90,7 +91,8 @@ std::string PatchFile(std::string_view phone, std::string_view document) {
 
 PatchLine ReadPatchLine(std::string_view line) {
   PatchLine read;
-  if (line.find_first_not_of(blanks) == line.npos) return read;
+  SkipBlanks(line);
+  if (line.empty()) return read;
   if (line.front() == ';')
     read.kind = PatchLine::Kind::Comment;
   else

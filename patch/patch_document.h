@@ -41,10 +41,10 @@ struct PatchLine {
   std::vector<std::uint8_t> newBytes;
 };
 
-// Parses a line without its end. A change has an address of 1 to 8 digits and at least one byte; its first
-// character is the first digit. Blanks are spaces and tabs: at least one between the old and the new bytes,
-// any number elsewhere. A line with unequal numbers of old and new bytes is invalid, because its effect on
-// the bytes behind them is unclear.
+// Parses a line without its end. A change has an address of 1 to 8 digits and at least one byte. Blanks are
+// spaces and tabs: at least one between the old and the new bytes, any number elsewhere, also in front. A
+// line with unequal numbers of old and new bytes is invalid, because its effect on the bytes behind them is
+// unclear.
 [[nodiscard]] PatchLine ReadPatchLine(std::string_view line);
 
 }  // namespace tarvelo

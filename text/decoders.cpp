@@ -106,9 +106,10 @@ std::u16string GetUniFF(Bytes bytes, Offset& cursor) {
 }
 
 std::u16string MessageHard(Bytes bytes, Offset& offset) {
-  LangpackDecoder decoder;
-  for (; ByteAt(bytes, offset) != 0x00; ++offset) decoder.Add(ByteAt(bytes, offset));
-  return std::move(decoder).Take();
+  const Offset start = offset;
+  while (ByteAt(bytes, offset) != 0x00) ++offset;
+  return DecodeLangpack(
+      bytes.subspan(static_cast<std::size_t>(start), static_cast<std::size_t>(offset - start)));
 }
 
 std::uint16_t WordA(Bytes book, Offset offset) { return WordAt(book, offset); }

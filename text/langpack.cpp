@@ -23,19 +23,30 @@ unsigned BaseOf(unsigned byte) {
   return 0;
 }
 
+// Calls take(unit) for each unit of a text.
+template <typename Take>
+void EachUnit(Bytes bytes, Take take) {
+  constexpr char16_t digits[] = u"0123456789ABCDEF";
+  unsigned base = 0;
+  for (const std::uint8_t byte : bytes) {
+    if (byte < 0x80 && (byte >= 0x20 || base > 0)) {
+      take(static_cast<char16_t>(base + byte));
+      continue;
+    }
+    for (const char16_t unit : {u'<', digits[byte >> 4], digits[byte & 0xF], u'>'}) take(unit);
+    base = BaseOf(byte);
+  }
+}
+
 }  // namespace
 
-void LangpackDecoder::Add(std::uint8_t byte) {
-  if (byte < 0x80 && (byte >= 0x20 || base_ > 0)) {
-    text_ += static_cast<char16_t>(base_ + byte);
-    return;
-  }
-  constexpr char16_t digits[] = u"0123456789ABCDEF";
-  text_ += u'<';
-  text_ += digits[byte >> 4];
-  text_ += digits[byte & 0xF];
-  text_ += u'>';
-  base_ = BaseOf(byte);
+std::u16string DecodeLangpack(Bytes bytes) {
+  std::size_t length = 0;
+  EachUnit(bytes, [&](char16_t) { ++length; });
+  std::u16string text;
+  text.reserve(length);
+  EachUnit(bytes, [&](char16_t unit) { text += unit; });
+  return text;
 }
 
 std::vector<std::uint8_t> EncodeLangpack(std::u16string_view text) {

@@ -15,18 +15,12 @@
 #include <string_view>
 #include <vector>
 
+#include "text/bytes.h"
+
 namespace tarvelo {
 
-// Decodes one text, byte by byte.
-class LangpackDecoder {
- public:
-  void Add(std::uint8_t byte);
-  [[nodiscard]] std::u16string Take() && { return std::move(text_); }
-
- private:
-  std::u16string text_;
-  unsigned base_ = 0;
-};
+// Decodes the bytes of one text. The text may have four units for each byte; no further memory is needed.
+[[nodiscard]] std::u16string DecodeLangpack(Bytes bytes);
 
 // Encodes a text for the language pack: a page byte at the start and at each change of page. A page covers
 // 0x80 characters, but page 0x98 also takes U+0200 .. U+027F (as bytes that decode to tags). Throws

@@ -66,6 +66,21 @@ char32_t TakeCodePoint(std::string_view& text) {
   return valid ? c : replacement;
 }
 
+// Bytes that are not UTF-8 stay as they are.
+std::string WithoutControls(std::string_view utf8, char instead) {
+  std::string line;
+  line.reserve(utf8.size());
+  while (!utf8.empty()) {
+    const std::string_view before = utf8;
+    const char32_t c = TakeCodePoint(utf8);
+    if (c < 0x20 || (c >= 0x7F && c < 0xA0))
+      line += instead;
+    else
+      line += before.substr(0, before.size() - utf8.size());
+  }
+  return line;
+}
+
 }  // namespace
 
 char16_t FromWindows1251(std::uint8_t byte) { return byte < 0x80 ? byte : upperHalf[byte - 0x80u]; }
@@ -128,11 +143,8 @@ std::u16string ToUtf16(std::string_view text) {
   return out;
 }
 
-std::string InOneLine(std::string_view utf8) {
-  std::string line(utf8);
-  std::ranges::replace_if(
-      line, [](unsigned char c) { return c < 0x20; }, ' ');
-  return line;
-}
+std::string InOneLine(std::string_view utf8) { return WithoutControls(utf8, ' '); }
+
+std::string WithDots(std::string_view utf8) { return WithoutControls(utf8, '.'); }
 
 }  // namespace tarvelo

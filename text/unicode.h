@@ -21,7 +21,9 @@ namespace tarvelo {
 [[nodiscard]] char32_t ToUpper(char32_t c);
 [[nodiscard]] std::string ToUpper(std::string_view utf8);
 
-// The text with a blank in place of each control character below 0x20, line breaks included.
+// The text with another character in place of each control character (U+0000 .. U+001F, U+007F .. U+009F),
+// line breaks included: a blank, or a dot.
 [[nodiscard]] std::string InOneLine(std::string_view utf8);
+[[nodiscard]] std::string WithDots(std::string_view utf8);
 
 }  // namespace tarvelo

@@ -56,6 +56,27 @@ TEST_F(CommandLine, InfoPrintsSummariesInOrder) {
   EXPECT_EQ(Call({"info", dump, "--language", "ru"}).out, Call({"--language", "RU", "info", dump}).out);
 }
 
+TEST_F(CommandLine, InfoKeepsControlCharactersInJsonOnly) {
+  ImageBuilder builder(0x100000);
+  PutHeader(builder, "C55");
+  builder.Text(0x7FF60, "\x1B[31m");
+  const std::string file = PathText(folder.Write("control.bin", std::move(builder).Take()));
+  EXPECT_NE(Call({"info", "--json", file}).out.find("\"header_text\":\"\\u001b[31m\""), std::string::npos);
+  EXPECT_NE(Call({"info", file}).out.find("Firmware 24 .[31m\n"), std::string::npos);
+}
+
+TEST_F(CommandLine, InfoDescribesTheT9Area) {
+  ImageBuilder builder(0x100000);
+  builder.Fill(0x20000, 0x8000, 0x11);
+  builder.DWord(builder.Text(0x20000, "T9") + 1, 0x6000);
+  builder.Byte(0x20008, 3);
+  const std::string file = PathText(folder.Write("t9.bin", std::move(builder).Take()));
+  EXPECT_NE(Call({"info", "--json", file})
+                .out.find("\"t9\":{\"base\":131072,\"size\":24576,\"full\":65536,\"free\":163840,"
+                          "\"empty\":32768,\"languages\":3}"),
+            std::string::npos);
+}
+
 TEST_F(CommandLine, InfoGoesOnAfterAFileThatFails) {
   const Result result = Call({"info", missing, dump, "--json"});
   ExpectDiagnosis(result, fileTrouble, missing);
@@ -110,6 +131,24 @@ TEST_F(CommandLine, DecodePrintsUnitsTextAndEnd) {
             "{\"units\":[65,66,67],\"text\":\"ABC\",\"end\":2,\"fault\":false}\n");
   EXPECT_EQ(Call({"decode", "GetStrA", book, "2", "--width", "1"}).out,
             "{\"units\":[65],\"text\":\"A\",\"end\":2,\"fault\":false}\n");
+}
+
+TEST_F(CommandLine, DecodePrintsLongTextsAndEscapes) {
+  // A pair of surrogates around unit 0x1000, where a piece of the output would end.
+  ImageBuilder builder(0x4000);
+  std::string units, text;
+  for (std::size_t i = 0; i < 0xFFF; ++i) {
+    builder.Word(2 * i, 'A');
+    units += "65,";
+    text += 'A';
+  }
+  std::size_t at = 2 * 0xFFF;
+  for (const std::uint16_t unit : {0xD83D, 0xDE00, 0xD83D, 0x22, 0x5C, 0x0A, 0x01, 0x7F})
+    at = builder.Word(at, unit);
+  const std::string file = PathText(folder.Write("units.bin", std::move(builder).Take()));
+  EXPECT_EQ(Call({"decode", "GetUniFF", file, "0"}).out,
+            "{\"units\":[" + units + "55357,56832,55357,34,92,10,1,127],\"text\":\"" + text +
+                "\U0001F600\uFFFD\\\"\\\\\\n\\u0001\x7F\",\"end\":8206,\"fault\":false}\n");
 }
 
 TEST_F(CommandLine, DecodePrintsAFaultAndEndsWithFour) {
@@ -171,6 +210,10 @@ TEST_F(CommandLine, ListsTheDemonstrationsBlocksAndPictures) {
   const Result raw = Call({"export", "ringtones", demo, "--number", "0x2"});
   EXPECT_EQ(raw.out, PathText(folder / "MIDI" / "demo_0002.bin") + "\n");
   EXPECT_EQ(Lines(Call({"export", "ringtones", demo, "--format", "midi"}).out), 15);  // all but the WAVE file
+  EXPECT_EQ(Call({"export", "ringtones", demo, "--number", "0", "--format", "midi"}).status, done);
+  const Result wave = Call({"export", "ringtones", demo, "--number", "7", "--format", "midi"});
+  EXPECT_EQ(wave.status, nothingFound);  // it is a WAVE file
+  EXPECT_EQ(wave.out, "");
   EXPECT_GT(Lines(first.out), 200);
   EXPECT_EQ(Lines(Call({"export", "pictures", demo}).out), Lines(first.out));
   EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));

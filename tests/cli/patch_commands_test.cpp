@@ -2,6 +2,7 @@
 
 #include "cli/call.h"
 #include "core/file.h"
+#include "images.h"
 #include "temporary_folder.h"
 
 namespace tarvelo::cli {
@@ -43,19 +44,48 @@ TEST_F(PatchCommands, DiffPrintsRanges) {
   EXPECT_EQ(out,
             "000010\tF00010\t2\t0000\t0102\n"
             "0FFFF0\tFFFFF0\t16\t0000000000000000...\t3031323334353637...\n");
-  EXPECT_EQ(Call({"diff", "--json", longer, one}), done);
+  EXPECT_EQ(Call({"diff", "--json", "--from-start", longer, one}), done);
   EXPECT_EQ(out,
             "{\"offset\":16,\"address\":15728653,\"length\":2,\"old\":\"0102\",\"new\":\"0000\"}\n"
             "{\"offset\":1048560,\"address\":16777197,\"length\":16,\"old\":\"3031323334353637\","
             "\"new\":\"0000000000000000\"}\n"
             "{\"offset\":1048576,\"address\":16777213,\"length\":3,\"only\":\"FILE\"}\n");
-  EXPECT_EQ(Call({"diff", other, longer, "--patch", patch}), done);
+  EXPECT_EQ(Call({"diff", other, longer, "--from-start", "--patch", patch}), done);
   EXPECT_EQ(out, "100000\t1000000\t3\tonly in OTHER\n");
   EXPECT_NE(err.find(patch), std::string::npos);
   EXPECT_EQ(Call({"diff", one, one, "--patch", patch}), nothingFound);
   EXPECT_EQ(out, "");
   EXPECT_NE(err.find(one), std::string::npos);
   EXPECT_EQ(Apply(one), nothingFound);  // its patch contains no change
+}
+
+// All dumps of up to 16 MiB end at phone address FFFFFF.
+TEST_F(PatchCommands, DiffComparesByPhoneAddress) {
+  std::string end(0x80000, '\0');
+  end[0x10] = 1;
+  const std::string half = PathText(folder.Write("half.bin", end));
+  EXPECT_EQ(Call({"diff", one, half, "--patch", patch}), done);
+  EXPECT_EQ(out, "000000\tF00000\t524288\tonly in FILE\n080010\tF80010\t1\t00\t01\n");
+  EXPECT_NE(ReadAll(patch).find("\r\n080010: 00 01\r\n"), std::string::npos);
+  EXPECT_EQ(Call({"diff", half, one}), done);
+  EXPECT_EQ(out, "-080000\tF00000\t524288\tonly in OTHER\n000010\tF80010\t1\t01\t00\n");
+  EXPECT_EQ(Call({"diff", half, one, "--json"}), done);
+  EXPECT_EQ(out,
+            "{\"offset\":-524288,\"address\":15728640,\"length\":524288,\"only\":\"OTHER\"}\n"
+            "{\"offset\":16,\"address\":16252944,\"length\":1,\"old\":\"01\",\"new\":\"00\"}\n");
+  EXPECT_EQ(Call({"diff", half, one, "--from-start"}), done);
+  EXPECT_EQ(out, "000010\tF80010\t1\t01\t00\n080000\t1000000\t524288\tonly in OTHER\n");
+}
+
+// The phone address of a difference counts from the corrected base: 800000 for this model.
+TEST_F(PatchCommands, DiffPrintsCorrectedAddresses) {
+  ImageBuilder s45(0x600000);
+  PutHeader(s45, "S45");
+  const std::string before = PathText(folder.Write("s45.bin", ImageBuilder(s45).Take()));
+  s45.Byte(0x10, 0);
+  const std::string after = PathText(folder.Write("changed.bin", std::move(s45).Take()));
+  EXPECT_EQ(Call({"diff", before, after}), done);
+  EXPECT_EQ(out, "000010\t800010\t1\tFF\t00\n");
 }
 
 TEST_F(PatchCommands, ThePatchOfADiffMakesTheOtherDump) {
@@ -87,6 +117,11 @@ TEST_F(PatchCommands, NothingIsWrittenIfALineDoesNotFit) {
   EXPECT_EQ(ReadAll(made), ReadAll(other).replace(0x10, 2, "\x03\x04"));
 
   RemoveFile(made);
+  for (const char* unfit : {"rubbish\n", "20: 01 02\n", "100000: 00 01\n"}) {  // one line alone
+    folder.Write("a.qpt", "10: 0102 0304\n" + std::string(unfit));
+    EXPECT_EQ(Apply(other), scanFault) << unfit;
+    EXPECT_FALSE(FileExist(made)) << unfit;
+  }
   folder.Write("a.qpt", std::string("10: 0A0B 0304\n"));
   EXPECT_EQ(Apply(other, {"--force"}), nothingFound);
   EXPECT_FALSE(FileExist(made));

@@ -66,9 +66,11 @@ TEST(Identify, CorrectsTheBaseOfSomeModels) {
 }
 
 TEST(Identify, KnowsTheFamilies) {
-  constexpr std::pair<const char*, int> families[] = {{"C35", 0},  {"A40", 1},  {"C45", 2},  {"2118", 2},
-                                                      {"S45i", 3}, {"6688", 4}, {"C30", 5},  {"S40", 6},
-                                                      {"C55", 7},  {"c35", 7},  {"C35 ", 7}, {"", 7}};
+  constexpr std::pair<const char*, int> families[] = {
+      {"C35", 0},  {"M35", 0},  {"S35", 0},  {"A35", 1}, {"A36", 1},  {"A40", 1},  {"C45", 2},  {"2118", 2},
+      {"MT50", 2}, {"M50", 2},  {"3118", 2}, {"S45", 3}, {"S45i", 3}, {"ME45", 3}, {"SL42", 4}, {"SL45", 4},
+      {"6688", 4}, {"C30", 5},  {"S40", 6},  {"A50", 7}, {"A55", 7},  {"1168", 7}, {"C55", 7},  {"2128", 7},
+      {"S55", 7},  {"SL55", 7}, {"A52", 7},  {"c35", 7}, {"C35 ", 7}, {"C3", 7},   {"S45I", 7}, {"", 7}};
   for (const auto& [model, family] : families) EXPECT_EQ(FamilyOf(model), family) << model;
 }
 
@@ -110,6 +112,29 @@ TEST(T9, FreeAreaEndsAtUsedBytesAndAtTheExactSize) {
   EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x100)).info.t9->Empty(), 0x10000 + 0x20000 - 0x22345);
   // A size beyond the full size: 0x212345 AND 0x1F0000 is 0x10000.
   EXPECT_EQ(Identified(WithT9(mebi, 0x212345, 0x100)).info.t9->Empty(), 0);
+}
+
+TEST(T9, HasAFullSizeInWholeBlocks) {
+  constexpr std::pair<std::uint32_t, std::int32_t> sizes[] = {
+      {0, 0x10000},         {1, 0x10000},        {0xFFFF, 0x10000},   {0x10000, 0x20000},
+      {0x20000, 0x30000},   {0x40000, 0x50000},  {0x80000, 0x90000},  {0x100000, 0x110000},
+      {0x1FFFFF, 0x200000}, {0x200000, 0x10000}, {0x400000, 0x10000}, {0x7FE0FFFF, 0x10000},
+  };
+  for (const auto& [exact, full] : sizes) {
+    const Identified phone(WithT9(4 * mebi, exact, 0x100));
+    ASSERT_TRUE(phone.info.t9) << exact;
+    EXPECT_EQ(phone.info.t9->T9Size, static_cast<std::int32_t>(exact));
+    EXPECT_EQ(phone.info.t9->T9Full, full) << exact;
+  }
+}
+
+TEST(T9, IsTheFirstAreaEvenIfItCannotBeRead) {
+  ImageBuilder image = WithT9(mebi, 0x12345, 0x100);
+  EXPECT_TRUE(Identified(image).info.t9);
+  image.Text(0, "T9");  // its size is negative
+  EXPECT_FALSE(Identified(image).info.t9);
+  image.DWord(4, 0x100);
+  EXPECT_EQ(Identified(image).info.t9->T9Base, 0);
 }
 
 TEST(T9, IsAbsentIfItCannotBeRead) {

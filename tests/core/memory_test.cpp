@@ -8,6 +8,7 @@
 #include "core/file.h"
 #include "crafted_images.h"
 #include "document/explorers.h"
+#include "images.h"
 #include "pictures/picture_search.h"
 #include "temporary_folder.h"
 
@@ -61,6 +62,17 @@ TEST(Memory, EveryListTakesASmallMultipleOfTheImage) {
           << image.name << ": " << testing::PrintToString(command);
     }
   }
+}
+
+// Each unit of these texts is three digits or more in JSON; a tag of the language pack is four units.
+TEST(Memory, ADecodedTextTakesEightTimesItsBytes) {
+  Data bytes(0x400000, 0x80);
+  bytes[bytes.size() - 2] = 0x00;
+  bytes.back() = 0xFF;
+  const TemporaryFolder folder;
+  const std::string file = PathText(folder.Write("image.bin", bytes));
+  for (const char* codec : {"GetStr", "GetSiem", "GetUniFF", "MessageHard"})
+    EXPECT_EXIT(Measure({"decode", codec, file, "0"}, bytes.size()), testing::ExitedWithCode(0), "") << codec;
 }
 
 #endif

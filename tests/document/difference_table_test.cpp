@@ -26,6 +26,7 @@ TEST(DifferenceTable, ShowsTheBytesOfBothAndTheirLabel) {
   EXPECT_EQ(table.rows[1].cells,
             (Cells{"008000", "3FE:0000", "   12", "0000000000000000...", "ABABABABABABABAB...", "erased"}));
   EXPECT_EQ(DifferenceRows(image, other, differences, nullptr).row(0).cells[5], "");
+  EXPECT_EQ(DifferenceRows(image, other, differences, nullptr, Messages(), -1).row(0).cells[4], "00");
   EXPECT_THROW((void)DifferenceRows(image, Data(0x20, 0), differences, nullptr).row(0), std::out_of_range);
 }
 

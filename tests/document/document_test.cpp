@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/summary.h"
 #include "document/explorers.h"
 #include "document/map_table.h"
 #include "eeprom/block_store.h"
@@ -136,6 +137,27 @@ TEST_F(DocumentTest, AMapThatCannotBeMadeIsMadeAfterAnEdit) {
   EXPECT_THROW((void)document.Map(noProgress), std::length_error);
   Write(0, {0});
   EXPECT_EQ(LabelOf(*document.Map(noProgress), 12), "EEPROM 1 (header)");
+}
+
+TEST_F(DocumentTest, AnUnknownModelComesFromTheGreeting) {
+  const Explorer& eeprom = *FindExplorer("eeprom");
+  for (const bool hasHeader : {false, true}) {
+    ImageBuilder image(0x100000);
+    image.Text(0x90000, "S55 hello");
+    PutBlock(image, 0x1000, liveBlockState, 5076, 0x90000, 10);
+    if (hasHeader) PutHeader(image, "C55");
+    document.Open(ImageOf(std::move(image)), "dump.bin");
+    const std::string before = document.Info().Model;
+    EXPECT_EQ(before, hasHeader ? "C55" : "");
+    (void)document.Find(eeprom, noProgress);
+    EXPECT_EQ(document.Info().Model, hasHeader ? "C55" : "S55");
+    EXPECT_EQ(document.Info().StatusText(), hasHeader ? "C55 v24 FD-02" : "S55");
+    EXPECT_NE(
+        Summary("", document.Image(), document.Info(), Messages()).find("Mobile: " + document.Info().Model),
+        std::string::npos);
+  }
+  document.Open(ImageOf(ImageBuilder(0x10000)), "dump.bin");
+  EXPECT_EQ(document.Info().Model, "");
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <map>
-#include <optional>
 #include <random>
 #include <set>
 #include <sstream>
@@ -27,15 +26,18 @@ using Lines = std::vector<std::string>;
 // The findings of every explorer, searched when a map asks for them.
 class Searched {
  public:
-  explicit Searched(const Dump& dump) : dump_(dump) {}
+  // The findings in `known` are taken as they are.
+  explicit Searched(const Dump& dump, std::map<const Explorer*, Findings> known = {})
+      : dump_(dump), found_(std::move(known)) {}
 
   const Findings& operator()(const Explorer& explorer) {
-    return *(last_ = explorer.search(dump_, noProgress));
+    if (!found_.contains(&explorer)) found_.emplace(&explorer, explorer.search(dump_, noProgress));
+    return found_.at(&explorer);
   }
 
  private:
   const Dump& dump_;
-  std::optional<Findings> last_;
+  std::map<const Explorer*, Findings> found_;
 };
 
 DumpMap MapOf(Fullflash image) {
@@ -155,6 +157,97 @@ TEST(DumpMap, DistinguishesTextFromCode) {
                                           "3000 4096 code", "4000 1032192 unknown"}));
 }
 
+// Erased or zero bytes, three at most, in front of an even offset, between two known regions.
+TEST(DumpMap, GuessesFilling) {
+  const struct {
+    std::uint16_t size;  // of the block's data at 61000; the next block's is at 61020
+    Data rest;
+    const char* what;
+  } cases[] = {
+      {0x1F, {0xFF}, "filling"},       {0x1D, {0, 0, 0}, "filling"},    {0x1E, {0xFF, 0xFF}, "filling"},
+      {0x1E, {0xFF, 0x00}, "unknown"}, {0x1C, {0, 0, 0, 0}, "unknown"}, {0x1F, {1}, "unknown"},
+  };
+  for (const auto& [blockSize, rest, what] : cases) {
+    ImageBuilder image = Plain();
+    PutBlock(image, 0x1000, liveBlockState, 5076, 0x61000, blockSize);
+    PutBlock(image, 0x100C, liveBlockState, 5077, 0x61020, 0x20);
+    image.Data(0x61000 + blockSize, rest);
+    EXPECT_EQ(LabelOf(MapOf(image), 0x61000 + blockSize), what) << testing::PrintToString(rest);
+  }
+  ImageBuilder odd = Plain();
+  PutBlock(odd, 0x1000, liveBlockState, 5076, 0x61000, 0x1E);
+  PutBlock(odd, 0x100C, liveBlockState, 5077, 0x6101F, 0x20);
+  odd.Byte(0x6101E, 0xFF);
+  EXPECT_EQ(LabelOf(MapOf(odd), 0x6101E), "unknown");
+}
+
+TEST(DumpMap, SaysHowSureEachKindIs) {
+  ImageBuilder image = Plain();
+  PutHeader(image, "C55");
+  image.Text(0x20000, "T9");
+  image.DWord(0x20004, 0x10);
+  image.Fill(0x2F000, 0x1000, 0xFF);
+  image.Fill(0xA0000, 0x10100, 0xFF);
+  PutBlock(image, 0x1000, liveBlockState, 5076, 0x61000, 0x1F);
+  PutBlock(image, 0x100C, deletedBlockState, 5076, 0x61020, 0x20);
+  image.Byte(0x6101F, 0);
+  for (std::uint8_t i = 0; i < 6; ++i)
+    PutRingtone(image, 0x100 + 8u * i, i, i == 3 ? 7 : 2, i == 3 ? 0x180 : 0x200);
+  image.Fill(0x130, 8, 0x10);
+  image.DWord(image.DWord(0x200, 0x00640064), 0);
+  image.Pointer(0x180, 0x400);
+  image.Text(image.DWord(image.Text(0x400, "RIFF") - 1, 4), "WAVE");
+  for (std::size_t p = 0x3000; p < 0x3300; p += 12) image.Text(p, "Some text 1");
+  for (std::size_t p = 0x4000; p < 0x4400; p += 128) image.Word(p, 0x00DB);
+  // A sound table of nine pictures.
+  for (std::size_t i = 0; i < 9; ++i) PutPicture(image, 0x5000 + 8 * i, 4, i == 0 ? 4 : 5, 1, 0x5100 + 8 * i);
+  image.Fill(0x5048, 8, 0);
+  PutPicture(image, 0x6000, 9, 9, 0x81, 0x6100);  // outside the tables
+  image.Fill(0x6100, 0x10, 0xC8);
+
+  std::map<std::string_view, std::set<std::string_view>> sure;
+  for (const Claim& region : MapOf(image).regions) sure[region.kind->key].insert(KeyOf(region.sure));
+  using Sure = std::map<std::string_view, std::set<std::string_view>>;
+  EXPECT_EQ(sure, (Sure{{"firmware-header", {"certain"}},
+                        {"t9", {"certain"}},
+                        {"t9-free", {"certain"}},
+                        {"empty-block", {"certain"}},
+                        {"erased", {"likely"}},
+                        {"eeprom-header", {"certain"}},
+                        {"eeprom-data", {"certain"}},
+                        {"eeprom-deleted-header", {"certain"}},
+                        {"eeprom-deleted-data", {"likely"}},
+                        {"ringtone-table", {"certain"}},
+                        {"ringtone-pointer", {"likely"}},
+                        {"ringtone-file", {"certain"}},
+                        {"melody", {"likely"}},
+                        {"picture-table", {"certain"}},
+                        {"picture-header", {"guessed"}},
+                        {"picture", {"certain", "guessed"}},
+                        {"text", {"guessed"}},
+                        {"code", {"guessed"}},
+                        {"filling", {"guessed"}},
+                        {"unknown", {""}}}));
+}
+
+// A table is certain with eight entries or more, nine tenths of which point into the image.
+TEST(DumpMap, GuessesUnsoundPictureTables) {
+  const struct {
+    std::size_t entries, outside;
+    const char* sure;
+  } cases[] = {
+      {8, 0, "certain"}, {7, 0, "guessed"}, {8, 1, "guessed"}, {10, 1, "certain"}, {20, 3, "guessed"}};
+  for (const auto& [entries, outside, sure] : cases) {
+    ImageBuilder image = Plain();
+    for (std::size_t i = 0; i < entries; ++i)
+      PutPicture(image, 0x5000 + 8 * i, 4, i == 0 ? 4 : 5, 1, i < entries - outside ? 0x5100 : 0xFFFFE);
+    image.Fill(0x5000 + 8 * entries, 8, 0);
+    const DumpMap map = MapOf(image);
+    EXPECT_EQ(KeyOf(map.Within(0x5000, 1)[0].sure), sure) << entries << ' ' << outside;
+    EXPECT_EQ(KeyOf(map.Within(0x5100, 1)[0].sure), sure) << entries << ' ' << outside;
+  }
+}
+
 // Hand-made overlapping finds in an image of 100 bytes.
 TEST(DumpMap, GivesOverlapsToTheSurestKind) {
   const Dump dump{Fullflash{Bytes(Data(100, nothing))}, {}, {}};
@@ -167,8 +260,7 @@ TEST(DumpMap, GivesOverlapsToTheSurestKind) {
   const std::map<const Explorer*, Findings> found{{&eepromExplorer, Findings(EepromFindings{blocks, {}})},
                                                   {&picturesExplorer, Findings(pictures)},
                                                   {&ringtonesExplorer, Findings(RingtoneList())}};
-  const DumpMap map =
-      MapDump(dump, [&](const Explorer& explorer) -> const Findings& { return found.at(&explorer); });
+  const DumpMap map = MapDump(dump, Searched(dump, found));
   EXPECT_EQ(LinesOf(map), (Lines{"0 5 EEPROM 12", "5 3 picture 0", "8 12 EEPROM 10 (header)",
                                  "14 12 EEPROM 11 (deleted, header)", "20 12 EEPROM 9 (deleted, header)",
                                  "2c 6 EEPROM 10", "32 20 EEPROM 11 (deleted)", "46 14 picture 0",

@@ -8,6 +8,7 @@
 
 #include "crafted_images.h"
 #include "document/map_kinds.h"
+#include "eeprom/block_store.h"
 #include "on_each_unit.h"
 
 namespace tarvelo {
@@ -116,6 +117,34 @@ TEST(Explorers, FindSomethingOfEachKind) {
     for (std::size_t record = 0; record < explorer->count(found); ++record)
       anyDeleted |= explorer->item(found, record).isDeleted;
     EXPECT_EQ(anyDeleted, explorer->hasDeleted);
+  }
+}
+
+// Lists may show the last digits alone; commands work with the whole offsets.
+TEST(Explorers, KnowWholeOffsetsAbove16MiB) {
+  ImageBuilder image(0x1200000);
+  image.Fill(0x1100000, 0x10000, 0x90);
+  PutBlock(image, 0x1170000, liveBlockState, 71, 0, 4);
+  image.DWord(0x1170004, 0xF60000);
+  PutPicture(image, PutPicture(image, 0x1100000, 0x34, 0x34, 0x88, 0x1101000), 8, 8, 8, 0x1102000);
+  image.Fill(0x1100010, 8, 0);
+  for (std::uint8_t i = 0; i < 6; ++i) PutRingtone(image, 0x1103000 + 8u * i, i, 2, 0x1104000 + 8u * i);
+  const Dump dump{ImageOf(std::move(image)), {}, {}};
+  const struct {
+    const char* key;
+    std::size_t record;
+    Offset entry, data;
+  } cases[] = {{"eeprom", 0, 0x1170000, 0x60F60000},
+               {"pictures", 0, 0x1100000, 0x1101000},
+               {"pictures", 1, 0x1100008, 0x1102000},
+               {"ringtones", 5, 0x1103028, 0x1104028}};
+  for (const auto& [key, record, entry, data] : cases) {
+    const Explorer& explorer = *FindExplorer(key);
+    const Findings found = explorer.search(dump, noProgress);
+    ASSERT_GT(explorer.count(found), record) << key;
+    const Item item = explorer.item(found, record);
+    EXPECT_EQ(item.entry.offset, entry) << key;
+    EXPECT_EQ(item.data.offset, data) << key;
   }
 }
 

@@ -50,6 +50,38 @@ TEST(Compare, StopsAtTheEndOfTheShorterImage) {
   EXPECT_TRUE(Compare({}, {}).Same());
 }
 
+// A byte of the second dump lies `shift` bytes further than the same byte of the first.
+TEST(Compare, FollowsAShift) {
+  const Data one{1, 2, 3, 4, 5, 6}, end{3, 4, 7, 6};
+  const Comparison longer = Compare(one, end, usualGap, -2);
+  EXPECT_EQ(longer.differences, (Differences{{4, 1}}));
+  EXPECT_EQ(longer.start, 2);
+  EXPECT_EQ(longer.common, 4);
+  EXPECT_EQ(longer.restOfOld, 2);
+  EXPECT_EQ(longer.restOfNew, 0);
+  EXPECT_EQ(ChangeOf(one, end, {4, 1}, -2), (Change{4, {5}, {7}}));
+  EXPECT_EQ(PatchLines(one, end, longer.differences, -2), "000004: 05 07");
+  EXPECT_EQ(DifferingBytes(one, end, longer.differences, -2), 1);
+
+  const Comparison shorter = Compare(end, one, usualGap, 2);
+  EXPECT_EQ(shorter.differences, (Differences{{2, 1}}));
+  EXPECT_EQ(shorter.start, 0);
+  EXPECT_EQ(shorter.restOfNew, 2);
+  EXPECT_EQ(PatchLines(end, one, shorter.differences, 2), "000002: 07 05");
+  EXPECT_EQ(Compare(one, end, usualGap, 100).common, 0);
+  EXPECT_EQ(Compare(one, end, usualGap, -100).restOfNew, 4);
+}
+
+TEST(Compare, AlignsDumpsByPhoneAddress) {
+  const auto shift = [](std::size_t one, std::size_t other) {
+    return AddressShift(ImageOf(ImageBuilder(one)), ImageOf(ImageBuilder(other)));
+  };
+  EXPECT_EQ(shift(0x800000, 0x600000), -0x200000);
+  EXPECT_EQ(shift(0x600000, 0x1000000), 0xA00000);
+  EXPECT_EQ(shift(0x1000001, 0x1000003), 0);  // large dumps begin at the same address
+  EXPECT_EQ(shift(0x800000, 0x1000001), 0);   // no address in common
+}
+
 TEST(Compare, MakesChangesWithinTheImages) {
   const Data one{1, 2, 3}, other{4, 5, 6};
   EXPECT_EQ(ChangeOf(one, other, {1, 2}), (Change{1, {2, 3}, {5, 6}}));

@@ -12,18 +12,19 @@ namespace {
 
 TEST(ReadPatchText, NumbersLinesWithAnyLineBreaks) {
   const ReadPatch patch = ReadPatchText(
-      "\xEF\xBB\xBF;comment\r\n\r\n10: 00 01\n20: 00 02 ;\xD1\x82\rrubbish\n\r\n 30: 00 01\n40: 0000 0A0B");
+      "\xEF\xBB\xBF;comment\r\n\r\n10: 00 01\n20: 00 02 ;\xD1\x82\rrubbish\n\r\n 30: 00 01\n40: 0000 "
+      "0A0B\x1A");
   std::string read;
   for (const auto& [line, change] : patch.changes)
     read += std::to_string(line) + " - " + PatchLines(std::span(&change, 1)) + "\n";
   for (const auto& [line, text] : patch.invalid) read += std::to_string(line) + " invalid " + text + "\n";
   EXPECT_EQ(read,
-            "3 - 000010: 00 01\n4 - 000020: 00 02\n8 - 000040: 0000 0A0B\n"
-            "5 invalid rubbish\n7 invalid  30: 00 01\n");
+            "3 - 000010: 00 01\n4 - 000020: 00 02\n7 - 000030: 00 01\n8 - 000040: 0000 0A0B\n"
+            "5 invalid rubbish\n");
 }
 
 TEST(ReadPatchText, SurvivesTextsThatAreNotPatches) {
-  for (const char* text : {"", "\xEF\xBB\xBF", "\r\r\n\n"})
+  for (const char* text : {"", "\xEF\xBB\xBF", "\r\r\n\n", "\x1A", "\n\x1A\x1A"})
     EXPECT_TRUE(ReadPatchText(text).invalid.empty()) << text;
   const ReadPatch zeros = ReadPatchText(std::string(100000, '\0'));
   ASSERT_EQ(zeros.invalid.size(), 1u);

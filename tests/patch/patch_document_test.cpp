@@ -31,7 +31,8 @@ TEST(PatchFile, BeginsWithFourLinesEvenWhenTheDocumentIsEmpty) {
 TEST(ReadPatchLine, TakesChangesApart) {
   const std::vector<std::uint8_t> from{0x00, 0xFF}, to{0x12, 0xaB};
   for (const char* line : {"A12344: 00FF 12AB", "a12344:    00ff   12ab   ;comment", "00A12344:00FF 12AB;",
-                           "A12344:\t00FF\t12AB \t", "A12344: 00FF 12AB ; 00 00 текст"}) {
+                           "A12344:\t00FF\t12AB \t", "A12344: 00FF 12AB ; 00 00 текст", "  A12344: 00FF 12AB",
+                           "\tA12344 \t: 00FF 12AB"}) {
     const PatchLine read = ReadPatchLine(line);
     EXPECT_EQ(read.kind, PatchLine::Kind::Change) << line;
     EXPECT_EQ(read.address, 0xA12344u) << line;
@@ -44,7 +45,7 @@ TEST(ReadPatchLine, TakesChangesApart) {
 TEST(ReadPatchLine, ReportsLinesThatAreNotChanges) {
   for (const char* line : {"", " ", "\t "})
     EXPECT_EQ(ReadPatchLine(line).kind, PatchLine::Kind::Empty) << line;
-  for (const char* line : {";", ";A12344: 00FF", "; \xFF"})
+  for (const char* line : {";", ";A12344: 00FF", "; \xFF", " \t;comment"})
     EXPECT_EQ(ReadPatchLine(line).kind, PatchLine::Kind::Comment) << line;
   for (const char* line : {"A12344",          "A12344:",
                            "A12344: 00FF",    "A12344: 00FF ;12AB",
@@ -52,11 +53,11 @@ TEST(ReadPatchLine, ReportsLinesThatAreNotChanges) {
                            "A12344: 0 1",     "A12344: 00FF12AB",
                            ": 00 01",         "A1234400F: 00 01",
                            "0x10: 00 01",     "-1: 00 01",
-                           "10 : 00 01",      " 10: 00 01",
+                           "1 0: 00 01",      "10:: 00 01",
                            "10: 00 01 02",    "10: 00 0G",
                            "10: 00 -1",       "10: 00 01 comment",
-                           "10: 00 01\xFF",   " ;comment",
-                           "10: 00\r\n01",    "+1: 00 01"})
+                           "10: 00 01\xFF",   "10: 00\r\n01",
+                           "+1: 00 01",       "10: 00 01\x1A"})
     EXPECT_EQ(ReadPatchLine(line).kind, PatchLine::Kind::Invalid) << line;
 }
 

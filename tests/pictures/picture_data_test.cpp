@@ -2,11 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
 #include <random>
 
 #include "images.h"
 #include "pictures/bitmap_file.h"
 #include "pictures/colours.h"
+
+#define STB_IMAGE_IMPLEMENTATION
+#define STB_IMAGE_STATIC
+#define STBI_ONLY_PNG
+#define STBI_NO_STDIO
+#include <stb/stb_image.h>
 
 namespace tarvelo {
 namespace {
@@ -100,6 +108,53 @@ TEST(ShowP, DrawsEveryPlainDepth) {
   EXPECT_EQ(Draw({0xFF}, Make(1, 1, 9)), std::vector{none});
 }
 
+// The components of every level; the other two are 0, or 1 where 0 would make the pixel transparent.
+TEST(ShowP, DrawsEveryLevelOfEachColour) {
+  constexpr int red8[] = {81, 102, 125, 146, 169, 190, 213, 235},
+                green8[] = {25, 52, 82, 111, 142, 172, 204, 235};
+  constexpr int blue8[] = {95, 115, 154, 208};
+  constexpr int levels5[] = {0,   8,   16,  24,  33,  41,  49,  57,  66,  74,  82,  90,  99,  107, 115, 123,
+                             132, 140, 148, 156, 165, 173, 181, 189, 198, 206, 214, 222, 231, 239, 247, 255};
+  const auto rgb = [](int red, int green, int blue) {
+    return static_cast<Colour>(red << 16 | green << 8 | blue);
+  };
+  const auto pixel = [](std::uint8_t type, unsigned value) {
+    return Draw({static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8)},
+                Make(1, 1, type))[0];
+  };
+  for (unsigned v = 0; v < 8; ++v) {
+    EXPECT_EQ(pixel(5, v << 5 | 1), rgb(red8[v], 25, 115)) << v;
+    EXPECT_EQ(pixel(5, v << 2), rgb(81, green8[v], 95)) << v;
+  }
+  for (unsigned v = 0; v < 4; ++v) EXPECT_EQ(pixel(5, v), rgb(81, 25, blue8[v])) << v;
+  for (unsigned v = 0; v < 16; ++v) {
+    const int level = static_cast<int>(v * 17);
+    EXPECT_EQ(pixel(7, v << 8), rgb(level, 0, 0)) << v;
+    EXPECT_EQ(pixel(7, v << 4), rgb(0, level, 0)) << v;
+    EXPECT_EQ(pixel(7, v), rgb(0, 0, level)) << v;
+  }
+  for (unsigned v = 0; v < 32; ++v) {
+    EXPECT_EQ(pixel(8, v << 11 | 1), rgb(levels5[v], 0, 8)) << v;
+    EXPECT_EQ(pixel(8, v << 6), rgb(0, levels5[v], 0)) << v;
+    EXPECT_EQ(pixel(8, v), rgb(0, 0, levels5[v])) << v;
+  }
+  EXPECT_EQ(pixel(5, 0xC0), none);
+  EXPECT_EQ(pixel(8, 0xE000), none);
+  EXPECT_EQ(pixel(8, 0xFFFF), white);
+}
+
+TEST(ShowP, DrawsMonochromeRuns) {
+  // One of background, an empty run of each kind, two of ink, seven single pixels: 1 0 0 1 1 0 1.
+  EXPECT_EQ(Draw({0x81, 0x80, 0xC0, 0xC2, 0x4D}, Make(10, 1, 0x81)),
+            (std::vector{tone, black, black, black, tone, tone, black, black, tone, black}));
+  const Data longest{0xBF, 0xFF, 0x00};  // 63 of background, 63 of ink
+  const std::vector<Colour> drawn = Draw(longest, Make(127, 1, 0x81));
+  EXPECT_EQ(std::ranges::count(drawn, black), 63);
+  EXPECT_EQ(drawn[62], tone);
+  EXPECT_EQ(drawn[63], black);
+  EXPECT_EQ(drawn[126], tone);
+}
+
 TEST(ShowP, DrawsStreamsOverRowEnds) {
   EXPECT_EQ(Draw({0xC2, 0x20}, Make(3, 3, 0x81), true),
             (std::vector{black, black, tone, black, tone, tone, tone, tone, tone}));
@@ -123,6 +178,32 @@ TEST(BmpFile, IsBottomUpWithAGreenKey) {
   ASSERT_EQ(file.size(), 54u + 8);
   EXPECT_EQ((Data(file.end() - 8, file.end())), (Data{0x00, 0xFF, 0x00, 0, 0x33, 0x22, 0x11, 0}));
   EXPECT_EQ((Data(file.begin() + 18, file.begin() + 30)), (Data{1, 0, 0, 0, 2, 0, 0, 0, 1, 0, 24, 0}));
+}
+
+TEST(BmpFile, HasEveryFieldAndRowsOfWholeDoubleWords) {
+  Bitmap bitmap(3, 1);
+  bitmap.pixels = {0x010203, 0x040506, 0x070809};
+  EXPECT_EQ(BmpFile(bitmap),
+            (Data{'B',  'M', 66, 0, 0,    0,   0, 0, 0, 0, 54, 0, 0, 0,         // file header
+                  40,   0,   0,  0, 3,    0,   0, 0, 1, 0, 0,  0, 1, 0, 24, 0,  // size, planes, depth
+                  0,    0,   0,  0, 12,   0,   0, 0,                            // form, bytes of pixels
+                  0x13, 0xB, 0,  0, 0x13, 0xB, 0, 0, 0, 0, 0,  0, 0, 0, 0,  0,  // 2835 pixels a metre
+                  3,    2,   1,  6, 5,    4,   9, 8, 7, 0, 0,  0}));            // blue, green, red; padding
+}
+
+TEST(PngFile, ShowsTheSamePixels) {
+  Bitmap bitmap(3, 2);
+  bitmap.pixels = {0x010203, 0xFFFFFF, backgroundColour, 0x000000, 0xFB00FA, 0x00FF00};
+  const Data file = PngFile(bitmap);
+  int width = 0, height = 0, channels = 0;
+  const std::unique_ptr<stbi_uc, decltype(&stbi_image_free)> pixels(
+      stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &width, &height, &channels, 0),
+      stbi_image_free);
+  ASSERT_TRUE(pixels);
+  EXPECT_EQ(std::tuple(width, height, channels), std::tuple(3, 2, 4));
+  EXPECT_EQ(Data(pixels.get(), pixels.get() + 24),
+            (Data{1, 2, 3, 255, 255, 255, 255, 255, 0, 0,   0, 0,  // the third is transparent
+                  0, 0, 0, 255, 251, 0,   250, 255, 0, 255, 0, 255}));
   EXPECT_TRUE(PngFile(Bitmap(0, 5)).empty());
 }
 

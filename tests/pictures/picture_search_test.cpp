@@ -45,6 +45,37 @@ TEST(GetP, ListsATableAndItsColumns) {
   EXPECT_EQ(list.pictures[2].Caption(), " 2.  200 * 100 * 8 ");
 }
 
+// A column keeps the rightmost digits; the picture keeps all of them.
+TEST(PictureRows, CutNumbersOnTheLeft) {
+  PictureList list;
+  list.pictures = {{.table = 99,
+                    .type = 0x88,
+                    .width = 254,
+                    .height = 255,
+                    .index = 0x12345,
+                    .number = 123456,
+                    .data = 0x1ABCDEF,
+                    .entry = 0x1234567,
+                    .size = 1234567}};
+  using Cells = std::vector<std::string>;
+  EXPECT_EQ(PictureRows(list).row(0).cells,
+            (Cells{"99", "345", "3456", "254", "255", "16", "ABCDEF", "34567", "29540", "234567"}));
+  EXPECT_EQ(list.pictures[0].PlainSize(), 129540);
+}
+
+TEST(GetP, ListsTheLargestAndSmallestPictures) {
+  ImageBuilder builder(size);
+  std::size_t at = Entry(builder, 0x1000, 4, 4, 1);
+  at = Entry(builder, at, 254, 255, 8);
+  at = Entry(builder, at, 0, 1, 8);
+  Entry(builder, at, 255, 8, 8);
+  const PictureList list = Find(builder);
+  ASSERT_EQ(list.pictures.size(), 3u);
+  EXPECT_EQ(list.pictures[1].width, 254);
+  EXPECT_EQ(list.pictures[1].size, 129540);
+  EXPECT_EQ(list.pictures[2].height, 1);
+}
+
 TEST(GetP, EndsATableByEachRule) {
   const std::array<std::uint8_t, 4> ends[] = {{8, 0, 1, 0}, {255, 8, 1, 0}, {8, 8, 1, 1}, {4, 4, 1, 0}};
   for (const auto& end : ends) {

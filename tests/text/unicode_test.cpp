@@ -6,13 +6,17 @@ namespace tarvelo {
 namespace {
 
 TEST(Windows1251, IsCyrillicInItsUpperHalf) {
-  EXPECT_EQ(FromWindows1251(0x00), u'\0');
-  EXPECT_EQ(FromWindows1251(0x7F), u'\x7F');
-  EXPECT_EQ(FromWindows1251(0x80), u'\u0402');
-  EXPECT_EQ(FromWindows1251(0x98), u'\u0098');
-  EXPECT_EQ(FromWindows1251(0xA8), u'\u0401');
-  EXPECT_EQ(FromWindows1251(0xB9), u'\u2116');
-  EXPECT_EQ(FromWindows1251(0xFF), u'\u044F');
+  constexpr std::u16string_view upperHalf =
+      u"ЂЃ‚ѓ„…†‡€‰Љ‹ЊЌЋЏ"
+      u"ђ‘’“”•–—\u0098™љ›њќћџ"
+      u"\u00A0ЎўЈ¤Ґ¦§Ё©Є«¬\u00AD®Ї"
+      u"°±Ііґµ¶·ё№є»јЅѕї"
+      u"АБВГДЕЖЗИЙКЛМНОПРСТУФХЦЧШЩЪЫЬЭЮЯ"
+      u"абвгдежзийклмнопрстуфхцчшщъыьэюя";
+  ASSERT_EQ(upperHalf.size(), 128u);
+  for (std::size_t byte = 0; byte < 0x100; ++byte)
+    EXPECT_EQ(FromWindows1251(static_cast<std::uint8_t>(byte)), byte < 0x80 ? byte : upperHalf[byte - 0x80])
+        << byte;
 }
 
 TEST(ToUpper, KnowsTheInterfacesScripts) {
@@ -25,6 +29,12 @@ TEST(Utf8, ReplacesUnpairedSurrogates) {
   EXPECT_EQ(ToUtf8(u"A\u00FF\u0410\u4E00\U0001F4DE"), "A\u00FF\u0410\u4E00\U0001F4DE");
   EXPECT_EQ(ToUtf8(std::u16string{u'\xD800', u'A'}), "\uFFFDA");
   EXPECT_EQ(ToUtf8(std::u16string{u'\xDC00', u'\xD800'}), "\uFFFD\uFFFD");
+}
+
+TEST(ControlCharacters, AreReplaced) {
+  const std::string text = "a\n\x1B\x7F\u0080\u009Fb\u00A0\u044F\xFF";
+  EXPECT_EQ(InOneLine(text), "a     b\u00A0\u044F\xFF");
+  EXPECT_EQ(WithDots(text), "a.....b\u00A0\u044F\xFF");
 }
 
 TEST(Utf16, ReplacesWhatIsNotWellFormed) {
