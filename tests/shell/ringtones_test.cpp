@@ -203,6 +203,17 @@ TEST_F(RingtonesDesk, RollHasABarForEachNote) {
   EXPECT_EQ(met, (std::vector<std::size_t>{0, 1, 2}));
 }
 
+TEST_F(RingtonesDesk, KeysChangeTheHeadlineAfterAClick) {
+  Roll().ShowMelody(std::vector<Tone>{{440, 500}, {523, 500}});
+  wxPoint first(0, Roll().GetClientSize().y / 2);
+  while (first.x < Roll().GetClientSize().x && Roll().NoteAt(first) != 0u) ++first.x;
+  Mouse(Roll(), wxEVT_MOTION, first);
+  Mouse(Roll(), wxEVT_LEFT_DOWN, first);
+  EXPECT_EQ(Headline(), "A4   440 Hz   500 ms   0:00.000");
+  Key(Roll(), WXK_RIGHT);
+  EXPECT_EQ(Headline(), "C5   523 Hz   500 ms   0:00.500");
+}
+
 TEST_F(RingtonesDesk, RollFollowsALongMelody) {
   Roll().ShowMelody(std::vector(PianoRoll::mostTones + 5, Tone{440, 10000}));
   EXPECT_EQ(Roll().Notes().size(), PianoRoll::mostTones);
