@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
 #include "core/calculator.h"
 #include "shell/base/program_picture.h"
@@ -30,8 +32,6 @@ int Filtered(int key) {
   return kept ? key : ignoredKey;
 }
 
-bool MovesTheCursor(int key) { return key >= WXK_START || key == WXK_DELETE; }
-
 std::uint32_t DecimalVal(const std::string& text) {
   if (text.empty()) return 0;
   std::uint32_t value = 0;
@@ -43,13 +43,17 @@ std::uint32_t DecimalVal(const std::string& text) {
 
 std::uint32_t HexOf(const wxTextCtrl& field) { return HexVal(Utf8(field.GetValue())); }
 
-// Whether a field already has this number as its value, however it is written.
-bool Reads(const wxTextCtrl& field, const std::string& hex) {
+// What is wrong with the number that `read` reads; nothing if it is one.
+template <typename Read>
+std::optional<Text> FaultOf(const Read& read) {
   try {
-    return HexOf(field) == HexVal(hex);
-  } catch (const std::exception&) {
-    return false;
+    (void)read();
+  } catch (const std::overflow_error&) {
+    return Text::NumberTooLarge;
+  } catch (const std::invalid_argument&) {
+    return Text::NotANumber;
   }
+  return {};
 }
 
 }  // namespace
@@ -71,7 +75,7 @@ Calc166::Calc166(wxWindow* parent, const Messages& messages, Dump dump)
     return Field{text, label, caption};
   };
   const Field fields[] = {field(Page, Text::Page, &Calc166::Page_Change),
-                          field(Offs, Text::OffsetInPage, &Calc166::Page_Change),
+                          field(Offs, Text::OffsetInPage, &Calc166::Offs_Change),
                           field(Addr, Text::PhoneAddress, &Calc166::Addr_Change),
                           field(AdFF, Text::AddressInFullflash, &Calc166::AdFF_Change),
                           field(L16, Text::Hexadecimal, &Calc166::L16_Change),
@@ -133,7 +137,7 @@ void Calc166::Recaption(const Messages& messages) {
     field.label->SetLabel(Wx(messages.Msg(field.caption)));
     platform::SetAccessibleName(*field.text, Wx(messages.Msg(field.caption)));
   }
-  error_->SetLabel(wxString());
+  ShowFaults();
   FitFields();
 }
 
@@ -154,32 +158,39 @@ void Calc166::BaseChanged() {
   if (!Addr->IsEmpty()) Convert(*Addr, &Calc166::Addr_Change);
 }
 
-// Runs the change handler of a field that the user typed into. An error is shown below the fields and leaves
-// the other fields unchanged.
+// Runs the change handler of a field that the user typed into. A field that cannot be read leaves the other
+// fields unchanged.
 void Calc166::Convert(wxTextCtrl& field, void (Calc166::*change)()) {
   if (Updating) return;
-  const auto wrong = [&](Text message) {
-    error_->SetLabel(Wx(messages_.MsgS(message, Utf8(field.GetValue()))));
-    field.SetForegroundColour(wrongColour);
-    field.Refresh();
-  };
-  for (const Field& each : fields_)
-    each.text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-  error_->SetLabel(wxString());
   Updating = true;
+  if (std::exchange(typed_, &field) != &field) pageBefore_ = Page->GetValue();
   try {
     (this->*change)();
   } catch (const std::overflow_error&) {
-    wrong(Text::NumberTooLarge);
   } catch (const std::invalid_argument&) {
-    wrong(Text::NotANumber);
   }
   Updating = false;
+  ShowFaults();
 }
 
-// The field that the user is typing into keeps its text if it already has this value.
+// Marks every field that holds no number. The line below the fields names the typed one if it is among them,
+// otherwise the first.
+void Calc166::ShowFaults() {
+  wxString shown;
+  for (const Field& field : fields_) {
+    wxTextCtrl& text = *field.text;
+    const std::string value = Utf8(text.GetValue());
+    const auto fault = FaultOf([&] { return &text == L10 ? DecimalVal(value) : HexVal(value); });
+    text.SetForegroundColour(fault ? wrongColour : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+    text.Refresh();
+    if (fault && (shown.empty() || &text == typed_)) shown = Wx(messages_.MsgS(*fault, value));
+  }
+  error_->SetLabel(shown);
+}
+
+// The field that the user types into keeps its text.
 void Calc166::Put(wxTextCtrl& field, const std::string& text) {
-  if (!field.HasFocus() || !Reads(field, text)) field.ChangeValue(Wx(text));
+  if (&field != typed_) field.ChangeValue(Wx(text));
 }
 
 void Calc166::ShowAddress(const AddressFields& fields) {
@@ -189,7 +200,11 @@ void Calc166::ShowAddress(const AddressFields& fields) {
   Put(*AdFF, fields.AdFF);
 }
 
-void Calc166::Page_Change() { ShowAddress(FromPage(HexOf(*Page), HexOf(*Offs), CorrBase())); }
+// The typed offset may carry into the page, so an offset above 3FFF does not count twice.
+void Calc166::Page_Change() { ShowAddress(FromPage(HexOf(*Page), HexOf(*Offs) & 0x3FFF, CorrBase())); }
+
+// Each key changes the offset in the page that was there before the first one.
+void Calc166::Offs_Change() { ShowAddress(FromPage(HexVal(Utf8(pageBefore_)), HexOf(*Offs), CorrBase())); }
 
 void Calc166::Addr_Change() { ShowAddress(FromAddr(HexOf(*Addr), CorrBase())); }
 
@@ -202,12 +217,12 @@ void Calc166::L10_Change() { L16->ChangeValue(Wx(Hex24(DecimalVal(Utf8(L10->GetV
 void Calc166::AdFF_DblClick() {
   if (!dump_.show || AdFF->IsEmpty()) return;
   Convert(*AdFF, &Calc166::AdFF_Change);
-  if (Error().empty()) dump_.show(HexOf(*AdFF));
+  if (!FaultOf([this] { return HexOf(*AdFF); })) dump_.show(HexOf(*AdFF));
 }
 
 void Calc166::Form_KeyPress(wxKeyEvent& event) {
-  const int key = event.GetKeyCode();
-  if (MovesTheCursor(key) || Filtered(key) == key) return event.Skip();
+  const auto key = static_cast<int>(event.GetUnicodeKey());  // WXK_NONE for keys that type nothing
+  if (key == WXK_DELETE || Filtered(key) == key) return event.Skip();
   auto& field = dynamic_cast<wxTextCtrl&>(*event.GetEventObject());
   if (Filtered(key) != ignoredKey) field.WriteText(wxString(static_cast<char>(Filtered(key))));
 }

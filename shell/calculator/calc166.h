@@ -55,6 +55,7 @@ class Calc166 final : public wxFrame {
   void FitFields();
   void ShowAddress(const AddressFields& fields);
   void Page_Change();
+  void Offs_Change();
   void Addr_Change();
   void AdFF_Change();
   void L16_Change();
@@ -64,13 +65,16 @@ class Calc166 final : public wxFrame {
 
   void Convert(wxTextCtrl& field, void (Calc166::*change)());
   void Put(wxTextCtrl& field, const std::string& text);
+  void ShowFaults();
   [[nodiscard]] std::int32_t CorrBase() const;
 
   Messages messages_;
   Dump dump_;
   Field fields_[6];
   wxStaticText* error_;
-  bool Updating = false;  // the program is rewriting fields: ignore their change events
+  wxTextCtrl* typed_ = nullptr;  // the field that was changed last; never rewritten meanwhile
+  wxString pageBefore_;          // the page when typing into that field began
+  bool Updating = false;         // the program is rewriting fields: ignore their change events
 };
 
 }  // namespace tarvelo

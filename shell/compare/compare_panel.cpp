@@ -270,14 +270,22 @@ PanelCommands ComparePanel::MakeCommands() {
 void ComparePanel::DifferencesToPatch_Click() {
   std::vector<std::size_t> rows = List().SelectedRows();
   std::ranges::sort(rows);
-  std::vector<Difference> selected;
   Offset size = 0;
-  for (const std::size_t row : rows) {
-    selected.push_back(comparison_.differences[row]);
-    size += selected.back().size;
-  }
-  bench_.frame.AddPatch(Text::DifferencesToPatch, size,
-                        [&] { return PatchLines(bench_.document.Image().ff(), second_.ff(), selected); });
+  for (const std::size_t row : rows) size += comparison_.differences[row].size;
+  bench_.frame.AddPatch(Text::DifferencesToPatch, size, comparison_.differences.size(), [&] {
+    std::vector<Change> changes;
+    for (const std::size_t row : rows) changes.push_back(ChangeOf(comparison_.differences[row]));
+    return changes;
+  });
+}
+
+// From the bytes of the file that was opened to those of the second dump.
+Change ComparePanel::ChangeOf(const Difference& difference) const {
+  const Fullflash& image = bench_.document.Image();
+  Change change = tarvelo::ChangeOf(image.ff(), second_.ff(), difference);
+  for (const Change& edit : bench_.document.Edits().Changes(image, difference.offset, difference.size))
+    std::ranges::copy(edit.oldBytes, change.oldBytes.begin() + (edit.offset - difference.offset));
+  return change;
 }
 
 }  // namespace tarvelo

@@ -46,7 +46,7 @@ class ComparePanel final : public ListPanel {
   [[nodiscard]] wxString Figures() const;
 
  protected:
-  [[nodiscard]] TableRows Rows() const override;
+  [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] std::optional<Region> ChosenRegion() const override;
   [[nodiscard]] PanelCommands MakeCommands() override;
 
@@ -65,6 +65,7 @@ class ComparePanel final : public ListPanel {
   [[nodiscard]] wxString Describe(Offset offset, Offset size) const;
   [[nodiscard]] bool HasSecond() const { return second_.IsOpen(); }
   [[nodiscard]] const Difference* Chosen() const;
+  [[nodiscard]] Change ChangeOf(const Difference& difference) const;
 
   wxPanel* window_;
   wxPanel* none_;  // shown while there is no second dump

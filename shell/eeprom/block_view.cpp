@@ -15,6 +15,7 @@
 #include "shell/base/program_picture.h"
 #include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
+#include "shell/services/clipboard.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 
@@ -51,6 +52,17 @@ wxDataViewListCtrl* MakeList(wxWindow* parent, long style = 0) {
 void AddColumn(wxDataViewListCtrl& list, int width) {
   list.AppendTextColumn(wxString(), wxDATAVIEW_CELL_INERT, list.FromDIP(width), wxALIGN_LEFT,
                         wxDATAVIEW_COL_RESIZABLE);
+}
+
+// Copies the cells of the selected row, tab-separated; of a reading, the text alone.
+void CopySelectedRow(const wxDataViewListCtrl& list) {
+  const int row = list.GetSelectedRow();
+  if (row == wxNOT_FOUND) return;
+  const bool isReading = list.GetColumnCount() == 2;
+  wxString text;
+  for (unsigned column = isReading ? 1 : 0; column < list.GetColumnCount(); ++column)
+    text << (text.empty() ? "" : "\t") << list.GetTextValue(static_cast<unsigned>(row), column);
+  Copy(Utf8(text));
 }
 
 // Explains a button that has no words.
@@ -150,6 +162,13 @@ void BlockView::Bind() {
     const int row = generations_->ItemToRow(event.GetItem());
     if (row >= 0) CallAfter([this, row] { Generation_Click(static_cast<std::size_t>(row)); });
   });
+  for (wxDataViewListCtrl* list : {generations_, readings_})
+    list->Bind(wxEVT_CHAR_HOOK, [list](wxKeyEvent& event) {
+      if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C')
+        CopySelectedRow(*list);
+      else
+        event.Skip();
+    });
   const auto follow = [this](wxEvent& event) {
     event.Skip();
     CallAfter([this] { ReadFromCaret(); });  // the control moves its caret after this
@@ -324,7 +343,9 @@ void BlockView::Generation_Click(std::size_t row) {
 }
 
 void BlockView::HexView_Click() {
-  if (shown_) bench_.frame.ShowHex(report_.data.offset, static_cast<Offset>(report_.data.bytes.size()));
+  if (!shown_) return;
+  bench_.frame.ShowHex(report_.data.offset, static_cast<Offset>(report_.data.bytes.size()));
+  Hide();  // it would stay in front of the hex view
 }
 
 }  // namespace tarvelo

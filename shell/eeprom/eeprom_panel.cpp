@@ -58,6 +58,11 @@ EepromPanel::EepromPanel(Workbench& bench)
           [this]() -> const EepromBlockRecord* {
             const auto record = ChosenRecord();
             return record ? &Blocks().records[*record] : nullptr;
+          },
+          [this] {
+            std::vector<const EepromBlockRecord*> all;
+            for (const std::size_t record : ChosenRecords()) all.push_back(&Blocks().records[record]);
+            return all;
           }) {}
 
 const EepromFindings& EepromPanel::Records() const {
@@ -89,7 +94,9 @@ void EepromPanel::Recaption(const Messages& messages) {
 ExplorerPanel::OwnCommands EepromPanel::Own() {
   const auto chosen = Chosen();
   return {.open = {{Id::InfoE, Text::InfoAboutBlock, Text::HelpInfoAboutBlock, "Ctrl+I",
-                    [this] { InfoE_Click(); }, chosen}},
+                    [this] { InfoE_Click(); }, [this] { return IsKnownChosen(); }},
+                   {Id::ShowBlock, Text::ShowBlock, Text::HelpShowBlock, "Ctrl+Shift+I",
+                    [this] { ShowBlock_Click(); }, chosen}},
           .files = transfer_.Commands(),
           .last = {{.caption = Text::KnownBlocks, .help = Text::HelpKnownBlocks, .entries = KnownBlocks()}},
           .search = Text::SearchBlock};
@@ -107,7 +114,17 @@ std::vector<PanelCommand> EepromPanel::KnownBlocks() {
   return entries;
 }
 
+// Whether the list shows "*" for the chosen block.
+bool EepromPanel::IsKnownChosen() const {
+  const auto record = ChosenRecord();
+  return record && Blocks().records[*record].HasViewer;
+}
+
 void EepromPanel::InfoE_Click() {
+  if (IsKnownChosen()) ShowBlock_Click();
+}
+
+void EepromPanel::ShowBlock_Click() {
   if (const auto record = ChosenRecord()) ShowBlock(*record);
 }
 

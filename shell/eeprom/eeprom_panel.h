@@ -17,7 +17,8 @@ class EepromPanel final : public ExplorerPanel {
   void Recaption(const Messages& messages) override;
 
   // The commands. Those that need a chosen block do nothing without one.
-  void InfoE_Click();
+  void InfoE_Click();  // for a known block only
+  void ShowBlock_Click();
   // Shows the live block that an entry of KnownBlocks stands for.
   void Viewer_Click(ViewerEntry entry);
 
@@ -32,6 +33,7 @@ class EepromPanel final : public ExplorerPanel {
 
  private:
   void ShowBlock(std::size_t record);
+  [[nodiscard]] bool IsKnownChosen() const;
   [[nodiscard]] std::vector<PanelCommand> KnownBlocks();
   [[nodiscard]] const EepromFindings& Records() const;
 

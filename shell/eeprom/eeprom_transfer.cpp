@@ -51,6 +51,12 @@ std::string EepromTransfer::Stem() const { return PathText(bench_.document.FileS
 // --- saving ---
 
 void EepromTransfer::SaveBlock_Click() {
+  const std::vector<const EepromBlockRecord*> blocks = selected_();
+  if (blocks.size() > 1) {
+    const Saved saved = SaveEach(Folder(), blocks);
+    if (!saved.stopped) TellSelectedSaved(saved);
+    return;
+  }
   const EepromBlockRecord* block = chosen_();
   if (!block) return;
   const auto file = SaveBlock(bench_.document.Image(), blocks_(), *block, Folder(), Stem());
@@ -59,7 +65,7 @@ void EepromTransfer::SaveBlock_Click() {
 }
 
 void EepromTransfer::SaveAllBlock_Click() {
-  const Saved saved = SaveEach(Folder(), deletedToo_);
+  const Saved saved = SaveEach(Folder(), BlocksToSave(blocks_(), deletedToo_));
   if (!saved.stopped) TellSaved(saved, Folder() / "NNNN.bin");
 }
 
@@ -74,7 +80,7 @@ void EepromTransfer::eeBackup_Click() {
   };
   Saved saved;
   try {
-    saved = SaveEach(folder, false);
+    saved = SaveEach(folder, BlocksToSave(blocks_(), false));
   } catch (const FileError&) {
     discard();
     throw;
@@ -84,8 +90,8 @@ void EepromTransfer::eeBackup_Click() {
 }
 
 // Saves block after block. Escape stops it.
-EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& folder, bool allGenerations) {
-  const auto blocks = BlocksToSave(blocks_(), allGenerations);
+EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& folder,
+                                               const std::vector<const EepromBlockRecord*>& blocks) {
   const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
   ProgressRun run(bench_.status, 0, std::ssize(blocks));
   const std::string stem = Stem();
@@ -101,6 +107,15 @@ EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& fold
       saved.without.push_back(block->Number);
   }
   return saved;
+}
+
+void EepromTransfer::TellSelectedSaved(const Saved& saved) {
+  const Messages& texts = bench_.texts;
+  wxString text = Wx(texts.Msg(Text::BlocksSavedLabel)) << saved.files;
+  if (!saved.without.empty())
+    text << "\n" << Wx(texts.Msg(Text::BlocksWithoutDataLabel)) << Numbers(saved.without);
+  if (saved.files == 0) return bench_.talk.Complain(text);
+  bench_.talk.Tell(text, Folder());
 }
 
 void EepromTransfer::TellSaved(const Saved& saved, const std::filesystem::path& path) {

@@ -20,8 +20,14 @@ class EepromTransfer {
   // Returns the chosen block, or null.
   using ChosenBlock = std::function<const EepromBlockRecord*()>;
 
-  EepromTransfer(Workbench& bench, Blocks blocks, ChosenBlock chosen)
-      : bench_(bench), blocks_(std::move(blocks)), chosen_(std::move(chosen)) {}
+  // Returns the blocks of all selected rows.
+  using SelectedBlocks = std::function<std::vector<const EepromBlockRecord*>()>;
+
+  EepromTransfer(Workbench& bench, Blocks blocks, ChosenBlock chosen, SelectedBlocks selected)
+      : bench_(bench),
+        blocks_(std::move(blocks)),
+        chosen_(std::move(chosen)),
+        selected_(std::move(selected)) {}
 
   // The entries of the panel's menu.
   [[nodiscard]] std::vector<PanelCommand> Commands();
@@ -41,7 +47,8 @@ class EepromTransfer {
     bool stopped = false;
   };
 
-  Saved SaveEach(const std::filesystem::path& folder, bool allGenerations);
+  Saved SaveEach(const std::filesystem::path& folder, const std::vector<const EepromBlockRecord*>& blocks);
+  void TellSelectedSaved(const Saved& saved);
   void TellSaved(const Saved& saved, const std::filesystem::path& path);
   void LoadFile(int number, const std::filesystem::path& file);
   void LoadNumber(int number, const std::filesystem::path& file, LoadedFiles& loaded);
@@ -54,6 +61,7 @@ class EepromTransfer {
   Workbench& bench_;
   Blocks blocks_;
   ChosenBlock chosen_;
+  SelectedBlocks selected_;
   bool deletedToo_ = false;
 };
 

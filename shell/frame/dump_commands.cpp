@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "core/summary.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/frame/demonstration.h"
 #include "shell/frame/menus.h"
 #include "shell/frame/panel_stack.h"
 #include "shell/info/info_panel.h"
+#include "shell/patch/apply_patch.h"
 #include "shell/platform/beeper.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/status_bar.h"
@@ -26,6 +26,8 @@ DumpCommands::DumpCommands(Workbench& bench, PanelStack& panels, Menus& menus, I
 // --- opening ---
 
 void DumpCommands::OpenF(const std::filesystem::path& path) {
+  if (IsPatchFile(path))  // "Save patch" would overwrite it
+    return bench_.talk.Complain(Wx(bench_.texts.Msg(Text::PatchIsNoFullflash)) + "\n\n" + WxPath(path));
   CloseFF();
   if (!GetInfo(path)) return;
   changed_();
@@ -38,7 +40,7 @@ bool DumpCommands::GetInfo(const std::filesystem::path& path) {
   if (!image) return false;
   Document& document = bench_.document;
   document.Open(std::move(*image), path);
-  info_.SetText(Wx(Summary(PathText(path), document.Image(), document.Info(), bench_.texts)));
+  info_.SetSummary(path);
   bench_.status.SetPanel(1, WxPath(path));
   bench_.status.SetPanel(2, Wx(document.Info().StatusText()));
   return true;
@@ -55,11 +57,12 @@ void DumpCommands::CloseFF() {
 
 void DumpCommands::OpenChosen(const std::filesystem::path& path) {
   bench_.talk.Guard(Wx(bench_.texts.Msg(Text::Open)), [&] {
-    if (!WasChanged()) OpenF(path);
+    if (IsPatchFile(path) || !WasChanged()) OpenF(path);
   });
 }
 
 void DumpCommands::OpenNamed(const std::string& name) {
+  if (name == "--help" || name == "-h") return bench_.talk.Tell(Wx(bench_.texts.Msg(Text::ProgramUsage)));
   if (ToUpper(name).ends_with("ADR"))
     return bench_.talk.Complain(Wx(bench_.texts.Msg(Text::CantOpenAddressBooks)) + "\n\n" + Wx(name));
   std::error_code error;
@@ -71,7 +74,9 @@ void DumpCommands::OpenRecent(std::size_t index) { OpenChosen(PathOf(recent_[ind
 
 void DumpCommands::OpenFF_Click() {
   if (WasChanged()) return;
-  const auto path = AskForDump(bench_, Text::Open, bench_.document.Path());
+  std::filesystem::path current = bench_.document.Path();
+  if (current.empty()) current = PathOf(recent_[0]).parent_path() / "";
+  const auto path = AskForDump(bench_, Text::Open, current);
   if (path) OpenF(*path);
 }
 

@@ -24,7 +24,6 @@
 #include "shell/search/hits_panel.h"
 #include "shell/services/ids.h"
 #include "shell/settings/interface_language.h"
-#include "shell/settings/window_place.h"
 
 namespace tarvelo {
 namespace {
@@ -87,7 +86,7 @@ Main::Main(Surroundings surroundings)
   menus_.ShowRecent(dumps_->Recent());
   ApplyLang(StoredLanguage(settings_));
   dumps_->CloseFF();
-  RestorePlace(*this, settings_);
+  place_.emplace(*this, settings_);
   Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
     status_->FitPanels();
     event.Skip();
@@ -101,7 +100,8 @@ Main::Main(Surroundings surroundings)
 Main::~Main() {
   wxTheApp->Unbind(wxEVT_QUERY_END_SESSION, &Main::QueryEndSession, this);
   wxTheApp->Unbind(wxEVT_END_SESSION, &Main::EndSession, this);
-  DestroyChildren();  // destroys the windows before the panels that they call
+  SetEvtHandlerEnabled(false);  // the members that handle its events go first
+  DestroyChildren();            // destroys the windows before the panels that they call
 }
 
 void Main::AddPanels() {
@@ -157,8 +157,9 @@ void Main::AddInformation(const std::string& lines) { info_->AppendText(Wx(lines
 
 void Main::AddInformation(const std::string& name, const std::string& body) { info_->AddText(name, body); }
 
-void Main::AddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody) {
-  patch_->AskAndAddPatch(command, changedBytes, makeBody);
+void Main::AddPatch(Text command, Offset changedBytes, std::size_t all,
+                    const std::function<std::vector<Change>()>& makeChanges) {
+  patch_->AskAndAddPatch(command, changedBytes, all, makeChanges);
 }
 
 }  // namespace tarvelo

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 #include "document/document.h"
 #include "resources/messages.h"
@@ -20,6 +21,7 @@
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 #include "shell/settings/settings.h"
+#include "shell/settings/window_place.h"
 
 namespace tarvelo {
 
@@ -66,7 +68,7 @@ class Main final : public wxFrame, private Frame {
 
   // --- Frame ---
   wxWindow& Parent() override { return *this; }
-  void PopUpCommands() override { Run(panels_->PopUp()); }
+  void PopUpCommands(const wxPoint& place) override { Run(panels_->PopUp(place)); }
   void AcceptDrops(wxWindow& window) override;
   void ShowPanel(Panel& panel) override { panels_->ShowPanel(panel); }
   [[nodiscard]] bool IsVisible(const Panel& panel) const override { return panels_->Visible() == &panel; }
@@ -75,7 +77,8 @@ class Main final : public wxFrame, private Frame {
   void FollowInHex(Offset start, Offset size) override;
   void AddInformation(const std::string& lines) override;
   void AddInformation(const std::string& name, const std::string& body) override;
-  void AddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody) override;
+  void AddPatch(Text command, Offset changedBytes, std::size_t all,
+                const std::function<std::vector<Change>()>& makeChanges) override;
 
   void DoGiveHelp(const wxString& help, bool show) override;
   void AddPanels();
@@ -120,6 +123,7 @@ class Main final : public wxFrame, private Frame {
   Calc166* calculator_ = nullptr;  // null while it is closed
   Document::Watch watch_;
   std::string openWhenIdle_;
+  std::optional<WindowPlace> place_;
 };
 
 }  // namespace tarvelo

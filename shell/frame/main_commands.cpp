@@ -17,7 +17,6 @@
 #include "shell/services/panel.h"
 #include "shell/services/panel_commands.h"
 #include "shell/settings/program_files.h"
-#include "shell/settings/window_place.h"
 
 namespace tarvelo {
 
@@ -114,7 +113,8 @@ void Main::Calc166_Menu_Click() {
 void Main::Help_Click() {
   const std::filesystem::path page = DataFolder() / PathOf(messages_.Msg(Text::ManualFile));
   if (!FileExist(page)) return talk_.Complain(Wx(messages_.MsgS(Text::FileNotFound, PathText(page))));
-  launcher_->OpenWithSystem(page);
+  if (!launcher_->OpenWithSystem(page))
+    talk_.Complain(Wx(messages_.Msg(Text::NoProgramForFile)) + "\n\n" + WxPath(page));
 }
 
 void Main::About_Click() {
@@ -132,7 +132,7 @@ void Main::ExitM_Click() {
 void Main::StoreSettings() {
   tools_.Forget();
   dumps_->Recent().Write(settings_);
-  StorePlace(*this, settings_);
+  place_->Store(settings_);
 }
 
 void Main::Form_Unload(wxCloseEvent& event) {

@@ -69,9 +69,9 @@ void PanelStack::ShowTitle() {
 
 void PanelStack::CheckMenu() { menus_.CheckPanel(visible_ ? visible_->Traits().menuEntry : Id::None); }
 
-int PanelStack::PopUp() {
+int PanelStack::PopUp(const wxPoint& place) {
   const PanelCommands* own = visible_ ? visible_->Commands() : nullptr;
-  return own ? own->PopUp(visible_->Window(), texts_) : Id::None;
+  return own ? own->PopUp(visible_->Window(), texts_, place) : Id::None;
 }
 
 }  // namespace tarvelo

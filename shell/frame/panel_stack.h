@@ -1,6 +1,8 @@
 // The panels of the main window. One is shown at a time.
 #pragma once
 
+#include <wx/gdicmn.h>
+
 #include <memory>
 #include <utility>
 #include <vector>
@@ -43,8 +45,8 @@ class PanelStack {
   void Recaption();
   // Ticks the menu entry of the visible panel.
   void CheckMenu();
-  // Shows the context menu of the visible panel. Returns the chosen id, or 0.
-  [[nodiscard]] int PopUp();
+  // Shows the context menu of the visible panel at a place on the screen. Returns the chosen id, or 0.
+  [[nodiscard]] int PopUp(const wxPoint& place);
 
  private:
   void Take(std::unique_ptr<Panel> panel);

@@ -25,24 +25,27 @@ using MessageDialog = wxGenericMessageDialog;  // the native one shows no icons
 using MessageDialog = wxMessageDialog;
 #endif
 
-// Repeats the filter's patterns in upper case: Linux distinguishes DUMP.BIN from dump.bin.
-wxString AnyCase(const wxString& filter) {
-  wxArrayString parts = wxSplit(filter, '|', '\0');
-  for (std::size_t i = 1; i < parts.size(); i += 2)
-    if (parts[i] != parts[i].Upper()) parts[i] += ";" + parts[i].Upper();
-  return wxJoin(parts, '|', '\0');
-}
-
 std::optional<std::filesystem::path> ChooseFile(wxWindow* parent, const wxString& title,
                                                 const wxString& filter, const std::filesystem::path& current,
                                                 long style) {
   wxFileDialog dialog(parent, title, WxPath(current.parent_path()), WxPath(current.filename()),
-                      AnyCase(filter), style);
+                      FilterForSystem(filter), style);
   if (dialog.ShowModal() != wxID_OK) return {};
   return PathFrom(dialog.GetPath());
 }
 
 }  // namespace
+
+wxString FilterForSystem(const wxString& filter) {
+  wxArrayString parts = wxSplit(filter, '|', '\0');
+  for (std::size_t i = 1; i < parts.size(); i += 2) {
+#ifdef __WXGTK__
+    if (parts[i] == "*.*") parts[i] = "*";
+#endif
+    if (parts[i] != parts[i].Upper()) parts[i] += ";" + parts[i].Upper();
+  }
+  return wxJoin(parts, '|', '\0');
+}
 
 void WxDialogs::Message(const wxString& text, Icon icon) {
   const long style = wxOK | (icon == Icon::Critical ? wxICON_ERROR : wxICON_INFORMATION);
@@ -72,7 +75,7 @@ void WxDialogs::Announce(const wxString& title, const wxString& text) {
 }
 
 bool WxDialogs::Confirm(const wxString& text) {
-  MessageDialog dialog(parent_, text, productName, wxYES_NO | wxCANCEL | wxICON_EXCLAMATION);
+  MessageDialog dialog(parent_, text, productName, wxYES_NO | wxNO_DEFAULT | wxCANCEL | wxICON_EXCLAMATION);
   dialog.SetYesNoCancelLabels(Wx(messages_.Msg(Text::Yes)), Wx(messages_.Msg(Text::No)),
                               Wx(messages_.Msg(Text::Cancel)));
   return dialog.ShowModal() == wxID_YES;

@@ -10,6 +10,10 @@ namespace tarvelo {
 class Messages;
 
 // wx dialogs with buttons in the current language.
+// The filter of a file dialog as the system needs it. Linux distinguishes DUMP.BIN from dump.bin and takes
+// "*.*" literally.
+[[nodiscard]] wxString FilterForSystem(const wxString& filter);
+
 class WxDialogs final : public Dialogs {
  public:
   // Both must outlive the object; `parent` may be null.

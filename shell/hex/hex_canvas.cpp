@@ -89,15 +89,26 @@ void HexCanvas::ImageChanged() {
 
 void HexCanvas::Go(Offset start, Offset size) {
   scene_.cursor.Select({start, size});
+  isChosen_ = size > 0;
   placeWhenSized_ = RowsSeen() <= 1;
   ShowCursor(true);
-  CursorMoved();
+  Moved();
 }
 
 void HexCanvas::SelectAll() {
   if (!HasImage()) return;
   scene_.cursor.Select({0, Offset{scene_.image->ffEnd()} + 1});
-  CursorMoved();
+  isChosen_ = true;
+  Moved();
+}
+
+// Before the user extends the selection. One that was chosen by the program has its cursor at the start,
+// which is to stay: the other end moves.
+void HexCanvas::HoldStart() {
+  const Region chosen = Selection();
+  if (!isChosen_ || chosen.size == 0) return;
+  scene_.cursor.MoveTo(chosen.offset, false);
+  scene_.cursor.MoveTo(chosen.offset + chosen.size - 1, true);
 }
 
 void HexCanvas::SwitchSide() {
@@ -108,6 +119,11 @@ void HexCanvas::SwitchSide() {
 }
 
 void HexCanvas::CursorMoved() {
+  isChosen_ = false;
+  Moved();
+}
+
+void HexCanvas::Moved() {
   scene_.secondDigit = false;
   Refresh();
   if (onSelect) onSelect();
@@ -242,14 +258,17 @@ void HexCanvas::BindMouse() {
   Bind(wxEVT_RIGHT_DOWN, [this](wxMouseEvent& event) {
     SetFocus();
     const Offset offset = OffsetAt(event.GetPosition());
-    if (!Selection().Holds(offset)) {
+    if (event.GetY() >= scene_.headerHeight && !Selection().Holds(offset)) {
       scene_.cursor.MoveTo(offset, false);
       CursorMoved();
     }
     event.Skip();
   });
-  Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) {
-    if (onContextMenu) onContextMenu();
+  Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    const bool isKey = event.GetPosition() == wxDefaultPosition;
+    if (isKey) ShowCursor(false);
+    const wxPoint cursor = PlaceOf(scene_.cursor.At()) + wxPoint(0, scene_.rowHeight / 2);
+    if (onContextMenu) onContextMenu(isKey ? ClientToScreen(cursor) : event.GetPosition());
   });
   dragTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ScrollWhileDragging(); });
 }
@@ -258,6 +277,7 @@ void HexCanvas::PressButton(const wxMouseEvent& event) {
   SetFocus();
   if (!HasImage() || event.GetY() < scene_.headerHeight) return;
   scene_.cursorInText = scene_.columns.IsInText(scene_.ColumnAt(event.GetX()));
+  if (event.ShiftDown()) HoldStart();
   scene_.cursor.MoveTo(OffsetAt(event.GetPosition()), event.ShiftDown());
   CursorMoved();
   if (dragging_) return;
@@ -312,7 +332,10 @@ void HexCanvas::PressKey(wxKeyEvent& event) {
   if (event.GetKeyCode() == WXK_TAB && !event.ControlDown()) {
     Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward : wxNavigationKeyEvent::IsForward);
   } else if (step && !event.AltDown()) {
+    if (event.ShiftDown()) HoldStart();
     scene_.cursor.Move(*step, RowsSeen(), event.ShiftDown());
+    if (step == CursorStep::PageUp) ScrollToRow(scene_.topRow - RowsSeen());
+    if (step == CursorStep::PageDown) ScrollToRow(scene_.topRow + RowsSeen());
     ShowCursor(false);
     CursorMoved();
   } else {

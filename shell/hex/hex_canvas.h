@@ -45,8 +45,8 @@ class HexCanvas final : public wxWindow {
 
   bool SetFont(const wxFont& font) override;
 
-  std::function<void()> onSelect;  // the cursor or the selection has changed
-  std::function<void()> onContextMenu;
+  std::function<void()> onSelect;                           // the cursor or the selection has changed
+  std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
   // A byte was typed over the one at an offset. A hexadecimal byte takes two calls: the first has its new
   // first digit; the second, with `again`, has both.
   std::function<void(Offset at, std::uint8_t byte, bool again)> onType;
@@ -72,17 +72,20 @@ class HexCanvas final : public wxWindow {
   void ScrollWhileDragging();
   void EndDrag();
 
+  void HoldStart();
   void PressKey(wxKeyEvent& event);
   void TypeKey(wxKeyEvent& event);
   bool TypeDigit(char32_t character);
   bool TypeCharacter(char32_t character);
   void Type(std::uint8_t byte, bool again, bool moveOn);
-  void CursorMoved();
+  void CursorMoved();  // by the user
+  void Moved();
   void Paint();
 
   HexScene scene_;
   wxTimer dragTimer_;
   bool dragging_ = false;
+  bool isChosen_ = false;        // the selection is the program's: the user extends it from its start
   bool placeWhenSized_ = false;  // Go was called before the window had a size
   int wheelTurned_ = 0;
 };

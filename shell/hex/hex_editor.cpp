@@ -1,7 +1,6 @@
 #include "shell/hex/hex_editor.h"
 
 #include "core/byte_text.h"
-#include "patch/patch_lines.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/hex/hex_canvas.h"
@@ -14,6 +13,18 @@ namespace {
 
 constexpr Offset patchGap = 8;            // a line of a patch may contain up to this many unchanged bytes
 constexpr std::size_t longestQuote = 60;  // characters of a rejected text
+
+// The bytes of a text as the phone stores it. Nothing if a character has none, or if there is no character.
+std::optional<std::vector<std::uint8_t>> BytesOfText(const std::string& text) {
+  std::vector<std::uint8_t> bytes;
+  for (const wxUniChar character : Wx(text)) {
+    const auto byte = ByteOf(static_cast<char32_t>(character.GetValue()));
+    if (!byte) return {};
+    bytes.push_back(*byte);
+  }
+  if (bytes.empty()) return {};
+  return bytes;
+}
 
 }  // namespace
 
@@ -46,8 +57,9 @@ bool HexEditor::CanRedo() const { return bench_.document.Edits().CanRedo(); }
 
 void HexEditor::Paste() {
   const std::string text = CopiedText();
-  const auto bytes = ReadHex(text);
-  if (!bytes) return RefuseNumber(text);
+  const bool isText = canvas_.CursorInText();
+  const auto bytes = isText ? BytesOfText(text) : ReadHex(text);
+  if (!bytes) return Refuse(isText ? Text::NotPhoneText : Text::NotANumber, text);
   const Offset start = canvas_.Selection().offset;
   if (start + std::ssize(*bytes) > std::ssize(Image().ff()))
     return bench_.talk.Complain(Text::DataOutsideImage);
@@ -59,27 +71,37 @@ void HexEditor::Fill() {
   const auto answer = bench_.talk.Ask(Text::FillWithByte, "FF");
   if (!answer) return;
   const auto byte = ReadHex(answer->size() == 1 ? "0" + *answer : *answer);
-  if (!byte || byte->size() != 1) return RefuseNumber(*answer);
+  if (!byte || byte->size() != 1) return Refuse(Text::NotANumber, *answer);
   const Region range = canvas_.Selection();
   bench_.document.Write(range.offset, std::vector(static_cast<std::size_t>(range.size), byte->front()));
 }
 
 void HexEditor::ChangesToPatch() {
-  const Region range = canvas_.Selection();
-  const ImageEdits& edits = bench_.document.Edits();
-  const std::vector<Change> changes = range.size > 0
-                                          ? edits.Changes(Image(), range.offset, range.size, patchGap)
-                                          : edits.Changes(Image(), patchGap);
-  if (changes.empty()) return bench_.talk.Tell(Wx(bench_.texts.Msg(Text::NothingChanged)));
-  Offset size = 0;
-  for (const Change& change : changes) size += change.Size();
-  bench_.frame.AddPatch(Text::ChangesToPatch, size, [&] { return PatchLines(changes); });
+  AddToPatch(Text::ChangesToPatch, bench_.document.Edits().Changes(Image(), patchGap));
 }
 
-void HexEditor::RefuseNumber(const std::string& text) {
+void HexEditor::SelectedToPatch() {
+  const Region range = canvas_.Selection();
+  AddToPatch(Text::SelectedChangesToPatch,
+             bench_.document.Edits().Changes(Image(), range.offset, range.size, patchGap));
+}
+
+void HexEditor::AddToPatch(Text command, const std::vector<Change>& changes) {
+  const std::size_t all = bench_.document.Edits().Changes(Image(), patchGap).size();
+  const Messages& texts = bench_.texts;
+  if (all == 0) return bench_.talk.Tell(Wx(texts.Msg(Text::NothingChanged)));
+  if (changes.empty())
+    return bench_.talk.Tell(
+        Wx(std::string(texts.Msg(Text::ChangesTakenLabel)) + "0 / " + std::to_string(all)));
+  Offset size = 0;
+  for (const Change& change : changes) size += change.Size();
+  bench_.frame.AddPatch(command, size, all, [&] { return changes; });
+}
+
+void HexEditor::Refuse(Text message, const std::string& text) {
   wxString quoted = Wx(text);
   if (quoted.length() > longestQuote) quoted = quoted.Left(longestQuote) + "...";
-  bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::NotANumber, Utf8(quoted))));
+  bench_.talk.Complain(Wx(bench_.texts.MsgS(message, Utf8(quoted))));
 }
 
 }  // namespace tarvelo

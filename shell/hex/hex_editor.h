@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
-#include "core/fullflash.h"
+#include "core/image_edits.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 
@@ -23,18 +25,20 @@ class HexEditor {
   [[nodiscard]] bool CanUndo() const;
   [[nodiscard]] bool CanRedo() const;
 
-  // Writes the clipboard's bytes, which it holds as hexadecimal digits, from the cursor or the start of the
-  // selection on. If the clipboard holds no bytes, or too many, tells the user.
+  // Writes the clipboard from the cursor or the start of the selection on: hexadecimal digits, or characters
+  // if the cursor is in the text. If the clipboard holds no bytes, or too many, tells the user.
   void Paste();
   // Asks for a byte and fills the selection with it.
   void Fill();
-  // Makes a patch of the changes in the selection, or in the whole image if nothing is selected.
+  // Adds the changes to the patch: all of them, or those in the selection.
   void ChangesToPatch();
+  void SelectedToPatch();
 
  private:
   [[nodiscard]] const Fullflash& Image() const;
+  void AddToPatch(Text command, const std::vector<Change>& changes);
   void Type(Offset at, std::uint8_t byte, bool again);
-  void RefuseNumber(const std::string& text);
+  void Refuse(Text message, const std::string& text);
 
   Workbench& bench_;
   HexCanvas& canvas_;

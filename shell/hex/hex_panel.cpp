@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "core/places.h"
 #include "patch/pattern_walk.h"
@@ -19,6 +20,7 @@
 #include "shell/platform/accessible_name.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
+#include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 
 namespace tarvelo {
@@ -81,12 +83,12 @@ void HexPanel::Bind() {
     event.Skip();
   });
   kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowFault(wxString()); });
-  canvas_->onSelect = [this] { ShowInformation(); };
-  canvas_->onContextMenu = [this] { bench_.frame.PopUpCommands(); };
+  canvas_->onSelect = [this] { CursorMoved(); };
+  canvas_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
   window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
     if (copy && canvas_->HasFocus())
-      bench_.frame.Run(Id::CopyHex);
+      bench_.frame.Run(canvas_->CursorInText() ? Id::CopyText : Id::CopyHex);
     else if (event.GetKeyCode() == WXK_ESCAPE && !canvas_->HasFocus())
       canvas_->SetFocus();
     else
@@ -224,7 +226,9 @@ std::vector<PanelCommand> HexPanel::EditCommands() {
       {Id::FillBytes, Text::FillWithByte, Text::HelpFillWithByte, "", [this] { editor_.Fill(); }, selected},
       {},
       {Id::ChangesToPatch, Text::ChangesToPatch, Text::HelpAddToPatch, "",
-       [this] { editor_.ChangesToPatch(); }, any}};
+       [this] { editor_.ChangesToPatch(); }, any},
+      {Id::SelectedToPatch, Text::SelectedChangesToPatch, Text::HelpAddToPatch, "",
+       [this] { editor_.SelectedToPatch(); }, selected}};
 }
 
 void HexPanel::GoTo_Click() {
@@ -299,18 +303,39 @@ void HexPanel::FindNext_Click() {
   if (pattern_.empty() && !AskForPattern()) return;
   const Pattern pattern(pattern_);
   const Region range = canvas_->Selection();
-  ShowHit(pattern, FirstFrom(Image(), pattern, range.offset + (range.size > 0 ? 1 : 0)));
+  const Offset hit = FirstFrom(Image(), pattern, range.offset + (range.size > 0 ? 1 : 0));
+  if (hit >= 0) return ShowHit(pattern, hit);
+  ShowHit(pattern, FirstFrom(Image(), pattern, 0));
+  SayWrapped(Text::SearchWrappedToStart);
 }
 
 void HexPanel::FindPrevious_Click() {
   if (pattern_.empty() && !AskForPattern()) return;
   const Pattern pattern(pattern_);
-  ShowHit(pattern, LastBefore(Image(), pattern, canvas_->Selection().offset));
+  const Offset hit = LastBefore(Image(), pattern, canvas_->Selection().offset);
+  if (hit >= 0) return ShowHit(pattern, hit);
+  ShowHit(pattern, LastBefore(Image(), pattern, std::ssize(Image().ff())));
+  SayWrapped(Text::SearchWrappedToEnd);
 }
 
 void HexPanel::ShowHit(const Pattern& pattern, Offset hit) {
-  if (hit < 0) return bench_.talk.Complain(Wx(NotFound(pattern_, bench_.texts)));
+  isHitShown_ = hit >= 0;
+  if (!isHitShown_) return bench_.talk.Complain(Wx(NotFound(pattern_, bench_.texts)));
   Go(hit, pattern.PatCount());
+}
+
+// In the status bar, until the cursor moves; after the menu that this command may come from has closed.
+void HexPanel::SayWrapped(Text text) {
+  if (!isHitShown_) return;
+  window_->CallAfter([this, text] {
+    isWrapShown_ = true;
+    bench_.status.ShowHelp(Wx(bench_.texts.Msg(text)));
+  });
+}
+
+void HexPanel::CursorMoved() {
+  ShowInformation();
+  if (std::exchange(isWrapShown_, false)) bench_.status.ShowHelp(wxString());
 }
 
 }  // namespace tarvelo

@@ -74,6 +74,8 @@ class HexPanel final : public Panel {
   [[nodiscard]] Bytes BytesToCopy();
   bool AskForPattern();
   void ShowHit(const Pattern& pattern, Offset hit);
+  void SayWrapped(Text text);
+  void CursorMoved();
 
   Workbench& bench_;
   PanelCommands commands_;
@@ -85,7 +87,9 @@ class HexPanel final : public Panel {
   HexCanvas* canvas_;
   HexEditor editor_;
   wxStaticText* information_;
-  std::string pattern_;  // the pattern of the last search
+  std::string pattern_;       // the pattern of the last search
+  bool isHitShown_ = false;   // the last search found something
+  bool isWrapShown_ = false;  // the status bar says that the search went round
   Document::Watch watch_;
 };
 

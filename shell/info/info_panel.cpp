@@ -10,6 +10,7 @@
 
 #include <algorithm>
 
+#include "core/summary.h"
 #include "patch/patch_document.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
@@ -19,6 +20,7 @@
 #include "shell/info/welcome.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/services/dump_files.h"
+#include "shell/services/edit_commands.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
@@ -33,6 +35,7 @@ constexpr std::size_t bytesAtOnce = 1 << 18;  // appended at a time; the progres
 InfoPanel::InfoPanel(Workbench& bench)
     : Panel({.menuEntry = Id::Info, .name = Text::Info, .saveTextCaption = Text::SaveInfoFile}),
       bench_(bench),
+      commands_(EditCommands(bench)),
       window_(new wxPanel(&bench.frame.Parent())) {
   sheet_ = new wxPanel(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
   Text = new wxTextCtrl(sheet_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
@@ -77,12 +80,30 @@ void InfoPanel::Save() {
   bench_.talk.Tell(Text::InformationSaved, file);
 }
 
-void InfoPanel::Clear() { SetText(wxString()); }
+void InfoPanel::Clear() {
+  summary_.clear();
+  SetText(wxString());
+}
 
 void InfoPanel::Recaption(const Messages& messages) {
   welcome_->Recaption(messages);
+  if (const wxString text = GetText(); !summary_.empty() && text.StartsWith(summary_)) {
+    const wxString added = text.Mid(summary_.length());
+    summary_ = SummaryText();
+    Text->ChangeValue(summary_ + added);
+  }
   platform::SetAccessibleName(*Text, Wx(messages.Msg(Traits().name)));
   window_->Layout();
+}
+
+void InfoPanel::SetSummary(const std::filesystem::path& file) {
+  file_ = PathText(file);
+  summary_ = SummaryText();
+  SetText(summary_);
+}
+
+wxString InfoPanel::SummaryText() const {
+  return Wx(Summary(file_, bench_.document.Image(), bench_.document.Info(), bench_.texts));
 }
 
 void InfoPanel::SetText(const wxString& text) {

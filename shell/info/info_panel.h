@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "shell/services/panel.h"
+#include "shell/services/panel_commands.h"
 #include "shell/services/workbench.h"
 
 class wxStaticBitmap;
@@ -26,6 +27,7 @@ class InfoPanel final : public Panel {
   [[nodiscard]] wxWindow& Window() override;
   // The button that opens a dump, until one is open.
   [[nodiscard]] wxWindow& FirstFocus() override;
+  [[nodiscard]] const PanelCommands* Commands() override { return &commands_; }
   void Build() override {}
   // Writes the text to the dump's path with extension ".info".
   void Save() override;
@@ -36,6 +38,9 @@ class InfoPanel final : public Panel {
   void ShowRecent(const RecentFiles& files);
 
   // The information text: starts with the summary; explorers append lines.
+  // SetSummary replaces it by the summary of the open document, which was read from this file. The summary
+  // follows the language; what is added below it stays.
+  void SetSummary(const std::filesystem::path& file);
   void SetText(const wxString& text);
   void AppendText(const wxString& text);
   [[nodiscard]] wxString GetText() const;
@@ -46,12 +51,16 @@ class InfoPanel final : public Panel {
 
  private:
   void Layout();
+  [[nodiscard]] wxString SummaryText() const;
   void AppendLong(std::string_view text);
 
   Workbench& bench_;
+  PanelCommands commands_;
   wxWindow* window_;
   wxWindow* sheet_;  // the white page around the text
   wxTextCtrl* Text;
+  std::string file_;  // that the summary names
+  wxString summary_;  // in the current language
   wxStaticBox* Frame;
   wxStaticBitmap* PicAbout;
   Welcome* welcome_;  // shown instead of the text while that is empty

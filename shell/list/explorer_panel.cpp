@@ -48,24 +48,28 @@ void ExplorerPanel::Search() {
     const wxString cause = explorer_.tooMany ? Wx(bench_.texts.Msg(*explorer_.tooMany)) : Wx(fault.what());
     bench_.talk.TellFault(Wx(bench_.texts.Msg(explorer_.name)), cause);
   }
-  ShowList();
+  ShowList(isAnnounced_);
   const bool isNew = !isAnnounced_;
   ListChanged(isNew);
   if (found_) {
     if (isNew || isEmpty) bench_.frame.AddInformation(explorer_.lines(*found_, bench_.texts));
     isAnnounced_ = true;
   }
-  SelectRecord(chosen.value_or(0));
+  SelectRecord(chosen.value_or(0), true);
   if (explorer_.statusPanel > 0)
     bench_.status.SetPanel(explorer_.statusPanel, found_ ? Wx(explorer_.status(*found_)) : wxString());
 }
 
-void ExplorerPanel::ShowList() {
+// `keepView` keeps filter and order.
+void ExplorerPanel::ShowList(bool keepView) {
   if (found_)
     listing_ = ListOf(explorer_, bench_.document.Get(), *found_, showDeleted_, bench_.texts);
   else
     listing_ = {{explorer_.captions(bench_.texts), 0, {}}, {}};
-  List().SetRows(listing_.rows);
+  if (keepView)
+    List().ReplaceRows(listing_.rows);
+  else
+    List().SetRows(listing_.rows);
   const bool isEmpty = found_ && listing_.rows.count == 0;
   List().SetEmptyHint(isEmpty ? Wx(bench_.texts.Msg(Text::NothingFound)) : wxString());
 }
@@ -74,7 +78,7 @@ void ExplorerPanel::Clear() {
   found_.reset();
   isStale_ = false;
   isAnnounced_ = false;
-  ShowList();
+  ShowList(false);
   ListChanged(false);
 }
 
@@ -91,14 +95,23 @@ std::optional<std::size_t> ExplorerPanel::ChosenRecord() const {
   return listing_.RecordOf(*row);
 }
 
-void ExplorerPanel::SelectRecord(std::size_t record) {
+std::vector<std::size_t> ExplorerPanel::ChosenRecords() const {
+  std::vector<std::size_t> records;
+  for (const std::size_t row : List().SelectedRows())
+    if (row < listing_.rows.count) records.push_back(listing_.RecordOf(row));
+  return records;
+}
+
+void ExplorerPanel::SelectRecord(std::size_t record, bool keepFilter) {
   if (listing_.rows.count == 0) return;
   std::size_t row = record;
   if (!listing_.records.empty())
     row = static_cast<std::size_t>(std::ranges::lower_bound(listing_.records, record) -
                                    listing_.records.begin());
+  row = std::min(row, listing_.rows.count - 1);
+  if (keepFilter && !List().IsListed(row)) return;
   isSelecting_ = true;
-  List().Select(std::min(row, listing_.rows.count - 1));
+  List().Select(row);
   isSelecting_ = false;
 }
 
@@ -157,8 +170,8 @@ void ExplorerPanel::OpenEntry_Click() {
 void ExplorerPanel::ShowDel_Click() {
   showDeleted_ = !showDeleted_;
   const auto chosen = ChosenRecord();
-  ShowList();
-  if (chosen) SelectRecord(*chosen);
+  ShowList(true);
+  if (chosen) SelectRecord(*chosen, true);
 }
 
 }  // namespace tarvelo

@@ -58,19 +58,21 @@ class ExplorerPanel : public ListPanel {
   // Whether the list may change now. If not, a change waits for the next Build.
   [[nodiscard]] virtual bool CanChange() const { return true; }
 
-  // Selects the row of a record, or the next row if the record is not listed.
-  void SelectRecord(std::size_t record);
+  // Selects the row of a record, or the next row if the record is not listed. Clears a filter that hides it
+  // unless told to keep the filter; then selects nothing.
+  void SelectRecord(std::size_t record, bool keepFilter = false);
+  // The records of all selected rows, in the order on the screen.
+  [[nodiscard]] std::vector<std::size_t> ChosenRecords() const;
   // True while the program, not the user, is choosing a row.
   [[nodiscard]] bool IsSelecting() const { return isSelecting_; }
 
-  [[nodiscard]] TableRows Rows() const override { return listing_.rows; }
   [[nodiscard]] std::optional<Region> ChosenRegion() const override;
   [[nodiscard]] PanelCommands MakeCommands() override;
   [[nodiscard]] std::optional<unsigned> SearchedColumn() const override { return explorer_.searchedColumn; }
 
  private:
   void Search();
-  void ShowList();
+  void ShowList(bool keepView);
   [[nodiscard]] std::optional<Item> ChosenItem() const;
 
   const Explorer& explorer_;

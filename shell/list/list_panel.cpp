@@ -8,6 +8,7 @@
 #include "shell/list/list_view.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/dump_files.h"
+#include "shell/services/edit_commands.h"
 #include "shell/services/ids.h"
 
 namespace tarvelo {
@@ -19,22 +20,25 @@ ListPanel::ListPanel(Workbench& bench, PanelTraits traits, char letter, wxWindow
       letter_(letter),
       list_(new ListView(listParent ? listParent : &bench.frame.Parent())),
       window_(window ? window : list_),
-      search_(bench, [this](const std::string& text, bool behind) {
-        return list_->Find(text, behind, SearchedColumn());
+      search_(bench, [this](const std::string& text, SearchFrom from) {
+        return list_->Find(text, from, SearchedColumn());
       }) {
   list_->onActivate = [this](std::size_t) { bench_.frame.Run(Commands()->DefaultId()); };
-  list_->onContextMenu = [this] { bench_.frame.PopUpCommands(); };
+  list_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
   bench_.frame.AcceptDrops(list_->Control());
 }
 
 wxWindow& ListPanel::FirstFocus() { return list_->Control(); }
 
 const PanelCommands* ListPanel::Commands() {
-  if (!commands_) commands_ = MakeCommands();
+  if (!commands_) {
+    commands_ = MakeCommands();
+    commands_->Add(EditCommands(bench_));
+  }
   return &*commands_;
 }
 
-void ListPanel::Save() { SaveList(bench_, Rows(), letter_); }
+void ListPanel::Save() { SaveList(bench_, list_->ShownRows(), list_->RowCount(), letter_); }
 
 void ListPanel::Recaption(const Messages& messages) { list_->Recaption(messages, Traits().name); }
 
@@ -71,7 +75,10 @@ std::vector<PanelCommand> ListPanel::CopyCommands() {
 std::vector<PanelCommand> ListPanel::FindCommands(Text search) {
   return {{Id::Find, search, Text::HelpSearchText, "Ctrl+F", [this] { search_.Find(); }, Any()},
           {Id::FindMore, Text::SearchAgain, Text::HelpSearchAgain, "Ctrl+G", [this] { search_.FindMore(); },
-           Any()}};
+           Any()},
+          {Id::Next, Text::NextHit, Text::HelpSearchAgain, "F3", [this] { search_.FindMore(); }, Any()},
+          {Id::Previous, Text::PreviousHit, Text::HelpSearchAgain, "Shift+F3",
+           [this] { search_.FindPrevious(); }, Any()}};
 }
 
 std::vector<PanelCommand> ListPanel::StepCommands(Text next, Text previous) {

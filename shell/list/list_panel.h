@@ -38,8 +38,6 @@ class ListPanel : public Panel {
   void CopyAddress_Click();
 
  protected:
-  // The whole list in the current language.
-  [[nodiscard]] virtual TableRows Rows() const = 0;
   // The bytes that the chosen row describes; none if no row is chosen.
   [[nodiscard]] virtual std::optional<Region> ChosenRegion() const = 0;
   // Called once, when the commands are first needed.

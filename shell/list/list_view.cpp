@@ -7,6 +7,7 @@
 #include <wx/stattext.h>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <string_view>
 
@@ -105,7 +106,7 @@ ListView::ListView(wxWindow* parent)
     // come; a selection of several rows stays.
     if (event.GetItem().IsOk() && control_->GetSelectedItemsCount() <= 1)
       Select(order_[model_->GetRow(event.GetItem())]);
-    if (onContextMenu) CallAfter([this] { onContextMenu(); });
+    if (onContextMenu) CallAfter([this] { onContextMenu(wxDefaultPosition); });
   });
   control_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     const int key = event.GetKeyCode();
@@ -114,7 +115,7 @@ ListView::ListView(wxWindow* parent)
     if (event.GetModifiers() == wxMOD_CONTROL && key == 'C')
       CopyRows();
     else if (isMenuKey && onContextMenu)
-      onContextMenu();
+      onContextMenu(MenuPlace());
     else
       event.Skip();
   });
@@ -123,15 +124,33 @@ ListView::ListView(wxWindow* parent)
   });
 }
 
+// Below the current row, for a context menu that a key opens.
+wxPoint ListView::MenuPlace() const {
+  const wxDataViewItem item = control_->GetCurrentItem();
+  if (!item.IsOk()) return control_->ClientToScreen(FromDIP(wxPoint(24, 24)));
+  control_->EnsureVisible(item);
+  return control_->ClientToScreen(control_->GetItemRect(item).GetBottomLeft() + FromDIP(wxPoint(24, 0)));
+}
+
 void ListView::SetRows(TableRows rows) {
-  rows_ = std::move(rows);
-  made_.reset();
   filter_.clear();
   filterLine_->ChangeValue(wxString());
   sortColumn_.reset();
+  ReplaceRows(std::move(rows));
+}
+
+void ListView::ReplaceRows(TableRows rows) {
+  rows_ = std::move(rows);
+  made_.reset();
   FitColumns();
   Arrange();
 }
+
+TableRows ListView::ShownRows() const {
+  return {rows_.captions, order_.size(), [this](std::size_t i) { return Row(order_[i]); }};
+}
+
+bool ListView::IsListed(std::size_t row) const { return std::ranges::find(order_, row) != order_.end(); }
 
 const Table::Row& ListView::Row(std::size_t row) const {
   if (!made_ || madeIndex_ != row) made_ = rows_.row(row);
@@ -156,8 +175,8 @@ void ListView::SetCaptions(std::vector<std::string> captions) {
 
 void ListView::Reword(TableRows rows) {
   const auto row = Selected();
-  SetRows(std::move(rows));
-  if (row) Select(*row);
+  ReplaceRows(std::move(rows));
+  if (row && IsListed(*row)) Select(*row);
 }
 
 // Makes the columns as wide as the texts of the first rows; figures are padded to the same width in all rows.
@@ -256,16 +275,21 @@ void ListView::Step(int rows) {
   Select(order_[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(place, 0, std::ssize(order_) - 1))]);
 }
 
-bool ListView::Find(const std::string& text, bool behindCurrent, std::optional<unsigned> column) {
-  auto from = order_.begin();
-  if (const auto current = Selected(); behindCurrent && current)
-    from = std::ranges::find(order_, *current) + 1;
+bool ListView::Find(const std::string& text, SearchFrom from, std::optional<unsigned> column) {
   const std::string upper = ToUpper(text);
-  const auto found =
-      std::find_if(from, order_.end(), [&](std::size_t row) { return RowHolds(row, upper, column); });
-  if (found == order_.end()) return false;
-  Select(*found);
-  return true;
+  const auto holds = [&](std::size_t row) { return RowHolds(row, upper, column); };
+  const auto current = from == SearchFrom::Top ? std::nullopt : Selected();
+  const auto place = current ? std::ranges::find(order_, *current) : order_.begin();
+  std::optional<std::size_t> found;
+  if (from == SearchFrom::Before) {
+    const auto last = std::find_if(std::reverse_iterator(place), order_.rend(), holds);
+    if (last != order_.rend()) found = *last;
+  } else {
+    const auto first = std::find_if(current ? place + 1 : place, order_.end(), holds);
+    if (first != order_.end()) found = *first;
+  }
+  if (found) Select(*found);
+  return found.has_value();
 }
 
 void ListView::SortBy(unsigned column) {

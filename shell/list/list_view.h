@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/table.h"
+#include "shell/services/text_search.h"
 
 class wxSearchCtrl;
 class wxStaticText;
@@ -25,9 +26,11 @@ class ListView final : public wxPanel {
   // Shows a new list, unfiltered and in its own order. Each row is made when it is needed.
   void SetRows(TableRows rows);
   [[nodiscard]] const std::vector<std::string>& Captions() const { return rows_.captions; }
+  // Shows a new list of the same columns. Keeps filter and order.
+  void ReplaceRows(TableRows rows);
   // Changes the captions of the columns.
   void SetCaptions(std::vector<std::string> captions);
-  // Shows the same rows in different words. Keeps the current row; resets order and filter.
+  // Shows the same rows in different words. Keeps the current row, filter and order.
   void Reword(TableRows rows);
 
   // Shows a text above a list without rows; an empty text hides it.
@@ -37,6 +40,9 @@ class ListView final : public wxPanel {
   // The number of columns, from the first on, that are coloured in a marked row. By default all of them.
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
 
+  // The rows as they are on the screen: in its order, and only those that the filter shows.
+  [[nodiscard]] TableRows ShownRows() const;
+  [[nodiscard]] bool IsListed(std::size_t row) const;
   // The number of rows in the list, shown or not.
   [[nodiscard]] std::size_t RowCount() const { return rows_.count; }
   // A row of the list. Valid until the next call.
@@ -54,8 +60,8 @@ class ListView final : public wxPanel {
   void Step(int rows);
 
   // Searches the rows in the order on the screen for a text, ignoring case, in one column or in all: from the
-  // top, or from the row after the current one. Selects the first match.
-  bool Find(const std::string& text, bool behindCurrent, std::optional<unsigned> column = {});
+  // top, or from the current row on or back, without that row. Selects the first match.
+  bool Find(const std::string& text, SearchFrom from, std::optional<unsigned> column = {});
 
   // Sorts by a column's text; a second call for the same column reverses the order.
   void SortBy(unsigned column);
@@ -72,12 +78,13 @@ class ListView final : public wxPanel {
   [[nodiscard]] wxDataViewCtrl& Control() { return *control_; }
 
   std::function<void(std::size_t row)> onSelect;
-  std::function<void(std::size_t row)> onActivate;  // double click, Enter
-  std::function<void()> onContextMenu;
+  std::function<void(std::size_t row)> onActivate;          // double click, Enter
+  std::function<void(const wxPoint& place)> onContextMenu;  // on the screen; wxDefaultPosition: at the mouse
 
  private:
   class Model;
 
+  [[nodiscard]] wxPoint MenuPlace() const;
   void FitColumns();
   void Arrange();
   [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,

@@ -28,7 +28,7 @@ class DumpPanel final : public ListPanel {
   [[nodiscard]] const DumpMap& Map() const { return *map_; }
 
  protected:
-  [[nodiscard]] TableRows Rows() const override;
+  [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] std::optional<Region> ChosenRegion() const override;
   [[nodiscard]] PanelCommands MakeCommands() override;
   [[nodiscard]] std::string AddressOf(Offset offset) const override;

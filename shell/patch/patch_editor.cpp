@@ -94,6 +94,26 @@ std::string PatchEditor::Document() const {
   return {text.data(), text.length()};
 }
 
+std::vector<std::string> PatchEditor::Lines() const {
+  auto& self = *const_cast<PatchEditor*>(this);
+  std::vector<std::string> lines;
+  for (int line = 0; line < GetLineCount(); ++line) {
+    const wxCharBuffer text = self.GetTextRangeRaw(PositionFromLine(line), GetLineEndPosition(line));
+    lines.emplace_back(text.data(), text.length());
+  }
+  return lines;
+}
+
+void PatchEditor::ReplaceLines(const std::map<std::size_t, std::string>& texts) {
+  if (texts.empty()) return;
+  BeginUndoAction();
+  for (const auto& [index, text] : texts) {
+    const int line = static_cast<int>(index);
+    Replace(PositionFromLine(line), GetLineEndPosition(line), Wx(text));
+  }
+  EndUndoAction();
+}
+
 void PatchEditor::Append(std::string_view text) {
   BeginUndoAction();  // otherwise it would share a step with the text typed just before
   AppendText(Wx(text));
@@ -107,11 +127,16 @@ void PatchEditor::Forget() {
 }
 
 // The control's own search ignores case only for English letters.
-bool PatchEditor::SelectNext(std::string_view wanted) {
+bool PatchEditor::SelectNext(std::string_view wanted, bool backwards) {
   const std::string text = ToUpper(Document());  // every character keeps its length in upper case
   const std::string upper = ToUpper(wanted);
-  std::size_t found = text.find(upper, static_cast<std::size_t>(GetSelectionEnd()));
-  if (found == text.npos) found = text.find(upper);
+  const auto start = static_cast<std::size_t>(GetSelectionStart());
+  std::size_t found = text.npos;
+  if (!backwards)
+    found = text.find(upper, static_cast<std::size_t>(GetSelectionEnd()));
+  else if (start > 0)
+    found = text.rfind(upper, start - 1);
+  if (found == text.npos) found = backwards ? text.rfind(upper) : text.find(upper);
   if (found == text.npos) return false;
   SetSelection(static_cast<int>(found), static_cast<int>(found + upper.size()));
   EnsureCaretVisible();

@@ -4,8 +4,10 @@
 
 #include <wx/stc/stc.h>
 
+#include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvelo {
 
@@ -17,14 +19,19 @@ class PatchEditor final : public wxStyledTextCtrl {
   [[nodiscard]] std::string Document() const;
   [[nodiscard]] bool IsEmpty() const { return GetLength() == 0; }
 
+  // The lines without their ends.
+  [[nodiscard]] std::vector<std::string> Lines() const;
+  // Replaces lines by new texts. One step to undo.
+  void ReplaceLines(const std::map<std::size_t, std::string>& texts);
+
   // Appends a text and scrolls to it. One step to undo.
   void Append(std::string_view text);
   // Clears the text and the undo history.
   void Forget();
 
-  // Selects the next occurrence after the selection, ignoring case, and wraps around at the end. False if
+  // Selects the next occurrence behind or before the selection, ignoring case, and wraps around. False if
   // there is none.
-  bool SelectNext(std::string_view wanted);
+  bool SelectNext(std::string_view wanted, bool backwards);
 
  private:
   void ChooseColours();

@@ -1,9 +1,11 @@
 #include "shell/patch/patch_panel.h"
 
 #include "patch/patch_document.h"
+#include "patch/patch_lines.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/patch/patch_editor.h"
+#include "shell/patch/patch_merge.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"
@@ -14,16 +16,27 @@ namespace {
 
 constexpr Offset patchLimit = 0x100000;  // changed bytes; as text they take several times as much memory
 
+// The bytes that a patch changes, from the first to the last one.
+std::string NameFor(const std::vector<Change>& changes) {
+  const Offset first = changes.front().offset;
+  const Offset last = changes.back().offset + changes.back().Size() - 1;
+  return first == last ? PatchAddress(first) : PatchAddress(first) + " - " + PatchAddress(last);
+}
+
 }  // namespace
 
 PatchPanel::PatchPanel(Workbench& bench)
     : Panel({.menuEntry = Id::PatchMenu, .name = Text::Patch, .saveTextCaption = Text::SavePatch}),
       bench_(bench),
       Patch_(new PatchEditor(&bench.frame.Parent())),
-      search_(bench, [this](const auto& text, bool) { return Patch_->SelectNext(text); }),
+      search_(bench,
+              [this](const auto& text, SearchFrom from) {
+                return Patch_->SelectNext(text, from == SearchFrom::Before);
+              }),
       commands_(MakeCommands()) {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
-  Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { bench_.frame.PopUpCommands(); });
+  Patch_->Bind(wxEVT_CONTEXT_MENU,
+               [this](wxContextMenuEvent& event) { bench_.frame.PopUpCommands(event.GetPosition()); });
   // If keys reach the control before the menu bar, it would swap two lines on Ctrl+T.
   Patch_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'T')
@@ -49,14 +62,33 @@ void PatchPanel::AddPatch(const std::string& name, const std::string& body, bool
     bench_.talk.Announce(Wx(bench_.texts.MsgS(Text::PatchAdded, name)), Wx(";" + name + "\n\n" + body));
 }
 
-void PatchPanel::AskAndAddPatch(Text command, Offset changedBytes,
-                                const std::function<std::string()>& makeBody) {
+void PatchPanel::AskAndAddPatch(Text command, Offset changedBytes, std::size_t all,
+                                const std::function<std::vector<Change>()>& makeChanges) {
   if (changedBytes > patchLimit) {
     const std::string sizes = std::to_string(changedBytes) + " > " + std::to_string(patchLimit);
     return bench_.talk.Complain(Wx(std::string(bench_.texts.Msg(command)) + ": " + sizes));
   }
-  const auto name = bench_.talk.Ask(Text::AskPatchName, PathText(bench_.document.Path().filename()));
-  if (name) AddPatch(*name, makeBody(), true);
+  const Messages& texts = bench_.texts;
+  const MergedPatch merged = MergeIntoPatch(Patch_->Lines(), makeChanges());
+  if (merged.taken == 0) return bench_.talk.Tell(Wx(texts.Msg(Text::PatchHoldsChanges)));
+  if (!merged.replaced.empty() && !bench_.talk.Confirm(Wx(texts.Msg(Text::AskReplacePatchLines)))) return;
+  std::optional<std::string> name;
+  if (!merged.added.empty() && !(name = bench_.talk.Ask(Text::AskPatchName, NameFor(merged.added)))) return;
+  const std::string body = PatchLines(merged.added);
+  Patch_->BeginUndoAction();
+  Patch_->ReplaceLines(merged.replaced);
+  if (name) Patch_->Append(PatchBlock(*name, body));
+  Patch_->EndUndoAction();
+
+  std::string told = std::string(texts.Msg(Text::ChangesTakenLabel)) + std::to_string(merged.taken) + " / " +
+                     std::to_string(all);
+  if (!merged.replaced.empty())
+    told.append("\n").append(texts.Msg(Text::PatchLinesReplacedLabel)) +=
+        std::to_string(merged.replaced.size());
+  if (name)
+    bench_.talk.Announce(Wx(texts.MsgS(Text::PatchAdded, *name)), Wx(told + "\n\n;" + *name + "\n\n" + body));
+  else
+    bench_.talk.Tell(Wx(told));
 }
 
 void PatchPanel::SavePatch() {
@@ -86,6 +118,9 @@ PanelCommands PatchPanel::MakeCommands() {
        {Id::Find, Text::SearchInPatch, Text::HelpSearchText, "Ctrl+F", [this] { search_.Find(); }, any},
        {Id::FindMore, Text::SearchAgain, Text::HelpSearchAgain, "Ctrl+G", [this] { search_.FindMore(); },
         any},
+       {Id::Next, Text::NextHit, Text::HelpSearchAgain, "F3", [this] { search_.FindMore(); }, any},
+       {Id::Previous, Text::PreviousHit, Text::HelpSearchAgain, "Shift+F3",
+        [this] { search_.FindPrevious(); }, any},
        {},
        {Id::SavePatch, Text::SavePatch, Text::HelpSavePatch, "", [this] { SavePatch(); }}},
       Id::SavePatch);

@@ -28,9 +28,10 @@ class PatchPanel final : public Panel {
   // feeds.
   void AddPatch(const std::string& name, const std::string& body, bool announce);
 
-  // Asks for a name, then appends and announces a patch that changes this many bytes. If they are too many,
-  // tells the user so in the name of the command, without making the body.
-  void AskAndAddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody);
+  // Adds changes to the document (Frame::AddPatch). What it holds already is not added again; if its lines
+  // change the same bytes otherwise, asks before replacing them.
+  void AskAndAddPatch(Text command, Offset changedBytes, std::size_t all,
+                      const std::function<std::vector<Change>()>& makeChanges);
 
   // Writes the patch file and tells the user. Throws FileError; the text then still counts as unsaved.
   void SavePatch();

@@ -24,6 +24,7 @@ Gallery::Gallery(wxWindow* parent)
   Bind(wxEVT_PAINT, &Gallery::Paint, this);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     Arrange();
+    if (selected_) ShowCell(*selected_);
     event.Skip();
   });
   Bind(wxEVT_CHAR_HOOK, &Gallery::PressKey, this);
@@ -53,14 +54,20 @@ void Gallery::SetPictures(std::size_t count, std::function<Bitmap(std::size_t)> 
 void Gallery::Select(std::size_t index) {
   if (index >= count_ || selected_ == index) return;
   selected_ = index;
+  ShowCell(index);
+  Refresh();
+}
+
+// Scrolls no farther than needed. While the window is lower than a cell, its top counts.
+void Gallery::ShowCell(std::size_t index) {
   const wxRect cell = Cell(index);
   int unit = 0;
   GetScrollPixelsPerUnit(nullptr, &unit);
   const int top = CalcUnscrolledPosition(wxPoint(0, 0)).y;
-  if (cell.y < top) Scroll(0, cell.y / unit);
-  if (cell.GetBottom() > top + GetClientSize().y)
+  if (cell.y < top || GetClientSize().y <= cell.height)
+    Scroll(0, cell.y / unit);
+  else if (cell.GetBottom() > top + GetClientSize().y)
     Scroll(0, (cell.GetBottom() - GetClientSize().y + unit) / unit);
-  Refresh();
 }
 
 void Gallery::Choose(std::size_t index) {
@@ -78,7 +85,7 @@ void Gallery::Arrange() {
 // Shows small pictures at their own size and shrinks larger ones to fit their cell.
 wxBitmap Gallery::Draw(std::size_t index) const {
   const Bitmap bitmap = draw_(index);
-  if (bitmap.pixels.empty()) return {1, 1};
+  if (bitmap.pixels.empty()) return {};  // an unfilled bitmap spoils what GTK draws after it
   const wxSize room = cell_ - FromDIP(wxSize(8, 8));
   wxImage image = ToImage(bitmap, 1, wxRect(0, 0, bitmap.width, bitmap.height));
   const double factor = std::min({1.0, double(room.x) / bitmap.width, double(room.y) / bitmap.height});
@@ -126,6 +133,7 @@ void Gallery::Paint(wxPaintEvent&) {
       dc.DrawRoundedRectangle(wxRect(cell).Deflate(FromDIP(1)), FromDIP(3));
     }
     const wxBitmap& thumbnail = Thumbnail(index);
+    if (!thumbnail.IsOk()) continue;
     dc.DrawBitmap(thumbnail, wxRect(thumbnail.GetSize()).CentreIn(cell).GetTopLeft());
   }
 }

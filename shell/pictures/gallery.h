@@ -30,6 +30,7 @@ class Gallery final : public wxScrolledCanvas {
 
  private:
   void Arrange();
+  void ShowCell(std::size_t index);
   void Choose(std::size_t index);
   [[nodiscard]] wxBitmap Draw(std::size_t index) const;
   [[nodiscard]] const wxBitmap& Thumbnail(std::size_t index);

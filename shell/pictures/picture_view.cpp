@@ -85,7 +85,13 @@ void PictureView::Paint(wxPaintEvent&) {
   dc.DrawBitmap(wxBitmap(ToImage(*bitmap_, zoom_, seen)), origin + seen.GetTopLeft());
 }
 
-void PictureView::TurnWheel(wxMouseEvent& event) { ZoomBy(event.GetWheelRotation() > 0 ? 1 : -1); }
+// A horizontal wheel scrolls.
+void PictureView::TurnWheel(wxMouseEvent& event) {
+  if (event.GetWheelAxis() == wxMOUSE_WHEEL_HORIZONTAL)
+    event.Skip();
+  else
+    ZoomBy(event.GetWheelRotation() > 0 ? 1 : -1);
+}
 
 void PictureView::PressKey(wxKeyEvent& event) {
   switch (event.GetUnicodeKey()) {

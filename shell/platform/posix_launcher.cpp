@@ -1,4 +1,7 @@
+#include <gio/gio.h>
+
 #include <cstdlib>
+#include <memory>
 #include <sstream>
 
 #include "core/file.h"
@@ -24,6 +27,16 @@ class PosixLauncher final : public Launcher {
          {"gnome-calculator", "kcalc", "mate-calc", "galculator", "qalculate-gtk", "xcalc"})
       if (IsInstalled(name)) return name;
     return {};
+  }
+
+  // The starter that wxWidgets uses reports nothing if the system knows no program for a file.
+  bool OpenWithSystem(const std::filesystem::path& file) override {
+    const std::unique_ptr<GFile, decltype(&g_object_unref)> object(g_file_new_for_path(file.c_str()),
+                                                                   &g_object_unref);
+    GAppInfo* program = g_file_query_default_handler(object.get(), nullptr, nullptr);
+    if (!program && !std::getenv("BROWSER")) return false;
+    if (program) g_object_unref(program);
+    return Launcher::OpenWithSystem(file);
   }
 };
 

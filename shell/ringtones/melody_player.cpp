@@ -28,8 +28,8 @@ std::int64_t MillisecondsSince(Clock::time_point begin) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin).count();
 }
 
-// During its lifetime the main window's commands wait. It ignores keys except Escape. Mouse actions call
-// `stop`, and take effect once the object is gone and the caller's command has returned.
+// During its lifetime the main window's commands wait. Keys, commands and mouse actions call `stop`; what
+// they do takes effect once the object is gone and the caller's command has returned.
 class InputGuard final : public wxEventFilter {
  public:
   InputGuard(Frame& frame, std::function<void()> stop)
@@ -49,7 +49,7 @@ class InputGuard final : public wxEventFilter {
     // Message boxes stay usable, whoever opened them.
     if (!window || wxGetTopLevelParent(window) != &window_) return Event_Skip;
     if (type == wxEVT_CLOSE_WINDOW) return Close(event);
-    if (const auto* key = dynamic_cast<wxKeyEvent*>(&event)) return Key(*key);
+    if (const auto* key = dynamic_cast<wxKeyEvent*>(&event)) return Key(*window, *key);
     if (type == wxEVT_RIGHT_DOWN || type == wxEVT_RIGHT_UP || type == wxEVT_CONTEXT_MENU)
       return Event_Processed;
     // Events of the list control, which has already handled them, and a dropped file.
@@ -57,6 +57,7 @@ class InputGuard final : public wxEventFilter {
         type == wxEVT_DATAVIEW_ITEM_CONTEXT_MENU || type == wxEVT_DATAVIEW_COLUMN_HEADER_CLICK ||
         (type == wxEVT_ASYNC_METHOD_CALL && window == &window_))
       return Delay(*window, event);
+    if (type == wxEVT_ASYNC_METHOD_CALL) return Keep(*window, event);
     return Event_Skip;
   }
 
@@ -81,16 +82,27 @@ class InputGuard final : public wxEventFilter {
     return Event_Processed;
   }
 
-  int Key(const wxKeyEvent& key) {
-    if (key.GetEventType() == wxEVT_KEY_UP) return Event_Skip;
-    if (key.GetKeyCode() == WXK_ESCAPE) stop_();
+  // The control takes the key at once; the events that it sends of it wait. A context menu would keep the
+  // melody from ending.
+  int Key(wxWindow& window, const wxKeyEvent& key) {
+    const int code = key.GetKeyCode();
+    const bool isModifier =
+        code == WXK_SHIFT || code == WXK_CONTROL || code == WXK_ALT || code == WXK_RAW_CONTROL;
+    if (key.GetEventType() == wxEVT_KEY_UP || isModifier) return Event_Skip;
+    const bool opensMenu = code == WXK_WINDOWS_MENU || code == WXK_MENU || code == WXK_F10;
+    if (opensMenu && key.GetEventType() == wxEVT_CHAR_HOOK) return Delay(window, key);
+    stop_();
+    return code == WXK_ESCAPE ? Event_Processed : Event_Skip;
+  }
+
+  int Keep(wxEvtHandler& target, const wxEvent& event) {
+    after_.push_back({&target, std::unique_ptr<wxEvent>(event.Clone())});
     return Event_Processed;
   }
 
   int Delay(wxEvtHandler& target, const wxEvent& event) {
-    after_.push_back({&target, std::unique_ptr<wxEvent>(event.Clone())});
     stop_();
-    return Event_Processed;
+    return Keep(target, event);
   }
 
   Frame& frame_;

@@ -15,9 +15,9 @@ class MelodyPlayer {
   explicit MelodyPlayer(Workbench& bench) : bench_(bench) {}
 
   // Plays a melody in text form (melody.h) tone by tone, and returns when it ends or is stopped. Meanwhile
-  // the window repaints, but no other command runs. Escape and the command StopPlaying stop the melody; other
-  // keys do nothing. Choosing a row or a command with the mouse, dropping a file and closing the window stop
-  // it and take effect after it. Does nothing if a melody is already playing.
+  // the window repaints, but no other command runs. Any key, any command, choosing a row, dropping a file and
+  // closing the window stop the melody and take effect after it; Escape and the command StopPlaying only stop
+  // it. Does nothing if a melody is already playing.
   void PlayRing(std::string_view text);
 
   void Stop() { isStopped_ = true; }

@@ -163,6 +163,7 @@ void PianoRoll::RefreshLine() {
 void PianoRoll::Choose(std::size_t note) {
   if (note >= notes_.size()) return;
   chosen_ = note;
+  hovered_.reset();  // until the mouse moves again
   if (XOf(notes_[note].begin) < area_.x || XOf(notes_[note].end) > area_.GetRight())
     ScrollTo(notes_[note].begin);
   Refresh();

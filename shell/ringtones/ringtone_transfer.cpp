@@ -1,11 +1,13 @@
 #include "shell/ringtones/ringtone_transfer.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "core/file.h"
 #include "core/notation.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/platform/temporary_folder.h"
 #include "shell/services/ids.h"
 #include "shell/services/loaded_files.h"
 #include "shell/services/status_bar.h"
@@ -34,8 +36,8 @@ std::optional<Text> TextOf(Reason reason) {
 }  // namespace
 
 std::vector<PanelCommand> RingtoneTransfer::Commands() {
-  const auto chosen = [this] { return chosen_() != nullptr && ready_(); };
-  const auto any = [this] { return !listed_().ringtones.empty() && ready_(); };
+  const auto chosen = [this] { return chosen_() != nullptr; };
+  const auto any = [this] { return !listed_().ringtones.empty(); };
   return {
       {Id::SaveRing, Text::SaveRingtone, Text::HelpSaveRingtone, "", [this] { SaveRing_Click(); }, chosen},
       {Id::SaveAllRing, Text::SaveAllRingtones, Text::HelpSaveAllRingtones, "",
@@ -57,16 +59,25 @@ std::string RingtoneTransfer::Stem() const { return PathText(bench_.document.Fil
 
 // --- saving ---
 
-std::optional<std::filesystem::path> RingtoneTransfer::SaveOne(const Ringtone& ringtone,
-                                                               RingtoneFormat format) try {
-  return SaveRingtone(bench_.document.Image(), ringtone, Folder(), Stem(), format);
-} catch (const FileError&) {
-  return {};
+std::filesystem::path RingtoneTransfer::SaveOne(const Ringtone& ringtone, RingtoneFormat format) {
+  return *SaveRingtone(bench_.document.Image(), ringtone, Folder(), Stem(), format);
+}
+
+// A player may still hold the file that was played before.
+std::filesystem::path RingtoneTransfer::SaveToPlay(const Ringtone& ringtone) {
+  if (temporary_.empty()) temporary_ = platform::MakeTemporaryFolder();
+  const std::filesystem::path folder = temporary_ / std::to_string(++played_);
+  return *SaveRingtone(bench_.document.Image(), ringtone, folder, Stem(), RingtoneFormat::Raw);
+}
+
+RingtoneTransfer::~RingtoneTransfer() {
+  std::error_code ignored;
+  if (!temporary_.empty()) std::filesystem::remove_all(temporary_, ignored);
 }
 
 // Writes a ringtone in its own form, and a melody in the common formats too if the user wants that. Returns
 // the path of the first file.
-std::optional<std::filesystem::path> RingtoneTransfer::SaveFormats(const Ringtone& ringtone) {
+std::filesystem::path RingtoneTransfer::SaveFormats(const Ringtone& ringtone) {
   if (saveMidi_ && !ringtone.IsFile()) {
     SaveOne(ringtone, RingtoneFormat::Midi);
     SaveOne(ringtone, RingtoneFormat::Wave);
@@ -77,25 +88,33 @@ std::optional<std::filesystem::path> RingtoneTransfer::SaveFormats(const Rington
 void RingtoneTransfer::SaveRing_Click() {
   const Ringtone* ringtone = chosen_();
   if (!ringtone) return;
-  if (const auto file = SaveFormats(*ringtone))
-    bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::RingtoneSaved, std::to_string(ringtone->number))), *file);
+  const std::filesystem::path file = SaveFormats(*ringtone);
+  bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::RingtoneSaved, HexOfByte(ringtone->number))), file);
 }
 
 void RingtoneTransfer::SaveAllRing_Click() {
   if (SaveEach()) bench_.talk.Tell(Text::RingtonesSaved, Folder() / "NNNN.xxx");
 }
 
-// Saves all ringtones. False if the user stopped it or none could be written.
+// Saves all ringtones, without those whose files cannot be created. False if the user stopped it. Throws
+// FileError if none could be saved.
 bool RingtoneTransfer::SaveEach() {
   const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
   ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(listed_().ringtones.size()));
   std::int64_t done = 0;
   bool isAnySaved = false;
+  std::exception_ptr failure;
   for (const Ringtone& ringtone : listed_().ringtones) {
     run.At(done++);
     if (run.StopAsked()) return false;
-    if (SaveFormats(ringtone)) isAnySaved = true;
+    try {
+      SaveFormats(ringtone);
+      isAnySaved = true;
+    } catch (const FileError&) {
+      failure = std::current_exception();
+    }
   }
+  if (!isAnySaved && failure) std::rethrow_exception(failure);
   return isAnySaved;
 }
 

@@ -25,9 +25,12 @@ class RingtoneTransfer {
   // Returns the chosen ringtone, or null.
   using ChosenRingtone = std::function<const Ringtone*()>;
 
-  // `ready` returns whether the commands can be used.
-  RingtoneTransfer(Workbench& bench, Listed listed, ChosenRingtone chosen, std::function<bool()> ready)
-      : bench_(bench), listed_(std::move(listed)), chosen_(std::move(chosen)), ready_(std::move(ready)) {}
+  RingtoneTransfer(Workbench& bench, Listed listed, ChosenRingtone chosen)
+      : bench_(bench), listed_(std::move(listed)), chosen_(std::move(chosen)) {}
+  // Removes the files of SaveToPlay.
+  ~RingtoneTransfer();
+  RingtoneTransfer(const RingtoneTransfer&) = delete;
+  RingtoneTransfer& operator=(const RingtoneTransfer&) = delete;
 
   // The entries of the panel's menu.
   [[nodiscard]] std::vector<PanelCommand> Commands();
@@ -42,12 +45,12 @@ class RingtoneTransfer {
   // original still fits.
   void KeepPlaces() { places_ = listed_().ringtones; }
 
-  // Saves a ringtone in the folder "MIDI". If the file cannot be created, returns nothing without telling the
-  // user.
-  std::optional<std::filesystem::path> SaveOne(const Ringtone& ringtone, RingtoneFormat format);
+  // Saves a ringtone for another program to play, in a temporary folder. Throws FileError.
+  std::filesystem::path SaveToPlay(const Ringtone& ringtone);
 
  private:
-  std::optional<std::filesystem::path> SaveFormats(const Ringtone& ringtone);
+  std::filesystem::path SaveOne(const Ringtone& ringtone, RingtoneFormat format);
+  std::filesystem::path SaveFormats(const Ringtone& ringtone);
   bool SaveEach();
   void LoadFile(const Ringtone& ringtone, const std::filesystem::path& file);
   void LoadNumber(int number, std::string_view extension, LoadedFiles& loaded);
@@ -61,7 +64,8 @@ class RingtoneTransfer {
   Listed listed_;
   std::vector<Ringtone> places_;
   ChosenRingtone chosen_;
-  std::function<bool()> ready_;
+  std::filesystem::path temporary_;  // empty until it is needed
+  int played_ = 0;                   // files saved there, each in a folder of its own
   bool saveMidi_ = false;
 };
 

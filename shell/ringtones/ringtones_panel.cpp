@@ -33,8 +33,8 @@ RingtonesPanel::RingtonesPanel(Workbench& bench, wxSplitterWindow* window)
     : ExplorerPanel(bench, ringtonesExplorer, window, window),
       player_(bench),
       transfer_(
-          bench, [this]() -> const RingtoneList& { return Ringtones(); }, [this] { return ChosenRingtone(); },
-          [this] { return !player_.IsPlaying(); }),
+          bench, [this]() -> const RingtoneList& { return Ringtones(); },
+          [this] { return ChosenRingtone(); }),
       window_(window),
       roll_(new PianoRoll(window)) {
   Layout();
@@ -139,8 +139,8 @@ void RingtonesPanel::PlayRing(const std::string& text) {
 // --- commands ---
 
 ExplorerPanel::OwnCommands RingtonesPanel::Own() {
-  const auto isSilent = [this] { return !player_.IsPlaying(); };
-  const auto chosen = [this] { return ChosenRingtone() && !player_.IsPlaying(); };
+  // Any command ends the melody that plays, and is then done.
+  const auto chosen = [this] { return ChosenRingtone() != nullptr; };
   const auto melody = [this, chosen] { return chosen() && !ChosenRingtone()->IsFile(); };
   return {.first = {{Id::Play, Text::PlayRingtone, Text::HelpPlayRingtone, "Ctrl+P", [this] { Play_Click(); },
                      chosen},
@@ -151,7 +151,7 @@ ExplorerPanel::OwnCommands RingtonesPanel::Own() {
                      .enabled = [this] { return player_.IsPlaying(); },
                      .captionEnd = " (Esc)"},
                     {Id::PlayText, Text::PlayRingtoneText, Text::HelpPlayRingtoneText, "",
-                     [this] { PlayText_Click(); }, isSilent},
+                     [this] { PlayText_Click(); }},
                     {Id::Autoplay,
                      Text::Autoplay,
                      Text::HelpAutoplay,
@@ -168,9 +168,14 @@ ExplorerPanel::OwnCommands RingtonesPanel::Own() {
 void RingtonesPanel::Play_Click() {
   const Ringtone* ringtone = ChosenRingtone();
   if (!ringtone) return;
+  if (player_.IsPlaying()) {
+    player_.Stop();
+    return window_->CallAfter([this] { bench_.frame.Run(Id::Play); });
+  }
   if (!ringtone->IsFile()) return PlayRing(TextOf(*ringtone));
-  if (const auto file = transfer_.SaveOne(*ringtone, RingtoneFormat::Raw))
-    bench_.programs.OpenWithSystem(*file);
+  const std::filesystem::path file = transfer_.SaveToPlay(*ringtone);
+  if (!bench_.programs.OpenWithSystem(file))
+    bench_.talk.Complain(Wx(bench_.texts.Msg(Text::NoProgramForFile)) + "\n\n" + WxPath(file));
 }
 
 // The piano roll shows the typed melody while it plays.

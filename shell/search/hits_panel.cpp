@@ -28,9 +28,30 @@ std::vector<std::string> HitCaptions(const Messages& messages) {
 }  // namespace
 
 HitsPanel::HitsPanel(Workbench& bench)
-    : ListPanel(bench, {.menuEntry = Id::Hits, .name = Text::SearchResults}, 'S') {}
+    : ListPanel(bench, {.menuEntry = Id::Hits, .name = Text::SearchResults}, 'S') {
+  watch_ = bench.document.OnChange([this] { ImageChanged(); });
+}
 
 void HitsPanel::Clear() { ShowHits({}); }
+
+void HitsPanel::ImageChanged() {
+  isStale_ = !found_.text.empty();
+  if (bench_.frame.IsVisible(*this)) Build();
+}
+
+// The chosen hit stays chosen; if it is gone, the next one is chosen.
+void HitsPanel::Build() {
+  if (!isStale_) return;
+  const auto region = ChosenRegion();
+  found_ = FindHits(found_.text);
+  isStale_ = false;
+  List().ReplaceRows(Rows());
+  if (found_.hits.empty()) return;
+  const auto next = region ? std::ranges::lower_bound(found_.hits, region->offset) : found_.hits.begin();
+  const auto row =
+      std::min<std::size_t>(static_cast<std::size_t>(next - found_.hits.begin()), found_.hits.size() - 1);
+  if (List().IsListed(row)) List().Select(row);
+}
 
 void HitsPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
@@ -56,7 +77,7 @@ void HitsPanel::Search_Click() {
 
 HitsPanel::FoundHits HitsPanel::FindHits(const std::string& pattern) {
   const Fullflash& image = bench_.document.Image();
-  FoundHits found{Pattern(pattern), {}, false};
+  FoundHits found{pattern, Pattern(pattern), {}, false};
   const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
   found.hits = FindAll(image, found.pattern, bench_.status, mostHits + 1);
   found.cutOff = found.hits.size() > mostHits;
@@ -66,6 +87,7 @@ HitsPanel::FoundHits HitsPanel::FindHits(const std::string& pattern) {
 
 void HitsPanel::ShowHits(FoundHits found) {
   found_ = std::move(found);
+  isStale_ = false;
   List().SetRows(Rows());
 }
 
@@ -113,7 +135,7 @@ Table::Row HitsPanel::RowOf(std::size_t number) const {
 
 std::optional<Region> HitsPanel::ChosenRegion() const {
   const auto row = List().Selected();
-  if (!row) return {};
+  if (!row || *row >= found_.hits.size()) return {};
   return Region{found_.hits[*row], found_.pattern.PatCount()};
 }
 

@@ -14,7 +14,8 @@ class HitsPanel final : public ListPanel {
  public:
   explicit HitsPanel(Workbench& bench);
 
-  void Build() override {}
+  // Searches again if the image has changed since the last search.
+  void Build() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;
 
@@ -22,13 +23,14 @@ class HitsPanel final : public ListPanel {
   void Search_Click();
 
  protected:
-  [[nodiscard]] TableRows Rows() const override;
+  [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] std::optional<Region> ChosenRegion() const override;
   [[nodiscard]] PanelCommands MakeCommands() override;
 
  private:
   // The result of one search.
   struct FoundHits {
+    std::string text;  // of the pattern
     Pattern pattern{""};
     std::vector<Offset> hits;  // ascending
     bool cutOff = false;       // the image holds more hits
@@ -40,7 +42,11 @@ class HitsPanel final : public ListPanel {
   [[nodiscard]] std::optional<std::string> HitsAsText();
   [[nodiscard]] Table::Row RowOf(std::size_t number) const;
 
+  void ImageChanged();
+
   FoundHits found_;
+  bool isStale_ = false;  // the image has changed since the search
+  Document::Watch watch_;
 };
 
 }  // namespace tarvelo

@@ -25,11 +25,15 @@ std::optional<Fullflash> ReadDump(Workbench& bench, const std::filesystem::path&
   return {};
 }
 
-void SaveList(Workbench& bench, const TableRows& rows, char letter) {
+void SaveList(Workbench& bench, const TableRows& rows, std::size_t all, char letter) {
+  if (rows.count == 0) return bench.talk.Complain(Text::NoDataToSave);
   const std::filesystem::path file = bench.document.Beside(std::string("_") + letter + ".txt");
   ReplaceFile(file, [&](const TextSink& write) { WriteTabSeparated(rows, CrLf, write); });
   bench.document.SetFileName(PathText(file));
-  bench.talk.Tell(Text::ListSaved, file);
+  wxString text = Wx(bench.texts.Msg(Text::ListSaved));
+  if (rows.count < all)
+    text = Wx(bench.texts.Msg(Text::RowsSavedLabel)) << rows.count << " / " << all << "\n" << text;
+  bench.talk.Tell(text, file);
 }
 
 }  // namespace tarvelo

@@ -18,9 +18,10 @@ namespace tarvelo {
 // Reads a dump. If it cannot be read or is empty, tells the user and returns nothing.
 [[nodiscard]] std::optional<Fullflash> ReadDump(Workbench& bench, const std::filesystem::path& path);
 
-// Writes a list as tab-separated text to the dump's path without extension, "_", the letter and ".txt", and
-// tells the user. Throws FileError.
-void SaveList(Workbench& bench, const TableRows& rows, char letter);
+// Writes the shown rows of a list as tab-separated text to the dump's path without extension, "_", the letter
+// and ".txt", and tells the user, also if they are not all rows of the list. Without rows, writes nothing and
+// says so. Throws FileError.
+void SaveList(Workbench& bench, const TableRows& rows, std::size_t all, char letter);
 
 // The line break in files; texts on the screen use a line feed.
 inline constexpr char CrLf[] = "\r\n";

@@ -67,6 +67,7 @@ enum : int {
   ZoomFit,
 
   InfoE,
+  ShowBlock,
   SaveBlock,
   SaveAllBlock,
   DeletedBlocks,
@@ -99,6 +100,7 @@ enum : int {
   FillBytes,
   SwitchSide,
   ChangesToPatch,
+  SelectedToPatch,
   SavePatch,
   DifferencesToPatch,
 };

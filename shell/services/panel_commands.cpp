@@ -75,11 +75,11 @@ bool PanelCommands::CanRun(int id) const {
   return command && command->run && IsEnabled(*command);
 }
 
-int PanelCommands::PopUp(wxWindow& window, const Messages& messages) const {
+int PanelCommands::PopUp(wxWindow& window, const Messages& messages, const wxPoint& place) const {
   const std::unique_ptr<wxMenu> menu = MakeMenu(messages);
   if (defaultId_ != 0) platform::ShowAsDefault(*menu, defaultId_);
   // At the mouse, or in the window's corner if the keyboard opened the menu while the mouse was elsewhere.
-  const wxPoint mouse = window.ScreenToClient(wxGetMousePosition());
+  const wxPoint mouse = window.ScreenToClient(place == wxDefaultPosition ? wxGetMousePosition() : place);
   const bool atMouse = window.GetClientRect().Contains(mouse);
   const int id =
       window.GetPopupMenuSelectionFromUser(*menu, atMouse ? mouse : window.FromDIP(wxPoint(24, 24)));

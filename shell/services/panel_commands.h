@@ -35,6 +35,9 @@ class PanelCommands {
   explicit PanelCommands(std::vector<PanelCommand> commands, int defaultId = 0)
       : commands_(std::move(commands)), defaultId_(defaultId) {}
 
+  // Adds commands at the end, as a separate group.
+  void Add(std::vector<PanelCommand> more) { Append(commands_, std::move(more)); }
+
   [[nodiscard]] int DefaultId() const { return defaultId_; }
 
   // A new menu of all commands, each enabled and ticked according to the current state.
@@ -48,8 +51,8 @@ class PanelCommands {
   // Whether a command with this id exists and can run now.
   [[nodiscard]] bool CanRun(int id) const;
 
-  // Shows the menu at the mouse and returns the chosen id, or 0.
-  [[nodiscard]] int PopUp(wxWindow& window, const Messages& messages) const;
+  // Shows the menu at a place on the screen, by default at the mouse, and returns the chosen id, or 0.
+  [[nodiscard]] int PopUp(wxWindow& window, const Messages& messages, const wxPoint& place) const;
 
  private:
   std::vector<PanelCommand> commands_;

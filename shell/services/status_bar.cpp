@@ -82,6 +82,7 @@ void StatusBar::Recaption(const Messages& messages) {
   for (const Explorer* explorer : Explorers())
     if (explorer->statusTip)
       labels_[static_cast<std::size_t>(explorer->statusPanel - 1)] = Wx(messages.Msg(*explorer->statusTip));
+  labels_[lastFigure - 1] = Wx(messages.Msg(Text::HelpDump));
   labels_[patchPanel - 1] = Wx(messages.Msg(Text::TipPatchChanged));
   labels_[imagePanel - 1] = Wx(messages.Msg(Text::TipFullflashChanged));
 }

@@ -11,18 +11,25 @@ void TextSearch::Find() {
   const auto text = bench_.talk.Ask(Text::AskSearchString, text_);
   if (!text) return;
   text_ = *text;
-  SeekFrom(false);
+  SeekFrom(SearchFrom::Top);
 }
 
 void TextSearch::FindMore() {
   if (text_.empty())
     Find();
   else
-    SeekFrom(true);
+    SeekFrom(SearchFrom::Behind);
 }
 
-void TextSearch::SeekFrom(bool behindCurrent) {
-  if (!seek_(text_, behindCurrent)) bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::StringNotFound, text_)));
+void TextSearch::FindPrevious() {
+  if (text_.empty())
+    Find();
+  else
+    SeekFrom(SearchFrom::Before);
+}
+
+void TextSearch::SeekFrom(SearchFrom from) {
+  if (!seek_(text_, from)) bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::StringNotFound, text_)));
 }
 
 }  // namespace tarvelo

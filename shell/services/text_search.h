@@ -8,10 +8,13 @@ namespace tarvelo {
 
 struct Workbench;
 
+// Where a search begins: at the top, or at the current place, forwards or backwards.
+enum class SearchFrom { Top, Behind, Before };
+
 class TextSearch {
  public:
-  // Selects the first occurrence of a text, or the next one after the current place. False if there is none.
-  using Seek = std::function<bool(const std::string& text, bool behindCurrent)>;
+  // Selects the first occurrence of a text from there on. False if there is none.
+  using Seek = std::function<bool(const std::string& text, SearchFrom from)>;
 
   TextSearch(Workbench& bench, Seek seek) : bench_(bench), seek_(std::move(seek)) {}
 
@@ -19,9 +22,11 @@ class TextSearch {
   void Find();
   // Searches for the last text after the current place; asks for a text if there is none yet.
   void FindMore();
+  // The same backwards.
+  void FindPrevious();
 
  private:
-  void SeekFrom(bool behindCurrent);
+  void SeekFrom(SearchFrom from);
 
   Workbench& bench_;
   Seek seek_;

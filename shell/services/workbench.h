@@ -1,10 +1,12 @@
 // Everything that panels and commands work with.
 #pragma once
 
+#include <wx/gdicmn.h>
 #include <wx/string.h>
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "document/document.h"
 #include "resources/messages.h"
@@ -31,8 +33,9 @@ class Frame {
 
   // Runs the command with an id (ids.h).
   virtual void Run(int id) = 0;
-  // Shows the context menu of the visible panel and runs the chosen command.
-  virtual void PopUpCommands() = 0;
+  // Shows the context menu of the visible panel at a place on the screen, by default at the mouse, and runs
+  // the chosen command.
+  virtual void PopUpCommands(const wxPoint& place = wxDefaultPosition) = 0;
   // Makes a window accept dropped dumps and patch files.
   virtual void AcceptDrops(wxWindow& window) = 0;
 
@@ -50,9 +53,11 @@ class Frame {
   virtual void AddInformation(const std::string& lines) = 0;
   // Adds a named piece of information and announces it.
   virtual void AddInformation(const std::string& name, const std::string& body) = 0;
-  // Asks for a name and adds to the patch document a patch that changes this many bytes. If they are too
-  // many, tells the user so in the name of the command, without making the body.
-  virtual void AddPatch(Text command, Offset changedBytes, const std::function<std::string()>& makeBody) = 0;
+  // Asks for a name and adds changes of this many bytes to the patch document. The changes are in order and
+  // their old bytes are those of the file that was opened; there are `all` of them to choose from. If the
+  // bytes are too many, tells the user so in the name of the command, without making the changes.
+  virtual void AddPatch(Text command, Offset changedBytes, std::size_t all,
+                        const std::function<std::vector<Change>()>& makeChanges) = 0;
 };
 
 struct Workbench {

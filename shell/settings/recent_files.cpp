@@ -23,7 +23,8 @@ void RecentFiles::Read(const Settings& settings) {
 
 void RecentFiles::Write(Settings& settings) const {
   for (std::size_t i = 0; i < count; ++i)
-    if (!files_[i].empty()) settings.SetIni("History", Key(i), files_[i]);
+    if (!files_[i].empty() || !settings.GetRaw("History", Key(i)).empty())  // a closed gap leaves one over
+      settings.SetIni("History", Key(i), files_[i]);
 }
 
 void RecentFiles::Add(std::string_view path) {

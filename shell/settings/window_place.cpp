@@ -3,9 +3,11 @@
 #include <wx/display.h>
 #include <wx/frame.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 #include "shell/settings/settings.h"
 
@@ -13,6 +15,9 @@ namespace tarvelo {
 namespace {
 
 constexpr char section[] = "Window";
+constexpr int longestArrival = 500;  // milliseconds
+constexpr int soon = 100;
+constexpr int shortestArrival = 30;
 constexpr std::array keys{"Left", "Top", "Width", "Height"};
 
 std::optional<wxRect> StoredPlace(const Settings& settings) {
@@ -31,23 +36,60 @@ bool CanBeReached(const wxFrame& window, const wxRect& place) {
          wxDisplay::GetFromPoint(place.GetTopLeft() + wxPoint(place.width / 2, 10)) != wxNOT_FOUND;
 }
 
-}  // namespace
-
-void RestorePlace(wxFrame& window, const Settings& settings) {
-  const std::optional<wxRect> place = StoredPlace(settings);
-  if (place && CanBeReached(window, *place)) {
-    window.SetSize(*place);
-  } else {
-    window.SetSize(window.FromDIP(wxSize(1000, 640)));
-    window.Centre();
-  }
-  if (settings.GetIni(section, "Maximized") == "1") window.Maximize();
+// The place, cut to the size of the screen that holds its title bar.
+wxRect FitScreen(wxRect place) {
+  const int display = wxDisplay::GetFromPoint(place.GetTopLeft() + wxPoint(place.width / 2, 10));
+  const wxRect screen = wxDisplay(static_cast<unsigned>(std::max(0, display))).GetClientArea();
+  if (place.width > screen.width) place.x = screen.x;
+  if (place.height > screen.height) place.y = screen.y;
+  place.width = std::min(place.width, screen.width);
+  place.height = std::min(place.height, screen.height);
+  return place;
 }
 
-void StorePlace(wxFrame& window, Settings& settings) {
-  settings.SetIni(section, "Maximized", window.IsMaximized() ? "1" : "0");
-  if (window.IsMaximized() || window.IsIconized()) return;  // keep the last normal place
-  const wxRect place = window.GetRect();
+}  // namespace
+
+WindowPlace::WindowPlace(wxFrame& window, const Settings& settings)
+    : window_(window), isMaximized_(settings.GetIni(section, "Maximized") == "1") {
+  const std::optional<wxRect> place = StoredPlace(settings);
+  if (place && CanBeReached(window, *place)) {
+    window.SetSize(FitScreen(*place));
+  } else {
+    window.SetSize(FitScreen(wxRect(window.FromDIP(wxSize(1000, 640)))).GetSize());
+    window.Centre();
+  }
+  normal_ = window.GetRect();
+  window.Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+    event.Skip();
+    if (!std::exchange(isShown_, true)) arrival_.StartOnce(isMaximized_ ? soon : longestArrival);
+  });
+  window.Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
+    event.Skip();
+    // Not at once: GTK is still showing it.
+    if (isShown_ && !hasArrived_ && window_.GetPosition() != normal_.GetPosition())
+      arrival_.StartOnce(shortestArrival);
+  });
+  arrival_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Arrive(); });
+  // By then all events of a change of state have come.
+  window.Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    event.Skip();
+    if (hasArrived_ && !window_.IsMaximized() && !window_.IsIconized()) normal_ = window_.GetRect();
+  });
+}
+
+// Some window managers place a new window themselves, and one that is maximised before it is shown would not
+// know its normal size.
+void WindowPlace::Arrive() {
+  if (std::exchange(hasArrived_, true)) return;
+  if (window_.GetRect() != normal_ && !window_.IsMaximized()) window_.SetSize(normal_);
+  if (isMaximized_) window_.Maximize();
+}
+
+void WindowPlace::Store(Settings& settings) const {
+  settings.SetIni(section, "Maximized", window_.IsMaximized() || (!hasArrived_ && isMaximized_) ? "1" : "0");
+  const bool isNormal = hasArrived_ && !window_.IsMaximized() && !window_.IsIconized();
+  wxRect place = isNormal ? window_.GetRect() : normal_;
+  if (!hasArrived_ && !window_.IsMaximized()) place.SetSize(window_.GetSize());
   const std::array values{place.x, place.y, place.width, place.height};
   for (std::size_t i = 0; i < keys.size(); ++i) settings.SetIni(section, keys[i], std::to_string(values[i]));
 }

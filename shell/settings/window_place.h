@@ -1,5 +1,8 @@
-// The place of the main window when the program was closed, kept in the settings' section "Window".
+// The main window's place on the screen, kept in section "Window" of the settings.
 #pragma once
+
+#include <wx/gdicmn.h>
+#include <wx/timer.h>
 
 class wxFrame;
 
@@ -7,9 +10,24 @@ namespace tarvelo {
 
 class Settings;
 
-// Restores the window's place, or chooses a sensible one at the first start and if the place is on a monitor
-// that is gone.
-void RestorePlace(wxFrame& window, const Settings& settings);
-void StorePlace(wxFrame& window, Settings& settings);
+class WindowPlace {
+ public:
+  // Gives the window, which is not shown yet, the stored place if the user could reach it there, otherwise a
+  // usual size in the middle of the screen. No window is larger than its screen.
+  WindowPlace(wxFrame& window, const Settings& settings);
+
+  // Stores the place of the window. Of a maximised or minimised one, stores the place it had before.
+  void Store(Settings& settings) const;
+
+ private:
+  void Arrive();
+
+  wxFrame& window_;
+  wxRect normal_;     // while the window is neither maximised nor minimised
+  bool isMaximized_;  // when it was stored
+  bool isShown_ = false;
+  bool hasArrived_ = false;  // the window system has placed the window
+  wxTimer arrival_;
+};
 
 }  // namespace tarvelo

@@ -102,6 +102,25 @@ TEST_F(ApplyDesk, TakesDroppedPatches) {
   EXPECT_TRUE(Open().IsOpen());
 }
 
+TEST_F(ApplyDesk, PatchIsNeverOpenedAsADump) {
+  const auto file = folder.Write("own.qpt", std::string("0: FF 12\n"));
+  const std::string refusal =
+      "!This is a patch, not a fullflash. Open the fullflash first, then apply the patch to it.\n\n" +
+      PathText(file);
+  script.file = file;
+  Choose(Id::OpenFF);
+  EXPECT_EQ(script.said.back(), refusal);
+  EXPECT_EQ(Open().Path(), folder / "phone.bin");  // the document stays
+  main->Dumps().CloseFF();
+  for (const auto& open : std::initializer_list<std::function<void()>>{
+           [&] { main->Dumps().OpenNamed(PathText(file)); }, [&] { Drop(file); }}) {
+    script.said.clear();
+    open();
+    EXPECT_EQ(script.TakeSaid(), refusal);
+    EXPECT_FALSE(Open().IsOpen());
+  }
+}
+
 TEST_F(ApplyDesk, ListsAMillionLinesAtMost) {
   std::string text;
   for (int i = 0; i < 1100000; ++i) text += "0: 00 01\n";

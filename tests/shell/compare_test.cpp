@@ -158,9 +158,12 @@ TEST_F(CompareDesk, MakesAPatchOfTheSelection) {
   List().Select(0);
   control.Select(dynamic_cast<wxDataViewVirtualListModel&>(*control.GetModel()).GetItem(2));
   EXPECT_EQ(Said(Id::DifferencesToPatch, "Two"),
-            "ask Name of the patch: demo.bin | [Tarvelo - Was added patch \"Two\"];Two\n\n"
+            "ask Name of the patch: 000710 - 0007E0 | [Tarvelo - Was added patch \"Two\"]"
+            "Changes in this patch: 2 / 3\n\n;Two\n\n"
             "000710: FF 12\n0007E0: FF 12");
   const std::string text = Patch().Patch().Document();
+  EXPECT_EQ(Said(Id::DifferencesToPatch, "Two"), "iThe patch holds these changes already.");
+  List().Select(1);
   Said(Id::DifferencesToPatch);  // cancelled
   EXPECT_EQ(Patch().Patch().Document(), text);
   for (std::uint8_t& byte : other) byte ^= 1;

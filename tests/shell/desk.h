@@ -44,6 +44,7 @@ struct Script {
   std::optional<std::filesystem::path> file;
   std::filesystem::path offered;  // the suggestion when the window asked for a file to open
   bool applyOthers = false;
+  bool opensWithSystem = true;  // the system knows a program for each file
 
   // Takes the oldest message or question; empty if there is none.
   std::string TakeSaid() {
@@ -120,8 +121,8 @@ class RecordingLauncher final : public Launcher {
     return 1;
   }
   bool OpenWithSystem(const std::filesystem::path& file) override {
-    script_.started.push_back("open " + PathText(file));
-    return true;
+    if (script_.opensWithSystem) script_.started.push_back("open " + PathText(file));
+    return script_.opensWithSystem;
   }
 
  private:

@@ -30,13 +30,21 @@ TEST_F(Desk, RealDialogsTakeTheKeyboard) {
   {
     const KeyPresser presser(*main, WXK_RETURN);
     dialogs.Message("Information", Dialogs::Icon::Information);
-    EXPECT_TRUE(dialogs.Confirm("Yes by default"));
+    EXPECT_FALSE(dialogs.Confirm("No by default"));
   }
   const KeyPresser presser(*main, WXK_ESCAPE);
   dialogs.Message("Failure", Dialogs::Icon::Critical);
   EXPECT_FALSE(dialogs.Confirm("Cancel"));
   EXPECT_FALSE(dialogs.OpenFile("Open", "All files|*.*", folder / "dump.bin"));
   EXPECT_FALSE(dialogs.SaveFile("Save", "All files|*.*", folder / "dump.bin"));
+}
+
+TEST(FilterForSystem, ShowsEveryFile) {
+#ifdef __WXGTK__
+  EXPECT_EQ(FilterForSystem("Dumps|*.bin|All|*.*"), "Dumps|*.bin;*.BIN|All|*");
+#else
+  EXPECT_EQ(FilterForSystem("Dumps|*.bin|All|*.*"), "Dumps|*.bin;*.BIN|All|*.*");
+#endif
 }
 
 TEST_F(Desk, ListOfMisfitsTakesTheKeyboard) {

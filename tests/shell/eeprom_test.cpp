@@ -21,11 +21,11 @@ class EepromDesk : public Desk {
   EepromDesk() { OpenDemo(eeprom); }
 
   // Selects the row of a header.
-  void SelectHeader(const std::string& position) { ASSERT_TRUE(List().Find(position, false, 2)); }
+  void SelectHeader(const std::string& position) { ASSERT_TRUE(List().Find(position, SearchFrom::Top, 2)); }
   // The window of a header's block.
   BlockView& InfoOf(const std::string& position) {
     SelectHeader(position);
-    main->Run(Id::InfoE);
+    main->Run(Id::ShowBlock);
     return *Panel().View();
   }
 
@@ -50,6 +50,68 @@ TEST_F(EepromDesk, ShowsDeletedBlocksToo) {
   main->Run(Id::ShowDel);
   EXPECT_EQ(List().RowCount(), 241u);
   EXPECT_EQ(SelectedHeader(), "76C030");
+}
+
+TEST_F(EepromDesk, DeletedBlocksKeepFilterAndOrder) {
+  List().SortBy(2);
+  List().SortBy(2);  // descending
+  List().Filter("greeting");
+  ASSERT_EQ(List().ShownRows().count, 1u);
+  main->Run(Id::ShowDel);
+  const Table shown = List().ShownRows().All();
+  ASSERT_EQ(shown.rows.size(), 3u);
+  EXPECT_EQ(shown.rows[0].cells[2], "7CC384");
+  EXPECT_EQ(shown.rows[2].cells[2], "78C2DC");
+}
+
+TEST_F(EepromDesk, InfoIsForKnownBlocksAlone) {
+  for (const auto& [position, isKnown] : {std::pair("7CC384", true), {"76C00C", false}}) {
+    SelectHeader(position);
+    EXPECT_EQ(Cell(*List().Selected(), 6) == "*", isKnown) << RowOf(List(), *List().Selected());
+    EXPECT_EQ(Panel().Commands()->CanRun(Id::InfoE), isKnown);
+    main->Run(Id::ShowBlock);
+    EXPECT_EQ(Utf8(Panel().View()->FactText(BlockView::HeaderPosition)), position);
+  }
+}
+
+TEST_F(EepromDesk, SavesAllSelectedBlocks) {
+  wxDataViewCtrl& control = List().Control();
+  control.SelectAll();
+  EXPECT_EQ(Said(Id::SaveBlock), "iBlocks saved: 241\n\n" + PathText(folder / "EEPROM"));
+  const std::filesystem::directory_iterator files(folder / "EEPROM");
+  EXPECT_EQ(std::distance(begin(files), end(files)), 241);
+}
+
+TEST_F(EepromDesk, BlockWindowGivesWayAndItsTextsAreCopied) {
+  BlockView& view = InfoOf("7CC384");
+  view.Readings().SelectRow(3);
+  EXPECT_TRUE(Key(view.Readings(), 'C', wxMOD_CONTROL));
+  EXPECT_EQ(ClipboardText(), "Tarvelo demo");
+  view.HexView_Click();
+  EXPECT_EQ(Title(), "Tarvelo - Hex view");
+  EXPECT_FALSE(view.IsShown());
+}
+
+TEST_F(EepromDesk, SearchGoesOnWithF3) {
+  main->Run(Id::ShowDel);
+  Said(Id::Next, "GREETING");  // asks first
+  EXPECT_EQ(SelectedHeader(), "78C2DC");
+  main->Run(Id::Next);
+  EXPECT_EQ(SelectedHeader(), "7CC0C0");
+  main->Run(Id::Previous);
+  EXPECT_EQ(SelectedHeader(), "78C2DC");
+}
+
+TEST_F(EepromDesk, MenuKeyOpensTheMenuAtTheRow) {
+  wxPoint place;
+  List().onContextMenu = [&](const wxPoint& at) { place = at; };
+  for (const std::size_t row : {0u, 3u}) {
+    List().Select(row);
+    Settle();
+    EXPECT_TRUE(Key(List().Control(), WXK_F10, wxMOD_SHIFT));
+    const wxRect item = List().Control().GetItemRect(List().Control().GetCurrentItem());
+    EXPECT_EQ(place.y, List().Control().ClientToScreen(item.GetBottomLeft()).y);
+  }
 }
 
 TEST_F(EepromDesk, OpensBlocksInTheHexEditor) {
@@ -140,7 +202,7 @@ TEST_F(EepromDesk, ReadingsFollowTheCaret) {
 }
 
 TEST_F(EepromDesk, InfoGoesWithTheDocument) {
-  main->Run(Id::InfoE);
+  main->Run(Id::ShowBlock);
   BlockView& view = *Panel().View();
   main->ApplyLang(*FindLanguage("RU"));
   EXPECT_EQ(view.GetTitle(), wxString::FromUTF8("Tarvelo - 1 :  Информация о блоке"));
@@ -159,7 +221,7 @@ TEST_F(EepromDesk, BlocksWithoutDataAreShownToo) {
   bytes[12 + 2] = 0;    // empty
   OpenBytes("outside.bin", bytes, eeprom);
   EXPECT_EQ(Said(Id::OpenData), "!The data lies outside the image.");
-  main->Run(Id::InfoE);
+  main->Run(Id::ShowBlock);
   BlockView& view = *Panel().View();
   EXPECT_EQ(view.Dump().GetValue(), "The block has no data in the image.");
   EXPECT_EQ(view.FactText(BlockView::DataOffset), "FFC0F000 - The data lies outside the image.");

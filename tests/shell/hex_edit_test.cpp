@@ -1,3 +1,4 @@
+#include "patch/patch_document.h"
 #include "shell/hex_desk.h"
 #include "shell/patch/patch_editor.h"
 #include "shell/patch/patch_panel.h"
@@ -21,6 +22,7 @@ class HexEditDesk : public HexDesk {
     return AsHex(Image().Region(offset, count));
   }
   [[nodiscard]] bool IsChanged(Offset offset) const { return Open().Edits().IsChanged(Image(), offset); }
+  [[nodiscard]] std::string PatchText() const { return Patch().Patch().Document(); }
   [[nodiscard]] bool CanRun(int id) { return Panel().Commands()->CanRun(id); }
 };
 
@@ -125,6 +127,28 @@ TEST_F(HexEditDesk, PastesHex) {
   EXPECT_FALSE(Open().Edits().CanUndo());
 }
 
+TEST_F(HexEditDesk, CopiesAndPastesTextOnItsSide) {
+  main->Run(Id::SwitchSide);
+  Copy("Cafe Я");
+  main->Run(Id::Paste);
+  EXPECT_EQ(BytesAt(place, 7), "43 61 66 65 20 DF FF");
+  Copy("something else");
+  Panel().Go(place, 6);
+  Canvas().SetFocus();
+  Settle();
+  Key(Canvas(), 'C', wxMOD_CONTROL);
+  EXPECT_EQ(ClipboardText(), "Cafe Я");
+  Copy("HOWDY");
+  main->Run(Id::Paste);
+  EXPECT_EQ(BytesAt(place, 5), "48 4F 57 44 59");
+  Copy("A中");
+  EXPECT_EQ(Said(Id::Paste), "!The phone has no byte for a character of this text: \"A中\"");
+  main->Run(Id::SwitchSide);
+  Copy("Cafe");
+  main->Run(Id::Paste);
+  EXPECT_EQ(BytesAt(place + 5, 2), "CA FE");
+}
+
 TEST_F(HexEditDesk, FillsTheSelection) {
   EXPECT_FALSE(CanRun(Id::FillBytes));
   Panel().Go(place, 0x20);
@@ -146,16 +170,56 @@ TEST_F(HexEditDesk, MakesPatches) {
   Panel().Go(place + 0x40, 0);
   Type(U"0102");
   Panel().Go(place + 0x80, 8);  // none of the changes is selected
-  EXPECT_EQ(Said(Id::ChangesToPatch, "Greeting"), "iNothing was changed.");
-  Panel().Go(place + 1, 0x40);
-  EXPECT_EQ(Said(Id::ChangesToPatch, "Greeting"),
-            "ask Name of the patch: edit.bin | [Tarvelo - Was added patch \"Greeting\"];Greeting\n\n"
-            "000701: FFFFFFFF 69FFFF21\n000740: FF 01");
+  EXPECT_EQ(Said(Id::SelectedToPatch, "Greeting"), "iChanges in this patch: 0 / 2");
+  Panel().Go(place + 1, 2);
+  EXPECT_EQ(
+      Said(Id::SelectedToPatch, "Greeting"),
+      "ask Name of the patch: 000701 | [Tarvelo - Was added patch \"Greeting\"]Changes in this patch: 1 / 2"
+      "\n\n;Greeting\n\n000701: FF 69");
   EXPECT_EQ(Status(9), "P");
+  // All of them, whatever is selected; what the patch holds already is not added again.
+  EXPECT_EQ(
+      Said(Id::ChangesToPatch, "All"),
+      "ask Name of the patch: 000700 - 000741 | [Tarvelo - Was added patch \"All\"]Changes in this patch: 2 "
+      "/ 2\n\n;All\n\n000700: FF 48\n000704: FF 21\n000740: FFFF 0102");
+  const std::string text = PatchText();
+  EXPECT_EQ(Said(Id::ChangesToPatch, "Again"), "iThe patch holds these changes already.");
+  EXPECT_EQ(PatchText(), text);
+}
+
+TEST_F(HexEditDesk, PatchNeverContradictsItself) {
+  Type(U"AA");
+  Said(Id::ChangesToPatch, "One");
+  Patch().Patch().SetText(Patch().Patch().GetText() + "000710: FF 55 ;mine\r\n");
   Panel().Go(place, 0);
-  Said(Id::ChangesToPatch, "All");
-  const std::string text = Patch().Patch().Document();
-  EXPECT_NE(text.find(";All\r\n\r\n000700: FFFFFFFFFF 4869FFFF21\r\n000740: FFFF 0102\r\n"), text.npos);
+  Type(U"BBCC");
+  const std::string before = PatchText();
+  EXPECT_EQ(Said(Id::ChangesToPatch, "Two"),
+            "?Lines of the patch change the same bytes in another way. Replace these lines ?");
+  EXPECT_EQ(PatchText(), before);
+  script.confirm = true;
+  Panel().Go(place + 0x10, 0);
+  Type(U"66");
+  EXPECT_TRUE(Said(Id::ChangesToPatch, "Two")
+                  .ends_with("Changes in this patch: 2 / 2\n"
+                             "Lines of the patch that were replaced: 2\n\n;Two\n\n"
+                             "000701: FF CC"));
+  std::string expected = before;
+  expected.replace(expected.find("FF AA"), 5, "FF BB");
+  expected.replace(expected.find("FF 55"), 5, "FF 66");
+  EXPECT_EQ(PatchText(), expected + PatchBlock("Two", "000701: FF CC"));
+  Patch().Patch().Undo();  // one step
+  EXPECT_EQ(PatchText(), before);
+  Patch().Patch().Redo();
+
+  // The original takes the patch.
+  const std::string patch = PatchFile("C55", PatchText());
+  const std::vector<std::uint8_t> edited = AllBytes();
+  while (Open().Undo()) {
+  }
+  script.file = folder.Write("own.qpt", patch);
+  EXPECT_TRUE(Said(Id::ApplyPatch).find("The patch was applied. Number of changes: 3") != std::string::npos);
+  EXPECT_EQ(AllBytes(), edited);
 }
 
 // The earlier findings are gone: every panel searches again.

@@ -43,7 +43,12 @@ TEST_F(HexDesk, FollowsTheKeyboard) {
   EXPECT_EQ(Canvas().TopRow(), 0);
   Press(WXK_PAGEDOWN);
   EXPECT_EQ(Selected(), (Region{16 * Canvas().RowsSeen(), 0}));
-  EXPECT_EQ(Canvas().TopRow(), 1);
+  EXPECT_EQ(Canvas().TopRow(), Canvas().RowsSeen());
+  Press(WXK_PAGEUP);
+  EXPECT_EQ(Canvas().TopRow(), 0);
+  Panel().Go(0x1000, 4);  // as a search does
+  Press(WXK_RIGHT, wxMOD_SHIFT);
+  EXPECT_EQ(Selected(), (Region{0x1000, 5}));
 }
 
 TEST_F(HexDesk, FollowsTheMouse) {
@@ -67,6 +72,12 @@ TEST_F(HexDesk, FollowsTheMouse) {
   EXPECT_EQ(Selected().size, 0x2D);
   mouse(wxEVT_RIGHT_DOWN, 0x60);
   EXPECT_EQ(Selected(), (Region{corner + 0x60, 0}));
+  Panel().Go(corner + 0x22, 4);
+  Mouse(Canvas(), wxEVT_RIGHT_DOWN, {Canvas().PlaceOf(corner).x, 1});  // the header
+  EXPECT_EQ(Selected(), (Region{corner + 0x22, 4}));
+  mouse(wxEVT_LEFT_DOWN, 0x41, true);  // the start of what was found stays
+  EXPECT_EQ(Selected(), (Region{corner + 0x22, 0x20}));
+  mouse(wxEVT_LEFT_UP, 0x41, true);
 }
 
 TEST_F(HexDesk, CopiesAndSavesBytes) {
@@ -89,6 +100,13 @@ TEST_F(HexDesk, CopiesAndSavesBytes) {
   EXPECT_EQ(ClipboardText(), Image().ByteHex(0x11));
 }
 
+// 16 KiB with three bytes at an offset.
+std::vector<std::uint8_t> WithBytes(std::size_t offset) {
+  std::vector<std::uint8_t> bytes(0x4000);
+  std::copy_n(std::begin({0xDE, 0xAD, 0xBE}), 3, bytes.begin() + static_cast<std::ptrdiff_t>(offset));
+  return bytes;
+}
+
 TEST_F(HexDesk, FindsBytes) {
   const Offset last = End() - 3;
   std::vector<std::uint8_t> bytes = AllBytes();
@@ -101,12 +119,24 @@ TEST_F(HexDesk, FindsBytes) {
     EXPECT_EQ(Said(Id::Next), "");
     EXPECT_EQ(Selected(), (Region{hit, 3}));
   }
-  EXPECT_EQ(Said(Id::Next), "!String \"DE AD BE\" wasn't found");
-  for (const Offset hit : {0x2345, 0}) {
+  const auto shown = [&] {
+    Settle();
+    return Utf8(main->Bench().status.GetStatusText(1));
+  };
+  EXPECT_EQ(Said(Id::Next), "");  // round and round
+  EXPECT_EQ(Selected(), (Region{0, 3}));
+  EXPECT_EQ(shown(), "The search went on from the start.");
+  for (const Offset hit : {last, Offset{0x2345}, Offset{0}}) {
     EXPECT_EQ(Said(Id::Previous), "");
     EXPECT_EQ(Selected(), (Region{hit, 3}));
+    EXPECT_EQ(shown(), hit == last ? "The search went on from the end." : Status(2));
   }
-  EXPECT_EQ(Said(Id::Previous), "!String \"DE AD BE\" wasn't found");
+  OpenBytes("one.bin", WithBytes(0x2345), Id::HexView);
+  Panel().Go(0x2345, 3);
+  EXPECT_EQ(Said(Id::Next), "");  // the only one
+  EXPECT_EQ(Selected(), (Region{0x2345, 3}));
+  OpenBytes("none.bin", std::vector<std::uint8_t>(0x4000), Id::HexView);
+  for (const int id : {Id::Next, Id::Previous}) EXPECT_EQ(Said(id), "!String \"DE AD BE\" wasn't found");
 }
 
 TEST_F(HexDesk, IsEmptyWithoutADocument) {
@@ -119,7 +149,7 @@ TEST_F(HexDesk, IsEmptyWithoutADocument) {
   for (const int key : {WXK_DOWN, WXK_END, WXK_PAGEDOWN}) Key(panel.Canvas(), key);
   EXPECT_EQ(panel.Canvas().Selection(), Region());
   EXPECT_EQ(Utf8(panel.Information().GetLabelText()), "");
-  for (int id = Id::GoTo; id <= Id::ChangesToPatch; ++id) EXPECT_FALSE(panel.Commands()->CanRun(id)) << id;
+  for (int id = Id::GoTo; id <= Id::SelectedToPatch; ++id) EXPECT_FALSE(panel.Commands()->CanRun(id)) << id;
 }
 
 }  // namespace

@@ -1,4 +1,7 @@
 #include <array>
+#include <sstream>
+
+#include <wx/display.h>
 
 #include "shell/desk.h"
 #include "shell/services/panel.h"
@@ -128,6 +131,48 @@ TEST_F(Desk, EveryListIsSavedAndClearedWithTheDump) {
   for (int figure = 3; figure <= StatusBar::panels; ++figure) EXPECT_EQ(Status(figure), "");
 }
 
+TEST_F(Desk, ListIsSavedAsItStandsOnTheScreen) {
+  OpenBytes("blocks.bin", ImageOfBlocks({1, 2, 12, 3}), eeprom);
+  const auto numbers = [&] {
+    std::istringstream lines(ReadAll(folder / "blocks_E.txt"));
+    std::string all, line;
+    for (std::getline(lines, line); std::getline(lines, line);) all += std::to_string(std::stoi(line)) + " ";
+    return all;
+  };
+  const std::string saved = "List was saved in file\n\n" + PathText(folder / "blocks_E.txt");
+  List().SortBy(0);
+  List().SortBy(0);  // descending
+  EXPECT_EQ(Said(Id::SaveText), "i" + saved);
+  EXPECT_EQ(numbers(), "12 3 2 1 ");
+  List().Filter("2");
+  const std::string rows = TabSeparated(List().ShownRows().All(), "\n");
+  EXPECT_TRUE(Said(Id::SaveText).ends_with(" / 4\n" + saved));
+  EXPECT_EQ(std::ranges::count(ReadAll(folder / "blocks_E.txt"), '\n'), std::ranges::count(rows, '\n'));
+  List().Filter("nowhere");
+  EXPECT_EQ(Said(Id::SaveText), "!No data for saving !");
+  OpenBytes("two.bin", {0xFC, 0xFC}, Id::Info);
+  for (const auto& [panel, letter] : lists) {
+    if (panel == Id::Dump) continue;
+    Choose(panel);
+    EXPECT_EQ(Said(Id::SaveText), "!No data for saving !") << Title();
+  }
+}
+
+TEST_F(Desk, EditsAreUndoneInEveryPanel) {
+  OpenDemo(Id::Info);
+  const std::uint8_t before = Image().Byte(0x700), other = before ^ 0xFF;
+  Open().Write(0x700, Bytes(&other, 1));
+  std::vector<int> panels{Id::Info, Id::HexView};
+  for (const auto& [panel, letter] : lists) panels.push_back(panel);
+  for (const int panel : panels) {
+    if (main->Panels().Visible() != main->Panels().Of(panel)) Choose(panel);
+    Choose(Id::Undo);
+    EXPECT_EQ(Image().Byte(0x700), before) << Title();
+    Choose(Id::Redo);
+    EXPECT_EQ(Image().Byte(0x700), other) << Title();
+  }
+}
+
 TEST_F(Desk, CommandsDoNothingIfNothingIsChosen) {
   OpenBytes("two.bin", {0xFC, 0xFC}, Id::Info);
   for (const auto& [panel, letter] : lists) {
@@ -186,8 +231,25 @@ TEST_F(Desk, OpensWhatTheCommandLineNames) {
   EXPECT_EQ(script.TakeSaid(), "!Address books can't be opened.\n\nmy.adr");
   main->Dumps().OpenNamed("");
   EXPECT_EQ(script.TakeSaid(), "!Can't open file !\n\n" + ReadAdvice());
+  main->Dumps().OpenNamed("--help");
+  EXPECT_EQ(script.TakeSaid(), "itarvelo FILE opens a fullflash, tarvelo 166 the address calculator alone.");
   main->Dumps().OpenNamed(PathText(WriteDump("dump.bin")));
   EXPECT_TRUE(Open().IsOpen());
+}
+
+TEST_F(Desk, OpenDialogBeginsBesideTheLastDump) {
+  main->Dumps().OpenF(WriteDump("dump.bin"));
+  Restart();
+  Choose(Id::OpenFF);
+  EXPECT_EQ(script.offered, folder.Path() / "");
+}
+
+TEST_F(Desk, SaysThatNoProgramOpensAFile) {
+  script.opensWithSystem = false;
+  EXPECT_TRUE(Said(Id::Help).starts_with("!"));  // here without the pages, or without a program
+  OpenDemo(ringtones);
+  List().Select(5);
+  EXPECT_TRUE(Said(Id::Play).starts_with("!No program could be started for this file.\n\n"));
 }
 
 TEST_F(Desk, RemembersFiveFilesOverARestart) {
@@ -210,6 +272,15 @@ TEST_F(Desk, RestoresItsPlace) {
   Settle();
   Restart();
   EXPECT_EQ(main->GetSize(), size);
+  // A place on a larger screen.
+  Choose(Id::ExitM);
+  for (const auto& [key, value] :
+       {std::pair("Left", "0"), {"Top", "0"}, {"Width", "9000"}, {"Height", "7000"}})
+    Settings(SettingsFile()).SetIni("Window", key, value);
+  StartProgram();
+  const wxSize screen = wxDisplay(main).GetClientArea().GetSize();
+  EXPECT_LE(main->GetSize().x, screen.x);
+  EXPECT_LE(main->GetSize().y, screen.y);
 }
 
 TEST_F(Desk, ShowsProgressWhileItReads) {

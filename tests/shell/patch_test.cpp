@@ -79,6 +79,12 @@ TEST_F(PatchDesk, IsSearchedRoundAndRound) {
     EXPECT_EQ(Utf8(Editor().GetSelectedText()), found);
     EXPECT_EQ(Said(Id::FindMore), "");
   }
+  main->Run(Id::Next);
+  EXPECT_EQ(Utf8(Editor().GetSelectedText()), "Привет");
+  for (const char* found : {"ПРИВЕТ", "Привет"}) {
+    main->Run(Id::Previous);
+    EXPECT_EQ(Utf8(Editor().GetSelectedText()), found);
+  }
   EXPECT_EQ(Said(Id::Find, "1D"), "ask Enter the string for search: привет | !String \"1D\" wasn't found");
 }
 

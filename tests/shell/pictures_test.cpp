@@ -1,5 +1,7 @@
 #include "shell/pictures/pictures_panel.h"
 
+#include <wx/dcclient.h>
+#include <wx/dcmemory.h>
 #include <wx/image.h>
 
 #include "shell/desk.h"
@@ -63,10 +65,10 @@ TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
   List().SortBy(2);
   List().SortBy(2);  // descending
   EXPECT_EQ(List().Selected(), 5u);
-  ASSERT_TRUE(List().Find("", false));
+  ASSERT_TRUE(List().Find("", SearchFrom::Top));
   EXPECT_EQ(List().Selected(), all - 1);
   List().Filter("101");
-  ASSERT_TRUE(List().Find("", false));
+  ASSERT_TRUE(List().Find("", SearchFrom::Top));
   EXPECT_NE(Cell(*List().Selected(), 3), "  4");
   List().Select(0);  // hidden by the filter, which is cleared
   EXPECT_EQ(List().Selected(), 0u);
@@ -96,6 +98,42 @@ TEST_F(PicturesDesk, GoWithTheDocument) {
   Choose(pictures);
   EXPECT_FALSE(Panel().Pic().GetBitmap());
   EXPECT_FALSE(Panel().Commands()->CanRun(Id::SaveAllPic));
+}
+
+// A picture of width 0 among others: they stay visible, and the gallery keeps its background.
+TEST_F(PicturesDesk, EmptyPictureSpoilsNoOther) {
+  Gallery& gallery = Panel().AllPictures();
+  gallery.SetPictures(3, [](std::size_t index) {
+    Bitmap bitmap(index == 1 ? 0 : 20, 20);
+    std::ranges::fill(bitmap.pixels, 0x12AB34);
+    return bitmap;
+  });
+  gallery.Select(1);
+  gallery.Refresh();
+  gallery.Update();
+  Settle();
+  wxClientDC dc(&gallery);
+  const wxSize size = gallery.GetClientSize();
+  wxBitmap seen(size);
+  {
+    wxMemoryDC memory(seen);
+    memory.Blit(0, 0, size.x, size.y, &dc, 0, 0);
+  }
+  const wxImage image = seen.ConvertToImage();
+  int coloured = 0;
+  for (int y = 0; y < size.y; ++y)
+    for (int x = 0; x < size.x; ++x) coloured += image.GetRed(x, y) == 0x12 && image.GetGreen(x, y) == 0xAB;
+  EXPECT_EQ(coloured, 2 * 20 * 20);
+}
+
+TEST_F(PicturesDesk, HorizontalWheelDoesNotZoom) {
+  wxMouseEvent turn(wxEVT_MOUSEWHEEL);
+  turn.m_wheelRotation = 120;
+  turn.m_wheelDelta = 120;
+  const int zoom = Panel().Pic().Zoom();
+  turn.m_wheelAxis = wxMOUSE_WHEEL_HORIZONTAL;
+  Panel().Pic().ProcessWindowEvent(turn);
+  EXPECT_EQ(Panel().Pic().Zoom(), zoom);
 }
 
 TEST(ToImage, EnlargesPixelsAndShowsTheCheckerboard) {

@@ -78,14 +78,19 @@ TEST_F(RingtonesDesk, FilesAreSavedAndOpened) {
        {std::tuple(5u, "demo_0006.mid", "MThd"), std::tuple(6u, "demo_0007.wav", "RIFF")}) {
     List().Select(row);
     main->Run(Id::Play);
-    EXPECT_EQ(script.started.back(), "open " + PathText(Saved(name)));
-    EXPECT_EQ(ReadAll(Saved(name)).substr(0, 4), magic);
-    EXPECT_EQ(std::filesystem::file_size(Saved(name)), std::stoul(Cell(row, 5)));
+    const std::filesystem::path file = PathOf(script.started.back().substr(5));
+    EXPECT_EQ(file.filename(), name);
+    EXPECT_EQ(ReadAll(file).substr(0, 4), magic);
+    EXPECT_EQ(std::filesystem::file_size(file), std::stoul(Cell(row, 5)));
+    EXPECT_FALSE(FileExist(Saved(name)));  // an edited one would be lost
     EXPECT_TRUE(Roll().Notes().empty());
     EXPECT_FALSE(panel->Commands()->CanRun(Id::CopyR));
   }
   EXPECT_EQ(Utf8(Roll().Text()), "WAVE\nSize: 12044\n1.5 s");
   EXPECT_TRUE(script.beeps.empty());
+  const std::filesystem::path played = PathOf(script.started.back().substr(5));
+  Restart();
+  EXPECT_FALSE(FileExist(played));
 }
 
 TEST_F(RingtonesDesk, NothingElseRunsWhileOnePlays) {
@@ -94,13 +99,19 @@ TEST_F(RingtonesDesk, NothingElseRunsWhileOnePlays) {
   const Beeps two(all.begin(), all.begin() + 2);
 
   EXPECT_EQ(all, Played(text, [&] {
-              EXPECT_TRUE(Press('A'));  // the list does not get it
+              Press(WXK_SHIFT);
               EXPECT_EQ(Status(2), "Escape stops");
               EXPECT_TRUE(panel->Commands()->CanRun(Id::StopPlaying));
-              EXPECT_FALSE(panel->Commands()->CanRun(Id::Play));
-              main->Run(Id::Play);
               EXPECT_EQ(Roll().Length(), 4);
             }));
+  EXPECT_EQ(two, Played(text, [&] { EXPECT_FALSE(Press(WXK_DOWN)); }));  // the list gets it
+  EXPECT_EQ(two, Played(text, [&] { main->ProcessCommand(Id::SaveRing); }));
+  Settle();
+  EXPECT_TRUE(script.said.back().starts_with("iRingtone \"00\" was saved in file")) << script.said.back();
+  EXPECT_EQ(two, Played(text, [&] { main->ProcessCommand(Id::Play); }));
+  script.beeps.clear();
+  Settle();
+  EXPECT_GT(script.beeps.size(), 4u);  // the chosen one
   EXPECT_EQ(two, Played(text, [&] { EXPECT_TRUE(Press(WXK_ESCAPE)); }));
   EXPECT_EQ(two, Played(text, [&] { main->ProcessCommand(Id::StopPlaying); }));
 
@@ -190,6 +201,17 @@ TEST_F(RingtonesDesk, RollHasABarForEachNote) {
     if (const auto note = Roll().NoteAt({x, size.y / 2}); note && (met.empty() || met.back() != *note))
       met.push_back(*note);
   EXPECT_EQ(met, (std::vector<std::size_t>{0, 1, 2}));
+}
+
+TEST_F(RingtonesDesk, KeysChangeTheHeadlineAfterAClick) {
+  Roll().ShowMelody(std::vector<Tone>{{440, 500}, {523, 500}});
+  wxPoint first(0, Roll().GetClientSize().y / 2);
+  while (first.x < Roll().GetClientSize().x && Roll().NoteAt(first) != 0u) ++first.x;
+  Mouse(Roll(), wxEVT_MOTION, first);
+  Mouse(Roll(), wxEVT_LEFT_DOWN, first);
+  EXPECT_EQ(Headline(), "A4   440 Hz   500 ms   0:00.000");
+  Key(Roll(), WXK_RIGHT);
+  EXPECT_EQ(Headline(), "C5   523 Hz   500 ms   0:00.500");
 }
 
 TEST_F(RingtonesDesk, RollFollowsALongMelody) {

@@ -71,6 +71,21 @@ TEST_F(SearchDesk, ListIsWalkedWithTheKeys) {
   EXPECT_EQ(Found().Selected(), 0u);
 }
 
+TEST_F(SearchDesk, HitsFollowEdits) {
+  OpenImage(0x1000, {{0x10, 7}, {0x20, 7}, {0x30, 7}});
+  SearchFor("07");
+  Found().Select(1);
+  const std::uint8_t zero = 0, seven = 7;
+  Open().Write(0x10, Bytes(&zero, 1));  // the list is visible
+  EXPECT_EQ(Found().RowCount(), 2u);
+  EXPECT_EQ(Found().Selected(), 0u);  // the same hit
+  Choose(Id::Info);
+  Open().Write(0x800, Bytes(&seven, 1));
+  Choose(Id::Hits);
+  EXPECT_EQ(Found().RowCount(), 3u);
+  EXPECT_EQ(Row(2), "3\t000800\t3FF:3800\t07\n");
+}
+
 TEST_F(SearchDesk, ReportsAMissingPatternInCapitals) {
   OpenImage(0x1000, {{0, 0xE6}, {0xFFE, 0x11}, {0xFFF, 0x22}});
   EXPECT_EQ(SearchFor("e6,g1"), "!String \"E6,G1\" wasn't found");

@@ -70,5 +70,18 @@ TEST(RecentFiles, AreTheSameInOtherLetters) {
   EXPECT_EQ(files[1], "");
 }
 
+TEST(RecentFiles, ClosedGapLeavesNoDouble) {
+  const TemporaryFolder folder;
+  Settings settings(folder / "Tarvelo.ini");
+  settings.SetIni("History", "File2", "a.bin");
+  settings.SetIni("History", "File4", "b.bin");
+  RecentFiles files;
+  files.Read(settings);
+  files.Write(settings);
+  RecentFiles again;
+  again.Read(settings);
+  EXPECT_EQ(again[0] + " " + again[1] + " " + again[2], "a.bin b.bin ");
+}
+
 }  // namespace
 }  // namespace tarvelo

@@ -117,7 +117,7 @@ TEST_F(CalculatorDesk, FieldsFollowEachOther) {
   Type(Calc().AdFF, "1234");
   EXPECT_EQ(Fields(), "3C0 1234 F01234 1234 ");
   Type(Calc().Offs, "4001");
-  EXPECT_EQ(Fields(), "3C1 1 F04001 4001 ");
+  EXPECT_EQ(Fields(), "3C1 4001 F04001 4001 ");
   Type(Calc().Addr, "");
   EXPECT_EQ(Fields(), "0 0  100000 ");
   Type(Calc().L16, "FF");
@@ -132,6 +132,60 @@ TEST_F(CalculatorDesk, FieldsFollowEachOther) {
   EXPECT_EQ(Calc().Error(), "");
   Type(Calc().L10, "9999999999");
   EXPECT_EQ(Utf8(Calc().Error()), "Number too large: \"9999999999\"");
+}
+
+// Typed key by key.
+TEST_F(CalculatorDesk, TypedFieldIsNeverRewritten) {
+  const auto typeKeys = [&](wxTextCtrl* field, const std::string& keys) {
+    for (std::size_t i = 1; i <= keys.size(); ++i) Type(field, keys.substr(0, i).c_str());
+  };
+  typeKeys(Calc().Addr, "A0123456");
+  EXPECT_EQ(Fields(), "48 3456 A0123456 123456 ");
+  typeKeys(Calc().Page, "3FFFFFF");  // FFFFFFC000
+  EXPECT_EQ(Fields(), "3FFFFFF 3456 FFF456 FFF456 ");
+  typeKeys(Calc().Page, "10");
+  typeKeys(Calc().Offs, "40010");  // 10 pages and 10 bytes, not more with every key
+  EXPECT_EQ(Fields(), "20 40010 80010 80010 ");
+  typeKeys(Calc().Offs, "400");
+  EXPECT_EQ(Fields(), "10 400 40400 40400 ");
+  typeKeys(Calc().Offs, "4001");
+  typeKeys(Calc().Page, "12");  // the carry does not count again
+  EXPECT_EQ(Fields(), "12 1 48001 48001 ");
+  typeKeys(Calc().AdFF, "80000001");
+  EXPECT_EQ(Fields(), "0 1 1 80000001 ");
+}
+
+TEST_F(CalculatorDesk, MarksTheFieldThatIsWrong) {
+  Type(Calc().Offs, "H");
+  const wxColour marked = Calc().Offs->GetForegroundColour();
+  for (const auto& [field, text] : {std::pair(Calc().Page, "12"), {Calc().L16, "FF"}}) {
+    Type(field, text);
+    EXPECT_EQ(Utf8(Calc().Error()), "Not a number: \"H\"");
+    EXPECT_EQ(Calc().Offs->GetForegroundColour(), marked);
+    EXPECT_NE(field->GetForegroundColour(), marked);
+  }
+  Type(Calc().Addr, "1");  // replaces it
+  EXPECT_EQ(Calc().Error(), "");
+  EXPECT_NE(Calc().Offs->GetForegroundColour(), marked);
+}
+
+TEST_F(CalculatorDesk, TakesHexadecimalDigitsAlone) {
+  const auto type = [&](wxChar character, int code) {
+    wxKeyEvent event(wxEVT_CHAR);
+    event.m_uniChar = character;
+    event.m_keyCode = code;
+    event.SetEventObject(Calc().Page);
+    return Calc().Page->ProcessWindowEvent(event);  // true: the field does not get it
+  };
+  for (const wxChar character : {L'я', L'é', L'α', L'z', L'.'}) {
+    EXPECT_TRUE(type(character, 0));
+    EXPECT_TRUE(type(character, static_cast<int>(character)));
+  }
+  EXPECT_EQ(Calc().Page->GetValue(), "");
+  for (const wxChar character : {L'1', L'F'}) EXPECT_FALSE(type(character, static_cast<int>(character)));
+  EXPECT_FALSE(type(WXK_NONE, WXK_LEFT));
+  type(L'b', 'b');
+  EXPECT_EQ(Calc().Page->GetValue(), "B");
 }
 
 TEST_F(CalculatorDesk, ShowsTheAddressInTheHexView) {

@@ -52,7 +52,7 @@ class EepromTransferDesk : public TransferDesk {
   [[nodiscard]] EepromPanel& Panel() { return Shown<EepromPanel>(); }
   [[nodiscard]] std::uint8_t ByteAt(Offset offset) const { return Image().Byte(offset); }
   [[nodiscard]] wxString DumpText() { return Panel().View()->Dump().GetValue(); }
-  void SelectHeader(const std::string& position) { ASSERT_TRUE(List().Find(position, false, 2)); }
+  void SelectHeader(const std::string& position) { ASSERT_TRUE(List().Find(position, SearchFrom::Top, 2)); }
 };
 
 constexpr char greeting[] = "7CC384";  // the live block 5076: 66 bytes
@@ -63,7 +63,7 @@ TEST_F(EepromTransferDesk, OneBlockGoesToAFileAndBack) {
   const fs::path file = files / "demo_5076.bin";
   EXPECT_EQ(Said(Id::SaveBlock), "iBlock \"5076\" was saved in file" + At(file));
   EXPECT_EQ(fs::file_size(file), 66u);
-  main->Run(Id::InfoE);
+  main->Run(Id::ShowBlock);
   const wxString before = DumpText();
 
   EXPECT_EQ(SaidAtLast(Id::LoadBlock, file), "iBlock \"5076\" was loaded from file" + At(file));
@@ -177,7 +177,7 @@ constexpr std::string_view twoNotes("\xB8\x01\xF4\x01\x70\x03\xFA\x00", 8);
 TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   const auto file = folder.Write("new.bin", twoNotes);
   List().Select(1);
-  EXPECT_EQ(Said(Id::SaveRing), "iRingtone \"1\" was saved in file" + At(files / "demo_0001.bin"));
+  EXPECT_EQ(Said(Id::SaveRing), "iRingtone \"01\" was saved in file" + At(files / "demo_0001.bin"));
   EXPECT_EQ(FilesThere(), 1u);
   const std::string text = Melody(1);
   EXPECT_EQ(SaidAtLast(Id::LoadRing),
@@ -242,8 +242,9 @@ TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
   ExpectOneStepBackToTheDemo();
 
   fs::remove_all(files);
-  WriteFile(files, "in the way of the folder");  // nothing is reported
-  for (const int id : {Id::SaveRing, Id::SaveAllRing}) EXPECT_EQ(Said(id), "");
+  WriteFile(files, "in the way of the folder");
+  for (const int id : {Id::SaveRing, Id::SaveAllRing})
+    EXPECT_EQ(Said(id), "!Can't write file !" + At(files) + WriteAdvice());
 }
 
 // Two melodies in the same place with a file each, which contradict each other.
