@@ -60,17 +60,29 @@ std::optional<Region> Document::Redo() {
 }
 
 Document::Watch Document::OnChange(std::function<void()> changed) {
-  auto watch = std::make_shared<const std::function<void()>>(std::move(changed));
-  watches_.push_back(watch);
+  return Add(changeWatches_, std::move(changed));
+}
+
+Document::Watch Document::OnModel(std::function<void()> learnt) {
+  return Add(modelWatches_, std::move(learnt));
+}
+
+Document::Watch Document::Add(Watches& watches, std::function<void()> call) {
+  auto watch = std::make_shared<const std::function<void()>>(std::move(call));
+  watches.push_back(watch);
   return watch;
 }
 
 // A called watcher may end its own watch or another's.
+void Document::Call(Watches& watches) {
+  std::erase_if(watches, [](const auto& watch) { return watch.expired(); });
+  for (const auto& watch : std::vector(watches))
+    if (const Watch alive = watch.lock()) (*alive)();
+}
+
 void Document::Changed() {
   Forget();
-  std::erase_if(watches_, [](const auto& watch) { return watch.expired(); });
-  for (const auto& watch : std::vector(watches_))
-    if (const Watch alive = watch.lock()) (*alive)();
+  Call(changeWatches_);
 }
 
 // --- its findings ---
@@ -84,7 +96,10 @@ const Findings& Document::Find(const Explorer& explorer, Progress& progress) {
   const auto known = found_.find(&explorer);
   if (known != found_.end()) return known->second;
   const Findings& found = found_.emplace(&explorer, explorer.search(dump_, progress)).first->second;
-  if (explorer.model && dump_.info.Model.empty()) dump_.info.Model = explorer.model(dump_, found);
+  if (explorer.model && dump_.info.Model.empty()) {
+    dump_.info.Model = explorer.model(dump_, found);
+    if (!dump_.info.Model.empty()) Call(modelWatches_);
+  }
   return found;
 }
 

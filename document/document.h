@@ -76,6 +76,8 @@ class Document {
   // long as the result lives.
   using Watch = std::shared_ptr<const std::function<void()>>;
   [[nodiscard]] Watch OnChange(std::function<void()> changed);
+  // Likewise, calls `learnt` after each Find that makes the model known.
+  [[nodiscard]] Watch OnModel(std::function<void()> learnt);
 
   // --- its findings ---
 
@@ -88,6 +90,9 @@ class Document {
   std::shared_ptr<const DumpMap> Map(Progress& progress);
 
  private:
+  using Watches = std::vector<std::weak_ptr<const std::function<void()>>>;
+  [[nodiscard]] static Watch Add(Watches& watches, std::function<void()> call);
+  static void Call(Watches& watches);
   void Changed();
   void Forget();
 
@@ -99,7 +104,8 @@ class Document {
   std::filesystem::path fileDir_;
   std::map<const Explorer*, Findings> found_;
   std::shared_ptr<const DumpMap> map_;
-  std::vector<std::weak_ptr<const std::function<void()>>> watches_;
+  Watches changeWatches_;
+  Watches modelWatches_;
 };
 
 }  // namespace tarvelo

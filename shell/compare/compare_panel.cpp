@@ -1,6 +1,7 @@
 #include "shell/compare/compare_panel.h"
 
 #include <wx/button.h>
+#include <wx/checkbox.h>
 #include <wx/panel.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
@@ -58,9 +59,11 @@ ComparePanel::ComparePanel(Workbench& bench, wxPanel* window, wxPanel* none, wxP
       head_(new wxStaticText(compared_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                              wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE)),
       chooseAnother_(new wxButton(compared_, wxID_ANY)),
+      fromStart_(new wxCheckBox(compared_, wxID_ANY, wxString())),
       figures_(new wxStaticText(compared_, wxID_ANY, wxString())),
       strip_(new ImageStrip(compared_)) {
   chooseAnother_->MoveBeforeInTabOrder(&List());
+  fromStart_->MoveBeforeInTabOrder(&List());
   Layout();
   Bind();
   ShowDifferences();
@@ -79,6 +82,7 @@ void ComparePanel::Layout() {
   line->Add(chooseAnother_, 0);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(line, 0, wxEXPAND | wxALL, gap);
+  column->Add(fromStart_, 0, wxLEFT | wxRIGHT | wxBOTTOM, gap);
   column->Add(figures_, 0, wxLEFT | wxRIGHT | wxBOTTOM, gap);
   column->Add(strip_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);
   column->Add(&List(), 1, wxEXPAND);
@@ -94,6 +98,7 @@ void ComparePanel::Layout() {
 void ComparePanel::Bind() {
   for (wxButton* button : {choose_, chooseAnother_})
     button->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { bench_.frame.Run(Id::CompareWith); });
+  fromStart_->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { CompareAgain(); });
   List().onSelect = [this](std::size_t row) {
     if (row >= comparison_.differences.size()) return;
     strip_->Mark(comparison_.differences[row].offset, comparison_.differences[row].size);
@@ -127,9 +132,15 @@ void ComparePanel::CompareWith_Click() {
   comparison_ = Comparison();
   List().SetRows({});  // the old rows belong to the previous second dump
   second_ = std::move(*second);
+  fromStart_->SetValue(false);
   CompareAgain();
   bench_.frame.ShowPanel(*this);
   FirstFocus().SetFocus();
+}
+
+void ComparePanel::SetFromStart(bool fromStart) {
+  fromStart_->SetValue(fromStart);
+  if (HasSecond()) CompareAgain();
 }
 
 void ComparePanel::Build() {
@@ -144,17 +155,19 @@ void ComparePanel::ImageChanged() {
 
 void ComparePanel::CompareAgain() {
   const Bytes image = bench_.document.Image().ff();
-  Comparison comparison = Compare(image, second_.ff());
+  Comparison comparison = Compare(image, second_.ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
   joined_ = JoinDifferences(comparison.differences, mostRows);
   if (!comparison.differences.empty()) MakeMap();
   const Difference* chosen = Chosen();
   const Offset place = chosen ? chosen->offset : 0;
   comparison_ = std::move(comparison);
-  differingBytes_ = DifferingBytes(image, second_.ff(), comparison_.differences);
+  differingBytes_ = DifferingBytes(image, second_.ff(), comparison_.differences, comparison_.shift);
   stale_ = false;
   ShowDifferences();
   if (!comparison_.differences.empty()) List().Select(NearestDifference(comparison_.differences, place));
 }
+
+Offset ComparePanel::AddressShift() const { return tarvelo::AddressShift(bench_.document.Image(), second_); }
 
 // If a search of the image fails, it is still compared, but without labels.
 void ComparePanel::MakeMap() {
@@ -183,6 +196,7 @@ void ComparePanel::ShowDifferences() {
   ShowStrip();
   none_->Show(!HasSecond());
   compared_->Show(HasSecond());
+  fromStart_->Show(HasSecond() && AddressShift() != 0);
   LayOutTexts();
   window_->Layout();
 }
@@ -190,10 +204,11 @@ void ComparePanel::ShowDifferences() {
 // Bytes that only the open image has are grey.
 void ComparePanel::ShowStrip() {
   const auto size = static_cast<Offset>(bench_.document.Image().ff().size());
-  std::vector<StripPart> parts = StripOf(comparison_.differences, comparison_.common, size, differenceColour);
-  if (comparison_.restOfOld > 0)
-    parts.push_back(
-        {comparison_.common, comparison_.restOfOld, wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT)});
+  std::vector<StripPart> parts = StripOf(comparison_, size, differenceColour);
+  const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
+  const Offset end = comparison_.start + comparison_.common;
+  if (comparison_.start > 0) parts.insert(parts.begin(), {0, comparison_.start, grey});
+  if (HasSecond() && end < size) parts.push_back({end, size - end, grey});
   strip_->Show(size, std::move(parts));
   strip_->Mark(0, 0);
 }
@@ -232,6 +247,8 @@ void ComparePanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
   List().Reword(Rows());
   choose_->SetLabel(Wx(messages.Msg(Text::CompareWithAnother)));
+  fromStart_->SetLabel(Wx(messages.Msg(Text::CompareFromStart)));
+  fromStart_->SetToolTip(Wx(messages.Msg(Text::HelpCompareFromStart)));
   chooseAnother_->SetLabel(Wx(messages.Msg(Text::ChooseAnotherFullflash)));
   LayOutTexts();
 }
@@ -248,7 +265,7 @@ const Difference* ComparePanel::Chosen() const {
 
 TableRows ComparePanel::Rows() const {
   return DifferenceRows(bench_.document.Image(), second_.ff(), comparison_.differences, map_.get(),
-                        bench_.texts);
+                        bench_.texts, comparison_.shift);
 }
 
 // --- commands ---
@@ -282,7 +299,7 @@ void ComparePanel::DifferencesToPatch_Click() {
 // From the bytes of the file that was opened to those of the second dump.
 Change ComparePanel::ChangeOf(const Difference& difference) const {
   const Fullflash& image = bench_.document.Image();
-  Change change = tarvelo::ChangeOf(image.ff(), second_.ff(), difference);
+  Change change = tarvelo::ChangeOf(image.ff(), second_.ff(), difference, comparison_.shift);
   for (const Change& edit : bench_.document.Edits().Changes(image, difference.offset, difference.size))
     std::ranges::copy(edit.oldBytes, change.oldBytes.begin() + (edit.offset - difference.offset));
   return change;

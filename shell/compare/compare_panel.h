@@ -15,6 +15,7 @@
 #include "shell/list/list_panel.h"
 
 class wxButton;
+class wxCheckBox;
 class wxPanel;
 class wxStaticText;
 
@@ -37,6 +38,8 @@ class ComparePanel final : public ListPanel {
   // Asks for a second dump and compares it with the open one. If it cannot be read, the last comparison
   // stays.
   void CompareWith_Click();
+  // Compares from the first byte of both dumps instead of by phone address, or the reverse.
+  void SetFromStart(bool fromStart);
   // Makes a patch of the selected differences. Does nothing if none is selected.
   void DifferencesToPatch_Click();
 
@@ -61,6 +64,7 @@ class ComparePanel final : public ListPanel {
   void MakeMap();
   void ShowDifferences();
   void ShowStrip();
+  [[nodiscard]] Offset AddressShift() const;
   [[nodiscard]] wxString RestText() const;
   [[nodiscard]] wxString Describe(Offset offset, Offset size) const;
   [[nodiscard]] bool HasSecond() const { return second_.IsOpen(); }
@@ -74,6 +78,7 @@ class ComparePanel final : public ListPanel {
   wxPanel* compared_;  // shown once there is one
   wxStaticText* head_;
   wxButton* chooseAnother_;
+  wxCheckBox* fromStart_;  // shown only if it makes a difference
   wxStaticText* figures_;
   ImageStrip* strip_;
 

@@ -9,12 +9,12 @@ constexpr Offset stripCells = 1024;
 
 }  // namespace
 
-std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset compared, Offset imageSize,
-                               const wxColour& colour) {
+std::vector<StripPart> StripOf(const Comparison& comparison, Offset imageSize, const wxColour& colour) {
   const Offset cell = imageSize / stripCells + 1;
+  const Offset compared = comparison.start + comparison.common;
   std::vector<StripPart> parts;
-  for (const Difference& difference : differences) {
-    const Offset begin = difference.offset / cell * cell;
+  for (const Difference& difference : comparison.differences) {
+    const Offset begin = std::max(difference.offset / cell * cell, comparison.start);
     const Offset end = std::min((difference.End() + cell - 1) / cell * cell, compared);
     if (!parts.empty() && begin <= parts.back().offset + parts.back().size)
       parts.back().size = end - parts.back().offset;

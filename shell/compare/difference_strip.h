@@ -3,7 +3,6 @@
 
 #include <wx/colour.h>
 
-#include <span>
 #include <vector>
 
 #include "patch/image_compare.h"
@@ -11,9 +10,9 @@
 
 namespace tarvelo {
 
-// Parts for a strip of an image of which the first `compared` bytes were compared. The image is divided into
-// about 1000 cells. A difference colours every cell that it touches, so that a single byte remains visible.
-[[nodiscard]] std::vector<StripPart> StripOf(std::span<const Difference> differences, Offset compared,
-                                             Offset imageSize, const wxColour& colour);
+// Parts for a strip of the comparison's first dump. The image is divided into about 1000 cells. A difference
+// colours every cell that it touches, as far as it was compared, so that a single byte remains visible.
+[[nodiscard]] std::vector<StripPart> StripOf(const Comparison& comparison, Offset imageSize,
+                                             const wxColour& colour);
 
 }  // namespace tarvelo

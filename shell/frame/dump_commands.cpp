@@ -21,6 +21,7 @@ DumpCommands::DumpCommands(Workbench& bench, PanelStack& panels, Menus& menus, I
                            std::function<void()> changed)
     : bench_(bench), panels_(panels), menus_(menus), info_(info), changed_(std::move(changed)) {
   recent_.Read(bench.settings);
+  watch_ = bench.document.OnModel([this] { ShowModel(); });
 }
 
 // --- opening ---
@@ -42,9 +43,11 @@ bool DumpCommands::GetInfo(const std::filesystem::path& path) {
   document.Open(std::move(*image), path);
   info_.SetSummary(path);
   bench_.status.SetPanel(1, WxPath(path));
-  bench_.status.SetPanel(2, Wx(document.Info().StatusText()));
+  ShowModel();
   return true;
 }
+
+void DumpCommands::ShowModel() { bench_.status.SetPanel(2, Wx(bench_.document.Info().StatusText())); }
 
 void DumpCommands::CloseFF() {
   bench_.document.Close();

@@ -44,6 +44,7 @@ class DumpCommands {
  private:
   // Reads and identifies a dump and writes the summary. False if the dump cannot be read or is empty.
   bool GetInfo(const std::filesystem::path& path);
+  void ShowModel();
   void SaveTo(const std::filesystem::path& path);
 
   Workbench& bench_;
@@ -52,6 +53,7 @@ class DumpCommands {
   InfoPanel& info_;
   std::function<void()> changed_;
   RecentFiles recent_;
+  Document::Watch watch_;
 };
 
 }  // namespace tarvelo

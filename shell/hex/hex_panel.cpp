@@ -1,5 +1,4 @@
 #include "shell/hex/hex_panel.h"
-#include "core/byte_text.h"
 
 #include <wx/choice.h>
 #include <wx/panel.h>
@@ -12,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "core/byte_text.h"
 #include "core/places.h"
 #include "patch/pattern_walk.h"
 #include "resources/texts.h"
@@ -236,11 +236,10 @@ void HexPanel::GoTo_Click() {
   place_->SelectAll();
 }
 
-Bytes HexPanel::BytesToCopy() {
+Bytes HexPanel::BytesToCopy(Text command) {
   const Region range = canvas_->Selection();
   if (range.size > copyLimit) {
-    const std::string sizes = std::to_string(range.size) + " > " + std::to_string(copyLimit);
-    bench_.talk.Complain(Wx(std::string(bench_.texts.Msg(Text::SelectedBytesLabel)) + sizes));
+    bench_.talk.ComplainOfSize(command, range.size, copyLimit);
     return {};
   }
   return Image().ff().subspan(static_cast<std::size_t>(range.offset),
@@ -248,11 +247,11 @@ Bytes HexPanel::BytesToCopy() {
 }
 
 void HexPanel::CopyHex_Click() {
-  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) Copy(AsHex(bytes));
+  if (const Bytes bytes = BytesToCopy(Text::CopyAsHex); !bytes.empty()) Copy(AsHex(bytes));
 }
 
 void HexPanel::CopyText_Click() {
-  if (const Bytes bytes = BytesToCopy(); !bytes.empty()) Copy(AsText(bytes));
+  if (const Bytes bytes = BytesToCopy(Text::CopyAsText); !bytes.empty()) Copy(AsText(bytes));
 }
 
 void HexPanel::CopyOffset_Click() { Copy(OffsetText(Image(), canvas_->Selection().offset)); }

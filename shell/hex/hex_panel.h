@@ -71,7 +71,7 @@ class HexPanel final : public Panel {
   [[nodiscard]] const Fullflash& Image() const;
   // The bytes for a command: the selected ones, otherwise the one under the cursor. If they are too many for
   // the clipboard, tells the user and returns none.
-  [[nodiscard]] Bytes BytesToCopy();
+  [[nodiscard]] Bytes BytesToCopy(Text command);
   bool AskForPattern();
   void ShowHit(const Pattern& pattern, Offset hit);
   void SayWrapped(Text text);

@@ -46,6 +46,7 @@ InfoPanel::InfoPanel(Workbench& bench)
   PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
   welcome_ = new Welcome(sheet_, bench);
   bench.frame.AcceptDrops(*Text);
+  watch_ = bench.document.OnModel([this] { UpdateSummary(); });
   Layout();
 }
 
@@ -87,11 +88,7 @@ void InfoPanel::Clear() {
 
 void InfoPanel::Recaption(const Messages& messages) {
   welcome_->Recaption(messages);
-  if (const wxString text = GetText(); !summary_.empty() && text.StartsWith(summary_)) {
-    const wxString added = text.Mid(summary_.length());
-    summary_ = SummaryText();
-    Text->ChangeValue(summary_ + added);
-  }
+  UpdateSummary();
   platform::SetAccessibleName(*Text, Wx(messages.Msg(Traits().name)));
   window_->Layout();
 }
@@ -100,6 +97,14 @@ void InfoPanel::SetSummary(const std::filesystem::path& file) {
   file_ = PathText(file);
   summary_ = SummaryText();
   SetText(summary_);
+}
+
+void InfoPanel::UpdateSummary() {
+  const wxString text = GetText();
+  if (summary_.empty() || !text.StartsWith(summary_)) return;
+  const wxString added = text.Mid(summary_.length());
+  summary_ = SummaryText();
+  Text->ChangeValue(summary_ + added);
 }
 
 wxString InfoPanel::SummaryText() const {

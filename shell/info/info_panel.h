@@ -39,7 +39,7 @@ class InfoPanel final : public Panel {
 
   // The information text: starts with the summary; explorers append lines.
   // SetSummary replaces it by the summary of the open document, which was read from this file. The summary
-  // follows the language; what is added below it stays.
+  // follows the language and the model; what is added below it stays.
   void SetSummary(const std::filesystem::path& file);
   void SetText(const wxString& text);
   void AppendText(const wxString& text);
@@ -52,6 +52,7 @@ class InfoPanel final : public Panel {
  private:
   void Layout();
   [[nodiscard]] wxString SummaryText() const;
+  void UpdateSummary();
   void AppendLong(std::string_view text);
 
   Workbench& bench_;
@@ -61,6 +62,7 @@ class InfoPanel final : public Panel {
   wxTextCtrl* Text;
   std::string file_;  // that the summary names
   wxString summary_;  // in the current language
+  Document::Watch watch_;
   wxStaticBox* Frame;
   wxStaticBitmap* PicAbout;
   Welcome* welcome_;  // shown instead of the text while that is empty

@@ -38,13 +38,13 @@ class ExplorerPanel : public ListPanel {
  protected:
   // What a panel adds to the common commands, by group.
   struct OwnCommands {
-    std::vector<PanelCommand> first;      // before all others
-    std::vector<PanelCommand> open;       // beside those that open bytes
-    std::vector<PanelCommand> copy;       // beside those that copy
-    std::vector<PanelCommand> files;      // a separate group
-    std::vector<PanelCommand> last;       // after all others
-    int defaultId = 0;                    // run by a double click; 0: OpenData
-    Text search = Text::Search;  // the caption of Find
+    std::vector<PanelCommand> first;  // before all others
+    std::vector<PanelCommand> open;   // beside those that open bytes
+    std::vector<PanelCommand> copy;   // beside those that copy
+    std::vector<PanelCommand> files;  // a separate group
+    std::vector<PanelCommand> last;   // after all others
+    int defaultId = 0;                // run by a double click; 0: OpenData
+    Text search = Text::Search;       // the caption of Find
   };
   [[nodiscard]] virtual OwnCommands Own() { return {}; }
 

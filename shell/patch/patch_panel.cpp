@@ -64,10 +64,7 @@ void PatchPanel::AddPatch(const std::string& name, const std::string& body, bool
 
 void PatchPanel::AskAndAddPatch(Text command, Offset changedBytes, std::size_t all,
                                 const std::function<std::vector<Change>()>& makeChanges) {
-  if (changedBytes > patchLimit) {
-    const std::string sizes = std::to_string(changedBytes) + " > " + std::to_string(patchLimit);
-    return bench_.talk.Complain(Wx(std::string(bench_.texts.Msg(command)) + ": " + sizes));
-  }
+  if (changedBytes > patchLimit) return bench_.talk.ComplainOfSize(command, changedBytes, patchLimit);
   const Messages& texts = bench_.texts;
   const MergedPatch merged = MergeIntoPatch(Patch_->Lines(), makeChanges());
   if (merged.taken == 0) return bench_.talk.Tell(Wx(texts.Msg(Text::PatchHoldsChanges)));

@@ -119,6 +119,10 @@ std::optional<std::size_t> Gallery::At(const wxPoint& point) const {
 void Gallery::Paint(wxPaintEvent&) {
   wxAutoBufferedPaintDC dc(this);
   DoPrepareDC(dc);
+  OnDraw(dc);
+}
+
+void Gallery::OnDraw(wxDC& dc) {
   dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
   dc.Clear();
   const int top = CalcUnscrolledPosition(wxPoint(0, 0)).y;

@@ -24,6 +24,9 @@ class Gallery final : public wxScrolledCanvas {
   void Select(std::size_t index);
   [[nodiscard]] std::optional<std::size_t> Selected() const { return selected_; }
 
+  // Draws the visible pictures; the DC is scrolled already.
+  void OnDraw(wxDC& dc) override;
+
   std::function<void(std::size_t index)> onSelect;    // by mouse or keyboard
   std::function<void(std::size_t index)> onActivate;  // double click, Enter
   std::function<void()> onContextMenu;

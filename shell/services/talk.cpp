@@ -24,6 +24,11 @@ void Talk::Complain(const wxString& text) { dialogs_.Message(text, Dialogs::Icon
 
 void Talk::Complain(Text text) { Complain(Msg(text)); }
 
+void Talk::ComplainOfSize(Text command, std::int64_t bytes, std::int64_t most) {
+  const std::string sizes = " (" + std::to_string(bytes) + " > " + std::to_string(most) + ")";
+  Complain(Msg(command) + ": " + Msg(Text::TooManyBytesAtOnce) + sizes);
+}
+
 void Talk::Announce(const wxString& title, const wxString& text) {
   dialogs_.Announce(wxString(productName) + " - " + title, text);
 }

@@ -1,6 +1,7 @@
 // Messages and questions to the user in the current language, and reports of failed commands.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -27,6 +28,8 @@ class Talk {
   // Reports that something could not be done.
   void Complain(const wxString& text);
   void Complain(Text text);
+  // Reports that a command takes at most `most` bytes, and not `bytes`.
+  void ComplainOfSize(Text command, std::int64_t bytes, std::int64_t most);
   // Reports an addition to a text, in a dialog with the title "Tarvelo - " followed by `title`.
   void Announce(const wxString& title, const wxString& text);
 

@@ -141,6 +141,8 @@ TEST_F(DocumentTest, AMapThatCannotBeMadeIsMadeAfterAnEdit) {
 
 TEST_F(DocumentTest, AnUnknownModelComesFromTheGreeting) {
   const Explorer& eeprom = *FindExplorer("eeprom");
+  int calls = 0;
+  const Document::Watch watch = document.OnModel([&] { ++calls; });
   for (const bool hasHeader : {false, true}) {
     ImageBuilder image(0x100000);
     image.Text(0x90000, "S55 hello");
@@ -150,6 +152,7 @@ TEST_F(DocumentTest, AnUnknownModelComesFromTheGreeting) {
     const std::string before = document.Info().Model;
     EXPECT_EQ(before, hasHeader ? "C55" : "");
     (void)document.Find(eeprom, noProgress);
+    EXPECT_EQ(calls, 1);  // for the greeting alone
     EXPECT_EQ(document.Info().Model, hasHeader ? "C55" : "S55");
     EXPECT_EQ(document.Info().StatusText(), hasHeader ? "C55 v24 FD-02" : "S55");
     EXPECT_NE(

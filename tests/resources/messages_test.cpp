@@ -93,7 +93,8 @@ void AddUsed(const std::filesystem::path& source, std::set<std::string>& used) {
 TEST(Messages, OfOurOwnAreUsed) {
   std::set<std::string> used;
   for (const auto& folder : std::filesystem::directory_iterator(TARVELO_SOURCES)) {
-    if (!std::filesystem::exists(folder.path() / "CMakeLists.txt") || folder.path().filename() == "tests") continue;
+    if (!std::filesystem::exists(folder.path() / "CMakeLists.txt") || folder.path().filename() == "tests")
+      continue;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path()))
       if (const auto ending = entry.path().extension(); ending == ".cpp" || ending == ".h")
         AddUsed(entry.path(), used);

@@ -2,6 +2,7 @@
 
 #include <wx/dataview.h>
 
+#include "core/notation.h"
 #include "patch/image_compare.h"
 #include "shell/compare/difference_strip.h"
 #include "shell/desk.h"
@@ -69,23 +70,42 @@ TEST_F(CompareDesk, ListsDifferencesWithTheirLabels) {
   EXPECT_TRUE(RowOf(List(), 0).ends_with("\tunbeschrieben\n")) << RowOf(List(), 0);
 }
 
-TEST_F(CompareDesk, ComparesTheCommonLength) {
+TEST_F(CompareDesk, ComparesDumpsOfDifferentSizeByPhoneAddress) {
   CompareTo(other);
   EXPECT_EQ(Figures(), "The fullflashes are the same.");
-  other[erased] = 0;
-  CompareTo(Values(other.begin(), other.begin() + 0x1000));
+  other[greetingData] ^= 0x01;
+  CompareTo(Values(other.begin() + 0x200000, other.end()));
   EXPECT_EQ(Figures(),
             "Number of differences: 1    Number of differing bytes: 1\n"
-            "The fullflashes have different lengths: only the first 4096 bytes were compared. "
+            "The fullflashes have different lengths: only the 6291456 bytes that both have were compared. "
+            "The open fullflash has 2097152 bytes more.");
+  EXPECT_TRUE(RowOf(List(), 0).starts_with("7C0AC4\t3F0:0AC4\t")) << RowOf(List(), 0);
+  Panel().Strip().onClick(0x1000);  // in the rest, which was not compared
+  EXPECT_EQ(List().Selected(), 0u);
+  const std::string lines = Said(Id::DifferencesToPatch, "One");
+  EXPECT_NE(lines.find("7C0AC4: " + HexOfByte(bytes[greetingData]) + " " + HexOfByte(other[greetingData])),
+            lines.npos)
+      << lines;
+}
+
+TEST_F(CompareDesk, ComparesFromTheFirstByteIfChosen) {
+  other[erased] = 0;
+  CompareTo(Values(other.begin(), other.begin() + 0x1000));
+  Panel().SetFromStart(true);
+  EXPECT_EQ(Figures(),
+            "Number of differences: 1    Number of differing bytes: 1\n"
+            "The fullflashes have different lengths: only the 4096 bytes that both have were compared. "
             "The open fullflash has 8384512 bytes more.");
-  Panel().Strip().onClick(0x700000);  // in the rest, which was not compared
+  Panel().Strip().onClick(0x700000);  // in the rest
   EXPECT_EQ(List().Selected(), 0u);
   other[erased] = 0xFF;
   other.push_back(0);
   CompareTo(other);
+  EXPECT_GT(List().RowCount(), 1u);  // each second dump is compared by phone address at first
+  Panel().SetFromStart(true);
   EXPECT_EQ(Figures(),
             "Number of differences: 0    Number of differing bytes: 0\n"
-            "The fullflashes have different lengths: only the first 8388608 bytes were compared. "
+            "The fullflashes have different lengths: only the 8388608 bytes that both have were compared. "
             "The other fullflash has 1 bytes more.");
 }
 
@@ -168,7 +188,8 @@ TEST_F(CompareDesk, MakesAPatchOfTheSelection) {
   EXPECT_EQ(Patch().Patch().Document(), text);
   for (std::uint8_t& byte : other) byte ^= 1;
   CompareTo(other);
-  EXPECT_EQ(Said(Id::DifferencesToPatch), "!Add differences to patch: 8388608 > 1048576");
+  EXPECT_EQ(Said(Id::DifferencesToPatch),
+            "!Add differences to patch: too many bytes at once (8388608 > 1048576)");
 }
 
 TEST_F(CompareDesk, GoesOnWithoutLabelsIfBlocksAreTooMany) {
@@ -191,9 +212,11 @@ TEST(ComparisonRows, StayFewHoweverManyDifferencesThereAre) {
   EXPECT_EQ(NearestDifference(differences, 151), 2u);
   EXPECT_EQ(NearestDifference(differences, 1058), 10u);  // within
   EXPECT_EQ(NearestDifference(differences, 99999999), 999u);
-  EXPECT_EQ(StripOf(differences, 99950, 1024 * 200, *wxRED).size(), 1u);  // cells of 201 bytes
-  const auto apart = StripOf(std::vector<Difference>{{0, 1}, {402, 2}, {999, 10}}, 1100, 1024 * 200, *wxRED);
+  EXPECT_EQ(StripOf({.differences = differences, .common = 99950}, 1024 * 200, *wxRED).size(), 1u);
+  const Comparison three{.differences = {{10, 1}, {402, 2}, {999, 10}}, .start = 5, .common = 1095};
+  const auto apart = StripOf(three, 1024 * 200, *wxRED);  // cells of 201 bytes
   ASSERT_EQ(apart.size(), 3u);
+  EXPECT_EQ(apart[0].offset, 5);  // the first cell begins with the compared bytes
   EXPECT_EQ(apart[1].offset, 402);
   EXPECT_EQ(apart[1].size, 201);
   EXPECT_EQ(apart[2].size, 296);  // two cells, clipped to the compared bytes

@@ -96,7 +96,7 @@ TEST_F(HexDesk, CopiesAndSavesBytes) {
   EXPECT_EQ(ClipboardText(), Image().ByteHex(0x11));
   EXPECT_EQ(Said(Id::SaveText), "!No data for saving !");
   main->Run(Id::SelectAll);
-  EXPECT_EQ(Said(Id::CopyHex), "!Selected bytes: 8388608 > 1048576");
+  EXPECT_EQ(Said(Id::CopyHex), "!Copy as hex: too many bytes at once (8388608 > 1048576)");
   EXPECT_EQ(ClipboardText(), Image().ByteHex(0x11));
 }
 

@@ -1,6 +1,5 @@
 #include "shell/pictures/pictures_panel.h"
 
-#include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/image.h>
 
@@ -109,15 +108,11 @@ TEST_F(PicturesDesk, EmptyPictureSpoilsNoOther) {
     return bitmap;
   });
   gallery.Select(1);
-  gallery.Refresh();
-  gallery.Update();
-  Settle();
-  wxClientDC dc(&gallery);
   const wxSize size = gallery.GetClientSize();
   wxBitmap seen(size);
   {
     wxMemoryDC memory(seen);
-    memory.Blit(0, 0, size.x, size.y, &dc, 0, 0);
+    gallery.OnDraw(memory);
   }
   const wxImage image = seen.ConvertToImage();
   int coloured = 0;
