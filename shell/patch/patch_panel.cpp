@@ -2,10 +2,10 @@
 
 #include "patch/patch_document.h"
 #include "patch/patch_lines.h"
+#include "patch/patch_merge.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/patch/patch_editor.h"
-#include "shell/patch/patch_merge.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"

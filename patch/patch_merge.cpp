@@ -1,4 +1,4 @@
-#include "shell/patch/patch_merge.h"
+#include "patch/patch_merge.h"
 
 #include <algorithm>
 #include <set>
