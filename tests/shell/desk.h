@@ -292,11 +292,10 @@ class Desk : public testing::Test {
       if (W* found = FirstIn<W>(*child, holds)) return found;
     return nullptr;
   }
-  // A row of a list as copied to the clipboard.
+  // Selects a row of a list and returns its text, with all cells, as it is saved.
   [[nodiscard]] static std::string RowOf(ListView& list, std::size_t row) {
     list.Select(row);
-    list.CopyRows();
-    const std::string text = ClipboardText();
+    const std::string text = TabSeparated(Table{{}, {list.Row(row)}}, "\n");
     return text.substr(text.find('\n') + 1);
   }
 
