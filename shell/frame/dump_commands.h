@@ -21,7 +21,7 @@ class DumpCommands {
                std::function<void()> changed);
 
   // Closes the document and opens a dump: identifies it, writes the summary, shows the Info panel. If it
-  // cannot be opened, the user is told why and no document is open.
+  // cannot be opened, the program says why and no document is open.
   void OpenF(const std::filesystem::path& path);
   void CloseFF();
   // OpenF for a file that the user chose: asks about unsaved data first.

@@ -18,7 +18,7 @@ class DumpPanel final : public ListPanel {
  public:
   explicit DumpPanel(Workbench& bench);
 
-  // Shows the map of the current image. If a search fails, there is no map and the user is told each time.
+  // Shows the map of the current image. If a search fails, there is no map and the program says so each time.
   void Build() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;

@@ -12,7 +12,7 @@ struct Workbench;
 // agrees.
 void ApplyPatch_Click(Workbench& bench);
 
-// Applies a patch file that the user chose. If it cannot be applied, the user is told why.
+// Applies a patch file that the user chose. If it cannot be applied, the program says why.
 void ApplyPatchFile(Workbench& bench, const std::filesystem::path& file);
 
 // Whether a file's name is that of a patch.

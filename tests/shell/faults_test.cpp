@@ -1,4 +1,4 @@
-// Every way to save in the window, with every fault: the user is told, and the document stays.
+// Every way to save in the window, with every fault: the program reports it, and the document stays.
 #include "file_faults.h"
 #include "shell/desk.h"
 #include "shell/patch/patch_panel.h"
