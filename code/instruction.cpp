@@ -1,0 +1,163 @@
+#include "code/instruction.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvelo {
+namespace {
+
+constexpr std::uint8_t callAbsolute = 0xCA;
+constexpr std::uint8_t jumpAbsolute = 0xEA;
+constexpr std::uint8_t jumpIndirect = 0x9C;
+constexpr std::uint8_t atomic = 0xD1;
+constexpr std::uint8_t extendByNumber = 0xD7;
+constexpr std::uint8_t extendByRegister = 0xDC;
+
+std::uint8_t Nibble(int value) { return static_cast<std::uint8_t>(value & 0xF); }
+
+// The address of a special function register.
+std::uint16_t SpecialRegister(int reg, bool isExtended) {
+  return static_cast<std::uint16_t>((isExtended ? 0xF000 : 0xFE00) + 2 * reg);
+}
+
+// The address of a word whose bits can be addressed.
+std::uint16_t BitAddressable(int bitoff, bool isExtended) {
+  if (bitoff < 0x80) return static_cast<std::uint16_t>(0xFD00 + 2 * bitoff);
+  return static_cast<std::uint16_t>((isExtended ? 0xF100 : 0xFF00) + 2 * (bitoff - 0x80));
+}
+
+Operand Register(Operand::Kind kind, int number) { return {.kind = kind, .number = Nibble(number)}; }
+
+Operand Number(Operand::Kind kind, int value) {
+  return {.kind = kind, .value = static_cast<std::uint16_t>(value)};
+}
+
+// The operand of a `reg` byte.
+Operand Reg(Operand::Kind kind, int reg, bool isExtended) {
+  if (reg >= 0xF0) return Register(kind, reg);
+  return Number(Operand::Kind::Special, SpecialRegister(reg, isExtended));
+}
+
+Operand BitOf(Operand::Kind kind, int bitoff, int bit, bool isExtended) {
+  if (bitoff >= 0xF0) return {.kind = kind, .number = Nibble(bitoff), .bit = Nibble(bit), .isRegister = true};
+  return {.kind = kind, .bit = Nibble(bit), .value = BitAddressable(bitoff, isExtended)};
+}
+
+// #data3, [Rw] or [Rw+].
+Operand ShortOperand(int nibble) {
+  if (nibble < 8) return Number(Operand::Kind::Immediate, nibble);
+  return Register(nibble < 12 ? Operand::Kind::At : Operand::Kind::After, nibble & 3);
+}
+
+}  // namespace
+
+bool Instruction::IsReserved() const {
+  switch (Row().rule) {
+    case Rule::None: return false;
+    case Rule::SameNibbles: return High() != Low();
+    case Rule::HighNibbleF: return High() != 0xF;
+    case Rule::HighNibble0: return High() != 0;
+    case Rule::LowNibble0: return Low() != 0;
+    case Rule::LowNibbleAt3: return (bytes_[3] & 0xF) != 0;
+    case Rule::Even: return (bytes_[1] & 1) != 0;
+    case Rule::Zero: return bytes_[1] != 0;
+    case Rule::Is88: return bytes_[1] != 0x88;
+    case Rule::Atomic: return (bytes_[1] & 0x4F) != 0;
+    case Rule::Extend: return Low() != 0 || bytes_[3] > ((bytes_[1] & 0x40) != 0 ? 3 : 0);
+    case Rule::Protected:
+      return bytes_[1] != (bytes_[0] ^ 0xFF) || bytes_[2] != bytes_[0] || bytes_[3] != bytes_[0];
+  }
+  return false;
+}
+
+std::string_view Instruction::Mnemonic() const {
+  static constexpr std::string_view extends[] = {"EXTS", "EXTP", "EXTSR", "EXTPR"};
+  if (Op() == extendByNumber || Op() == extendByRegister) return extends[bytes_[1] >> 6];
+  if (Op() == atomic && (bytes_[1] & 0x80) != 0) return "EXTR";
+  return Row().mnemonic;
+}
+
+bool Instruction::FallsThrough() const {
+  switch (Row().flow) {
+    case Flow::Next:
+    case Flow::Branch:
+    case Flow::Call:
+    case Flow::IndirectCall:
+    case Flow::Trap: return true;
+    case Flow::Jump: return Op() == jumpAbsolute && High() != 0;
+    case Flow::IndirectJump: return Op() == jumpIndirect && High() != 0;
+    case Flow::Return:
+    case Flow::Stop: return false;
+  }
+  return false;
+}
+
+std::optional<std::uint32_t> Instruction::Target(std::uint32_t address) const {
+  const std::uint32_t segment = address & 0xFFFF0000;
+  const auto relative = [&](std::uint8_t words) {
+    const int distance = 2 * static_cast<std::int8_t>(words);
+    return segment | ((address + static_cast<std::uint32_t>(Size() + distance)) & 0xFFFF);
+  };
+  for (const Arg arg : Row().args) switch (arg) {
+      case Arg::Far: return std::uint32_t{bytes_[1]} << 16 | Word();
+      case Arg::Near: return segment | Word();
+      case Arg::Relative: return relative(bytes_[1]);
+      case Arg::RelativeAt2: return relative(bytes_[2]);
+      default: break;
+    }
+  return {};
+}
+
+bool Instruction::HasMemory() const {
+  const auto& args = Row().args;
+  return args[0] == Arg::Mem || args[1] == Arg::Mem;
+}
+
+Operands Instruction::GetOperands(std::uint32_t address, bool isExtended) const {
+  Operands operands;
+  for (std::size_t i = 0; i < operands.size(); ++i) operands[i] = Get(Row().args[i], address, isExtended);
+  return operands;
+}
+
+Operand Instruction::Get(Arg arg, std::uint32_t address, bool isExtended) const {
+  using enum Operand::Kind;
+  switch (arg) {
+    case Arg::None: return {};
+    case Arg::WordHigh: return Register(WordRegister, High());
+    case Arg::WordLow: return Register(WordRegister, Low());
+    case Arg::ByteHigh: return Register(ByteRegister, High());
+    case Arg::ByteLow: return Register(ByteRegister, Low());
+    case Arg::AtHigh: return Register(At, High());
+    case Arg::AtLow: return Register(At, Low());
+    case Arg::AfterHigh: return Register(After, High());
+    case Arg::AfterLow: return Register(After, Low());
+    case Arg::BeforeLow: return Register(Before, Low());
+    case Arg::IndexedLow: return {.kind = Indexed, .number = Nibble(Low()), .value = Word()};
+    case Arg::Short: return ShortOperand(Low());
+    case Arg::WordReg: return Reg(WordRegister, bytes_[1], isExtended);
+    case Arg::ByteReg: return Reg(ByteRegister, bytes_[1], isExtended);
+    case Arg::Mem: return Number(Memory, Word());
+    case Arg::Data4: return Number(Immediate, High());
+    case Arg::Data8: return Number(Immediate, bytes_[2]);
+    case Arg::Data8At3: return Number(Immediate, bytes_[3]);
+    case Arg::Data16: return Number(Immediate, Word());
+    case Arg::OpcodeBit: return BitOf(Bit, bytes_[1], bytes_[0] >> 4, isExtended);
+    case Arg::BitQ: return BitOf(Bit, bytes_[1], bytes_[3] >> 4, isExtended);
+    case Arg::BitZ: return BitOf(Bit, bytes_[2], bytes_[3], isExtended);
+    case Arg::BitWord: return BitOf(Operand::Kind::BitWord, bytes_[1], 0, isExtended);
+    case Arg::OpcodeCondition: return Register(Operand::Kind::Condition, bytes_[0] >> 4);
+    case Arg::Condition: return Register(Operand::Kind::Condition, High());
+    case Arg::Segment: return Number(Operand::Kind::Segment, bytes_[1]);
+    case Arg::Far:
+    case Arg::Near:
+    case Arg::Relative:
+    case Arg::RelativeAt2:
+      return Number(Operand::Kind::Target, static_cast<int>(*this->Target(address) & 0xFFFF));
+    case Arg::Trap: return Number(Immediate, bytes_[1] / 2);
+    case Arg::Count: return Number(Operand::Kind::Count, RangeLength());
+    case Arg::PageOrSegment: return Number(Immediate, Word());
+  }
+  return {};
+}
+
+}  // namespace tarvelo
