@@ -1,0 +1,85 @@
+// Pairs the code of two firmware versions: which unit of the new version is which unit of the old one.
+//
+// Units that are equal but for what a linker moves pair first, where there is only one of them in each
+// version. Then neighbours pair, units that paired code calls at the same places, and edited units between
+// paired ones. What paired code refers to is evidence for or against all of these: twins that differ in
+// addresses alone are told apart by it, and pairs that it contradicts are given up.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "code/code_units.h"
+#include "code/operand_votes.h"
+#include "core/progress.h"
+
+namespace tarvelo {
+
+// How the surroundings judge that an old operand is a new one.
+enum class Verdict : std::uint8_t { Unknown, Agrees, Contradicts };
+
+class CodePairing {
+ public:
+  // Both must outlive the pairing. The bases are those of the images: phone address minus offset.
+  CodePairing(const CodeUnits& old, std::uint32_t oldBase, const CodeUnits& now, std::uint32_t nowBase,
+              Progress& progress);
+
+  // The new unit of an old one; -1: none.
+  [[nodiscard]] int NewOf(int oldUnit) const { return newOf_[static_cast<std::size_t>(oldUnit)]; }
+  [[nodiscard]] int OldOf(int newUnit) const { return oldOf_[static_cast<std::size_t>(newUnit)]; }
+  // Whether the unit and its pair agree in every instruction, but for what moves.
+  [[nodiscard]] bool IsSame(int oldUnit) const;
+
+  // For each instruction of an old unit the index of its pair in the new unit, or -1. The units need not be
+  // a pair.
+  [[nodiscard]] std::vector<int> Aligned(int oldUnit, int newUnit) const;
+
+  // What code outside an old unit says about one of its instructions being one of a new unit.
+  [[nodiscard]] Verdict Judge(const UnitInstruction& old, int oldUnit, const UnitInstruction& now) const;
+  [[nodiscard]] const OperandVotes& Votes() const { return votes_; }
+
+  [[nodiscard]] std::span<const UnitInstruction> OldCode(int unit) const { return CodeOf(old_, unit); }
+  [[nodiscard]] std::span<const UnitInstruction> NewCode(int unit) const { return CodeOf(now_, unit); }
+  [[nodiscard]] const CodeUnits& Old() const { return old_; }
+  [[nodiscard]] const CodeUnits& New() const { return now_; }
+  // The units that begin at phone addresses; -1: none.
+  [[nodiscard]] int OldUnitFrom(std::uint32_t address) const {
+    return old_.UnitFrom(Offset{address} - oldBase_);
+  }
+  [[nodiscard]] int NewUnitFrom(std::uint32_t address) const {
+    return now_.UnitFrom(Offset{address} - nowBase_);
+  }
+
+ private:
+  static std::span<const UnitInstruction> CodeOf(const CodeUnits& units, int unit);
+
+  void PairUnique(std::uint32_t fewest);
+  void PairNeighbours();
+  void PairGap(int oldFrom, int oldEnd, int newFrom, int newEnd);
+  void PairEdited(int oldFrom, int oldEnd, int newFrom, int newEnd);
+  void PairCalled();
+  void PairTwins();
+  void GiveUpContradicted();
+  void CollectVotes();
+  bool Pair(int oldUnit, int newUnit);
+  [[nodiscard]] double Likeness(int oldUnit, int newUnit) const;
+  [[nodiscard]] Verdict JudgeCode(std::uint32_t old, std::uint32_t now) const;
+
+  struct Balance {
+    int agreeing = 0;
+    int contradicting = 0;
+  };
+  [[nodiscard]] Balance Weigh(int oldUnit, int newUnit) const;
+
+  const CodeUnits& old_;
+  const CodeUnits& now_;
+  std::uint32_t oldBase_;
+  std::uint32_t nowBase_;
+  std::vector<int> newOf_;
+  std::vector<int> oldOf_;
+  std::vector<std::uint64_t> refused_;  // pairs that were given up
+  OperandVotes votes_;
+};
+
+}  // namespace tarvelo

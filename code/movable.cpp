@@ -1,0 +1,75 @@
+#include "code/movable.h"
+
+#include <algorithm>
+
+namespace tarvelo {
+namespace {
+
+bool IsSpecial(std::uint16_t address) { return address >= 0xFE00 || (address >= 0xF000 && address < 0xF200); }
+
+bool IsVariableBit(int bitoff) { return bitoff < 0x80; }
+
+constexpr std::uint32_t Byte(int i, std::uint32_t bits = 0xFF) { return bits << 8 * i; }
+
+// The bits that an argument lets move.
+std::uint32_t MovingBits(const Instruction& instruction, Arg arg) {
+  constexpr std::uint32_t word = 0xFFFF0000;
+  switch (arg) {
+    case Arg::Segment: return Byte(1);
+    case Arg::Far:
+    case Arg::Near:
+    case Arg::IndexedLow:
+    case Arg::Data16:
+    case Arg::PageOrSegment: return word;
+    case Arg::Mem: return IsSpecial(instruction.Word()) ? 0 : word;
+    case Arg::Relative: return Byte(1);
+    case Arg::RelativeAt2: return Byte(2);
+    case Arg::OpcodeBit: return IsVariableBit(instruction.Byte(1)) ? Byte(0, 0xF0) | Byte(1) : 0;
+    case Arg::BitQ: return IsVariableBit(instruction.Byte(1)) ? Byte(1) | Byte(3, 0xF0) : 0;
+    case Arg::BitZ: return IsVariableBit(instruction.Byte(2)) ? Byte(2) | Byte(3, 0x0F) : 0;
+    case Arg::BitWord: return IsVariableBit(instruction.Byte(1)) ? Byte(1) : 0;
+    default: return 0;
+  }
+}
+
+Movable OfArg(const Instruction& instruction, Arg arg, std::uint32_t address, const ExtRange& range) {
+  using enum Movable::Kind;
+  const auto bit = [](int bitoff, int number) -> Movable {
+    if (!IsVariableBit(bitoff)) return {};
+    return {Bit, static_cast<std::uint32_t>(bitoff * 16 + number)};
+  };
+  switch (arg) {
+    case Arg::Far:
+    case Arg::Near: return {Code, *instruction.Target(address)};
+    case Arg::IndexedLow: return {Member, instruction.Word()};
+    case Arg::Data16: return {Constant, instruction.Word()};
+    case Arg::OpcodeBit: return bit(instruction.Byte(1), instruction.Op() >> 4);
+    case Arg::BitQ: return bit(instruction.Byte(1), instruction.Byte(3) >> 4);
+    case Arg::BitWord: return bit(instruction.Byte(1), 0);
+    case Arg::Mem:
+      if (IsSpecial(instruction.Word()) && !range.ReplacesDpp()) return {};
+      if (const auto data = range.Address(instruction.Word())) return {Address, *data};
+      return {range.ReplacesDpp() ? Member : Near, instruction.Word()};
+    default: return {};
+  }
+}
+
+}  // namespace
+
+std::uint32_t FixedBits(const Instruction& instruction) {
+  const std::uint32_t all = instruction.Size() == 4 ? 0xFFFFFFFF : (1U << 8 * instruction.Size()) - 1;
+  if (instruction.IsData()) return all;
+  std::uint32_t moving = 0;
+  for (const Arg arg : instruction.Row().args) moving |= MovingBits(instruction, arg);
+  return all & ~moving;
+}
+
+Movable MovableOf(const Instruction& instruction, std::uint32_t address, const ExtRange& range) {
+  if (instruction.IsData()) return {};
+  for (const Arg arg : instruction.Row().args)
+    if (const Movable movable = OfArg(instruction, arg, address, range); movable.kind != Movable::Kind::None)
+      return movable;
+  return {};
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,38 @@
+// What moves in an instruction from one version of a firmware to the next: addresses of code and data, bit
+// variables, members. The rest of its bits stays while nobody edits it.
+#pragma once
+
+#include <cstdint>
+
+#include "code/ext_range.h"
+#include "code/instruction.h"
+
+namespace tarvelo {
+
+// The bits that a linker or a moved variable leaves alone, as a mask over the bytes; byte 0 is the lowest.
+// Special function registers never move: memory operands from FE00h up and from F000h to F1FFh, and bits from
+// bitoff 80h up.
+[[nodiscard]] std::uint32_t FixedBits(const Instruction& instruction);
+
+// The part of an instruction that can move.
+struct Movable {
+  enum class Kind : std::uint8_t {
+    None,
+    Code,      // value: phone address of a jump or call
+    Near,      // value: 16 bits of a data address that goes through a DPP
+    Address,   // value: phone address of data
+    Bit,       // value: bitoff * 16 + bit
+    Member,    // value: displacement
+    Constant,  // value: #data16, which may be half of an address
+  };
+
+  Kind kind = Kind::None;
+  std::uint32_t value = 0;
+
+  [[nodiscard]] bool operator==(const Movable&) const = default;
+};
+
+// What can move in an instruction at phone address `address`, in an EXT range.
+[[nodiscard]] Movable MovableOf(const Instruction& instruction, std::uint32_t address, const ExtRange& range);
+
+}  // namespace tarvelo

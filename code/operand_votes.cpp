@@ -1,0 +1,57 @@
+#include "code/operand_votes.h"
+
+#include <algorithm>
+
+namespace tarvelo {
+namespace {
+
+std::uint64_t KeyOf(const Movable& movable) {
+  return static_cast<std::uint64_t>(movable.kind) << 32 | movable.value;
+}
+
+}  // namespace
+
+void OperandVotes::Add(const Movable& old, const Movable& now, int unit) {
+  if (old.kind == now.kind) votes_.push_back({KeyOf(old), now.value, unit});
+}
+
+void OperandVotes::Count() {
+  // One vote per unit: a loop over one variable is one witness.
+  std::ranges::sort(votes_);
+  votes_.erase(std::ranges::unique(votes_).begin(), votes_.end());
+}
+
+auto OperandVotes::VotesOn(const Movable& old) const
+    -> std::pair<std::vector<Vote>::const_iterator, std::vector<Vote>::const_iterator> {
+  const auto range = std::ranges::equal_range(votes_, KeyOf(old), {}, &Vote::old);
+  return {range.begin(), range.end()};
+}
+
+OperandVotes::Tally OperandVotes::On(const Movable& old, const Movable& now, int without) const {
+  Tally tally;
+  const auto [first, last] = VotesOn(old);
+  for (auto vote = first; vote != last; ++vote) {
+    if (vote->unit == without) continue;
+    ++tally.all;
+    if (vote->now == now.value) ++tally.agreeing;
+  }
+  return tally;
+}
+
+OperandVotes::Winner OperandVotes::Best(const Movable& old, int without) const {
+  Winner winner;
+  int all = 0;
+  const auto [first, last] = VotesOn(old);
+  for (auto vote = first; vote != last;) {
+    const std::uint32_t value = vote->now;
+    int votes = 0;
+    for (; vote != last && vote->now == value; ++vote)
+      if (vote->unit != without) ++votes;
+    all += votes;
+    if (votes > winner.tally.agreeing) winner = {value, {votes, 0}};
+  }
+  winner.tally.all = all;
+  return winner;
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,49 @@
+// Votes of paired code on where things went: each pair of operands of instructions that surely are the same
+// says that an old address is a new one.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "code/movable.h"
+
+namespace tarvelo {
+
+class OperandVotes {
+ public:
+  // A vote of an old unit's instruction.
+  void Add(const Movable& old, const Movable& now, int unit);
+  // Sorts the votes; to be called before asking.
+  void Count();
+  [[nodiscard]] bool IsEmpty() const { return votes_.empty(); }
+
+  struct Tally {
+    int agreeing = 0;  // votes for this pair
+    int all = 0;       // votes on this old operand
+  };
+  // The votes on an old operand, without those of one unit.
+  [[nodiscard]] Tally On(const Movable& old, const Movable& now, int without) const;
+
+  struct Winner {
+    std::uint32_t value = 0;
+    Tally tally;
+  };
+  // The new operand with the most votes; none: agreeing is 0.
+  [[nodiscard]] Winner Best(const Movable& old, int without) const;
+
+ private:
+  struct Vote {
+    std::uint64_t old = 0;  // kind and value
+    std::uint32_t now = 0;
+    int unit = 0;
+
+    auto operator<=>(const Vote&) const = default;
+  };
+
+  [[nodiscard]] std::pair<std::vector<Vote>::const_iterator, std::vector<Vote>::const_iterator> VotesOn(
+      const Movable& old) const;
+
+  std::vector<Vote> votes_;
+};
+
+}  // namespace tarvelo
