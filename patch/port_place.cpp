@@ -1,0 +1,225 @@
+#include "patch/port_place.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+#include "core/scan/vector_scan.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int fewestAround = 20;   // instructions that must agree
+constexpr int fewestInside = 16;   // of them in the same unit, unless it is shorter
+constexpr int proofByLength = 40;  // so many need no evidence from elsewhere
+constexpr int mostContext = 60;
+constexpr int near = 4;      // no contradiction so near
+constexpr int far = 12;      // at most a quarter of the judged ones contradict within this
+constexpr int repeated = 4;  // a stretch that agrees this far on both sides may be a repetition
+constexpr std::array<Offset, 6> dataContexts{16, 32, 64, 128, 256, 512};
+constexpr int fewestValues = 6;  // different bytes in the context of data
+
+int SizeOf(std::span<const UnitInstruction> code) { return static_cast<int>(code.size()); }
+const UnitInstruction& At(std::span<const UnitInstruction> code, int i) {
+  return code[static_cast<std::size_t>(i)];
+}
+
+// The first two places of some bytes.
+std::vector<Offset> Occurrences(Bytes image, Bytes bytes) {
+  std::vector<Offset> found;
+  if (bytes.size() < 8 || bytes.size() > image.size()) return found;
+  const std::size_t middle = bytes.size() / 2;
+  const auto probe = [&](std::size_t i) { return Probe{static_cast<std::int32_t>(i), bytes[i], 0xFF}; };
+  const std::array probes{probe(middle), probe(middle + 1), probe(0), probe(bytes.size() - 1)};
+  Sieve(1, probes).Each(image, 0, std::ssize(image) - std::ssize(bytes), [&](Offset at) {
+    if (std::ranges::equal(image.subspan(static_cast<std::size_t>(at), bytes.size()), bytes))
+      found.push_back(at);
+    return found.size() == 2;
+  });
+  return found;
+}
+
+int ValuesIn(Bytes bytes) {
+  std::array<bool, 256> has{};
+  for (const std::uint8_t byte : bytes) has[byte] = true;
+  return static_cast<int>(std::ranges::count(has, true));
+}
+
+}  // namespace
+
+NewPlace PlaceFinder::Find(const Region& region) const {
+  const int unit = pairing_.Old().UnitAt(region.offset);
+  if (unit < 0) return InData(region);
+  if (region.End() > pairing_.Old().units[static_cast<std::size_t>(unit)].code.End())
+    return {PortRefusal::NoPlace};
+  return InCode(region, unit);
+}
+
+NewPlace PlaceFinder::InCode(const Region& region, int unit) const {
+  const CodeUnits& units = pairing_.Old();
+  const auto first = static_cast<int>(units.units[static_cast<std::size_t>(unit)].first);
+  const std::optional<Match> match = Matched(unit, units.InstructionAt(region.offset) - first,
+                                             units.InstructionAt(region.End() - 1) - first);
+  if (!match) return {PortRefusal::NoPlace};
+  const int context = Context(*match);
+  const bool isWhole = match->begin == 0 && match->end == SizeOf(pairing_.OldCode(unit));
+  if (match->end - match->begin < fewestInside && !isWhole) return {PortRefusal::NoPlace};
+  if (IsContradicted(*match)) return {PortRefusal::NoPlace};
+  const int agreeing = Agreeing(*match, match->shift, mostContext);
+  if (context < fewestAround && agreeing < 2) return {PortRefusal::NotUnique};
+  if (context < proofByLength && !HasEvidence(*match)) return {PortRefusal::NotUnique};
+  if (IsAmbiguous(*match)) return {PortRefusal::SeveralPlaces};
+  const UnitInstruction& from = At(pairing_.OldCode(unit), match->first);
+  const UnitInstruction& to = At(pairing_.NewCode(match->newUnit), match->first + match->shift);
+  return {{}, Offset{to.offset} + region.offset - Offset{from.offset}, std::min(context, mostContext)};
+}
+
+std::optional<PlaceFinder::Match> PlaceFinder::Matched(int unit, int first, int last) const {
+  const int newUnit = pairing_.NewOf(unit);
+  if (newUnit < 0) return {};
+  std::vector<int> pairs;
+  if (pairing_.IsSame(unit)) {
+    pairs.resize(pairing_.OldCode(unit).size());
+    std::iota(pairs.begin(), pairs.end(), 0);
+  } else {
+    pairs = pairing_.Aligned(unit, newUnit);
+  }
+  const auto pairOf = [&](int i) { return pairs[static_cast<std::size_t>(i)]; };
+  if (pairOf(first) < 0) return {};
+  const int shift = pairOf(first) - first;
+  const auto agrees = [&](int i) { return pairOf(i) >= 0 && pairOf(i) - i == shift; };
+  Match match{unit, newUnit, first, last, shift, first, first};
+  while (match.begin > 0 && agrees(match.begin - 1)) --match.begin;
+  while (match.end < static_cast<int>(pairs.size()) && agrees(match.end)) ++match.end;
+  if (match.end <= last) return {};
+  return match;
+}
+
+// The instructions that agree around a place, those of neighbours that are pairs, too, included.
+int PlaceFinder::Context(const Match& match) const {
+  int context = match.end - match.begin;
+  const int newSize = SizeOf(pairing_.NewCode(match.newUnit));
+  const auto neighbour = [&](int step) {
+    const int old = match.oldUnit + step;
+    const int now = match.newUnit + step;
+    const bool exists = old >= 0 && old < static_cast<int>(pairing_.Old().units.size());
+    if (!exists || pairing_.NewOf(old) != now) return 0;
+    const auto a = pairing_.OldCode(old);
+    const auto b = pairing_.NewCode(now);
+    int agreeing = 0;
+    const int most = std::min(SizeOf(a), SizeOf(b));
+    const auto at = [&](std::span<const UnitInstruction> code, int i) {
+      return At(code, step > 0 ? i : SizeOf(code) - 1 - i).token;
+    };
+    while (agreeing < most && at(a, agreeing) == at(b, agreeing)) ++agreeing;
+    return agreeing;
+  };
+  if (match.begin == 0 && match.shift == 0) context += neighbour(-1);
+  if (match.end == SizeOf(pairing_.OldCode(match.oldUnit)) && match.end + match.shift == newSize)
+    context += neighbour(+1);
+  return context;
+}
+
+Verdict PlaceFinder::JudgeAt(const Match& match, int instruction, int shift) const {
+  const auto old = pairing_.OldCode(match.oldUnit);
+  const auto now = pairing_.NewCode(match.newUnit);
+  const int to = instruction + shift;
+  if (instruction < 0 || instruction >= SizeOf(old) || to < 0 || to >= SizeOf(now)) return Verdict::Unknown;
+  if (At(old, instruction).token != At(now, to).token) return Verdict::Unknown;
+  return pairing_.Judge(At(old, instruction), match.oldUnit, At(now, to));
+}
+
+int PlaceFinder::Agreeing(const Match& match, int shift, int reach) const {
+  int agreeing = 0;
+  for (int i = match.first - reach; i <= match.last + reach; ++i)
+    if (JudgeAt(match, i, shift) == Verdict::Agrees) ++agreeing;
+  return agreeing;
+}
+
+bool PlaceFinder::IsContradicted(const Match& match) const {
+  int contradicting = 0;
+  int judged = 0;
+  for (int i = match.first - far; i <= match.last + far; ++i) {
+    const Verdict verdict = JudgeAt(match, i, match.shift);
+    if (verdict == Verdict::Unknown) continue;
+    ++judged;
+    if (verdict == Verdict::Agrees) continue;
+    ++contradicting;
+    if (i >= match.first - near && i <= match.last + near) return true;
+  }
+  return contradicting * 4 > judged;
+}
+
+// Whether anything but its own bytes speaks for the pair: what it refers to, who calls it, its neighbours.
+bool PlaceFinder::HasEvidence(const Match& match) const {
+  if (Agreeing(match, match.shift, mostContext) > 0) return true;
+  const auto& old = pairing_.Old().units[static_cast<std::size_t>(match.oldUnit)].code;
+  const auto& now = pairing_.New().units[static_cast<std::size_t>(match.newUnit)].code;
+  const auto tally = pairing_.Votes().On({Movable::Kind::Code, old_.PhoneAddress(old.offset)},
+                                         {Movable::Kind::Code, now_.PhoneAddress(now.offset)}, match.oldUnit);
+  return tally.agreeing > 0 && tally.agreeing == tally.all;
+}
+
+// Whether the place could as well be another one in the new unit: lists of calls, unrolled loops.
+bool PlaceFinder::IsAmbiguous(const Match& match) const {
+  const auto old = pairing_.OldCode(match.oldUnit);
+  const auto now = pairing_.NewCode(match.newUnit);
+  const int from = std::max(match.first - repeated, 0);
+  const int end = std::min(match.last + repeated + 1, SizeOf(old));
+  const int own = Agreeing(match, match.shift, 2 * repeated);
+  for (int shift = -from; shift + end <= SizeOf(now); ++shift) {
+    if (shift == match.shift) continue;
+    int i = from;
+    while (i < end && At(old, i).token == At(now, i + shift).token) ++i;
+    if (i < end) continue;
+    bool isContradicted = false;
+    for (int k = from; k < end; ++k) isContradicted |= JudgeAt(match, k, shift) == Verdict::Contradicts;
+    if (!isContradicted && Agreeing(match, shift, 2 * repeated) >= own) return true;
+  }
+  return false;
+}
+
+NewPlace PlaceFinder::InData(const Region& region) const {
+  const Bytes image = old_.ff();
+  PortRefusal refusal = PortRefusal::NotUnique;
+  for (const Offset context : dataContexts) {
+    const Offset from = std::max<Offset>(0, region.offset - context);
+    const Offset end = std::min<Offset>(std::ssize(image), region.End() + context);
+    const Bytes around = image.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(end - from));
+    if (ValuesIn(around) < fewestValues) continue;
+    if (Occurrences(image, around).size() != 1) continue;
+    const std::vector<Offset> places = Occurrences(now_.ff(), around);
+    if (places.size() == 1) return {{}, places[0] + region.offset - from, static_cast<int>(end - from)};
+    refusal = places.empty() ? PortRefusal::NoPlace : PortRefusal::SeveralPlaces;
+    if (places.empty()) break;
+  }
+  return {refusal};
+}
+
+std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) const {
+  const Offset offset = Offset{address} - old_.CorrBase();
+  if (offset < 0 || offset > old_.ffEnd()) return address;
+  const int unit = pairing_.OldUnitFrom(address);
+  if (unit >= 0) {
+    const int now = pairing_.NewOf(unit);
+    if (now < 0) return {};
+    return now_.PhoneAddress(pairing_.New().units[static_cast<std::size_t>(now)].code.offset);
+  }
+  if (pairing_.Old().UnitAt(offset) < 0) return {};
+  const NewPlace place = Find({offset, 2});
+  if (place.refusal) return {};
+  return now_.PhoneAddress(place.offset);
+}
+
+std::optional<std::uint32_t> PlaceFinder::DataAddress(std::uint32_t address) const {
+  const Offset offset = Offset{address} - old_.CorrBase();
+  if (offset < 0 || offset > old_.ffEnd()) return address;
+  const auto winner = pairing_.Votes().Best({Movable::Kind::Address, address}, -1);
+  if (winner.tally.agreeing >= 2 && winner.tally.agreeing * 10 >= winner.tally.all * 9) return winner.value;
+  const Offset size = std::min<Offset>(16, old_.ffEnd() + 1 - offset);
+  const NewPlace place = Find({offset, size});
+  if (place.refusal) return {};
+  return now_.PhoneAddress(place.offset);
+}
+
+}  // namespace tarvelo
