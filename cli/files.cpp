@@ -1,6 +1,9 @@
 #include "cli/files.h"
 
-#include "cli/context.h"
+#include <ostream>
+
+#include "cli/commands.h"
+#include "cli/output.h"
 
 namespace tarvelo::cli {
 namespace {
@@ -27,6 +30,11 @@ Dump OpenDump(const std::string& file, Progress& progress) {
   Dump dump{ReadImage(file, progress), {}, {}};
   dump.info = Identify(dump.image);
   return dump;
+}
+
+void SayNoCode(const std::string& file, Context& context) {
+  context.err << PrintableLine(file) << ": an image of more than 16 MiB holds no C166 code\n";
+  context.status = nothingFound;
 }
 
 FileReader OpenInPieces(const std::string& file) {

@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <string>
 
+#include "cli/context.h"
 #include "core/dump.h"
 #include "core/explorer.h"
 #include "core/file.h"
@@ -14,6 +15,9 @@ namespace tarvelo::cli {
 // ReadImage reads an image. OpenDump also identifies it. Both throw FileError, also for an empty file.
 [[nodiscard]] Fullflash ReadImage(const std::string& file, Progress& progress);
 [[nodiscard]] Dump OpenDump(const std::string& file, Progress& progress);
+
+// Says that an image of more than 16 MiB holds no C166 code, and sets the status for it.
+void SayNoCode(const std::string& file, Context& context);
 
 // Opens an image to read it piece by piece. Throws FileError, also for an empty file.
 [[nodiscard]] FileReader OpenInPieces(const std::string& file);

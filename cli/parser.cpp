@@ -131,6 +131,12 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
       .Needs("PATCH", &ApplyArguments::patch, "Patch file")
       .Needs("--output", &ApplyArguments::output, "The dump to write")
       .Flag("--force", &ApplyArguments::force, "Apply the changes that fit, even where others don't");
+  Subcommand(app, "port", "Carry a patch over to another firmware version", Port, chosen)
+      .Needs("OLD", &PortArguments::old, "The dump that the patch is for")
+      .Needs("NEW", &PortArguments::now, "Dump of another version")
+      .Needs("PATCH", &PortArguments::patch, "Patch file")
+      .Takes("--output", &PortArguments::output, "The patch file to write (default: standard output)")
+      .Flag("--json", &PortArguments::json, "One JSON object a change and line");
 }
 
 void AddOtherCommands(CLI::App& app, Command& chosen) {

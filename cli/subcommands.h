@@ -67,6 +67,15 @@ struct ApplyArguments {
 };
 void Apply(const ApplyArguments& arguments, Context& context);
 
+struct PortArguments {
+  std::string old;
+  std::string now;
+  std::string patch;
+  std::optional<std::string> output;
+  bool json = false;
+};
+void Port(const PortArguments& arguments, Context& context);
+
 struct DecodeArguments {
   std::string codec;  // one of Codecs()
   std::string file;

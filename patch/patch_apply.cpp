@@ -9,18 +9,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr char endOfFile = 0x1A;  // of old editors
 constexpr std::size_t longestText = 100;
-
-// Removes the first line from a text and returns it without its end.
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-  const std::string_view line = text.substr(0, end);
-  text.remove_prefix(end);
-  text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, text.size()));
-  return line;
-}
 
 bool LiesWithin(const Change& change, const Fullflash& image) {
   return change.offset <= std::ssize(image.ff()) - change.Size();
@@ -36,18 +25,15 @@ CheckedChange CheckOne(const Change& change, const Sheet& now, const Sheet& afte
 }  // namespace
 
 ReadPatch ReadPatchText(std::string_view text) {
-  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-  while (text.ends_with(endOfFile)) text.remove_suffix(1);
   ReadPatch patch;
-  for (std::size_t number = 1; !text.empty(); ++number) {
-    const std::string_view line = TakeLine(text);
+  EachPatchLine(text, [&](std::size_t number, std::string_view line) {
     PatchLine read = ReadPatchLine(line);
     if (read.kind == PatchLine::Kind::Change)
       patch.changes.push_back(
           {number, {Offset{read.address}, std::move(read.oldBytes), std::move(read.newBytes)}});
     else if (read.kind == PatchLine::Kind::Invalid)
       patch.invalid.push_back({number, std::string(line.substr(0, longestText))});
-  }
+  });
   return patch;
 }
 

@@ -33,8 +33,7 @@ struct ReadPatch {
   std::vector<InvalidPatchLine> invalid;
 };
 
-// Reads the text of a whole patch file or document. Lines end with CR LF, LF or CR; a UTF-8 byte order mark
-// may precede them, and bytes 0x1A may follow. Empty lines and comments are ignored.
+// Reads the text of a whole patch file or document (EachPatchLine). Empty lines and comments are ignored.
 [[nodiscard]] ReadPatch ReadPatchText(std::string_view text);
 
 // Reads a patch file of at most `limit` bytes. Its lines need many times that in memory. Throws FileError.

@@ -56,6 +56,15 @@ bool ReadChange(std::string_view text, PatchLine& change) {
   return true;
 }
 
+// Removes the first line from a text and returns it without its end.
+std::string_view TakeLine(std::string_view& text) {
+  const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+  const std::string_view line = text.substr(0, end);
+  text.remove_prefix(end);
+  text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(1, text.size()));
+  return line;
+}
+
 }  // namespace
 
 std::string WithCrLf(std::string_view text) {
@@ -98,6 +107,20 @@ PatchLine ReadPatchLine(std::string_view line) {
   else
     read.kind = ReadChange(line, read) ? PatchLine::Kind::Change : PatchLine::Kind::Invalid;
   return read;
+}
+
+std::string CommentOf(std::string_view line) {
+  const std::size_t comment = line.find(';');
+  return comment == line.npos ? std::string() : " " + std::string(line.substr(comment));
+}
+
+void EachPatchLine(std::string_view text,
+                   const std::function<void(std::size_t number, std::string_view line)>& take) {
+  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  constexpr char endOfFile = 0x1A;  // of old editors
+  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+  while (text.ends_with(endOfFile)) text.remove_suffix(1);
+  for (std::size_t number = 1; !text.empty(); ++number) take(number, TakeLine(text));
 }
 
 }  // namespace tarvelo

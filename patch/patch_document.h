@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,5 +47,13 @@ struct PatchLine {
 // line with unequal numbers of old and new bytes is invalid, because its effect on the bytes behind them is
 // unclear.
 [[nodiscard]] PatchLine ReadPatchLine(std::string_view line);
+
+// The comment behind a change, from its ";" on, with a blank in front; empty if the line has none.
+[[nodiscard]] std::string CommentOf(std::string_view line);
+
+// Calls take(number, line) for the lines of a whole patch file or document, numbered from 1, without their
+// ends. Lines end with CR LF, LF or CR; a UTF-8 byte order mark may precede them, and bytes 0x1A may follow.
+void EachPatchLine(std::string_view text,
+                   const std::function<void(std::size_t number, std::string_view line)>& take);
 
 }  // namespace tarvelo

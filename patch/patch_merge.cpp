@@ -18,9 +18,8 @@ auto FirstBehind(std::span<const Change> changes, Offset offset) {
 std::string AllBytes(const std::vector<std::uint8_t>& bytes) { return FirstBytes(bytes, bytes.size()); }
 
 std::string TextOf(const PatchLine& line, const std::string& before) {
-  const std::size_t comment = before.find(';');
   return PatchAddress(line.address) + ": " + AllBytes(line.oldBytes) + " " + AllBytes(line.newBytes) +
-         (comment == before.npos ? std::string() : " " + before.substr(comment));
+         CommentOf(before);
 }
 
 // Gives a line the bytes of a change where both overlap. True if that makes a difference.

@@ -22,7 +22,11 @@ class Porter {
   }
 
  private:
-  static PortedChange Refused(PortRefusal refusal) { return {.refusal = refusal}; }
+  static PortedChange Refused(PortRefusal refusal) {
+    PortedChange refused;
+    refused.refusal = refusal;
+    return refused;
+  }
 
   PortedChange Port(const Change& change) const {
     const Region region{change.offset, std::ssize(change.oldBytes)};
@@ -46,10 +50,11 @@ class Porter {
 
   PortedChange Carried(const Change& change, const Region& there, int context) const {
     const Bytes found = now_.Region(there.offset, there.size);
-    PortedChange ported{.offset = there.offset,
-                        .oldBytes = {found.begin(), found.end()},
-                        .newBytes = change.newBytes,
-                        .context = context};
+    PortedChange ported;
+    ported.offset = there.offset;
+    ported.oldBytes.assign(found.begin(), found.end());
+    ported.newBytes = change.newBytes;
+    ported.context = context;
     const int unit = pairing_.Old().UnitAt(change.offset);
     const bool isCode = unit >= 0 || IsErased(old_, {change.offset, there.size});
     if (!isCode) return ported;

@@ -12,9 +12,7 @@ using Field = MadeInstruction::Field;
 constexpr std::size_t imageSize = 0x200000;
 constexpr std::uint32_t base = 0x1000000 - imageSize;
 
-MadeInstruction Two(int a, int b) {
-  return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b)}};
-}
+MadeInstruction Two(int a, int b) { return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b)}}; }
 
 MadeInstruction Four(int a, int b, int word = 0) {
   return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b), static_cast<std::uint8_t>(word),
@@ -41,10 +39,13 @@ MadeFirmware::MadeFirmware(unsigned seed, int functions) : random_(seed) {
   for (int i = 0; i < 40; ++i) members_.push_back(i);
   for (int i = 0; i < 200; ++i) texts_.push_back(i);
   nextFunction_ = functions;
-  const auto skewed = [&] { return static_cast<int>(std::exp(static_cast<double>(Pick(1000)) * 0.0055 + 1.2)); };
+  const auto skewed = [&] {
+    return static_cast<int>(std::exp(static_cast<double>(Pick(1000)) * 0.0055 + 1.2));
+  };
   for (int id = 0; id < functions; ++id) {
-    MadeFunction made = !functions_.empty() && Chance(0.06) ? Twin(functions_[Pick(static_cast<int>(functions_.size()))])
-                                                             : Make(skewed());
+    MadeFunction made = !functions_.empty() && Chance(0.06)
+                            ? Twin(functions_[Pick(static_cast<int>(functions_.size()))])
+                            : Make(skewed());
     made.id = id;
     if (Chance(0.4)) inTables_.push_back(id);
     functions_.push_back(std::move(made));
@@ -104,18 +105,14 @@ MadeFunction MadeFirmware::Make(int size) {
   }
   for (int i = 1; i <= pushes; ++i) body.push_back(Two(0x98, (5 + i) << 4));  // MOV Rn, [R0+]
   body.push_back(Two(0xDB, 0));
-  for (std::size_t i = 0; i < body.size(); ++i) {
-    body[i].id = nextInstruction_++;
-    if (body[i].field == Field::Label || (body[i].field == Field::Bit && body[i].size == 4)) {
-      const int to = std::clamp(static_cast<int>(i) + (Chance(0.05) ? -Pick(15) : 1 + Pick(25)), 0,
-                                static_cast<int>(body.size()) - 1);
-      // The label is stored by the instruction's number, so that edits keep it.
-      (body[i].field == Field::Label ? body[i].symbol : made.id) = to;
-    }
+  for (MadeInstruction& made_ : body) made_.id = nextInstruction_++;
+  const int last = static_cast<int>(body.size()) - 1;
+  for (int i = 0; i <= last; ++i) {
+    MadeInstruction& jump = body[static_cast<std::size_t>(i)];
+    if (jump.field != Field::Label) continue;
+    const int to = std::clamp(i + (Chance(0.05) ? -Pick(15) : 1 + Pick(25)), 0, last);
+    jump.symbol = body[static_cast<std::size_t>(to)].id;
   }
-  for (MadeInstruction& made_ : body)
-    if (made_.field == Field::Label) made_.symbol = body[static_cast<std::size_t>(made_.symbol)].id;
-  made.id = 0;
   return made;
 }
 

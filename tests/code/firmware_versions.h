@@ -1,5 +1,5 @@
-// Made-up firmware with the habits of compiled C166 code, and later versions of it: functions that moved, were
-// edited, came and went; twins; lists of calls; variables, bits, members and texts that move.
+// Made-up firmware with the habits of compiled C166 code, and later versions of it: functions that moved,
+// were edited, came and went; twins; lists of calls; variables, bits, members and texts that move.
 #pragma once
 
 #include <array>
@@ -17,12 +17,12 @@ struct MadeInstruction {
   enum class Field : std::uint8_t {
     None,
     Function,  // CALLS: segment and offset
-    Label,     // a jump: index of an instruction of the same function
+    Label,     // a jump: the id of an instruction of the same function
     Variable,  // a memory operand in near memory
     Bit,
-    Member,   // [Rw+#disp]
-    Offset,   // MOV Rn,#offset of a text
-    Page,     // MOV Rn+1,#page of a text
+    Member,  // [Rw+#disp]
+    Offset,  // MOV Rn,#offset of a text
+    Page,    // MOV Rn+1,#page of a text
   };
 
   std::array<std::uint8_t, 4> bytes{};
@@ -57,8 +57,6 @@ class MadeFirmware {
   [[nodiscard]] const std::vector<MadeFunction>& Functions() const { return functions_; }
 
  private:
-  friend class FunctionMaker;
-
   int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
   bool Chance(double share) { return static_cast<double>(random_()) / 4294967296.0 < share; }
   [[nodiscard]] int AnyFunction();

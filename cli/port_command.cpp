@@ -1,0 +1,91 @@
+#include <algorithm>
+#include <ostream>
+#include <utility>
+
+#include "cli/commands.h"
+#include "cli/files.h"
+#include "cli/output.h"
+#include "cli/subcommands.h"
+#include "code/code_pairing.h"
+#include "patch/pattern.h"
+#include "patch/port_text.h"
+
+namespace tarvelo::cli {
+namespace {
+
+// A dump and its code.
+struct Version {
+  Version(const std::string& file, Context& context)
+      : dump(OpenDump(file, context.progress)),
+        units(GetCodeUnits(dump.image, GetFunctions(dump.image, context.progress))) {}
+
+  [[nodiscard]] std::uint32_t Base() const { return dump.image.PhoneAddress(0); }
+
+  Dump dump;
+  CodeUnits units;
+};
+
+Json JsonOf(const Change& change, const PortedChange& ported) {
+  Json object{{"offset", change.offset}, {"status", ported.refusal ? "refused" : "ported"}};
+  if (ported.refusal) {
+    object["new_offset"] = object["old_bytes"] = object["new_bytes"] = nullptr;
+  } else {
+    object["new_offset"] = ported.offset;
+    object["old_bytes"] = HexOfBytes(ported.oldBytes);
+    object["new_bytes"] = HexOfBytes(ported.newBytes);
+  }
+  object["context"] = ported.context;
+  object["reason"] = ported.refusal ? std::string(ReasonOf(*ported.refusal)) : std::string();
+  return object;
+}
+
+std::string TextOf(const FileBytes& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data.get()), bytes.size};
+}
+
+// What makes one doubt that the dumps belong together.
+void Warn(const PortArguments& arguments, const Version& old, const Version& now, std::size_t refused,
+          std::size_t all, Context& context) {
+  constexpr std::size_t largePatch = 20;
+  if (old.dump.info.Model != now.dump.info.Model)
+    context.err << PrintableLine(arguments.now) << ": another phone than " << PrintableLine(arguments.old)
+                << '\n';
+  if (refused > 0)
+    context.err << PrintableLine(arguments.patch) << ": " << refused << " of " << all
+                << " changes could not be carried over\n";
+  if (all >= largePatch && refused * 2 > all)
+    context.err << PrintableLine(arguments.now) << ": its firmware is far from that of "
+                << PrintableLine(arguments.old) << '\n';
+}
+
+}  // namespace
+
+void Port(const PortArguments& arguments, Context& context) {
+  RefuseStandardInput(arguments.patch);
+  if (arguments.output)
+    CheckOutput("--output", *arguments.output, {arguments.old, arguments.now, arguments.patch});
+  const Version old(arguments.old, context);
+  const Version now(arguments.now, context);
+  for (const auto& [version, file] : {std::pair(&old, &arguments.old), std::pair(&now, &arguments.now)})
+    if (!version->dump.image.PageMode()) return SayNoCode(*file, context);
+  const std::string text = TextOf(ReadFile(PathOf(arguments.patch), Fullflash::sizeLimit, context.progress));
+  const ReadPatch patch = ReadPatchText(text);
+  const CodePairing pairing(old.units, old.Base(), now.units, now.Base(), context.progress);
+  const std::vector<PortedChange> ported =
+      PortChanges(patch.changes, old.dump.image, now.dump.image, pairing);
+
+  const std::string result = PortedText(text, patch.changes, ported);
+  if (arguments.output)
+    ReplaceFile(PathOf(*arguments.output), result);
+  else if (!arguments.json)
+    PrintPiece(result, context);
+  if (arguments.json)
+    for (std::size_t i = 0; i < ported.size(); ++i)
+      context.out << JsonLine(JsonOf(patch.changes[i].change, ported[i]));
+  const auto refused = static_cast<std::size_t>(
+      std::ranges::count_if(ported, [](const PortedChange& change) { return change.refusal.has_value(); }));
+  Warn(arguments, old, now, refused + patch.invalid.size(), ported.size() + patch.invalid.size(), context);
+  if (refused + patch.invalid.size() > 0 || ported.empty()) context.status = nothingFound;
+}
+
+}  // namespace tarvelo::cli
