@@ -32,6 +32,11 @@ Dump OpenDump(const std::string& file, Progress& progress) {
   return dump;
 }
 
+std::string ReadText(const std::string& file, Progress& progress) {
+  const FileBytes bytes = ReadFile(PathOf(file), Fullflash::sizeLimit, progress);
+  return {reinterpret_cast<const char*>(bytes.data.get()), bytes.size};
+}
+
 void SayNoCode(const std::string& file, Context& context) {
   context.err << PrintableLine(file) << ": an image of more than 16 MiB holds no C166 code\n";
   context.status = nothingFound;

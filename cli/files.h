@@ -16,6 +16,9 @@ namespace tarvelo::cli {
 [[nodiscard]] Fullflash ReadImage(const std::string& file, Progress& progress);
 [[nodiscard]] Dump OpenDump(const std::string& file, Progress& progress);
 
+// A whole text file. Throws FileError.
+[[nodiscard]] std::string ReadText(const std::string& file, Progress& progress);
+
 // Says that an image of more than 16 MiB holds no C166 code, and sets the status for it.
 void SayNoCode(const std::string& file, Context& context);
 

@@ -137,6 +137,10 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
       .Needs("PATCH", &PortArguments::patch, "Patch file")
       .Takes("--output", &PortArguments::output, "The patch file to write (default: standard output)")
       .Flag("--json", &PortArguments::json, "One JSON object a change and line");
+  Subcommand(app, "names", "Print the addresses of what a list of patterns finds", Names, chosen)
+      .Needs("FILE", &NamesArguments::file, "Dump")
+      .Needs("PATTERNS", &NamesArguments::patterns, "Text file, a line a name: name = pattern")
+      .Flag("--json", &NamesArguments::json, "One JSON object a name and line");
 }
 
 void AddOtherCommands(CLI::App& app, Command& chosen) {

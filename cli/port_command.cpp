@@ -39,10 +39,6 @@ Json JsonOf(const Change& change, const PortedChange& ported) {
   return object;
 }
 
-std::string TextOf(const FileBytes& bytes) {
-  return {reinterpret_cast<const char*>(bytes.data.get()), bytes.size};
-}
-
 // What makes one doubt that the dumps belong together.
 void Warn(const PortArguments& arguments, const Version& old, const Version& now, std::size_t refused,
           std::size_t all, Context& context) {
@@ -68,7 +64,7 @@ void Port(const PortArguments& arguments, Context& context) {
   const Version now(arguments.now, context);
   for (const auto& [version, file] : {std::pair(&old, &arguments.old), std::pair(&now, &arguments.now)})
     if (!version->dump.image.PageMode()) return SayNoCode(*file, context);
-  const std::string text = TextOf(ReadFile(PathOf(arguments.patch), Fullflash::sizeLimit, context.progress));
+  const std::string text = ReadText(arguments.patch, context.progress);
   const ReadPatch patch = ReadPatchText(text);
   const CodePairing pairing(old.units, old.Base(), now.units, now.Base(), context.progress);
   const std::vector<PortedChange> ported =

@@ -76,6 +76,13 @@ struct PortArguments {
 };
 void Port(const PortArguments& arguments, Context& context);
 
+struct NamesArguments {
+  std::string file;
+  std::string patterns;
+  bool json = false;
+};
+void Names(const NamesArguments& arguments, Context& context);
+
 struct DecodeArguments {
   std::string codec;  // one of Codecs()
   std::string file;

@@ -1,0 +1,262 @@
+#include "patch/name_pattern.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "code/ext_range.h"
+#include "core/scan/vector_scan.h"
+#include "patch/patch_document.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr int deepest = 16;  // braces within braces
+constexpr std::string_view blanks = " \t\r";
+
+std::string_view Trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(blanks);
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+int DigitOf(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  const char lower = static_cast<char>(c | 0x20);
+  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+bool IsLoad(const Instruction& instruction) {
+  return !instruction.IsData() && instruction.Op() == 0xE6 && instruction.Byte(1) >= 0xF0;
+}
+
+// Two words as a pointer: offset and page where the offset fits a page and the place is in the image, else
+// offset and segment.
+std::uint32_t PointerOf(const Fullflash& image, std::uint32_t low, std::uint32_t high) {
+  const std::uint32_t paged = high << 14 | low;
+  const Offset offset = Offset{paged} - image.CorrBase();
+  const bool isPage = low < 0x4000 && high < 0x400 && (offset >= 0 && offset <= image.ffEnd());
+  return isPage || high > 0xFF ? paged : high << 16 | low;
+}
+
+// The address of data that the instruction behind an EXTP or EXTS at `at` names.
+std::optional<std::uint32_t> ExtendedAddress(const Fullflash& image, Offset at, const Instruction& extend) {
+  ExtRange range;
+  range.Pass(extend);
+  const Offset next = at + extend.Size();
+  if (next > image.ffEnd()) return {};
+  const Instruction instruction = Instruction::Decode(image.ff(), next);
+  return instruction.IsData() || !instruction.HasMemory() ? std::nullopt : range.Address(instruction.Word());
+}
+
+std::optional<std::uint32_t> ReferenceAt(const Fullflash& image, Offset at) {
+  if (at < 0 || at + 4 > std::ssize(image.ff())) return {};
+  const Instruction instruction = Instruction::Decode(image.ff(), at);
+  if (!instruction.IsData()) {
+    if (const auto target = instruction.Target(image.PhoneAddress(at))) return target;
+    if (instruction.BeginsRange()) return ExtendedAddress(image, at, instruction);
+    if (IsLoad(instruction) && at + 8 <= std::ssize(image.ff())) {
+      const Instruction next = Instruction::Decode(image.ff(), at + 4);
+      if (IsLoad(next)) return PointerOf(image, instruction.Word(), next.Word());
+    }
+  }
+  return PointerOf(image, image.Word(at), image.Word(at + 2));
+}
+
+}  // namespace
+
+// Reads a pattern from its text.
+class NamePatternReader {
+ public:
+  NamePatternReader(std::string_view text, NamePattern& pattern) : text_(text), pattern_(pattern) {}
+
+  void Read() {
+    ReadExpression(0);
+    SkipBlanks();
+    if (!text_.empty()) Refuse(std::string("\"") + text_.front() + "\" is not expected here");
+    if (pattern_.FixedBytes() == 0) Refuse("it names no byte");
+  }
+
+ private:
+  using Element = NamePattern::Element;
+
+  [[noreturn]] static void Refuse(const std::string& why) { throw std::invalid_argument(why); }
+
+  void ReadExpression(int depth) {
+    if (depth > deepest) Refuse("too many brackets");
+    SkipBlanks();
+    if (Takes('&')) {
+      if (!Takes('(')) Refuse("\"(\" is missing behind \"&\"");
+      ReadExpression(depth + 1);
+      if (!Takes(')')) Refuse("\")\" is missing");
+      pattern_.steps_.push_back({true, 0});
+    } else {
+      pattern_.elements_ = ReadElements(0);
+    }
+    SkipBlanks();
+    if (Takes('+'))
+      pattern_.steps_.push_back({false, ReadNumber()});
+    else if (Takes('-'))
+      pattern_.steps_.push_back({false, -ReadNumber()});
+  }
+
+  std::vector<Element> ReadElements(int depth) {
+    if (depth > deepest) Refuse("too many braces");
+    std::vector<Element> elements;
+    for (SkipBlanks(); !text_.empty(); SkipBlanks()) {
+      if (Takes('{')) {
+        elements.push_back({.isFollowed = true, .there = ReadElements(depth + 1)});
+        if (!Takes('}')) Refuse("\"}\" is missing");
+        if (elements.back().there.empty()) Refuse("the braces are empty");
+      } else if (Takes('[')) {
+        elements.push_back(ReadBits());
+      } else if (text_.front() == '?' || DigitOf(text_.front()) >= 0) {
+        elements.push_back(ReadByte());
+      } else {
+        break;
+      }
+    }
+    return elements;
+  }
+
+  Element ReadByte() {
+    Element byte;
+    for (int half = 0; half < 2; ++half) {
+      if (text_.empty()) Refuse("half a byte is missing");
+      const int digit = DigitOf(text_.front());
+      if (digit < 0 && text_.front() != '?') Refuse("half a byte is missing");
+      byte.value = static_cast<std::uint8_t>(byte.value << 4 | std::max(digit, 0));
+      byte.mask = static_cast<std::uint8_t>(byte.mask << 4 | (digit >= 0 ? 0xF : 0));
+      text_.remove_prefix(1);
+    }
+    return byte;
+  }
+
+  Element ReadBits() {
+    Element byte;
+    for (int bit = 0; bit < 8; ++bit) {
+      if (text_.empty() || std::string_view("01.?").find(text_.front()) == std::string_view::npos)
+        Refuse("a bit is missing between \"[\" and \"]\"");
+      byte.value = static_cast<std::uint8_t>(byte.value << 1 | (text_.front() == '1' ? 1 : 0));
+      byte.mask = static_cast<std::uint8_t>(byte.mask << 1 | (text_.front() <= '1' && text_.front() >= '0'));
+      text_.remove_prefix(1);
+    }
+    if (!Takes(']')) Refuse("\"]\" is missing");
+    return byte;
+  }
+
+  Offset ReadNumber() {
+    SkipBlanks();
+    if (text_.starts_with("0x") || text_.starts_with("0X")) text_.remove_prefix(2);
+    Offset value = 0;
+    int digits = 0;
+    for (; !text_.empty() && DigitOf(text_.front()) >= 0; text_.remove_prefix(1), ++digits)
+      value = value * 16 + DigitOf(text_.front());
+    if (digits == 0 || digits > 8) Refuse("a hexadecimal number is missing");
+    return value;
+  }
+
+  void SkipBlanks() { text_.remove_prefix(std::min(text_.find_first_not_of(blanks), text_.size())); }
+
+  bool Takes(char c) {
+    SkipBlanks();
+    if (!text_.starts_with(c)) return false;
+    text_.remove_prefix(1);
+    return true;
+  }
+
+  std::string_view text_;
+  NamePattern& pattern_;
+};
+
+NamePattern::NamePattern(std::string_view text) { NamePatternReader(text, *this).Read(); }
+
+// How many bytes of the beginning have a fixed length, up to the first braces.
+Offset NamePattern::FixedBytes() const {
+  return std::ranges::find_if(elements_, &Element::isFollowed) - elements_.begin();
+}
+
+std::vector<std::uint32_t> NamePattern::Find(const Fullflash& image, std::size_t most) const {
+  std::vector<std::uint32_t> found;
+  const Offset fixed = FixedBytes();
+  std::vector<Probe> probes;
+  for (std::int32_t i = 0; i < fixed && probes.size() < 4; ++i)
+    if (const Element& element = elements_[static_cast<std::size_t>(i)]; element.mask != 0)
+      probes.push_back({i, element.value, element.mask});
+  if (probes.empty()) probes.push_back({0, 0, 0});
+  const Sieve sieve(1, probes, std::min(2, static_cast<int>(probes.size())));
+  sieve.Each(image.ff(), 0, std::ssize(image.ff()) - fixed, [&](Offset at) {
+    if (!Matches(image, at, elements_, 0)) return false;
+    if (const auto address = ResultAt(image, at)) found.push_back(*address);
+    return found.size() >= most;
+  });
+  return found;
+}
+
+bool NamePattern::Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements,
+                          std::size_t first) {
+  for (std::size_t i = first; i < elements.size(); ++i) {
+    const Element& element = elements[i];
+    if (element.isFollowed) {
+      if (Follows(image, at, element))
+        at += Instruction::Decode(image.ff(), at).Size();
+      else if (!Follows(image, at - 4, element, 4) && !Follows(image, at - 2, element, 2))
+        return false;
+    } else {
+      if (at < 0 || at > image.ffEnd() || (image.Byte(at) & element.mask) != element.value) return false;
+      ++at;
+    }
+  }
+  return true;
+}
+
+// Whether a call or jump at `at`, of `size` bytes unless 0, leads to what stands in the braces.
+bool NamePattern::Follows(const Fullflash& image, Offset at, const Element& element, int size) {
+  if (at < 0 || at > image.ffEnd()) return false;
+  const Instruction instruction = Instruction::Decode(image.ff(), at);
+  if (instruction.IsData() || (size != 0 && instruction.Size() != size)) return false;
+  const auto target = instruction.Target(image.PhoneAddress(at));
+  return target && Matches(image, Offset{*target} - image.CorrBase(), element.there, 0);
+}
+
+std::optional<std::uint32_t> NamePattern::ResultAt(const Fullflash& image, Offset at) const {
+  std::uint32_t address = image.PhoneAddress(at);
+  for (const Step& step : steps_) {
+    if (!step.isReference) {
+      address += static_cast<std::uint32_t>(step.distance);
+      continue;
+    }
+    const auto referred = ReferenceAt(image, Offset{address} - image.CorrBase());
+    if (!referred) return {};
+    address = *referred;
+  }
+  return address;
+}
+
+std::vector<NamedPattern> ReadNamedPatterns(std::string_view text) {
+  std::vector<NamedPattern> patterns;
+  EachPatchLine(text, [&](std::size_t number, std::string_view line) {
+    line = Trimmed(line.substr(0, line.find(';')));
+    if (line.empty()) return;
+    NamedPattern read{number, {}, {}, {}};
+    const std::size_t equals = line.find('=');
+    if (equals == line.npos) {
+      read.name = line;
+      read.problem = "\"=\" is missing";
+    } else {
+      read.name = Trimmed(line.substr(0, equals));
+      try {
+        read.pattern.emplace(line.substr(equals + 1));
+      } catch (const std::invalid_argument& fault) {
+        read.problem = fault.what();
+      }
+      if (read.name.empty()) {
+        read.problem = "the name is missing";
+        read.pattern.reset();
+      }
+    }
+    patterns.push_back(std::move(read));
+  });
+  return patterns;
+}
+
+}  // namespace tarvelo
