@@ -1,6 +1,7 @@
 #include <ostream>
 
 #include "cli/commands.h"
+#include "cli/each_dump.h"
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
@@ -41,32 +42,63 @@ void PrintReport(const Checked& checked, std::ostream& out) {
 }
 
 // The reason why there is nothing to write.
-std::string NothingToApply(const ApplyArguments& arguments, const Checked& checked) {
-  if (checked.Unfit() > 0) return arguments.patch + ": no change of it can be made in " + arguments.file;
-  if (checked.check.CarriesAll()) return arguments.file + ": it carries " + arguments.patch + " already";
-  return arguments.patch + ": there is no change in it";
+std::string NothingToApply(const std::string& file, const ApplyArguments& arguments, const Checked& checked) {
+  const std::string& patch = arguments.patch;
+  if (checked.Unfit() > 0) return patch + ": no change of it can be made in " + file;
+  if (checked.check.CarriesAll())
+    return file + (arguments.reverse ? ": it does not carry " + patch : ": it carries " + patch + " already");
+  return patch + ": there is no change in it";
+}
+
+ReadPatch PatchOf(const ApplyArguments& arguments, Context& context) {
+  ReadPatch patch = ReadPatchFile(PathOf(arguments.patch), Fullflash::sizeLimit, context.progress);
+  return arguments.reverse ? Reversed(std::move(patch)) : patch;
+}
+
+// Prints what the patch and a dump have to do with each other.
+void CheckOne(const std::string& file, const ReadPatch& patch, Context& context) {
+  const Dump dump = OpenDump(file, context.progress);
+  const Checked checked{patch, CheckPatch(patch.changes, dump.image)};
+  const bool fits = checked.Unfit() == 0 && !patch.changes.empty();
+  context.out << (!fits                        ? "does not fit"
+                  : checked.check.CarriesAll() ? "applied already"
+                                               : "fits")
+              << '\t' << PrintableLine(dump.info.StatusText()) << '\n';
+  PrintReport(checked, context.out);
+  if (!fits) context.status = nothingFound;
+}
+
+void Check(const ApplyArguments& arguments, Context& context) {
+  if (arguments.output) throw WrongArguments("--output: --check writes nothing");
+  const ReadPatch patch = PatchOf(arguments, context);
+  OnEach(arguments.files, JobsOf(arguments.jobs), Printed::Lines, context,
+         [&](const std::string& file, Context& own) { CheckOne(file, patch, own); });
 }
 
 }  // namespace
 
 void Apply(const ApplyArguments& arguments, Context& context) {
   RefuseStandardInput(arguments.patch);
-  CheckOutput("--output", arguments.output, {arguments.file, arguments.patch});
-  Fullflash image = ReadImage(arguments.file, context.progress);
-  Checked checked{ReadPatchFile(PathOf(arguments.patch), Fullflash::sizeLimit, context.progress), {}};
+  if (arguments.check) return Check(arguments, context);
+  if (arguments.files.size() > 1) throw WrongArguments("FILE: a patch is applied to one dump at a time");
+  if (!arguments.output) throw WrongArguments("--output is required");
+  const std::string& file = arguments.files[0];
+  CheckOutput("--output", *arguments.output, {file, arguments.patch});
+  Fullflash image = ReadImage(file, context.progress);
+  Checked checked{PatchOf(arguments, context), {}};
   checked.check = CheckPatch(checked.patch.changes, image);
   PrintReport(checked, context.out);
-  const std::string unfit = std::to_string(checked.Unfit()) + " of its lines don't fit " + arguments.file;
+  const std::string unfit = std::to_string(checked.Unfit()) + " of its lines don't fit " + file;
   if (checked.Unfit() > 0 && !arguments.force)
     throw ScanFault(arguments.patch, unfit + ", nothing was written");
   const std::vector<Change> changes = checked.check.ToWrite(checked.patch.changes);
   if (changes.empty()) {
-    context.err << PrintableLine(NothingToApply(arguments, checked)) << '\n';
+    context.err << PrintableLine(NothingToApply(file, arguments, checked)) << '\n';
     context.status = nothingFound;
     return;
   }
   for (const Change& change : changes) image.Write(change.offset, change.newBytes);
-  ReplaceFile(PathOf(arguments.output),
+  ReplaceFile(PathOf(*arguments.output),
               {reinterpret_cast<const char*>(image.ff().data()), image.ff().size()});
   if (checked.Unfit() > 0)
     context.err << PrintableLine(arguments.patch + ": " + unfit + ", the others were applied") << '\n';

@@ -2,6 +2,7 @@
 #include <span>
 
 #include "cli/commands.h"
+#include "cli/each_dump.h"
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
@@ -45,11 +46,8 @@ class HitPrinter {
   bool any_ = false;
 };
 
-}  // namespace
-
-void Find(const FindArguments& arguments, Context& context) {
-  if (arguments.pattern.empty()) throw WrongArguments("PATTERN: it is empty");
-  FileReader file = OpenInPieces(arguments.file);
+void FindIn(const std::string& dump, const FindArguments& arguments, Context& context) {
+  FileReader file = OpenInPieces(dump);
   const Pattern pattern(arguments.pattern);
   HitPrinter printer(pattern, arguments.json, context);
   try {
@@ -64,6 +62,14 @@ void Find(const FindArguments& arguments, Context& context) {
   if (printer.Any()) return;
   context.err << NotFound(Printable(arguments.pattern), context.messages) << '\n';
   context.status = nothingFound;
+}
+
+}  // namespace
+
+void Find(const FindArguments& arguments, Context& context) {
+  if (arguments.pattern.empty()) throw WrongArguments("PATTERN: it is empty");
+  OnEach(arguments.files, JobsOf(arguments.jobs), arguments.json ? Printed::Json : Printed::Lines, context,
+         [&](const std::string& file, Context& own) { FindIn(file, arguments, own); });
 }
 
 }  // namespace tarvelo::cli

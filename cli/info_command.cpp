@@ -1,11 +1,10 @@
 #include <algorithm>
 #include <ostream>
-#include <thread>
 
 #include "cli/commands.h"
+#include "cli/each_dump.h"
 #include "cli/files.h"
 #include "cli/in_order.h"
-#include "cli/numbers.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
 #include "core/summary.h"
@@ -36,18 +35,11 @@ std::string InfoJson(const std::string& file, const Dump& dump) {
   return JsonLine(object);
 }
 
-std::size_t Jobs(const InfoArguments& arguments) {
-  if (!arguments.jobs) return std::max(1u, std::thread::hardware_concurrency());
-  const int jobs = ParseDecimal("--jobs", *arguments.jobs);
-  if (jobs < 1) throw WrongArguments("--jobs: there must be one at least");
-  return static_cast<std::size_t>(jobs);
-}
-
 }  // namespace
 
 void Info(const InfoArguments& arguments, Context& context) {
   const std::vector<std::string>& files = arguments.files;
-  const std::size_t jobs = Jobs(arguments);
+  const std::size_t jobs = JobsOf(arguments.jobs);
   std::ranges::for_each(files, RefuseStandardInput);
   NoProgress none;
   Progress& progress = files.size() == 1 ? context.progress : none;  // several files would share one bar

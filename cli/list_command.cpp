@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/each_dump.h"
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
@@ -16,17 +17,22 @@ void PrintJson(const TableRows& table, Context& context) {
   }
 }
 
-}  // namespace
-
-void List(const ListArguments& arguments, Context& context) {
-  const Dump dump = OpenDump(arguments.file, context.progress);
-  const Findings found = Search(*arguments.kind, dump, arguments.file, context.progress);
+void ListOne(const std::string& file, const ListArguments& arguments, Context& context) {
+  const Dump dump = OpenDump(file, context.progress);
+  const Findings found = Search(*arguments.kind, dump, file, context.progress);
   const Listing list = ListOf(*arguments.kind, dump, found, arguments.deleted, Messages(), CellRoom::File);
   if (arguments.json)
     PrintJson(list.rows, context);
   else
     PrintTable(list.rows, context);
   if (list.rows.count == 0) context.status = nothingFound;
+}
+
+}  // namespace
+
+void List(const ListArguments& arguments, Context& context) {
+  OnEach(arguments.files, JobsOf(arguments.jobs), arguments.json ? Printed::Json : Printed::Table, context,
+         [&](const std::string& file, Context& own) { ListOne(file, arguments, own); });
 }
 
 }  // namespace tarvelo::cli

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "cli/each_dump.h"
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
@@ -22,18 +23,23 @@ void PrintJson(const DumpMap& map, const Fullflash& image, std::ostream& out) {
                      {"sure", KeyOf(region.sure)}});
 }
 
-}  // namespace
-
-void Map(const MapArguments& arguments, Context& context) {
-  const Dump dump = OpenDump(arguments.file, context.progress);
+void MapOne(const std::string& file, const MapArguments& arguments, Context& context) {
+  const Dump dump = OpenDump(file, context.progress);
   std::optional<Findings> found;  // findings of one explorer at a time
   const DumpMap map = MapDump(dump, [&](const Explorer& explorer) -> const Findings& {
-    return found.emplace(Search(explorer, dump, arguments.file, context.progress));
+    return found.emplace(Search(explorer, dump, file, context.progress));
   });
   if (arguments.json)
     PrintJson(map, dump.image, context.out);
   else
     PrintTable(MapRows(map, dump.image), context);
+}
+
+}  // namespace
+
+void Map(const MapArguments& arguments, Context& context) {
+  OnEach(arguments.files, JobsOf(arguments.jobs), arguments.json ? Printed::Json : Printed::Table, context,
+         [&](const std::string& file, Context& own) { MapOne(file, arguments, own); });
 }
 
 }  // namespace tarvelo::cli

@@ -11,6 +11,8 @@ namespace {
 
 // --- the commands ---
 
+constexpr const char* jobsHelp = "Dumps at a time (default: the number of processors)";
+
 // A subcommand with options that fill in its arguments. If the command line names it, it becomes the chosen
 // one.
 template <typename Arguments>
@@ -77,8 +79,9 @@ void AddLists(CLI::App& app, Command& chosen) {
   for (const Explorer* kind : Explorers()) {
     const std::string about = "The " + std::string(kind->about);
     Subcommand list(group, std::string(kind->key), about, List, chosen, {.kind = kind});
-    list.Needs("FILE", &ListArguments::file, "Dump")
-        .Flag("--json", &ListArguments::json, "One JSON object a row and line");
+    list.Needs("FILE", &ListArguments::files, "Dumps")
+        .Flag("--json", &ListArguments::json, "One JSON object a row and line")
+        .Takes("--jobs", &ListArguments::jobs, jobsHelp);
     if (kind->hasDeleted) list.Flag("--deleted", &ListArguments::deleted, DeletedOnes(*kind) + " too");
   }
 }
@@ -106,16 +109,18 @@ void AddDumpCommands(CLI::App& app, Command& chosen) {
   Subcommand(app, "info", "Print what each dump is", Info, chosen)
       .Needs("FILE", &InfoArguments::files, "Dumps")
       .Flag("--json", &InfoArguments::json, "One JSON object a file and line")
-      .Takes("--jobs", &InfoArguments::jobs, "Dumps at a time (default: the number of processors)");
+      .Takes("--jobs", &InfoArguments::jobs, jobsHelp);
   AddLists(app, chosen);
   AddExports(app, chosen);
   Subcommand(app, "find", "Print where a byte pattern occurs", Find, chosen)
-      .Needs("FILE", &FindArguments::file, "Dump")
+      .Needs("FILE", &FindArguments::files, "Dumps")
       .Needs("PATTERN", &FindArguments::pattern, "Hexadecimal bytes, ?? for any: E6??4100E6")
-      .Flag("--json", &FindArguments::json, "One JSON object a hit and line");
+      .Flag("--json", &FindArguments::json, "One JSON object a hit and line")
+      .Takes("--jobs", &FindArguments::jobs, jobsHelp);
   Subcommand(app, "map", "Print what each byte of a dump is", Map, chosen)
-      .Needs("FILE", &MapArguments::file, "Dump")
-      .Flag("--json", &MapArguments::json, "One JSON object a region and line");
+      .Needs("FILE", &MapArguments::files, "Dumps")
+      .Flag("--json", &MapArguments::json, "One JSON object a region and line")
+      .Takes("--jobs", &MapArguments::jobs, jobsHelp);
 }
 
 void AddPatchCommands(CLI::App& app, Command& chosen) {
@@ -127,9 +132,12 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
             "Compare from the first byte of each on, not by phone address")
       .Takes("--patch", &DiffArguments::patch, "Write the patch that makes OTHER of FILE");
   Subcommand(app, "apply", "Apply a patch file to a copy of a dump", Apply, chosen)
-      .Needs("FILE", &ApplyArguments::file, "Dump")
+      .Needs("FILE", &ApplyArguments::files, "Dump; several for --check")
       .Needs("PATCH", &ApplyArguments::patch, "Patch file")
-      .Needs("--output", &ApplyArguments::output, "The dump to write")
+      .Takes("--output", &ApplyArguments::output, "The dump to write")
+      .Flag("--check", &ApplyArguments::check, "Say whether the patch fits, write nothing")
+      .Flag("--reverse", &ApplyArguments::reverse, "Take the patch out of a dump that has it")
+      .Takes("--jobs", &ApplyArguments::jobs, jobsHelp)
       .Flag("--force", &ApplyArguments::force, "Apply the changes that fit, even where others don't");
   Subcommand(app, "port", "Carry a patch over to another firmware version", Port, chosen)
       .Needs("OLD", &PortArguments::old, "The dump that the patch is for")

@@ -20,7 +20,8 @@ void Info(const InfoArguments& arguments, Context& context);
 
 struct ListArguments {
   const Explorer* kind = nullptr;
-  std::string file;
+  std::vector<std::string> files;
+  std::optional<std::string> jobs;
   bool json = false;
   bool deleted = false;
 };
@@ -38,14 +39,16 @@ struct ExportArguments {
 void Export(const ExportArguments& arguments, Context& context);
 
 struct FindArguments {
-  std::string file;
+  std::vector<std::string> files;
+  std::optional<std::string> jobs;
   std::string pattern;
   bool json = false;
 };
 void Find(const FindArguments& arguments, Context& context);
 
 struct MapArguments {
-  std::string file;
+  std::vector<std::string> files;
+  std::optional<std::string> jobs;
   bool json = false;
 };
 void Map(const MapArguments& arguments, Context& context);
@@ -60,10 +63,13 @@ struct DiffArguments {
 void Diff(const DiffArguments& arguments, Context& context);
 
 struct ApplyArguments {
-  std::string file;
+  std::vector<std::string> files;
+  std::optional<std::string> jobs;
   std::string patch;
-  std::string output;
+  std::optional<std::string> output;  // needed unless the patch is only checked
   bool force = false;
+  bool check = false;
+  bool reverse = false;
 };
 void Apply(const ApplyArguments& arguments, Context& context);
 

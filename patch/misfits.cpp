@@ -8,7 +8,6 @@ std::size_t CountMisfits(const ReadPatch& patch, const PatchCheck& check) {
   return patch.invalid.size() + check.Count(Fit::Mismatch) + check.Count(Fit::Outside);
 }
 
-// Both kinds are already in line order.
 std::vector<Misfit> MisfitsOf(const ReadPatch& patch, const PatchCheck& check, std::size_t most) {
   std::vector<Misfit> misfits;
   misfits.reserve(std::min(most, CountMisfits(patch, check)));
@@ -24,6 +23,7 @@ std::vector<Misfit> MisfitsOf(const ReadPatch& patch, const PatchCheck& check, s
     if (misfits.size() < most) misfits.push_back({patch.changes[i].line, false, i});
   }
   addInvalid(std::numeric_limits<std::size_t>::max());
+  std::ranges::stable_sort(misfits, {}, &Misfit::line);  // a reversed patch has its last change first
   return misfits;
 }
 

@@ -183,7 +183,7 @@ std::vector<std::uint32_t> NamePattern::Find(const Fullflash& image, std::size_t
     if (const Element& element = elements_[static_cast<std::size_t>(i)]; element.mask != 0)
       probes.push_back({i, element.value, element.mask});
   if (probes.empty()) probes.push_back({0, 0, 0});
-  const Sieve sieve(1, probes, std::min(2, static_cast<int>(probes.size())));
+  const Sieve sieve(1, probes);
   sieve.Each(image.ff(), 0, std::ssize(image.ff()) - fixed, [&](Offset at) {
     if (!Matches(image, at, elements_, 0)) return false;
     if (const auto address = ResultAt(image, at)) found.push_back(*address);

@@ -42,6 +42,12 @@ ReadPatch ReadPatchFile(const std::filesystem::path& file, std::uint64_t limit, 
   return ReadPatchText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size});
 }
 
+ReadPatch Reversed(ReadPatch patch) {
+  std::ranges::reverse(patch.changes);
+  for (PatchChange& each : patch.changes) std::swap(each.change.oldBytes, each.change.newBytes);
+  return patch;
+}
+
 std::size_t PatchCheck::Count(Fit fit) const {
   return static_cast<std::size_t>(std::ranges::count(changes, fit, &CheckedChange::fit));
 }

@@ -29,7 +29,7 @@ struct InvalidPatchLine {
 };
 
 struct ReadPatch {
-  std::vector<PatchChange> changes;  // both in line order
+  std::vector<PatchChange> changes;  // both in line order, unless it is reversed
   std::vector<InvalidPatchLine> invalid;
 };
 
@@ -39,6 +39,9 @@ struct ReadPatch {
 // Reads a patch file of at most `limit` bytes. Its lines need many times that in memory. Throws FileError.
 [[nodiscard]] ReadPatch ReadPatchFile(const std::filesystem::path& file, std::uint64_t limit,
                                       Progress& progress);
+
+// The patch that takes a patch out of a dump: last change first, new bytes for old ones.
+[[nodiscard]] ReadPatch Reversed(ReadPatch patch);
 
 // How a change fits an image.
 enum class Fit : std::uint8_t {
