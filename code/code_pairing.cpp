@@ -15,12 +15,24 @@ constexpr double likeEnough = 0.6;          // share of instructions that edited
 constexpr int longestGap = 40;              // units between pairs that are compared with each other
 constexpr std::size_t largestFamily = 64;   // twins that are told apart
 constexpr int mostRounds = 8;
+constexpr std::uint32_t sureUnique = 24;  // instructions that need no other evidence
+constexpr int sureAgreeing = 3;           // operands that are enough
 
 std::uint64_t PairKey(int oldUnit, int newUnit) {
   return static_cast<std::uint64_t>(oldUnit) << 32 | static_cast<std::uint32_t>(newUnit);
 }
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
+
+// The hashes that several units have.
+void AddRepeated(const CodeUnits& units, std::vector<std::uint64_t>& repeated) {
+  std::vector<std::uint64_t> hashes;
+  hashes.reserve(units.units.size());
+  for (const CodeUnit& unit : units.units) hashes.push_back(unit.hash);
+  std::ranges::sort(hashes);
+  for (std::size_t i = 1; i < hashes.size(); ++i)
+    if (hashes[i] == hashes[i - 1]) repeated.push_back(hashes[i]);
+}
 
 }  // namespace
 
@@ -32,6 +44,9 @@ CodePairing::CodePairing(const CodeUnits& old, std::uint32_t oldBase, const Code
       nowBase_(nowBase),
       newOf_(old.units.size(), -1),
       oldOf_(now.units.size(), -1) {
+  AddRepeated(old, twins_);
+  AddRepeated(now, twins_);
+  std::ranges::sort(twins_);
   ProgressRun run(progress, 0, mostRounds);
   PairUnique(fewestUnique);
   for (int round = 0; round < mostRounds; ++round) {
@@ -57,6 +72,29 @@ std::span<const UnitInstruction> CodePairing::CodeOf(const CodeUnits& units, int
 bool CodePairing::IsSame(int oldUnit) const {
   const int newUnit = NewOf(oldUnit);
   return newUnit >= 0 && old_.units[At(oldUnit)].hash == now_.units[At(newUnit)].hash;
+}
+
+bool CodePairing::HasTwins(int oldUnit) const {
+  return std::ranges::binary_search(twins_, old_.units[At(oldUnit)].hash);
+}
+
+OperandVotes::Tally CodePairing::CallsOf(int oldUnit, int newUnit) const {
+  const auto address = static_cast<std::uint32_t>(old_.units[At(oldUnit)].code.offset) + oldBase_;
+  const auto nowAddress = static_cast<std::uint32_t>(now_.units[At(newUnit)].code.offset) + nowBase_;
+  return votes_.On({Movable::Kind::Code, address}, {Movable::Kind::Code, nowAddress}, oldUnit);
+}
+
+bool CodePairing::IsSure(int oldUnit) const {
+  const int newUnit = NewOf(oldUnit);
+  if (newUnit < 0) return false;
+  const OperandVotes::Tally calls = CallsOf(oldUnit, newUnit);
+  if (calls.all > 0) return calls.agreeing * 4 >= calls.all * 3;
+  if (HasTwins(oldUnit)) return false;
+  const Balance balance = Weigh(oldUnit, newUnit);
+  if (IsSame(oldUnit))
+    return balance.contradicting == 0 &&
+           (balance.agreeing >= sureAgreeing || old_.units[At(oldUnit)].count >= sureUnique);
+  return Aligned(oldUnit, newUnit)[0] == 0 && balance.agreeing >= sureAgreeing;
 }
 
 bool CodePairing::Pair(int oldUnit, int newUnit) {
@@ -316,9 +354,7 @@ CodePairing::Balance CodePairing::Weigh(int oldUnit, int newUnit) const {
   if (isSame) {
     for (std::size_t k = 0; k < old.size(); ++k) weigh(old[k], now[k]);
     // Who calls it speaks, too.
-    const auto address = static_cast<std::uint32_t>(old_.units[At(oldUnit)].code.offset) + oldBase_;
-    const auto nowAddress = static_cast<std::uint32_t>(now_.units[At(newUnit)].code.offset) + nowBase_;
-    const auto tally = votes_.On({Movable::Kind::Code, address}, {Movable::Kind::Code, nowAddress}, oldUnit);
+    const OperandVotes::Tally tally = CallsOf(oldUnit, newUnit);
     balance.agreeing += tally.agreeing;
     balance.contradicting += tally.all - tally.agreeing;
     return balance;

@@ -31,6 +31,10 @@ class CodePairing {
   // Whether the unit and its pair agree in every instruction, but for what moves.
   [[nodiscard]] bool IsSame(int oldUnit) const;
 
+  // Whether a call of the old unit can be sent to its pair: other code calls both at the same places, or they
+  // are the same and nothing else is like them.
+  [[nodiscard]] bool IsSure(int oldUnit) const;
+
   // For each instruction of an old unit the index of its pair in the new unit, or -1. The units need not be
   // a pair.
   [[nodiscard]] std::vector<int> Aligned(int oldUnit, int newUnit) const;
@@ -71,6 +75,8 @@ class CodePairing {
     int contradicting = 0;
   };
   [[nodiscard]] Balance Weigh(int oldUnit, int newUnit) const;
+  [[nodiscard]] OperandVotes::Tally CallsOf(int oldUnit, int newUnit) const;
+  [[nodiscard]] bool HasTwins(int oldUnit) const;
 
   const CodeUnits& old_;
   const CodeUnits& now_;
@@ -79,6 +85,7 @@ class CodePairing {
   std::vector<int> newOf_;
   std::vector<int> oldOf_;
   std::vector<std::uint64_t> refused_;  // pairs that were given up
+  std::vector<std::uint64_t> twins_;    // hashes that several units of one version have
   OperandVotes votes_;
 };
 

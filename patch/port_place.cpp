@@ -202,10 +202,11 @@ std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) con
   const int unit = pairing_.OldUnitFrom(address);
   if (unit >= 0) {
     const int now = pairing_.NewOf(unit);
-    if (now < 0) return {};
+    if (now < 0 || !pairing_.IsSure(unit)) return {};
     return now_.PhoneAddress(pairing_.New().units[static_cast<std::size_t>(now)].code.offset);
   }
-  if (pairing_.Old().UnitAt(offset) < 0) return {};
+  const int around = pairing_.Old().UnitAt(offset);
+  if (around < 0 || !pairing_.IsSure(around)) return {};
   const NewPlace place = Find({offset, 2});
   if (place.refusal) return {};
   return now_.PhoneAddress(place.offset);

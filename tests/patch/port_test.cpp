@@ -59,6 +59,11 @@ struct Versions {
   CodePairing pairing;
 };
 
+std::vector<std::uint8_t> CallOf(std::uint32_t address) {
+  return {0xDA, static_cast<std::uint8_t>(address >> 16), static_cast<std::uint8_t>(address),
+          static_cast<std::uint8_t>(address >> 8)};
+}
+
 std::vector<int> IdsOf(const MadeFunction& function) {
   std::vector<int> ids;
   for (const MadeInstruction& made : function.body) ids.push_back(made.id);
@@ -106,6 +111,96 @@ TEST(Port, NeverFindsAWrongPlaceAndFewAreRefused) {
     EXPECT_LE(wrong, 1) << seed;
     EXPECT_GE(carried, unchanged * 0.93) << seed << ": " << carried << " of " << unchanged;
   }
+}
+
+// New bytes that call a function call it in the new version, or are refused if it is gone.
+TEST(Port, CarriesTheAddressesInNewBytes) {
+  const Versions versions(201, 500, 0.05);
+  std::vector<PatchChange> changes;
+  std::vector<int> called;
+  int next = 0;
+  for (const MadeFunction& function : versions.before.Functions())
+    for (const MadeInstruction& made : function.body) {
+      if (made.size != 4 || ++next % 20 != 0) continue;
+      const int target = next / 20 % 500;
+      const std::uint32_t address = versions.old.image.PhoneAddress(versions.old.linked.functions.at(target));
+      changes.push_back(versions.ChangeOf(made.id, CallOf(address)));
+      called.push_back(target);
+    }
+  const std::vector<PortedChange> ported = versions.Ported(changes);
+  int carried = 0;
+  for (std::size_t i = 0; i < ported.size(); ++i) {
+    if (ported[i].refusal) continue;
+    ++carried;
+    const auto place = versions.now.linked.functions.find(called[i]);
+    ASSERT_NE(place, versions.now.linked.functions.end())
+        << "a call of function " << called[i] << ", which is gone";
+    EXPECT_EQ(ported[i].newBytes, CallOf(versions.now.image.PhoneAddress(place->second))) << called[i];
+  }
+  EXPECT_GT(carried, static_cast<int>(ported.size()) * 3 / 4);
+}
+
+// What a change leaves of an instruction is what the new version has there: here the registers of
+// instructions with addresses change, and the addresses are those that moved.
+TEST(Port, KeepsTheOperandsOfTheNewVersion) {
+  const Versions versions(202, 400, 0.04);
+  std::vector<PatchChange> changes;
+  std::vector<int> ids;
+  for (const MadeFunction& function : versions.before.Functions())
+    for (const MadeInstruction& made : function.body)
+      if (made.field == MadeInstruction::Field::Variable && made.bytes[0] == 0xF2) {
+        PatchChange change = versions.ChangeOf(made.id, {0, 0, 0, 0});
+        change.change.newBytes = change.change.oldBytes;
+        change.change.newBytes[1] ^= 1;
+        changes.push_back(change);
+        ids.push_back(made.id);
+      }
+  const std::vector<PortedChange> ported = versions.Ported(changes);
+  int moved = 0;
+  for (std::size_t i = 0; i < ported.size(); ++i) {
+    if (ported[i].refusal) continue;
+    auto wanted = ported[i].oldBytes;
+    wanted[1] ^= 1;
+    EXPECT_EQ(ported[i].newBytes, wanted) << ids[i];
+    moved += ported[i].oldBytes != changes[i].change.oldBytes;
+  }
+  EXPECT_GT(moved, static_cast<int>(ported.size()) / 4);
+}
+
+TEST(Port, CarriesDataByItsBytesAndErasedAreasByTheirAddress) {
+  const Versions versions(203, 200, 0.03);
+  const Offset text = versions.old.linked.texts.at(40);
+  const Bytes letters = versions.old.image.Region(text, 4);
+  const Offset erased = 0x1F0000;
+  const std::vector<PatchChange> changes{
+      {1, {text, {letters.begin(), letters.end()}, {'a', 'b', 'c', 'd'}}},
+      {2, {erased, {0xFF, 0xFF, 0xFF, 0xFF}, {0xCC, 0x00, 0xDB, 0x00}}},
+      {3, {text, {'?', '?'}, {'a', 'b'}}},
+      {4, {0x1FFFFF, {0xFF, 0xFF}, {'a', 'b'}}},
+  };
+  const std::vector<PortedChange> ported = versions.Ported(changes);
+  EXPECT_FALSE(ported[0].refusal);
+  EXPECT_EQ(ported[0].offset, versions.now.linked.texts.at(40));
+  EXPECT_FALSE(ported[1].refusal);
+  EXPECT_EQ(ported[1].offset, erased);
+  EXPECT_EQ(ported[1].newBytes, changes[1].change.newBytes);
+  EXPECT_EQ(ported[2].refusal, PortRefusal::NotOld);
+  EXPECT_EQ(ported[3].refusal, PortRefusal::NotOld);
+}
+
+TEST(Port, TextKeepsCommentsAndSaysWhatWasRefused) {
+  const std::string text = ";Name\r\n100: 1234 5678 ;why\n  200: 11 22\rnonsense\n";
+  const ReadPatch patch = ReadPatchText(text);
+  std::vector<PortedChange> ported(2);
+  ported[0].offset = 0xABC;
+  ported[0].oldBytes = {0x12, 0x35};
+  ported[0].newBytes = {0x56, 0x79};
+  ported[1].refusal = PortRefusal::NoPlace;
+  const std::string result = PortedText(text, patch.changes, ported);
+  EXPECT_EQ(result,
+            ";Name\r\n000ABC: 1235 5679 ;why\r\n;there is no such place in the new dump:   200: 11 22\r\n"
+            ";not a patch line: nonsense\r\n");
+  EXPECT_EQ(ReadPatchText(result).changes.size(), 1u);
 }
 
 }  // namespace
