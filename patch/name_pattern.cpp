@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include "code/ext_range.h"
-#include "core/scan/vector_scan.h"
 #include "patch/patch_document.h"
 
 namespace tarvelo {
@@ -177,19 +176,29 @@ Offset NamePattern::FixedBytes() const {
 
 std::vector<std::uint32_t> NamePattern::Find(const Fullflash& image, std::size_t most) const {
   std::vector<std::uint32_t> found;
-  const Offset fixed = FixedBytes();
-  std::vector<Probe> probes;
-  for (std::int32_t i = 0; i < fixed && probes.size() < 4; ++i)
-    if (const Element& element = elements_[static_cast<std::size_t>(i)]; element.mask != 0)
-      probes.push_back({i, element.value, element.mask});
-  if (probes.empty()) probes.push_back({0, 0, 0});
-  const Sieve sieve(1, probes);
-  sieve.Each(image.ff(), 0, std::ssize(image.ff()) - fixed, [&](Offset at) {
+  const auto take = [&](Offset at) {
     if (!Matches(image, at, elements_, 0)) return false;
     if (const auto address = ResultAt(image, at)) found.push_back(*address);
     return found.size() >= most;
-  });
+  };
+  const Offset last = std::ssize(image.ff()) - FixedBytes();
+  const std::vector<Probe> probes = WholeBytes();
+  if (!probes.empty()) {
+    Sieve(1, probes).Each(image.ff(), 0, last, take);
+  } else {
+    for (Offset at = 0; at <= last; ++at)
+      if (take(at)) break;
+  }
   return found;
+}
+
+// Up to four bytes in front of the first braces that have no wildcard.
+std::vector<Probe> NamePattern::WholeBytes() const {
+  std::vector<Probe> probes;
+  for (std::int32_t i = 0; i < FixedBytes() && probes.size() < 4; ++i)
+    if (const Element& element = elements_[static_cast<std::size_t>(i)]; element.mask == 0xFF)
+      probes.push_back({i, element.value, element.mask});
+  return probes;
 }
 
 bool NamePattern::Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements,

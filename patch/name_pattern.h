@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "core/fullflash.h"
+#include "core/scan/vector_scan.h"
 
 namespace tarvelo {
 
@@ -49,6 +50,7 @@ class NamePattern {
   static bool Follows(const Fullflash& image, Offset at, const Element& element, int size = 0);
   [[nodiscard]] std::optional<std::uint32_t> ResultAt(const Fullflash& image, Offset at) const;
   [[nodiscard]] Offset FixedBytes() const;
+  [[nodiscard]] std::vector<Probe> WholeBytes() const;
 
   std::vector<Element> elements_;
   std::vector<Step> steps_;

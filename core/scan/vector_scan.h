@@ -30,7 +30,7 @@ void LimitVectorUnit(VectorUnit most);
 struct Probe {
   std::int32_t offset = 0;          // bytes from the position, not negative
   std::uint32_t value = 0;          // little-endian; bits outside the mask are 0
-  std::uint32_t mask = 0xFFFFFFFF;  // the bits that count
+  std::uint32_t mask = 0xFFFFFFFF;  // the bits that count; all of them in single bytes
 };
 
 class Sieve {

@@ -7,20 +7,20 @@
 namespace tarvelo {
 namespace {
 
-using Field = MadeInstruction::Field;
+using Field = ModelInstruction::Field;
 
 constexpr std::size_t imageSize = 0x200000;
 constexpr std::uint32_t base = 0x1000000 - imageSize;
 
-MadeInstruction Two(int a, int b) { return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b)}}; }
+ModelInstruction Two(int a, int b) { return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b)}}; }
 
-MadeInstruction Four(int a, int b, int word = 0) {
+ModelInstruction Four(int a, int b, int word = 0) {
   return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b), static_cast<std::uint8_t>(word),
            static_cast<std::uint8_t>(word >> 8)},
           4};
 }
 
-MadeInstruction With(MadeInstruction made, Field field, int symbol) {
+ModelInstruction With(ModelInstruction made, Field field, int symbol) {
   made.field = field;
   made.symbol = symbol;
   return made;
@@ -33,7 +33,7 @@ void PutWord(std::uint8_t* at, std::uint32_t word) {
 
 }  // namespace
 
-MadeFirmware::MadeFirmware(unsigned seed, int functions) : random_(seed) {
+FirmwareModel::FirmwareModel(unsigned seed, int functions) : random_(seed) {
   for (int i = 0; i < 600; ++i) variables_.push_back(i);
   for (int i = 0; i < 500; ++i) bits_.push_back(i);
   for (int i = 0; i < 40; ++i) members_.push_back(i);
@@ -43,9 +43,9 @@ MadeFirmware::MadeFirmware(unsigned seed, int functions) : random_(seed) {
     return static_cast<int>(std::exp(static_cast<double>(Pick(1000)) * 0.0055 + 1.2));
   };
   for (int id = 0; id < functions; ++id) {
-    MadeFunction made = !functions_.empty() && Chance(0.06)
-                            ? Twin(functions_[Pick(static_cast<int>(functions_.size()))])
-                            : Make(skewed());
+    ModelFunction made = !functions_.empty() && Chance(0.06)
+                             ? Twin(functions_[Pick(static_cast<int>(functions_.size()))])
+                             : Make(skewed());
     made.id = id;
     if (Chance(0.4)) inTables_.push_back(id);
     functions_.push_back(std::move(made));
@@ -53,15 +53,17 @@ MadeFirmware::MadeFirmware(unsigned seed, int functions) : random_(seed) {
   std::ranges::shuffle(functions_, random_);
 }
 
-int MadeFirmware::AnyFunction() {
+int FirmwareModel::AnyFunction() {
   // A few functions have most callers.
   const double where = std::pow(Pick(10000) / 10000.0, 3.0);
   return static_cast<int>(where * nextFunction_ * 0.999);
 }
 
-MadeInstruction MadeFirmware::CallOf(int function) { return With(Four(0xDA, 0), Field::Function, function); }
+ModelInstruction FirmwareModel::CallOf(int function) {
+  return With(Four(0xDA, 0), Field::Function, function);
+}
 
-MadeInstruction MadeFirmware::Ordinary() {
+ModelInstruction FirmwareModel::Ordinary() {
   const int n = Pick(16);
   const int m = Pick(16);
   const int pick = Pick(100);
@@ -86,8 +88,8 @@ MadeInstruction MadeFirmware::Ordinary() {
   return With(Two(0x0D | Pick(15) << 4, 0), Field::Label, 0);
 }
 
-MadeFunction MadeFirmware::Make(int size) {
-  MadeFunction made;
+ModelFunction FirmwareModel::Make(int size) {
+  ModelFunction made;
   auto& body = made.body;
   const int pushes = Chance(0.69) ? 0 : 1 + Pick(4);
   for (int i = pushes; i > 0; --i) body.push_back(Two(0x88, (5 + i) << 4));  // MOV [-R0], Rn
@@ -105,10 +107,10 @@ MadeFunction MadeFirmware::Make(int size) {
   }
   for (int i = 1; i <= pushes; ++i) body.push_back(Two(0x98, (5 + i) << 4));  // MOV Rn, [R0+]
   body.push_back(Two(0xDB, 0));
-  for (MadeInstruction& made_ : body) made_.id = nextInstruction_++;
+  for (ModelInstruction& made_ : body) made_.id = nextInstruction_++;
   const int last = static_cast<int>(body.size()) - 1;
   for (int i = 0; i <= last; ++i) {
-    MadeInstruction& jump = body[static_cast<std::size_t>(i)];
+    ModelInstruction& jump = body[static_cast<std::size_t>(i)];
     if (jump.field != Field::Label) continue;
     const int to = std::clamp(i + (Chance(0.05) ? -Pick(15) : 1 + Pick(25)), 0, last);
     jump.symbol = body[static_cast<std::size_t>(to)].id;
@@ -116,11 +118,11 @@ MadeFunction MadeFirmware::Make(int size) {
   return made;
 }
 
-MadeFunction MadeFirmware::Twin(const MadeFunction& of) {
-  MadeFunction twin = of;
+ModelFunction FirmwareModel::Twin(const ModelFunction& of) {
+  ModelFunction twin = of;
   std::map<int, int> ids;
-  for (MadeInstruction& made : twin.body) made.id = ids[made.id] = nextInstruction_++;
-  for (MadeInstruction& made : twin.body) switch (made.field) {
+  for (ModelInstruction& made : twin.body) made.id = ids[made.id] = nextInstruction_++;
+  for (ModelInstruction& made : twin.body) switch (made.field) {
       case Field::Label: made.symbol = ids[made.symbol]; break;
       case Field::Variable: made.symbol = Chance(0.5) ? Pick(600) : made.symbol; break;
       case Field::Bit: made.symbol = Chance(0.5) ? Pick(500) : made.symbol; break;
@@ -130,7 +132,7 @@ MadeFunction MadeFirmware::Twin(const MadeFunction& of) {
   return twin;
 }
 
-void MadeFirmware::Edit(MadeFunction& function) {
+void FirmwareModel::Edit(ModelFunction& function) {
   auto& body = function.body;
   for (int edits = 1 + Pick(3); edits > 0; --edits) {
     const auto at = body.begin() + Pick(static_cast<int>(body.size()));
@@ -139,26 +141,26 @@ void MadeFirmware::Edit(MadeFunction& function) {
       body.erase(at);
     } else if (kind == 1) {
       for (int count = 1 + Pick(4); count > 0; --count) {
-        MadeInstruction made = Chance(0.3) ? CallOf(AnyFunction()) : Ordinary();
+        ModelInstruction made = Chance(0.3) ? CallOf(AnyFunction()) : Ordinary();
         if (made.field == Field::Label) made.symbol = body.back().id;
         made.id = nextInstruction_++;
         body.insert(body.begin() + Pick(static_cast<int>(body.size())), made);
       }
     } else if (at + 1 != body.end()) {
-      MadeInstruction made = Ordinary();
+      ModelInstruction made = Ordinary();
       if (made.field == Field::Label) made.symbol = body.back().id;
       made.id = nextInstruction_++;
       *at = made;
     }
   }
   // Labels of instructions that are gone lead to the end.
-  for (MadeInstruction& made : body)
+  for (ModelInstruction& made : body)
     if (made.field == Field::Label &&
-        std::ranges::find(body, made.symbol, &MadeInstruction::id) == body.end())
+        std::ranges::find(body, made.symbol, &ModelInstruction::id) == body.end())
       made.symbol = body.back().id;
 }
 
-void MadeFirmware::MoveSymbols(std::vector<int>& symbols, double amount, int first) {
+void FirmwareModel::MoveSymbols(std::vector<int>& symbols, double amount, int first) {
   std::vector<int> moved;
   for (const int symbol : symbols) {
     while (Chance(amount)) moved.push_back(-1 - first);
@@ -167,13 +169,13 @@ void MadeFirmware::MoveSymbols(std::vector<int>& symbols, double amount, int fir
   symbols = std::move(moved);
 }
 
-MadeFirmware MadeFirmware::Later(unsigned seed, double amount) const {
-  MadeFirmware later = *this;
+FirmwareModel FirmwareModel::Later(unsigned seed, double amount) const {
+  FirmwareModel later = *this;
   later.random_.seed(seed);
-  std::vector<MadeFunction> functions;
-  for (const MadeFunction& function : functions_) {
+  std::vector<ModelFunction> functions;
+  for (const ModelFunction& function : functions_) {
     if (later.Chance(amount)) {
-      MadeFunction made = later.Make(5 + later.Pick(60));
+      ModelFunction made = later.Make(5 + later.Pick(60));
       made.id = later.nextFunction_++;
       functions.push_back(std::move(made));
     }
@@ -186,7 +188,7 @@ MadeFirmware MadeFirmware::Later(unsigned seed, double amount) const {
     const auto size = static_cast<std::ptrdiff_t>(functions.size());
     const auto from = later.Pick(static_cast<int>(size) - 30);
     const auto count = 5 + later.Pick(25);
-    const std::vector<MadeFunction> block(functions.begin() + from, functions.begin() + from + count);
+    const std::vector<ModelFunction> block(functions.begin() + from, functions.begin() + from + count);
     functions.erase(functions.begin() + from, functions.begin() + from + count);
     const auto to = functions.begin() + later.Pick(static_cast<int>(functions.size()));
     functions.insert(to, block.begin(), block.end());
@@ -199,16 +201,16 @@ MadeFirmware MadeFirmware::Later(unsigned seed, double amount) const {
   return later;
 }
 
-Linked MadeFirmware::Link() const {
-  Linked linked;
+LinkedModel FirmwareModel::Link() const {
+  LinkedModel linked;
   linked.image.assign(imageSize, 0xFF);
   Offset at = 0x1000;
-  for (const MadeFunction& function : functions_) {
+  for (const ModelFunction& function : functions_) {
     Offset size = 0;
-    for (const MadeInstruction& made : function.body) size += made.size;
+    for (const ModelInstruction& made : function.body) size += made.size;
     if (at / 0x10000 != (at + size - 1) / 0x10000) at = (at / 0x10000 + 1) * 0x10000;
     linked.functions[function.id] = at;
-    for (const MadeInstruction& made : function.body) {
+    for (const ModelInstruction& made : function.body) {
       linked.places[made.id] = at;
       at += made.size;
     }
@@ -237,10 +239,10 @@ Linked MadeFirmware::Link() const {
       PutWord(&linked.image[static_cast<std::size_t>(at) + 2], address >> 16);
       at += 4;
     }
-  for (const MadeFunction& function : functions_) {
+  for (const ModelFunction& function : functions_) {
     std::map<int, Offset> labels;
-    for (const MadeInstruction& made : function.body) labels[made.id] = linked.places[made.id];
-    for (const MadeInstruction& made : function.body) {
+    for (const ModelInstruction& made : function.body) labels[made.id] = linked.places[made.id];
+    for (const ModelInstruction& made : function.body) {
       auto bytes = made.bytes;
       const Offset place = linked.places[made.id];
       const auto symbol = static_cast<std::size_t>(made.symbol);

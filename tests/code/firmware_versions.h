@@ -13,7 +13,7 @@
 namespace tarvelo {
 
 // An instruction before linking: its bytes, and the symbol that fills its address.
-struct MadeInstruction {
+struct ModelInstruction {
   enum class Field : std::uint8_t {
     None,
     Function,  // CALLS: segment and offset
@@ -32,46 +32,46 @@ struct MadeInstruction {
   int id = 0;  // the same in all versions
 };
 
-struct MadeFunction {
+struct ModelFunction {
   int id = 0;
-  std::vector<MadeInstruction> body;
+  std::vector<ModelInstruction> body;
 };
 
-struct Linked {
+struct LinkedModel {
   std::vector<std::uint8_t> image;
   std::map<int, Offset> places;     // instruction id -> offset
   std::map<int, Offset> functions;  // function id -> offset
   std::map<int, Offset> texts;      // text number -> offset
 };
 
-class MadeFirmware {
+class FirmwareModel {
  public:
-  MadeFirmware(unsigned seed, int functions);
+  FirmwareModel(unsigned seed, int functions);
 
   // A later version; `amount` is the share of functions that are edited, and likewise removed and added.
-  [[nodiscard]] MadeFirmware Later(unsigned seed, double amount) const;
+  [[nodiscard]] FirmwareModel Later(unsigned seed, double amount) const;
 
   // The image of 16 MiB - base bytes at phone address `base`.
-  [[nodiscard]] Linked Link() const;
+  [[nodiscard]] LinkedModel Link() const;
 
-  [[nodiscard]] const std::vector<MadeFunction>& Functions() const { return functions_; }
+  [[nodiscard]] const std::vector<ModelFunction>& Functions() const { return functions_; }
 
  private:
   int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
   bool Chance(double share) { return static_cast<double>(random_()) / 4294967296.0 < share; }
   [[nodiscard]] int AnyFunction();
-  MadeFunction Make(int size);
-  MadeFunction Twin(const MadeFunction& of);
-  MadeInstruction Ordinary();
-  MadeInstruction CallOf(int function);
-  void Edit(MadeFunction& function);
+  ModelFunction Make(int size);
+  ModelFunction Twin(const ModelFunction& of);
+  ModelInstruction Ordinary();
+  ModelInstruction CallOf(int function);
+  void Edit(ModelFunction& function);
   void MoveSymbols(std::vector<int>& symbols, double amount, int first);
 
   std::mt19937 random_;
   int nextFunction_ = 0;
   int nextInstruction_ = 0;
-  std::vector<MadeFunction> functions_;  // in link order
-  std::vector<int> inTables_;            // functions that only tables name
+  std::vector<ModelFunction> functions_;  // in link order
+  std::vector<int> inTables_;             // functions that only tables name
   // In the order of their addresses; -1 is a gap of another variable.
   std::vector<int> variables_, bits_, members_, texts_;
 };

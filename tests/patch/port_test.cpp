@@ -13,16 +13,16 @@ namespace {
 // A version of a made-up firmware and its code. Its functions are known, so that nothing here depends on how
 // they are found.
 struct Version {
-  explicit Version(const MadeFirmware& firmware)
+  explicit Version(const FirmwareModel& firmware)
       : linked(firmware.Link()),
         image(Bytes(linked.image)),
         units(GetCodeUnits(image, Functions(firmware))) {}
 
-  [[nodiscard]] FunctionList Functions(const MadeFirmware& firmware) const {
+  [[nodiscard]] FunctionList Functions(const FirmwareModel& firmware) const {
     std::vector<Function> functions;
-    for (const MadeFunction& made : firmware.Functions()) {
+    for (const ModelFunction& made : firmware.Functions()) {
       Offset size = 0;
-      for (const MadeInstruction& instruction : made.body) size += instruction.size;
+      for (const ModelInstruction& instruction : made.body) size += instruction.size;
       functions.push_back({{linked.functions.at(made.id), size}, 1});
     }
     std::ranges::sort(functions, {}, [](const Function& function) { return function.code.offset; });
@@ -30,7 +30,7 @@ struct Version {
   }
   [[nodiscard]] std::uint32_t Base() const { return image.PhoneAddress(0); }
 
-  Linked linked;
+  LinkedModel linked;
   Fullflash image;
   CodeUnits units;
 };
@@ -54,7 +54,7 @@ struct Versions {
   }
 
   NoProgress progress;
-  MadeFirmware before, after;
+  FirmwareModel before, after;
   Version old, now;
   CodePairing pairing;
 };
@@ -64,9 +64,9 @@ std::vector<std::uint8_t> CallOf(std::uint32_t address) {
           static_cast<std::uint8_t>(address >> 8)};
 }
 
-std::vector<int> IdsOf(const MadeFunction& function) {
+std::vector<int> IdsOf(const ModelFunction& function) {
   std::vector<int> ids;
-  for (const MadeInstruction& made : function.body) ids.push_back(made.id);
+  for (const ModelInstruction& made : function.body) ids.push_back(made.id);
   return ids;
 }
 
@@ -74,10 +74,10 @@ std::vector<int> IdsOf(const MadeFunction& function) {
 struct Sample {
   explicit Sample(const Versions& versions) {
     std::map<int, std::vector<int>> bodies;
-    for (const MadeFunction& function : versions.after.Functions()) bodies[function.id] = IdsOf(function);
+    for (const ModelFunction& function : versions.after.Functions()) bodies[function.id] = IdsOf(function);
     unsigned count = 0;
-    for (const MadeFunction& function : versions.before.Functions())
-      for (const MadeInstruction& made : function.body) {
+    for (const ModelFunction& function : versions.before.Functions())
+      for (const ModelInstruction& made : function.body) {
         if (++count % 10 != 0) continue;
         ids.push_back(made.id);
         isUnchanged.push_back(bodies[function.id] == IdsOf(function));
@@ -119,8 +119,8 @@ TEST(Port, CarriesTheAddressesInNewBytes) {
   std::vector<PatchChange> changes;
   std::vector<int> called;
   int next = 0;
-  for (const MadeFunction& function : versions.before.Functions())
-    for (const MadeInstruction& made : function.body) {
+  for (const ModelFunction& function : versions.before.Functions())
+    for (const ModelInstruction& made : function.body) {
       if (made.size != 4 || ++next % 20 != 0) continue;
       const int target = next / 20 % 500;
       const std::uint32_t address = versions.old.image.PhoneAddress(versions.old.linked.functions.at(target));
@@ -146,9 +146,9 @@ TEST(Port, KeepsTheOperandsOfTheNewVersion) {
   const Versions versions(202, 400, 0.04);
   std::vector<PatchChange> changes;
   std::vector<int> ids;
-  for (const MadeFunction& function : versions.before.Functions())
-    for (const MadeInstruction& made : function.body)
-      if (made.field == MadeInstruction::Field::Variable && made.bytes[0] == 0xF2) {
+  for (const ModelFunction& function : versions.before.Functions())
+    for (const ModelInstruction& made : function.body)
+      if (made.field == ModelInstruction::Field::Variable && made.bytes[0] == 0xF2) {
         PatchChange change = versions.ChangeOf(made.id, {0, 0, 0, 0});
         change.change.newBytes = change.change.oldBytes;
         change.change.newBytes[1] ^= 1;
