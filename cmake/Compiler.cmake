@@ -1,7 +1,9 @@
 # Compiler flags for all our own code: an interface that every target of ours links, never exported.
 add_library(tarvelo_compiler INTERFACE)
 target_compile_options(tarvelo_compiler INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wcast-qual -Wimplicit-fallthrough
+  -Wall -Wextra -Wpedantic
+  $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>  # files compiled together see each other's names
+  -Wnon-virtual-dtor -Wcast-qual -Wimplicit-fallthrough
   -Wno-missing-field-initializers  # designated initialisers name the members that matter
   # false positives of GCC 12 inside its own headers at -O3
   $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow>

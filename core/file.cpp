@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 // The most that one transfer moves, so that the progress bar moves while a huge file is read. The dumps of
 // all known phones need a single transfer.
-constexpr std::size_t blockSize = std::size_t{64} << 20;
+constexpr std::size_t partSize = std::size_t{64} << 20;
 
 // The system's message for the failure of the last call.
 std::string Cause(std::string_view otherwise) {
@@ -125,7 +125,7 @@ FileBytes ReadFile(const fs::path& path, std::uint64_t limit, Progress& progress
   FileBytes bytes(file.Size());
   ProgressRun run(progress, 0, static_cast<std::int64_t>(bytes.size));
   for (std::size_t done = 0; done < bytes.size;) {
-    const std::size_t part = std::min(blockSize, bytes.size - done);
+    const std::size_t part = std::min(partSize, bytes.size - done);
     file.Read({bytes.data.get() + done, part});
     done += part;
     run.At(static_cast<std::int64_t>(done));
@@ -138,7 +138,7 @@ void WriteFile(const fs::path& path, std::span<const std::uint8_t> data, Progres
   Output file(path, path);
   ProgressRun run(progress, 0, static_cast<std::int64_t>(data.size()));
   for (std::size_t done = 0; done < data.size();) {
-    const std::size_t part = std::min(blockSize, data.size() - done);
+    const std::size_t part = std::min(partSize, data.size() - done);
     file.Write({reinterpret_cast<const char*>(data.data()) + done, part});
     done += part;
     run.At(static_cast<std::int64_t>(done));

@@ -10,7 +10,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset pageSize = 0x100;
+constexpr Offset headerPage = 0x100;
 // The second header string and the model's name, 16 bytes each: never taken for a date.
 constexpr Offset fieldsFirst = 0x60;
 constexpr Offset fieldsEnd = 0x80;
@@ -72,7 +72,7 @@ bool IsTime(std::string_view text) {
 // page is left out, because a part of it could pass for a date.
 std::vector<std::string> PageStrings(Bytes bytes, Offset header) {
   std::vector<std::string> strings(1);
-  const Offset end = std::min(header + pageSize, static_cast<Offset>(bytes.size()));
+  const Offset end = std::min(header + headerPage, static_cast<Offset>(bytes.size()));
   for (Offset p = header; p < end; ++p) {
     const std::uint8_t b = ByteAt(bytes, p);
     const bool inField = p >= header + fieldsFirst && p < header + fieldsEnd;

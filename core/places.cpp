@@ -8,7 +8,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::uint32_t pageSize = 0x4000;
+constexpr std::uint32_t addressPage = 0x4000;
 constexpr std::uint32_t segmentSize = 0x10000;
 
 std::optional<Offset> Within(const Fullflash& image, Offset offset) {
@@ -27,7 +27,7 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
-std::uint32_t Number(std::string_view text) {
+std::uint32_t HexNumber(std::string_view text) {
   text = Trimmed(text);
   if (text.starts_with("0x") || text.starts_with("0X")) text.remove_prefix(2);
   if (text.empty()) throw std::invalid_argument("no number");
@@ -47,7 +47,7 @@ std::string OffsetText(const Fullflash& image, Offset offset) {
 std::string AddressText(const Fullflash& image, Offset offset) {
   const std::uint32_t address = image.PhoneAddress(offset);
   if (!image.PageMode()) return WholeHex(address, 8);
-  return WholeHex(address / pageSize, 3) + ":" + WholeHex(address % pageSize, 4);
+  return WholeHex(address / addressPage, 3) + ":" + WholeHex(address % addressPage, 4);
 }
 
 std::string Reading(const Fullflash& image, Offset offset) {
@@ -65,12 +65,12 @@ std::string Reading(const Fullflash& image, Offset offset) {
 
 std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Fullflash& image) {
   if (const auto colon = text.find(':'); colon != text.npos) {
-    const std::uint64_t page = Number(text.substr(0, colon));
-    const std::uint64_t address = page * pageSize + Number(text.substr(colon + 1));
+    const std::uint64_t page = HexNumber(text.substr(0, colon));
+    const std::uint64_t address = page * addressPage + HexNumber(text.substr(colon + 1));
     if (address > 0xFFFFFFFF) return {};
     return OffsetOf(image, static_cast<std::uint32_t>(address));
   }
-  const std::uint32_t number = Number(text);
+  const std::uint32_t number = HexNumber(text);
   if (kind == PlaceKind::AsOffset)
     if (const auto offset = Within(image, number)) return offset;
   return OffsetOf(image, number);

@@ -19,6 +19,8 @@ namespace tarvelo {
 
 // Kept small, because a malformed image may have a picture for every four of its bytes.
 struct Picture {
+  static constexpr Offset entrySize = 8;
+
   std::uint8_t table : 7 = 0;  // 1 .. 99; 9 outside the tables, as the list shows it
   bool outside : 1 = false;
   std::uint8_t type = 0;

@@ -12,7 +12,6 @@ namespace tarvelo {
 namespace {
 
 constexpr int mostTables = 99;
-constexpr Offset entrySize = 8;
 constexpr Offset nextTableWithin = 0x50000;
 
 // The first bytes of a table's first entry: width and height, the type with or without bit 7, then 0. Then
@@ -73,7 +72,7 @@ class Search {
   // Lists the entries of a table. Returns the table's end.
   Offset ReadTable(Offset start, int table) {
     Offset p = start;
-    for (int index = 0; p <= end_ - entrySize; p += entrySize, ++index) {
+    for (int index = 0; p <= end_ - Picture::entrySize; p += Picture::entrySize, ++index) {
       Picture picture = ReadHeader(p);
       const bool isNextTable = p != start && picture.width == 4 && picture.height == 4 && picture.type == 1;
       if (picture.height == 0 || picture.width == 255 || image_.Byte(p + 3) != 0 || isNextTable) break;
@@ -116,7 +115,7 @@ class Search {
 
   template <typename Take>
   void EachHeader(Offset from, Take take) {
-    EachMatch(outsideHeader, from, end_ - entrySize, [&](Offset p) {
+    EachMatch(outsideHeader, from, end_ - Picture::entrySize, [&](Offset p) {
       const Picture picture = ReadHeader(p);
       if (picture.width >= 1 && picture.width <= 101 && picture.height >= 1 && picture.height <= 80 &&
           picture.data >= 1 && picture.data < end_)

@@ -11,8 +11,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset entrySize = 8;
-
 const PictureList& ListOf(const Findings& found) { return found.As<PictureList>(); }
 
 Findings Search(const Dump& dump, Progress& progress) { return Findings(GetP(dump.image, progress)); }
@@ -21,8 +19,9 @@ std::size_t Count(const Findings& found) { return ListOf(found).pictures.size();
 
 Item ItemOf(const Findings& found, std::size_t record) {
   const Picture& picture = ListOf(found).pictures[record];
-  return {
-      .number = picture.number, .data = {picture.data, picture.size}, .entry = {picture.entry, entrySize}};
+  return {.number = picture.number,
+          .data = {picture.data, picture.size},
+          .entry = {picture.entry, Picture::entrySize}};
 }
 
 TableRows Rows(const Dump&, const Findings& found, const Messages& messages, CellRoom) {
@@ -62,9 +61,9 @@ struct Extent {
 
 // Whether an entry is a real end of a table, not just erased bytes behind it.
 bool EndsTable(const Fullflash& image, Offset entry) {
-  if (entry > std::ssize(image.ff()) - entrySize) return false;
-  const Bytes bytes = image.Region(entry, entrySize);
-  const bool isErased = std::ranges::count(bytes, 0xFF) == entrySize;
+  if (entry > std::ssize(image.ff()) - Picture::entrySize) return false;
+  const Bytes bytes = image.Region(entry, Picture::entrySize);
+  const bool isErased = std::ranges::count(bytes, 0xFF) == Picture::entrySize;
   return (bytes[0] == 255 || bytes[1] == 0) && !isErased;
 }
 
@@ -73,7 +72,7 @@ std::map<int, Extent> Tables(std::span<const Picture> list, Offset imageSize) {
   for (const Picture& picture : list) {
     if (picture.outside) continue;
     Extent& extent = tables.try_emplace(picture.table, Extent{picture.entry}).first->second;
-    extent.end = picture.entry + entrySize;
+    extent.end = picture.entry + Picture::entrySize;
     ++extent.entries;
     extent.inside += picture.data >= 0 && picture.data + picture.size <= imageSize;
   }
@@ -85,12 +84,12 @@ void ClaimPictures(const Dump& dump, const Findings& found, const TakeClaim& tak
   const std::span list(all.pictures.data(), std::min(mostClaimed, all.pictures.size()));
   const std::map<int, Extent> tables = Tables(list, std::ssize(dump.image.ff()));
   for (const auto& [number, extent] : tables) {
-    const Offset end = EndsTable(dump.image, extent.end) ? extent.end + entrySize : extent.end;
+    const Offset end = EndsTable(dump.image, extent.end) ? extent.end + Picture::entrySize : extent.end;
     take({extent.begin, end - extent.begin, &table, extent.Sure(), number});
   }
   for (const Picture& picture : list) {
     if (picture.outside)
-      take({picture.entry, entrySize, &header, Sureness::Guessed, picture.number, picture.entry});
+      take({picture.entry, Picture::entrySize, &header, Sureness::Guessed, picture.number, picture.entry});
     const Sureness sure = picture.outside ? Sureness::Guessed : tables.at(picture.table).Sure();
     take({picture.data, picture.size, &pixels, sure, picture.number, picture.entry});
   }

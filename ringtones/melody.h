@@ -21,6 +21,8 @@
 namespace tarvelo {
 
 struct Tone {
+  static constexpr Offset recordSize = 4;
+
   std::uint16_t frequency = 0;  // Hz; in a record possibly a marker
   std::uint16_t duration = 0;   // ms
 

@@ -22,6 +22,8 @@ namespace tarvelo {
 enum class RingtoneForm { Melody, Midi, Wave };
 
 struct Ringtone {
+  static constexpr Offset entrySize = 8;
+
   std::uint8_t number = 0;
   std::uint8_t kind = 0;  // 0, 2 .. 15
   RingtoneForm form = RingtoneForm::Melody;
@@ -43,6 +45,8 @@ struct Ringtone {
 
 // All ringtones of an image, in the order of the table, at most one per number.
 struct RingtoneList {
+  static constexpr int startEntries = 5;  // that identify a table, with the number of the next one
+
   std::vector<Ringtone> ringtones;
   std::optional<Offset> table;  // offset of the RIT, if there is one
 };

@@ -15,8 +15,7 @@ namespace {
 using Buffer = std::vector<std::uint8_t>;
 using Reason = RefusedRingtone::Reason;
 
-constexpr Offset recordSize = 4;  // of a melody
-constexpr std::uint8_t standardEnd[recordSize] = {0xFC, 0xFF, 0x00, 0x00};
+constexpr std::uint8_t standardEnd[Tone::recordSize] = {0xFC, 0xFF, 0x00, 0x00};
 
 const char* CauseOf(Reason reason) {
   switch (reason) {
@@ -43,16 +42,16 @@ std::optional<RingtoneForm> FormOf(Bytes file) {
 }
 
 // The size of the longest file that may fit, in bytes.
-Offset MostOf(const Ringtone& ringtone) { return ringtone.size + (ringtone.IsFile() ? 0 : recordSize); }
+Offset MostOf(const Ringtone& ringtone) { return ringtone.size + (ringtone.IsFile() ? 0 : Tone::recordSize); }
 
-Offset RecordsIn(Bytes melody) { return recordSize * std::ssize(DecodeMelody(melody, 0)); }
+Offset RecordsIn(Bytes melody) { return Tone::recordSize * std::ssize(DecodeMelody(melody, 0)); }
 
 std::optional<Reason> RefusalOfMelody(Bytes file, Offset place) {
   const Offset size = std::ssize(file);
-  if (size % recordSize != 0) return Reason::OddSize;
+  if (size % Tone::recordSize != 0) return Reason::OddSize;
   const Offset records = RecordsIn(file);
   if (records > place) return Reason::TooLong;
-  if (records + recordSize < size) return Reason::EndsEarly;
+  if (records + Tone::recordSize < size) return Reason::EndsEarly;
   return {};
 }
 
@@ -90,8 +89,8 @@ void EndMelody(const Fullflash& image, const Ringtone& ringtone, Buffer& melody)
   const Offset end = ringtone.data + ringtone.size;
   // A melody may run to the end of the image and then has no end record.
   const bool hasEnd =
-      end + recordSize <= std::ssize(image.ff()) && EndsMelody(image.Word(end), image.Word(end + 2));
-  const Bytes record = hasEnd ? image.Region(end, recordSize) : Bytes(standardEnd);
+      end + Tone::recordSize <= std::ssize(image.ff()) && EndsMelody(image.Word(end), image.Word(end + 2));
+  const Bytes record = hasEnd ? image.Region(end, Tone::recordSize) : Bytes(standardEnd);
   melody.insert(melody.end(), record.begin(), record.end());
 }
 

@@ -11,8 +11,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset entrySize = 8;
-constexpr int startEntries = 5;  // that identify a table, with the number of the next one
 constexpr std::uint8_t lastKind = 15;
 
 // The numbers of the second to the fifth entry. They are rarer in an image than the zeros of the first.
@@ -37,7 +35,7 @@ class Search {
 
  private:
   std::optional<Offset> FindTable() {
-    const Offset last = end_ - startEntries * entrySize - 1;
+    const Offset last = end_ - RingtoneList::startEntries * Ringtone::entrySize - 1;
     std::optional<Offset> found;
     ScanWithProgress(image_.ff(), Sieve(2, entryNumbers), 2, 0, last, progress_, [&](Offset p) {
       if (IsTable(p)) found = p;
@@ -48,15 +46,15 @@ class Search {
 
   // The byte behind the five entries must be inside the image.
   [[nodiscard]] bool IsTable(Offset p) const {
-    for (int number = 0; number < startEntries; ++number, p += entrySize)
+    for (int number = 0; number < RingtoneList::startEntries; ++number, p += Ringtone::entrySize)
       if (image_.Word(p) != number || image_.Byte(p + 2) > lastKind || image_.Byte(p + 3) != 0) return false;
-    return image_.Byte(p) == startEntries;
+    return image_.Byte(p) == RingtoneList::startEntries;
   }
 
   void ReadTable(Offset p) {
-    for (;; p += entrySize) {
-      while (p <= end_ - entrySize && image_.Byte(p + 1) == 8) p += 2;
-      if (p > end_ - entrySize || image_.Byte(p + 2) > lastKind) return;
+    for (;; p += Ringtone::entrySize) {
+      while (p <= end_ - Ringtone::entrySize && image_.Byte(p + 1) == 8) p += 2;
+      if (p > end_ - Ringtone::entrySize || image_.Byte(p + 2) > lastKind) return;
       ReadEntry(p);
     }
   }

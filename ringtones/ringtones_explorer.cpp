@@ -3,16 +3,13 @@
 #include <algorithm>
 
 #include "core/notation.h"
+#include "ringtones/melody.h"
 #include "ringtones/ringtone_files.h"
 #include "ringtones/ringtone_search.h"
 #include "ringtones/ringtone_table.h"
 
 namespace tarvelo {
 namespace {
-
-constexpr Offset entrySize = 8;
-constexpr Offset recordSize = 4;  // of melodies
-constexpr int startEntries = 5;   // that identify a table
 
 const RingtoneList& ListOf(const Findings& found) { return found.As<RingtoneList>(); }
 
@@ -24,7 +21,7 @@ Item ItemOf(const Findings& found, std::size_t record) {
   const Ringtone& ringtone = ListOf(found).ringtones[record];
   return {.number = ringtone.number,
           .data = {ringtone.data, ringtone.size},
-          .entry = {ringtone.entry, entrySize}};
+          .entry = {ringtone.entry, Ringtone::entrySize}};
 }
 
 TableRows Rows(const Dump& dump, const Findings& found, const Messages& messages, CellRoom room) {
@@ -54,7 +51,7 @@ constexpr const ClaimKind* kinds[] = {&melody, &table, &file, &pointer};
 
 // Only likely, because a melody has no header.
 void ClaimMelody(const Ringtone& ringtone, const TakeClaim& take) {
-  const Offset end = ringtone.size > 0 ? recordSize : 0;  // the record that ends it
+  const Offset end = ringtone.size > 0 ? Tone::recordSize : 0;  // the record that ends it
   take({ringtone.data, ringtone.size + end, &melody, Sureness::Likely, ringtone.number, ringtone.entry});
 }
 
@@ -67,9 +64,9 @@ void ClaimFile(const Fullflash& image, const Ringtone& ringtone, const TakeClaim
 void ClaimRingtones(const Dump& dump, const Findings& found, const TakeClaim& take) {
   const RingtoneList& list = ListOf(found);
   if (!list.table) return;
-  Offset end = *list.table + startEntries * entrySize;
+  Offset end = *list.table + RingtoneList::startEntries * Ringtone::entrySize;
   for (const Ringtone& ringtone : list.ringtones) {
-    end = std::max(end, ringtone.entry + entrySize);
+    end = std::max(end, ringtone.entry + Ringtone::entrySize);
     if (ringtone.IsFile())
       ClaimFile(dump.image, ringtone, take);
     else

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int Entry(ViewerEntry entry) { return Id::FirstViewer + static_cast<int>(entry); }
 
-std::string Text(wxDataViewListCtrl& list, unsigned row, unsigned column) {
+std::string CellText(wxDataViewListCtrl& list, unsigned row, unsigned column) {
   return Utf8(list.GetTextValue(row, column));
 }
 
@@ -176,8 +176,8 @@ TEST_F(EepromDesk, InfoShowsAnyBlock) {
   for (std::size_t i = 0; i < BlockView::facts; ++i)
     EXPECT_EQ(Utf8(view.FactText(static_cast<BlockView::Fact>(i))), facts[i]);
   ASSERT_EQ(view.Generations().GetItemCount(), 2);
-  EXPECT_EQ(Text(view.Generations(), 1, 5), "Differing bytes: 11, Offset 0002");
-  EXPECT_EQ(Text(view.Readings(), 3, 1), "Tarvelo demo");
+  EXPECT_EQ(CellText(view.Generations(), 1, 5), "Differing bytes: 11, Offset 0002");
+  EXPECT_EQ(CellText(view.Readings(), 3, 1), "Tarvelo demo");
 
   view.Generation_Click(1);
   EXPECT_EQ(view.FactText(BlockView::State), "deleted");
@@ -193,12 +193,12 @@ TEST_F(EepromDesk, ReadingsFollowTheCaret) {
   BlockView& view = InfoOf("7CC384");
   view.Dump().SetInsertionPoint(view.Dump().XYToPosition(6 + 3 * 4, 1));  // byte 14: "e", UTF-16LE
   view.ReadFromCaret();
-  EXPECT_EQ(Text(view.Readings(), 0, 1), "e");
-  EXPECT_EQ(Text(view.Readings(), 5, 1), "emo");
+  EXPECT_EQ(CellText(view.Readings(), 0, 1), "e");
+  EXPECT_EQ(CellText(view.Readings(), 5, 1), "emo");
   view.Dump().SetInsertionPoint(view.Dump().GetLastPosition());
   Mouse(view.Dump(), wxEVT_LEFT_UP);
   Settle();
-  EXPECT_EQ(Text(view.Readings(), 5, 1), "");
+  EXPECT_EQ(CellText(view.Readings(), 5, 1), "");
 }
 
 TEST_F(EepromDesk, InfoGoesWithTheDocument) {
