@@ -79,26 +79,18 @@ void ExpectListed(const Explorer& explorer, const Dump& dump, const Findings& fo
   }
 }
 
-TEST(Explorers, HaveARowForEachRecord) {
+TEST(Explorers, ListEachRecordAndClaimBytesAsTheirOwnKindsOnly) {
   for (const CraftedImage& crafted : CraftedImages()) {
     const Dump dump = DumpOf(crafted);
     for (const Explorer* explorer : Explorers()) {
       SCOPED_TRACE(std::string(explorer->key) + " in " + crafted.name);
       const Findings found = explorer->search(dump, noProgress);
       for (const bool deleted : {false, true}) ExpectListed(*explorer, dump, found, deleted);
-    }
-  }
-}
-
-TEST(Explorers, ClaimBytesAsTheirOwnKindsOnly) {
-  for (const CraftedImage& crafted : CraftedImages()) {
-    const Dump dump = DumpOf(crafted);
-    for (const Explorer* explorer : Explorers())
-      for (const Claim& claim : ClaimsOf(*explorer, dump, explorer->search(dump, noProgress))) {
-        ASSERT_NE(std::ranges::find(explorer->kinds, claim.kind), explorer->kinds.end())
-            << explorer->key << " in " << crafted.name << " at " << claim.offset;
+      for (const Claim& claim : ClaimsOf(*explorer, dump, found)) {
+        ASSERT_NE(std::ranges::find(explorer->kinds, claim.kind), explorer->kinds.end()) << claim.offset;
         ASSERT_NE(claim.sure, Sureness::Unknown) << claim.kind->key;
       }
+    }
   }
 }
 

@@ -4,13 +4,12 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 
 #include "resources/messages.h"
 #include "resources/texts.h"
+#include "temporary_folder.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -18,18 +17,14 @@ namespace {
 
 using Pages = std::map<std::string, std::string>;  // texts by file name
 
-std::string ReadPage(const std::string& name) {
-  std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "help" / name, std::ios::binary);
-  EXPECT_TRUE(stream) << name;
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
+const std::filesystem::path folder = std::filesystem::path(TARVELO_SOURCES) / "help";
 
 // The pages of all languages.
 Pages AllPages() {
   Pages pages;
   for (const Language& language : Languages()) {
     const std::string name(Messages(language).Msg(Text::ManualFile));
-    if (!pages.contains(name)) pages.emplace(name, ReadPage(name));
+    pages.emplace(name, ReadAll(folder / name));
   }
   return pages;
 }
@@ -86,15 +81,14 @@ TEST(HelpPages, EveryPictureExistsInThePagesLanguage) {
     const std::string language = name.substr(name.find('_') + 1, 2);
     for (const std::string& picture : pictures) {
       EXPECT_TRUE(picture.starts_with("Tarvelo_images/" + language + "_")) << picture;
-      EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(TARVELO_SOURCES) / "help" / picture))
-          << picture;
+      EXPECT_TRUE(std::filesystem::is_regular_file(folder / picture)) << picture;
     }
   }
 }
 
 TEST(HelpPages, SayTheSameInBothLanguages) {
-  const std::string english = ReadPage("Tarvelo_en.htm");
-  const std::string russian = ReadPage("Tarvelo_ru.htm");
+  const std::string english = ReadAll(folder / "Tarvelo_en.htm");
+  const std::string russian = ReadAll(folder / "Tarvelo_ru.htm");
   EXPECT_EQ(Between(english, " id=\"", "\""), Between(russian, " id=\"", "\""));
   EXPECT_EQ(Between(english, "<kbd>", "</kbd>"), Between(russian, "<kbd>", "</kbd>"));
   for (const char* part : {"<tr>", "<td>", "<li>", "<h3", "<pre>"})
@@ -107,7 +101,7 @@ TEST(HelpPages, NameCaptionsAsTheProgramHasThem) {
     std::set<std::string> captions;
     for (int n = 0; n < 1000; ++n) captions.insert(Caption(messages.Msg(Text{n})));
     const std::vector<std::string> named =
-        Between(ReadPage(std::string(messages.Msg(Text::ManualFile))), "<b>", "</b>");
+        Between(ReadAll(folder / messages.Msg(Text::ManualFile)), "<b>", "</b>");
     EXPECT_GT(named.size(), 100u) << code;
     for (std::string caption : named) {
       std::ranges::replace(caption, '\n', ' ');
