@@ -19,8 +19,8 @@ void DecodeFrom(Bytes bytes, Offset start, int width) {
     } catch (const std::out_of_range&) {
       Check(decoder != GetSiem && decoder != GetUni2, "some decoders catch their faults");
     }
-    Check(at >= start - 1 && at <= std::max<Offset>(start, std::ssize(bytes)),
-          "a text ends within the bytes");
+    const Offset end = std::max<Offset>(start, std::ssize(bytes));
+    Check(at >= start - 1 && at <= end + 1, "a text ends in its bytes or right behind them");
   }
   (void)GetStr(bytes, start);
   try {
