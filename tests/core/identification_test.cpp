@@ -51,11 +51,7 @@ TEST(Identify, RequiresTheWholeSignature) {
 }
 
 TEST(Identify, CorrectsTheBaseOfSomeModels) {
-  struct {
-    const char* model;
-    std::size_t size;
-    std::int32_t base;
-  } const cases[] = {
+  constexpr std::tuple<const char*, std::size_t, std::int32_t> cases[] = {
       {"S45", 6 * mebi, 0x800000},  {"ME45", 6 * mebi, 0x800000}, {"S45i", 8 * mebi, 0x800000},
       {"S45", 4 * mebi, 0xC00000},  {"C45", 6 * mebi, 0xA00000},  {"A52", 4 * mebi, 0x800000},
       {"A52", 32 * mebi, 0x800000}, {"s45", 6 * mebi, 0xA00000},

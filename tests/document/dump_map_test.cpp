@@ -137,11 +137,8 @@ TEST(DumpMap, DistinguishesTextFromCode) {
 
 // Erased or zero bytes, three at most, in front of an even offset, between two known regions.
 TEST(DumpMap, GuessesFilling) {
-  const struct {
-    std::uint16_t size;  // of the block's data at 61000; the next block's is at 61020
-    Data rest;
-    const char* what;
-  } cases[] = {
+  // The size of the block's data at 61000, and the bytes behind it; the next block's data is at 61020.
+  const std::tuple<std::uint16_t, Data, const char*> cases[] = {
       {0x1F, {0xFF}, "filling"},       {0x1D, {0, 0, 0}, "filling"},    {0x1E, {0xFF, 0xFF}, "filling"},
       {0x1E, {0xFF, 0x00}, "unknown"}, {0x1C, {0, 0, 0, 0}, "unknown"}, {0x1F, {1}, "unknown"},
   };
@@ -190,10 +187,7 @@ TEST(DumpMap, SaysHowSureEachKindIs) {
 
 // A table is certain with eight entries or more, nine tenths of which point into the image.
 TEST(DumpMap, GuessesUnsoundPictureTables) {
-  const struct {
-    std::size_t entries, outside;
-    const char* sure;
-  } cases[] = {
+  constexpr std::tuple<std::size_t, std::size_t, const char*> cases[] = {
       {8, 0, "certain"}, {7, 0, "guessed"}, {8, 1, "guessed"}, {10, 1, "certain"}, {20, 3, "guessed"}};
   for (const auto& [entries, outside, sure] : cases) {
     ImageBuilder image = Plain();

@@ -60,12 +60,7 @@ TEST_F(Generations, AreComparedWithTheOneShown) {
 }
 
 TEST_F(Generations, HaveTheDataThatLiesInTheImage) {
-  const struct {
-    std::size_t record;
-    std::string dump;
-    Offset offset;
-    bool whole;
-  } cases[] = {
+  const std::tuple<std::size_t, std::string, Offset, bool> cases[] = {
       {2, "0000  41 58 43 00 45                                   AXC.E", 0x1010, true},
       {4, "0000  FF FF                                            яя", 0xFFFE, false},
       {5, "0002  62                                               b", 0, false},
@@ -113,9 +108,7 @@ TEST(HexDump, HasARowForEachSixteenBytes) {
             "0000  30 98 A0 AD 34 35 36 37 38 39 3A 3B 3C 3D 3E 3F  0...456789:;<=>?\n"
             "0010  40 41                                            @A");
 
-  const struct {
-    std::size_t line, column, byte;
-  } places[] = {
+  constexpr std::tuple<std::size_t, std::size_t, std::size_t> places[] = {
       {0, 0, 0},  {0, 5, 0},   {0, 6, 0},   {0, 8, 0},    {0, 9, 1}, {0, 52, 15}, {0, 54, 15},  // digits
       {0, 55, 0}, {0, 58, 3},  {0, 71, 15}, {0, 999, 15},                                       // text
       {1, 9, 17}, {1, 12, 17}, {1, 56, 17}, {2, 0, 17},                                         // the end

@@ -49,12 +49,7 @@ std::string FitsOf(const std::string& text, const Data& bytes, Data* written = n
 }
 
 TEST(CheckPatch, TellsHowEachChangeFits) {
-  const struct {
-    const char* text;
-    Data bytes;
-    const char* fits;
-    Data after;
-  } cases[] = {
+  const std::tuple<const char*, Data, const char*, Data> cases[] = {
       {"0: 0102 0304\n2: 05 06", {1, 2, 6, 7}, "FA", {3, 4, 6, 7}},
       {"0: 0102 0304", {1, 3}, "M", {1, 3}},
       {"0: 01 01", {1}, "A", {1}},  // nothing to do

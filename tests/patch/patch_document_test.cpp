@@ -39,6 +39,11 @@ TEST(PatchLines, AreSharedByChangesWithoutAByteBetween) {
 
 const std::string stars(80, '*');
 
+TEST(FirstBytes, TellsThatThereAreMore) {
+  EXPECT_EQ(FirstBytes(Data{1, 2, 0xAB}, 3), "0102AB");
+  EXPECT_EQ(FirstBytes(Data{1, 2, 0xAB}, 2), "0102...");
+}
+
 TEST(PatchBlock, HasTheNameAboveAndAsterisksBelow) {
   EXPECT_EQ(PatchBlock("Block 71", "1A: 00 FF\n1C: 00 FF"),
             "\r\n;Block 71\r\n\r\n1A: 00 FF\r\n1C: 00 FF\r\n\r\n;" + stars + "\r\n");

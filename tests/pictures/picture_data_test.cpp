@@ -43,11 +43,7 @@ TEST(PictureSize, OfPlainRowsIsPadded) {
 }
 
 TEST(PictureSize, OfAStreamEndsWithTheLastPixelOrTheImage) {
-  const struct {
-    std::uint8_t type;
-    Data data;
-    int size;
-  } cases[] = {
+  const std::tuple<std::uint8_t, Data, int> cases[] = {
       {0x81, {0xC5, 0x83, 0xFF}, 2},                 // 5 ink pixels, 3 background pixels
       {0x81, {0xFF, 0xFF}, 1},                       // a run that overshoots
       {0x81, {0x80, 0xC0, 0x55, 0x55}, 4},           // empty runs take a byte each; 7 + 1 pixels

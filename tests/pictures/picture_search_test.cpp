@@ -100,10 +100,8 @@ TEST(GetP, ReadsATableToTheEndOfTheImage) {
 }
 
 TEST(GetP, LooksForFurtherTablesOnceColourWasSeen) {
-  struct {
-    std::uint8_t type;
-    std::size_t distance, tables;
-  } const cases[] = {{3, 0x50000, 2}, {8, 0x50002, 1}, {1, 0x4000, 1}, {0x81, 0x4000, 1}, {2, 0x4000, 1}};
+  constexpr std::tuple<std::uint8_t, std::size_t, std::size_t> cases[] = {
+      {3, 0x50000, 2}, {8, 0x50002, 1}, {1, 0x4000, 1}, {0x81, 0x4000, 1}, {2, 0x4000, 1}};
   for (const auto& [type, distance, tables] : cases) {
     ImageBuilder builder(size);
     PutTable(builder, 0x1000, type);

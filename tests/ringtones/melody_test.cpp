@@ -49,10 +49,7 @@ TEST(DecodeMelody, IsBounded) {
 }
 
 TEST(ParseMelody, ReadsTonesAsTheyAreHeard) {
-  struct {
-    const char* text;
-    Tones tones;
-  } const cases[] = {
+  const std::pair<const char*, Tones> cases[] = {
       {"440:500 880:250 ", {{440, 500}, {880, 250}}},
       {"65500:1 65501:1 65536:1", {{65500, 1}, {0, 1}, {0, 1}}},
       {"440:10000 440:10001 440:20000", {{440, 10000}, {440, 0}, {440, 0}}},

@@ -127,12 +127,7 @@ TEST_F(LoadedRingtones, FilesThatDoNotFitAreRefused) {
   Data cutWave = otherRiff;
   cutWave.pop_back();
   otherRiff[8] = 'X';
-  const struct {
-    const char* what;
-    std::size_t number;
-    Data file;
-    std::optional<Reason> reason;
-  } cases[] = {
+  const std::tuple<const char*, std::size_t, Data, std::optional<Reason>> cases[] = {
       {"no melody", whole, {}, Reason::Damaged},
       {"a note too many", whole, Records(Scale(11)), Reason::TooLong},
       {"a cut note", whole, Data(39, 7), Reason::OddSize},
