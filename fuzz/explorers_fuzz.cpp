@@ -1,6 +1,8 @@
-// Arbitrary bytes as a dump: every explorer searches, lists and claims, and the dump is mapped.
+// Arbitrary bytes as a dump: it is identified and summarized, every explorer searches, lists and claims, and
+// the dump is mapped.
 #include <optional>
 
+#include "core/summary.h"
 #include "document/explorers.h"
 #include "document/map_kinds.h"
 #include "document/map_table.h"
@@ -17,6 +19,21 @@ constexpr std::size_t mostCharacters = 1 << 21;
 constexpr Offset mostBytes = 1 << 19;
 
 bool IsUtf8(const std::string& text) { return ToUtf8(ToUtf16(text)) == text; }
+
+void CheckInformation(const Fullflash& image, const Identification& info) {
+  Check(info.SigPos.has_value() || info.Model.empty(), "a model comes with a signature");
+  if (info.SigPos) Check(*info.SigPos <= image.ffEnd(), "the header lies within the image");
+  if (const auto& t9 = info.t9) {
+    Check(image.PageMode(), "large images have no T9 area");
+    Check(t9->T9Base % 0x10000 == 0 && t9->T9Full % 0x10000 == 0, "a T9 area is in whole blocks");
+    Check(Offset{t9->T9Base} + t9->T9Full <= image.ffEnd() + 1, "a T9 area lies within the image");
+    Check(t9->Empty() >= 0 && t9->Empty() <= t9->T9Full, "a T9 area's free bytes are within it");
+  }
+  for (const Language& language : Languages()) {
+    const std::string summary = Summary("dump.bin", image, info, Messages(language));
+    Check(IsUtf8(summary) && summary.ends_with('\n'), "the summary is whole lines of UTF-8");
+  }
+}
 
 // Checks a row. Returns the number of its characters.
 std::size_t CheckRow(const Table::Row& row, std::size_t columns, const Item& item) {
@@ -73,6 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Dump dump{ImageOf({data, size}), {}, {}};
   if (!dump.image.IsOpen()) return 0;
   dump.info = Identify(dump.image);
+  CheckInformation(dump.image, dump.info);
   NoProgress progress;
   std::optional<Findings> last;
   const DumpMap map = MapDump(dump, [&](const Explorer& explorer) -> const Findings& {

@@ -1,9 +1,9 @@
 // Arbitrary bytes as a settings file: reads it, then writes one key, which must leave all other lines
 // unchanged.
 #include "core/file.h"
-#include "fuzz/scratch.h"
 #include "fuzz/target.h"
 #include "shell/platform/ini.h"
+#include "tests/temporary_folder.h"
 #include "text/unicode.h"
 
 namespace {
@@ -61,15 +61,14 @@ void CheckWritten(const std::filesystem::path& file, const Setting& setting, con
 
 // Byte 0 chooses the key. Then its value, a zero, and the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const Scratch scratch;
-  const std::filesystem::path file = scratch.Path() / "settings.ini";
+  static const TemporaryFolder folder;
   Input input({data, size});
   const Setting& setting = settings[input.Byte() % std::size(settings)];
   std::string value = input.Text();
   std::ranges::replace_if(
       value, [](unsigned char c) { return c < 0x20; }, ' ');  // as the program does
   const std::string before(TextOf(input.Rest()));
-  WriteAll(file, before);
+  const std::filesystem::path file = folder.Write("settings.ini", before);
   (void)platform::ReadIni(file, setting.section, setting.key);
   (void)platform::ReadIniSection(file, setting.section);
 

@@ -1,5 +1,7 @@
 #include "file_faults.h"
 
+#include <gtest/gtest.h>
+
 #include "core/file.h"
 #include "temporary_folder.h"
 

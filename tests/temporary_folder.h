@@ -1,7 +1,5 @@
-// A temporary folder for one test, removed with the object.
+// A temporary folder for a test or a fuzz target, removed with the object.
 #pragma once
-
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>

@@ -21,10 +21,14 @@ class CommandLine : public testing::Test {
     builder.Fill(0, 0x70000, 0);
     PutHeader(builder, "C55");
     builder.Data(0x10, Data{0xD0, 0x90, 0x41, 0x00});
-    dump = PathText(folder.Write("dump.bin", std::move(builder).Take()));
+    dump = Dump("dump.bin", std::move(builder));
     missing = PathText(folder / "missing.bin");
     empty = PathText(folder.Write("empty.bin", std::string()));
     book = PathText(folder.Write("book.adr", std::string("\x34\x12\101BC\0DE", 8)));
+  }
+
+  [[nodiscard]] std::string Dump(const char* name, ImageBuilder image) const {
+    return PathText(folder.Write(name, std::move(image).Take()));
   }
 
   // Makes the demonstration fullflash.
@@ -47,6 +51,11 @@ void ExpectDiagnosis(const Result& result, int status, const std::string& file) 
   EXPECT_NE(result.err.find(file), std::string::npos) << result.err;
 }
 
+void ExpectPrinted(const std::vector<std::string>& arguments, const std::string& part) {
+  const std::string out = Call(arguments).out;
+  EXPECT_NE(out.find(part), out.npos) << out;
+}
+
 TEST_F(CommandLine, InfoPrintsSummariesInOrder) {
   const Result one = Call({"info", dump});
   EXPECT_EQ(one.status, done);
@@ -56,25 +65,19 @@ TEST_F(CommandLine, InfoPrintsSummariesInOrder) {
   EXPECT_EQ(Call({"info", dump, "--language", "ru"}).out, Call({"--language", "RU", "info", dump}).out);
 }
 
-TEST_F(CommandLine, InfoKeepsControlCharactersInJsonOnly) {
+TEST_F(CommandLine, InfoDescribesTheT9AreaAndKeepsControlCharactersInJsonOnly) {
   ImageBuilder builder(0x100000);
   PutHeader(builder, "C55");
   builder.Text(0x7FF60, "\x1B[31m");
-  const std::string file = PathText(folder.Write("control.bin", std::move(builder).Take()));
-  EXPECT_NE(Call({"info", "--json", file}).out.find("\"header_text\":\"\\u001b[31m\""), std::string::npos);
-  EXPECT_NE(Call({"info", file}).out.find("Firmware 24 .[31m\n"), std::string::npos);
-}
-
-TEST_F(CommandLine, InfoDescribesTheT9Area) {
-  ImageBuilder builder(0x100000);
   builder.Fill(0x20000, 0x8000, 0x11);
   builder.DWord(builder.Text(0x20000, "T9") + 1, 0x6000);
   builder.Byte(0x20008, 3);
-  const std::string file = PathText(folder.Write("t9.bin", std::move(builder).Take()));
-  EXPECT_NE(Call({"info", "--json", file})
-                .out.find("\"t9\":{\"base\":131072,\"size\":24576,\"full\":65536,\"free\":163840,"
-                          "\"empty\":32768,\"languages\":3}"),
-            std::string::npos);
+  const std::string file = Dump("t9.bin", std::move(builder));
+  ExpectPrinted({"info", "--json", file}, "\"header_text\":\"\\u001b[31m\"");
+  ExpectPrinted({"info", "--json", file},
+                "\"t9\":{\"base\":131072,\"size\":24576,\"full\":65536,\"free\":163840,\"empty\":32768,"
+                "\"languages\":3}");
+  ExpectPrinted({"info", file}, "Firmware 24 .[31m\n");
 }
 
 TEST_F(CommandLine, InfoGoesOnAfterAFileThatFails) {
@@ -99,15 +102,17 @@ TEST_F(CommandLine, FilesThatCannotBeReadEndWithThree) {
 }
 
 TEST_F(CommandLine, DecodePrintsUnitsTextAndEnd) {
-  EXPECT_EQ(Call({"decode", "GetSiem", dump, "0x10"}).out,
-            "{\"units\":[1040,65],\"text\":\"АA\",\"end\":19,\"fault\":false}\n");
-  EXPECT_EQ(Call({"decode", "GetStr", dump, "7ff70"}).out,
-            "{\"units\":[67,53,53],\"text\":\"C55\",\"end\":524144,\"fault\":false}\n");
-  EXPECT_EQ(Call({"decode", "WordA", book, "0"}).out, "{\"value\":4660,\"end\":0,\"fault\":false}\n");
-  EXPECT_EQ(Call({"decode", "GetStrA", book, "2"}).out,
-            "{\"units\":[65,66,67],\"text\":\"ABC\",\"end\":2,\"fault\":false}\n");
-  EXPECT_EQ(Call({"decode", "GetStrA", book, "2", "--width", "1"}).out,
-            "{\"units\":[65],\"text\":\"A\",\"end\":2,\"fault\":false}\n");
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"GetSiem", dump, "0x10"}, "{\"units\":[1040,65],\"text\":\"АA\",\"end\":19,\"fault\":false}\n"},
+      {{"GetStr", dump, "7ff70"}, "{\"units\":[67,53,53],\"text\":\"C55\",\"end\":524144,\"fault\":false}\n"},
+      {{"WordA", book, "0"}, "{\"value\":4660,\"end\":0,\"fault\":false}\n"},
+      {{"GetStrA", book, "2"}, "{\"units\":[65,66,67],\"text\":\"ABC\",\"end\":2,\"fault\":false}\n"},
+      {{"GetStrA", book, "2", "--width", "1"}, "{\"units\":[65],\"text\":\"A\",\"end\":2,\"fault\":false}\n"},
+  };
+  for (auto [arguments, out] : cases) {
+    arguments.insert(arguments.begin(), "decode");
+    EXPECT_EQ(Call(arguments).out, out);
+  }
 }
 
 TEST_F(CommandLine, DecodePrintsLongTextsAndEscapes) {
@@ -122,7 +127,7 @@ TEST_F(CommandLine, DecodePrintsLongTextsAndEscapes) {
   std::size_t at = 2 * 0xFFF;
   for (const std::uint16_t unit : {0xD83D, 0xDE00, 0xD83D, 0x22, 0x5C, 0x0A, 0x01, 0x7F})
     at = builder.Word(at, unit);
-  const std::string file = PathText(folder.Write("units.bin", std::move(builder).Take()));
+  const std::string file = Dump("units.bin", std::move(builder));
   EXPECT_EQ(Call({"decode", "GetUniFF", file, "0"}).out,
             "{\"units\":[" + units + "55357,56832,55357,34,92,10,1,127],\"text\":\"" + text +
                 "\U0001F600\uFFFD\\\"\\\\\\n\\u0001\x7F\",\"end\":8206,\"fault\":false}\n");
@@ -147,17 +152,26 @@ TEST(Encode, PrintsUpperCaseHexadecimal) {
 }
 
 TEST(Address, TakesOneOfThreeForms) {
-  const std::string expected =
-      "{\"Page\":\"284\",\"Offs\":\"2345\",\"Addr\":\"A12345\",\"AdFF\":\"212345\"}\n";
-  EXPECT_EQ(Call({"address", "--base", "800000", "--page", "284", "--offs", "0x2345"}).out, expected);
-  EXPECT_EQ(Call({"address", "--base", "0x800000", "--addr", "a12345"}).out, expected);
-  EXPECT_EQ(Call({"address", "--adff", "212345", "--base", "800000"}).out, expected);
+  const std::string middle = "{\"Page\":\"284\",\"Offs\":\"2345\",\"Addr\":\"A12345\",\"AdFF\":\"212345\"}\n";
   const std::string low = "{\"Page\":\"0\",\"Offs\":\"10\",\"Addr\":\"10\",\"AdFF\":\"10\"}\n";
-  EXPECT_EQ(Call({"address", "--offs", "10"}).out, low);
-  EXPECT_EQ(Call({"address", "--adff", "10", "--base", "A0000000"}).out, low);
-  EXPECT_EQ(Call({"address", "--adff", "700010", "--base", "-700000"}).out,
-            "{\"Page\":\"0\",\"Offs\":\"10\",\"Addr\":\"10\",\"AdFF\":\"700010\"}\n");
-  EXPECT_EQ(Call({"address", "--base", "", "--adff", "10"}).out, low);
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"--base", "800000", "--page", "284", "--offs", "0x2345"}, middle},
+      {{"--base", "800000", "--page", "283", "--offs", "6345"}, middle},  // the offset carries into the page
+      {{"--base", "0x800000", "--addr", "a12345"}, middle},
+      {{"--base", "800000", "--addr", "1A12345"}, middle},  // only the low 24 bits count
+      {{"--adff", "212345", "--base", "800000"}, middle},
+      {{"--offs", "10"}, low},
+      {{"--adff", "10", "--base", "A0000000"}, low},
+      {{"--base", "", "--adff", "10"}, low},
+      {{"--adff", "700010", "--base", "-700000"},
+       "{\"Page\":\"0\",\"Offs\":\"10\",\"Addr\":\"10\",\"AdFF\":\"700010\"}\n"},
+      {{"--base", "800000", "--addr", "1000"},  // below the base
+       "{\"Page\":\"0\",\"Offs\":\"1000\",\"Addr\":\"1000\",\"AdFF\":\"801000\"}\n"},
+  };
+  for (auto [arguments, out] : cases) {
+    arguments.insert(arguments.begin(), "address");
+    EXPECT_EQ(Call(arguments).out, out) << testing::PrintToString(arguments);
+  }
 }
 
 TEST_F(CommandLine, ListsPrintTheirCaptionsWithoutARow) {
@@ -170,30 +184,29 @@ TEST_F(CommandLine, ListsPrintTheirCaptionsWithoutARow) {
   ExpectDiagnosis(Call({"list", "eeprom", missing}), fileTrouble, missing);
 }
 
-TEST_F(CommandLine, ListsTheDemonstrationsBlocksAndPictures) {
+TEST_F(CommandLine, ListsAndExportsTheDemonstrationsPicturesAndRingtones) {
   const std::string demo = Demo();
-  EXPECT_EQ(Lines(Call({"list", "eeprom", demo}).out), 1 + 241);
-  EXPECT_EQ(Lines(Call({"list", "eeprom", "--deleted", demo}).out), 1 + 367);
-  const Result first = Call({"list", "pictures", "--json", demo});
-  EXPECT_EQ(first.out.substr(0, first.out.find('\n')),
+  const Result list = Call({"list", "pictures", "--json", demo});
+  EXPECT_EQ(list.out.substr(0, list.out.find('\n')),
             "{\"P\":\"1\",\"N/P\":\"000\",\"N\":\"   0\",\"X\":\"  4\",\"Y\":\"  4\",\"B\":\" 1\","
             "\"Offset\":\"280000\",\"Size\":\"    4\",\"Uncomp\":\"\",\"PIT\":\"200000\"}");
-  const std::string to = PathText(folder / "out" / "of");
-  const Result one = Call({"export", "pictures", demo, "--number", "0", "--to", to, "--format", "png"});
-  EXPECT_EQ(one.out, PathText(folder / "out" / "of" / "demo_0000.png") + "\n");
-  EXPECT_EQ(ReadAll(folder / "out" / "of" / "demo_0000.png").substr(0, 4), "\x89PNG");
+  EXPECT_GT(Lines(list.out), 200);
+  const auto to = folder / "out" / "of";
+  const auto one =
+      Call({"export", "pictures", demo, "--number", "0", "--to", PathText(to), "--format", "png"});
+  EXPECT_EQ(one.out, PathText(to / "demo_0000.png") + "\n");
+  EXPECT_EQ(ReadAll(to / "demo_0000.png").substr(0, 4), "\x89PNG");
+  EXPECT_EQ(Lines(Call({"export", "pictures", demo}).out), Lines(list.out));
+  EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));
   EXPECT_EQ(Call({"export", "pictures", demo, "--number", "9999"}).status, nothingFound);
+
   EXPECT_EQ(Lines(Call({"list", "ringtones", demo}).out), 1 + 16);
   const Result raw = Call({"export", "ringtones", demo, "--number", "0x2"});
   EXPECT_EQ(raw.out, PathText(folder / "MIDI" / "demo_0002.bin") + "\n");
   EXPECT_EQ(Lines(Call({"export", "ringtones", demo, "--format", "midi"}).out), 15);  // all but the WAVE file
-  EXPECT_EQ(Call({"export", "ringtones", demo, "--number", "0", "--format", "midi"}).status, done);
   const Result wave = Call({"export", "ringtones", demo, "--number", "7", "--format", "midi"});
-  EXPECT_EQ(wave.status, nothingFound);  // it is a WAVE file
+  EXPECT_EQ(wave.status, nothingFound);
   EXPECT_EQ(wave.out, "");
-  EXPECT_GT(Lines(first.out), 200);
-  EXPECT_EQ(Lines(Call({"export", "pictures", demo}).out), Lines(first.out));
-  EXPECT_TRUE(FileExist(folder / "BMP" / "demo_0000.bmp"));
 }
 
 TEST_F(CommandLine, MapsDumps) {
@@ -212,8 +225,10 @@ TEST_F(CommandLine, MapsDumps) {
   ExpectDiagnosis(Call({"map", missing}), fileTrouble, missing);
 }
 
-TEST_F(CommandLine, ExportsTheDemonstrationsBlocks) {
+TEST_F(CommandLine, ListsAndExportsTheDemonstrationsBlocks) {
   const std::string demo = Demo();
+  EXPECT_EQ(Lines(Call({"list", "eeprom", demo}).out), 1 + 241);
+  EXPECT_EQ(Lines(Call({"list", "eeprom", "--deleted", demo}).out), 1 + 367);
   const Result one = Call({"export", "eeprom", demo, "--number", "5076"});
   EXPECT_EQ(one.out, PathText(folder / "EEPROM" / "demo_5076.bin") + "\n");
   EXPECT_EQ(ReadAll(folder / "EEPROM" / "demo_5076.bin").size(), 66u);
@@ -239,10 +254,9 @@ TEST_F(CommandLine, FindsPatterns) {
 TEST_F(CommandLine, TooManyBlocksAreAFault) {
   ImageBuilder builder(0x10000);
   for (std::size_t i = 0; i < 2001; ++i) PutBlock(builder, i * 12, liveBlockState, 1, 0, 4);
-  const std::string full = PathText(folder.Write("full.bin", std::move(builder).Take()));
-  const Result result = Call({"list", "eeprom", full});
-  ExpectDiagnosis(result, scanFault, full);
-  EXPECT_EQ(result.out, "");
+  const std::string full = Dump("full.bin", std::move(builder));
+  EXPECT_EQ(Call({"list", "eeprom", full}).out, "");
+  ExpectDiagnosis(Call({"list", "eeprom", full}), scanFault, full);
   ExpectDiagnosis(Call({"map", full}), scanFault, full);
   ExpectDiagnosis(Call({"export", "eeprom", full}), scanFault, full);
 }
@@ -261,37 +275,25 @@ TEST_F(CommandLine, WrongArgumentsEndWithTwoAndOneLine) {
                                               {"find", dump, ""},
                                               {"info", "--jobs", "", dump},
                                               {"export", "ringtones", dump, "--number", ""}};
-  for (const char* line : {"",
-                           "nonsense",
-                           "info",
-                           "info -",
-                           "info DUMP -",
-                           "info --frobnicate DUMP",
-                           "info DUMP --language XX",
-                           "info --jobs 0 DUMP",
-                           "info --jobs -1 DUMP",
-                           "decode GetFoo DUMP 0",
-                           "decode GetStr DUMP",
-                           "decode GetStr DUMP xyz",
-                           "decode GetStrA BOOK 0 --width -1",
-                           "decode GetStrA BOOK 0 --width 0x10",
-                           "encode",
-                           "encode a b",
-                           "address --base 10",
-                           "address --addr 1 --adff 1",
-                           "address --page G",
-                           "address --addr",
-                           "address --base -80000001 --addr 1",
-                           "address --base --addr 1",
-                           "demo",
-                           "demo -",
-                           "export eeprom DUMP --number 0x10",
-                           "export eeprom DUMP --format bmp"}) {
-    std::istringstream words(line);
-    std::vector<std::string>& call = calls.emplace_back();
-    for (std::string word; words >> word;)
-      call.push_back(word == "DUMP" ? dump : word == "BOOK" ? book : word);
-  }
+  const std::pair<const char*, std::vector<const char*>> wrong[] = {
+      {"", {"", "nonsense"}},
+      {"info",
+       {"", "-", "DUMP -", "--frobnicate DUMP", "DUMP --language XX", "--jobs 0 DUMP", "--jobs -1 DUMP"}},
+      {"decode", {"GetFoo DUMP 0", "GetStr DUMP", "GetStr DUMP xyz"}},
+      {"decode GetStrA BOOK 0", {"--width -1", "--width 0x10"}},
+      {"encode", {"", "a b"}},
+      {"address", {"--base 10", "--addr 1 --adff 1", "--page G", "--addr"}},
+      {"address", {"--base -80000001 --addr 1", "--base --addr 1"}},
+      {"demo", {"", "-"}},
+      {"export eeprom DUMP", {"--number 0x10", "--format bmp"}},
+  };
+  for (const auto& [command, rests] : wrong)
+    for (const std::string rest : rests) {
+      std::istringstream words(command + (" " + rest));
+      std::vector<std::string>& call = calls.emplace_back();
+      for (std::string word; words >> word;)
+        call.push_back(word == "DUMP" ? dump : word == "BOOK" ? book : word);
+    }
   for (const auto& call : calls) {
     SCOPED_TRACE(testing::PrintToString(call));
     const Result result = Call(call);

@@ -81,10 +81,9 @@ TEST_F(PatchCommands, DiffComparesByPhoneAddress) {
 TEST_F(PatchCommands, DiffPrintsCorrectedAddresses) {
   ImageBuilder s45(0x600000);
   PutHeader(s45, "S45");
-  const std::string before = PathText(folder.Write("s45.bin", ImageBuilder(s45).Take()));
+  const auto before = PathText(folder.Write("s45.bin", ImageBuilder(s45).Take()));
   s45.Byte(0x10, 0);
-  const std::string after = PathText(folder.Write("changed.bin", std::move(s45).Take()));
-  EXPECT_EQ(Call({"diff", before, after}), done);
+  EXPECT_EQ(Call({"diff", before, PathText(folder.Write("changed.bin", std::move(s45).Take()))}), done);
   EXPECT_EQ(out, "000010\t800010\t1\tFF\t00\n");
 }
 
@@ -129,17 +128,17 @@ TEST_F(PatchCommands, NothingIsWrittenIfALineDoesNotFit) {
 
 TEST_F(PatchCommands, InputFilesAreNotOverwritten) {
   ASSERT_EQ(Call({"diff", one, other, "--patch", patch}), done);
-  for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
-           {"apply", one, patch, "--output", one},
-           {"apply", one, patch, "--output", PathText(folder / "." / "a.qpt")},
-           {"apply", one, patch, "--output", "-"},
-           {"apply", one, patch},
-           {"apply", one, "-", "--output", made},
-           {"diff", one, other, "--patch", other},
-           {"diff", one, other, "--patch", ""},
-           {"diff", one},
-           {"diff", one, "-"}})
-    EXPECT_EQ(Call(call), wrongArguments) << call[0] << " " << call.back();
+  const std::vector<std::string> calls[] = {
+      {"apply", one, patch, "--output", one},
+      {"apply", one, patch, "--output", PathText(folder / "." / "a.qpt")},
+      {"apply", one, patch, "--output", "-"},
+      {"apply", one, patch},
+      {"apply", one, "-", "--output", made},
+      {"diff", one, other, "--patch", other},
+      {"diff", one, other, "--patch", ""},
+      {"diff", one},
+      {"diff", one, "-"}};
+  for (const auto& call : calls) EXPECT_EQ(Call(call), wrongArguments) << call[0] << " " << call.back();
   EXPECT_EQ(Call({"apply", one, made, "--output", made}), fileTrouble);
   EXPECT_EQ(Call({"diff", one, made}), fileTrouble);
   EXPECT_EQ(Call({"diff", one, other, "--patch", PathText(folder / "no" / "a")}), fileTrouble);

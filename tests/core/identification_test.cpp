@@ -42,21 +42,16 @@ TEST(Identify, LooksForTheSignatureEveryTwoMebibytes) {
 }
 
 TEST(Identify, RequiresTheWholeSignature) {
-  const auto isFound = [](std::string_view text) {
+  for (const char* text : {"SIEMEN", "SIEMENS ", "siemens", "xSIEMENS", "SIEMENS\x01"}) {
     ImageBuilder builder(mebi);
     builder.Text(0x7FF80, text);
-    return Identified(std::move(builder)).info.SigPos.has_value();
-  };
-  for (const char* text : {"SIEMEN", "SIEMENS ", "siemens", "xSIEMENS"}) EXPECT_FALSE(isFound(text)) << text;
-  EXPECT_TRUE(isFound("SIEMENS\x01"));  // any stop byte is accepted
+    const bool isWhole = text == std::string_view("SIEMENS\x01");  // any stop byte is accepted
+    EXPECT_EQ(Identified(std::move(builder)).info.SigPos.has_value(), isWhole) << text;
+  }
 }
 
 TEST(Identify, CorrectsTheBaseOfSomeModels) {
-  struct {
-    const char* model;
-    std::size_t size;
-    std::int32_t base;
-  } const cases[] = {
+  constexpr std::tuple<const char*, std::size_t, std::int32_t> cases[] = {
       {"S45", 6 * mebi, 0x800000},  {"ME45", 6 * mebi, 0x800000}, {"S45i", 8 * mebi, 0x800000},
       {"S45", 4 * mebi, 0xC00000},  {"C45", 6 * mebi, 0xA00000},  {"A52", 4 * mebi, 0x800000},
       {"A52", 32 * mebi, 0x800000}, {"s45", 6 * mebi, 0xA00000},
@@ -98,50 +93,46 @@ ImageBuilder WithT9(std::size_t imageSize, std::uint32_t exact, std::size_t used
 }
 
 TEST(T9, IsMeasuredToItsLastUsedByte) {
-  const Identified phone(WithT9(mebi, 0x12345, 0x12345));
-  ASSERT_TRUE(phone.info.t9);
-  EXPECT_EQ(phone.info.t9->T9Base, 0x10000);
-  EXPECT_EQ(phone.info.t9->T9Full, 0x20000);
-  EXPECT_EQ(phone.info.t9->T9Free, 0x22345);
-  EXPECT_EQ(phone.info.StatusText(), " T9lg4");
-}
-
-TEST(T9, FreeAreaEndsAtUsedBytesAndAtTheExactSize) {
-  EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x20000)).info.t9->Empty(), 0);  // used up to the end
-  EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x1FFFF)).info.t9->Empty(), 1);
-  EXPECT_EQ(Identified(WithT9(mebi, 0x12345, 0x100)).info.t9->Empty(), 0x10000 + 0x20000 - 0x22345);
-  // A size beyond the full size: 0x212345 AND 0x1F0000 is 0x10000.
-  EXPECT_EQ(Identified(WithT9(mebi, 0x212345, 0x100)).info.t9->Empty(), 0);
-}
-
-TEST(T9, HasAFullSizeInWholeBlocks) {
-  constexpr std::pair<std::uint32_t, std::int32_t> sizes[] = {
-      {0, 0x10000},         {1, 0x10000},        {0xFFFF, 0x10000},   {0x10000, 0x20000},
-      {0x20000, 0x30000},   {0x40000, 0x50000},  {0x80000, 0x90000},  {0x100000, 0x110000},
-      {0x1FFFFF, 0x200000}, {0x200000, 0x10000}, {0x400000, 0x10000}, {0x7FE0FFFF, 0x10000},
+  const struct {
+    std::uint32_t exact;
+    std::size_t used;
+    std::int32_t full;
+    std::int64_t empty;
+  } cases[] = {
+      {0x12345, 0x12345, 0x20000, 0xDCBB},
+      {0x12345, 0x20000, 0x20000, 0},  // used up to the end
+      {0x12345, 0x1FFFF, 0x20000, 1},
+      {0x12345, 0x100, 0x20000, 0xDCBB},  // the free area begins after the exact size
+      {0x212345, 0x100, 0x20000, 0},      // a size beyond the full size
+      {0, 0x100, 0x10000, 0xFF00},
+      {0xFFFF, 0x100, 0x10000, 1},
+      {0x10000, 0x100, 0x20000, 0x10000},
+      {0x100000, 0x100, 0x110000, 0x10000},
+      {0x1FFFFF, 0x100, 0x200000, 1},
+      {0x200000, 0x100, 0x10000, 0},
+      {0x7FE0FFFF, 0x100, 0x10000, 0},
   };
-  for (const auto& [exact, full] : sizes) {
-    const Identified phone(WithT9(4 * mebi, exact, 0x100));
+  for (const auto& [exact, used, full, empty] : cases) {
+    const Identified phone(WithT9(4 * mebi, exact, used));
     ASSERT_TRUE(phone.info.t9) << exact;
+    EXPECT_EQ(phone.info.t9->T9Base, 0x10000);
     EXPECT_EQ(phone.info.t9->T9Size, static_cast<std::int32_t>(exact));
     EXPECT_EQ(phone.info.t9->T9Full, full) << exact;
+    EXPECT_EQ(phone.info.t9->Empty(), empty) << exact << ' ' << used;
+    EXPECT_EQ(phone.info.StatusText(), " T9lg4");
   }
 }
 
-TEST(T9, IsTheFirstAreaEvenIfItCannotBeRead) {
-  ImageBuilder image = WithT9(mebi, 0x12345, 0x100);
-  EXPECT_TRUE(Identified(image).info.t9);
-  image.Text(0, "T9");  // its size is negative
-  EXPECT_FALSE(Identified(image).info.t9);
-  image.DWord(4, 0x100);
-  EXPECT_EQ(Identified(image).info.t9->T9Base, 0);
-}
-
-TEST(T9, IsAbsentIfItCannotBeRead) {
+TEST(T9, IsTheFirstAreaThatCanBeReadOrNone) {
   EXPECT_FALSE(Identified(WithT9(0x2FFFF, 0x12345, 0x100)).info.t9);  // cut off by the end
   EXPECT_TRUE(Identified(WithT9(0x30000, 0x12345, 0x100)).info.t9);
   EXPECT_FALSE(Identified(WithT9(mebi, 0x80000000, 0x100)).info.t9);    // negative as a signed double word
   EXPECT_FALSE(Identified(WithT9(17 * mebi, 0x12345, 0x100)).info.t9);  // a large image
+  ImageBuilder image = WithT9(mebi, 0x12345, 0x100);
+  image.Text(0, "T9");  // its size is negative
+  EXPECT_FALSE(Identified(image).info.t9);
+  image.DWord(4, 0x100);
+  EXPECT_EQ(Identified(image).info.t9->T9Base, 0);
   ImageBuilder shifted(mebi);
   shifted.Text(0x10001, "T9");
   EXPECT_FALSE(Identified(shifted).info.t9);

@@ -9,8 +9,7 @@ namespace {
 
 std::string SummaryOf(ImageBuilder builder, const Messages& messages = Messages()) {
   Fullflash image = ImageOf(std::move(builder));
-  const Identification info = Identify(image);
-  return Summary("C:\\ff\\s45.bin", image, info, messages);
+  return Summary("C:\\ff\\s45.bin", image, Identify(image), messages);
 }
 
 TEST(Summary, HasALineForEachKnownFact) {

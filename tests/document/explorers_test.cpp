@@ -79,26 +79,18 @@ void ExpectListed(const Explorer& explorer, const Dump& dump, const Findings& fo
   }
 }
 
-TEST(Explorers, HaveARowForEachRecord) {
+TEST(Explorers, ListEachRecordAndClaimBytesAsTheirOwnKindsOnly) {
   for (const CraftedImage& crafted : CraftedImages()) {
     const Dump dump = DumpOf(crafted);
     for (const Explorer* explorer : Explorers()) {
       SCOPED_TRACE(std::string(explorer->key) + " in " + crafted.name);
       const Findings found = explorer->search(dump, noProgress);
       for (const bool deleted : {false, true}) ExpectListed(*explorer, dump, found, deleted);
-    }
-  }
-}
-
-TEST(Explorers, ClaimBytesAsTheirOwnKindsOnly) {
-  for (const CraftedImage& crafted : CraftedImages()) {
-    const Dump dump = DumpOf(crafted);
-    for (const Explorer* explorer : Explorers())
-      for (const Claim& claim : ClaimsOf(*explorer, dump, explorer->search(dump, noProgress))) {
-        ASSERT_NE(std::ranges::find(explorer->kinds, claim.kind), explorer->kinds.end())
-            << explorer->key << " in " << crafted.name << " at " << claim.offset;
+      for (const Claim& claim : ClaimsOf(*explorer, dump, found)) {
+        ASSERT_NE(std::ranges::find(explorer->kinds, claim.kind), explorer->kinds.end()) << claim.offset;
         ASSERT_NE(claim.sure, Sureness::Unknown) << claim.kind->key;
       }
+    }
   }
 }
 
@@ -130,14 +122,11 @@ TEST(Explorers, KnowWholeOffsetsAbove16MiB) {
   image.Fill(0x1100010, 8, 0);
   for (std::uint8_t i = 0; i < 6; ++i) PutRingtone(image, 0x1103000 + 8u * i, i, 2, 0x1104000 + 8u * i);
   const Dump dump{ImageOf(std::move(image)), {}, {}};
-  const struct {
-    const char* key;
-    std::size_t record;
-    Offset entry, data;
-  } cases[] = {{"eeprom", 0, 0x1170000, 0x60F60000},
-               {"pictures", 0, 0x1100000, 0x1101000},
-               {"pictures", 1, 0x1100008, 0x1102000},
-               {"ringtones", 5, 0x1103028, 0x1104028}};
+  constexpr std::tuple<const char*, std::size_t, Offset, Offset> cases[] = {
+      {"eeprom", 0, 0x1170000, 0x60F60000},
+      {"pictures", 0, 0x1100000, 0x1101000},
+      {"pictures", 1, 0x1100008, 0x1102000},
+      {"ringtones", 5, 0x1103028, 0x1104028}};
   for (const auto& [key, record, entry, data] : cases) {
     const Explorer& explorer = *FindExplorer(key);
     const Findings found = explorer.search(dump, noProgress);

@@ -51,11 +51,11 @@ TEST_F(BlockFiles, AreLoadedIntoTheLiveBlocksPlace) {
 }
 
 TEST_F(BlockFiles, OfAnotherSizeAreRefusedWithBothSizes) {
-  for (const char* text : {"", "1234", "123456"}) try {
-      (void)LoadBlock(image, store, 76, folder.Write("new", std::string(text)));
+  for (const std::string text : {"", "1234", "123456"}) try {
+      (void)LoadBlock(image, store, 76, folder.Write("new", text));
       ADD_FAILURE() << text;
     } catch (const WrongBlockSize& error) {
-      EXPECT_EQ(error.fileSize, std::string_view(text).size());
+      EXPECT_EQ(error.fileSize, text.size());
       EXPECT_EQ(error.blockSize, 5);
     }
 }

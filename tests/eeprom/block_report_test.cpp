@@ -47,6 +47,7 @@ class Generations : public testing::Test {
 TEST_F(Generations, AreComparedWithTheOneShown) {
   EXPECT_EQ(Report(2).record, store_.records[2]);
   EXPECT_EQ(Report(2).address, 0xFF1010u);
+  EXPECT_EQ(Report(5).address, 0xFEFFFEu);
   EXPECT_EQ(OthersOf(2), (Others{{0, {Kind::Differing, 2, 1}},  // one byte differs, and one is extra
                                  {3, {Kind::Same}},
                                  {4, {Kind::Outside}},
@@ -59,12 +60,7 @@ TEST_F(Generations, AreComparedWithTheOneShown) {
 }
 
 TEST_F(Generations, HaveTheDataThatLiesInTheImage) {
-  const struct {
-    std::size_t record;
-    std::string dump;
-    Offset offset;
-    bool whole;
-  } cases[] = {
+  const std::tuple<std::size_t, std::string, Offset, bool> cases[] = {
       {2, "0000  41 58 43 00 45                                   AXC.E", 0x1010, true},
       {4, "0000  FF FF                                            яя", 0xFFFE, false},
       {5, "0002  62                                               b", 0, false},
@@ -77,7 +73,6 @@ TEST_F(Generations, HaveTheDataThatLiesInTheImage) {
     EXPECT_EQ(data.offset, offset);
     EXPECT_EQ(data.whole, whole) << record;
   }
-  EXPECT_EQ(Report(5).address, 0xFEFFFEu);
 }
 
 TEST_F(Generations, AreFoundByNumber) {
@@ -93,14 +88,13 @@ TEST_F(Generations, AreFoundByNumber) {
   store_.records[2].State = deletedBlockState;
   EXPECT_EQ(LiveBlock(store_, ViewerEntry::x5079), std::nullopt);
   EXPECT_EQ(PreviousBlock(store_, 5080), 7u);  // the last of the deleted ones
-}
 
-TEST(BlockReport, FindsTheLowestLiveBlockOfAMenuEntry) {
+  // A menu entry of several blocks shows the lowest, and the later one of two live ones.
   const BlockStore store = StoreOf({{5241, 0, 0, 4, true, liveBlockState, 0},
                                     {5237, 0, 0, 4, true, liveBlockState, 12},
                                     {5136, 0, 0, 4, false, deletedBlockState, 24},
                                     {5237, 0, 0, 4, true, liveBlockState, 36}});
-  EXPECT_EQ(LiveBlock(store, ViewerEntry::x5136), 3u);  // the later of two live ones
+  EXPECT_EQ(LiveBlock(store, ViewerEntry::x5136), 3u);
 }
 
 TEST(HexDump, HasARowForEachSixteenBytes) {
@@ -114,9 +108,7 @@ TEST(HexDump, HasARowForEachSixteenBytes) {
             "0000  30 98 A0 AD 34 35 36 37 38 39 3A 3B 3C 3D 3E 3F  0...456789:;<=>?\n"
             "0010  40 41                                            @A");
 
-  const struct {
-    std::size_t line, column, byte;
-  } places[] = {
+  constexpr std::tuple<std::size_t, std::size_t, std::size_t> places[] = {
       {0, 0, 0},  {0, 5, 0},   {0, 6, 0},   {0, 8, 0},    {0, 9, 1}, {0, 52, 15}, {0, 54, 15},  // digits
       {0, 55, 0}, {0, 58, 3},  {0, 71, 15}, {0, 999, 15},                                       // text
       {1, 9, 17}, {1, 12, 17}, {1, 56, 17}, {2, 0, 17},                                         // the end
@@ -126,26 +118,22 @@ TEST(HexDump, HasARowForEachSixteenBytes) {
   for (std::size_t i = 0; i < bytes.size(); ++i) EXPECT_EQ(DumpByte(data, i / 16, DumpColumn(i)), i);
 }
 
-std::vector<std::string> Texts(Data bytes, std::size_t start) {
-  std::vector<std::string> texts;
-  for (const BlockReading& reading : ReadAsText(bytes, start)) texts.push_back(reading.text);
-  return texts;
-}
-
 TEST(ReadAsText, AsksEveryDecoder) {
   using Readings = std::vector<std::string>;
+  const auto texts = [](const Data& bytes, std::size_t start) {
+    Readings readings;
+    for (const BlockReading& reading : ReadAsText(bytes, start)) readings.push_back(reading.text);
+    return readings;
+  };
   const Data bytes{0x02, 0x00, 'A', 0x00, 0x42, 0x04, 0xFF, 0xFF};
   // To a stop byte, counted, shifted; 16 bits in either order and to the stop; 7 bits; paged.
-  EXPECT_EQ(Texts(bytes, 0),
+  EXPECT_EQ(texts(bytes, 0),
             (Readings{"<0002>", "<0000>A", "<0002>", "Aт", "A", "<0002>Aт", "<0000><0002>", "<02>"}));
-  EXPECT_EQ(Texts(bytes, 2), (Readings{"A", "", "A", "", "Bӿ", "Aт", "", "A"}));
-  EXPECT_EQ(Texts(bytes, 8), Readings(8));
-}
-
-TEST(ReadAsText, ShowsInvisibleCharacters) {
+  EXPECT_EQ(texts(bytes, 2), (Readings{"A", "", "A", "", "Bӿ", "Aт", "", "A"}));
+  EXPECT_EQ(texts(bytes, 8), Readings(8));
   // A change of writing direction, an unpaired surrogate, a surrogate pair, a byte order mark.
-  const Data bytes{0x2E, 0x20, 0x3D, 0xD8, 0x3D, 0xD8, 0x00, 0xDE, 0xFF, 0xFE, 0xFF, 0xFF};
-  EXPECT_EQ(Texts(bytes, 0)[5], "<202E><D83D>\U0001F600<FEFF>");
+  const Data hidden{0x2E, 0x20, 0x3D, 0xD8, 0x3D, 0xD8, 0x00, 0xDE, 0xFF, 0xFE, 0xFF, 0xFF};
+  EXPECT_EQ(texts(hidden, 0)[5], "<202E><D83D>\U0001F600<FEFF>");
 }
 
 }  // namespace

@@ -14,37 +14,32 @@ BlockStore Sample() {
   return StoreOf({
       {67, 5, 0x1234, 22, true, 0xFC, 0x7FC000},
       {5076, 1, 0x76ABCD, 5375, false, 0xF0, 0x40},
-      {5999, 33, 0, 0, false, 0xFC, 0x7FC018},
+      {1, 0, -0x40000, 12345, false, 0xFC, 0x1F6000C},
+      {1, 255, 0x60BF0012, 65535, false, 0xFC, 0x7FFFFFF4},
   });
 }
 
-const Descriptions known{{1, "about 1"}, {5076, "about 5076"}, {5999, "about 5999"}};
+const Descriptions known{{1, "about 1"}, {5076, "about 5076"}};
 
 TEST(BlockTable, HasARowForEachBlock) {
   const BlockStore store = Sample();
   const Table table = ShowEE(store, known).All();
   EXPECT_EQ(table.captions, (Cells{"Block", "Description", "EIT", "V", "Offset", "Size", "i", "-"}));
-  ASSERT_EQ(table.rows.size(), 3);
+  ASSERT_EQ(table.rows.size(), 4);
   EXPECT_EQ(table.rows[0].cells, (Cells{"  67", "", "7FC000", " 5", "001234", "  22", "*", ""}));
   EXPECT_EQ(table.rows[1].cells, (Cells{"5076", "about 5076", "000040", " 1", "76ABCD", "5375", "", "-"}));
-  EXPECT_EQ(table.rows[2].cells, (Cells{"5999", "about 5999", "7FC018", "33", "000000", "   0", "", ""}));
+  // Columns keep the rightmost digits.
+  EXPECT_EQ(table.rows[2].cells, (Cells{"   1", "about 1", "F6000C", " 0", "FC0000", "2345", "", ""}));
+  EXPECT_EQ(table.rows[3].cells, (Cells{"   1", "about 1", "FFFFF4", "55", "BF0012", "5535", "", ""}));
   EXPECT_FALSE(table.rows[0].marked);
   EXPECT_TRUE(table.rows[1].marked);
-}
-
-TEST(BlockTable, KeepsTheRightmostDigits) {
-  const BlockStore store = StoreOf({{1, 0, -0x40000, 12345, false, 0xFC, 0x1F6000C},
-                                    {1, 255, 0x60BF0012, 65535, false, 0xFC, 0x7FFFFFF4}});
-  const Table table = ShowEE(store, known).All();
-  EXPECT_EQ(table.rows[0].cells, (Cells{"   1", "about 1", "F6000C", " 0", "FC0000", "2345", "", ""}));
-  EXPECT_EQ(table.rows[1].cells, (Cells{"   1", "about 1", "FFFFF4", "55", "BF0012", "5535", "", ""}));
 }
 
 TEST(BlockTable, ReportsTheCounts) {
   const Messages messages;
   EXPECT_EQ(BlockInformation(Sample(), messages),
-            "Number of EEPROM-blocks: 2\nNumber of deleted blocks: 1\n");
-  EXPECT_EQ(BlockStatus(Sample()), "2 / 1");
+            "Number of EEPROM-blocks: 3\nNumber of deleted blocks: 1\n");
+  EXPECT_EQ(BlockStatus(Sample()), "3 / 1");
 
   // Deleted blocks alone count as blocks too.
   const BlockStore deleted = StoreOf({{1, 0, 0, 0, false, 0xF0, 0}});

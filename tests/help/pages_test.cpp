@@ -4,13 +4,12 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 
 #include "resources/messages.h"
 #include "resources/texts.h"
+#include "temporary_folder.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -18,18 +17,14 @@ namespace {
 
 using Pages = std::map<std::string, std::string>;  // texts by file name
 
-std::string ReadPage(const std::string& name) {
-  std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "help" / name, std::ios::binary);
-  EXPECT_TRUE(stream) << name;
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
+const std::filesystem::path folder = std::filesystem::path(TARVELO_SOURCES) / "help";
 
 // The pages of all languages.
 Pages AllPages() {
   Pages pages;
   for (const Language& language : Languages()) {
     const std::string name(Messages(language).Msg(Text::ManualFile));
-    if (!pages.contains(name)) pages.emplace(name, ReadPage(name));
+    pages.emplace(name, ReadAll(folder / name));
   }
   return pages;
 }
@@ -57,44 +52,33 @@ TEST(HelpPages, ExistForEveryLanguageAndStandAlone) {
   const Pages pages = AllPages();
   EXPECT_EQ(pages.size(), 2u);
   for (const auto& [name, text] : pages) {
-    EXPECT_TRUE(text.starts_with("<!DOCTYPE html>") && text.ends_with("</html>\n")) << name;
-    EXPECT_EQ(ToUtf8(ToUtf16(text)), text) << name << " is not UTF-8";
+    SCOPED_TRACE(name);
+    EXPECT_TRUE(text.starts_with("<!DOCTYPE html>") && text.ends_with("</html>\n"));
+    EXPECT_EQ(ToUtf8(ToUtf16(text)), text) << "not UTF-8";
     for (const char* outside : {"<script", "http:", "https:", "url("})
-      EXPECT_EQ(text.find(outside), text.npos) << name << ' ' << outside;
-  }
-}
+      EXPECT_EQ(text.find(outside), text.npos) << outside;
 
-TEST(HelpPages, EveryLinkHasItsTarget) {
-  const Pages pages = AllPages();
-  for (const auto& [name, text] : pages) {
     const std::vector<std::string> ids = Between(text, " id=\"", "\"");
     const std::set<std::string> places(ids.begin(), ids.end());
-    EXPECT_EQ(places.size(), ids.size()) << name << ": two places of one name";
+    EXPECT_EQ(places.size(), ids.size()) << "two places of one name";
     const std::vector<std::string> links = Between(text, " href=\"", "\"");
-    EXPECT_GT(links.size(), 16u) << name;
-    for (const std::string& link : links) {
-      const bool leads = link.starts_with('#') ? places.contains(link.substr(1)) : pages.contains(link);
-      EXPECT_TRUE(leads) << name << ' ' << link;
-    }
-  }
-}
+    EXPECT_GT(links.size(), 16u);
+    for (const std::string& link : links)
+      EXPECT_TRUE(link.starts_with('#') ? places.contains(link.substr(1)) : pages.contains(link)) << link;
 
-TEST(HelpPages, EveryPictureExistsInThePagesLanguage) {
-  for (const auto& [name, text] : AllPages()) {
     const std::vector<std::string> pictures = Between(text, " src=\"", "\"");
-    EXPECT_GT(pictures.size(), 10u) << name;
-    const std::string language = name.substr(name.find('_') + 1, 2);
+    EXPECT_GT(pictures.size(), 10u);
     for (const std::string& picture : pictures) {
-      EXPECT_TRUE(picture.starts_with("Tarvelo_images/" + language + "_")) << picture;
-      EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(TARVELO_SOURCES) / "help" / picture))
+      EXPECT_TRUE(picture.starts_with("Tarvelo_images/" + name.substr(name.find('_') + 1, 2) + "_"))
           << picture;
+      EXPECT_TRUE(std::filesystem::is_regular_file(folder / picture)) << picture;
     }
   }
 }
 
 TEST(HelpPages, SayTheSameInBothLanguages) {
-  const std::string english = ReadPage("Tarvelo_en.htm");
-  const std::string russian = ReadPage("Tarvelo_ru.htm");
+  const std::string english = ReadAll(folder / "Tarvelo_en.htm");
+  const std::string russian = ReadAll(folder / "Tarvelo_ru.htm");
   EXPECT_EQ(Between(english, " id=\"", "\""), Between(russian, " id=\"", "\""));
   EXPECT_EQ(Between(english, "<kbd>", "</kbd>"), Between(russian, "<kbd>", "</kbd>"));
   for (const char* part : {"<tr>", "<td>", "<li>", "<h3", "<pre>"})
@@ -107,7 +91,7 @@ TEST(HelpPages, NameCaptionsAsTheProgramHasThem) {
     std::set<std::string> captions;
     for (int n = 0; n < 1000; ++n) captions.insert(Caption(messages.Msg(Text{n})));
     const std::vector<std::string> named =
-        Between(ReadPage(std::string(messages.Msg(Text::ManualFile))), "<b>", "</b>");
+        Between(ReadAll(folder / messages.Msg(Text::ManualFile)), "<b>", "</b>");
     EXPECT_GT(named.size(), 100u) << code;
     for (std::string caption : named) {
       std::ranges::replace(caption, '\n', ' ');

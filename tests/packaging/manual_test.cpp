@@ -2,13 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <set>
-#include <sstream>
 
-#include "cli/commands.h"
+#include "cli/call.h"
+#include "temporary_folder.h"
 
 namespace tarvelo {
 namespace {
@@ -17,9 +15,9 @@ using Words = std::vector<std::string>;
 
 std::string Help(Words command) {
   command.emplace_back("--help");
-  std::ostringstream out, err;
-  EXPECT_EQ(cli::Run(command, out, err), 0) << err.str();
-  return out.str();
+  const cli::Result result = cli::Call(command);
+  EXPECT_EQ(result.status, 0) << result.err;
+  return result.out;
 }
 
 // Every text that the expression's parentheses match.
@@ -39,26 +37,23 @@ std::set<std::string> CommandsOf(const std::string& help) {
 
 // The page's source without changes of typeface, in small parts: the line of a command with its text.
 std::string Page() {
-  std::ifstream stream(std::filesystem::path(TARVELO_SOURCES) / "packaging" / "man" / "tarvelo-cli.1.in",
-                       std::ios::binary);
-  EXPECT_TRUE(stream);
-  std::string text{std::istreambuf_iterator<char>(stream), {}};
-  text = std::regex_replace(text, std::regex(R"(\\f[BIR])"), "");
-  return std::regex_replace(text, std::regex(R"(\\-)"), "-");
+  const std::filesystem::path sources(TARVELO_SOURCES);
+  const std::string text = ReadAll(sources / "packaging" / "man" / "tarvelo-cli.1.in");
+  return std::regex_replace(std::regex_replace(text, std::regex(R"(\\f[BIR])"), ""), std::regex(R"(\\-)"),
+                            "-");
 }
 
 void ExpectDescribed(const std::string& page, const Words& command) {
-  std::string name;
-  for (const std::string& word : command) name += (name.empty() ? "" : " ") + word;
   const std::string help = Help(command);
-  if (const auto commands = CommandsOf(help); !commands.empty()) {
-    for (const std::string& next : commands) {
-      Words longer = command;
-      longer.push_back(next);
-      ExpectDescribed(page, longer);
-    }
-    return;
+  const std::set<std::string> commands = CommandsOf(help);
+  for (const std::string& next : commands) {
+    Words longer = command;
+    longer.push_back(next);
+    ExpectDescribed(page, longer);
   }
+  if (!commands.empty()) return;
+  std::string name = command[0];
+  for (std::size_t i = 1; i < command.size(); ++i) name += " " + command[i];
   const auto begin = page.find(".TP\n" + name + " ");
   ASSERT_NE(begin, page.npos) << name;
   const std::string entry = page.substr(begin, page.find('\n', begin + 4) - begin);

@@ -49,12 +49,7 @@ std::string FitsOf(const std::string& text, const Data& bytes, Data* written = n
 }
 
 TEST(CheckPatch, TellsHowEachChangeFits) {
-  const struct {
-    const char* text;
-    Data bytes;
-    const char* fits;
-    Data after;
-  } cases[] = {
+  const std::tuple<const char*, Data, const char*, Data> cases[] = {
       {"0: 0102 0304\n2: 05 06", {1, 2, 6, 7}, "FA", {3, 4, 6, 7}},
       {"0: 0102 0304", {1, 3}, "M", {1, 3}},
       {"0: 01 01", {1}, "A", {1}},  // nothing to do
@@ -100,17 +95,14 @@ TEST(CheckPatch, AgreesWithWritingLineByLine) {
     std::string text;
     Data expected(6);
     for (int line = 0; line < 3; ++line) {
-      Change change{static_cast<Offset>(random() % 4), {}, {}};
-      text += std::to_string(change.offset) + ": ";
-      const std::size_t size = 1 + random() % 2;
-      for (std::size_t k = 0; k < size; ++k) text += random() % 3 ? "00" : "01";
-      text += " ";
-      for (std::size_t k = 0; k < size; ++k) {
-        const bool one = random() % 2;
-        text += one ? "01" : "00";
-        expected[static_cast<std::size_t>(change.offset) + k] = one;
+      const std::size_t offset = random() % 4, size = 1 + random() % 2;
+      std::string from, to;
+      for (std::size_t k = offset; k < offset + size; ++k) {
+        from += random() % 3 ? "00" : "01";
+        expected[k] = random() % 2;
+        to += expected[k] ? "01" : "00";
       }
-      text += "\n";
+      text += std::to_string(offset) + ": " + from + " " + to + "\n";
     }
     Data written;
     if (FitsOf(text, Data(6), &written).find('M') != std::string::npos) continue;

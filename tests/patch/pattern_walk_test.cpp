@@ -11,10 +11,7 @@ namespace {
 
 TEST(PatternWalk, ReachesBothEndsOfTheImage) {
   const Fullflash image(Data{0x41, 0x42, 0x41, 0x00, 0x41, 0x42, 0x41});
-  const struct {
-    const char* pattern;
-    Offset start, first, end, last;
-  } cases[] = {
+  constexpr std::tuple<const char*, Offset, Offset, Offset, Offset> cases[] = {
       {"4142", 0, 0, 7, 4},
       {"4142", 1, 4, 4, 0},
       {"4142", 5, -1, 0, -1},

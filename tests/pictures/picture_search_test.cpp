@@ -24,6 +24,8 @@ std::size_t PutTable(ImageBuilder& builder, std::size_t at, std::uint8_t type, i
   return at;
 }
 
+using Cells = std::vector<std::string>;
+
 TEST(GetP, ListsATableAndItsColumns) {
   ImageBuilder builder(size);
   std::size_t at = Entry(builder, 0x1002, 4, 4, 0x81, 0x80000);
@@ -34,7 +36,6 @@ TEST(GetP, ListsATableAndItsColumns) {
   EXPECT_EQ(list.tables, std::vector<Offset>{0x1002});
   const Table table = PictureRows(list).All();
   ASSERT_EQ(table.rows.size(), 3u);
-  using Cells = std::vector<std::string>;
   EXPECT_EQ(table.captions, (Cells{"P", "N/P", "N", "X", "Y", "B", "Offset", "Size", "Uncomp", "PIT"}));
   EXPECT_EQ(table.rows[0].cells,
             (Cells{"1", "000", "   0", "  4", "  4", " 1", "080000", "    1", "    4", "001002"}));
@@ -57,7 +58,6 @@ TEST(PictureRows, CutNumbersOnTheLeft) {
                     .data = 0x1ABCDEF,
                     .entry = 0x1234567,
                     .size = 1234567}};
-  using Cells = std::vector<std::string>;
   EXPECT_EQ(PictureRows(list).row(0).cells,
             (Cells{"99", "345", "3456", "254", "255", "16", "ABCDEF", "34567", "29540", "234567"}));
   EXPECT_EQ(list.pictures[0].PlainSize(), 129540);
@@ -92,19 +92,16 @@ TEST(GetP, EndsATableByEachRule) {
 }
 
 TEST(GetP, ReadsATableToTheEndOfTheImage) {
-  ImageBuilder builder(size);
-  PutTable(builder, size - 24, 1, 2);
-  EXPECT_EQ(Find(builder).pictures.size(), 3u);
-  ImageBuilder last(size);
-  PutTable(last, size - 20, 1);  // the last offset searched for a table; four bytes remain
-  EXPECT_EQ(Find(last).pictures.size(), 2u);
+  for (const int others : {2, 1}) {  // four bytes remain after a table of two
+    ImageBuilder builder(size);
+    PutTable(builder, others == 2 ? size - 24 : size - 20, 1, others);
+    EXPECT_EQ(Find(builder).pictures.size(), 1u + static_cast<std::size_t>(others));
+  }
 }
 
 TEST(GetP, LooksForFurtherTablesOnceColourWasSeen) {
-  struct {
-    std::uint8_t type;
-    std::size_t distance, tables;
-  } const cases[] = {{3, 0x50000, 2}, {8, 0x50002, 1}, {1, 0x4000, 1}, {0x81, 0x4000, 1}, {2, 0x4000, 1}};
+  constexpr std::tuple<std::uint8_t, std::size_t, std::size_t> cases[] = {
+      {3, 0x50000, 2}, {8, 0x50002, 1}, {1, 0x4000, 1}, {0x81, 0x4000, 1}, {2, 0x4000, 1}};
   for (const auto& [type, distance, tables] : cases) {
     ImageBuilder builder(size);
     PutTable(builder, 0x1000, type);
@@ -148,19 +145,12 @@ TEST(GetP, ListsStandAloneHeadersAfterAMonochromeTable) {
   const PictureList list = Find(builder);
   EXPECT_EQ(list.outsideCount, 3);
   ASSERT_EQ(list.pictures.size(), 5u);
-  const Table table = PictureRows(list).All();
-  using Cells = std::vector<std::string>;
-  EXPECT_EQ(table.rows[3].cells,
+  EXPECT_EQ(PictureRows(list).row(3).cells,
             (Cells{"9", "001", "   3", "  1", "  1", " 1", "0FFFFF", "    1", "    1", "00300A"}));
   EXPECT_EQ(list.pictures[4].entry, Offset{size - 8});
   EXPECT_EQ(PictureInformation(list, Messages()),
             "1: Address of PIT-table 1000\nNumber of pictures: 5\nPictures outside of PIT-area: 3\n");
-}
-
-TEST(GetP, OneColourPictureHidesStandAloneHeaders) {
-  ImageBuilder builder(size);
-  PutTable(builder, 0x1000, 5);
-  Entry(builder, 0x3000, 8, 8, 0x81);
+  builder.Byte(0x1008 + 2, 5);  // one picture in colour hides them
   EXPECT_EQ(Find(builder).outsideCount, 0);
 }
 

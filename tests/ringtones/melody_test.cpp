@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "core/file.h"
 #include "images.h"
 #include "ringtones/ringtone_files.h"
 #include "temporary_folder.h"
@@ -47,15 +48,8 @@ TEST(DecodeMelody, IsBounded) {
     EXPECT_EQ(DecodeMelody(ones, data), Tones{}) << data;
 }
 
-TEST(MelodyText, EndsEachPairWithABlank) {
-  EXPECT_EQ(MelodyText(Tones{{440, 500}, {0xFFFA, 0}, {0, 65535}}), "440:500 65530:0 0:65535 ");
-}
-
 TEST(ParseMelody, ReadsTonesAsTheyAreHeard) {
-  struct {
-    const char* text;
-    Tones tones;
-  } const cases[] = {
+  const std::pair<const char*, Tones> cases[] = {
       {"440:500 880:250 ", {{440, 500}, {880, 250}}},
       {"65500:1 65501:1 65536:1", {{65500, 1}, {0, 1}, {0, 1}}},
       {"440:10000 440:10001 440:20000", {{440, 10000}, {440, 0}, {440, 0}}},
@@ -80,12 +74,6 @@ TEST(ParseMelody, TakesAMillionPairs) {
   for (int i = 0; i < 1000000; ++i) text.append("1 ");  // not a single colon
   EXPECT_EQ(ParseMelody(text).size(), 1000000u);
   EXPECT_EQ(ParseMelody(std::string(1000000, ' ')).size(), 0u);
-}
-
-TEST(NextTone, TellsWhereTheRestBegins) {
-  std::size_t position = 0;
-  EXPECT_EQ(NextTone("440:500  880:250", position), (Tone{440, 500}));
-  EXPECT_EQ(position, 8u);
 }
 
 TEST(KeyOf, IsTheNearestSemitone) {
@@ -119,12 +107,11 @@ TEST(MelodyMidi, EndsAtAPauseThatIsTooLong) {
 }
 
 TEST(MelodyWave, IsASquareWave) {
-  // 2205 Hz: 10 samples per period; 22.05 samples per millisecond.
+  // 2205 Hz: 10 samples per period; 22.05 samples per millisecond, 88.2 in all.
   const Data file = MelodyWave(Tones{{2205, 1}, {0xFFFB, 1}, {11026, 1}, {11025, 1}});
-  ASSERT_EQ(file.size(), 44u + 88);  // 88.2 samples
-  const auto samples = [&](std::size_t from, std::size_t count) {
-    return Data(file.begin() + 44 + static_cast<std::ptrdiff_t>(from),
-                file.begin() + 44 + static_cast<std::ptrdiff_t>(from + count));
+  ASSERT_EQ(file.size(), 44u + 88);
+  const auto samples = [&](int from, int count) {
+    return Data(file.begin() + 44 + from, file.begin() + 44 + from + count);
   };
   EXPECT_EQ(samples(0, 12), (Data{192, 192, 192, 192, 192, 64, 64, 64, 64, 64, 192, 192}));
   EXPECT_EQ(samples(22, 44), Data(44, 128));
@@ -144,25 +131,22 @@ TEST(MelodyWave, KeepsTimeAndIsBounded) {
 TEST(SaveDump, WritesOnlyBytesWithinTheImage) {
   const Fullflash image{Bytes(Data{1, 2, 3, 4, 5, 6})};
   const TemporaryFolder folder;
-  const auto save = [&](int number, Offset offset, Offset size) {
-    return SaveDump(image, folder / "MIDI", "dump", number, ".bin", offset, size);
+  const auto saved = [&](Offset offset, Offset size) {
+    return ReadAll(SaveDump(image, folder / "MIDI", "dump", 0xAB, ".bin", offset, size));
   };
-  EXPECT_EQ(save(0xAB, 1, 3), folder / "MIDI" / "dump_00AB.bin");
+  EXPECT_EQ(saved(1, 3), "\x02\x03\x04");
   EXPECT_EQ(ReadAll(folder / "MIDI" / "dump_00AB.bin"), "\x02\x03\x04");
-  EXPECT_EQ(ReadAll(save(0xAB, 5, 1)), "\x06");  // replaces an older, longer file
-  EXPECT_EQ(ReadAll(save(1, 4, Offset{1} << 40)), "\x05\x06");
+  EXPECT_EQ(saved(5, 1), "\x06");  // replaces an older, longer file
+  EXPECT_EQ(saved(4, Offset{1} << 40), "\x05\x06");
   constexpr std::pair<Offset, Offset> nothing[] = {{6, 1}, {100, 1}, {2, -1}};
-  for (const auto& [offset, size] : nothing) EXPECT_EQ(ReadAll(save(2, offset, size)), "") << offset;
-}
+  for (const auto& [offset, size] : nothing) EXPECT_EQ(saved(offset, size), "") << offset;
 
-TEST(SaveDump, DeletesALinkRatherThanWriteThroughIt) {
-  const Fullflash image{Bytes(Data{'n', 'e', 'w'})};
-  const TemporaryFolder folder;
   const auto other = folder.Write("other", std::string("old"));
+  RemoveFile(folder / "MIDI" / "dump_00AB.bin");
   std::error_code error;
-  std::filesystem::create_symlink(other, folder / "dump_0000.bin", error);
+  std::filesystem::create_symlink(other, folder / "MIDI" / "dump_00AB.bin", error);
   if (error) GTEST_SKIP() << "no links here: " << error.message();
-  EXPECT_EQ(ReadAll(SaveDump(image, folder.Path(), "dump", 0, ".bin", 0, 3)), "new");
+  EXPECT_EQ(saved(0, 1), "\x01");  // replaces a link rather than write through it
   EXPECT_EQ(ReadAll(other), "old");
 }
 
