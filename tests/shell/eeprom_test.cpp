@@ -156,6 +156,10 @@ TEST_F(EepromDesk, InfoShowsABlockAndItsGenerations) {
 
 TEST_F(EepromDesk, InfoGoesWithTheDocument) {
   BlockView& view = Info();
+  Open().Write(0x76C00C, std::vector<std::uint8_t>(12, 0xFF));  // its header
+  EXPECT_FALSE(view.IsShown());
+  Open().Undo();
+  Info();
   main->ApplyLang(*FindLanguage("RU"));
   EXPECT_EQ(view.GetTitle(), wxString::FromUTF8("Tarvelo - 1 :  Информация о блоке"));
   main->Dumps().CloseFF();

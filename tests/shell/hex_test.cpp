@@ -23,6 +23,7 @@ TEST_F(HexDesk, GoesToAPlace) {
   Panel().KindChoice().SetSelection(1);
   EXPECT_EQ(Enter("800010"), "");  // a phone address
   EXPECT_EQ(Selected().offset, 0x10);
+  EXPECT_EQ(Enter("10"), "The data lies outside the image.");
   EXPECT_TRUE(script.said.empty());
 }
 
@@ -48,8 +49,9 @@ TEST_F(HexDesk, FollowsTheKeyboard) {
   EXPECT_EQ(Selected().size, End());
   EXPECT_EQ(Canvas().TopRow(), 0);
   const Offset seen = Canvas().RowsSeen();
+  Press(WXK_DOWN);
   Press(WXK_PAGEDOWN);
-  EXPECT_EQ(Selected(), (Region{16 * seen, 0}));
+  EXPECT_EQ(Selected(), (Region{16 * (seen + 1), 0}));
   EXPECT_EQ(Canvas().TopRow(), seen);
   Press(WXK_PAGEUP);
   EXPECT_EQ(Canvas().TopRow(), 0);

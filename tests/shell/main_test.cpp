@@ -166,7 +166,7 @@ TEST_F(Desk, RestoresItsPlace) {
   // A place on a larger screen.
   Choose(Id::ExitM);
   for (const auto& [key, value] :
-       {std::pair("Left", "0"), {"Top", "0"}, {"Width", "9000"}, {"Height", "7000"}})
+       {std::pair("Left", "0"), {"Top", "0"}, {"Width", "2000"}, {"Height", "7000"}})
     Settings(SettingsFile()).SetIni("Window", key, value);
   StartProgram();
   const wxSize screen = wxDisplay(main).GetClientArea().GetSize();

@@ -105,6 +105,7 @@ TEST_F(SearchDesk, ManyHitsFloodNoTextUnasked) {
             "Add all of them to the information text ?");
   EXPECT_EQ(Found().RowCount(), 1000000u);
   EXPECT_EQ(Row(999999), "1000000\t00F4240\tA00F4240\t00\n");
+  EXPECT_EQ(Copied(Id::CopyOffset), "00F4240");
   // Hits that no text can hold are still listed.
   script.confirm = true;
   const std::string longPattern(600, '0');
@@ -118,7 +119,7 @@ TEST_F(SearchDesk, TextsAreAddedWhole) {
   main->InfoText().AddText("Block 71", "");
   EXPECT_EQ(script.TakeSaid(), "iInformation \"Block 71\" is absent");
   std::string body;  // longer than one appended piece
-  while (body.size() < 600'000) body += "строка\n";
+  while (body.size() < 600'000) body += "строка \n";
   main->InfoText().AddText("Long", body);
   EXPECT_EQ(Added(), "\nLong\n\n" + body + "\n\n" + stars + "\n");
 }

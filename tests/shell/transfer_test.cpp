@@ -45,7 +45,7 @@ class EepromTransferDesk : public TransferDesk {
   EepromTransferDesk() : TransferDesk(eeprom, "EEPROM") {}
 
   [[nodiscard]] EepromPanel& Panel() { return Shown<EepromPanel>(); }
-  [[nodiscard]] wxString DumpText() { return Panel().View()->Dump().GetValue(); }
+  [[nodiscard]] wxString DumpText() { return PanelOf<EepromPanel>(eeprom).View()->Dump().GetValue(); }
 };
 
 constexpr char greeting[] = "7CC384";  // the live block 5076: 66 bytes
@@ -65,17 +65,15 @@ TEST_F(EepromTransferDesk, OneBlockGoesToAFileAndBack) {
   Alter("demo_5076.bin", 10);
   EXPECT_EQ(Loaded(Id::LoadBlock, {}), "open EEPROM (*.bin)|*.bin|All files|*.*");  // cancelled
   EXPECT_EQ(Image().Byte(greetingData + 10), old);
-  Choose(Id::Info);  // the block's window stays
-  Choose(eeprom);
   Loaded(Id::LoadBlock, file);
   EXPECT_EQ(Image().Byte(greetingData + 10), old ^ 1);
   EXPECT_EQ(Status(10), "F");
   EXPECT_NE(DumpText(), before);
   EXPECT_EQ(List().RowCount(), 241u);
-  Choose(Id::Info);
+  Choose(Id::Info);  // the block's window stays
   Open().Undo();
-  Choose(eeprom);
   EXPECT_EQ(DumpText(), before);
+  Choose(eeprom);
 
   main->Run(Id::ShowDel);
   SelectHeader("7CC0C0");  // a deleted block with this number

@@ -35,10 +35,16 @@ TEST_F(WelcomeDesk, IsShownUntilADumpIsOpen) {
 }
 
 TEST_F(WelcomeDesk, OffersRecentFiles) {
-  EXPECT_EQ(Button(PathText(first)), nullptr);
+  int shown = 0;
+  const auto* none = FirstIn<wxButton>(main->InfoText().Window(), [&](const wxButton& button) {
+    shown += button.IsShownOnScreen();
+    return false;
+  });
+  EXPECT_EQ(none, nullptr);
+  EXPECT_EQ(shown, 3);  // no empty ones
   for (const auto& file : {first, second}) main->Dumps().OpenF(file);
   main->Dumps().CloseFF();
-  EXPECT_NE(Button(PathText(second)), nullptr);
+  EXPECT_EQ(Utf8(Button(PathText(second))->GetToolTipText()), PathText(second));
   Click(*Button(PathText(first)));
   EXPECT_EQ(Open().Path(), first);
 }
