@@ -1,6 +1,5 @@
 #include "shell/list/list_view.h"
 
-#include <wx/clipbrd.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/srchctrl.h>
@@ -16,6 +15,7 @@
 #include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/platform/list_keys.h"
+#include "shell/services/clipboard.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -321,8 +321,7 @@ void ListView::Filter(const std::string& text) {
 void ListView::CopyRows() const {
   Table selected{rows_.captions, {}};
   for (const std::size_t row : SelectedRows()) selected.rows.push_back(Row(row));
-  const wxClipboardLocker lock;
-  if (!!lock) wxTheClipboard->SetData(new wxTextDataObject(Wx(TabSeparated(selected, "\n"))));
+  Copy(TabSeparated(selected, "\n"));
 }
 
 void ListView::Recaption(const Messages& messages, Text name) {

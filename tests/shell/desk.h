@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <wx/button.h>
-#include <wx/clipbrd.h>
+#include <wx/dataview.h>
 #include <wx/dnd.h>
 #include <wx/menu.h>
 
@@ -16,7 +16,6 @@
 #include "core/places.h"
 #include "demo/demo_image.h"
 #include "document/explorers.h"
-#include "document/hex_columns.h"
 #include "image_builder.h"
 #include "patch/misfit_table.h"
 #include "shell/base/strings.h"
@@ -48,85 +47,76 @@ struct Script {
 
   // Takes the oldest message or question; empty if there is none.
   std::string TakeSaid() {
-    if (said.empty()) return {};
-    std::string text = said.front();
-    said.pop_front();
+    std::string text;
+    if (!said.empty()) text = std::move(said.front());
+    if (!said.empty()) said.pop_front();
     return text;
   }
 };
 
-class ScriptedDialogs final : public Dialogs {
- public:
-  explicit ScriptedDialogs(Script& script) : script_(script) {}
+struct Scripted {
+  Script& script;
+};
 
+struct ScriptedDialogs final : Scripted, Dialogs {
+  explicit ScriptedDialogs(Script& s) : Scripted{s} {}
   void Message(const wxString& text, Icon icon) override {
-    script_.said.push_back((icon == Icon::Critical ? "!" : "i") + Utf8(text));
+    script.said.push_back((icon == Icon::Critical ? "!" : "i") + Utf8(text));
   }
   void Announce(const wxString& title, const wxString& text) override {
-    script_.said.push_back("[" + Utf8(title) + "]" + Utf8(text));
+    script.said.push_back("[" + Utf8(title) + "]" + Utf8(text));
   }
   bool Confirm(const wxString& text) override {
-    script_.said.push_back("?" + Utf8(text));
-    return script_.confirm;
+    script.said.push_back("?" + Utf8(text));
+    return script.confirm;
   }
   std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override {
-    script_.said.push_back("ask " + Utf8(prompt) + ": " + Utf8(initial));
-    if (script_.answer.empty()) return {};
-    return Wx(script_.answer);
+    script.said.push_back("ask " + Utf8(prompt) + ": " + Utf8(initial));
+    if (script.answer.empty()) return {};
+    return Wx(script.answer);
   }
   std::optional<std::filesystem::path> OpenFile(const wxString&, const wxString& filter,
                                                 const std::filesystem::path& current) override {
-    script_.said.push_back("open " + Utf8(filter));
-    script_.offered = current;
-    return script_.file;
+    script.said.push_back("open " + Utf8(filter));
+    script.offered = current;
+    return script.file;
   }
   std::optional<std::filesystem::path> SaveFile(const wxString&, const wxString&,
                                                 const std::filesystem::path& current) override {
-    script_.said.push_back("save " + PathText(current.filename()));
-    return script_.file;
+    script.said.push_back("save " + PathText(current.filename()));
+    return script.file;
   }
   bool ApplyOthers(const MisfitTable& misfits) override {
-    script_.said.push_back(misfits.Summary() + "\n" + TabSeparated(misfits.Rows().All(), "\n"));
-    return script_.applyOthers;
+    script.said.push_back(misfits.Summary() + "\n" + TabSeparated(misfits.Rows().All(), "\n"));
+    return script.applyOthers;
   }
-
- private:
-  Script& script_;
 };
 
-class RecordingBeeper final : public Beeper {
- public:
-  explicit RecordingBeeper(Script& script) : script_(script) {}
+struct RecordingBeeper final : Scripted, Beeper {
+  explicit RecordingBeeper(Script& s) : Scripted{s} {}
   bool BeepOn(int frequency, int milliseconds, const GoOn& goOn) override {
-    script_.beeps.push_back(std::to_string(frequency) + " Hz " + std::to_string(milliseconds) + " ms");
-    if (script_.duringBeep) script_.duringBeep();
+    script.beeps.push_back(std::to_string(frequency) + " Hz " + std::to_string(milliseconds) + " ms");
+    if (script.duringBeep) script.duringBeep();
     return milliseconds == 0 || goOn();
   }
-
- private:
-  Script& script_;
 };
 
 // Records programs instead of starting them: "run ...", "open ...".
-class RecordingLauncher final : public Launcher {
- public:
-  explicit RecordingLauncher(Script& script) : script_(script) {}
+struct RecordingLauncher final : Scripted, Launcher {
+  explicit RecordingLauncher(Script& s) : Scripted{s} {}
   [[nodiscard]] std::string RegRead(const std::string& key) const override {
-    const auto found = script_.registry.find(key);
-    return found == script_.registry.end() ? std::string() : found->second;
+    const auto found = script.registry.find(key);
+    return found == script.registry.end() ? std::string() : found->second;
   }
   [[nodiscard]] std::string CalculatorCommand() const override { return "calc"; }
   long shel(const std::string& commandLine) override {
-    script_.started.push_back("run " + commandLine);
+    script.started.push_back("run " + commandLine);
     return 1;
   }
   bool OpenWithSystem(const std::filesystem::path& file) override {
-    if (script_.opensWithSystem) script_.started.push_back("open " + PathText(file));
-    return script_.opensWithSystem;
+    if (script.opensWithSystem) script.started.push_back("open " + PathText(file));
+    return script.opensWithSystem;
   }
-
- private:
-  Script& script_;
 };
 
 // The menu entries of the explorers' panels.
@@ -207,10 +197,12 @@ class Desk : public testing::Test {
     return {Image().ff().begin(), Image().ff().end()};
   }
 
-  // The Patch panel, visible or not.
-  [[nodiscard]] PatchPanel& Patch() const {
-    return dynamic_cast<PatchPanel&>(*main->Panels().Of(Id::PatchMenu));
+  // A panel, visible or not.
+  template <typename P>
+  [[nodiscard]] P& PanelOf(int entry) const {
+    return dynamic_cast<P&>(*main->Panels().Of(entry));
   }
+  [[nodiscard]] PatchPanel& Patch() const { return PanelOf<PatchPanel>(Id::PatchMenu); }
   void ShowHex(Offset start, Offset size) { main->Bench().frame.ShowHex(start, size); }
   void ShowBl(Offset start, Offset size) { main->Bench().frame.ShowBl(start, size); }
 
@@ -232,6 +224,21 @@ class Desk : public testing::Test {
     std::string all = script.TakeSaid();
     while (!script.said.empty()) all += " | " + script.TakeSaid();
     return all;
+  }
+  // The same without the question: the last message.
+  std::string SaidAtLast(int id, const std::string& answer = {}) {
+    const std::string all = Said(id, answer);
+    const auto last = all.rfind(" | ");
+    return last == all.npos ? all : all.substr(last + 3);
+  }
+  // Runs a command that copies. Returns the text that a program would then get from the clipboard.
+  std::string Copied(int id) {
+    main->Run(id);
+    return ClipboardText();
+  }
+  void UndoAll() const {
+    while (Open().Undo()) {
+    }
   }
 
   // Presses a key or uses the mouse in a window. True if the window handled it.
@@ -298,8 +305,16 @@ class Desk : public testing::Test {
     const std::string text = TabSeparated(Table{{}, {list.Row(row)}}, "\n");
     return text.substr(text.find('\n') + 1);
   }
+  // Selects the EEPROM block with this header position.
+  void SelectHeader(const std::string& position) { ASSERT_TRUE(List().Find(position, SearchFrom::Top, 2)); }
+  // Sorts the list, the last row first.
+  void SortDown(unsigned column) {
+    List().SortBy(column);
+    List().SortBy(column);
+  }
 
-  // The text after the path if a file could not be read or written.
+  // A file's path as it ends a message, and the advice after it if the file could not be read or written.
+  [[nodiscard]] static std::string At(const std::filesystem::path& file) { return "\n\n" + PathText(file); }
   [[nodiscard]] static std::string ReadAdvice() {
     return "\n\n" + std::string(Messages().Msg(Text::AdviceOnReading));
   }
@@ -307,12 +322,7 @@ class Desk : public testing::Test {
     return "\n\n" + std::string(Messages().Msg(Text::AdviceOnWriting));
   }
 
-  // The text that a program would get from the clipboard.
-  [[nodiscard]] static std::string ClipboardText() {
-    const wxClipboardLocker lock;
-    wxTextDataObject text;
-    return wxTheClipboard->GetData(text) ? Utf8(text.GetText()) : std::string();
-  }
+  [[nodiscard]] static std::string ClipboardText() { return CopiedText(); }
 
   [[nodiscard]] wxMenuItem* Item(int id) const { return main->GetMenuBar()->FindItem(id); }
   [[nodiscard]] bool Enabled(int id) const { return Item(id)->IsEnabled(); }

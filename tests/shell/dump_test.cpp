@@ -20,22 +20,12 @@ class DumpDesk : public Desk {
   }
 };
 
-TEST_F(DumpDesk, ListsTheRegionsThatTheStripShows) {
+TEST_F(DumpDesk, StepsThroughTheRegionsOfAKind) {
   OpenDemo(Id::Dump);
   EXPECT_EQ(List().RowCount(), Regions().size());
   EXPECT_EQ(Status(8), std::to_string(Regions().size()) + " / 8388608");
   EXPECT_EQ(Row(), 0u);
-  Panel().Strip().onClick(0x280004);
-  EXPECT_EQ(Row(), RowAt(0x280004));
-}
-
-TEST_F(DumpDesk, CommandsTakeTheChosenRegion) {
-  OpenDemo(Id::Dump);
   List().Select(RowAt(0x7FF00));
-  main->Run(Id::CopyOffset);
-  EXPECT_EQ(ClipboardText(), "07FF00");
-  main->Run(Id::CopyAddress);
-  EXPECT_EQ(ClipboardText(), "87FF00");
   main->Run(Id::Next);  // there is no other firmware header
   EXPECT_EQ(Region().offset, 0x7FF00);
 
@@ -46,16 +36,14 @@ TEST_F(DumpDesk, CommandsTakeTheChosenRegion) {
     return Region().offset - before.offset;
   };
   List().Filter("code");  // hides some of the regions to find
-  List().Select(RowAt(0x280004));
+  Panel().Strip().onClick(0x280004);
+  EXPECT_EQ(Row(), RowAt(0x280004));
   const Offset step = next(Id::Next);
   EXPECT_GT(step, 0);
   EXPECT_EQ(next(Id::Previous), -step);
   List().Select(0);
   EXPECT_GT(next(Id::Previous), 0);  // wraps around to the last one
   EXPECT_LT(next(Id::Next), 0);
-
-  main->Run(Id::OpenHex);
-  EXPECT_EQ(Title(), "Tarvelo - Hex view");
 }
 
 TEST_F(DumpDesk, LegendGoesRoundTheRegionsOfAGroup) {
@@ -80,8 +68,11 @@ TEST_F(DumpDesk, SeesEdits) {
   ASSERT_EQ(Regions().size(), 3u);
   EXPECT_EQ(Row(), 0u);
   List().Select(2);
+  Open().Write(0xFF000, std::vector<std::uint8_t>(0x200, 0xFF));
+  Settle();
+  EXPECT_EQ(Row(), 2u);  // the chosen place stays
   Choose(Id::Info);
-  Open().Undo();
+  UndoAll();
   Settle();
   Choose(Id::Dump);
   EXPECT_EQ(Regions().size(), 1u);
@@ -94,15 +85,6 @@ TEST_F(DumpDesk, SeesEdits) {
   EXPECT_TRUE(panel.Map().regions.empty());
   EXPECT_TRUE(panel.Legend().GetChildren().empty());
   EXPECT_TRUE(script.said.empty());
-}
-
-TEST_F(DumpDesk, ReportsTooManyBlocks) {
-  OpenBytes("many.bin", ImageOfBlocks(std::vector(2001, 5)), Id::Dump);
-  EXPECT_NE(script.TakeSaid().find("There are more than 2000 EEPROM blocks."), std::string::npos);
-  EXPECT_EQ(List().RowCount(), 0u);
-  for (const int id : {Id::OpenHex, Id::CopyOffset, Id::CopyAddress, Id::Next, Id::Previous})
-    EXPECT_EQ(Said(id), "");
-  Panel().Strip().onClick(0);
 }
 
 // A strip with 100 columns.
@@ -139,9 +121,8 @@ TEST_F(StripDesk, FindsPlacesAgain) {
       EXPECT_LE(place - found, size / 100);
     }
   }
-}
 
-TEST_F(StripDesk, FindsPartsShorterThanAPixel) {
+  // Parts shorter than a pixel.
   std::vector<StripPart> parts;
   for (Offset i = 0; i < 4; ++i) parts.push_back({1000000 + i * 1000, 1, wxColour(10, 20, 30)});
   parts.push_back({1005000, 1, *wxRED});

@@ -1,5 +1,9 @@
 #include <wx/choice.h>
+#include <wx/dcmemory.h>
+#include <wx/image.h>
+#include <wx/settings.h>
 
+#include "shell/hex/hex_paint.h"
 #include "shell/hex_desk.h"
 
 namespace tarvelo {
@@ -19,6 +23,7 @@ TEST_F(HexDesk, GoesToAPlace) {
   Panel().KindChoice().SetSelection(1);
   EXPECT_EQ(Enter("800010"), "");  // a phone address
   EXPECT_EQ(Selected().offset, 0x10);
+  EXPECT_EQ(Enter("10"), "The data lies outside the image.");
   EXPECT_TRUE(script.said.empty());
 }
 
@@ -29,6 +34,8 @@ TEST_F(HexDesk, ShowsRegionsOfOtherPanels) {
   Choose(Id::Info);
   Choose(Id::HexView);  // unchanged
   EXPECT_EQ(Selected(), (Region{End() - 4, 4}));
+  ShowHex(End(), 1);
+  EXPECT_EQ(script.TakeSaid(), "!The data lies outside the image.");
   main->Dumps().OpenF(WriteDump("other.bin"));
   Choose(Id::HexView);
   EXPECT_EQ(Selected(), (Region{0, 0}));
@@ -41,14 +48,20 @@ TEST_F(HexDesk, FollowsTheKeyboard) {
   Press(WXK_HOME, wxMOD_CONTROL | wxMOD_SHIFT);
   EXPECT_EQ(Selected().size, End());
   EXPECT_EQ(Canvas().TopRow(), 0);
+  const Offset seen = Canvas().RowsSeen();
+  Press(WXK_DOWN);
   Press(WXK_PAGEDOWN);
-  EXPECT_EQ(Selected(), (Region{16 * Canvas().RowsSeen(), 0}));
-  EXPECT_EQ(Canvas().TopRow(), Canvas().RowsSeen());
+  EXPECT_EQ(Selected(), (Region{16 * (seen + 1), 0}));
+  EXPECT_EQ(Canvas().TopRow(), seen);
   Press(WXK_PAGEUP);
   EXPECT_EQ(Canvas().TopRow(), 0);
   Panel().Go(0x1000, 4);  // as a search does
   Press(WXK_RIGHT, wxMOD_SHIFT);
   EXPECT_EQ(Selected(), (Region{0x1000, 5}));
+  Press(WXK_HOME, wxMOD_CONTROL);
+  Panel().Go(16 * seen - 1, 0);  // the last visible byte
+  Type(U"00");
+  EXPECT_EQ(Canvas().TopRow(), 1);
 }
 
 TEST_F(HexDesk, FollowsTheMouse) {
@@ -80,62 +93,69 @@ TEST_F(HexDesk, FollowsTheMouse) {
   mouse(wxEVT_LEFT_UP, 0x41, true);
 }
 
+TEST_F(HexDesk, FollowsTheWheel) {
+  main->SetSize(main->GetMinSize());  // narrower than a row
+  Settle();
+  for (const auto& [rotation, shift, axis, row, column] :
+       {std::tuple(-120, false, wxMOUSE_WHEEL_VERTICAL, 3, 0),
+        {-120, true, wxMOUSE_WHEEL_VERTICAL, 3, 3},
+        {120, false, wxMOUSE_WHEEL_VERTICAL, 0, 3},
+        {40, true, wxMOUSE_WHEEL_VERTICAL, 0, 2},
+        {40, false, wxMOUSE_WHEEL_HORIZONTAL, 0, 3}}) {
+    wxMouseEvent event(wxEVT_MOUSEWHEEL);
+    event.m_wheelRotation = rotation;
+    event.m_wheelDelta = 120;
+    event.m_linesPerAction = 3;
+    event.m_wheelAxis = axis;
+    event.SetShiftDown(shift);
+    Canvas().ProcessWindowEvent(event);
+    EXPECT_EQ(Canvas().TopRow(), row);
+    EXPECT_EQ(Canvas().GetScrollPos(wxHORIZONTAL), column);
+  }
+}
+
 TEST_F(HexDesk, CopiesAndSavesBytes) {
   Panel().Go(0x10, 3);
-  main->Run(Id::CopyHex);
-  EXPECT_EQ(ClipboardText(), AsHex(Image().ff().subspan(0x10, 3)));
-  main->Run(Id::CopyText);
-  EXPECT_EQ(ClipboardText(), AsText(Image().ff().subspan(0x10, 3)));
-  main->Run(Id::CopyOffset);
-  EXPECT_EQ(ClipboardText(), "000010");
-  EXPECT_EQ(Said(Id::SaveText),
-            "iFile \"demo_000010.bin\" was saved\n\n" + PathText(folder / "demo_000010.bin"));
+  EXPECT_EQ(Copied(Id::CopyHex), AsHex(Image().ff().subspan(0x10, 3)));
+  EXPECT_EQ(Copied(Id::CopyText), AsText(Image().ff().subspan(0x10, 3)));
+  EXPECT_EQ(Copied(Id::CopyOffset), "000010");
+  EXPECT_EQ(Said(Id::SaveText), "iFile \"demo_000010.bin\" was saved" + At(folder / "demo_000010.bin"));
   EXPECT_EQ(std::filesystem::file_size(folder / "demo_000010.bin"), 3u);
   Panel().Go(0x11, 0);
-  main->Run(Id::CopyHex);  // the byte under the cursor
-  EXPECT_EQ(ClipboardText(), Image().ByteHex(0x11));
+  EXPECT_EQ(Copied(Id::CopyHex), Image().ByteHex(0x11));  // the byte under the cursor
   EXPECT_EQ(Said(Id::SaveText), "!No data for saving !");
   main->Run(Id::SelectAll);
   EXPECT_EQ(Said(Id::CopyHex), "!Copy as hex: too many bytes at once (8388608 > 1048576)");
   EXPECT_EQ(ClipboardText(), Image().ByteHex(0x11));
 }
 
-// 16 KiB with three bytes at an offset.
-std::vector<std::uint8_t> WithBytes(std::size_t offset) {
-  std::vector<std::uint8_t> bytes(0x4000);
-  std::copy_n(std::begin({0xDE, 0xAD, 0xBE}), 3, bytes.begin() + static_cast<std::ptrdiff_t>(offset));
-  return bytes;
-}
-
 TEST_F(HexDesk, FindsBytes) {
-  const Offset last = End() - 3;
-  std::vector<std::uint8_t> bytes = AllBytes();
-  for (const Offset at : {Offset{0}, Offset{0x2345}, last})
-    std::copy_n(std::begin({0xDE, 0xAD, 0xBE}), 3, bytes.begin() + at);
-  OpenBytes("marked.bin", bytes, Id::HexView);
+  // Opens an image of zeros with three bytes at each of these offsets.
+  const auto open = [this](std::initializer_list<Offset> places) {
+    std::vector<std::uint8_t> bytes(0x4000);
+    for (const Offset at : places) std::copy_n(std::begin({0xDE, 0xAD, 0xBE}), 3, bytes.begin() + at);
+    OpenBytes("marked.bin", bytes, Id::HexView);
+  };
+  const Offset last = 0x4000 - 3;
+  open({0, 0x2345, last});
+  const auto goes = [this](int id, Offset hit, std::string hint = {}) {
+    EXPECT_EQ(Said(id), "");
+    EXPECT_EQ(Selected(), (Region{hit, 3}));
+    Settle();
+    EXPECT_EQ(Utf8(main->Bench().status.GetStatusText(1)), hint.empty() ? Status(2) : hint);
+  };
   EXPECT_TRUE(Said(Id::Next, "DE AD BE").starts_with("ask Enter the string"));  // no search yet
   EXPECT_EQ(Selected(), (Region{0, 3}));
-  for (const Offset hit : {Offset{0x2345}, last}) {
-    EXPECT_EQ(Said(Id::Next), "");
-    EXPECT_EQ(Selected(), (Region{hit, 3}));
-  }
-  const auto shown = [&] {
-    Settle();
-    return Utf8(main->Bench().status.GetStatusText(1));
-  };
-  EXPECT_EQ(Said(Id::Next), "");  // round and round
-  EXPECT_EQ(Selected(), (Region{0, 3}));
-  EXPECT_EQ(shown(), "The search went on from the start.");
-  for (const Offset hit : {last, Offset{0x2345}, Offset{0}}) {
-    EXPECT_EQ(Said(Id::Previous), "");
-    EXPECT_EQ(Selected(), (Region{hit, 3}));
-    EXPECT_EQ(shown(), hit == last ? "The search went on from the end." : Status(2));
-  }
-  OpenBytes("one.bin", WithBytes(0x2345), Id::HexView);
+  goes(Id::Next, 0x2345);
+  goes(Id::Next, last);
+  goes(Id::Next, 0, "The search went on from the start.");
+  goes(Id::Previous, last, "The search went on from the end.");
+  goes(Id::Previous, 0x2345);
+  goes(Id::Previous, 0);
+  open({0x2345});
   Panel().Go(0x2345, 3);
-  EXPECT_EQ(Said(Id::Next), "");  // the only one
-  EXPECT_EQ(Selected(), (Region{0x2345, 3}));
-  OpenBytes("none.bin", std::vector<std::uint8_t>(0x4000), Id::HexView);
+  goes(Id::Next, 0x2345, "The search went on from the start.");  // the only one
+  open({});
   for (const int id : {Id::Next, Id::Previous}) EXPECT_EQ(Said(id), "!String \"DE AD BE\" wasn't found");
 }
 
@@ -150,6 +170,52 @@ TEST_F(HexDesk, IsEmptyWithoutADocument) {
   EXPECT_EQ(panel.Canvas().Selection(), Region());
   EXPECT_EQ(Utf8(panel.Information().GetLabelText()), "");
   for (int id = Id::GoTo; id <= Id::SelectedToPatch; ++id) EXPECT_FALSE(panel.Commands()->CanRun(id)) << id;
+}
+
+// How much redder than grey a colour is.
+int Redness(const wxColour& colour) { return colour.Red() - colour.Green(); }
+
+// Of 16 bytes 00, 2 and 5 are changed, and 4 and 5 are selected.
+TEST_F(HexDesk, PaintsChangesAndTheSelection) {
+  OpenBytes("zeros.bin", std::vector<std::uint8_t>(0x4000), Id::HexView);
+  for (const Offset changed : {2, 5}) Open().Write(changed, std::vector<std::uint8_t>{0x88});
+  HexScene scene{.image = &Image(),
+                 .edits = &Open().Edits(),
+                 .columns = HexColumns(Image()),
+                 .cursor = HexCursor(End()),
+                 .columnWidth = 12,
+                 .rowHeight = 24};
+  scene.cursor.Select({4, 2});
+  wxBitmap bitmap(scene.X(scene.columns.End()), 2 * scene.rowHeight);
+  {
+    wxMemoryDC dc(bitmap);
+    dc.SetFont(wxFont(wxFontInfo(9).Family(wxFONTFAMILY_TELETYPE)));
+    DrawHex(dc, scene, bitmap.GetSize());
+  }
+  const wxImage image = bitmap.ConvertToImage();
+  const auto at = [&](int x, int y) {
+    return wxColour(image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y));
+  };
+  const auto colour = [](wxSystemColour index) { return wxSystemSettings::GetColour(index); };
+  for (const bool isText : {false, true}) {
+    const auto left = [&](int byte) {
+      return scene.X(isText ? scene.columns.Text(byte) : scene.columns.Hex(byte));
+    };
+    const auto ground = [&](int byte) { return at(left(byte) + 3, scene.rowHeight - 2); };
+    const auto ink = [&](int byte) {  // the darkest pixel
+      wxColour darkest = *wxWHITE;
+      for (int x = left(byte); x < left(byte) + 10; ++x)
+        for (int y = 2; y < scene.rowHeight - 2; ++y)
+          if (at(x, y).Green() < darkest.Green()) darkest = at(x, y);
+      return darkest;
+    };
+    EXPECT_EQ(ground(0), colour(wxSYS_COLOUR_WINDOW));
+    EXPECT_EQ(ground(4), colour(wxSYS_COLOUR_HIGHLIGHT));
+    EXPECT_GT(Redness(ground(2)), Redness(ground(0)) + 10);
+    EXPECT_GT(Redness(ground(5)), Redness(ground(4)) + 10);
+    EXPECT_GT(Redness(ink(2)), Redness(ink(0)) + 50);
+    EXPECT_NE(at(left(4) - 1, scene.rowHeight / 2), ground(0));  // the cursor
+  }
 }
 
 }  // namespace

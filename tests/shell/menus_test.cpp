@@ -41,8 +41,50 @@ void CheckMenu(const wxMenu& menu, std::set<wxString>& shortcuts) {
   CheckLabels(labels);
 }
 
-TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
-  main->Dumps().OpenF(WriteDump("dump.bin"));
+class MenusDesk : public Desk {
+ protected:
+  MenusDesk() { main->Dumps().OpenF(dump); }
+
+  // A menu's title and captions.
+  [[nodiscard]] std::string MenuAt(std::size_t menu) const {
+    const wxMenuBar& bar = *main->GetMenuBar();
+    std::string captions = Utf8(bar.GetMenuLabelText(menu)) + ":";
+    for (const wxMenuItem* item : bar.GetMenu(menu)->GetMenuItems())
+      if (!item->IsSeparator()) captions += " " + Utf8(item->GetItemLabelText()) + ";";
+    return captions;
+  }
+
+  const std::filesystem::path dump = WriteDump("dump.bin");
+};
+
+TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
+  Choose(Id::HexView);
+  EXPECT_EQ(MenuAt(0),
+            "Fullflash: Open; Save; Save as; Save selected bytes; View ff; 1 " + PathText(dump) + "; Exit;");
+  EXPECT_EQ(MenuAt(1),
+            "Panels: Info; Menu; EEPROM; Langpack; Pictures; Ringtones; Files; Dump; Address book; Hex view; "
+            "Search results; Comparison; Patch;");
+  EXPECT_EQ(MenuAt(2),
+            "Hex view: Go to; Search for bytes; Search again; Previous hit; Copy as hex; Copy as text; "
+            "Copy offset to clipboard; Select all; Switch between hex and text; Undo; Redo; Paste; "
+            "Fill with byte; Changes to patch; Changes in selection to patch;");
+  EXPECT_EQ(MenuAt(3),
+            "Tools: Search for bytes; Compare with another fullflash; Apply patch file; Standard functions; "
+            "Standard patches; Address calculator; Calculator; Open patch in Quillo;");
+  EXPECT_EQ(MenuAt(5), "Help: Help; Author !;");
+  const std::string copy =
+      "Open in hex view; Copy offset to clipboard; Copy address to clipboard; Copy rows (Ctrl+C); ";
+  for (const auto& [panel, captions] :
+       {std::pair(Id::Dump, "Dump: " + copy + "Next region of this kind; Previous region of this kind; "),
+        {Id::Hits, "Search results: " + copy + "Next hit; Previous hit; "},
+        {Id::ComparePanel,
+         "Comparison: " + copy + "Next difference; Previous difference; Add differences to patch; "}}) {
+    Choose(panel);
+    EXPECT_EQ(MenuAt(2), captions + "Undo; Redo;");
+  }
+}
+
+TEST_F(MenusDesk, AreCaptionedAndExplainedInEveryLanguage) {
   for (const MenuEntry& panel : PanelEntries()) {
     if (panel.id == Id::None || !Enabled(panel.id)) continue;
     Choose(panel.id);
@@ -60,42 +102,36 @@ TEST_F(Desk, CaptionsAndExplainsEveryMenuInEveryLanguage) {
       EXPECT_EQ(Caption(Id::OpenFF), Messages(language).Msg(Text::Open));
     }
   }
-}
-
-TEST_F(Desk, ExcusesOnlyUnavailableCommands) {
-  main->Dumps().OpenF(WriteDump("dump.bin"));
+  // Only commands that are not available are excused.
   for (const MenuGroup& group : MenuBarTable())
-    for (const MenuEntry& entry : group.entries) {
-      if (entry.caption == Text{} || entry.id == Id::Quillo) continue;
-      EXPECT_EQ(entry.help != Text::HelpNotBuilt, Enabled(entry.id)) << Caption(entry.id);
-    }
+    for (const MenuEntry& entry : group.entries)
+      if (entry.caption != Text{} && entry.id != Id::Quillo) {
+        EXPECT_EQ(entry.help != Text::HelpNotBuilt, Enabled(entry.id)) << Caption(entry.id);
+      }
 }
 
-TEST_F(Desk, ShowsHelpInPlaceOfTheHintUntilTheMenuCloses) {
+TEST_F(MenusDesk, ShowHelpInPlaceOfTheHintUntilTheyClose) {
   const auto shown = [&](int panel) { return Utf8(main->Bench().status.GetStatusText(panel - 1)); };
   const auto send = [&](wxEventType type, int id) {
     wxMenuEvent event(type, id);
     main->ProcessWindowEvent(event);
   };
-  const auto dump = WriteDump("dump.bin");
-  main->Dumps().OpenF(dump);
-  const std::string phone = Status(2);
+  const std::string phone = Status(2), file = Utf8(Item(Id::File1)->GetHelp());
   send(wxEVT_MENU_HIGHLIGHT, Id::Save);
   EXPECT_EQ(shown(2), Utf8(Item(Id::Save)->GetHelp()));
   EXPECT_EQ(Status(2), phone);  // the patch file contains this text
   send(wxEVT_MENU_HIGHLIGHT, Id::None);
   EXPECT_EQ(shown(2), phone);
   send(wxEVT_MENU_HIGHLIGHT, Id::File1);
-  EXPECT_EQ(shown(2), Utf8(Item(Id::File1)->GetHelp()));
-  main->Bench().status.SetPanel(2, "new");
-  EXPECT_EQ(shown(2), Utf8(Item(Id::File1)->GetHelp()));
+  EXPECT_EQ(shown(2), file);
+  main->Bench().status.SetPanel(2, "new\nline");
+  EXPECT_EQ(shown(2), file);
   send(wxEVT_MENU_CLOSE, 0);
-  EXPECT_EQ(shown(2), "new");
+  EXPECT_EQ(shown(2), "new line");
   EXPECT_EQ(shown(1), PathText(dump));
 }
 
-TEST_F(Desk, TakesTheLanguageOverARestart) {
-  main->Dumps().OpenF(WriteDump("dump.bin"));
+TEST_F(MenusDesk, TakeTheLanguageOverARestart) {
   main->InfoText().AppendText("added\n");
   Choose(Id::FirstLanguage + 10);  // Greek
   const Messages greek(*FindLanguage("GR"));
@@ -108,7 +144,7 @@ TEST_F(Desk, TakesTheLanguageOverARestart) {
                                        {10, Text::TipFullflashChanged}})
     EXPECT_EQ(Utf8(main->Bench().status.Tooltip(panel)), greek.Msg(message));
   EXPECT_EQ(Settings(SettingsFile()).GetIni("General", "Language"), "GR");
-  EXPECT_EQ(InfoText(), Summary(PathText(folder / "dump.bin"), Image(), Open().Info(), greek) + "added\n");
+  EXPECT_EQ(InfoText(), Summary(PathText(dump), Image(), Open().Info(), greek) + "added\n");
 #ifdef __WXMSW__  // elsewhere fonts have every character, whatever character set was requested
   EXPECT_EQ(main->InfoText().Window().GetFont().GetEncoding(), wxFONTENCODING_CP1253);
 #endif

@@ -4,7 +4,6 @@
 
 #include "shell/desk.h"
 #include "shell/patch/patch_editor.h"
-#include "shell/patch/patch_panel.h"
 
 namespace tarvelo {
 namespace {
@@ -19,8 +18,13 @@ class PatchDesk : public Desk {
     Choose(Id::PatchMenu);
   }
 
-  [[nodiscard]] PatchPanel& Panel() const { return Patch(); }
-  [[nodiscard]] PatchEditor& Editor() const { return Panel().Patch(); }
+  // Undoes or redoes, then compares the text.
+  void ExpectAfter(int id, const std::string& text) {
+    main->Run(id);
+    EXPECT_EQ(Document(), text);
+    EXPECT_EQ(Status(9), text.empty() ? "" : "P");
+  }
+  [[nodiscard]] PatchEditor& Editor() const { return Patch().Patch(); }
   [[nodiscard]] std::string Document() const { return Editor().Document(); }
   [[nodiscard]] std::filesystem::path File() const { return folder / "phone.qpt"; }
 };
@@ -28,82 +32,63 @@ class PatchDesk : public Desk {
 TEST_F(PatchDesk, TakesPatchesOneBelowTheOther) {
   EXPECT_EQ(Title(), "Tarvelo - Patch");
   EXPECT_EQ(Caption(Id::SaveText), "Save patch");
-  Panel().AddPatch("Block 71", "1A: 00 FF\n1C: 00 FF", true);
+  Patch().AddPatch("Block 71", "1A: 00 FF\n1C: 00 FF", true);
   EXPECT_EQ(script.TakeSaid(), "[Tarvelo - Was added patch \"Block 71\"];Block 71\n\n1A: 00 FF\n1C: 00 FF");
-  Panel().AddPatch("Привет", "10: 00 01", false);
+  Patch().AddPatch("Привет", "10: 00 01", false);
   EXPECT_TRUE(script.said.empty());
   const std::string first = PatchBlock("Block 71", "1A: 00 FF\n1C: 00 FF");
   EXPECT_EQ(Document(), first + PatchBlock("Привет", "10: 00 01"));
-  main->Run(Id::Undo);
-  EXPECT_EQ(Document(), first);
-  main->Run(Id::Undo);
+  ExpectAfter(Id::Undo, first);
+  ExpectAfter(Id::Undo, "");
+  ExpectAfter(Id::Redo, first);
+  script.confirm = true;
+  main->Dumps().OpenChosen(WriteDump("other.bin"));  // the patch goes with the fullflash
   EXPECT_EQ(Document(), "");
   EXPECT_EQ(Status(9), "");
-  main->Run(Id::Redo);
-  EXPECT_EQ(Document(), first);
+  EXPECT_FALSE(Editor().CanUndo());
 }
 
 TEST_F(PatchDesk, IsUnsavedFromAnyChangeUntilItIsSaved) {
   EXPECT_EQ(Status(9), "");
   Editor().AddText("1A: 00 FF");  // as if typed
   EXPECT_EQ(Status(9), "P");
-  EXPECT_EQ(Said(Id::SaveText), "iPatch was saved in file\n\n" + PathText(File()));
+  EXPECT_EQ(Said(Id::SaveText), "iPatch was saved in file" + At(File()));
   EXPECT_EQ(ReadAll(File()), PatchFile(phone, "1A: 00 FF"));
   EXPECT_EQ(Status(9), "");
-  main->Run(Id::Undo);
-  EXPECT_EQ(Status(9), "");  // it is empty again
-  main->Run(Id::Redo);
-  EXPECT_EQ(Status(9), "P");
+  ExpectAfter(Id::Undo, "");
+  ExpectAfter(Id::Redo, "1A: 00 FF");
   main->Run(Id::SelectAll);
-  main->Run(Id::Cut);
-  EXPECT_EQ(Status(9), "");
+  ExpectAfter(Id::Cut, "");
   main->Run(Id::SavePatch);
   EXPECT_EQ(ReadAll(File()), PatchFile(phone, ""));
 }
 
-TEST_F(PatchDesk, GoesWithTheFullflash) {
-  Panel().AddPatch("one", "10: 00 01", false);
-  script.confirm = true;
-  main->Dumps().OpenChosen(WriteDump("other.bin"));
-  EXPECT_EQ(Document(), "");
-  EXPECT_EQ(Status(9), "");
-  EXPECT_FALSE(Editor().CanUndo());
-}
-
 TEST_F(PatchDesk, IsSearchedRoundAndRound) {
-  Panel().AddPatch("Привет", "1A: 00 FF", false);
-  Panel().AddPatch("ПРИВЕТ", "1C: 00 FF", false);
+  Patch().AddPatch("Привет", "1A: 00 FF", false);
+  Patch().AddPatch("ПРИВЕТ", "1C: 00 FF", false);
   Editor().GotoPos(0);
   Said(Id::Find, "привет");
-  for (const char* found : {"Привет", "ПРИВЕТ", "Привет"}) {
+  for (const auto& [found, next] : {std::pair("Привет", Id::FindMore),
+                                    {"ПРИВЕТ", Id::Next},
+                                    {"Привет", Id::Previous},
+                                    {"ПРИВЕТ", Id::Previous}}) {
     EXPECT_EQ(Utf8(Editor().GetSelectedText()), found);
-    EXPECT_EQ(Said(Id::FindMore), "");
+    EXPECT_EQ(Said(next), "");
   }
-  main->Run(Id::Next);
   EXPECT_EQ(Utf8(Editor().GetSelectedText()), "Привет");
-  for (const char* found : {"ПРИВЕТ", "Привет"}) {
-    main->Run(Id::Previous);
-    EXPECT_EQ(Utf8(Editor().GetSelectedText()), found);
-  }
   EXPECT_EQ(Said(Id::Find, "1D"), "ask Enter the string for search: привет | !String \"1D\" wasn't found");
 }
 
 TEST_F(PatchDesk, MarksCommentsAndInvalidLines) {
-  Editor().SetText(";comment\r\n10: 00 01 ;change\r\n10: 00 wrong\r\nlast");
+  const std::string text = ";comment\r\n10: 00 01 ;change\r\n10: 00 wrong\r\nlast";
+  Editor().SetText(text);
   Editor().Colourise(0, -1);
-  const auto style = [this](const char* text) {
-    return Editor().GetStyleAt(static_cast<int>(Document().find(text)));
-  };
+  const auto style = [&](const char* part) { return Editor().GetStyleAt(static_cast<int>(text.find(part))); };
   EXPECT_EQ(style("comment"), style(";comment"));
   EXPECT_EQ(style("wrong"), style("last"));
   EXPECT_EQ(std::set({style("comment"), style("change"), style("wrong")}).size(), 3u);
-}
-
-TEST_F(PatchDesk, ShortcutOfTheMenuBarReachesIt) {
-  const std::string text = "1A: 00 FF\r\n;last";
-  Editor().AddText(text);
-  EXPECT_TRUE(Key(Editor(), 'T', wxMOD_CONTROL));
-  EXPECT_EQ(script.TakeSaid(), "iPatch was saved in file\n\n" + PathText(File()));
+  EXPECT_TRUE(Key(Editor(), 'T', wxMOD_CONTROL));  // the menu bar's shortcut, not the control's own
+  EXPECT_EQ(script.TakeSaid(), "iPatch was saved in file" + At(File()));
   EXPECT_EQ(Document(), text);
 }
 
@@ -117,15 +102,15 @@ TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
   EXPECT_FALSE(FileExist(File()));
   EXPECT_EQ(script.started.back(), R"(run "C:\Quillo\quillo.exe" ")" + PathText(File()) + '"');
 
-  Panel().AddPatch("one", "10: 00 01", false);
-  EXPECT_EQ(Said(Id::Quillo), "iPatch was saved in file\n\n" + PathText(File()));
+  Patch().AddPatch("one", "10: 00 01", false);
+  EXPECT_EQ(Said(Id::Quillo), "iPatch was saved in file" + At(File()));
   EXPECT_EQ(ReadAll(File()), PatchFile(phone, PatchBlock("one", "10: 00 01")));
   EXPECT_EQ(script.started.size(), 2u);
 
-  Panel().AddPatch("two", "10: 00 01", false);
+  Patch().AddPatch("two", "10: 00 01", false);
   RemoveFile(File());
   MakeFolder(File());  // blocks the file's name
-  EXPECT_EQ(Said(Id::Quillo), "!Can't open file !\n\n" + PathText(File()) + WriteAdvice());
+  EXPECT_EQ(Said(Id::Quillo), "!Can't open file !" + At(File()) + WriteAdvice());
   EXPECT_EQ(script.started.size(), 2u);  // not started with the old file
 }
 

@@ -31,72 +31,46 @@ TEST_F(PicturesDesk, ListAndGalleryFollowEachOther) {
   Choose(Id::Info);
   Choose(pictures);  // starts with the first again
   EXPECT_EQ(List().Selected(), 0u);
+  EXPECT_EQ(Said(Id::Find, "2a0"), "ask Enter the string for search: ");  // in any column
+  const auto first = *List().Selected();
+  main->Run(Id::FindMore);
+  EXPECT_GT(*List().Selected(), first);
+
+  main->Dumps().OpenF(WriteDump("other.bin"));
+  Choose(pictures);
+  EXPECT_FALSE(Panel().Pic().GetBitmap());
+  EXPECT_FALSE(Panel().Commands()->CanRun(Id::SaveAllPic));
+  EXPECT_EQ(List().EmptyHint(), "Nothing of this kind was found in the fullflash.");
 }
 
 TEST_F(PicturesDesk, AreSavedAsBitmaps) {
   List().Select(7);
   const auto file = folder / "BMP" / "demo_0007.bmp";
-  EXPECT_EQ(Said(Id::SavePic), "iPicture \"7\" was saved in file\n\n" + PathText(file));
+  EXPECT_EQ(Said(Id::SavePic), "iPicture \"7\" was saved in file" + At(file));
   EXPECT_EQ(wxImage(WxPath(file), wxBITMAP_TYPE_BMP).GetSize(),
             wxSize(PictureAt(7).width, PictureAt(7).height));
   EXPECT_FALSE(FileExist(folder / "BMP" / "demo_0007.png"));
 
   main->Run(Id::SavePng);
-  EXPECT_EQ(Said(Id::SaveAllPic), "iAll pictures were saved to\n\n" + PathText(folder / "BMP" / "NNNN.bmp"));
+  EXPECT_EQ(Said(Id::SaveAllPic), "iAll pictures were saved to" + At(folder / "BMP" / "NNNN.bmp"));
   const std::filesystem::directory_iterator files(folder / "BMP");
   EXPECT_EQ(std::distance(begin(files), end(files)), static_cast<long>(2 * List().RowCount()));
   EXPECT_EQ(List().Selected(), 7u);
   EXPECT_EQ(Status(2), "C55 v24 Tarvelo demo T9lg4");  // the hint is gone
 }
 
-TEST_F(PicturesDesk, AreSearchedInAnyColumn) {
-  EXPECT_EQ(Said(Id::Find, "2a0"), "ask Enter the string for search: ");
-  const auto first = *List().Selected();
-  main->Run(Id::FindMore);
-  EXPECT_GT(*List().Selected(), first);
-  EXPECT_EQ(Said(Id::Find, "no such"),
-            "ask Enter the string for search: 2a0 | !String \"no such\" wasn't found");
-}
-
-TEST_F(PicturesDesk, ListIsSortedAndFiltered) {
-  const std::size_t all = List().RowCount();
-  List().Select(5);
-  List().SortBy(2);
-  List().SortBy(2);  // descending
-  EXPECT_EQ(List().Selected(), 5u);
-  ASSERT_TRUE(List().Find("", SearchFrom::Top));
-  EXPECT_EQ(List().Selected(), all - 1);
-  List().Filter("101");
-  ASSERT_TRUE(List().Find("", SearchFrom::Top));
-  EXPECT_NE(Cell(*List().Selected(), 3), "  4");
-  List().Select(0);  // hidden by the filter, which is cleared
-  EXPECT_EQ(List().Selected(), 0u);
-}
-
-TEST_F(PicturesDesk, GoToTheClipboard) {
-  List().Select(1);
-  main->Run(Id::CopyOffset);
-  EXPECT_EQ(ClipboardText(), "280004");
-  List().CopyRows();
-  EXPECT_EQ(ClipboardText().substr(0, 30), "P\tN/P\tN\tX\tY\tB\tOffset\tSize\tUnco");
-  EXPECT_NE(ClipboardText().find("\n1\t001\t   1\t"), std::string::npos);
-  main->Run(Id::CopyPic);
-  const wxClipboardLocker lock;
-  EXPECT_TRUE(wxTheClipboard->IsSupported(wxDF_BITMAP));
-}
-
 TEST_F(PicturesDesk, ZoomStaysWithinBounds) {
-  for (int i = 0; i < 20; ++i) main->Run(Id::ZoomIn);
-  EXPECT_EQ(Panel().Pic().Zoom(), 16);
-  for (int i = 0; i < 20; ++i) main->Run(Id::ZoomOut);
-  EXPECT_EQ(Panel().Pic().Zoom(), 1);
-}
-
-TEST_F(PicturesDesk, GoWithTheDocument) {
-  main->Dumps().OpenF(WriteDump("other.bin"));
-  Choose(pictures);
-  EXPECT_FALSE(Panel().Pic().GetBitmap());
-  EXPECT_FALSE(Panel().Commands()->CanRun(Id::SaveAllPic));
+  for (const auto& [id, zoom] : {std::pair(Id::ZoomIn, 16), {Id::ZoomOut, 1}}) {
+    for (int i = 0; i < 20; ++i) main->Run(id);
+    EXPECT_EQ(Panel().Pic().Zoom(), zoom);
+  }
+  wxMouseEvent turn(wxEVT_MOUSEWHEEL);
+  turn.m_wheelRotation = turn.m_wheelDelta = 120;
+  for (const auto& [axis, zoom] : {std::pair(wxMOUSE_WHEEL_HORIZONTAL, 1), {wxMOUSE_WHEEL_VERTICAL, 2}}) {
+    turn.m_wheelAxis = axis;
+    Panel().Pic().ProcessWindowEvent(turn);
+    EXPECT_EQ(Panel().Pic().Zoom(), zoom);
+  }
 }
 
 // A picture of width 0 among others: they stay visible, and the gallery keeps its background.
@@ -119,16 +93,6 @@ TEST_F(PicturesDesk, EmptyPictureSpoilsNoOther) {
   for (int y = 0; y < size.y; ++y)
     for (int x = 0; x < size.x; ++x) coloured += image.GetRed(x, y) == 0x12 && image.GetGreen(x, y) == 0xAB;
   EXPECT_EQ(coloured, 2 * 20 * 20);
-}
-
-TEST_F(PicturesDesk, HorizontalWheelDoesNotZoom) {
-  wxMouseEvent turn(wxEVT_MOUSEWHEEL);
-  turn.m_wheelRotation = 120;
-  turn.m_wheelDelta = 120;
-  const int zoom = Panel().Pic().Zoom();
-  turn.m_wheelAxis = wxMOUSE_WHEEL_HORIZONTAL;
-  Panel().Pic().ProcessWindowEvent(turn);
-  EXPECT_EQ(Panel().Pic().Zoom(), zoom);
 }
 
 TEST(ToImage, EnlargesPixelsAndShowsTheCheckerboard) {

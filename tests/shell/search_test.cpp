@@ -26,9 +26,7 @@ class SearchDesk : public Desk {
 
   // The text added to the information text since the image was opened.
   [[nodiscard]] std::string Added() const { return InfoText().substr(before.size()); }
-  [[nodiscard]] ListView& Found() const {
-    return dynamic_cast<HitsPanel&>(*main->Panels().Of(Id::Hits)).List();
-  }
+  [[nodiscard]] ListView& Found() const { return PanelOf<HitsPanel>(Id::Hits).List(); }
   [[nodiscard]] std::string Row(std::size_t row) const { return RowOf(Found(), row); }
 
   std::string before;
@@ -52,23 +50,15 @@ TEST_F(SearchDesk, ListIsWalkedWithTheKeys) {
   OpenImage(0x1000, {{0x10, 7}, {0x11, 7}, {0x12, 7}, {0x800, 7}, {0x801, 7}});
   SearchFor("0707");
   EXPECT_EQ(Found().RowCount(), 3u);  // the first two overlap
-  main->Run(Id::Previous);
-  EXPECT_EQ(Found().Selected(), 0u);
-  for (const std::size_t row : {1u, 2u, 2u}) {
-    main->Run(Id::Next);
-    EXPECT_EQ(Found().Selected(), row);
-  }
-  main->Run(Id::Previous);
-  main->Run(Id::CopyOffset);
-  EXPECT_EQ(ClipboardText(), "000011");
-  Found().SortBy(1);
-  Found().SortBy(1);  // descending
-  main->Run(Id::Next);
-  EXPECT_EQ(Found().Selected(), 0u);
-  main->Run(Id::OpenHex);
-  EXPECT_EQ(Title(), "Tarvelo - Hex view");
-  Choose(Id::Hits);
-  EXPECT_EQ(Found().Selected(), 0u);
+  const auto walk = [this](std::initializer_list<std::pair<int, std::size_t>> steps) {
+    for (const auto& [id, row] : steps) {
+      main->Run(id);
+      EXPECT_EQ(Found().Selected(), row);
+    }
+  };
+  walk({{Id::Previous, 0}, {Id::Next, 1}, {Id::Next, 2}, {Id::Next, 2}, {Id::Previous, 1}});
+  SortDown(1);
+  walk({{Id::Next, 0}});
 }
 
 TEST_F(SearchDesk, HitsFollowEdits) {
@@ -108,15 +98,14 @@ TEST_F(SearchDesk, ManyHitsFloodNoTextUnasked) {
   EXPECT_EQ(Row(0), "   1\t000001\t3FF:382E\t00\n");
   EXPECT_TRUE(SearchFor("000?").starts_with("[Tarvelo - Was added information "));  // one less
   EXPECT_TRUE(Added().ends_with("\n000. 0007D0: 0000\n\n" + stars + "\n"));
-}
 
-TEST_F(SearchDesk, OnlyAMillionHitsAreKept) {
   OpenImage(0x1400000, {{0, 1}});
   EXPECT_EQ(SearchFor("00"),
             "?Number of hits: 1000000\nOnly the first 1000000 hits are listed.\n"
             "Add all of them to the information text ?");
   EXPECT_EQ(Found().RowCount(), 1000000u);
   EXPECT_EQ(Row(999999), "1000000\t00F4240\tA00F4240\t00\n");
+  EXPECT_EQ(Copied(Id::CopyOffset), "00F4240");
   // Hits that no text can hold are still listed.
   script.confirm = true;
   const std::string longPattern(600, '0');
@@ -130,7 +119,7 @@ TEST_F(SearchDesk, TextsAreAddedWhole) {
   main->InfoText().AddText("Block 71", "");
   EXPECT_EQ(script.TakeSaid(), "iInformation \"Block 71\" is absent");
   std::string body;  // longer than one appended piece
-  while (body.size() < 600'000) body += "строка\n";
+  while (body.size() < 600'000) body += "строка \n";
   main->InfoText().AddText("Long", body);
   EXPECT_EQ(Added(), "\nLong\n\n" + body + "\n\n" + stars + "\n");
 }

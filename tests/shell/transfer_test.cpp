@@ -12,20 +12,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string At(const fs::path& path) { return "\n\n" + PathText(path); }
-
 class TransferDesk : public Desk {
  protected:
   TransferDesk(int panel, const char* folderOfFiles) : files(folder / folderOfFiles) { OpenDemo(panel); }
 
-  // The last message of a command; if it asks for a file, it gets `file`.
-  std::string SaidAtLast(int id, const std::optional<fs::path>& file = {}) {
+  // The last message of a command that asks for a file and gets this one.
+  std::string Loaded(int id, const std::optional<fs::path>& file) {
     script.file = file;
-    const std::string said = Said(id);
-    const auto last = said.rfind(" | ");
-    return last == said.npos ? said : said.substr(last + 3);
+    return SaidAtLast(id);
   }
-
   [[nodiscard]] std::size_t FilesThere() const {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(files), {}));
   }
@@ -50,9 +45,7 @@ class EepromTransferDesk : public TransferDesk {
   EepromTransferDesk() : TransferDesk(eeprom, "EEPROM") {}
 
   [[nodiscard]] EepromPanel& Panel() { return Shown<EepromPanel>(); }
-  [[nodiscard]] std::uint8_t ByteAt(Offset offset) const { return Image().Byte(offset); }
-  [[nodiscard]] wxString DumpText() { return Panel().View()->Dump().GetValue(); }
-  void SelectHeader(const std::string& position) { ASSERT_TRUE(List().Find(position, SearchFrom::Top, 2)); }
+  [[nodiscard]] wxString DumpText() { return PanelOf<EepromPanel>(eeprom).View()->Dump().GetValue(); }
 };
 
 constexpr char greeting[] = "7CC384";  // the live block 5076: 66 bytes
@@ -66,34 +59,33 @@ TEST_F(EepromTransferDesk, OneBlockGoesToAFileAndBack) {
   main->Run(Id::ShowBlock);
   const wxString before = DumpText();
 
-  EXPECT_EQ(SaidAtLast(Id::LoadBlock, file), "iBlock \"5076\" was loaded from file" + At(file));
+  EXPECT_EQ(Loaded(Id::LoadBlock, file), "iBlock \"5076\" was loaded from file" + At(file));
   EXPECT_EQ(Status(10), "");  // nothing changed
-  const std::uint8_t old = ByteAt(greetingData + 10);
+  const std::uint8_t old = Image().Byte(greetingData + 10);
   Alter("demo_5076.bin", 10);
-  EXPECT_EQ(SaidAtLast(Id::LoadBlock), "open EEPROM (*.bin)|*.bin|All files|*.*");  // cancelled
-  EXPECT_EQ(ByteAt(greetingData + 10), old);
-  SaidAtLast(Id::LoadBlock, file);
-  EXPECT_EQ(ByteAt(greetingData + 10), old ^ 1);
+  EXPECT_EQ(Loaded(Id::LoadBlock, {}), "open EEPROM (*.bin)|*.bin|All files|*.*");  // cancelled
+  EXPECT_EQ(Image().Byte(greetingData + 10), old);
+  Loaded(Id::LoadBlock, file);
+  EXPECT_EQ(Image().Byte(greetingData + 10), old ^ 1);
   EXPECT_EQ(Status(10), "F");
   EXPECT_NE(DumpText(), before);
   EXPECT_EQ(List().RowCount(), 241u);
+  Choose(Id::Info);  // the block's window stays
   Open().Undo();
-  EXPECT_EQ(ByteAt(greetingData + 10), old);
   EXPECT_EQ(DumpText(), before);
+  Choose(eeprom);
 
   main->Run(Id::ShowDel);
   SelectHeader("7CC0C0");  // a deleted block with this number
   EXPECT_TRUE(Said(Id::SaveBlock).ends_with(At(files / "demo_5076_7CC0C0.bin")));
-}
 
-TEST_F(EepromTransferDesk, FilesThatDoNotFitAreRefused) {
   SelectHeader(greeting);
-  EXPECT_EQ(SaidAtLast(Id::LoadBlock, folder.Write("new.bin", std::string(65, 'x'))),
+  EXPECT_EQ(Loaded(Id::LoadBlock, folder.Write("new.bin", std::string(65, 'x'))),
             "!Error ! Wrong size of file \"new.bin\" !\nSize of the file: 65\n"
             "Size in the fullflash: 66 (of block 5076)");
-  for (const fs::path& file : {folder / "no.bin", folder.Path()})
-    EXPECT_EQ(SaidAtLast(Id::LoadBlock, file), "!Error ! File \"" + PathText(file) + "\" doesn't exist !");
-  EXPECT_EQ(Status(10), "");
+  for (const fs::path& missing : {folder / "no.bin", folder.Path()})
+    EXPECT_EQ(Loaded(Id::LoadBlock, missing), "!Error ! File \"" + PathText(missing) + "\" doesn't exist !");
+  EXPECT_FALSE(Open().Edits().CanUndo());
 }
 
 TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
@@ -106,6 +98,8 @@ TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
   EXPECT_TRUE(Panel().Commands()->Find(Id::DeletedBlocks)->checked());
   Said(Id::SaveAllBlock);
   EXPECT_GT(FilesThere(), live + 100);
+  List().Control().SelectAll();
+  EXPECT_EQ(Said(Id::SaveBlock), "iBlocks saved: 241" + At(files));
 
   const std::string head =
       "[Tarvelo - Load all blocks]Blocks were loaded from\n" + PathText(files) + "\n\nFiles loaded: ";
@@ -115,10 +109,9 @@ TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
 
   Alter("demo_5076.bin", 65);
   Alter("demo_5077.bin", 0);
-  folder.Write("EEPROM/demo_0067.bin", std::string("1"));
-  folder.Write("EEPROM/demo_0998.bin", std::string("1"));
-  folder.Write("EEPROM/demo_7000.bin", std::string("no block's"));
-  folder.Write("EEPROM/other_5078.bin", std::string("another dump's"));
+  for (const char* name :
+       {"demo_0067.bin", "demo_0998.bin", "demo_7000.bin" /* no block's */, "other_5078.bin"})
+    folder.Write(fs::path("EEPROM") / name, std::string("1"));
   const std::string said = Said(Id::LoadAllBlock);
   EXPECT_TRUE(said.starts_with(head + std::to_string(live - 1) +
                                "\nFiles that differed from the fullflash: 2\ndemo_5076.bin\ndemo_5077.bin\n\n"
@@ -129,16 +122,13 @@ TEST_F(EepromTransferDesk, AllBlocksGoToFilesAndBack) {
       << said;
   EXPECT_EQ(Status(10), "F");
   ExpectOneStepBackToTheDemo();
-}
 
-TEST_F(EepromTransferDesk, BackupsNeverMeet) {
-  const std::string first = Said(Id::eeBackup);
-  const std::string second = Said(Id::eeBackup);
-  EXPECT_NE(first, second);
-  const std::string head = "iAll blocks were saved to\n\n";
-  for (const std::string& said : {first, second}) {
-    ASSERT_TRUE(said.starts_with(head + PathText(folder / "EEPROM backup 20"))) << said;
-    EXPECT_TRUE(FileExist(PathOf(said.substr(head.size())) / "demo_5076.bin"));
+  const std::string backups[] = {Said(Id::eeBackup), Said(Id::eeBackup)};
+  EXPECT_NE(backups[0], backups[1]);
+  const std::string saved = "iAll blocks were saved to\n\n";
+  for (const std::string& backup : backups) {
+    ASSERT_TRUE(backup.starts_with(saved + PathText(folder / "EEPROM backup 20"))) << backup;
+    EXPECT_TRUE(FileExist(PathOf(backup.substr(saved.size())) / "demo_5076.bin"));
   }
 }
 
@@ -148,13 +138,12 @@ TEST_F(EepromTransferDesk, BlocksWithoutDataOrPlace) {
   bytes[12] = bytes[12 + 11] = 0xF0;  // deleted
   OpenBytes("few.bin", bytes, eeprom);
   main->Run(Id::ShowDel);
-  EXPECT_EQ(Said(Id::SaveBlock), "!The block has no data in the image.");
-  EXPECT_EQ(Said(Id::LoadBlock), "!The block has no data in the image.");
+  for (const int id : {Id::SaveBlock, Id::LoadBlock})
+    EXPECT_EQ(Said(id), "!The block has no data in the image.");
   List().Select(1);
   EXPECT_EQ(Said(Id::LoadBlock), "!Error ! Block \"2\" wasn't found !");
-  const std::string none = "!No data for saving !\n\nBlocks without data in the fullflash: 1";
-  EXPECT_EQ(Said(Id::SaveAllBlock), none);
-  EXPECT_EQ(Said(Id::eeBackup), none);
+  for (const int id : {Id::SaveAllBlock, Id::eeBackup})
+    EXPECT_EQ(Said(id), "!No data for saving !\n\nBlocks without data in the fullflash: 1");
   for (const auto& entry : fs::directory_iterator(folder.Path()))
     EXPECT_FALSE(PathText(entry.path().filename()).starts_with("EEPROM backup"));
   main->Run(Id::DeletedBlocks);
@@ -173,6 +162,7 @@ class RingtoneTransferDesk : public TransferDesk {
 };
 
 constexpr std::string_view twoNotes("\xB8\x01\xF4\x01\x70\x03\xFA\x00", 8);
+constexpr char asText[] = "440:500 880:250 ";
 
 TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   const auto file = folder.Write("new.bin", twoNotes);
@@ -180,41 +170,38 @@ TEST_F(RingtoneTransferDesk, AMelodyIsReplaced) {
   EXPECT_EQ(Said(Id::SaveRing), "iRingtone \"01\" was saved in file" + At(files / "demo_0001.bin"));
   EXPECT_EQ(FilesThere(), 1u);
   const std::string text = Melody(1);
-  EXPECT_EQ(SaidAtLast(Id::LoadRing),
+  EXPECT_EQ(Loaded(Id::LoadRing, {}),
             "open Ringtones|*.bin;*.mid;*.wav|Mono (*.bin)|*.bin|*.mid|*.mid|*.wav|*.wav|All files|*.*");
-  EXPECT_EQ(SaidAtLast(Id::LoadRing, file), "iRingtones were loaded from" + At(file));
-  EXPECT_EQ(Melody(1), "440:500 880:250 ");
+  EXPECT_EQ(Loaded(Id::LoadRing, file), "iRingtones were loaded from" + At(file));
+  EXPECT_EQ(Melody(1), asText);
   EXPECT_EQ(List().Selected(), 1u);
   EXPECT_EQ(Shown<RingtonesPanel>().Roll().Notes().size(), 2u);
   EXPECT_EQ(Status(10), "F");
   EXPECT_EQ(InfoText().find("RIT-table"), InfoText().rfind("RIT-table"));
   EXPECT_TRUE(script.beeps.empty());
 
-  SaidAtLast(Id::LoadRing, files / "demo_0001.bin");  // the old one still has its room
+  Loaded(Id::LoadRing, files / "demo_0001.bin");  // the old one still has its room
   EXPECT_EQ(Melody(1), text);
   Open().Undo();
-  EXPECT_EQ(Melody(1), "440:500 880:250 ");
+  EXPECT_EQ(Melody(1), asText);
   Choose(Id::Info);
   Open().Undo();
   Choose(ringtones);  // searched again
   EXPECT_EQ(Melody(1), text);
   EXPECT_EQ(List().Selected(), 1u);
-}
 
-TEST_F(RingtoneTransferDesk, FilesThatDoNotFitAreRefused) {
-  List().Select(1);
-  const auto said = [this](const std::string& bytes) {
-    return SaidAtLast(Id::LoadRing, folder.Write("new.bin", bytes));
-  };
-  EXPECT_EQ(said(std::string(168, 'a')),
+  for (const auto& [bytes, said] :
+       {std::pair<std::string, std::string>(
+            std::string(168, 'a'),
             "!Error ! Wrong size of file \"new.bin\" !\nSize of the file: 168\n"
-            "Size in the fullflash: 160 (of ringtone 01)");
-  EXPECT_EQ(said("abc"),
-            "!new.bin: A melody has 4 bytes for each note: the size of its file must be a multiple of 4.");
-  EXPECT_EQ(said(""), "!new.bin: The file is empty or incomplete.");
-  EXPECT_EQ(said(std::string(8, '\0')), "!new.bin: The melody ends before the end of the file.");
-  EXPECT_TRUE(SaidAtLast(Id::LoadRing, folder / "no.bin").starts_with("!Error ! File "));
-  EXPECT_EQ(Status(10), "");
+            "Size in the fullflash: 160 (of ringtone 01)"),
+        {"abc",
+         "!new.bin: A melody has 4 bytes for each note: the size of its file must be a multiple of 4."},
+        {"", "!new.bin: The file is empty or incomplete."},
+        {std::string(8, '\0'), "!new.bin: The melody ends before the end of the file."}})
+    EXPECT_EQ(Loaded(Id::LoadRing, folder.Write("new.bin", bytes)), said);
+  EXPECT_TRUE(Loaded(Id::LoadRing, folder / "no.bin").starts_with("!Error ! File "));
+  EXPECT_FALSE(Open().Edits().CanUndo());
 }
 
 TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
@@ -224,21 +211,20 @@ TEST_F(RingtoneTransferDesk, AllAreLoadedAtOnce) {
   EXPECT_EQ(Said(Id::SaveAllRing), "iRingtones were saved to" + At(files / "NNNN.xxx"));
   EXPECT_EQ(FilesThere(), 3 * (List().RowCount() - 2) + 2);  // two are already files
 
-  folder.Write("MIDI/demo_0001.bin", twoNotes);
+  for (const char* name : {"demo_0001.bin", "demo_0006.bin", "demo_00FE.bin"})
+    folder.Write(fs::path("MIDI") / name, twoNotes);
   Alter("demo_0007.wav", 100);
   folder.Write("MIDI/demo_0002.bin", std::string(9999, 'a'));
-  folder.Write("MIDI/demo_0006.bin", twoNotes);
-  folder.Write("MIDI/demo_00FE.bin", twoNotes);
   const std::string said = Said(Id::LoadAllRing);
   EXPECT_TRUE(said.starts_with("[Tarvelo - Load all ringtones]Ringtones were loaded from\n")) << said;
-  EXPECT_NE(said.find("fullflash: 2\ndemo_0001.bin\ndemo_0007.wav\n\nFiles not loaded: 3\n"), said.npos)
-      << said;
-  EXPECT_NE(said.find("\"demo_0002.bin\" !\nSize of the file: 9999\n"), said.npos) << said;
+  for (const char* part : {"fullflash: 2\ndemo_0001.bin\ndemo_0007.wav\n\nFiles not loaded: 3\n",
+                           "\"demo_0002.bin\" !\nSize of the file: 9999\n"})
+    EXPECT_NE(said.find(part), said.npos) << said;
   EXPECT_TRUE(
       said.ends_with("demo_0006.bin: The file is not of the same kind as the ringtone.\n"
                      "demo_00FE.bin: There is no ringtone of this number.\n"))
       << said;
-  EXPECT_EQ(Melody(1), "440:500 880:250 ");
+  EXPECT_EQ(Melody(1), asText);
   ExpectOneStepBackToTheDemo();
 
   fs::remove_all(files);

@@ -1,4 +1,3 @@
-#include "shell/info/welcome.h"
 #include "shell/frame/demonstration.h"
 
 #include "shell/desk.h"
@@ -16,14 +15,12 @@ class WelcomeDesk : public Desk {
     });
   }
 
-  [[nodiscard]] std::filesystem::path Demonstration(const char* name) const {
-    return folder / "documents" / name;
-  }
+  const std::filesystem::path first = WriteDump("first.bin"), second = WriteDump("A & B.bin");
 };
 
 TEST_F(WelcomeDesk, IsShownUntilADumpIsOpen) {
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
-  script.file = WriteDump("dump.bin");
+  script.file = first;
   Click(*Button("Open"));
   EXPECT_TRUE(Open().IsOpen());
   EXPECT_EQ(Button("Open"), nullptr);
@@ -31,48 +28,42 @@ TEST_F(WelcomeDesk, IsShownUntilADumpIsOpen) {
   main->Dumps().OpenF(folder / "missing.bin");  // closes the dump
   EXPECT_EQ(InfoText(), "");
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
-  EXPECT_NE(Button("Help"), nullptr);
-}
-
-TEST_F(WelcomeDesk, OffersRecentFiles) {
-  const auto first = WriteDump("first.bin");
-  const auto second = WriteDump("A & B.bin");
-  EXPECT_EQ(Button(PathText(first)), nullptr);
-  main->Dumps().OpenF(first);
-  main->Dumps().OpenF(second);
-  main->Dumps().CloseFF();
-  EXPECT_NE(Button(PathText(second)), nullptr);
-  Click(*Button(PathText(first)));
-  EXPECT_EQ(Open().Path(), first);
-}
-
-TEST_F(WelcomeDesk, FollowsTheChosenLanguage) {
   Choose(Id::FirstLanguage + 10);
   const Messages greek(*FindLanguage("GR"));
   for (const Text text : {Text::Open, Text::TryDemonstration, Text::Help})
     EXPECT_NE(Button(std::string(greek.Msg(text))), nullptr) << greek.Msg(text);
 }
 
+TEST_F(WelcomeDesk, OffersRecentFiles) {
+  int shown = 0;
+  const auto* none = FirstIn<wxButton>(main->InfoText().Window(), [&](const wxButton& button) {
+    shown += button.IsShownOnScreen();
+    return false;
+  });
+  EXPECT_EQ(none, nullptr);
+  EXPECT_EQ(shown, 3);  // no empty ones
+  for (const auto& file : {first, second}) main->Dumps().OpenF(file);
+  main->Dumps().CloseFF();
+  EXPECT_EQ(Utf8(Button(PathText(second))->GetToolTipText()), PathText(second));
+  Click(*Button(PathText(first)));
+  EXPECT_EQ(Open().Path(), first);
+}
+
 TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
-  const std::string tryIt(Messages().Msg(Text::TryDemonstration));
-  const auto file = Demonstration("Tarvelo demo.bin");
-  const std::string said =
-      "i" + std::string(Messages().Msg(Text::DemonstrationSaved)) + "\n\n" + PathText(file);
+  const auto documents = folder / "documents", file = documents / "Tarvelo demo.bin";
   for (int time = 0; time < 2; ++time) {  // the second time it is already there
-    Click(*Button(tryIt));
-    EXPECT_EQ(script.TakeSaid(), said);
+    Click(*Button(std::string(Messages().Msg(Text::TryDemonstration))));
+    EXPECT_EQ(script.TakeSaid(), "i" + std::string(Messages().Msg(Text::DemonstrationSaved)) + At(file));
     EXPECT_EQ(Open().Path(), file);
     main->Dumps().CloseFF();
   }
   EXPECT_EQ(std::filesystem::file_size(file), 0x800000u);
-  EXPECT_FALSE(FileExist(Demonstration("Tarvelo demo 2.bin")));
-}
+  const auto secondFile = documents / "Tarvelo demo 2.bin";
+  EXPECT_FALSE(FileExist(secondFile));
 
-TEST_F(WelcomeDesk, OverwritesNothingWithTheDemonstration) {
-  const auto file = Demonstration("Tarvelo demo.bin");
-  WriteFile(file, "mine");
-  std::filesystem::create_directory(Demonstration("Tarvelo demo 2.bin"));
-  EXPECT_EQ(WriteDemonstration(folder / "documents"), Demonstration("Tarvelo demo 3.bin"));
+  WriteFile(file, "mine");  // is not overwritten
+  std::filesystem::create_directory(secondFile);
+  EXPECT_EQ(WriteDemonstration(documents), documents / "Tarvelo demo 3.bin");
   EXPECT_EQ(ReadAll(file), "mine");
 }
 
