@@ -12,6 +12,8 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr char endOfFile = 0x1A;  // of old editors
 constexpr std::size_t longestText = 100;
+constexpr std::size_t longestHeader = 50;  // lines
+constexpr std::size_t longestHeaderLine = 200;
 
 // Removes the first line from a text and returns it without its end.
 std::string_view TakeLine(std::string_view& text) {
@@ -47,6 +49,9 @@ ReadPatch ReadPatchText(std::string_view text) {
           {number, {Offset{read.address}, std::move(read.oldBytes), std::move(read.newBytes)}});
     else if (read.kind == PatchLine::Kind::Invalid)
       patch.invalid.push_back({number, std::string(line.substr(0, longestText))});
+    const bool isHeader = patch.changes.empty() && patch.invalid.empty();
+    if (isHeader && read.kind == PatchLine::Kind::Comment && patch.header.size() < longestHeader)
+      patch.header.emplace_back(line.substr(0, longestHeaderLine));
   }
   return patch;
 }
