@@ -112,7 +112,8 @@ void WxDialogs::Announce(const wxString& title, const wxString& text) {
 bool WxDialogs::Confirm(const wxString& text) { return AnswerTo(text) == wxID_YES; }
 
 int WxDialogs::AnswerTo(const wxString& question) {
-  MessageDialog dialog(parent_, BreakLongLines(question), productName, wxYES_NO | wxNO_DEFAULT | wxCANCEL | wxICON_EXCLAMATION);
+  MessageDialog dialog(parent_, BreakLongLines(question), productName,
+                       wxYES_NO | wxNO_DEFAULT | wxCANCEL | wxICON_EXCLAMATION);
   dialog.SetYesNoCancelLabels(Wx(messages_.Msg(Text::Yes)), Wx(messages_.Msg(Text::No)),
                               Wx(messages_.Msg(Text::Cancel)));
   return dialog.ShowModal();

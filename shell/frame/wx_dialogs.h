@@ -13,8 +13,8 @@ class Messages;
 // "*.*" literally.
 [[nodiscard]] wxString FilterForSystem(const wxString& filter);
 
-// The text in lines of at most 80 columns, because a message box cuts off the end of a long path. A line breaks
-// behind a blank or a separator of a path, or anywhere if there is none in its second half.
+// The text in lines of at most 80 columns, because a message box cuts off the end of a long path. A line
+// breaks behind a blank or a separator of a path, or anywhere if there is none in its second half.
 [[nodiscard]] wxString BreakLongLines(const wxString& text);
 
 // wx dialogs with buttons in the current language.

@@ -223,6 +223,7 @@ void ListView::Arrange() {
     });
     std::ranges::transform(cells, order_.begin(), [](const auto& cell) { return cell.second; });
   }
+  control_->OnInternalIdle();  // scrolls to a row, for which GTK waits: that row may be gone later
   model_->Reset(static_cast<unsigned>(order_.size()));
   Choose(selected);
 }

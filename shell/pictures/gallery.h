@@ -27,8 +27,8 @@ class Gallery final : public wxScrolledCanvas {
   // Draws the visible pictures; the DC is scrolled already.
   void OnDraw(wxDC& dc) override;
 
-  std::function<void(std::size_t index)> onSelect;    // by mouse or keyboard
-  std::function<void(std::size_t index)> onActivate;  // double click, Enter
+  std::function<void(std::size_t index)> onSelect;          // by mouse or keyboard
+  std::function<void(std::size_t index)> onActivate;        // double click, Enter
   std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
 
  private:

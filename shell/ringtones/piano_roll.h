@@ -47,7 +47,7 @@ class PianoRoll final : public wxScrolledCanvas {
   // The current headline.
   [[nodiscard]] wxString Headline() const;
 
-  std::function<void()> onActivate;  // double click, Enter
+  std::function<void()> onActivate;                         // double click, Enter
   std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
 
  private:

@@ -33,8 +33,7 @@ RingtonesPanel::RingtonesPanel(Workbench& bench, wxSplitterWindow* window)
     : ExplorerPanel(bench, ringtonesExplorer, window, window),
       player_(bench),
       transfer_(
-          bench, [this]() -> const RingtoneList& { return Ringtones(); },
-          [this] { return ChosenRingtone(); },
+          bench, [this]() -> const RingtoneList& { return Ringtones(); }, [this] { return ChosenRingtone(); },
           [this] {
             std::vector<const Ringtone*> all;
             for (const std::size_t record : ChosenRecords()) all.push_back(&Ringtones().ringtones[record]);
