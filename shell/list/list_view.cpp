@@ -229,23 +229,19 @@ void ListView::Arrange() {
 }
 
 // Selects the listed ones of these rows and scrolls to the first of them, which becomes the current one.
-std::optional<std::size_t> ListView::Choose(const std::vector<std::size_t>& rows) {
+void ListView::Choose(const std::vector<std::size_t>& rows) {
   control_->UnselectAll();
-  if (rows.empty()) return {};
+  if (rows.empty()) return;
   std::vector<std::size_t> places(rows_.count, order_.size());
   for (std::size_t place = 0; place < order_.size(); ++place) places[order_[place]] = place;
-  std::optional<std::size_t> current;
   wxDataViewItemArray items;
-  for (const std::size_t row : rows) {
-    if (row >= rows_.count || places[row] == order_.size()) continue;
-    items.Add(model_->GetItem(static_cast<unsigned>(places[row])));
-    if (!current) current = row;
-  }
-  if (!current) return {};
+  for (const std::size_t row : rows)
+    if (row < rows_.count && places[row] < order_.size())
+      items.Add(model_->GetItem(static_cast<unsigned>(places[row])));
+  if (items.empty()) return;
   control_->SetCurrentItem(items.front());
   control_->SetSelections(items);
   control_->EnsureVisible(items.front());
-  return current;
 }
 
 std::optional<std::size_t> ListView::Selected() const {
@@ -276,7 +272,8 @@ std::vector<std::size_t> ListView::Selection() const {
 }
 
 void ListView::SelectRows(const std::vector<std::size_t>& rows) {
-  if (const auto current = Choose(rows); current && onSelect) onSelect(*current);
+  Choose(rows);
+  if (const auto current = Selected(); current && onSelect) onSelect(*current);
 }
 
 void ListView::Select(std::size_t row) {

@@ -92,7 +92,7 @@ class ListView final : public wxPanel {
   [[nodiscard]] wxPoint MenuPlace() const;
   void FitColumns();
   void Arrange();
-  std::optional<std::size_t> Choose(const std::vector<std::size_t>& rows);
+  void Choose(const std::vector<std::size_t>& rows);
   [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,
                               std::optional<unsigned> column = {}) const;
   void ShowCaptions();
