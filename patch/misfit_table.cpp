@@ -32,6 +32,12 @@ std::string MisfitTable::Summary() const {
   return text;
 }
 
+std::string MisfitTable::Header() const {
+  std::string text;
+  for (const std::string& line : patch_.header) text.append(text.empty() ? "" : "\n") += InOneLine(line);
+  return text;
+}
+
 TableRows MisfitTable::Rows() const {
   return {Captions(messages_, {Text::ColumnLine, Text::ColumnOffset, Text::PhoneAddress, Text::ColumnExpected,
                                Text::ColumnFound}),

@@ -25,6 +25,9 @@ class MisfitTable {
   // These numbers in words, one line each.
   [[nodiscard]] std::string Summary() const;
 
+  // The patch's header, one line each; empty if it has none.
+  [[nodiscard]] std::string Header() const;
+
   // One row per line that does not fit, up to mostListed, in the columns Line, Offset, Phone address,
   // Expected and Found. Long runs of bytes are shortened. The table must outlive the rows.
   [[nodiscard]] TableRows Rows() const;

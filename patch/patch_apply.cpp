@@ -10,6 +10,8 @@ namespace tarvelo {
 namespace {
 
 constexpr std::size_t longestText = 100;
+constexpr std::size_t longestHeader = 50;  // lines
+constexpr std::size_t longestHeaderLine = 200;
 
 bool LiesWithin(const Change& change, const Fullflash& image) {
   return change.offset <= std::ssize(image.ff()) - change.Size();
@@ -33,6 +35,9 @@ ReadPatch ReadPatchText(std::string_view text) {
           {number, {Offset{read.address}, std::move(read.oldBytes), std::move(read.newBytes)}});
     else if (read.kind == PatchLine::Kind::Invalid)
       patch.invalid.push_back({number, std::string(line.substr(0, longestText))});
+    const bool isHeader = patch.changes.empty() && patch.invalid.empty();
+    if (isHeader && read.kind == PatchLine::Kind::Comment && patch.header.size() < longestHeader)
+      patch.header.emplace_back(line.substr(0, longestHeaderLine));
   });
   return patch;
 }

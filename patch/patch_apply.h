@@ -29,6 +29,9 @@ struct InvalidPatchLine {
 };
 
 struct ReadPatch {
+  // What the patch says about itself: the comments before its first other line, without line ends. At most
+  // its first 50 lines, and of each the first 200 bytes.
+  std::vector<std::string> header;
   std::vector<PatchChange> changes;  // both in line order, unless it is reversed
   std::vector<InvalidPatchLine> invalid;
 };

@@ -66,7 +66,7 @@ ComparePanel::ComparePanel(Workbench& bench, wxPanel* window, wxPanel* none, wxP
   fromStart_->MoveBeforeInTabOrder(&List());
   Layout();
   Bind();
-  ShowDifferences();
+  ShowDifferences(false);
   watch_ = bench.document.OnChange([this] { ImageChanged(); });
 }
 
@@ -158,13 +158,27 @@ void ComparePanel::CompareAgain() {
   Comparison comparison = Compare(image, second_.ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
   joined_ = JoinDifferences(comparison.differences, mostRows);
   if (!comparison.differences.empty()) MakeMap();
-  const Difference* chosen = Chosen();
-  const Offset place = chosen ? chosen->offset : 0;
+  std::vector<Difference> chosen;
+  for (const std::size_t row : List().Selection()) chosen.push_back(comparison_.differences[row]);
   comparison_ = std::move(comparison);
   differingBytes_ = DifferingBytes(image, second_.ff(), comparison_.differences, comparison_.shift);
   stale_ = false;
-  ShowDifferences();
-  if (!comparison_.differences.empty()) List().Select(NearestDifference(comparison_.differences, place));
+  ShowDifferences(true);
+  List().SelectRows(RowsOf(chosen));
+}
+
+// The rows of these former differences, as far as both dumps still differ there; if they differ at none of
+// these places, the row nearest to the first one.
+std::vector<std::size_t> ComparePanel::RowsOf(const std::vector<Difference>& chosen) const {
+  const std::vector<Difference>& all = comparison_.differences;
+  if (all.empty()) return {};
+  std::vector<std::size_t> rows;
+  for (const Difference& former : chosen) {
+    const std::size_t row = NearestDifference(all, former.offset);
+    if (all[row].offset < former.End() && former.offset < all[row].End()) rows.push_back(row);
+  }
+  if (rows.empty()) rows.push_back(NearestDifference(all, chosen.empty() ? 0 : chosen.front().offset));
+  return rows;
 }
 
 Offset ComparePanel::AddressShift() const { return tarvelo::AddressShift(bench_.document.Image(), second_); }
@@ -186,13 +200,17 @@ void ComparePanel::Clear() {
   stale_ = false;
   map_ = std::make_shared<const DumpMap>();
   mapFailed_ = false;
-  ShowDifferences();
+  ShowDifferences(false);
 }
 
 // --- display ---
 
-void ComparePanel::ShowDifferences() {
-  List().SetRows(Rows());
+// `keepView` keeps filter and order.
+void ComparePanel::ShowDifferences(bool keepView) {
+  if (keepView)
+    List().ReplaceRows(Rows());
+  else
+    List().SetRows(Rows());
   ShowStrip();
   none_->Show(!HasSecond());
   compared_->Show(HasSecond());

@@ -62,13 +62,14 @@ class ComparePanel final : public ListPanel {
   void ImageChanged();
   void CompareAgain();
   void MakeMap();
-  void ShowDifferences();
+  void ShowDifferences(bool keepView);
   void ShowStrip();
   [[nodiscard]] Offset AddressShift() const;
   [[nodiscard]] wxString RestText() const;
   [[nodiscard]] wxString Describe(Offset offset, Offset size) const;
   [[nodiscard]] bool HasSecond() const { return second_.IsOpen(); }
   [[nodiscard]] const Difference* Chosen() const;
+  [[nodiscard]] std::vector<std::size_t> RowsOf(const std::vector<Difference>& chosen) const;
   [[nodiscard]] Change ChangeOf(const Difference& difference) const;
 
   wxPanel* window_;

@@ -9,6 +9,7 @@
 #include "shell/base/strings.h"
 #include "shell/services/ids.h"
 #include "shell/services/loaded_files.h"
+#include "shell/services/save_each.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
@@ -89,23 +90,17 @@ void EepromTransfer::eeBackup_Click() {
   if (!saved.stopped) TellSaved(saved, folder);
 }
 
-// Saves block after block. Escape stops it.
 EepromTransfer::Saved EepromTransfer::SaveEach(const std::filesystem::path& folder,
                                                const std::vector<const EepromBlockRecord*>& blocks) {
-  const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
-  ProgressRun run(bench_.status, 0, std::ssize(blocks));
   const std::string stem = Stem();
   Saved saved;
-  std::int64_t done = 0;
-  for (const EepromBlockRecord* block : blocks) {
-    run.At(done++);
-    saved.stopped = run.StopAsked();
-    if (saved.stopped) break;
-    if (SaveBlock(bench_.document.Image(), blocks_(), *block, folder, stem))
+  const auto save = [&](std::size_t i) {
+    if (SaveBlock(bench_.document.Image(), blocks_(), *blocks[i], folder, stem))
       ++saved.files;
     else
-      saved.without.push_back(block->Number);
-  }
+      saved.without.push_back(blocks[i]->Number);
+  };
+  saved.stopped = !tarvelo::SaveEach(bench_, blocks.size(), save);
   return saved;
 }
 

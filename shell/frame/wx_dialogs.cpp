@@ -34,6 +34,29 @@ std::optional<std::filesystem::path> ChooseFile(wxWindow* parent, const wxString
   return PathFrom(dialog.GetPath());
 }
 
+constexpr int longestLine = 80;  // columns
+
+// On the screen. Chinese characters take two; the second unit of a character takes none.
+int ColumnsOf(wxUniChar c) {
+  const bool isSecondUnit = c >= 0xDC00 && c <= 0xDFFF;
+  if (isSecondUnit) return 0;
+  return c >= 0x1100 ? 2 : 1;
+}
+
+// The length of the part of a line that goes on the first line of a message box.
+std::size_t FittingPart(const wxString& line) {
+  int columns = 0;
+  std::size_t length = 0;
+  std::size_t afterSeparator = 0;
+  for (const wxUniChar c : line) {
+    columns += ColumnsOf(c);
+    if (columns > longestLine) return afterSeparator > length / 2 ? afterSeparator : length;
+    ++length;
+    if (c == ' ' || c == '/' || c == '\\') afterSeparator = length;
+  }
+  return length;
+}
+
 }  // namespace
 
 wxString FilterForSystem(const wxString& filter) {
@@ -47,9 +70,21 @@ wxString FilterForSystem(const wxString& filter) {
   return wxJoin(parts, '|', '\0');
 }
 
+wxString BreakLongLines(const wxString& text) {
+  wxArrayString lines;
+  for (wxString line : wxSplit(text, '\n', '\0')) {
+    for (std::size_t part = FittingPart(line); part < line.length(); part = FittingPart(line)) {
+      lines.Add(line.Left(part));
+      line = line.Mid(part);
+    }
+    lines.Add(line);
+  }
+  return wxJoin(lines, '\n', '\0');
+}
+
 void WxDialogs::Message(const wxString& text, Icon icon) {
   const long style = wxOK | (icon == Icon::Critical ? wxICON_ERROR : wxICON_INFORMATION);
-  MessageDialog dialog(parent_, text, productName, style);
+  MessageDialog dialog(parent_, BreakLongLines(text), productName, style);
   dialog.SetOKLabel(Wx(messages_.Msg(Text::Ok)));
   dialog.ShowModal();
 }
@@ -74,11 +109,14 @@ void WxDialogs::Announce(const wxString& title, const wxString& text) {
   dialog.ShowModal();
 }
 
-bool WxDialogs::Confirm(const wxString& text) {
-  MessageDialog dialog(parent_, text, productName, wxYES_NO | wxNO_DEFAULT | wxCANCEL | wxICON_EXCLAMATION);
+bool WxDialogs::Confirm(const wxString& text) { return AnswerTo(text) == wxID_YES; }
+
+int WxDialogs::AnswerTo(const wxString& question) {
+  MessageDialog dialog(parent_, BreakLongLines(question), productName,
+                       wxYES_NO | wxNO_DEFAULT | wxCANCEL | wxICON_EXCLAMATION);
   dialog.SetYesNoCancelLabels(Wx(messages_.Msg(Text::Yes)), Wx(messages_.Msg(Text::No)),
                               Wx(messages_.Msg(Text::Cancel)));
-  return dialog.ShowModal() == wxID_YES;
+  return dialog.ShowModal();
 }
 
 std::optional<wxString> WxDialogs::Ask(const wxString& prompt, const wxString& initial) {

@@ -9,11 +9,15 @@ namespace tarvelo {
 
 class Messages;
 
-// wx dialogs with buttons in the current language.
 // The filter of a file dialog as the system needs it. Linux distinguishes DUMP.BIN from dump.bin and takes
 // "*.*" literally.
 [[nodiscard]] wxString FilterForSystem(const wxString& filter);
 
+// The text in lines of at most 80 columns, because a message box cuts off the end of a long path. A line
+// breaks behind a blank or a separator of a path, or anywhere if there is none in its second half.
+[[nodiscard]] wxString BreakLongLines(const wxString& text);
+
+// wx dialogs with buttons in the current language.
 class WxDialogs final : public Dialogs {
  public:
   // Both must outlive the object; `parent` may be null.
@@ -22,6 +26,8 @@ class WxDialogs final : public Dialogs {
   void Message(const wxString& text, Icon icon) override;
   void Announce(const wxString& title, const wxString& text) override;
   bool Confirm(const wxString& text) override;
+  // The same, but returns the button: wxID_YES, wxID_NO (the default) or wxID_CANCEL (Escape).
+  int AnswerTo(const wxString& question);
   std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override;
   std::optional<std::filesystem::path> OpenFile(const wxString& title, const wxString& filter,
                                                 const std::filesystem::path& current) override;

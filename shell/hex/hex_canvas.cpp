@@ -1,5 +1,4 @@
 #include "shell/hex/hex_canvas.h"
-#include "core/byte_text.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/settings.h>
@@ -9,6 +8,9 @@
 #include <cmath>
 #include <optional>
 #include <utility>
+
+#include "core/byte_text.h"
+#include "shell/services/panel_commands.h"
 
 namespace tarvelo {
 namespace {
@@ -265,10 +267,9 @@ void HexCanvas::BindMouse() {
     event.Skip();
   });
   Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
-    const bool isKey = event.GetPosition() == wxDefaultPosition;
-    if (isKey) ShowCursor(false);
+    if (event.GetPosition() == wxDefaultPosition) ShowCursor(false);
     const wxPoint cursor = PlaceOf(scene_.cursor.At()) + wxPoint(0, scene_.rowHeight / 2);
-    if (onContextMenu) onContextMenu(isKey ? ClientToScreen(cursor) : event.GetPosition());
+    if (onContextMenu) onContextMenu(MenuPlace(event, *this, cursor));
   });
   dragTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ScrollWhileDragging(); });
 }

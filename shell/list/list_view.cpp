@@ -133,6 +133,7 @@ wxPoint ListView::MenuPlace() const {
 }
 
 void ListView::SetRows(TableRows rows) {
+  control_->UnselectAll();
   filter_.clear();
   filterLine_->ChangeValue(wxString());
   sortColumn_.reset();
@@ -174,9 +175,8 @@ void ListView::SetCaptions(std::vector<std::string> captions) {
 }
 
 void ListView::Reword(TableRows rows) {
-  const auto row = Selected();
   ReplaceRows(std::move(rows));
-  if (row && IsListed(*row)) Select(*row);
+  SelectRows(Selection());
 }
 
 // Makes the columns as wide as the texts of the first rows; figures are padded to the same width in all rows.
@@ -205,9 +205,9 @@ bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::opti
   return column ? holds(cells[*column]) : std::ranges::any_of(cells, holds);
 }
 
-// Puts the rows on the screen in order. Keeps the current row if it is still listed.
+// Puts the rows on the screen in order. Those selected stay so if they are still listed.
 void ListView::Arrange() {
-  const auto current = Selected();
+  const std::vector<std::size_t> selected = Selection();
   order_.clear();
   if (filter_.empty()) order_.reserve(rows_.count);
   for (std::size_t row = 0; row < rows_.count; ++row)
@@ -223,14 +223,25 @@ void ListView::Arrange() {
     });
     std::ranges::transform(cells, order_.begin(), [](const auto& cell) { return cell.second; });
   }
+  control_->OnInternalIdle();  // scrolls to a row, for which GTK waits: that row may be gone later
   model_->Reset(static_cast<unsigned>(order_.size()));
-  const auto place = current ? std::ranges::find(order_, *current) : order_.end();
-  if (place != order_.end()) {
-    const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(place - order_.begin()));
-    control_->SetCurrentItem(item);
-    control_->Select(item);
-    control_->EnsureVisible(item);
-  }
+  Choose(selected);
+}
+
+// Selects the listed ones of these rows and scrolls to the first of them, which becomes the current one.
+void ListView::Choose(const std::vector<std::size_t>& rows) {
+  control_->UnselectAll();
+  if (rows.empty()) return;
+  std::vector<std::size_t> places(rows_.count, order_.size());
+  for (std::size_t place = 0; place < order_.size(); ++place) places[order_[place]] = place;
+  wxDataViewItemArray items;
+  for (const std::size_t row : rows)
+    if (row < rows_.count && places[row] < order_.size())
+      items.Add(model_->GetItem(static_cast<unsigned>(places[row])));
+  if (items.empty()) return;
+  control_->SetCurrentItem(items.front());
+  control_->SetSelections(items);
+  control_->EnsureVisible(items.front());
 }
 
 std::optional<std::size_t> ListView::Selected() const {
@@ -252,19 +263,26 @@ std::vector<std::size_t> ListView::SelectedRows() const {
   return rows;
 }
 
+std::vector<std::size_t> ListView::Selection() const {
+  std::vector<std::size_t> rows = SelectedRows();
+  const auto current = Selected();
+  const auto place = current ? std::ranges::find(rows, *current) : rows.end();
+  if (place != rows.end()) std::rotate(rows.begin(), place, place + 1);
+  return rows;
+}
+
+void ListView::SelectRows(const std::vector<std::size_t>& rows) {
+  Choose(rows);
+  if (const auto current = Selected(); current && onSelect) onSelect(*current);
+}
+
 void ListView::Select(std::size_t row) {
   if (row >= rows_.count) return;
   if (std::ranges::find(order_, row) == order_.end()) {
     filterLine_->ChangeValue(wxString());
     Filter({});
   }
-  const auto place = std::ranges::find(order_, row) - order_.begin();
-  const wxDataViewItem item = model_->GetItem(static_cast<unsigned>(place));
-  control_->UnselectAll();
-  control_->SetCurrentItem(item);
-  control_->Select(item);
-  control_->EnsureVisible(item);
-  if (onSelect) onSelect(row);
+  SelectRows({row});
 }
 
 void ListView::Step(int rows) {

@@ -26,7 +26,7 @@ class ListView final : public wxPanel {
   // Shows a new list, unfiltered and in its own order. Each row is made when it is needed.
   void SetRows(TableRows rows);
   [[nodiscard]] const std::vector<std::string>& Captions() const { return rows_.captions; }
-  // Shows a new list of the same columns. Keeps filter and order.
+  // Shows a new list of the same columns. Keeps filter, order and the numbers of the selected rows.
   void ReplaceRows(TableRows rows);
   // Changes the captions of the columns.
   void SetCaptions(std::vector<std::string> captions);
@@ -55,6 +55,11 @@ class ListView final : public wxPanel {
   [[nodiscard]] std::vector<std::size_t> SelectedRows() const;
   // Makes a row current and scrolls to it; clears a filter that hides it. Calls onSelect.
   void Select(std::size_t row);
+  // All selected rows, the current one first.
+  [[nodiscard]] std::vector<std::size_t> Selection() const;
+  // Selects these rows and no others, except those that the filter hides, and makes the first one current.
+  // Calls onSelect with it.
+  void SelectRows(const std::vector<std::size_t>& rows);
 
   // Moves the current row by this many rows on the screen, stopping at the first and the last one.
   void Step(int rows);
@@ -87,6 +92,7 @@ class ListView final : public wxPanel {
   [[nodiscard]] wxPoint MenuPlace() const;
   void FitColumns();
   void Arrange();
+  void Choose(const std::vector<std::size_t>& rows);
   [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,
                               std::optional<unsigned> column = {}) const;
   void ShowCaptions();

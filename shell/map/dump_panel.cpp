@@ -36,7 +36,7 @@ DumpPanel::DumpPanel(Workbench& bench, wxPanel* window)
       legend_(new MapLegend(window)) {
   Layout();
   Bind();
-  ShowMap();
+  ShowMap(false);
   watch_ = bench.document.OnChange([this] { ImageChanged(); });
 }
 
@@ -53,7 +53,9 @@ void DumpPanel::Bind() {
   List().onSelect = [this](std::size_t row) {
     if (row < Regions().size()) strip_->Mark(Regions()[row].offset, Regions()[row].size);
   };
-  strip_->onClick = [this](Offset offset) { SelectAt(offset); };
+  strip_->onClick = [this](Offset offset) {
+    if (const auto row = RowAt(offset)) List().Select(*row);
+  };
   strip_->describe = [this](Offset offset, Offset size) {
     return Wx(OffsetText(bench_.document.Image(), offset) + ": " +
               LabelOf(*map_, offset, size, bench_.texts));
@@ -67,8 +69,10 @@ void DumpPanel::Build() {
   if (isStale_) MakeMap();
 }
 
-// Rebuilds the map and keeps the chosen place.
+// Rebuilds the map and keeps the chosen places.
 void DumpPanel::MakeMap() {
+  std::vector<Offset> chosen;
+  for (const std::size_t row : List().Selection()) chosen.push_back(Regions()[row].offset);
   auto map = std::make_shared<const DumpMap>();
   try {
     map = bench_.document.Map(bench_.status);
@@ -76,27 +80,35 @@ void DumpPanel::MakeMap() {
   } catch (const std::length_error&) {
     bench_.talk.TellFault(Wx(bench_.texts.Msg(Traits().name)), Wx(bench_.texts.Msg(Text::TooManyBlocks)));
   }
-  const auto chosen = ChosenRegion();
   map_ = std::move(map);
-  ShowMap();
-  SelectAt(chosen ? chosen->offset : 0);
+  ShowMap(true);
+  if (chosen.empty()) chosen.push_back(0);
+  std::vector<std::size_t> rows;
+  for (const Offset offset : chosen)
+    if (const auto row = RowAt(offset)) rows.push_back(*row);
+  List().SelectRows(rows);
   bench_.status.SetPanel(
       countPanel, wxString::Format("%zu / %zu", Regions().size(), bench_.document.Image().ff().size()));
 }
 
-void DumpPanel::ShowMap() {
+// `keepView` keeps filter and order.
+void DumpPanel::ShowMap(bool keepView) {
   std::vector<StripPart> parts;
   for (const Claim& region : Regions())
     parts.push_back({region.offset, region.size, ColourOf(*region.kind->group)});
   strip_->Show(Regions().empty() ? 0 : Regions().back().End(), std::move(parts));
   legend_->ShowSums(*map_);
-  List().SetRows(Rows());
+  if (keepView)
+    List().ReplaceRows(Rows());
+  else
+    List().SetRows(Rows());
   window_->Layout();
 }
 
-void DumpPanel::SelectAt(Offset offset) {
+std::optional<std::size_t> DumpPanel::RowAt(Offset offset) const {
   const auto regions = map_->Within(offset, 1);
-  if (!regions.empty()) List().Select(static_cast<std::size_t>(&regions.front() - Regions().data()));
+  if (regions.empty()) return {};
+  return static_cast<std::size_t>(&regions.front() - Regions().data());
 }
 
 TableRows DumpPanel::Rows() const { return MapRows(*map_, bench_.document.Image(), bench_.texts); }
@@ -104,7 +116,7 @@ TableRows DumpPanel::Rows() const { return MapRows(*map_, bench_.document.Image(
 void DumpPanel::Clear() {
   map_ = std::make_shared<const DumpMap>();
   isStale_ = true;
-  ShowMap();
+  ShowMap(false);
 }
 
 // Rebuilds the map soon if the panel is visible, otherwise when it is next shown.

@@ -38,9 +38,10 @@ class DumpPanel final : public ListPanel {
   void Layout();
   void Bind();
   void MakeMap();
-  void ShowMap();
+  void ShowMap(bool keepView);
   void ImageChanged();
-  void SelectAt(Offset offset);
+  // The row of the region at an offset; none outside the image.
+  [[nodiscard]] std::optional<std::size_t> RowAt(Offset offset) const;
   void Step(int direction, const std::function<bool(const Claim&)>& isSought);
   // Moves to the next or previous region of the same kind, wrapping around.
   void StepInKind(int direction);

@@ -4,6 +4,9 @@
 #include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
 
 #include "patch/misfit_table.h"
 #include "resources/messages.h"
@@ -11,6 +14,7 @@
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
+#include "shell/platform/accessible_name.h"
 
 namespace tarvelo {
 
@@ -23,11 +27,24 @@ PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, c
   list_->SetRows(misfits.Rows());
   const int gap = FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
+  if (const std::string header = misfits.Header(); !header.empty())
+    column->Add(MakeHeader(messages, Wx(header)), 0, wxEXPAND | wxLEFT | wxTOP | wxRIGHT, gap);
   column->Add(new wxStaticText(this, wxID_ANY, Wx(misfits.Summary())), 0, wxEXPAND | wxALL, gap);
   column->Add(list_, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
   column->Add(MakeButtons(messages, misfits.Fitting() > 0), 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(column);  // the minimum size
   FitScreen();
+}
+
+// What the patch says about itself. A long text scrolls.
+wxTextCtrl* PatchCheckDialog::MakeHeader(const Messages& messages, const wxString& text) {
+  constexpr int mostLines = 6;
+  auto* header = new wxTextCtrl(this, wxID_ANY, text, wxDefaultPosition, wxDefaultSize,
+                                wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
+  platform::SetAccessibleName(*header, Wx(messages.Msg(Text::Patch)));
+  const int lines = std::min(static_cast<int>(text.Freq('\n')) + 1, mostLines);
+  header->SetMinSize(wxSize(-1, lines * header->GetCharHeight() + FromDIP(24)));
+  return header;
 }
 
 wxSizer* PatchCheckDialog::MakeButtons(const Messages& messages, bool canApply) {

@@ -18,6 +18,7 @@ class PatchCheckDialog final : public wxDialog {
   [[nodiscard]] ListView& List() { return *list_; }
 
  private:
+  [[nodiscard]] wxTextCtrl* MakeHeader(const Messages& messages, const wxString& text);
   [[nodiscard]] wxSizer* MakeButtons(const Messages& messages, bool canApply);
   void FitScreen();
 

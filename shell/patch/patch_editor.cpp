@@ -126,6 +126,10 @@ void PatchEditor::Forget() {
   EmptyUndoBuffer();
 }
 
+wxPoint PatchEditor::BelowCaret() {
+  return PointFromPosition(GetCurrentPos()) + wxPoint(0, TextHeight(GetCurrentLine()));
+}
+
 // The control's own search ignores case only for English letters.
 bool PatchEditor::SelectNext(std::string_view wanted, bool backwards) {
   const std::string text = ToUpper(Document());  // every character keeps its length in upper case

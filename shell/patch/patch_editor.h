@@ -29,6 +29,9 @@ class PatchEditor final : public wxStyledTextCtrl {
   // Clears the text and the undo history.
   void Forget();
 
+  // The place below the caret, in the window's coordinates.
+  [[nodiscard]] wxPoint BelowCaret();
+
   // Selects the next occurrence behind or before the selection, ignoring case, and wraps around. False if
   // there is none.
   bool SelectNext(std::string_view wanted, bool backwards);

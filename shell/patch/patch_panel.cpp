@@ -35,8 +35,10 @@ PatchPanel::PatchPanel(Workbench& bench)
               }),
       commands_(MakeCommands()) {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
-  Patch_->Bind(wxEVT_CONTEXT_MENU,
-               [this](wxContextMenuEvent& event) { bench_.frame.PopUpCommands(event.GetPosition()); });
+  Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    if (event.GetPosition() == wxDefaultPosition) Patch_->EnsureCaretVisible();
+    bench_.frame.PopUpCommands(MenuPlace(event, *Patch_, Patch_->BelowCaret()));
+  });
   // If keys reach the control before the menu bar, it would swap two lines on Ctrl+T.
   Patch_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'T')

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "shell/pictures/picture_view.h"
+#include "shell/services/panel_commands.h"
 
 namespace tarvelo {
 namespace {
@@ -35,11 +36,7 @@ Gallery::Gallery(wxWindow* parent)
   Bind(wxEVT_LEFT_DCLICK, [this](wxMouseEvent& event) {
     if (const auto index = At(event.GetPosition()); index && onActivate) onActivate(*index);
   });
-  Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent& event) {
-    const auto index = At(event.GetPosition());
-    if (index) Choose(*index);
-    if (index && onContextMenu) onContextMenu();
-  });
+  Bind(wxEVT_CONTEXT_MENU, &Gallery::OpenMenu, this);
 }
 
 void Gallery::SetPictures(std::size_t count, std::function<Bitmap(std::size_t)> draw) {
@@ -140,6 +137,19 @@ void Gallery::OnDraw(wxDC& dc) {
     if (!thumbnail.IsOk()) continue;
     dc.DrawBitmap(thumbnail, wxRect(thumbnail.GetSize()).CentreIn(cell).GetTopLeft());
   }
+}
+
+// On the picture under the mouse, or below the selected one if a key opens it.
+void Gallery::OpenMenu(const wxContextMenuEvent& event) {
+  const bool isKey = event.GetPosition() == wxDefaultPosition;
+  const auto index = isKey ? selected_ : At(ScreenToClient(event.GetPosition()));
+  if (!index) return;
+  if (isKey)
+    ShowCell(*index);
+  else
+    Choose(*index);
+  const wxPoint below = Cell(*index).GetBottomLeft() + wxPoint(cell_.x / 2, 0);
+  if (onContextMenu) onContextMenu(MenuPlace(event, *this, CalcScrolledPosition(below)));
 }
 
 void Gallery::PressKey(wxKeyEvent& event) {

@@ -27,9 +27,9 @@ class Gallery final : public wxScrolledCanvas {
   // Draws the visible pictures; the DC is scrolled already.
   void OnDraw(wxDC& dc) override;
 
-  std::function<void(std::size_t index)> onSelect;    // by mouse or keyboard
-  std::function<void(std::size_t index)> onActivate;  // double click, Enter
-  std::function<void()> onContextMenu;
+  std::function<void(std::size_t index)> onSelect;          // by mouse or keyboard
+  std::function<void(std::size_t index)> onActivate;        // double click, Enter
+  std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
 
  private:
   void Arrange();
@@ -41,6 +41,7 @@ class Gallery final : public wxScrolledCanvas {
   [[nodiscard]] std::optional<std::size_t> At(const wxPoint& point) const;
   void Paint(wxPaintEvent& event);
   void PressKey(wxKeyEvent& event);
+  void OpenMenu(const wxContextMenuEvent& event);
 
   std::function<Bitmap(std::size_t)> draw_;
   std::size_t count_ = 0;

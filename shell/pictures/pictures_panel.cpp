@@ -19,7 +19,7 @@
 #include "shell/pictures/picture_view.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/services/ids.h"
-#include "shell/services/status_bar.h"
+#include "shell/services/save_each.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 
@@ -61,8 +61,11 @@ void PicturesPanel::Layout() {
 void PicturesPanel::Bind() {
   gallery_->onSelect = [this](std::size_t record) { SelectRecord(record); };
   gallery_->onActivate = [this](std::size_t) { bench_.frame.Run(Id::ShowPic); };
-  gallery_->onContextMenu = [this] { bench_.frame.PopUpCommands(); };
-  Pic_->Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent&) { bench_.frame.PopUpCommands(); });
+  gallery_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
+  Pic_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    const wxSize size = Pic_->GetClientSize();
+    bench_.frame.PopUpCommands(MenuPlace(event, *Pic_, {size.x / 2, size.y / 2}));
+  });
   window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
     if (copy && (gallery_->HasFocus() || Pic_->HasFocus()))
@@ -160,26 +163,24 @@ std::filesystem::path PicturesPanel::SaveCurPic(const Picture& picture) {
 }
 
 void PicturesPanel::SavePic_Click() {
+  const std::vector<std::size_t> records = ChosenRecords();
+  if (records.size() > 1) return SaveSelected(records);
   const Picture* picture = ChosenPicture();
   if (!picture) return;
   const std::filesystem::path file = SaveCurPic(*picture);
   bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::PictureSaved, std::to_string(picture->number))), file);
 }
 
-void PicturesPanel::SaveAllPic_Click() {
-  if (SaveEach()) bench_.talk.Tell(Text::AllPicturesSaved, Folder() / "NNNN.bmp");
+void PicturesPanel::SaveSelected(const std::vector<std::size_t>& records) {
+  const auto save = [&](std::size_t i) { SaveCurPic(Pictures().pictures[records[i]]); };
+  if (!SaveEach(bench_, records.size(), save)) return;
+  bench_.talk.Tell(Wx(bench_.texts.Msg(Text::PicturesSavedLabel)) << records.size(), Folder());
 }
 
-// Saves all pictures. False if the user stopped it.
-bool PicturesPanel::SaveEach() {
-  const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
-  ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(Pictures().pictures.size()));
-  for (const Picture& picture : Pictures().pictures) {
-    run.At(picture.number);
-    if (run.StopAsked()) return false;
-    SaveCurPic(picture);
-  }
-  return true;
+void PicturesPanel::SaveAllPic_Click() {
+  const auto save = [this](std::size_t i) { SaveCurPic(Pictures().pictures[i]); };
+  if (SaveEach(bench_, Pictures().pictures.size(), save))
+    bench_.talk.Tell(Text::AllPicturesSaved, Folder() / "NNNN.bmp");
 }
 
 void PicturesPanel::CopyPic_Click() {

@@ -47,7 +47,7 @@ class PicturesPanel final : public ExplorerPanel {
   [[nodiscard]] Bitmap Draw(const Picture& picture);
   [[nodiscard]] std::filesystem::path Folder() const;
   std::filesystem::path SaveCurPic(const Picture& picture);
-  bool SaveEach();
+  void SaveSelected(const std::vector<std::size_t>& records);
 
   wxSplitterWindow* window_;
   wxSplitterWindow* right_;

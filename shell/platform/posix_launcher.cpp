@@ -29,14 +29,14 @@ class PosixLauncher final : public Launcher {
     return {};
   }
 
-  // The starter that wxWidgets uses reports nothing if the system knows no program for a file.
+  // The starter that wxWidgets uses reports neither a missing program nor its own absence. It alone knows
+  // the user's BROWSER.
   bool OpenWithSystem(const std::filesystem::path& file) override {
     const std::unique_ptr<GFile, decltype(&g_object_unref)> object(g_file_new_for_path(file.c_str()),
                                                                    &g_object_unref);
-    GAppInfo* program = g_file_query_default_handler(object.get(), nullptr, nullptr);
-    if (!program && !std::getenv("BROWSER")) return false;
-    if (program) g_object_unref(program);
-    return Launcher::OpenWithSystem(file);
+    const std::unique_ptr<char, decltype(&g_free)> uri(g_file_get_uri(object.get()), &g_free);
+    if (g_app_info_launch_default_for_uri(uri.get(), nullptr, nullptr)) return true;
+    return std::getenv("BROWSER") && Launcher::OpenWithSystem(file);
   }
 };
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "shell/services/panel_commands.h"
+
 namespace tarvelo {
 namespace {
 
@@ -164,9 +166,20 @@ void PianoRoll::Choose(std::size_t note) {
   if (note >= notes_.size()) return;
   chosen_ = note;
   hovered_.reset();  // until the mouse moves again
-  if (XOf(notes_[note].begin) < area_.x || XOf(notes_[note].end) > area_.GetRight())
-    ScrollTo(notes_[note].begin);
+  ShowNote(notes_[note]);
   Refresh();
+}
+
+void PianoRoll::ShowNote(const Note& note) {
+  if (XOf(note.begin) < area_.x || XOf(note.end) > area_.GetRight()) ScrollTo(note.begin);
+}
+
+// Below the chosen note, to which it scrolls.
+wxPoint PianoRoll::MenuPlaceForKey() {
+  if (!chosen_) return area_.GetTopLeft();
+  const Note& note = notes_[*chosen_];
+  ShowNote(note);
+  return {XOf(note.begin), RowRect(Row(note.frequency)).GetBottom()};
 }
 
 void PianoRoll::PointAt(const wxPoint& point) {
@@ -197,8 +210,10 @@ void PianoRoll::Bind() {
   bind(wxEVT_LEFT_DCLICK, [this](wxMouseEvent&) {
     if (onActivate) onActivate();
   });
-  bind(wxEVT_RIGHT_UP, [this](wxMouseEvent&) {
-    if (onContextMenu) onContextMenu();
+  bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    const bool isKey = event.GetPosition() == wxDefaultPosition;
+    const wxPoint place = isKey ? MenuPlaceForKey() : wxPoint();
+    if (onContextMenu) onContextMenu(MenuPlace(event, *this, place));
   });
   bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) {
     const int steps = event.GetWheelRotation() > 0 ? -5 : 5;

@@ -47,14 +47,15 @@ class PianoRoll final : public wxScrolledCanvas {
   // The current headline.
   [[nodiscard]] wxString Headline() const;
 
-  std::function<void()> onActivate;  // double click, Enter
-  std::function<void()> onContextMenu;
+  std::function<void()> onActivate;                         // double click, Enter
+  std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
 
  private:
   struct Paints;
 
   void Arrange();
   void ScrollTo(std::int64_t time);
+  void ShowNote(const Note& note);
   [[nodiscard]] int XOf(std::int64_t time) const;
   [[nodiscard]] std::int64_t TimeAt(int x) const;
   [[nodiscard]] int Row(int frequency) const;
@@ -72,6 +73,7 @@ class PianoRoll final : public wxScrolledCanvas {
   void PaintKeys(wxDC& dc, const Paints& paints) const;
   void PaintNames(wxDC& dc, const Paints& paints) const;
   void PressKey(wxKeyEvent& event);
+  [[nodiscard]] wxPoint MenuPlaceForKey();
   void PointAt(const wxPoint& point);
 
   std::vector<Note> notes_;

@@ -10,6 +10,7 @@
 #include "shell/platform/temporary_folder.h"
 #include "shell/services/ids.h"
 #include "shell/services/loaded_files.h"
+#include "shell/services/save_each.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
@@ -86,36 +87,45 @@ std::filesystem::path RingtoneTransfer::SaveFormats(const Ringtone& ringtone) {
 }
 
 void RingtoneTransfer::SaveRing_Click() {
+  const std::vector<const Ringtone*> ringtones = selected_();
+  if (ringtones.size() > 1) return SaveSelected(ringtones);
   const Ringtone* ringtone = chosen_();
   if (!ringtone) return;
   const std::filesystem::path file = SaveFormats(*ringtone);
   bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::RingtoneSaved, HexOfByte(ringtone->number))), file);
 }
 
-void RingtoneTransfer::SaveAllRing_Click() {
-  if (SaveEach()) bench_.talk.Tell(Text::RingtonesSaved, Folder() / "NNNN.xxx");
+// If some could not be saved, tells the user how many of how many were.
+void RingtoneTransfer::SaveSelected(const std::vector<const Ringtone*>& ringtones) {
+  const std::size_t saved = SaveEach(ringtones);
+  if (saved == 0) return;
+  wxString text = Wx(bench_.texts.Msg(Text::RingtonesSavedLabel)) << saved;
+  if (saved < ringtones.size()) text << " / " << ringtones.size();
+  bench_.talk.Tell(text, Folder());
 }
 
-// Saves all ringtones, without those whose files cannot be created. False if the user stopped it. Throws
-// FileError if none could be saved.
-bool RingtoneTransfer::SaveEach() {
-  const StatusHint hint(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
-  ProgressRun run(bench_.status, 0, static_cast<std::int64_t>(listed_().ringtones.size()));
-  std::int64_t done = 0;
-  bool isAnySaved = false;
+void RingtoneTransfer::SaveAllRing_Click() {
+  std::vector<const Ringtone*> all;
+  for (const Ringtone& ringtone : listed_().ringtones) all.push_back(&ringtone);
+  if (SaveEach(all) > 0) bench_.talk.Tell(Text::RingtonesSaved, Folder() / "NNNN.xxx");
+}
+
+// Saves ringtones, without those whose files cannot be created. Returns how many were saved, 0 if the user
+// stopped it. Throws FileError if none could be saved.
+std::size_t RingtoneTransfer::SaveEach(const std::vector<const Ringtone*>& ringtones) {
+  std::size_t saved = 0;
   std::exception_ptr failure;
-  for (const Ringtone& ringtone : listed_().ringtones) {
-    run.At(done++);
-    if (run.StopAsked()) return false;
+  const auto save = [&](std::size_t i) {
     try {
-      SaveFormats(ringtone);
-      isAnySaved = true;
+      SaveFormats(*ringtones[i]);
+      ++saved;
     } catch (const FileError&) {
       failure = std::current_exception();
     }
-  }
-  if (!isAnySaved && failure) std::rethrow_exception(failure);
-  return isAnySaved;
+  };
+  if (!tarvelo::SaveEach(bench_, ringtones.size(), save)) return 0;
+  if (saved == 0 && failure) std::rethrow_exception(failure);
+  return saved;
 }
 
 // --- loading ---

@@ -25,8 +25,14 @@ class RingtoneTransfer {
   // Returns the chosen ringtone, or null.
   using ChosenRingtone = std::function<const Ringtone*()>;
 
-  RingtoneTransfer(Workbench& bench, Listed listed, ChosenRingtone chosen)
-      : bench_(bench), listed_(std::move(listed)), chosen_(std::move(chosen)) {}
+  // Returns the ringtones of all selected rows.
+  using SelectedRingtones = std::function<std::vector<const Ringtone*>()>;
+
+  RingtoneTransfer(Workbench& bench, Listed listed, ChosenRingtone chosen, SelectedRingtones selected)
+      : bench_(bench),
+        listed_(std::move(listed)),
+        chosen_(std::move(chosen)),
+        selected_(std::move(selected)) {}
   // Removes the files of SaveToPlay.
   ~RingtoneTransfer();
   RingtoneTransfer(const RingtoneTransfer&) = delete;
@@ -51,7 +57,8 @@ class RingtoneTransfer {
  private:
   std::filesystem::path SaveOne(const Ringtone& ringtone, RingtoneFormat format);
   std::filesystem::path SaveFormats(const Ringtone& ringtone);
-  bool SaveEach();
+  void SaveSelected(const std::vector<const Ringtone*>& ringtones);
+  std::size_t SaveEach(const std::vector<const Ringtone*>& ringtones);
   void LoadFile(const Ringtone& ringtone, const std::filesystem::path& file);
   void LoadNumber(int number, std::string_view extension, LoadedFiles& loaded);
   void LoadListed(const Ringtone& ringtone, const std::filesystem::path& file, LoadedFiles& loaded);
@@ -64,6 +71,7 @@ class RingtoneTransfer {
   Listed listed_;
   std::vector<Ringtone> places_;
   ChosenRingtone chosen_;
+  SelectedRingtones selected_;
   std::filesystem::path temporary_;  // empty until it is needed
   int played_ = 0;                   // files saved there, each in a folder of its own
   bool saveMidi_ = false;

@@ -33,8 +33,12 @@ RingtonesPanel::RingtonesPanel(Workbench& bench, wxSplitterWindow* window)
     : ExplorerPanel(bench, ringtonesExplorer, window, window),
       player_(bench),
       transfer_(
-          bench, [this]() -> const RingtoneList& { return Ringtones(); },
-          [this] { return ChosenRingtone(); }),
+          bench, [this]() -> const RingtoneList& { return Ringtones(); }, [this] { return ChosenRingtone(); },
+          [this] {
+            std::vector<const Ringtone*> all;
+            for (const std::size_t record : ChosenRecords()) all.push_back(&Ringtones().ringtones[record]);
+            return all;
+          }),
       window_(window),
       roll_(new PianoRoll(window)) {
   Layout();
@@ -52,7 +56,7 @@ void RingtonesPanel::Bind() {
   const auto play = [this] { window_->CallAfter([this] { bench_.frame.Run(Id::Play); }); };
   List().onActivate = [play](std::size_t) { play(); };
   roll_->onActivate = play;
-  roll_->onContextMenu = [this] { bench_.frame.PopUpCommands(); };
+  roll_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
   // GTK's lists use Ctrl+P for "one up" and would keep it.
   window_->Bind(wxEVT_CHAR_HOOK, [this, play](wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'P')

@@ -39,18 +39,24 @@ void HitsPanel::ImageChanged() {
   if (bench_.frame.IsVisible(*this)) Build();
 }
 
-// The chosen hit stays chosen; if it is gone, the next one is chosen.
+// The selected hits stay selected; if all are gone, the one behind the first of them is selected.
 void HitsPanel::Build() {
   if (!isStale_) return;
-  const auto region = ChosenRegion();
+  std::vector<Offset> chosen;
+  for (const std::size_t row : List().Selection()) chosen.push_back(found_.hits[row]);
   found_ = FindHits(found_.text);
   isStale_ = false;
   List().ReplaceRows(Rows());
   if (found_.hits.empty()) return;
-  const auto next = region ? std::ranges::lower_bound(found_.hits, region->offset) : found_.hits.begin();
-  const auto row =
-      std::min<std::size_t>(static_cast<std::size_t>(next - found_.hits.begin()), found_.hits.size() - 1);
-  if (List().IsListed(row)) List().Select(row);
+  const auto rowOf = [this](Offset hit) {
+    const auto next = std::ranges::lower_bound(found_.hits, hit);
+    return std::min(static_cast<std::size_t>(next - found_.hits.begin()), found_.hits.size() - 1);
+  };
+  std::vector<std::size_t> rows;
+  for (const Offset hit : chosen)
+    if (const std::size_t row = rowOf(hit); found_.hits[row] == hit) rows.push_back(row);
+  if (rows.empty()) rows.push_back(chosen.empty() ? 0 : rowOf(chosen.front()));
+  List().SelectRows(rows);
 }
 
 void HitsPanel::Recaption(const Messages& messages) {

@@ -60,6 +60,11 @@ void Append(std::vector<PanelCommand>& commands, std::vector<PanelCommand> more)
   std::ranges::move(more, std::back_inserter(commands));
 }
 
+wxPoint MenuPlace(const wxContextMenuEvent& event, const wxWindow& window, const wxPoint& placeForKey) {
+  const bool isKey = event.GetPosition() == wxDefaultPosition;
+  return isKey ? window.ClientToScreen(placeForKey) : event.GetPosition();
+}
+
 std::unique_ptr<wxMenu> PanelCommands::MakeMenu(const Messages& messages) const {
   std::unique_ptr<wxMenu> menu = MenuOf(commands_, messages);
   Update(*menu);

@@ -2,6 +2,7 @@
 // context menu are made from them.
 #pragma once
 
+#include <wx/event.h>
 #include <wx/menu.h>
 
 #include <functional>
@@ -28,6 +29,10 @@ struct PanelCommand {
 
 // Appends commands to others, with a separator between the two groups.
 void Append(std::vector<PanelCommand>& commands, std::vector<PanelCommand> more);
+
+// Where a context menu opens on the screen: at the mouse, or if a key opened it, at a place in the window.
+[[nodiscard]] wxPoint MenuPlace(const wxContextMenuEvent& event, const wxWindow& window,
+                                const wxPoint& placeForKey);
 
 class PanelCommands {
  public:

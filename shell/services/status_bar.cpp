@@ -59,15 +59,18 @@ void StatusBar::ShowHelp(const wxString& help) {
   ShowTexts();
 }
 
-// The second panel shows help, as it does hints; all other panels make room for it.
+// The second panel shows help, as it does hints; all other panels make room for it. Texts change only while
+// their panels have room: GTK complains about a refresh of less than nothing.
 void StatusBar::ShowTexts() {
   const bool isHelp = !help_.empty();
+  if (!isHelp) FitPanels();
   std::array<int, panels> styles;
   styles.fill(isHelp ? wxSB_FLAT : wxSB_SUNKEN);
   SetStatusStyles(panels, styles.data());
   for (int number = 1; number <= panels; ++number)
     SetStatusText(isHelp ? wxString() : Panel(number), number - 1);
-  if (isHelp) SetStatusText(help_, 1);
+  if (!isHelp) return;
+  SetStatusText(help_, 1);
   FitPanels();
 }
 

@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "shell/platform/first_size.h"
 #include "shell/settings/settings.h"
 
 namespace tarvelo {
@@ -58,6 +59,7 @@ WindowPlace::WindowPlace(wxFrame& window, const Settings& settings)
     window.SetSize(FitScreen(wxRect(window.FromDIP(wxSize(1000, 640)))).GetSize());
     window.Centre();
   }
+  platform::StartInOwnSize(window);
   normal_ = window.GetRect();
   window.Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
     event.Skip();

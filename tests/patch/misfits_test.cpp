@@ -46,5 +46,22 @@ TEST_F(Misfits, HaveRowsForTheUser) {
   EXPECT_EQ(table.rows[2].cells, (Cells{"4", "010000", "", "00", "The data lies outside the image."}));
 }
 
+TEST(MisfitTable, GivesTheHeaderOfThePatch) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"10: 00 01\n;behind\n", ""},
+      {";C55 24\r\n\r\n ;Greeting\tby me\r\n10: 00 01 ;here\r\n;behind\r\n", ";C55 24\n ;Greeting by me"},
+      {";one\nrubbish\n;two\n10: 00 01\n", ";one"},
+      {";" + std::string(300, 'x'), ";" + std::string(199, 'x')},
+  };
+  const Fullflash image{Bytes(Data(0x10000, 0))};
+  for (const auto& [text, header] : rows) {
+    const ReadPatch patch = ReadPatchText(text);
+    EXPECT_EQ(MisfitTable(patch, CheckPatch(patch.changes, image), image, Messages()).Header(), header);
+  }
+  std::string lines;
+  for (int i = 0; i < 60; ++i) lines += ";\n";
+  EXPECT_EQ(ReadPatchText(lines).header.size(), 50u);
+}
+
 }  // namespace
 }  // namespace tarvelo
