@@ -155,10 +155,11 @@ TEST_F(EepromDesk, InfoShowsABlockAndItsGenerations) {
 }
 
 TEST_F(EepromDesk, InfoGoesWithTheDocument) {
-  BlockView& view = Info();
+  BlockView& view = InfoOf(unknown);
   Open().Write(0x76C00C, std::vector<std::uint8_t>(12, 0xFF));  // its header
   EXPECT_FALSE(view.IsShown());
   Open().Undo();
+  List().Select(0);
   Info();
   main->ApplyLang(*FindLanguage("RU"));
   EXPECT_EQ(view.GetTitle(), wxString::FromUTF8("Tarvelo - 1 :  Информация о блоке"));

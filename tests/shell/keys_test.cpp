@@ -186,6 +186,8 @@ TEST_F(HexDesk, IsEditedByKeyboardAlone) {
   EXPECT_TRUE(press('Z', wxMOD_CONTROL, [&] { return !changed(); }));
   EXPECT_TRUE(press('Y', wxMOD_CONTROL, changed));
   EXPECT_EQ(CopiedText(), "34");
+  const auto copied = [&] { return CopiedText() == AsText(Image().ff().first(1)); };
+  EXPECT_TRUE(press('C', wxMOD_CONTROL, copied));
 }
 
 TEST_F(HexDesk, ScrollsWhileTheMouseDragsOutside) {
