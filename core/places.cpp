@@ -9,6 +9,7 @@ namespace tarvelo {
 namespace {
 
 constexpr std::uint32_t pageSize = 0x4000;
+constexpr std::uint32_t segmentSize = 0x10000;
 
 std::optional<Offset> Within(const Fullflash& image, Offset offset) {
   if (!image.IsOpen() || offset < 0 || offset > image.ffEnd()) return {};
@@ -73,6 +74,11 @@ std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Ful
   if (kind == PlaceKind::AsOffset)
     if (const auto offset = Within(image, number)) return offset;
   return OffsetOf(image, number);
+}
+
+std::string SegmentText(const Fullflash& image, Offset offset) {
+  const std::uint32_t address = image.PhoneAddress(offset);
+  return WholeHex(address / segmentSize, 2) + ":" + WholeHex(address % segmentSize, 4);
 }
 
 }  // namespace tarvelo

@@ -31,4 +31,7 @@ enum class PlaceKind { AsOffset, AsAddress };
 // std::overflow_error if it has more than 32 bits.
 [[nodiscard]] std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Fullflash& image);
 
+// The phone address of an offset as segment and offset in the segment: "A0:1234".
+[[nodiscard]] std::string SegmentText(const Fullflash& image, Offset offset);
+
 }  // namespace tarvelo
