@@ -23,18 +23,21 @@ bool IsFixedReturn(const Instruction& instruction) {
          (instruction.GetFlow() == Flow::Return && instruction.Row().rule != Rule::None);
 }
 
-// Whether an instruction speaks for code: texts, tables and filling consist of those that do not.
+// Whether an instruction speaks for code. Texts, tables, pictures and filling consist of others: of printable
+// bytes, of many 00 and FF, of the same few again and again.
 bool IsTelling(const Instruction& instruction) {
-  if (instruction.Size() == 2) {
-    if (instruction.Byte(1) == 0) return instruction.Row().rule == Rule::Zero;  // RET, RETS, NOP
-    return !IsFilling(instruction) && !(IsPrintable(instruction.Byte(0)) && IsPrintable(instruction.Byte(1)));
-  }
-  int printable = 0, zeros = 0;
-  for (int i = 0; i < 4; ++i) {
+  const int size = instruction.Size();
+  if (size == 2 && instruction.Row().rule == Rule::Zero) return true;  // RET, RETS, NOP
+  int printable = 0, blank = 0;
+  for (int i = 0; i < size; ++i) {
     printable += IsPrintable(instruction.Byte(i)) ? 1 : 0;
-    zeros += instruction.Byte(i) == 0 || instruction.Byte(i) == 0xFF ? 1 : 0;
+    blank += instruction.Byte(i) == 0 || instruction.Byte(i) == 0xFF ? 1 : 0;
   }
-  return printable < 4 && zeros < 3;
+  return printable < size && 2 * blank < size;
+}
+
+bool IsSame(const Instruction& one, const Instruction& other) {
+  return one.DataWord() == other.DataWord() && (one.Size() == 2 || one.Word() == other.Word());
 }
 
 // Whether special function registers in the range of an EXT* are those of the other half.
@@ -100,7 +103,17 @@ void NearbyCode::AddSteps(Offset from, Offset end) {
     Step& step = steps_[static_cast<std::size_t>(count_)];
     step.at = at;
     step.instruction = InstructionAt(at);
+    step.isTelling = IsTelling(step.instruction) && !IsRepeated(count_);
   }
+}
+
+// Whether one of the two steps in front is the same. Padding with NOP is not meant.
+bool NearbyCode::IsRepeated(int step) const {
+  const auto at = static_cast<std::size_t>(step);
+  const Instruction& instruction = steps_[at].instruction;
+  if (instruction.Row().rule == Rule::Zero) return false;
+  return (step > 0 && IsSame(instruction, steps_[at - 1].instruction)) ||
+         (step > 1 && IsSame(instruction, steps_[at - 2].instruction));
 }
 
 // Fills in what is in front of each step; `first` is where the image's code begins.
@@ -114,7 +127,7 @@ void NearbyCode::LookBack(Offset first) {
     step.before = before;
     step.isBehindEnd = isBehindEnd;
     fillings = IsFilling(instruction) ? fillings + 1 : 0;
-    dulls = IsTelling(instruction) ? 0 : dulls + 1;
+    dulls = step.isTelling ? 0 : dulls + 1;
     if (instruction.IsData() || fillings > 1 || dulls >= dull) {
       before = 0;
       isBehindEnd = fillings > 1;
@@ -134,7 +147,7 @@ void NearbyCode::LookAhead(bool isImageEnd) {
     Step& step = steps_[at];
     const Step& next = i + 1 < count_ ? steps_[at + 1] : end;
     fillings = IsFilling(step.instruction) ? fillings + 1 : 0;
-    dulls = IsTelling(step.instruction) ? 0 : dulls + 1;
+    dulls = step.isTelling ? 0 : dulls + 1;
     step.ahead = fillings > 1 ? Ahead::Filled : dulls >= dull ? Ahead::Broken : WayAhead(step, next);
     step.behind = 0;
     if (step.ahead == Ahead::Broken || step.ahead == Ahead::Filled) continue;
@@ -209,7 +222,9 @@ CodeSign NearbyCode::SignOf(const Step& step) const {
   const bool isBacked = step.isBehindEnd || step.before >= fewInstructions;
   switch (step.ahead) {
     case Ahead::Clean: return isBacked ? CodeSign::Code : CodeSign::Unsure;
-    case Ahead::Jump: return step.before >= manyInstructions ? CodeSign::Code : CodeSign::Unsure;
+    case Ahead::Jump:
+      if (step.before >= manyInstructions) return CodeSign::Code;
+      [[fallthrough]];
     case Ahead::Filled: return isBacked ? CodeSign::Unsure : CodeSign::Data;
     case Ahead::Broken: return step.before >= manyInstructions ? CodeSign::Unsure : CodeSign::Data;
     case Ahead::Open: return CodeSign::Data;

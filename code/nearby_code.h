@@ -59,6 +59,7 @@ class NearbyCode {
     Instruction instruction;
     std::uint16_t before = 0;  // telling instructions in front, since the last data or filling
     std::uint16_t behind = 0;  // from here up to the next data or filling
+    bool isTelling = false;    // it speaks for code
     bool isBehindEnd = false;  // filling, a return or the image's start is in front, and no data since
     Ahead ahead = Ahead::Open;
   };
@@ -71,6 +72,7 @@ class NearbyCode {
   void Decode(Offset offset);
   void AddSteps(Offset from, Offset end);
   [[nodiscard]] Instruction InstructionAt(Offset at) const;
+  [[nodiscard]] bool IsRepeated(int step) const;
   void LookBack(Offset first);
   void LookAhead(bool isImageEnd);
   [[nodiscard]] Ahead WayAhead(const Step& step, const Step& next) const;

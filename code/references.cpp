@@ -252,8 +252,8 @@ void Finder::TakeLoad(Offset at, const Load& load) {
       std::max(at, *other) - first);
 }
 
-// The MOV of the page or segment that belongs to the offset loaded at `at`. If the next register gets a
-// constant nearby, that one belongs to it; otherwise the nearest that fits.
+// The MOV of the page or segment that belongs to the offset loaded at `at`: the nearest that fits, but none
+// further away than a constant for the next register, which belongs to it if there is one.
 std::optional<Offset> Finder::Partner(Offset at, const Load& load) const {
   std::optional<Offset> nearest;
   for (Offset distance = 2; distance <= 4 * longestLine; distance += 2)
@@ -261,7 +261,7 @@ std::optional<Offset> Finder::Partner(Offset at, const Load& load) const {
       const std::optional<Load> found = LoadBeside(at, load.reg, other);
       if (!found) continue;
       const bool fits = Names(load.value, found->value);
-      if (found->reg == load.reg + 1) return fits ? std::optional(other) : std::nullopt;
+      if (found->reg == load.reg + 1) return fits ? other : nearest;
       if (fits && !nearest) nearest = other;
     }
   return nearest;
