@@ -103,7 +103,10 @@ inline Instruction Instruction::Decode(Bytes bytes, Offset offset) {
   Instruction result;
   const auto at = static_cast<std::size_t>(offset);
   const std::size_t left = bytes.size() - at;
-  std::memcpy(result.bytes_.data(), bytes.data() + at, left < 4 ? left : 4);
+  if (left >= 4)
+    std::memcpy(result.bytes_.data(), bytes.data() + at, 4);
+  else
+    std::memcpy(result.bytes_.data(), bytes.data() + at, left);
   const std::uint8_t traits = opcodeTraits[result.Op()];
   const std::size_t size = traits & sizeBits;
   result.isData_ = size == 0 || size > left || ((traits & hasRule) != 0 && result.IsReserved());
