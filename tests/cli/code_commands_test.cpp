@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "cli/call.h"
 #include "core/file.h"
 #include "images.h"
