@@ -86,7 +86,7 @@ class Instruction {
   [[nodiscard]] Operands GetOperands(std::uint32_t address, bool isExtended) const;
 
  private:
-  // Decodes the last 1 to 3 bytes of all.
+  // Decodes where 1 to 3 bytes are left, or all that count.
   [[nodiscard]] static Instruction DecodeAtEnd(Bytes bytes);
   [[nodiscard]] bool IsReserved() const;
   [[nodiscard]] bool BreaksMoreRules() const;
@@ -106,11 +106,9 @@ inline Instruction Instruction::Decode(Bytes bytes, Offset offset) {
   Instruction result;
   const std::uint8_t* const from = bytes.data() + at;  // the compiler makes one read of these
   result.bytes_ = from[0] | from[1] << 8 | from[2] << 16 | std::uint32_t{from[3]} << 24;
-  // A branch, not a choice of sizes: what follows can begin before the check is done.
-  if (result.IsReserved()) [[unlikely]] {
-    result.size_ = 2;
-    return result;
-  }
+  // A call keeps this a branch: what follows begins before the check is done.
+  if (result.IsReserved()) [[unlikely]]
+    return DecodeAtEnd(bytes.subspan(at, 2));
   result.size_ = SizeOf(result.Op());
   result.isData_ = false;
   return result;
