@@ -1,9 +1,6 @@
 #include "cli/files.h"
 
-#include <ostream>
-
-#include "cli/commands.h"
-#include "cli/output.h"
+#include "cli/context.h"
 
 namespace tarvelo::cli {
 namespace {
@@ -35,11 +32,6 @@ Dump OpenDump(const std::string& file, Progress& progress) {
 std::string ReadText(const std::string& file, Progress& progress) {
   const FileBytes bytes = ReadFile(PathOf(file), Fullflash::sizeLimit, progress);
   return {reinterpret_cast<const char*>(bytes.data.get()), bytes.size};
-}
-
-void SayNoCode(const std::string& file, Context& context) {
-  context.err << PrintableLine(file) << ": an image of more than 16 MiB holds no C166 code\n";
-  context.status = nothingFound;
 }
 
 FileReader OpenInPieces(const std::string& file) {

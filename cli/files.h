@@ -4,7 +4,6 @@
 #include <initializer_list>
 #include <string>
 
-#include "cli/context.h"
 #include "core/dump.h"
 #include "core/explorer.h"
 #include "core/file.h"
@@ -18,9 +17,6 @@ namespace tarvelo::cli {
 
 // A whole text file. Throws FileError.
 [[nodiscard]] std::string ReadText(const std::string& file, Progress& progress);
-
-// Says that an image of more than 16 MiB holds no C166 code, and sets the status for it.
-void SayNoCode(const std::string& file, Context& context);
 
 // Opens an image to read it piece by piece. Throws FileError, also for an empty file.
 [[nodiscard]] FileReader OpenInPieces(const std::string& file);

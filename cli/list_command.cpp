@@ -1,5 +1,6 @@
 #include <ostream>
 
+#include "cli/code_files.h"
 #include "cli/commands.h"
 #include "cli/each_dump.h"
 #include "cli/files.h"
@@ -27,8 +28,7 @@ void ListOne(const std::string& file, const ListArguments& arguments, Context& c
     PrintJson(list.rows, context);
   else
     PrintTable(list.rows, context);
-  if (arguments.kind->isOfC166 && !dump.image.PageMode())
-    context.err << PrintableLine(arguments.file) << ": an image above 16 MiB holds no C166 code\n";
+  if (arguments.kind->isOfC166 && !dump.image.PageMode()) SayNoCode(file, context);
   if (list.rows.count == 0) context.status = nothingFound;
 }
 

@@ -1,5 +1,6 @@
 #include <ostream>
 
+#include "cli/code_files.h"
 #include "cli/commands.h"
 #include "cli/files.h"
 #include "cli/output.h"
@@ -26,8 +27,9 @@ void PrintName(const std::string& name, std::uint32_t address, const Fullflash& 
 
 void Names(const NamesArguments& arguments, Context& context) {
   RefuseStandardInput(arguments.patterns);
-  const Fullflash image = OpenDump(arguments.file, context.progress).image;
-  if (!image.PageMode()) return SayNoCode(arguments.file, context);
+  const std::optional<Dump> dump = OpenCode(arguments.file, context);
+  if (!dump) return;
+  const Fullflash& image = dump->image;
   const std::string text = ReadText(arguments.patterns, context.progress);
   std::size_t printed = 0;
   for (const NamedPattern& named : ReadNamedPatterns(text)) {

@@ -2,6 +2,7 @@
 #include <ostream>
 #include <utility>
 
+#include "cli/code_files.h"
 #include "cli/commands.h"
 #include "cli/files.h"
 #include "cli/output.h"
@@ -15,8 +16,8 @@ namespace {
 
 // A dump and its code.
 struct Version {
-  Version(const std::string& file, Context& context)
-      : dump(OpenDump(file, context.progress)),
+  Version(Dump opened, Context& context)
+      : dump(std::move(opened)),
         units(GetCodeUnits(dump.image, GetFunctions(dump.image, context.progress))) {}
 
   [[nodiscard]] std::uint32_t Base() const { return dump.image.PhoneAddress(0); }
@@ -60,10 +61,11 @@ void Port(const PortArguments& arguments, Context& context) {
   RefuseStandardInput(arguments.patch);
   if (arguments.output)
     CheckOutput("--output", *arguments.output, {arguments.old, arguments.now, arguments.patch});
-  const Version old(arguments.old, context);
-  const Version now(arguments.now, context);
-  for (const auto& [version, file] : {std::pair(&old, &arguments.old), std::pair(&now, &arguments.now)})
-    if (!version->dump.image.PageMode()) return SayNoCode(*file, context);
+  std::optional<Dump> oldDump = OpenCode(arguments.old, context);
+  std::optional<Dump> newDump = OpenCode(arguments.now, context);
+  if (!oldDump || !newDump) return;
+  const Version old(std::move(*oldDump), context);
+  const Version now(std::move(*newDump), context);
   const std::string text = ReadText(arguments.patch, context.progress);
   const ReadPatch patch = ReadPatchText(text);
   const CodePairing pairing(old.units, old.Base(), now.units, now.Base(), context.progress);
