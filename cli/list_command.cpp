@@ -1,5 +1,3 @@
-#include <ostream>
-
 #include "cli/code_files.h"
 #include "cli/commands.h"
 #include "cli/each_dump.h"

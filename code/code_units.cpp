@@ -10,11 +10,11 @@ namespace {
 
 constexpr std::uint32_t fewestBetween = 3;  // instructions of a unit that is no function
 
-std::uint32_t TokenOf(const Instruction& instruction) {
+std::uint32_t TokenOf(const Instruction& instruction, const ExtRange& range) {
   std::uint32_t bytes = 0;
   for (int i = 0; i < instruction.Size(); ++i) bytes |= std::uint32_t{instruction.Byte(i)} << 8 * i;
   // The size is that of the opcode, except for data.
-  bytes &= FixedBits(instruction);
+  bytes &= FixedBits(instruction, range);
   return bytes * 0x9E3779B1 ^ (bytes >> 15) ^ (instruction.IsData() ? 0x5A5A5A5A : 0);
 }
 
@@ -79,7 +79,7 @@ class Cutter {
   }
 
   void Add(Offset at, const Instruction& instruction, const ExtRange& range) {
-    UnitInstruction added{static_cast<std::uint32_t>(at), TokenOf(instruction),
+    UnitInstruction added{static_cast<std::uint32_t>(at), TokenOf(instruction, range),
                           MovableOf(instruction, image_.PhoneAddress(at), range)};
     // The offset and the page of a text or a table, in two registers.
     const bool isLoad = IsLoad(instruction);

@@ -2,51 +2,17 @@
 
 #include <algorithm>
 
+#include "code/movable.h"
 #include "code/sweep.h"
 #include "core/notation.h"
 
 namespace tarvelo {
-namespace {
-
-constexpr std::uint8_t byte1 = 2;
-constexpr std::uint8_t byte2 = 4;
-constexpr std::uint8_t byte3 = 8;
-constexpr std::uint8_t word = byte2 | byte3;
-
-bool IsSpecialRegister(std::uint16_t address) {
-  return address >= 0xFE00 || (address >= 0xF000 && address < 0xF200);
-}
-
-// Bits of variables; those above are of special function registers and R0 .. R15.
-bool IsVariable(std::uint8_t bitoff) { return bitoff < 0x80; }
-
-// The bytes that one operand contributes.
-std::uint8_t Movable(Arg arg, const Instruction& instruction, const ExtRange& range) {
-  switch (arg) {
-    case Arg::IndexedLow:
-    case Arg::Data16:
-    case Arg::PageOrSegment:
-    case Arg::Near:
-    case Arg::Far: return word;
-    case Arg::Mem: return range.ReplacesDpp() || !IsSpecialRegister(instruction.Word()) ? word : 0;
-    case Arg::Segment:
-    case Arg::Relative: return byte1;
-    case Arg::RelativeAt2: return byte2;
-    case Arg::OpcodeBit:
-    case Arg::BitWord: return IsVariable(instruction.Byte(1)) ? byte1 : 0;
-    case Arg::BitQ: return IsVariable(instruction.Byte(1)) ? byte1 | byte3 : 0;
-    case Arg::BitZ: return IsVariable(instruction.Byte(2)) ? byte2 | byte3 : 0;
-    default: return 0;
-  }
-}
-
-}  // namespace
-
 std::uint8_t MovableBytes(const Instruction& instruction, const ExtRange& range) {
-  if (instruction.IsData()) return 0;
+  const std::uint32_t fixed = FixedBits(instruction, range);
   std::uint8_t bytes = 0;
-  for (const Arg arg : instruction.Row().args)
-    bytes = static_cast<std::uint8_t>(bytes | Movable(arg, instruction, range));
+  // The opcode stays, also where it holds the number of a bit.
+  for (int i = 1; i < instruction.Size(); ++i)
+    if ((fixed >> 8 * i & 0xFF) != 0xFF) bytes = static_cast<std::uint8_t>(bytes | 1 << i);
   return bytes;
 }
 

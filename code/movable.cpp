@@ -12,7 +12,7 @@ bool IsVariableBit(int bitoff) { return bitoff < 0x80; }
 constexpr std::uint32_t Byte(int i, std::uint32_t bits = 0xFF) { return bits << 8 * i; }
 
 // The bits that an argument lets move.
-std::uint32_t MovingBits(const Instruction& instruction, Arg arg) {
+std::uint32_t MovingBits(const Instruction& instruction, Arg arg, const ExtRange& range) {
   constexpr std::uint32_t word = 0xFFFF0000;
   switch (arg) {
     case Arg::Segment: return Byte(1);
@@ -21,7 +21,7 @@ std::uint32_t MovingBits(const Instruction& instruction, Arg arg) {
     case Arg::IndexedLow:
     case Arg::Data16:
     case Arg::PageOrSegment: return word;
-    case Arg::Mem: return IsSpecial(instruction.Word()) ? 0 : word;
+    case Arg::Mem: return IsSpecial(instruction.Word()) && !range.ReplacesDpp() ? 0 : word;
     case Arg::Relative: return Byte(1);
     case Arg::RelativeAt2: return Byte(2);
     case Arg::OpcodeBit: return IsVariableBit(instruction.Byte(1)) ? Byte(0, 0xF0) | Byte(1) : 0;
@@ -56,11 +56,11 @@ Movable OfArg(const Instruction& instruction, Arg arg, std::uint32_t address, co
 
 }  // namespace
 
-std::uint32_t FixedBits(const Instruction& instruction) {
+std::uint32_t FixedBits(const Instruction& instruction, const ExtRange& range) {
   const std::uint32_t all = instruction.Size() == 4 ? 0xFFFFFFFF : (1U << 8 * instruction.Size()) - 1;
   if (instruction.IsData()) return all;
   std::uint32_t moving = 0;
-  for (const Arg arg : instruction.Row().args) moving |= MovingBits(instruction, arg);
+  for (const Arg arg : instruction.Row().args) moving |= MovingBits(instruction, arg, range);
   return all & ~moving;
 }
 

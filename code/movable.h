@@ -10,9 +10,10 @@
 namespace tarvelo {
 
 // The bits that a linker or a moved variable leaves alone, as a mask over the bytes; byte 0 is the lowest.
+// `range` is what holds for the instruction.
 // Special function registers never move: memory operands from FE00h up and from F000h to F1FFh, and bits from
 // bitoff 80h up.
-[[nodiscard]] std::uint32_t FixedBits(const Instruction& instruction);
+[[nodiscard]] std::uint32_t FixedBits(const Instruction& instruction, const ExtRange& range);
 
 // The part of an instruction that can move.
 struct Movable {

@@ -36,16 +36,16 @@ class Carrier {
       return true;
     }
     if (instruction.IsData()) return true;
-    if (KeepsOperand(from, instruction)) return true;
+    if (KeepsOperand(from, instruction, range)) return true;
     return CarryOperand(at, instruction, range);
   }
 
   // Whether the patch leaves what moves in an instruction; then it becomes what the new dump has.
-  bool KeepsOperand(std::size_t at, const Instruction& instruction) {
+  bool KeepsOperand(std::size_t at, const Instruction& instruction, const ExtRange& range) {
     const Instruction before = Instruction::Decode(code_.before, static_cast<Offset>(at));
-    const std::uint32_t moving = ~FixedBits(instruction) & BitsOf(instruction);
+    const std::uint32_t moving = ~FixedBits(instruction, range) & BitsOf(instruction);
     if (before.IsData() || before.Size() != instruction.Size()) return moving == 0;
-    if ((~FixedBits(before) & BitsOf(before)) != moving) return moving == 0;
+    if ((~FixedBits(before, range) & BitsOf(before)) != moving) return moving == 0;
     for (std::size_t i = 0; i < static_cast<std::size_t>(instruction.Size()); ++i) {
       const auto mask = static_cast<std::uint8_t>(moving >> 8 * i);
       if (((code_.bytes[at + i] ^ code_.before[at + i]) & mask) != 0) return false;

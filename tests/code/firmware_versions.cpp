@@ -99,8 +99,8 @@ ModelFunction FirmwareModel::Make(int size) {
     if (Chance(0.03)) body.push_back(CallOf(AnyFunction()));
     if (Chance(0.006)) {
       const int text = Pick(200);
-      body.push_back(With(Four(0xE6, 0xFC), Field::Offset, text));
-      body.push_back(With(Four(0xE6, 0xFD), Field::Page, text));
+      body.push_back(With(Four(0xE6, 0xFC), Field::TextOffset, text));
+      body.push_back(With(Four(0xE6, 0xFD), Field::TextPage, text));
       body.push_back(CallOf(Pick(5)));
     }
     body.push_back(Ordinary());
@@ -273,10 +273,10 @@ LinkedModel FirmwareModel::Link() const {
           }
           break;
         case Field::Member: PutWord(&bytes[2], static_cast<std::uint32_t>(memberAt[symbol])); break;
-        case Field::Offset:
+        case Field::TextOffset:
           PutWord(&bytes[2], (static_cast<std::uint32_t>(linked.texts[made.symbol]) + base) & 0x3FFF);
           break;
-        case Field::Page:
+        case Field::TextPage:
           PutWord(&bytes[2], (static_cast<std::uint32_t>(linked.texts[made.symbol]) + base) >> 14);
           break;
       }

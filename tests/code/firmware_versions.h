@@ -20,9 +20,9 @@ struct ModelInstruction {
     Label,     // a jump: the id of an instruction of the same function
     Variable,  // a memory operand in near memory
     Bit,
-    Member,  // [Rw+#disp]
-    Offset,  // MOV Rn,#offset of a text
-    Page,    // MOV Rn+1,#page of a text
+    Member,      // [Rw+#disp]
+    TextOffset,  // MOV Rn,#offset of a text
+    TextPage,    // MOV Rn+1,#page of a text
   };
 
   std::array<std::uint8_t, 4> bytes{};
