@@ -52,17 +52,17 @@ Operand ShortOperand(int nibble) {
 }  // namespace
 
 Instruction Instruction::DecodeAtEnd(Bytes bytes) {
-  Instruction result;
-  for (std::size_t i = 0; i < bytes.size(); ++i) result.bytes_ |= std::uint32_t{bytes[i]} << 8 * i;
-  result.isData_ = SizeOf(result.Op()) > bytes.size() || result.IsReserved();
-  result.size_ = static_cast<std::uint8_t>(std::min<std::size_t>(2, bytes.size()));
-  return result;
+  std::uint32_t all = 0;
+  for (std::size_t i = 0; i < bytes.size(); ++i) all |= std::uint32_t{bytes[i]} << 8 * i;
+  const std::uint8_t size = SizeOf(bytes[0]);
+  if (size <= bytes.size() && !IsReserved(all)) return {all, size, false};
+  return {all, static_cast<int>(std::min<std::size_t>(2, bytes.size())), true};
 }
 
-bool Instruction::BreaksMoreRules() const {
-  if (Row().rule == Rule::SameNibbles) return High() != Low();
-  const bool isSegment = (Byte(1) & 0x40) == 0;
-  return isSegment && Byte(3) != 0;
+bool Instruction::BreaksMoreRules(std::uint32_t bytes) {
+  if (opcodes[bytes & 0xFF].rule == Rule::SameNibbles) return (bytes >> 12 & 0xF) != (bytes >> 8 & 0xF);
+  const bool isSegment = (bytes & 0x4000) == 0;
+  return isSegment && bytes >> 24 != 0;
 }
 
 std::string_view Instruction::Mnemonic() const {

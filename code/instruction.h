@@ -86,10 +86,13 @@ class Instruction {
   [[nodiscard]] Operands GetOperands(std::uint32_t address, bool isExtended) const;
 
  private:
-  // Decodes where 1 to 3 bytes are left, or all that count.
+  Instruction(std::uint32_t bytes, int size, bool isData)
+      : bytes_(bytes), size_(static_cast<std::uint8_t>(size)), isData_(isData) {}
+
+  // Decodes where 1 to 3 bytes are left.
   [[nodiscard]] static Instruction DecodeAtEnd(Bytes bytes);
-  [[nodiscard]] bool IsReserved() const;
-  [[nodiscard]] bool BreaksMoreRules() const;
+  [[nodiscard]] static bool IsReserved(std::uint32_t bytes);
+  [[nodiscard]] static bool BreaksMoreRules(std::uint32_t bytes);
   [[nodiscard]] Operand Get(Arg arg, std::uint32_t address, bool isExtended) const;
 
   std::uint32_t bytes_ = 0;  // little-endian
@@ -99,25 +102,22 @@ class Instruction {
 
 // --- the inner loop of every sweep ---
 
+// Numbers alone until the end: an object would go through memory, and the next step would wait for it.
 inline Instruction Instruction::Decode(Bytes bytes, Offset offset) {
   const auto at = static_cast<std::size_t>(offset);
   if (bytes.size() - at < 4) [[unlikely]]
     return DecodeAtEnd(bytes.subspan(at));
-  Instruction result;
   const std::uint8_t* const from = bytes.data() + at;  // the compiler makes one read of these
-  result.bytes_ = from[0] | from[1] << 8 | from[2] << 16 | std::uint32_t{from[3]} << 24;
-  // A call keeps this a branch: what follows begins before the check is done.
-  if (result.IsReserved()) [[unlikely]]
-    return DecodeAtEnd(bytes.subspan(at, 2));
-  result.size_ = SizeOf(result.Op());
-  result.isData_ = false;
-  return result;
+  const std::uint32_t all = from[0] | from[1] << 8 | from[2] << 16 | std::uint32_t{from[3]} << 24;
+  if (IsReserved(all)) [[unlikely]]
+    return {all, 2, true};
+  return {all, SizeOf(from[0]), false};
 }
 
-inline bool Instruction::IsReserved() const {
-  const OpcodeCheck& check = opcodeChecks[Op()];
-  return (bytes_ & check.mask) != check.value ||
-         ((opcodeTraits[Op()] & hasMoreRules) != 0 && BreaksMoreRules());
+inline bool Instruction::IsReserved(std::uint32_t bytes) {
+  const OpcodeCheck& check = opcodeChecks[bytes & 0xFF];
+  return (bytes & check.mask) != check.value ||
+         ((opcodeTraits[bytes & 0xFF] & hasMoreRules) != 0 && BreaksMoreRules(bytes));
 }
 
 }  // namespace tarvelo

@@ -7,8 +7,8 @@ namespace {
 
 // How many telling instructions in a row make code.
 constexpr int fewInstructions = 8;      // in front, if the way ahead is clean
-constexpr int manyInstructions = 24;    // in front, if it ends with a jump or in data
-constexpr int enoughInstructions = 32;  // ahead, without a return
+constexpr int manyInstructions = 40;    // in front, if it ends with a jump or in data
+constexpr int enoughInstructions = 48;  // ahead, without a return
 constexpr int certainlyInStep = 16;     // in front of a place in the middle of an instruction
 constexpr Offset resync = 64;           // bytes after which any two walks are in step
 constexpr int dull = 8;                 // this many in a row that are not telling make data
