@@ -83,7 +83,6 @@ bool FlowWalk::Pass(Offset at, const Instruction& instruction) {
     }
     case Flow::Call: NoteCall(at, instruction); return true;
     case Flow::IndirectJump:
-      if (instruction.FallsThrough()) return true;
       return std::ranges::all_of(switches_.Cases(at, entry_), [&](Offset target) { return Goes(target); });
     case Flow::Next: NotePair(at, instruction); return true;
     default: return true;

@@ -1,7 +1,8 @@
 // The functions of C166 code in an image.
 //
-// An entry is the target of a call or is named by a table of (offset, segment) words. A function's
-// instructions are those that its entry reaches: through jumps, and through the tables of its switches.
+// An entry is the target of a call or far jump, or is named by offset and segment as two words, in a table or
+// in two MOVs. A function's instructions are those that its entry reaches: through jumps, and through the
+// tables of its switches. None is a reserved encoding, and none is in another segment.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +17,7 @@ namespace tarvelo {
 
 struct Function {
   Region code;    // from its entry to the end of its last instruction
-  int calls = 0;  // places in code that call it; 0: only a table names it
+  int calls = 0;  // places in code that call it; 0: only a pointer or far jump names it
 };
 
 class FunctionList {
