@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "eeprom/eeprom_explorer.h"
+#include "files/files_explorer.h"
 #include "pictures/pictures_explorer.h"
 #include "ringtones/ringtones_explorer.h"
 
@@ -15,6 +16,7 @@ constexpr std::array all{
     &eepromExplorer,
     &picturesExplorer,
     &ringtonesExplorer,
+    &filesExplorer,
 };
 
 std::vector<std::size_t> LiveRecords(const Explorer& explorer, const Findings& found) {
