@@ -21,10 +21,11 @@ bool IsAllowed(char16_t c) {
 bool IsReserved(std::string_view name) {
   std::string stem = ToUpper(name.substr(0, name.find('.')));
   while (stem.ends_with(' ')) stem.pop_back();
-  constexpr std::array<std::string_view, 7> devices{"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$", "CLOCK$"};
+  constexpr std::array<std::string_view, 7> devices{"CON",    "PRN",     "AUX",   "NUL",
+                                                    "CONIN$", "CONOUT$", "CLOCK$"};
   if (std::ranges::find(devices, stem) != devices.end()) return true;
   if (!stem.starts_with("COM") && !stem.starts_with("LPT")) return false;
-  constexpr std::array<std::string_view, 13> numbers{"0", "1", "2", "3", "4", "5",      "6",
+  constexpr std::array<std::string_view, 13> numbers{"0", "1", "2", "3",      "4",      "5",     "6",
                                                      "7", "8", "9", "\u00B9", "\u00B2", "\u00B3"};
   return std::ranges::find(numbers, stem.substr(3)) != numbers.end();
 }
@@ -56,7 +57,8 @@ std::string UniqueNames::Take(std::string_view name) {
   std::size_t& number = numbers_[key];
   while (!taken_.insert(ToUpper(unique)).second) {
     number = std::max<std::size_t>(number, 1) + 1;
-    unique = std::string(name.substr(0, dot)) + " (" + std::to_string(number) + ")" + std::string(name.substr(dot));
+    unique = std::string(name.substr(0, dot)) + " (" + std::to_string(number) + ")" +
+             std::string(name.substr(dot));
   }
   return unique;
 }

@@ -19,7 +19,7 @@ class UniqueNames {
   [[nodiscard]] std::string Take(std::string_view name);
 
  private:
-  std::unordered_set<std::string> taken_;                  // in upper case
+  std::unordered_set<std::string> taken_;                 // in upper case
   std::unordered_map<std::string, std::size_t> numbers_;  // the last number of a name
 };
 

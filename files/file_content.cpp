@@ -20,7 +20,8 @@ bool Overlap(const FileRecord& a, const FileRecord& b) {
 // Whether this record describes the same bytes as the piece, as the piece's own slot or a copy of it.
 bool IsSame(const FileRecord& record, const FileRecord& piece) {
   const bool isLive = record.state == RecordState::Live || record.state == RecordState::Copy;
-  return isLive && record.number == piece.number && record.offset == piece.offset && record.size == piece.size;
+  return isLive && record.number == piece.number && record.offset == piece.offset &&
+         record.size == piece.size;
 }
 
 bool IsShared(const FileList& list, const FileEntry& entry) {
@@ -72,7 +73,8 @@ std::vector<Region> PiecesOf(const Fullflash& image, const FileList& list, const
 
 Offset SizeOf(const Fullflash& image, const FileList& list, const FileEntry& entry) {
   Offset size = 0;
-  for (std::uint32_t i = 0; i < entry.pieceCount; ++i) size += InImage(image.ff(), Piece(list, entry, i)).size;
+  for (std::uint32_t i = 0; i < entry.pieceCount; ++i)
+    size += InImage(image.ff(), Piece(list, entry, i)).size;
   return size;
 }
 
@@ -107,8 +109,7 @@ FileReplacement ReplaceContent(const Fullflash& image, const FileList& list, con
     const FileRecord& piece = Piece(list, entry, i);
     const auto size = std::min<std::size_t>(piece.size, bytes.size());
     AddChange(image, piece.offset, bytes.first(size), replacement.changes);
-    if (size < piece.size)
-      Resize(image, list, entry, piece, static_cast<Offset>(size), replacement.changes);
+    if (size < piece.size) Resize(image, list, entry, piece, static_cast<Offset>(size), replacement.changes);
     bytes = bytes.subspan(size);
   }
   return replacement;

@@ -43,8 +43,7 @@ class FileExport::Places {
     const bool isTop = folder == noIndex || list_.entries[folder].isRoot;
     std::size_t place = isTop ? VolumeFolder(entry.volume) : places_.at(folder);
     for (auto step = way.rbegin(); step != way.rend(); ++step) {
-      if (folders_[place].depth < deepest)
-        place = Add(place, NameOf(image_, list_, list_.entries[*step]));
+      if (folders_[place].depth < deepest) place = Add(place, NameOf(image_, list_, list_.entries[*step]));
       places_[*step] = place;
     }
     return place;
@@ -66,7 +65,7 @@ class FileExport::Places {
   const Fullflash& image_;
   const FileList& list_;
   const std::filesystem::path folder_;
-  std::vector<Folder> folders_;                           // the first one is `folder_`
+  std::vector<Folder> folders_;                            // the first one is `folder_`
   std::unordered_map<std::uint32_t, std::size_t> places_;  // indices in folders_, by index in entries
   std::unordered_map<std::uint16_t, std::size_t> volumes_;
 };

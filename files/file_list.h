@@ -33,8 +33,8 @@ inline constexpr std::uint32_t noIndex = 0xFFFFFFFF;
 
 enum class RecordState : std::uint8_t {
   Live,
-  Copy,     // live and equal to the live one of this number
-  Second,   // live, but another one of this number came first
+  Copy,    // live and equal to the live one of this number
+  Second,  // live, but another one of this number came first
   Deleted,
 };
 
@@ -52,12 +52,12 @@ struct FileRecord {
 
 // What is wrong with an entry, as bits.
 enum FileDamage : std::uint8_t {
-  DamageSecond = 1,       // another live header or record has the same number
-  DamageCutOff = 2,       // a piece is missing; the pieces before it are there
-  DamageUnreadable = 4,   // bytes of a piece are outside the image
-  DamageRing = 8,         // pieces or folders lead back to themselves; or two folders list an entry
-  DamageMissing = 16,     // a folder lists an entry that does not exist
-  DamageOrphan = 32,      // no folder lists it
+  DamageSecond = 1,      // another live header or record has the same number
+  DamageCutOff = 2,      // a piece is missing; the pieces before it are there
+  DamageUnreadable = 4,  // bytes of a piece are outside the image
+  DamageRing = 8,        // pieces or folders lead back to themselves; or two folders list an entry
+  DamageMissing = 16,    // a folder lists an entry that does not exist
+  DamageOrphan = 32,     // no folder lists it
 };
 
 struct FileEntry {
@@ -75,8 +75,8 @@ struct FileEntry {
 
 // The directory of a unit and the record bytes in front of it.
 struct UnitDirectory {
-  Region unit;    // the part in the image
-  Region slots;   // the written ones
+  Region unit;   // the part in the image
+  Region slots;  // the written ones
   bool operator==(const UnitDirectory&) const = default;
 };
 
@@ -90,10 +90,10 @@ struct FileVolumeRecords {
 
 struct FileList {
   std::vector<FileVolumeRecords> volumes;
-  std::vector<UnitDirectory> units;    // of all volumes
-  std::vector<Region> maps;            // tables of the firmware that name the units
-  std::vector<FileRecord> records;     // volume by volume, unit by unit, in the order of writing
-  std::vector<std::uint32_t> pieces;   // indices in records
+  std::vector<UnitDirectory> units;   // of all volumes
+  std::vector<Region> maps;           // tables of the firmware that name the units
+  std::vector<FileRecord> records;    // volume by volume, unit by unit, in the order of writing
+  std::vector<std::uint32_t> pieces;  // indices in records
   // Live entries volume by volume: each folder is followed by what it holds. Then the deleted ones.
   std::vector<FileEntry> entries;
   std::size_t liveCount = 0;  // of entries

@@ -64,7 +64,8 @@ std::vector<std::uint32_t> PathLengths(const Fullflash& image, const FileList& l
     const Offset name = HeaderOf(image, list, entry).name.size;
     Offset length = std::max(bytesOfCharacter * name, longestNumber) + 1;
     // Folders come before what they hold.
-    length += entry.parent != noIndex ? Offset{lengths[entry.parent]} : std::ssize(list.volumes[entry.volume].name) + 1;
+    length += entry.parent != noIndex ? Offset{lengths[entry.parent]}
+                                      : std::ssize(list.volumes[entry.volume].name) + 1;
     lengths.push_back(static_cast<std::uint32_t>(std::min(length, most)));
   }
   return lengths;

@@ -114,12 +114,14 @@ constinit const Explorer filesExplorer{
     .rows = Rows,
     .searchedColumn = 1,
     .lines = Lines,
-    .statusPanel = 8,
+    .statusPanel = 5,
     .status = Status,
     .statusTip = Text::TipFileCounts,
     .kinds = kinds,
     .claim = ClaimFiles,
-    .files = ExplorerFiles{.about = "flash files, in their folders", .folder = "FILES", .formats = {}, .write = Write},
+    .files =
+        ExplorerFiles{
+            .about = "flash files, in their folders", .folder = "FILES", .formats = {}, .write = Write},
 };
 
 }  // namespace tarvelo

@@ -240,8 +240,11 @@ class Builder {
       if (!head.isPlaced && !head.isPiece && head.next != head.number) follows[head.next] = true;
     for (const bool isAny : {false, true})
       for (const std::uint32_t head : order_)
-        if (!heads_[head].isPiece && !heads_[head].isData && (isAny || !follows[heads_[head].number]))
-          PlaceUnderRoot(head);
+        if (IsPieceOfNothing(heads_[head]) && (isAny || !follows[heads_[head].number])) PlaceUnderRoot(head);
+  }
+
+  [[nodiscard]] bool IsPieceOfNothing(const Head& head) const {
+    return !head.isPiece && !head.isData && records_.Live(head.data + firstFileRecord) != noIndex;
   }
 
   void PlaceUnderRoot(std::uint32_t head) {
@@ -252,13 +255,13 @@ class Builder {
   const VolumeRecords& records_;
   FileList& list_;
   FileVolumeRecords& volume_;
-  std::vector<Head> heads_;               // by record number
-  std::vector<std::uint32_t> order_;      // of heads, as their records were found
-  std::vector<std::uint32_t> byNumber_;   // heads by entry number
-  std::vector<std::uint32_t> byRecord_;   // heads by record number
-  std::vector<std::uint32_t> orphans_;    // heads by the number of their folder
-  std::vector<std::uint32_t> tops_;       // heads whose folder does not exist
-  std::uint32_t root_ = noIndex;          // index in entries
+  std::vector<Head> heads_;              // by record number
+  std::vector<std::uint32_t> order_;     // of heads, as their records were found
+  std::vector<std::uint32_t> byNumber_;  // heads by entry number
+  std::vector<std::uint32_t> byRecord_;  // heads by record number
+  std::vector<std::uint32_t> orphans_;   // heads by the number of their folder
+  std::vector<std::uint32_t> tops_;      // heads whose folder does not exist
+  std::uint32_t root_ = noIndex;         // index in entries
   PieceChain chain_;
   Offset itemsLeft_;  // of all folders together
 };

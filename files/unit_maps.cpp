@@ -89,8 +89,7 @@ class Search {
   }
 
   [[nodiscard]] bool IsErased(Offset unit) const {
-    const auto header =
-        image_.subspan(static_cast<std::size_t>(unit + unitHeaderAt), std::size_t{0xE});
+    const auto header = image_.subspan(static_cast<std::size_t>(unit + unitHeaderAt), std::size_t{0xE});
     return std::ranges::all_of(header, [](std::uint8_t byte) { return byte == 0xFF; });
   }
 

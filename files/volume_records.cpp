@@ -33,6 +33,7 @@ std::optional<FileHeader> ReadHeader(Bytes image, const FileRecord& record) {
   const Region bytes = InImage(image, record);
   if (record.number % 2 != 0 || bytes.size < FileHeader::shortest) return {};
   const Offset a = bytes.offset;
+  if (WordAt(image, a) == 0xFFFF) return {};  // erased
   return FileHeader{.number = WordAt(image, a),
                     .parent = WordAt(image, a + 2),
                     .time = DWordAt(image, a + 4),
@@ -65,7 +66,8 @@ void VolumeRecords::ReadDirectory(Bytes image, const FileUnit& unit, std::uint16
   const Region whole{unit.begin, std::min(unit.end, end) - unit.begin};
   Offset slot = unit.end - RecordSlot::length;
   // If the image cuts the unit off, the slots in the image are read all the same.
-  if (unit.end > end) slot -= (unit.end - end + RecordSlot::length - 1) / RecordSlot::length * RecordSlot::length;
+  if (unit.end > end)
+    slot -= (unit.end - end + RecordSlot::length - 1) / RecordSlot::length * RecordSlot::length;
   const Offset last = slot + RecordSlot::length;
   for (; slot >= unit.begin + unitDataAt; slot -= RecordSlot::length) {
     const RecordSlot read = ReadSlot(image, slot);

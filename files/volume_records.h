@@ -25,7 +25,8 @@ struct FileHeader {
   [[nodiscard]] bool IsFolder() const { return (attributes & 0x10) != 0; }
 };
 
-// The header in a record; nothing if its number is odd, or fewer than 16 of its bytes are in the image.
+// The header in a record; nothing if its number is odd, if fewer than 16 of its bytes are
+// in the image, or if these are erased.
 [[nodiscard]] std::optional<FileHeader> ReadHeader(Bytes image, const FileRecord& record);
 
 // The part of a record's bytes that is in the image.

@@ -64,7 +64,8 @@ class Search {
   }
 
   [[nodiscard]] bool HasMarks(Offset unit) const {
-    return WordAt(image_, unit + unitHeaderAt) == 0xFEFE && WordAt(image_, unit + unitHeaderAt + 14) == 0xFEFE;
+    return WordAt(image_, unit + unitHeaderAt) == 0xFEFE &&
+           WordAt(image_, unit + unitHeaderAt + 14) == 0xFEFE;
   }
 
   void TakeHeaders(const std::string& name, std::span<const Offset> begins) {

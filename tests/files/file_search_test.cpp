@@ -52,7 +52,8 @@ TEST(FindFiles, ReadsARewrittenFile) {
   image.Data(0x4269B4, Data{0x20, 0, 0, 0, 0x01, 0, 0xF4, 0x28, 0x89, 0x01});
   for (std::uint16_t i = 0; i < 32; ++i) {
     image.Data(0x426834 + 6u * i, Data{0, 0, static_cast<std::uint8_t>(0xD0 + i), 0, 0x40, 0});
-    image.Word(image.Word(image.Word(0x4268F4 + 6u * i, 1), static_cast<std::uint16_t>(0x2834 + 6 * i)), 0x0189);
+    image.Word(image.Word(image.Word(0x4268F4 + 6u * i, 1), static_cast<std::uint16_t>(0x2834 + 6 * i)),
+               0x0189);
   }
   const Data header{0xFE, 0xFE, 'F', 'F', 'S', 0, 0, 0, 1, 0, 2, 0, 3, 0, 0xFE, 0xFE};
   for (const std::size_t unit : {0xB00000, 0xB60000, 0xB70000, 0xB80000, 0xB90000}) {
@@ -60,13 +61,14 @@ TEST(FindFiles, ReadsARewrittenFile) {
     if (unit != 0xB00000) image.Fill(unit + 0xFFE8, 24, 0);  // two slots of no known state
   }
   image.Data(0xB9FFDC, Data{0xFC, 0, 0x1A, 0, 0xC6, 0, 0xD9, 0, 0xBC, 0x17, 0, 0xFC});
-  image.Text(image.Data(0xB900C6, Data{0x4C, 0, 6, 0, 0x55, 0x8F, 0x78, 0x2F, 0x4D, 0, 0, 0, 0xFF, 0xFF, 0xFF,
-                                       0xFF}),
+  image.Text(image.Data(0xB900C6,
+                        Data{0x4C, 0, 6, 0, 0x55, 0x8F, 0x78, 0x2F, 0x4D, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF}),
              "again.mid");
   image.Data(0xB8FFDC, Data{0xFC, 0, 0x4D, 0x01, 0x24, 0x01, 0xD8, 0, 0xBD, 0x17, 0, 0xFC});
   image.Data(0xB7FFDC, Data{0xF0, 0, 0x1A, 0, 0xBC, 0, 0xD7, 0, 0xBC, 0x17, 0, 0xF0});
-  image.Text(image.Data(0xB700BC, Data{0x4C, 0, 6, 0, 0x01, 0x80, 0x78, 0x2F, 0x4D, 0, 0, 0, 0, 0, 0xFF, 0xFF}),
-             "again.mid");
+  image.Text(
+      image.Data(0xB700BC, Data{0x4C, 0, 6, 0, 0x01, 0x80, 0x78, 0x2F, 0x4D, 0, 0, 0, 0, 0, 0xFF, 0xFF}),
+      "again.mid");
   image.Data(0xB6FFDC, Data{0xF0, 0, 0xBC, 0x01, 0xB2, 0x01, 0xD6, 0, 0xBD, 0x17, 0, 0xF0});
   // Record 6006 at B00090: the root; record 6007 behind it: its only item is 76.
   image.Data(0xB0FFF4, Data{0xFC, 0, 0x10, 0, 0x90, 0, 0xD0, 0, 0x76, 0x17, 0, 0xFC});
@@ -124,9 +126,9 @@ TEST_P(FindFilesInEachShape, PutsPiecesTogether) {
     for (int piece = 0; piece < std::max(pieces, 1); ++piece) {
       const int entry = number + 2 * piece;
       const int next = piece + 1 < pieces ? entry + 2 : 0xFFFF;
-      records.push_back({entry + 6000, volume.Header({.number = entry,
-                                                      .name = piece == 0 ? std::string_view(name) : "",
-                                                      .next = next})});
+      records.push_back(
+          {entry + 6000,
+           volume.Header({.number = entry, .name = piece == 0 ? std::string_view(name) : "", .next = next})});
       if (pieces == 0) continue;
       Data bytes(random() % 300);
       std::ranges::generate(bytes, [&] { return static_cast<std::uint8_t>(random()); });
@@ -173,11 +175,11 @@ TEST(FindFiles, DecodesNamesAndTimes) {
       {"b", 0x00010000, 0, "b", "", ""},                                          // month 0
       {"c", 0x01A10000, 0, "c", "", ""},                                          // month 13
       {"d", 0x485D0000, 0, "d", "2016-02-29 00:00:00", ""},
-      {"e", 0x465D0000, 0, "e", "", ""},                                          // 29 February 2015
+      {"e", 0x465D0000, 0, "e", "", ""},  // 29 February 2015
       {"f", 0xEF9FBF7D, 0, "f", "2099-12-31 23:59:58", ""},
-      {"g", 0x0021C000, 0, "g", "", ""},                                          // hour 24
-      {"h", 0x00210780, 0, "h", "", ""},                                          // minute 60
-      {"i", 0x0021001E, 0, "i", "", ""},                                          // second 60
+      {"g", 0x0021C000, 0, "g", "", ""},  // hour 24
+      {"h", 0x00210780, 0, "h", "", ""},  // minute 60
+      {"i", 0x0021001E, 0, "i", "", ""},  // second 60
   };
   for (const bool isWide : {false, true})
     for (const auto& [name, time, attributes, shownName, shownTime, shownAttributes] : cases) {
@@ -308,9 +310,7 @@ const Damage damages[] = {
     {"no items of the root",
      [](Volume& v) { v.Remove(6007); },
      {"6 FFS/ 0", "20 FFS/Pics/ 1 !", whole[2], "30 FFS/b.txt 4 1 !"}},
-    {"no folder",
-     [](Volume& v) { v.Remove(6020); },
-     {"6 FFS/ 1 !", whole[3], "22 FFS/a.bmp 10 3 !"}},
+    {"no folder", [](Volume& v) { v.Remove(6020); }, {"6 FFS/ 1 !", whole[3], "22 FFS/a.bmp 10 3 !"}},
     {"no items of a folder",
      [](Volume& v) { v.Remove(6021); },
      {"6 FFS/ 1", "20 FFS/Pics/ 0", "22 FFS/Pics/a.bmp 10 3 !", whole[3]}},
@@ -323,12 +323,8 @@ const Damage damages[] = {
     {"no data of a later piece",
      [](Volume& v) { v.Remove(6025); },
      {whole[0], whole[1], "22 FFS/Pics/a.bmp 5 1 !", whole[3], "26 FFS/#26 2 1 !"}},
-    {"a byte left over in a folder",
-     [](Volume& v) { v.image.Word(v.SlotOf(6007) + 2, 9); },
-     whole},
-    {"half an item at the end of a folder",
-     [](Volume& v) { v.image.Word(v.SlotOf(6007) + 2, 6); },
-     whole},
+    {"a byte left over in a folder", [](Volume& v) { v.image.Word(v.SlotOf(6007) + 2, 9); }, whole},
+    {"half an item at the end of a folder", [](Volume& v) { v.image.Word(v.SlotOf(6007) + 2, 6); }, whole},
     {"cleared and unused items",
      [](Volume& v) {
        v.image.Word(v.BytesOf(6007), 0);
@@ -363,9 +359,7 @@ const Damage damages[] = {
     {"a header of too few bytes",
      [](Volume& v) { v.image.Word(v.SlotOf(6030) + 2, 15); },
      {"6 FFS/ 1 !", whole[1], whole[2]}},
-    {"a state in a slot's second place",
-     [](Volume& v) { v.image.Byte(v.SlotOf(6031) + 11, 0xF0); },
-     whole},
+    {"a state in a slot's second place", [](Volume& v) { v.image.Byte(v.SlotOf(6031) + 11, 0xF0); }, whole},
     {"a slot that was not written hides those behind it",
      [](Volume& v) { v.image.Word(v.SlotOf(6026), 0xFFFF); },
      {whole[0].substr(0, 8) + " !", whole[1], "22 FFS/Pics/a.bmp 8 2 !"}},
@@ -417,7 +411,8 @@ struct Deletion {
 constexpr std::uint8_t gone = VolumeBuilder::deleted;
 
 const Deletion deletions[] = {
-    {"a deleted file", [](VolumeBuilder& f) { f.File(0, {.number = 10, .name = "a"}, "123", gone); },
+    {"a deleted file",
+     [](VolumeBuilder& f) { f.File(0, {.number = 10, .name = "a"}, "123", gone); },
      {"10 FFS/a 3 1 -"}},
     {"two generations, each in its own unit",
      [](VolumeBuilder& f) {

@@ -54,7 +54,7 @@ void VolumeBuilder::File(std::size_t unit, const EntryFields& fields, std::strin
   Record(unit, fields.number + 6001, AsBytes(bytes), state);
 }
 
-void VolumeBuilder::Folder(std::size_t unit, EntryFields fields, std::initializer_list<int> members) {
+void VolumeBuilder::Folder(std::size_t unit, EntryFields fields, const std::vector<int>& members) {
   fields.attributes |= 0x10;
   Entry(unit, fields);
   Data items;

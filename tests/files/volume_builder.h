@@ -42,7 +42,7 @@ class VolumeBuilder {
   // Writes the header of an entry; the others also write its bytes.
   std::size_t Entry(std::size_t unit, const EntryFields& fields, std::uint8_t state = live);
   void File(std::size_t unit, const EntryFields& fields, std::string_view bytes, std::uint8_t state = live);
-  void Folder(std::size_t unit, EntryFields fields, std::initializer_list<int> members);
+  void Folder(std::size_t unit, EntryFields fields, const std::vector<int>& members);
 
   // Writes the firmware's map of all units, 64 KiB or `sizeCode`: map pointer at `pointer`, group table and
   // unit list behind it. Each unit is a group.
