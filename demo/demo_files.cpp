@@ -172,8 +172,8 @@ void WriteFiles(Flash& flash, Area units, Area map) {
   volume.Delete(60);
   volume.WriteFolder({root, 0, "", none, made}, {10, 20, 30, 50});
   volume.WriteFolder({10, root, "Pictures", none, made}, {12, 18});
-  volume.Write({12, 10, "globe.bmp", none, made}, BmpFile(CutStrip(globe_png, 52).front()), 0x1000);
-  volume.Write({18, 10, "battery.bmp", readOnly, made}, BmpFile(CutStrip(battery_png, 20).front()));
+  volume.Write({12, 10, "globe.bmp", none, made}, BmpFile(CutStrip(embedded::globe_png, 52).front()), 0x1000);
+  volume.Write({18, 10, "battery.bmp", readOnly, made}, BmpFile(CutStrip(embedded::battery_png, 20).front()));
   volume.WriteFolder({20, root, "Melodies", none, made}, {22});
   volume.Write({22, 20, "minuet.mid", none, made}, MidiFile(minuet));
   volume.WriteFolder({30, root, "Texts", none, made}, {32, 34, 36});

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 TEST(DiskName, IsOneThatEverySystemTakes) {
   const std::string longName(300, 'x');
   const struct {
-    std::string_view name;
+    std::string name;
     std::string shown;
   } cases[] = {
       {"a.bmp", "a.bmp"},
