@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::size_t numbers = 0x10000;
 constexpr Offset folderItem = 4;
+// Damaged folders may state far more bytes than they have. Together they may have this many times the bytes
+// of the volume.
+constexpr Offset mostReads = 16;
 
 // A live header.
 struct Head {
@@ -40,7 +43,7 @@ class Builder {
         byNumber_(numbers, noIndex),
         byRecord_(numbers, noIndex),
         chain_(image_, list, {4 * volume_.recordCount, volume_.size}),
-        itemsLeft_(volume_.size / folderItem) {}
+        itemsLeft_(mostReads * volume_.size / folderItem) {}
 
   void Run() {
     FindHeads();
@@ -206,11 +209,14 @@ class Builder {
   }
 
   void PushMembers(std::uint32_t folder, std::vector<Task>& tasks) {
+    const std::size_t mostTasks = 0x1000 + 8 * heads_.size();
     for (const std::uint16_t member : Members(list_.entries[folder])) {
       const std::uint32_t head = byNumber_[member];
       if (head == noIndex)
         list_.entries[folder].damage |= DamageMissing;
-      else
+      else if (heads_[head].isPlaced)
+        list_.entries[folder].damage |= DamageRing;
+      else if (tasks.size() < mostTasks)
         tasks.push_back({head, folder});
     }
   }

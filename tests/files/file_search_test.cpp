@@ -350,6 +350,16 @@ const Damage damages[] = {
     {"an entry that no folder lists",
      [](Volume& v) { v.files.File(0, {.number = 50, .parent = 20, .name = "lost"}, "1"); },
      {whole[0], whole[1], whole[2], "50 FFS/Pics/lost 1 1 !", whole[3]}},
+    {"folders that state far more bytes than they have, before the root",
+     [](Volume& v) {
+       for (const int number : {40, 42, 44}) {
+         v.files.Entry(0, {.number = number, .name = "huge", .attributes = 0x10});
+         v.files.Slot(0, number + 6001, 0xE00000, 0xFFFF);
+       }
+       v.Remove(6006);
+       v.files.Entry(1, {.number = 6, .attributes = 0x10});
+     },
+     {whole[0], whole[1], whole[2], whole[3], "40 FFS/huge/ 1 !", "42 FFS/huge/ 1 !", "44 FFS/huge/ 1 !"}},
     {"a header in another record than its own",
      [](Volume& v) {
        v.files.Record(0, 8000, v.files.Header({.number = 52, .parent = 20, .name = "moved", .data = 31}));
