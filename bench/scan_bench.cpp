@@ -114,7 +114,7 @@ const std::vector<Line> scans{
     {"picture table", colourTable, 0.85, 0.65, ScanPictures},
     {"pictures outside", monochromeTable, 0.85, 0.65, ScanPictures},
     {"ringtone table", ringtones, 0.85, 0.65, ScanRingtones},
-    {"map of file units", files, 0.50, 0.35, ScanUnitMaps},
+    {"map of file units", files, 0.50, 0.30, ScanUnitMaps},
     {"files", files, 0.05, 0.05, ScanFiles},
     {"open", everything, 0.90, 0.80, Open},
     {"open and every explorer", everything, 0.20, 0.15, OpenAndExplore},
