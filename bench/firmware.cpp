@@ -5,7 +5,7 @@
 
 #include "bench/ratio.h"
 #include "demo/demo_random.h"
-#include "tests/image_builder.h"
+#include "tests/files/volume_builder.h"
 
 namespace tarvelo {
 namespace {
@@ -46,6 +46,7 @@ class Writer {
     if (contents_.colourTable) WritePictures(tables, 200, image_.PageMode() ? 5 : 8);
     if (contents_.ringtones) WriteRingtones(tables + 0x4000);
     if (contents_.eeprom) WriteEeprom(tables + blockSize);
+    if (contents_.files) WriteFiles();
     std::vector<std::uint8_t> bytes = std::move(image_).Take();
     std::ranges::replace(bytes, absentByte, std::uint8_t{0xA4});
     return bytes;
@@ -130,6 +131,31 @@ class Writer {
       image_.DWord(at + 4, 0x00F80000 + 0x40 * i);
       image_.DWord(at + 8, 0x00FF0000u | static_cast<std::uint32_t>(state) << 24 | (1 + i % 300));
     }
+  }
+
+  // Files of 3 KB in pieces of 1 KB, in a folder for each unit.
+  void WriteFiles() {
+    VolumeBuilder files(image_, "FFS");
+    std::vector<std::size_t> units;
+    for (std::size_t block = 14; block < image_.Size() / blockSize; block += 16)
+      for (const std::size_t erased : {block - 1, block}) units.push_back(files.Unit(erased * blockSize));
+    constexpr int filesOfUnit = 16, numbersOfUnit = 2 + 6 * filesOfUnit;
+    const std::string piece(1000, 'f');
+    std::vector<int> folders;
+    for (const std::size_t unit : units) {
+      const int folder = folders.emplace_back(8 + numbersOfUnit * static_cast<int>(unit));
+      std::vector<int> members;
+      for (int file = 0; file < filesOfUnit; ++file) {
+        const int number = members.emplace_back(folder + 2 + 6 * file);
+        files.File(unit, {.number = number, .parent = folder, .name = "picture.bmp", .next = number + 2},
+                   piece);
+        files.File(unit, {.number = number + 2, .next = number + 4}, piece);
+        files.File(unit, {.number = number + 4}, piece);
+      }
+      files.Folder(unit, {.number = folder, .name = "Folder"}, members);
+    }
+    files.Folder(0, {.number = 6}, folders);
+    files.Map(image_.Size() - 17 * blockSize);
   }
 
   ImageBuilder image_;

@@ -12,6 +12,7 @@ struct FirmwareContents {
   bool colourTable = false;      // a picture table with colours near the end
   bool monochromeTable = false;  // a picture table without colours at the start, and headers outside it
   bool ringtones = false;        // a ringtone table near the end
+  bool files = false;            // 1/8 of the image is units of the flash file system, with a map
 };
 
 // Deterministic. Contains a header with a model's name, a T9 area, the measured patterns (about one

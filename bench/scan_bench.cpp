@@ -15,6 +15,8 @@
 #include "demo/demo_image.h"
 #include "document/explorers.h"
 #include "eeprom/block_store.h"
+#include "files/file_search.h"
+#include "files/unit_maps.h"
 #include "patch/pattern.h"
 #include "pictures/picture_data.h"
 #include "pictures/picture_search.h"
@@ -23,7 +25,7 @@
 namespace tarvelo {
 namespace {
 
-enum Contents { bare, colourTable, monochromeTable, ringtones, eeprom, everything };
+enum Contents { bare, colourTable, monochromeTable, ringtones, eeprom, files, everything };
 
 // The dumps to measure; each is made once.
 Dump& DumpOf(std::size_t mebibytes, Contents contents) {
@@ -32,6 +34,7 @@ Dump& DumpOf(std::size_t mebibytes, Contents contents) {
                                                {.monochromeTable = true},
                                                {.ringtones = true},
                                                {.eeprom = true},
+                                               {.files = true},
                                                {.eeprom = true, .colourTable = true, .ringtones = true}};
   static std::map<std::pair<std::size_t, Contents>, Dump> dumps;
   const auto [at, isNew] = dumps.try_emplace({mebibytes, contents});
@@ -74,6 +77,16 @@ void ScanRingtones(Dump& dump) {
   benchmark::DoNotOptimize(GetRingtones(dump.image, progress));
 }
 
+void ScanUnitMaps(Dump& dump) {
+  NoProgress progress;
+  benchmark::DoNotOptimize(FindUnitMaps(dump.image, progress));
+}
+
+void ScanFiles(Dump& dump) {
+  NoProgress progress;
+  benchmark::DoNotOptimize(FindFiles(dump.image, progress));
+}
+
 void Open(Dump& dump) {
   static const Messages messages;
   dump.info = Identify(dump.image);
@@ -102,6 +115,8 @@ const std::vector<Line> scans{
     {"picture table", colourTable, 0.85, 0.65, ScanPictures},
     {"pictures outside", monochromeTable, 0.85, 0.65, ScanPictures},
     {"ringtone table", ringtones, 0.85, 0.65, ScanRingtones},
+    {"map of file units", files, 0.50, 0.30, ScanUnitMaps},
+    {"files", files, 0.05, 0.05, ScanFiles},
     {"open", everything, 0.90, 0.80, Open},
     {"open and every explorer", everything, 0.20, 0.15, OpenAndExplore},
 };

@@ -38,7 +38,7 @@ std::string JsonOf(const Item& item, const std::string& path) {
 
 void Report(const Item& item, const Exported& exported, bool asJson, Context& context) {
   if (!exported.file) {
-    context.err << exported.why << '\n';
+    if (!exported.why.empty()) context.err << exported.why << '\n';
     return;
   }
   const std::string path = Printable(PathText(*exported.file));

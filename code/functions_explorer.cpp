@@ -20,7 +20,7 @@ Item ItemOf(const Findings& found, std::size_t record) {
 
 std::vector<std::string> FunctionCaptions(const Messages& messages) {
   return Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnSize,
-                             Text::ColumnCalls, Text::FunctionName});
+                             Text::ColumnCalls, Text::ColumnName});
 }
 
 TableRows Rows(const Dump& dump, const Findings& found, const Messages& messages, CellRoom) {

@@ -58,7 +58,7 @@ enum class CellRoom {
 
 // Where and how an export writes its files.
 struct ExportTarget {
-  std::filesystem::path folder;  // created with the first file
+  std::filesystem::path folder;  // created with the first file, which may be in a folder below
   std::string stem;              // file names begin with it
   std::string_view format;       // one of ExplorerFiles::formats; empty: the first
 };
@@ -66,7 +66,7 @@ struct ExportTarget {
 // The outcome of exporting one record.
 struct Exported {
   std::optional<std::filesystem::path> file;  // empty if the record was not written
-  std::string why;                            // the reason, in one line of English
+  std::string why;  // the reason, in one line of English; empty if the record is no file at all
 };
 
 // Writes the record with this index. Throws FileError.
@@ -99,6 +99,9 @@ struct Explorer {
   Item (*item)(const Findings& found, std::size_t record);
   bool isOfC166 = false;    // whether it searches C166 code, which only images of up to 16 MiB hold
   bool hasDeleted = false;  // whether records of deleted things can occur
+  // The command that lists them too, and its help.
+  Text showDeleted = Text::ShowDeletedBlocks;
+  Text showDeletedHelp = Text::HelpDeletedBlocks;
 
   // The model that the records name, for dumps whose firmware header names none; empty: none.
   std::string (*model)(const Dump& dump, const Findings& found) = nullptr;

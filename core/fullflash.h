@@ -88,7 +88,7 @@ class Fullflash {
 };
 
 inline std::int32_t Fullflash::DWord(Offset a) const {
-  const std::uint32_t value = Word(a) | static_cast<std::uint32_t>(Word(a + 2)) << 16;
+  const std::uint32_t value = DWordAt(ff(), a);
   if (value >= 0x80000000) throw std::overflow_error("double word too large at offset " + std::to_string(a));
   return static_cast<std::int32_t>(value);
 }

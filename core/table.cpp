@@ -1,6 +1,9 @@
 #include "core/table.h"
 
+#include <algorithm>
+
 #include "resources/messages.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
@@ -30,16 +33,17 @@ class Pieces {
   std::string text_;
 };
 
+// Whether a byte of UTF-8 is a control character or may begin one.
+bool MayBeControl(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 || byte == 0x7F || byte == 0xC2;
+}
+
 void AddLine(Pieces& text, const std::vector<std::string>& cells, std::string_view lineEnd) {
   for (std::size_t column = 0; column < cells.size(); ++column) {
     if (column > 0) text.Add("\t");
-    std::string_view cell = cells[column];
-    for (auto stop = cell.find_first_of("\t\n\r"); stop != cell.npos; stop = cell.find_first_of("\t\n\r")) {
-      text.Add(cell.substr(0, stop));
-      text.Add(" ");
-      cell.remove_prefix(stop + 1);
-    }
-    text.Add(cell);
+    const std::string& cell = cells[column];
+    text.Add(std::ranges::any_of(cell, MayBeControl) ? InOneLine(cell) : cell);
   }
   text.Add(lineEnd);
 }

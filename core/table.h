@@ -44,7 +44,7 @@ struct TableRows {
 [[nodiscard]] TableRows RowsOf(const Table& table);
 
 // The table as tab-separated text: the captions, then one line per row, each line ending in `lineEnd`. A tab
-// or line break inside a cell would break the columns, so it becomes a blank.
+// or other control character inside a cell would break the columns or a terminal, so it becomes a blank.
 [[nodiscard]] std::string TabSeparated(const Table& table, std::string_view lineEnd);
 
 // The same, written in pieces of about 64 KiB.

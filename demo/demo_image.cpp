@@ -6,6 +6,7 @@
 
 #include "demo/demo_code.h"
 #include "demo/demo_eeprom.h"
+#include "demo/demo_files.h"
 #include "demo/demo_program.h"
 #include "demo/demo_ringtones.h"
 #include "demo/demo_t9.h"
@@ -27,6 +28,8 @@ enum class Part {
   texts,
   t9,
   oldSector,  // where blocks were before the EEPROM moved
+  files,      // the units of the flash file system
+  fileMap,    // the firmware's map of them
   eeprom,
 };
 
@@ -48,6 +51,7 @@ constexpr std::array smallMap{
     Place{Part::ringtones, {0x330000, 0x340000}}, Place{Part::texts, {0x340000, 0x350000}},
     Place{Part::code, {0x350000, 0x3F0000}},      Place{Part::oldSector, {0x3F0000, 0x400000}},
     Place{Part::t9, {0x400000, 0x440000}},        Place{Part::code, {0x500000, 0x590000}},
+    Place{Part::fileMap, {0x590000, 0x590100}},   Place{Part::files, {0x5A0000, 0x5E0000}},
     Place{Part::code, {0x600000, 0x6E0000}},      Place{Part::code, {0x6F0000, 0x750000}},
     Place{Part::eeprom, {0x760000, 0x800000}},
 };
@@ -63,7 +67,8 @@ constexpr std::array largeMap{
     Place{Part::code, {0x0A04000, 0x0A80000}},      Place{Part::ringtones, {0x0A80000, 0x0A90000}},
     Place{Part::texts, {0x0A90000, 0x0AA0000}},     Place{Part::code, {0x0AA0000, 0x0BF0000}},
     Place{Part::oldSector, {0x0BF0000, 0x0C00000}}, Place{Part::code, {0x0C00000, 0x1000000}},
-    Place{Part::code, {0x1400000, 0x1800000}},      Place{Part::code, {0x1900000, 0x1A00000}},
+    Place{Part::code, {0x1400000, 0x1800000}},      Place{Part::fileMap, {0x1800000, 0x1800100}},
+    Place{Part::files, {0x1820000, 0x18A0000}},     Place{Part::code, {0x1900000, 0x1A00000}},
     Place{Part::eeprom, {0x1F60000, 0x2000000}},
 };
 
@@ -126,6 +131,7 @@ ByteBuffer Build(const auto& map, std::size_t size, const HeaderTexts& header) {
 
   WriteRingtones(flash, Find(map, Part::ringtones));
   WriteTexts(flash, Find(map, Part::texts));
+  WriteFiles(flash, Find(map, Part::files), Find(map, Part::fileMap));
   WriteEeprom(flash, Find(map, Part::eeprom), Find(map, Part::oldSector));
   const Area program = Find(map, Part::program);
   if (program.end != 0)

@@ -6,6 +6,7 @@
 
 #include "code/functions_explorer.h"
 #include "eeprom/eeprom_explorer.h"
+#include "files/files_explorer.h"
 #include "pictures/pictures_explorer.h"
 #include "ringtones/ringtones_explorer.h"
 
@@ -16,6 +17,7 @@ constexpr std::array all{
     &eepromExplorer,
     &picturesExplorer,
     &ringtonesExplorer,
+    &filesExplorer,
     &functionsExplorer,
 };
 

@@ -1,7 +1,6 @@
 #include "eeprom/block_store.h"
 
 #include <algorithm>
-#include <span>
 #include <stdexcept>
 #include <string>
 
@@ -14,8 +13,6 @@ constexpr Offset step = 4;
 constexpr Offset progressStep = 0x1000;
 constexpr Offset lastOfWholeScan = 0x800000;  // last index of the longest image that is scanned whole
 constexpr Offset storeLength = 0xA0000;
-
-using Header = std::span<const std::uint8_t, blockHeaderLength>;
 
 struct Viewer {
   int first, last;  // numbers
@@ -34,15 +31,15 @@ constexpr Viewer viewers[] = {
 
 std::size_t IndexOf(ViewerEntry entry) { return static_cast<std::size_t>(entry); }
 
-// Whether a 64 KiB block of the address space, byte 6 of a header, can hold data.
-bool CanHoldData(std::uint8_t block) {
-  return block == 0xBF || (block >= 0x7C && block <= 0x7F) || block >= 0xF6;
+// Whether a 64 KiB block of the address space can hold data.
+bool CanHoldData(std::uint32_t block) {
+  return block == 0xBF || (block >= 0x7C && block <= 0x7F) || (block >= 0xF6 && block <= 0xFF);
 }
 
-bool IsHeader(Header h) {
-  const bool isState = h[0] == liveBlockState || h[0] == deletedBlockState;
-  return isState && h[11] == h[0] && h[1] <= 0x21 && h[3] <= 0x14 && h[7] == 0 && h[9] < 0x19 &&
-         CanHoldData(h[6]);
+bool IsHeader(const RecordSlot& slot) {
+  const bool isState = slot.state == liveBlockState || slot.state == deletedBlockState;
+  return isState && slot.stateAgain == slot.state && slot.version <= 0x21 && slot.size < 0x1500 &&
+         slot.number < 0x1900 && CanHoldData(slot.address >> 16);
 }
 
 // The rules that need no ordering comparison, as bits. Little else than headers passes them. The first two
@@ -90,22 +87,22 @@ class Scan {
   [[nodiscard]] Offset NextPosition(Offset p) const { return start_ + (p - start_ + step - 1) / step * step; }
 
   void Take(Offset p) {
-    const Header header(image_.ff().data() + p, blockHeaderLength);
-    if (p < next_ || !IsHeader(header) || !IsBlockNumber(image_.Word(p + 8))) return;
-    Add(p);
+    const RecordSlot slot = ReadSlot(image_.ff(), p);
+    if (p < next_ || !IsHeader(slot) || !IsBlockNumber(slot.number)) return;
+    Add(p, slot);
     next_ = p + blockHeaderLength;
   }
 
-  void Add(Offset p) {
+  void Add(Offset p, const RecordSlot& slot) {
     if (store_.records.size() == mostBlocks)
       throw std::length_error("more than " + std::to_string(mostBlocks) + " EEPROM block headers");
     EepromBlockRecord record;
-    record.Number = image_.Word(p + 8);
-    record.V = image_.Byte(p + 1);
-    // Byte 7 is 0, so neither the double word nor the difference can overflow.
-    record.DataOffset = image_.DWord(p + 4) - image_.LoadBase();
-    record.Size = image_.Word(p + 2);
-    record.State = image_.Byte(p);
+    record.Number = slot.number;
+    record.V = slot.version;
+    // The address has 24 bits, so the difference can't overflow.
+    record.DataOffset = static_cast<std::int32_t>(slot.address) - image_.LoadBase();
+    record.Size = slot.size;
+    record.State = slot.state;
     record.HeaderPos = static_cast<std::int32_t>(p);
     if (record.IsDeleted())
       ++store_.DeletedCount;

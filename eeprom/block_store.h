@@ -1,14 +1,11 @@
 // The phone's emulated EEPROM: numbered blocks in the flash, found by their headers.
 //
-// A header has 12 bytes with little-endian fields and is apart from the block's data:
-//   0   state: 0xFC live, 0xF0 deleted
+// A header is a record slot (core/record_slot.h) with these limits:
+//   0   live or deleted, 11 the same
 //   1   V, 0 .. 0x21
-//   2   size of the data, a word below 0x1500
-//   4   phone address of the data, a double word; byte 6 is 0xBF, 0x7C .. 0x7F or 0xF6 .. 0xFF, byte 7
-//       is 0
-//   8   block number, a word below 0x1900
-//   10  anything
-//   11  the state again
+//   2   size of the data, below 0x1500
+//   4   phone address of the data; byte 6 is 0xBF, 0x7C .. 0x7F or 0xF6 .. 0xFF, byte 7 is 0
+//   8   block number, below 0x1900
 // The phone never changes a block in place: it writes a new copy and marks the old header as deleted. So an
 // image holds many generations of a number, and sometimes several live ones.
 #pragma once
@@ -21,6 +18,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
+#include "core/record_slot.h"
 
 namespace tarvelo {
 
@@ -29,9 +27,9 @@ inline constexpr std::size_t mostBlocks = 2000;
 // The lookup tables cover the numbers 0 .. 6000.
 inline constexpr std::size_t blockNumbers = 6001;
 
-inline constexpr std::uint8_t liveBlockState = 0xFC;
-inline constexpr std::uint8_t deletedBlockState = 0xF0;
-inline constexpr int blockHeaderLength = 12;
+inline constexpr std::uint8_t liveBlockState = RecordSlot::live;
+inline constexpr std::uint8_t deletedBlockState = RecordSlot::deleted;
+inline constexpr int blockHeaderLength = RecordSlot::length;
 
 // The entries of the menu KnownBlocks, named after the blocks that they show.
 enum class ViewerEntry : std::uint8_t {

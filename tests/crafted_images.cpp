@@ -3,6 +3,7 @@
 #include <random>
 
 #include "eeprom/block_store.h"
+#include "files/volume_builder.h"
 
 namespace tarvelo {
 namespace {
@@ -39,6 +40,16 @@ void PutFunctions(ImageBuilder& image, std::size_t at) {
   image.Word(image.Word(at + 0x20, static_cast<std::uint16_t>(image.Address(at))), segment);
 }
 
+// A file with a deleted generation, and the map of its volume.
+void PutFiles(ImageBuilder& image) {
+  VolumeBuilder files(image, "FFS");
+  files.Unit(image.Size() / 0x10000 * 0x10000 - 0x60000);
+  files.Folder(0, {.number = 6}, {10});
+  files.File(0, {.number = 10, .name = "file"}, std::string(0x400, 'f'));
+  files.File(0, {.number = 10, .name = "file"}, std::string(0x400, 'd'), VolumeBuilder::deleted);
+  files.Map(image.Size() / 0x10000 * 0x10000 - 0x40000);
+}
+
 void SomethingOfEachKind(ImageBuilder& image) {
   image.Fill(0x1000, 0xE000, 0x90);
   PutHeader(image, "C55");
@@ -54,6 +65,46 @@ void SomethingOfEachKind(ImageBuilder& image) {
   image.DWord(0x20004, 0x1000);
   for (std::size_t p = 0x4000; p < 0x4300; p += 12) image.Text(p, "Some text 1");
   for (std::size_t p = 0x5000; p < 0x6000; p += 64) image.Word(p, 0x00DB);
+  PutFiles(image);
+}
+
+// A volume in each 64 KiB. Each record begins 2 bytes behind the one before it, and most are folders or
+// pieces of each other.
+void FilesThatOverlap(ImageBuilder& image) {
+  for (std::size_t unit = 0; unit < image.Size(); unit += 0x10000) {
+    VolumeBuilder files(image, std::string("FFS") + static_cast<char>('A' + unit / 0x10000 % 26));
+    files.Unit(unit);
+    for (std::size_t p = 0x90; p < 0x4000; p += 2) image.Word(unit + p, static_cast<std::uint16_t>(p - 0x90));
+    for (std::size_t i = 0; i < 4000; ++i)
+      files.Slot(0, static_cast<int>(6000 + i), files.Address(unit + 0x90 + 2 * i), 0xFFF0,
+                 i % 5 == 0 ? VolumeBuilder::deleted : VolumeBuilder::live);
+  }
+}
+
+// Folders, each in the one before it.
+void NestedFolders(ImageBuilder& image) {
+  VolumeBuilder files(image, "FFS");
+  for (std::size_t unit = 0; unit < image.Size(); unit += 0x10000) files.Unit(unit);
+  const int units = static_cast<int>(image.Size() / 0x10000);
+  for (int i = 0; i < 1000 * units; ++i)
+    files.Folder(static_cast<std::size_t>(i % units), {.number = 6 + 2 * i, .name = "folder"}, {8 + 2 * i});
+}
+
+// Pointers to maps in every 12 bytes; the maps overlap and name one unit again and again.
+void MapsEverywhere(ImageBuilder& image) {
+  const std::size_t unit = image.Size() - 0x10000, table = unit - 0x4000, list = unit - 0x1000;
+  VolumeBuilder files(image, "FFS");
+  files.Unit(unit);
+  files.Folder(0, {.number = 6}, {});
+  for (std::size_t group = table; group + 6 <= list; group += 6) {
+    image.Word(group, 1);
+    VolumeBuilder::PagePointer(image, group + 2, list);
+  }
+  image.Word(image.DWord(list, files.Address(unit)), 0x40);
+  for (std::size_t p = 0; p + 12 <= table; p += 12) {
+    image.Word(image.DWord(p, 0xFF), 1);
+    VolumeBuilder::PagePointer(image, p + 6, table + p / 2 % 0x3000);
+  }
 }
 
 // A table with all numbers; the melody of each extends over everything after the table.
@@ -90,6 +141,9 @@ constexpr CraftedImage crafted[] = {
     {"a picture table without end", 0x100000, PictureTableWithoutEnd},
     {"headers that overlap", 0x1000000, HeadersThatOverlap},
     {"melodies that overlap", 0x100000, MelodiesThatOverlap},
+    {"files that overlap", 0x100000, FilesThatOverlap},
+    {"nested folders", 0x200000, NestedFolders},
+    {"maps everywhere", 0x100000, MapsEverywhere},
     {"runs and filling", 0x100000, RunsAndFilling},
     {"usual bytes", 0x40000, UsualBytes},
 };

@@ -19,7 +19,7 @@ struct CraftedImage {
   }
 };
 
-// Each takes 1 MiB or less, except one of 16 MiB and one large image.
+// Each takes 2 MiB or less, except one of 16 MiB and one large image.
 [[nodiscard]] std::span<const CraftedImage> CraftedImages();
 
 // A picture table with entries up to the end of the image.

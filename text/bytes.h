@@ -30,4 +30,9 @@ using Offset = std::int64_t;
   return static_cast<std::uint16_t>(ByteAt(bytes, a) | ByteAt(bytes, a + 1) << 8);
 }
 
+// The little-endian 32-bit double word at offsets a .. a + 3, likewise.
+[[nodiscard]] inline std::uint32_t DWordAt(Bytes bytes, Offset a) {
+  return WordAt(bytes, a) | static_cast<std::uint32_t>(WordAt(bytes, a + 2)) << 16;
+}
+
 }  // namespace tarvelo

@@ -37,7 +37,6 @@ constexpr PlacedPanel otherPanels[] = {
     {1, Id::Info, Text::Info, Text::HelpInfo},
     {2, Id::Menu, Text::Menu, Text::HelpNotBuilt},
     {4, Id::Langpack, Text::Langpack, Text::HelpNotBuilt},
-    {7, Id::Files, Text::Files, Text::HelpNotBuilt},
     {8, Id::Dump, Text::Dump, Text::HelpDump},
     {9, Id::AddrBook, Text::AddressBook, Text::HelpNotBuilt, false},
 };

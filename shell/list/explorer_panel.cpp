@@ -147,8 +147,8 @@ PanelCommands ExplorerPanel::MakeCommands() {
   std::vector<PanelCommand> last;
   if (explorer_.hasDeleted)
     last.push_back({Id::ShowDel,
-                    Text::ShowDeletedBlocks,
-                    Text::HelpDeletedBlocks,
+                    explorer_.showDeleted,
+                    explorer_.showDeletedHelp,
                     "",
                     [this] { ShowDel_Click(); },
                     {},

@@ -33,7 +33,6 @@ enum : int {
   Info,
   Menu,
   Langpack,
-  Files,
   Dump,
   AddrBook,
   HexView,

@@ -20,7 +20,7 @@ TEST_F(Desk, OpensADump) {
   EXPECT_EQ(Open().FileName(), ToUpper(PathText(*script.file)));
   EXPECT_EQ(Open().FileStem(), folder / "dump");
   for (const int id : documentEntries) EXPECT_TRUE(Enabled(id)) << Caption(id);
-  EXPECT_FALSE(Enabled(Id::Files));  // not built yet
+  EXPECT_FALSE(Enabled(Id::Langpack));  // not built yet
   EXPECT_EQ(Caption(Id::SaveText), "Save info-file");
 
   script.file.reset();

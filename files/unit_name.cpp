@@ -1,0 +1,20 @@
+#include "files/unit_name.h"
+
+#include "files/volume.h"
+
+namespace tarvelo {
+
+std::optional<std::string> UnitName(Bytes image, Offset unit) {
+  constexpr Offset nameAt = unitHeaderAt + 2;
+  constexpr Offset nameSize = 6;
+  std::string name;
+  for (Offset i = 0; i < nameSize; ++i) {
+    const std::uint8_t byte = ByteAt(image, unit + nameAt + i);
+    if (byte == 0) break;
+    if (byte < 0x20 || byte > 0x7E) return {};
+    name += static_cast<char>(byte);
+  }
+  return name;
+}
+
+}  // namespace tarvelo
