@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <functional>
 
 #include "cli/subcommands.h"
 #include "document/explorers.h"
@@ -23,9 +24,13 @@ class Subcommand {
   Subcommand(CLI::App& parent, const std::string& name, const std::string& about, Run run, Command& chosen,
              Arguments arguments = {})
       : app_(*parent.add_subcommand(name, about)),
-        arguments_(std::make_shared<Arguments>(std::move(arguments))) {
-    app_.callback([run, &chosen, given = arguments_] {
-      chosen = [run, given](Context& context) { run(*given, context); };
+        arguments_(std::make_shared<Arguments>(std::move(arguments))),
+        finish_(std::make_shared<std::function<void()>>([] {})) {
+    app_.callback([run, &chosen, given = arguments_, finish = finish_] {
+      chosen = [run, given, finish](Context& context) {
+        (*finish)();
+        run(*given, context);
+      };
     });
   }
 
@@ -41,6 +46,17 @@ class Subcommand {
   Subcommand& Needs(const char* name, Value Arguments::*value, const char* about,
                     const std::vector<std::string>& oneOf = {}) {
     Add(name, value, about, oneOf)->required();
+    return *this;
+  }
+  // One or more files, and one word behind them.
+  Subcommand& NeedsFilesAnd(std::vector<std::string> Arguments::*files, const char* name,
+                            std::string Arguments::*word, const char* about) {
+    Add("FILE", files, about, {})->required()->option_text("... " + std::string(name) + " REQUIRED");
+    *finish_ = [files, name, word, &given = *arguments_] {
+      if ((given.*files).size() < 2) throw WrongArguments(std::string(name) + " is required");
+      given.*word = std::move((given.*files).back());
+      (given.*files).pop_back();
+    };
     return *this;
   }
   Subcommand& Flag(const char* name, bool Arguments::*value, const std::string& about) {
@@ -59,6 +75,7 @@ class Subcommand {
 
   CLI::App& app_;
   std::shared_ptr<Arguments> arguments_;
+  std::shared_ptr<std::function<void()>> finish_;  // runs after the command line was read
 };
 
 // A command with subcommands.
@@ -113,8 +130,8 @@ void AddDumpCommands(CLI::App& app, Command& chosen) {
   AddLists(app, chosen);
   AddExports(app, chosen);
   Subcommand(app, "find", "Print where a byte pattern occurs", Find, chosen)
-      .Needs("FILE", &FindArguments::files, "Dumps")
-      .Needs("PATTERN", &FindArguments::pattern, "Hexadecimal bytes, ?? for any: E6??4100E6")
+      .NeedsFilesAnd(&FindArguments::files, "PATTERN", &FindArguments::pattern,
+                     "Dumps, then hexadecimal bytes, ?? for any: E6??4100E6")
       .Flag("--json", &FindArguments::json, "One JSON object a hit and line")
       .Takes("--jobs", &FindArguments::jobs, jobsHelp);
   Subcommand(app, "map", "Print what each byte of a dump is", Map, chosen)
@@ -149,8 +166,8 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
             "Compare from the first byte of each on, not by phone address")
       .Takes("--patch", &DiffArguments::patch, "Write the patch that makes OTHER of FILE");
   Subcommand(app, "apply", "Apply a patch file to a copy of a dump", Apply, chosen)
-      .Needs("FILE", &ApplyArguments::files, "Dump; several for --check")
-      .Needs("PATCH", &ApplyArguments::patch, "Patch file")
+      .NeedsFilesAnd(&ApplyArguments::files, "PATCH", &ApplyArguments::patch,
+                     "Dump (several with --check), then the patch file")
       .Takes("--output", &ApplyArguments::output, "The dump to write")
       .Flag("--check", &ApplyArguments::check, "Say whether the patch fits, write nothing")
       .Flag("--reverse", &ApplyArguments::reverse, "Take the patch out of a dump that has it")

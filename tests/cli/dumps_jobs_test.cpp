@@ -17,8 +17,7 @@ class SeveralDumps : public testing::Test {
     PutHeader(image, "C55");
     PutBlock(image, 0x8000, 0xFC, 76, 0x9000, 0x10);
     image.Data(0x100, Data{0x12, 0x34});
-    const auto bytes = std::move(image).Take();
-    one = PathText(folder.Write("one.bin", {bytes.begin(), bytes.end()}));
+    one = PathText(folder.Write("one.bin", std::move(image).Take()));
     two = PathText(folder.Write("two.bin", std::string(0x100000, '\0')));
     missing = PathText(folder / "missing.bin");
   }

@@ -176,6 +176,15 @@ TEST(DumpMap, SaysHowSureEachKindIs) {
                         {"ringtone-pointer", {"likely"}},
                         {"ringtone-file", {"certain"}},
                         {"melody", {"likely"}},
+                        {"file-map", {"certain"}},
+                        {"file-unit", {"certain"}},
+                        {"file-directory", {"certain"}},
+                        {"file-header", {"certain"}},
+                        {"file-data", {"certain"}},
+                        {"file-deleted-header", {"likely"}},
+                        {"file-deleted-data", {"likely"}},
+                        {"file-free", {"likely"}},
+                        {"function", {"likely"}},
                         {"picture-table", {"certain"}},
                         {"picture-header", {"guessed"}},
                         {"picture", {"certain", "guessed"}},
@@ -212,8 +221,13 @@ TEST(DumpMap, GivesOverlapsToTheSurestKind) {
   const std::map<const Explorer*, Findings> found{{&eepromExplorer, Findings(EepromFindings{blocks, {}})},
                                                   {&picturesExplorer, Findings(pictures)},
                                                   {&ringtonesExplorer, Findings(RingtoneList())}};
-  const DumpMap map =
-      MapDump(dump, [&](const Explorer& explorer) -> const Findings& { return found.at(&explorer); });
+  const FindingsOf findingsOf = [&](const Explorer& explorer) -> const Findings& {
+    const auto known = found.find(&explorer);
+    if (known != found.end()) return known->second;
+    static std::optional<Findings> others;  // there is nothing to find in this image
+    return others.emplace(explorer.search(dump, noProgress));
+  };
+  const DumpMap map = MapDump(dump, findingsOf);
   EXPECT_EQ(LinesOf(map), (Lines{"0 5 EEPROM 12", "5 3 picture 0", "8 12 EEPROM 10 (header)",
                                  "14 12 EEPROM 11 (deleted, header)", "20 12 EEPROM 9 (deleted, header)",
                                  "2c 6 EEPROM 10", "32 20 EEPROM 11 (deleted)", "46 14 picture 0",
