@@ -68,7 +68,7 @@ TEST_F(SeveralDumps, APatchIsCheckedAgainstEach) {
   EXPECT_TRUE(Call({"apply", made, patch, "--check"}).out.starts_with("applied already\tC55"));
   const std::string back = PathText(folder / "back.bin");
   EXPECT_EQ(Call({"apply", "--reverse", made, patch, "--output", back}).status, done);
-  EXPECT_EQ(ReadAll(back), ReadAll(one));
+  EXPECT_TRUE(ReadAll(back) == ReadAll(one));
   EXPECT_EQ(Call({"apply", "--reverse", one, patch, "--output", back}).status, nothingFound);
 
   EXPECT_EQ(Call({"apply", one, two, patch, "--output", made}).status, wrongArguments);
@@ -83,7 +83,7 @@ TEST_F(SeveralDumps, AReversedPatchBeginsWithItsLastChange) {
   const std::string back = PathText(folder / "back.bin");
   EXPECT_EQ(Call({"apply", one, patch, "--output", made}).status, done);
   EXPECT_EQ(Call({"apply", "--reverse", made, patch, "--output", back}).status, done);
-  EXPECT_EQ(ReadAll(back), ReadAll(one));
+  EXPECT_TRUE(ReadAll(back) == ReadAll(one));
 }
 
 }  // namespace
