@@ -276,7 +276,7 @@ std::optional<Region> ComparePanel::ChosenRegion() const {
 }
 
 PanelCommands ComparePanel::MakeCommands() {
-  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  std::vector<PanelCommand> commands = OpenCommands();
   Append(commands, CopyCommands());
   Append(commands, StepCommands(Text::NextDifference, Text::PreviousDifference));
   Append(commands, {{Id::DifferencesToPatch, Text::DifferencesToPatch, Text::HelpAddToPatch, "",

@@ -135,8 +135,8 @@ PanelCommands ExplorerPanel::MakeCommands() {
   std::vector<PanelCommand> open = {
       {Id::OpenData, Text::OpenWith, Text::HelpOpenWith, "", [this] { OpenData_Click(); }, chosen},
       {Id::OpenEntry, Text::OpenDescriptionWith, Text::HelpOpenDescriptionWith, "",
-       [this] { OpenEntry_Click(); }, chosen},
-      OpenHexCommand()};
+       [this] { OpenEntry_Click(); }, chosen}};
+  std::ranges::move(OpenCommands(), std::back_inserter(open));
   std::ranges::move(own.open, std::back_inserter(open));
   std::vector<PanelCommand> copy = std::move(own.copy);
   std::ranges::move(CopyCommands(), std::back_inserter(copy));

@@ -142,7 +142,7 @@ std::string DumpPanel::AddressOf(Offset offset) const {
 
 PanelCommands DumpPanel::MakeCommands() {
   const auto chosen = ListPanel::Chosen();
-  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  std::vector<PanelCommand> commands = OpenCommands();
   Append(commands, CopyCommands());
   Append(commands, {{Id::Next, Text::NextRegion, Text::HelpNext, "F3", [this] { StepInKind(1); }, chosen},
                     {Id::Previous, Text::PreviousRegion, Text::HelpPrevious, "Shift+F3",

@@ -22,7 +22,7 @@ constexpr std::size_t longestText = 100000000;  // bytes that the information te
 constexpr int bytesShown = 256;                 // of each hit, in the list
 
 std::vector<std::string> HitCaptions(const Messages& messages) {
-  return Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes});
+  return Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes, Text::ColumnName});
 }
 
 }  // namespace
@@ -30,6 +30,7 @@ std::vector<std::string> HitCaptions(const Messages& messages) {
 HitsPanel::HitsPanel(Workbench& bench)
     : ListPanel(bench, {.menuEntry = Id::Hits, .name = Text::SearchResults}, 'S') {
   watch_ = bench.document.OnChange([this] { ImageChanged(); });
+  nameWatch_ = bench.document.OnNames([this] { List().Reword(Rows()); });
 }
 
 void HitsPanel::Clear() { ShowHits({}); }
@@ -130,7 +131,8 @@ Table::Row HitsPanel::RowOf(std::size_t number) const {
   const int shown = std::min(found_.pattern.PatCount(), bytesShown);
   for (int k = 0; k < shown; ++k) bytes += image.ByteHex(hit + k);
   if (shown < found_.pattern.PatCount()) bytes += "...";
-  return {{place, OffsetText(image, hit), AddressText(image, hit), bytes}};
+  const std::string name(bench_.document.PlaceNames().NameAt(image.PhoneAddress(hit)));
+  return {{place, OffsetText(image, hit), AddressText(image, hit), bytes, name}};
 }
 
 std::optional<Region> HitsPanel::ChosenRegion() const {
@@ -140,7 +142,7 @@ std::optional<Region> HitsPanel::ChosenRegion() const {
 }
 
 PanelCommands HitsPanel::MakeCommands() {
-  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  std::vector<PanelCommand> commands = OpenCommands();
   Append(commands, CopyCommands());
   Append(commands, StepCommands(Text::NextHit, Text::PreviousHit));
   return PanelCommands(std::move(commands), Id::OpenHex);

@@ -28,6 +28,8 @@ enum : int {
   Help,
   About,
   Demonstration,
+  GoBack,
+  GoForward,
 
   // --- panels ---
   Info,
@@ -38,6 +40,8 @@ enum : int {
   AddrBook,
   HexView,
   ComparePanel,
+  CodeView,
+  References,
   Hits,
   PatchMenu,
   FirstExplorer,  // in the order of Explorers()
@@ -47,6 +51,10 @@ enum : int {
   OpenData,   // of the chosen row, in the user's hex editor
   OpenEntry,  // the header or table entry that describes it
   OpenHex,    // the data in the hex view
+  OpenCode,   // as code
+  WhoRefers,
+  NamePlace,
+  CommentPlace,
   CopyOffset,
   CopyAddress,
   CopyRows,
@@ -103,6 +111,14 @@ enum : int {
   SelectedToPatch,
   SavePatch,
   DifferencesToPatch,
+
+  FollowTarget,
+  CopyWithBytes,
+  CopyPagePointer,
+  CopySegmentPointer,
+  CopyAsPattern,
+  FindAlike,
+  StateDpps,
 };
 
 }  // namespace tarvelo::Id

@@ -46,6 +46,9 @@ class Frame {
   virtual void ShowBl(Offset start, Offset size) = 0;
   // Shows a region in the hex view, even if a hex editor is configured.
   virtual void ShowHex(Offset start, Offset size) = 0;
+  // Shows a region as code, and the places that refer to an offset.
+  virtual void ShowCode(Offset start, Offset size) = 0;
+  virtual void ShowReferences(Offset target) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
 

@@ -14,7 +14,7 @@ TEST_F(HexDesk, IsEditedByKeyboardAlone) {
   EXPECT_TRUE(press(before == 0x11 ? '2' : '1', wxMOD_NONE, changed));
 
   // In the line above, keys edit the line.
-  wxTextCtrl& line = Panel().PlaceLine();
+  wxTextCtrl& line = Panel().Place().Field();
   Copy("34");
   EXPECT_TRUE(press('L', wxMOD_CONTROL, [&] { return line.HasFocus(); }));
   EXPECT_TRUE(press('V', wxMOD_CONTROL, [&] { return line.GetValue() == "34"; }));
