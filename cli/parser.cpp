@@ -118,6 +118,23 @@ void AddDumpCommands(CLI::App& app, Command& chosen) {
       .Flag("--json", &MapArguments::json, "One JSON object a region and line");
 }
 
+void AddCodeCommands(CLI::App& app, Command& chosen) {
+  Subcommand(app, "disasm", "Print C166 instructions", Disasm, chosen)
+      .Needs("FILE", &DisasmArguments::file, "Dump")
+      .Takes("OFFSET", &DisasmArguments::offset, "Where the first one begins (hexadecimal)")
+      .Takes("--count", &DisasmArguments::count, "How many to print")
+      .Flag("--json", &DisasmArguments::json, "One JSON object an instruction and line");
+  Subcommand(app, "refs", "Print the places that refer to a byte", Refs, chosen)
+      .Needs("FILE", &RefsArguments::file, "Dump")
+      .Needs("OFFSET", &RefsArguments::offset, "Where the byte is (hexadecimal)")
+      .Flag("--all", &RefsArguments::all, "The merely possible ones too")
+      .Flag("--json", &RefsArguments::json, "One JSON object a place and line")
+      .Takes("--dpp0", &RefsArguments::dpp0, "The page in DPP0, hexadecimal")
+      .Takes("--dpp1", &RefsArguments::dpp1, "The page in DPP1")
+      .Takes("--dpp2", &RefsArguments::dpp2, "The page in DPP2")
+      .Takes("--dpp3", &RefsArguments::dpp3, "The page in DPP3, by default 3");
+}
+
 void AddPatchCommands(CLI::App& app, Command& chosen) {
   Subcommand(app, "diff", "Print where two dumps differ", Diff, chosen)
       .Needs("FILE", &DiffArguments::file, "Dump")
@@ -218,6 +235,7 @@ Command Parse(std::vector<std::string> arguments, Context& context) {
       ->trigger_on_parse();
   Command chosen;
   AddDumpCommands(app, chosen);
+  AddCodeCommands(app, chosen);
   AddPatchCommands(app, chosen);
   AddOtherCommands(app, chosen);
 

@@ -81,6 +81,23 @@ struct EncodeArguments {
 };
 void Encode(const EncodeArguments& arguments, Context& context);
 
+struct DisasmArguments {
+  std::string file;
+  std::string offset = "0";
+  std::string count = "32";
+  bool json = false;
+};
+void Disasm(const DisasmArguments& arguments, Context& context);
+
+struct RefsArguments {
+  std::string file;
+  std::string offset;
+  bool all = false;
+  bool json = false;
+  std::optional<std::string> dpp0, dpp1, dpp2, dpp3;
+};
+void Refs(const RefsArguments& arguments, Context& context);
+
 struct AddressArguments {
   std::string base;
   std::optional<std::string> page, offs, addr, adff;

@@ -29,11 +29,17 @@ enum class ReferenceSureness : std::uint8_t { Certain, Likely, Possible };
 [[nodiscard]] std::string_view NameOf(ReferenceKind kind);
 [[nodiscard]] std::string_view NameOf(ReferenceSureness sure);
 
+// Small, because an image can hold millions of them.
 struct Reference {
-  Offset offset = 0;  // of the instruction, of the first of the two MOVs, or of the pointer
+  std::int32_t offset = 0;  // of the instruction, of the first of the two MOVs, or of the pointer
   ReferenceKind kind = ReferenceKind::Call;
   ReferenceSureness sure = ReferenceSureness::Certain;
   std::uint8_t dpp = 0;  // Data: the DPP it goes through
+  // Pair: bytes from the first MOV to the second. Access and Data: bytes from the ATOMIC or EXT* in whose
+  // range the instruction is, 0 if it is in none.
+  std::uint8_t distance = 0;
+
+  [[nodiscard]] bool operator==(const Reference&) const = default;
 };
 
 // The pages that the user states for DPP0 .. DPP3; nothing: unknown. DPP3 is 3 unless stated otherwise.
@@ -45,7 +51,8 @@ using DppPages = std::array<std::optional<std::uint16_t>, 4>;
                                                    const FunctionList& functions, const DppPages& dpps,
                                                    Progress& progress);
 
-// The instruction, the two MOVs, or the pointer: "CALLS 80h, 6Ah".
+// The instruction, the two MOVs, or the pointer's words: "CALLS 80h, 6Ah", "MOV R12, #1234h; MOV R13, #204h",
+// "DW 1234h, 204h". What goes through a DPP of unknown page ends with its name: "MOV R4, 1234h (DPP0)".
 [[nodiscard]] std::string TextOf(const Reference& reference, const Fullflash& image);
 
 }  // namespace tarvelo
