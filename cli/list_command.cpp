@@ -1,3 +1,5 @@
+#include <ostream>
+
 #include "cli/commands.h"
 #include "cli/files.h"
 #include "cli/output.h"
@@ -26,6 +28,8 @@ void List(const ListArguments& arguments, Context& context) {
     PrintJson(list.rows, context);
   else
     PrintTable(list.rows, context);
+  if (arguments.kind->isOfC166 && !dump.image.PageMode())
+    context.err << PrintableLine(arguments.file) << ": an image above 16 MiB holds no C166 code\n";
   if (list.rows.count == 0) context.status = nothingFound;
 }
 

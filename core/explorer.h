@@ -97,6 +97,7 @@ struct Explorer {
   std::optional<Text> tooMany = {};  // shown to the user in that case
   std::size_t (*count)(const Findings& found);
   Item (*item)(const Findings& found, std::size_t record);
+  bool isOfC166 = false;    // whether it searches C166 code, which only images of up to 16 MiB hold
   bool hasDeleted = false;  // whether records of deleted things can occur
 
   // The model that the records name, for dumps whose firmware header names none; empty: none.

@@ -115,7 +115,7 @@ std::string CodeReader::FunctionAt(Offset offset) const {
   if (!function) return {};
   const std::string name(from_.dump->names.NameAt(Image().PhoneAddress(function->code.offset)));
   if (!name.empty()) return name;
-  return std::string(texts_.Msg(Text::FunctionWord)) + " " + SegmentText(Image(), function->code.offset);
+  return std::string(texts_.Msg(Text::MapFunction)) + " " + SegmentText(Image(), function->code.offset);
 }
 
 CodeLine CodeReader::Data(const CodeRow& row) const {

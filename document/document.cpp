@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "document/explorers.h"
+#include "code/functions_explorer.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -144,13 +144,12 @@ const Findings* Document::Known(const Explorer& explorer) const {
 }
 
 std::shared_ptr<const FunctionList> Document::Functions(Progress& progress) {
-  if (const Explorer* e = FindExplorer("functions")) (void)Find(*e, progress);  // TEMP
+  (void)Find(functionsExplorer, progress);
   return KnownFunctions();
 }
 
 std::shared_ptr<const FunctionList> Document::KnownFunctions() const {
-  const Explorer* e = FindExplorer("functions");  // TEMP
-  const Findings* found = e ? Known(*e) : nullptr;
+  const Findings* found = Known(functionsExplorer);
   if (!found) return std::make_shared<const FunctionList>();
   const auto kept = std::make_shared<const Findings>(*found);
   return {kept, &kept->As<FunctionList>()};

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "code/functions_explorer.h"
 #include "eeprom/eeprom_explorer.h"
 #include "pictures/pictures_explorer.h"
 #include "ringtones/ringtones_explorer.h"
@@ -15,6 +16,7 @@ constexpr std::array all{
     &eepromExplorer,
     &picturesExplorer,
     &ringtonesExplorer,
+    &functionsExplorer,
 };
 
 std::vector<std::size_t> LiveRecords(const Explorer& explorer, const Findings& found) {

@@ -29,6 +29,16 @@ void PutRingtones(ImageBuilder& image, std::size_t at) {
   image.Text(image.DWord(image.Text(at + 0x190, "RIFF") - 1, 4), "WAVE");
 }
 
+// Two functions: a pointer names one, which calls the other.
+void PutFunctions(ImageBuilder& image, std::size_t at) {
+  const auto segment = static_cast<std::uint8_t>(image.Address(at) >> 16);
+  const auto callee = static_cast<std::uint16_t>(image.Address(at + 0x10));
+  const std::size_t call = image.Data(at, Data{0xDA, segment});
+  image.Data(image.Word(call, callee), Data{0xDB, 0});
+  image.Data(at + 0x10, Data{0xDB, 0});
+  image.Word(image.Word(at + 0x20, static_cast<std::uint16_t>(image.Address(at))), segment);
+}
+
 void SomethingOfEachKind(ImageBuilder& image) {
   image.Fill(0x1000, 0xE000, 0x90);
   PutHeader(image, "C55");
@@ -39,6 +49,7 @@ void SomethingOfEachKind(ImageBuilder& image) {
   image.Fill(0x90000, 0x500, 'a');
   PutPictures(image, 0x2000);
   PutRingtones(image, 0x3000);
+  PutFunctions(image, 0xF000);
   image.Text(0x20000, "T9");
   image.DWord(0x20004, 0x1000);
   for (std::size_t p = 0x4000; p < 0x4300; p += 12) image.Text(p, "Some text 1");

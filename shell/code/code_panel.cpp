@@ -232,6 +232,8 @@ PanelCommands CodePanel::MakeCommands() {
        {}, " (Enter)"},
       {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { place_->Start(); }, any}};
   Append(commands, PlaceCommands(bench_, chosen, Id::OpenCode));
+  Append(commands, {{Id::ShowFunctions, Text::Functions, Text::HelpFunctions, "Ctrl+Shift+D",
+                     [this] { bench_.frame.ShowFunctions(canvas_->At()); }, any}});
   Append(commands, CopyCommands());
   Append(commands, {{Id::StateDpps, Text::StateDpps, Text::HelpStateDpps, "", [this] { StateDpps_Click(); },
                      any}});

@@ -120,7 +120,6 @@ Table::Row ReferencesPanel::RowOf(const Reference& reference) const {
     if (inside.empty()) inside = SegmentText(image, function->code.offset);
   }
   std::string sure(bench_.texts.Msg(TextOf(reference.sure)));
-  if (reference.kind == ReferenceKind::Data) sure += " (DPP" + std::to_string(reference.dpp) + ")";
   return {{OffsetText(image, reference.offset), SegmentText(image, reference.offset), inside,
            tarvelo::TextOf(reference, image), std::string(bench_.texts.Msg(TextOf(reference.kind))), sure}};
 }

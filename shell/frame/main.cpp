@@ -7,6 +7,7 @@
 
 #include <utility>
 
+#include "code/functions_explorer.h"
 #include "document/explorers.h"
 #include "resources/texts.h"
 #include "shell/base/product.h"
@@ -20,6 +21,7 @@
 #include "shell/frame/wx_dialogs.h"
 #include "shell/hex/hex_panel.h"
 #include "shell/info/info_panel.h"
+#include "shell/list/explorer_panel.h"
 #include "shell/map/dump_panel.h"
 #include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_panel.h"
@@ -177,6 +179,16 @@ void Main::ShowReferences(Offset target) {
   Jump([&] {
     references_->Show(target);
     panels_->ShowPanel(*references_);
+  });
+}
+
+void Main::ShowFunctions(Offset offset) {
+  const auto functions = document_.Functions(*status_);
+  const Function* function = functions->At(offset);
+  Panel& list = *panels_->Of(PanelId(functionsExplorer));
+  Jump([&] {
+    panels_->ShowPanel(list);
+    if (function) list.Return(function - functions->All().data());
   });
 }
 

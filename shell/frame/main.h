@@ -79,6 +79,7 @@ class Main final : public wxFrame, private Frame {
   void ShowHex(Offset start, Offset size) override;
   void ShowCode(Offset start, Offset size) override;
   void ShowReferences(Offset target) override;
+  void ShowFunctions(Offset offset) override;
   void FollowInHex(Offset start, Offset size) override;
   void AddInformation(const std::string& lines) override;
   void AddInformation(const std::string& name, const std::string& body) override;

@@ -30,6 +30,9 @@ ExplorerPanel::ExplorerPanel(Workbench& bench, const Explorer& explorer, wxWindo
     isStale_ = true;
     if (IsSeen() && CanChange()) ExplorerPanel::Build();
   });
+  nameWatch_ = bench.document.OnNames([this] {
+    if (found_) List().Reword(listing_.rows);
+  });
 }
 
 void ExplorerPanel::Build() {
@@ -155,7 +158,7 @@ PanelCommands ExplorerPanel::MakeCommands() {
                     [this] { return showDeleted_; }});
   std::ranges::move(own.last, std::back_inserter(last));
   Append(commands, std::move(last));
-  return PanelCommands(std::move(commands), own.defaultId ? own.defaultId : Id::OpenData);
+  return PanelCommands(std::move(commands), own.defaultId ? own.defaultId : explorer_.isOfC166 ? Id::OpenCode : Id::OpenData);
 }
 
 void ExplorerPanel::OpenData_Click() {

@@ -119,6 +119,8 @@ enum : int {
   CopyAsPattern,
   FindAlike,
   StateDpps,
+  ShowFunctions,
+  ChangeAsCode,
 };
 
 }  // namespace tarvelo::Id
