@@ -28,10 +28,8 @@ class FunctionSearch {
 
   FunctionList Run() {
     FindFarForms();
-    TryAll([&](const auto& take) {
-      for (const std::uint32_t site : sites_) take(*FarTarget(site));
-    });
-    TryAll([&](const auto& take) { EachPointer([&](Offset, Offset target) { take(target); }); });
+    TryTargets();
+    TryPointers();
     EachPointer([&](Offset place, Offset target) {
       if (IsInTable(place) && !IsBehindCode(target, image_)) Try(target);
     });
@@ -58,14 +56,25 @@ class FunctionSearch {
     return target;
   }
 
-  // Tries places that something names, where an end is in front. A function is tried before what is behind a
+  // The targets of calls and far jumps, where an end is in front. A function is tried before what is behind a
   // return within it, so that this is known to be part of it.
-  template <typename Name>
-  void TryAll(Name name) {
+  void TryTargets() {
     WordSet named(size_);
-    name([&](Offset place) { named.Add(place); });
+    for (const std::uint32_t site : sites_) named.Add(*FarTarget(site));
     for (Offset place = named.Next(0, size_); place < size_; place = named.Next(place + 2, size_))
-      if (IsNew(place) && IsBehindEnd(place, image_, walk_)) Try(place);
+      TryNew(place);
+  }
+
+  // Likewise, what pairs of words point to. Some of these turn out to be parts of instructions.
+  void TryPointers() {
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> named;  // target and place
+    EachPointer([&](Offset place, Offset target) {
+      if (IsBehindEnd(target, image_, walk_))
+        named.emplace_back(static_cast<std::uint32_t>(target), static_cast<std::uint32_t>(place));
+    });
+    std::ranges::sort(named);
+    for (const auto& [target, place] : named)
+      if (!walk_.IsCode(place) && !walk_.IsCode(place + 2)) TryNew(target);
   }
 
   // Calls take(place, target) for each pair of words outside known code that may point to a new entry.
@@ -102,6 +111,10 @@ class FunctionSearch {
   }
 
   [[nodiscard]] bool IsNew(Offset place) const { return !tried_.Has(place) && !walk_.IsCode(place); }
+
+  void TryNew(Offset place) {
+    if (IsNew(place) && IsBehindEnd(place, image_, walk_)) Try(place);
+  }
 
   // A call in code that nothing reaches. One is enough if the target is behind data, two if code seems to go
   // on into the target.
@@ -143,15 +156,14 @@ class FunctionSearch {
     return {std::move(functions), std::move(walk_.Starts()).Take()};
   }
 
-  // The end of the function at `entry`. If there is a gap in the code up to the next entry, the code behind it
-  // may be another function's, or that of no function.
+  // The end of the function at `entry`. If there is a gap in the code up to the next entry, the code behind
+  // it may be another function's, or that of no function.
   Offset EndOf(Offset entry, Offset next, FlowWalk& again) {
     const Offset end = walk_.Code().NextFree(entry, next);
     if (walk_.Code().Next(end, next) == next) return end;
     (void)again.Walk(entry, next);
     Offset last = entry;
-    for (Offset p = entry; p < next; p = again.Code().Next(last, next))
-      last = again.Code().NextFree(p, next);
+    for (Offset p = entry; p < next; p = again.Code().Next(last, next)) last = again.Code().NextFree(p, next);
     for (Offset p = walk_.Starts().Next(last, next); p < next; p = walk_.Starts().Next(p + 2, next))
       walk_.Starts().Remove(p);
     return last;
@@ -159,7 +171,9 @@ class FunctionSearch {
 
   void CountCalls(std::vector<Function>& functions) {
     const auto count = [&](Offset target) {
-      ++std::ranges::lower_bound(functions, target, {}, [](const Function& f) { return f.code.offset; })->calls;
+      ++std::ranges::lower_bound(functions, target, {}, [](const Function& f) {
+          return f.code.offset;
+        })->calls;
     };
     for (const Offset target : nearCalls_)
       if (entries_.Has(target)) count(target);

@@ -23,8 +23,8 @@ constexpr std::uint8_t jmps = 0xFA;
 
 bool Ends(const Instruction& instruction) {
   if (instruction.IsData()) return false;
-  return instruction.GetFlow() == Flow::Return || instruction.GetFlow() == Flow::Stop ||
-         instruction.Row().args[0] == Arg::Segment;
+  const Flow flow = instruction.GetFlow();
+  return flow == Flow::Return || flow == Flow::Stop || instruction.Op() == jmps;
 }
 
 bool IsEmpty(std::uint16_t word) { return word == 0 || word == 0xFFFF; }

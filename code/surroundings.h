@@ -5,8 +5,8 @@
 
 namespace tarvelo {
 
-// Whether a function may begin at `place`: behind a return or a far jump, behind filling, or at the start of the
-// segment or image; and no jump in front leads there, as one does behind a return within a function.
+// Whether a function may begin at `place`: behind a return or a far jump, behind filling, or at the start of
+// the segment or image; and no jump in front leads there, as one does behind a return within a function.
 [[nodiscard]] bool IsBehindEnd(Offset place, const Fullflash& image, const FlowWalk& walk);
 
 // Whether code in front of a place seems to go on into it.

@@ -10,7 +10,7 @@ namespace {
 constexpr Offset pageSize = 0x4000;
 constexpr std::uint32_t pages = 0x400;
 constexpr int mostCases = 512;
-constexpr std::size_t mostPages = 16;        // of one DPP
+constexpr std::size_t mostPages = 16;         // of one DPP
 constexpr std::int64_t mostReads = 0x400000;  // of words of tables, in an image
 
 }  // namespace

@@ -9,9 +9,9 @@
 //   MOV   Rm, [Rn]             an EXTP or EXTS with a number may precede it
 //   JMPI  cc_UC, [Rm]
 //
-// The code of one of the cases follows the JMPI at once. The table is elsewhere, and a DPP gives its page. The
-// page is one that the program loads into this DPP somewhere, the DPP's own number as after reset, or any page
-// where the table's words are offsets of such cases.
+// The code of one of the cases follows the JMPI at once. The table is elsewhere, and a DPP gives its page.
+// The page is one that the program loads into this DPP somewhere, the DPP's own number as after reset, or any
+// page where the table's words are offsets of such cases.
 #pragma once
 
 #include <array>

@@ -43,9 +43,10 @@ constexpr Form forms[] = {
 // A reference of a function, to be resolved when all places are known.
 struct Fix {
   Kind kind = Kind::Near;
-  std::size_t at = 0;      // in the function
-  std::size_t target = 0;  // Call: the function; Near, Case: a place in the function; else: offset in the image
-  std::size_t place = 0;   // Case: offset of the table's word in the image
+  std::size_t at = 0;  // in the function
+  std::size_t target =
+      0;  // Call: the function; Near, Case: a place in the function; else: offset in the image
+  std::size_t place = 0;  // Case: offset of the table's word in the image
 };
 
 struct Body {
