@@ -1,8 +1,9 @@
 // The rows of a view of code: where each instruction of an image begins.
 //
-// Bytes that are known to be data are rows of 8 bytes. Between them, the instructions of functions stand where
-// the functions have them. Everything else is swept: what would reach into an instruction of a function, or
-// into a labelled place, is data of 2 bytes. So the rows depend on the image alone, not on the way there.
+// Bytes that are known to be data are rows of 8 bytes. Between them, the instructions of functions stand
+// where the functions have them. Everything else is swept: what would reach into an instruction of a
+// function, or into a labelled place, is data of 2 bytes. So the rows depend on the image alone, not on the
+// way there.
 #pragma once
 
 #include <cstdint>

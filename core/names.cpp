@@ -74,7 +74,7 @@ std::optional<Names::Entry> Names::ReadLine(std::size_t start, std::size_t end) 
   const bool isEmpty = second == tab + 1 && comment == line.size();
   if (!address || isEmpty) return {};
   const auto at = [start](std::size_t position) { return static_cast<std::uint32_t>(start + position); };
-  return Entry{*address,    at(0),           at(tab + 1), static_cast<std::uint32_t>(second - tab - 1),
+  return Entry{*address,    at(0),          at(tab + 1), static_cast<std::uint32_t>(second - tab - 1),
                at(comment), at(line.size())};
 }
 

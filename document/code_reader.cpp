@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint32_t pageSize = 0x4000;
 constexpr std::uint32_t segmentSize = 0x10000;
-constexpr int pairReach = 5;            // instructions between the two constants of a pair, and one
+constexpr int pairReach = 5;             // instructions between the two constants of a pair, and one
 constexpr std::size_t longestText = 60;  // characters shown of a text
 constexpr std::size_t shortestText = 4;
 constexpr std::uint8_t moveWord = 0xE6;  // MOV reg, #data16

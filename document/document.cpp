@@ -68,9 +68,7 @@ void Document::StateDpps(const DppPages& pages) {
   Call(nameWatches_);
 }
 
-Document::Watch Document::OnNames(std::function<void()> named) {
-  return Add(nameWatches_, std::move(named));
-}
+Document::Watch Document::OnNames(std::function<void()> named) { return Add(nameWatches_, std::move(named)); }
 
 // --- edits ---
 

@@ -48,7 +48,8 @@ void CodeCanvas::SetCaptions(std::vector<wxString> captions) {
 void CodeCanvas::Go(Offset offset, Offset size) {
   const CodeRows& rows = scene_.view->Rows();
   const Offset first = rows.RowOf(offset);
-  const Offset last = size > 0 ? rows.RowOf(std::min(offset + size - 1, Offset{scene_.view->Image().ffEnd()})) : first;
+  const Offset last =
+      size > 0 ? rows.RowOf(std::min(offset + size - 1, Offset{scene_.view->Image().ffEnd()})) : first;
   const bool isOne = last == first;
   GoTo(first, size > 0 && !isOne ? last - first + 1 : 0);
 }
@@ -77,8 +78,6 @@ wxPoint CodeCanvas::PlaceOf(Offset row) const {
   return {scene_.X(scene_.columns.Code()) + 1, scene_.Y(row) + scene_.rowHeight / 2};
 }
 
-wxPoint CodeCanvas::CursorPlace() const {
-  return PlaceOf(CursorRow()) + wxPoint(0, scene_.rowHeight / 2);
-}
+wxPoint CodeCanvas::CursorPlace() const { return PlaceOf(CursorRow()) + wxPoint(0, scene_.rowHeight / 2); }
 
 }  // namespace tarvelo

@@ -60,7 +60,8 @@ class Row {
     const Fullflash& image = scene_.view->Image();
     Put(scene_.columns.Place(), OffsetText(image, row_.offset), palette_.place);
     Put(scene_.columns.Address(), SegmentText(image, row_.offset), palette_.place);
-    if (row_.size <= 4) Put(scene_.columns.Bytes(), BytesText(), IsChanged() ? palette_.changed : palette_.place);
+    if (row_.size <= 4)
+      Put(scene_.columns.Bytes(), BytesText(), IsChanged() ? palette_.changed : palette_.place);
     int column = scene_.columns.Code();
     for (const CodePart& part : line.parts) column = Put(column, part.text, palette_.Of(part.ink));
     Put(std::max(column + 2, scene_.columns.Meaning()), line.meaning, palette_.meaning);

@@ -9,9 +9,11 @@
 #include <stdexcept>
 #include <utility>
 
+#include "code/masked_pattern.h"
 #include "core/calculator.h"
 #include "core/notation.h"
 #include "core/places.h"
+#include "patch/pattern_walk.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/code/code_canvas.h"
@@ -28,7 +30,8 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset copyLimit = 0x20000;  // rows
+constexpr Offset copyLimit = 0x20000;    // rows
+constexpr Offset patternLimit = 0x1000;  // bytes
 
 }  // namespace
 
@@ -228,23 +231,37 @@ PanelCommands CodePanel::MakeCommands() {
     return canvas_->Chosen();
   };
   std::vector<PanelCommand> commands = {
-      {Id::FollowTarget, Text::FollowTarget, Text::HelpFollowTarget, "", [this] { Follow_Click(); }, any, {},
-       {}, " (Enter)"},
+      {Id::FollowTarget,
+       Text::FollowTarget,
+       Text::HelpFollowTarget,
+       "",
+       [this] { Follow_Click(); },
+       any,
+       {},
+       {},
+       " (Enter)"},
       {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { place_->Start(); }, any}};
   Append(commands, PlaceCommands(bench_, chosen, Id::OpenCode));
   Append(commands, {{Id::ShowFunctions, Text::Functions, Text::HelpFunctions, "Ctrl+Shift+D",
                      [this] { bench_.frame.ShowFunctions(canvas_->At()); }, any}});
   Append(commands, CopyCommands());
-  Append(commands, {{Id::StateDpps, Text::StateDpps, Text::HelpStateDpps, "", [this] { StateDpps_Click(); },
-                     any}});
+  Append(commands,
+         {{Id::StateDpps, Text::StateDpps, Text::HelpStateDpps, "", [this] { StateDpps_Click(); }, any}});
   Append(commands, EditCommands(bench_));
   return PanelCommands(std::move(commands), Id::FollowTarget);
 }
 
 std::vector<PanelCommand> CodePanel::CopyCommands() {
   const auto any = [this] { return view_ != nullptr; };
-  return {{Id::CopyText, Text::CopyInstructions, Text::HelpCopyInstructions, "",
-           [this] { CopyText_Click(false); }, any, {}, {}, " (Ctrl+C)"},
+  return {{Id::CopyText,
+           Text::CopyInstructions,
+           Text::HelpCopyInstructions,
+           "",
+           [this] { CopyText_Click(false); },
+           any,
+           {},
+           {},
+           " (Ctrl+C)"},
           {Id::CopyWithBytes, Text::CopyWithBytes, Text::HelpCopyInstructions, "Ctrl+Shift+C",
            [this] { CopyText_Click(true); }, any},
           {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "",
@@ -255,12 +272,18 @@ std::vector<PanelCommand> CodePanel::CopyCommands() {
            [this] { CopyPointer_Click(true); }, any},
           {Id::CopySegmentPointer, Text::CopySegmentPointer, Text::HelpCopyPointer, "",
            [this] { CopyPointer_Click(false); }, any},
-          {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] {
+          {Id::CopyAsPattern, Text::CopyAsPattern, Text::HelpCopyAsPattern, "",
+           [this] { CopyAsPattern_Click(); }, any},
+          {Id::FindAlike, Text::FindAlike, Text::HelpFindAlike, "Ctrl+Shift+N", [this] { FindAlike_Click(); },
+           any},
+          {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A",
+           [this] {
              if (place_->Field().HasFocus())
                place_->Field().SelectAll();
              else
                canvas_->SelectAll();
-           }, any}};
+           },
+           any}};
 }
 
 void CodePanel::Follow_Click() {
@@ -280,8 +303,32 @@ void CodePanel::CopyText_Click(bool withBytes) {
 void CodePanel::CopyPointer_Click(bool isPage) {
   const std::uint32_t address = bench_.document.Image().PhoneAddress(canvas_->At());
   const auto word = [](std::uint32_t value) { return Word2Str(static_cast<std::int32_t>(value)); };
-  Copy(isPage ? Adr2Str(static_cast<std::int32_t>(address))
-              : word(address & 0xFFFF) + word(address >> 16));
+  Copy(isPage ? Adr2Str(static_cast<std::int32_t>(address)) : word(address & 0xFFFF) + word(address >> 16));
+}
+
+void CodePanel::CopyAsPattern_Click() {
+  const Region chosen = canvas_->Chosen();
+  if (chosen.size > patternLimit)
+    return bench_.talk.ComplainOfSize(Text::CopyAsPattern, chosen.size, patternLimit);
+  Copy(MaskedPattern(bench_.document.Image().ff(), chosen));
+}
+
+// Goes round at the end of the image.
+void CodePanel::FindAlike_Click() {
+  const Fullflash& image = bench_.document.Image();
+  const Region chosen = canvas_->Chosen();
+  if (chosen.size > patternLimit)
+    return bench_.talk.ComplainOfSize(Text::FindAlike, chosen.size, patternLimit);
+  const Pattern pattern(MaskedPattern(image.ff(), chosen));
+  const auto next = [&](Offset from) {
+    Offset hit = FirstFrom(image, pattern, from);
+    while (hit >= 0 && hit % 2 != 0) hit = FirstFrom(image, pattern, hit + 1);
+    return hit;
+  };
+  Offset hit = next(chosen.offset + 1);
+  if (hit < 0) hit = next(0);
+  if (hit < 0 || hit == chosen.offset) return bench_.talk.Tell(Wx(bench_.texts.Msg(Text::NothingAlike)));
+  bench_.frame.ShowCode(hit, chosen.size);
 }
 
 // The answer is four pages, such as "- 204 - 3".

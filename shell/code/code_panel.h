@@ -42,6 +42,8 @@ class CodePanel final : public Panel {
   void Follow_Click();
   void CopyText_Click(bool withBytes);
   void CopyPointer_Click(bool isPage);
+  void CopyAsPattern_Click();
+  void FindAlike_Click();
   void StateDpps_Click();
 
   [[nodiscard]] CodeCanvas& Canvas() { return *canvas_; }
@@ -70,8 +72,8 @@ class CodePanel final : public Panel {
   CodeCanvas* canvas_;
   wxStaticText* information_;
   std::unique_ptr<const CodeView> view_;
-  bool isStale_ = false;    // bytes or names have changed since the view was made
-  bool isLearnt_ = false;   // the view has the functions and the map
+  bool isStale_ = false;   // bytes or names have changed since the view was made
+  bool isLearnt_ = false;  // the view has the functions and the map
   Document::Watch watch_;
   Document::Watch nameWatch_;
 };

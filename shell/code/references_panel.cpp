@@ -83,6 +83,17 @@ void ReferencesPanel::Show(Offset target) {
   ShowHint();
 }
 
+Offset ReferencesPanel::Here() const {
+  return target_.value_or(0) << rowBits | std::max<Offset>(0, ListPanel::Here());
+}
+
+void ReferencesPanel::Return(Offset here) {
+  const Offset target = here >> rowBits;
+  if (target != target_) Show(target);
+  const Offset row = here & ((Offset{1} << rowBits) - 1);
+  if (row < std::ssize(found_)) ListPanel::Return(row);
+}
+
 void ReferencesPanel::Search() {
   Document& document = bench_.document;
   functions_ = document.Functions(bench_.status);

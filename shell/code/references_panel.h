@@ -19,6 +19,10 @@ class ReferencesPanel final : public ListPanel {
   void Clear() override;
   void Recaption(const Messages& messages) override;
 
+  // The place that the list is about, and the chosen row of it.
+  [[nodiscard]] Offset Here() const override;
+  void Return(Offset here) override;
+
   // Searches and lists the references to the byte at an offset, which must be in the image.
   void Show(Offset target);
   // The place that the list is about; none before the first search.
@@ -34,6 +38,8 @@ class ReferencesPanel final : public ListPanel {
   [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] Table::Row RowOf(const Reference& reference) const;
   [[nodiscard]] std::string NameOfTarget() const;
+
+  static constexpr int rowBits = 32;  // of Here; the target is above them
 
   std::optional<Offset> target_;
   std::vector<Reference> found_;

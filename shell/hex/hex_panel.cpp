@@ -128,7 +128,8 @@ std::string HexPanel::InformationText() const {
     text.append("    ").append(texts.Msg(Text::SelectedBytesLabel)) += std::to_string(range.size);
   text += "    " + Reading(Image(), range.offset);
   const auto name = bench_.document.PlaceNames().At(Image().PhoneAddress(range.offset));
-  if (name) text.append("    ").append(name->name).append(name->comment.empty() ? "" : "  ; ") += name->comment;
+  if (name)
+    text.append("    ").append(name->name).append(name->comment.empty() ? "" : "  ; ") += name->comment;
   return text;
 }
 
@@ -165,8 +166,12 @@ std::vector<PanelCommand> HexPanel::SearchCommands() {
 
 std::vector<PanelCommand> HexPanel::EditCommands() {
   const auto any = [this] { return canvas_->HasImage(); };
-  const auto canUndo = [this] { return place_->Field().HasFocus() ? place_->Field().CanUndo() : editor_.CanUndo(); };
-  const auto canRedo = [this] { return place_->Field().HasFocus() ? place_->Field().CanRedo() : editor_.CanRedo(); };
+  const auto canUndo = [this] {
+    return place_->Field().HasFocus() ? place_->Field().CanUndo() : editor_.CanUndo();
+  };
+  const auto canRedo = [this] {
+    return place_->Field().HasFocus() ? place_->Field().CanRedo() : editor_.CanRedo();
+  };
   const auto selected = [this] { return canvas_->Selection().size > 0; };
   return {
       {Id::SwitchSide, Text::SwitchHexText, Text::HelpSwitchHexText, "F2", [this] { canvas_->SwitchSide(); },
@@ -183,9 +188,7 @@ std::vector<PanelCommand> HexPanel::EditCommands() {
        [this] { editor_.SelectedToPatch(); }, selected}};
 }
 
-void HexPanel::GoTo_Click() {
-  place_->Start();
-}
+void HexPanel::GoTo_Click() { place_->Start(); }
 
 Bytes HexPanel::BytesToCopy(Text command) {
   const Region range = canvas_->Selection();

@@ -158,7 +158,9 @@ PanelCommands ExplorerPanel::MakeCommands() {
                     [this] { return showDeleted_; }});
   std::ranges::move(own.last, std::back_inserter(last));
   Append(commands, std::move(last));
-  return PanelCommands(std::move(commands), own.defaultId ? own.defaultId : explorer_.isOfC166 ? Id::OpenCode : Id::OpenData);
+  return PanelCommands(std::move(commands), own.defaultId        ? own.defaultId
+                                            : explorer_.isOfC166 ? Id::OpenCode
+                                                                 : Id::OpenData);
 }
 
 void ExplorerPanel::OpenData_Click() {

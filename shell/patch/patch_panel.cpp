@@ -6,8 +6,8 @@
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/patch/patch_editor.h"
-#include "shell/services/clipboard.h"
 #include "shell/services/change_as_code.h"
+#include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
@@ -127,8 +127,8 @@ PanelCommands PatchPanel::MakeCommands() {
        {Id::Previous, Text::PreviousHit, Text::HelpSearchAgain, "Shift+F3",
         [this] { search_.FindPrevious(); }, any},
        {},
-       {Id::ChangeAsCode, Text::ChangeAsCode, Text::HelpChangeAsCode, "Ctrl+Shift+D", [this] { ChangeAsCode_Click(); },
-        [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); }},
+       {Id::ChangeAsCode, Text::ChangeAsCode, Text::HelpChangeAsCode, "Ctrl+Shift+D",
+        [this] { ChangeAsCode_Click(); }, [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); }},
        {Id::SavePatch, Text::SavePatch, Text::HelpSavePatch, "", [this] { SavePatch(); }}},
       Id::SavePatch);
 }

@@ -22,7 +22,8 @@ constexpr std::size_t longestText = 100000000;  // bytes that the information te
 constexpr int bytesShown = 256;                 // of each hit, in the list
 
 std::vector<std::string> HitCaptions(const Messages& messages) {
-  return Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes, Text::FunctionName});
+  return Captions(messages,
+                  {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes, Text::FunctionName});
 }
 
 }  // namespace

@@ -21,8 +21,8 @@ void AskAboutPlace(Workbench& bench, Offset offset, bool isName) {
   const auto known = document.PlaceNames().At(document.Image().PhoneAddress(offset));
   const std::string name(known ? known->name : std::string_view());
   const std::string comment(known ? known->comment : std::string_view());
-  const auto answer = bench.talk.AskLine(isName ? Text::NamePlace : Text::CommentPlace,
-                                         isName ? name : comment);
+  const auto answer =
+      bench.talk.AskLine(isName ? Text::NamePlace : Text::CommentPlace, isName ? name : comment);
   if (answer) document.NamePlace(offset, isName ? *answer : name, isName ? comment : *answer);
 }
 

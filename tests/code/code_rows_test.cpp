@@ -54,9 +54,10 @@ TEST(CodeRows, SweepInstructionsAndCutWhatReachesIntoFunctions) {
 
 TEST(CodeRows, LabelsCutGuessesButNoFunctions) {
   const Offset labels[] = {4, 5, 10, 100};
-  EXPECT_EQ(All(CodeRows(code, Functions({{8, 6}}, {8, 12}), {}, labels)),
-            "code 2 at 0, code 2 at 2, heading 0 at 4, code 2 at 4, code 2 at 6, heading 0 at 8, code 4 at 8, "
-            "code 2 at 12, code 2 at 14");
+  EXPECT_EQ(
+      All(CodeRows(code, Functions({{8, 6}}, {8, 12}), {}, labels)),
+      "code 2 at 0, code 2 at 2, heading 0 at 4, code 2 at 4, code 2 at 6, heading 0 at 8, code 4 at 8, "
+      "code 2 at 12, code 2 at 14");
 }
 
 TEST(CodeRows, DataStandsInRowsOfEight) {
@@ -72,7 +73,8 @@ TEST(CodeRows, DataStandsInRowsOfEight) {
 TEST(CodeRows, EveryByteHasItsRowInAnyImage) {
   std::vector<std::uint8_t> bytes(3001);
   std::uint32_t state = 1;
-  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>((state = state * 1664525 + 1013904223) >> 24);
+  for (std::uint8_t& byte : bytes)
+    byte = static_cast<std::uint8_t>((state = state * 1664525 + 1013904223) >> 24);
   const Offset labels[] = {0, 128, 130, 2999, 3000};
   const CodeRows rows(bytes, FunctionList(), {{400, 300}, {700, 1}, {2000, 128}}, labels);
   Offset next = 0;

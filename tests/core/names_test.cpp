@@ -12,14 +12,14 @@ TEST(Names, LinesAreNamesOrBadOrForTheReader) {
   const Names names(
       "\xEF\xBB\xBF# my phone\r\n"
       "\r\n"
-      "80006A\tMain\tstarts the phone\r\n"   // 3
+      "80006A\tMain\tstarts the phone\r\n"  // 3
       " 0x00f000 \tLcd\r\n"
       "800000\t\tonly a comment\twith a tab\r\n"
-      "80006a\tSecond\r\n"                   // 6: named already
-      "Main\t80006A\r\n"                     // 7: no address
-      "80006A Main\r\n"                      // 8: no tab
-      "123\t\r\n"                            // 9: neither name nor comment
-      "123456789\tTooFar\r\n"                // 10: more than 32 bits
+      "80006a\tSecond\r\n"     // 6: named already
+      "Main\t80006A\r\n"       // 7: no address
+      "80006A Main\r\n"        // 8: no tab
+      "123\t\r\n"              // 9: neither name nor comment
+      "123456789\tTooFar\r\n"  // 10: more than 32 bits
       "ffffffff\tLast");
   EXPECT_EQ(names.BadCount(), 5u);
   EXPECT_EQ(names.BadLines(), (std::vector<std::size_t>{6, 7, 8, 9, 10}));

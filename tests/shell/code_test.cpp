@@ -161,6 +161,12 @@ TEST_F(CodeDesk, ReferencesAreListedAndFollowed) {
   EXPECT_EQ(Title(), "Tarvelo - References");
   EXPECT_EQ(List().Selected(), 1u);
 
+  main->Run(Id::WhoRefers);  // nothing calls C + 4 itself
+  EXPECT_EQ(List().RowCount(), 0u);
+  main->Run(Id::GoBack);
+  EXPECT_EQ(List().RowCount(), 2u);
+  EXPECT_EQ(List().Selected(), 1u);
+
   ShowHex(text, 5);  // from the hex view
   main->Run(Id::WhoRefers);
   ASSERT_EQ(List().RowCount(), 1u);
@@ -187,6 +193,22 @@ TEST_F(CodeDesk, CopiesInstructionsAndPointers) {
             "001010  F0:1010  3D01      JMPR cc_NZ, 1014h\n001012  F0:1012  0801      ADD R0, #1h\n");
 }
 
+TEST_F(CodeDesk, FindsWhatLooksTheSame) {
+  OpenCode();
+  Go(a);
+  main->Run(Id::CopyAsPattern);
+  EXPECT_EQ(ClipboardText(), "DA??????");
+  for (const Offset next : {a + 4, c, c + 4, a}) {
+    main->Run(Id::FindAlike);
+    EXPECT_EQ(Canvas().At(), next);
+  }
+  main->Bench().frame.ShowCode(c, 8);
+  main->Run(Id::FindAlike);
+  EXPECT_EQ(Canvas().Chosen(), (Region{a, 8}));
+  Go(b);
+  EXPECT_EQ(Said(Id::FindAlike), "iNo other place looks the same.");
+}
+
 TEST_F(CodeDesk, StatedDppsGiveDataAddresses) {
   auto image = CodeImage();
   const std::uint8_t load[] = {0xF2, 0xF4, 0x00, 0x52};  // MOV R4, 5200h: through DPP1
@@ -194,8 +216,9 @@ TEST_F(CodeDesk, StatedDppsGiveDataAddresses) {
   OpenBytes("dump.bin", image, Id::CodeView);
   Settle();
   EXPECT_EQ(RowAt(a + 8), "001008  F0:1008  F2F40052  MOV R4, 5200h");
-  EXPECT_EQ(Said(Id::StateDpps, "- 3c0"),
-            "ask Pages of DPP0, DPP1, DPP2 and DPP3, hexadecimal, with blanks between them; - if unknown: - - - -");
+  EXPECT_EQ(
+      Said(Id::StateDpps, "- 3c0"),
+      "ask Pages of DPP0, DPP1, DPP2 and DPP3, hexadecimal, with blanks between them; - if unknown: - - - -");
   EXPECT_EQ(RowAt(a + 8), "001008  F0:1008  F2F40052  MOV R4, 5200h  ; F0:1200  \"Hello world\"");
   EXPECT_NE(Said(Id::StateDpps, "400").find(" | !"), std::string::npos);
   EXPECT_EQ(Open().Dpps()[1], 0x3C0);
