@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint32_t pageSize = 0x4000;
 constexpr std::uint32_t segmentSize = 0x10000;
-constexpr int pairReach = 5;             // instructions between the two constants of a pair, and one
+constexpr int pairReach = 5;             // instructions; a pair has no jump or call between its two
 constexpr std::size_t longestText = 60;  // characters shown of a text
 constexpr std::size_t shortestText = 4;
 constexpr std::uint8_t moveWord = 0xE6;  // MOV reg, #data16
@@ -166,9 +166,7 @@ CodeLine CodeReader::Code(Offset number, const CodeRow& row) const {
   line.parts = PartsOf(instruction, address, range.IsExtended());
   if (const auto target = instruction.Target(address)) {
     line.target = OffsetOf(Image(), *target);
-    const Function* here = from_.functions->At(row.offset);
-    const Function* there = line.target ? from_.functions->At(*line.target) : nullptr;
-    if (!here || here != there || line.target == here->code.offset) line.meaning = NameOf(*target);
+    line.meaning = from_.dump->names.NameAt(*target);
     return line;
   }
   auto named = MemoryAddress(instruction, range);
@@ -222,6 +220,7 @@ std::optional<std::uint32_t> CodeReader::PairAddress(Offset row, const Instructi
     auto step = Neighbour(row, direction);
     for (int i = 0; step && i < pairReach; ++i, step = Neighbour(step->row, direction)) {
       const Instruction& other = step->instruction;
+      if (other.GetFlow() != Flow::Next) break;
       if (!LoadsRegister(other) || other.Low() != instruction.Low() + 1) continue;
       const std::uint32_t high = other.Word();
       for (const std::uint32_t unit : {pageSize, segmentSize})

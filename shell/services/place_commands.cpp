@@ -41,7 +41,7 @@ std::vector<PanelCommand> PlaceCommands(Workbench& bench, std::function<std::opt
       {Id::OpenHex, Text::OpenInHexView, Text::HelpHexView, without == Id::OpenCode ? other : "",
        with([&bench](const Region& region) { bench.frame.ShowHex(region.offset, region.size); }), any},
       {Id::OpenCode, Text::OpenInCode, Text::HelpCode, other,
-       with([&bench](const Region& region) { bench.frame.ShowCode(region.offset, region.size); }), any},
+       with([&bench](const Region& region) { bench.frame.ShowCode(region.offset, 0); }), any},
       {Id::WhoRefers, Text::WhoRefers, Text::HelpWhoRefers, "Ctrl+U",
        with([&bench](const Region& region) { bench.frame.ShowReferences(region.offset); }), any},
       {Id::NamePlace, Text::NamePlace, Text::HelpNamePlace, "Ctrl+N",
