@@ -102,6 +102,7 @@ std::string_view Names::NameAt(std::uint32_t address) const {
 }
 
 std::optional<std::uint32_t> Names::Find(std::string_view name) const {
+  if (name.empty()) return {};
   const std::string upper = ToUpper(name);
   for (std::size_t i = 0; i < Count(); ++i) {
     const Name known = (*this)[i];

@@ -43,7 +43,7 @@ class Names {
   [[nodiscard]] std::optional<Name> At(std::uint32_t address) const;
   // Only the name at an address, without the comment; empty if it has none.
   [[nodiscard]] std::string_view NameAt(std::uint32_t address) const;
-  // The lowest address with this name, ignoring case.
+  // The lowest address with this name, ignoring case; an empty name is none.
   [[nodiscard]] std::optional<std::uint32_t> Find(std::string_view name) const;
 
   // How many lines are bad, and the numbers of the first `badLinesKept` of them, from 1.

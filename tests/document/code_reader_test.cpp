@@ -55,9 +55,11 @@ TEST_F(CodeReaderTest, DataAddressesGoThroughRangesOrKnownDpps) {
   EXPECT_EQ(Read(load, {0x3FC, {}, {}, {}}), "MOV R4, 1200h ; FF:1200  \"Hello\"\n");
   EXPECT_EQ(Read({0xD7, 0x40, 0xFC, 0x03, 0xF2, 0xF4, 0x00, 0x12, 0xF2, 0xF4, 0x00, 0x12}),
             "EXTP #3FCh, #1\nMOV R4, 1200h ; FF:1200  \"Hello\"\nMOV R4, 1200h\n");
-  EXPECT_EQ(PageOf({}, 3), 3);
-  EXPECT_EQ(PageOf({{}, {}, {}, 0x204}, 3), 0x204);
-  EXPECT_EQ(PageOf({}, 1), std::nullopt);
+  DppPages pages;
+  EXPECT_EQ(PageOf(pages, 1), std::nullopt);
+  EXPECT_EQ(PageOf(pages, 3), 3);
+  pages[3] = 0x204;
+  EXPECT_EQ(PageOf(pages, 3), 0x204);
 }
 
 TEST_F(CodeReaderTest, NamesGoWithTargetsAndCommentsWithRows) {

@@ -128,6 +128,10 @@ TEST_F(CodeDesk, NamesAndCommentsAreShownAndKeptBesideTheDump) {
             std::string::npos);
   Choose(EntryOf("functions"));
   EXPECT_EQ(Cell(1, 5), "Tick");
+  Choose(Id::Dump);
+  EXPECT_TRUE(List().Find("function 1  Tick", SearchFrom::Top));
+  Said(Id::Search, "E014DB");
+  EXPECT_EQ(RowOf(List(), 0), "1\t001100\t3C0:1100\tE014DB\tTick\n");
 
   main->Dumps().OpenF(folder / "dump.bin");  // reads them again
   Choose(Id::CodeView);
