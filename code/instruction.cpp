@@ -51,29 +51,24 @@ Operand ShortOperand(int nibble) {
 
 }  // namespace
 
-bool Instruction::IsReserved() const {
-  switch (Row().rule) {
-    case Rule::None: return false;
-    case Rule::SameNibbles: return High() != Low();
-    case Rule::HighNibbleF: return High() != 0xF;
-    case Rule::HighNibble0: return High() != 0;
-    case Rule::LowNibble0: return Low() != 0;
-    case Rule::LowNibbleAt3: return (bytes_[3] & 0xF) != 0;
-    case Rule::Even: return (bytes_[1] & 1) != 0;
-    case Rule::Zero: return bytes_[1] != 0;
-    case Rule::Is88: return bytes_[1] != 0x88;
-    case Rule::Atomic: return (bytes_[1] & 0x4F) != 0;
-    case Rule::Extend: return Low() != 0 || bytes_[3] > ((bytes_[1] & 0x40) != 0 ? 3 : 0);
-    case Rule::Protected:
-      return bytes_[1] != (bytes_[0] ^ 0xFF) || bytes_[2] != bytes_[0] || bytes_[3] != bytes_[0];
-  }
-  return false;
+Instruction Instruction::DecodeAtEnd(Bytes bytes) {
+  Instruction result;
+  for (std::size_t i = 0; i < bytes.size(); ++i) result.bytes_ |= std::uint32_t{bytes[i]} << 8 * i;
+  result.isData_ = SizeOf(result.Op()) > bytes.size() || result.IsReserved();
+  result.size_ = static_cast<std::uint8_t>(std::min<std::size_t>(2, bytes.size()));
+  return result;
+}
+
+bool Instruction::BreaksMoreRules() const {
+  if (Row().rule == Rule::SameNibbles) return High() != Low();
+  const bool isSegment = (Byte(1) & 0x40) == 0;
+  return isSegment && Byte(3) != 0;
 }
 
 std::string_view Instruction::Mnemonic() const {
   static constexpr std::string_view extends[] = {"EXTS", "EXTP", "EXTSR", "EXTPR"};
-  if (Op() == extendByNumber || Op() == extendByRegister) return extends[bytes_[1] >> 6];
-  if (Op() == atomic && (bytes_[1] & 0x80) != 0) return "EXTR";
+  if (Op() == extendByNumber || Op() == extendByRegister) return extends[Byte(1) >> 6];
+  if (Op() == atomic && (Byte(1) & 0x80) != 0) return "EXTR";
   return Row().mnemonic;
 }
 
@@ -99,10 +94,10 @@ std::optional<std::uint32_t> Instruction::Target(std::uint32_t address) const {
     return segment | ((address + static_cast<std::uint32_t>(Size() + distance)) & 0xFFFF);
   };
   for (const Arg arg : Row().args) switch (arg) {
-      case Arg::Far: return std::uint32_t{bytes_[1]} << 16 | Word();
+      case Arg::Far: return std::uint32_t{Byte(1)} << 16 | Word();
       case Arg::Near: return segment | Word();
-      case Arg::Relative: return relative(bytes_[1]);
-      case Arg::RelativeAt2: return relative(bytes_[2]);
+      case Arg::Relative: return relative(Byte(1));
+      case Arg::RelativeAt2: return relative(Byte(2));
       default: break;
     }
   return {};
@@ -134,26 +129,26 @@ Operand Instruction::Get(Arg arg, std::uint32_t address, bool isExtended) const 
     case Arg::BeforeLow: return Register(Before, Low());
     case Arg::IndexedLow: return {.kind = Indexed, .number = Nibble(Low()), .value = Word()};
     case Arg::Short: return ShortOperand(Low());
-    case Arg::WordReg: return Reg(WordRegister, bytes_[1], isExtended);
-    case Arg::ByteReg: return Reg(ByteRegister, bytes_[1], isExtended);
+    case Arg::WordReg: return Reg(WordRegister, Byte(1), isExtended);
+    case Arg::ByteReg: return Reg(ByteRegister, Byte(1), isExtended);
     case Arg::Mem: return Number(Memory, Word());
     case Arg::Data4: return Number(Immediate, High());
-    case Arg::Data8: return Number(Immediate, bytes_[2]);
-    case Arg::Data8At3: return Number(Immediate, bytes_[3]);
+    case Arg::Data8: return Number(Immediate, Byte(2));
+    case Arg::Data8At3: return Number(Immediate, Byte(3));
     case Arg::Data16: return Number(Immediate, Word());
-    case Arg::OpcodeBit: return BitOf(Bit, bytes_[1], bytes_[0] >> 4, isExtended);
-    case Arg::BitQ: return BitOf(Bit, bytes_[1], bytes_[3] >> 4, isExtended);
-    case Arg::BitZ: return BitOf(Bit, bytes_[2], bytes_[3], isExtended);
-    case Arg::BitWord: return BitOf(Operand::Kind::BitWord, bytes_[1], 0, isExtended);
-    case Arg::OpcodeCondition: return Register(Operand::Kind::Condition, bytes_[0] >> 4);
+    case Arg::OpcodeBit: return BitOf(Bit, Byte(1), Byte(0) >> 4, isExtended);
+    case Arg::BitQ: return BitOf(Bit, Byte(1), Byte(3) >> 4, isExtended);
+    case Arg::BitZ: return BitOf(Bit, Byte(2), Byte(3), isExtended);
+    case Arg::BitWord: return BitOf(Operand::Kind::BitWord, Byte(1), 0, isExtended);
+    case Arg::OpcodeCondition: return Register(Operand::Kind::Condition, Byte(0) >> 4);
     case Arg::Condition: return Register(Operand::Kind::Condition, High());
-    case Arg::Segment: return Number(Operand::Kind::Segment, bytes_[1]);
+    case Arg::Segment: return Number(Operand::Kind::Segment, Byte(1));
     case Arg::Far:
     case Arg::Near:
     case Arg::Relative:
     case Arg::RelativeAt2:
       return Number(Operand::Kind::Target, static_cast<int>(*this->Target(address) & 0xFFFF));
-    case Arg::Trap: return Number(Immediate, bytes_[1] / 2);
+    case Arg::Trap: return Number(Immediate, Byte(1) / 2);
     case Arg::Count: return Number(Operand::Kind::Count, RangeLength());
     case Arg::PageOrSegment: return Number(Immediate, Word());
   }

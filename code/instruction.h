@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 
 #include "code/opcodes.h"
@@ -56,20 +55,18 @@ class Instruction {
   [[nodiscard]] bool IsData() const { return isData_; }
   // 2 or 4 bytes; data also 1.
   [[nodiscard]] int Size() const { return size_; }
-  [[nodiscard]] std::uint8_t Byte(int i) const { return bytes_[static_cast<std::size_t>(i)]; }
-  [[nodiscard]] std::uint8_t Op() const { return bytes_[0]; }
+  [[nodiscard]] std::uint8_t Byte(int i) const { return static_cast<std::uint8_t>(bytes_ >> 8 * i); }
+  [[nodiscard]] std::uint8_t Op() const { return Byte(0); }
   // The word of bytes 2 and 3.
-  [[nodiscard]] std::uint16_t Word() const { return static_cast<std::uint16_t>(bytes_[2] | bytes_[3] << 8); }
+  [[nodiscard]] std::uint16_t Word() const { return static_cast<std::uint16_t>(bytes_ >> 16); }
   // The first word of data.
-  [[nodiscard]] std::uint16_t DataWord() const {
-    return static_cast<std::uint16_t>(bytes_[0] | bytes_[1] << 8);
-  }
-  [[nodiscard]] int High() const { return bytes_[1] >> 4; }
-  [[nodiscard]] int Low() const { return bytes_[1] & 0xF; }
+  [[nodiscard]] std::uint16_t DataWord() const { return static_cast<std::uint16_t>(bytes_); }
+  [[nodiscard]] int High() const { return Byte(1) >> 4; }
+  [[nodiscard]] int Low() const { return Byte(1) & 0xF; }
 
   // The rest is for instructions, not for data.
 
-  [[nodiscard]] const Opcode& Row() const { return opcodes[bytes_[0]]; }
+  [[nodiscard]] const Opcode& Row() const { return opcodes[Op()]; }
   [[nodiscard]] std::string_view Mnemonic() const;
   [[nodiscard]] Flow GetFlow() const { return Row().flow; }
   // Whether the program can go on with the next instruction, also after the return of a call.
@@ -89,10 +86,13 @@ class Instruction {
   [[nodiscard]] Operands GetOperands(std::uint32_t address, bool isExtended) const;
 
  private:
+  // Decodes the last 1 to 3 bytes of all.
+  [[nodiscard]] static Instruction DecodeAtEnd(Bytes bytes);
   [[nodiscard]] bool IsReserved() const;
+  [[nodiscard]] bool BreaksMoreRules() const;
   [[nodiscard]] Operand Get(Arg arg, std::uint32_t address, bool isExtended) const;
 
-  std::array<std::uint8_t, 4> bytes_{};
+  std::uint32_t bytes_ = 0;  // little-endian
   std::uint8_t size_ = 0;
   bool isData_ = true;
 };
@@ -100,15 +100,26 @@ class Instruction {
 // --- the inner loop of every sweep ---
 
 inline Instruction Instruction::Decode(Bytes bytes, Offset offset) {
-  Instruction result;
   const auto at = static_cast<std::size_t>(offset);
-  const std::size_t left = bytes.size() - at;
-  std::memcpy(result.bytes_.data(), bytes.data() + at, left < 4 ? left : 4);
-  const std::uint8_t traits = opcodeTraits[result.Op()];
-  const std::size_t size = traits & sizeBits;
-  result.isData_ = size == 0 || size > left || ((traits & hasRule) != 0 && result.IsReserved());
-  result.size_ = static_cast<std::uint8_t>(!result.isData_ ? size : left < 2 ? left : 2);
+  if (bytes.size() - at < 4) [[unlikely]]
+    return DecodeAtEnd(bytes.subspan(at));
+  Instruction result;
+  const std::uint8_t* const from = bytes.data() + at;  // the compiler makes one read of these
+  result.bytes_ = from[0] | from[1] << 8 | from[2] << 16 | std::uint32_t{from[3]} << 24;
+  // A branch, not a choice of sizes: what follows can begin before the check is done.
+  if (result.IsReserved()) [[unlikely]] {
+    result.size_ = 2;
+    return result;
+  }
+  result.size_ = SizeOf(result.Op());
+  result.isData_ = false;
   return result;
+}
+
+inline bool Instruction::IsReserved() const {
+  const OpcodeCheck& check = opcodeChecks[Op()];
+  return (bytes_ & check.mask) != check.value ||
+         ((opcodeTraits[Op()] & hasMoreRules) != 0 && BreaksMoreRules());
 }
 
 }  // namespace tarvelo

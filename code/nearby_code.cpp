@@ -10,6 +10,7 @@ constexpr int fewInstructions = 8;      // in front, if the way ahead is clean
 constexpr int manyInstructions = 24;    // in front, if it ends with a jump or in data
 constexpr int enoughInstructions = 32;  // ahead, without a return
 constexpr int certainlyInStep = 16;     // in front of a place in the middle of an instruction
+constexpr Offset resync = 64;           // bytes after which any two walks are in step
 constexpr int dull = 8;                 // this many in a row that are not telling make data
 
 bool IsPrintable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
@@ -242,7 +243,8 @@ CodeSign NearbyCode::SignAlone(Offset offset) const {
       return CodeSign::Inside;
   }
   const auto size = static_cast<Offset>(image_.ff().size());
-  for (Offset at = offset; at < size;) {
+  const Offset end = std::min(size, offset + resync);
+  for (Offset at = offset; at < end;) {
     const Instruction instruction = InstructionAt(at);
     if (instruction.IsData()) return CodeSign::Data;
     if (IsFixedReturn(instruction)) return CodeSign::Unsure;

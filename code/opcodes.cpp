@@ -270,15 +270,50 @@ constexpr bool BeginsRange(const Opcode& row) { return row.args[0] == Count || r
 
 constexpr std::array<std::uint8_t, 256> Traits() {
   std::array<std::uint8_t, 256> traits{};
-  for (std::size_t i = 0; i < rows.size(); ++i)
-    traits[i] = static_cast<std::uint8_t>(rows[i].size | (rows[i].rule != Rule::None ? hasRule : 0) |
-                                          (BeginsRange(rows[i]) ? beginsRange : 0));
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const Rule rule = rows[i].rule;
+    const bool isLong = rule == Rule::SameNibbles || rule == Rule::Extend;
+    traits[i] =
+        static_cast<std::uint8_t>((isLong ? hasMoreRules : 0) | (BeginsRange(rows[i]) ? beginsRange : 0));
+  }
   return traits;
+}
+
+static_assert([] {
+  for (std::size_t op = 0; op < rows.size(); ++op)
+    if (rows[op].size != 0 && rows[op].size != SizeOf(static_cast<std::uint8_t>(op))) return false;
+  return true;
+}());
+
+constexpr OpcodeCheck CheckOf(Rule rule, std::uint32_t op) {
+  switch (rule) {
+    case Rule::None:
+    case Rule::SameNibbles: return {0, 0};
+    case Rule::HighNibbleF: return {0xF000, 0xF000};
+    case Rule::HighNibble0: return {0xF000, 0};
+    case Rule::LowNibble0: return {0x0F00, 0};
+    case Rule::LowNibbleAt3: return {0x0F000000, 0};
+    case Rule::Even: return {0x0100, 0};
+    case Rule::Zero: return {0xFF00, 0};
+    case Rule::Is88: return {0xFF00, 0x8800};
+    case Rule::Atomic: return {0x4F00, 0};
+    case Rule::Extend: return {0xFC000F00, 0};  // and a segment has 8 bits
+    case Rule::Protected: return {0xFFFFFF00, (op ^ 0xFF) << 8 | op << 16 | op << 24};
+  }
+  return {};
+}
+
+constexpr std::array<OpcodeCheck, 256> Checks() {
+  std::array<OpcodeCheck, 256> checks{};
+  for (std::uint32_t op = 0; op < rows.size(); ++op)
+    checks[op] = rows[op].size == 0 ? OpcodeCheck{0, 1} : CheckOf(rows[op].rule, op);
+  return checks;
 }
 
 }  // namespace
 
 constinit const std::array<Opcode, 256> opcodes = rows;
 constinit const std::array<std::uint8_t, 256> opcodeTraits = Traits();
+constinit const std::array<OpcodeCheck, 256> opcodeChecks = Checks();
 
 }  // namespace tarvelo
