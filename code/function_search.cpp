@@ -1,4 +1,9 @@
+// Finds entries, the surest first, and follows the flow from each. What an instruction of a function calls is
+// an entry. Anything else that names a place may be data that looks like it, so the place must look like the
+// beginning of a function, and must not be part of one that is known.
 #include <algorithm>
+#include <bit>
+#include <optional>
 #include <utility>
 
 #include "code/flow_walk.h"
@@ -19,7 +24,7 @@ class FunctionSearch {
   FunctionSearch(const Fullflash& image, Progress& progress)
       : image_(image),
         size_(static_cast<Offset>(image.ff().size())),
-        progress_(progress, 0, 2 * size_),
+        progress_(progress, 0, size_),
         switches_(image),
         walk_(image, switches_),
         entries_(size_),
@@ -30,9 +35,7 @@ class FunctionSearch {
     FindFarForms();
     TryTargets();
     TryPointers();
-    EachPointer([&](Offset place, Offset target) {
-      if (IsInTable(place) && !IsBehindCode(target, image_)) Try(target);
-    });
+    TryTables();
     for (const std::uint32_t site : sites_) TryLoneCall(site);
     return List();
   }
@@ -69,7 +72,7 @@ class FunctionSearch {
   void TryPointers() {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> named;  // target and place
     EachPointer([&](Offset place, Offset target) {
-      if (IsBehindEnd(target, image_, walk_))
+      if (!walk_.IsCode(target) && IsBehindEnd(target, image_, walk_))
         named.emplace_back(static_cast<std::uint32_t>(target), static_cast<std::uint32_t>(place));
     });
     std::ranges::sort(named);
@@ -77,7 +80,14 @@ class FunctionSearch {
       if (!walk_.IsCode(place) && !walk_.IsCode(place + 2)) TryNew(target);
   }
 
-  // Calls take(place, target) for each pair of words outside known code that may point to a new entry.
+  // Entries behind data, in tables whose other pointers are known to be right.
+  void TryTables() {
+    EachPointer([&](Offset place, Offset target) {
+      if (IsInTable(place) && IsNew(target) && !IsBehindCode(target, image_)) Try(target);
+    });
+  }
+
+  // Calls take(place, target) for each pair of words outside known code that may point to code.
   template <typename Take>
   void EachPointer(Take take) {
     const std::uint32_t first = image_.PhoneAddress(0) >> 16;
@@ -86,8 +96,7 @@ class FunctionSearch {
     const Probe segments[] = {{.offset = 2, .value = first & mask, .mask = mask}};
     Sieve(2, segments).Each(image_.ff(), 0, size_ - 4, [&](Offset p) {
       if (walk_.IsCode(p) || walk_.IsCode(p + 2)) return false;
-      const auto target = PointerTarget(p);
-      if (target && IsNew(*target)) take(p, *target);
+      if (const auto target = PointerTarget(p)) take(p, *target);
       return false;
     });
   }
@@ -102,12 +111,13 @@ class FunctionSearch {
 
   // Whether two of the pointers beside the one at `place` point to entries.
   [[nodiscard]] bool IsInTable(Offset place) const {
-    int known = 0;
-    for (const Offset beside : {place - 8, place - 4, place + 4, place + 8}) {
+    const auto isKnown = [&](Offset beside) {
       const auto target = PointerTarget(beside);
-      known += target && entries_.Has(*target);
-    }
-    return known >= 2;
+      return target && entries_.Has(*target);
+    };
+    const bool before = isKnown(place - 4), behind = isKnown(place + 4);
+    if (before && behind) return true;
+    return (before && isKnown(place - 8)) || (behind && isKnown(place + 8));
   }
 
   [[nodiscard]] bool IsNew(Offset place) const { return !tried_.Has(place) && !walk_.IsCode(place); }
@@ -161,7 +171,7 @@ class FunctionSearch {
   Offset EndOf(Offset entry, Offset next, FlowWalk& again) {
     const Offset end = walk_.Code().NextFree(entry, next);
     if (walk_.Code().Next(end, next) == next) return end;
-    (void)again.Walk(entry, next);
+    if (!again.Walk(entry, next)) return end;
     Offset last = entry;
     for (Offset p = entry; p < next; p = again.Code().Next(last, next)) last = again.Code().NextFree(p, next);
     for (Offset p = walk_.Starts().Next(last, next); p < next; p = walk_.Starts().Next(p + 2, next))

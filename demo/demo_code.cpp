@@ -11,9 +11,11 @@ namespace tarvelo {
 namespace {
 
 // Every group of functions is smaller than this.
-constexpr std::size_t longestGroup = 0x4000;
+constexpr std::size_t longestGroup = 0x8000;
+constexpr std::size_t longestFunction = 0x1000;
+constexpr std::size_t segment = 0x10000;
 
-enum class Operands { registers, constant, memory, bit, jump };
+enum class Operands { registers, constant, memory };
 
 struct Instruction {
   std::uint8_t opcode;
@@ -46,15 +48,11 @@ constexpr Instruction everyday[] = {
     {0xF6, Operands::memory},     // MOV mem, Rn
     {0xF6, Operands::memory},     // MOV mem, Rn
     {0xF3, Operands::memory},     // MOVB Rn, mem
-    {0x9A, Operands::bit},        // JNB bit, rel
-    {0x8A, Operands::bit},        // JB bit, rel
-    {0x2D, Operands::jump},       // JMPR Z
-    {0x3D, Operands::jump},       // JMPR NZ
-    {0x3D, Operands::jump},       // JMPR NZ
-    {0x0D, Operands::jump},       // JMPR always
-    {0x8D, Operands::jump},       // JMPR C
     {0x7C, Operands::registers},  // SHR Rn, #4
 };
+
+// Jumps over the next instructions: JNB, JB, and JMPR on Z, NZ, C.
+constexpr std::uint8_t jumps[] = {0x9A, 0x8A, 0x2D, 0x3D, 0x3D, 0x8D};
 
 constexpr std::array logTexts{
     "eeprom: block %u not found",
@@ -112,7 +110,10 @@ class Functions {
  private:
   void Texts();
   void Function();
+  void Table(std::size_t first);
   void Step();
+  void Plain();
+  void Jump();
   void Call();
   void CallWithMessage();
   void CallWithText();
@@ -129,8 +130,15 @@ class Functions {
 
 void Functions::Group() {
   Texts();
+  const std::size_t first = functions_.size();
   const unsigned count = 8 + random_.Below(12);
   for (unsigned i = 0; i < count; ++i) Function();
+  if (flash_.PageMode()) Table(first);
+}
+
+// Pointers to some of the functions from a number on: most of them are called from nowhere else.
+void Functions::Table(std::size_t first) {
+  for (std::size_t i = first; i < functions_.size(); i += 2) out_.Pointer(flash_.Address(functions_[i]));
 }
 
 void Functions::Texts() {
@@ -138,7 +146,10 @@ void Functions::Texts() {
   for (int i = 0; i < 5; ++i) texts_.push_back(out_.Text(logTexts[Below(logTexts)]));
 }
 
+// Functions cross no border of a segment.
 void Functions::Function() {
+  if (out_.Offset() % segment > segment - longestFunction)
+    out_.SkipTo((out_.Offset() / segment + 1) * segment);
   functions_.push_back(out_.Offset());
   const unsigned saved = random_.Below(4);
   for (unsigned i = 0; i < saved; ++i) out_.Instruction(0x88, (9 - i) << 4);  // MOV [-R0], Rn
@@ -154,8 +165,15 @@ void Functions::Step() {
     case 1: return Call();
     case 2: return CallWithText();
     case 3: return CallWithMessage();
-    default: break;
+    case 4:
+    case 5:
+    case 6:
+    case 7: return Jump();
+    default: return Plain();
   }
+}
+
+void Functions::Plain() {
   const Instruction next = everyday[random_.Below(std::size(everyday))];
   const unsigned variable = memory_[Below(memory_)];
   const std::uint8_t byte = random_.Byte();
@@ -164,10 +182,20 @@ void Functions::Step() {
     case Operands::registers: return out_.Instruction(next.opcode, byte);
     case Operands::constant: return out_.Instruction(next.opcode, reg, byte % 4 == 0 ? variable : byte);
     case Operands::memory: return out_.Instruction(next.opcode, reg, variable);
-    case Operands::bit:
-      return out_.Instruction(next.opcode, variable >> 1 & 0x7F, (byte & 0xF0) << 8 | (2 + byte % 12));
-    case Operands::jump: return out_.Instruction(next.opcode, 2 + byte % 20);
   }
+}
+
+// A jump forward, and the words that it skips.
+void Functions::Jump() {
+  const std::uint8_t opcode = jumps[random_.Below(std::size(jumps))];
+  const unsigned words = 2 + random_.Below(12);
+  if (opcode == 0x9A || opcode == 0x8A)
+    out_.Instruction(opcode, 0x20 + random_.Below(8), random_.Below(16) << 12 | words);
+  else
+    out_.Instruction(opcode, words);
+  const std::size_t end = out_.Offset() + 2 * words;
+  while (out_.Offset() + 4 <= end) Plain();
+  if (out_.Offset() < end) out_.Instruction(0x08, 0x41);  // ADD R4, #1
 }
 
 // CALLS to an earlier function.

@@ -45,6 +45,12 @@ void CodeWriter::Instruction(std::uint8_t opcode, unsigned operand, unsigned wor
   DropLookalike(before);
 }
 
+void CodeWriter::Pointer(std::uint32_t address) {
+  const std::size_t before = code_.size();
+  AppendDWord(code_, address);
+  DropLookalike(before);
+}
+
 std::size_t CodeWriter::Text(std::string_view text) {
   const std::size_t offset = Offset();
   AppendText(code_, text);

@@ -24,6 +24,10 @@ class CodeWriter {
   // instruction that would complete a look-alike becomes a NOP.
   void Instruction(std::uint8_t opcode, unsigned operand);
   void Instruction(std::uint8_t opcode, unsigned operand, unsigned word);
+  // Appends the pointer to a function: its offset in the segment and the segment.
+  void Pointer(std::uint32_t address);
+  // Leaves bytes erased up to an offset.
+  void SkipTo(std::size_t offset) { code_.resize(offset - start_, 0xFF); }
   // Appends a text and its zero, padded to an even length. Returns the text's offset.
   std::size_t Text(std::string_view text);
 

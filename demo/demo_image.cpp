@@ -6,6 +6,7 @@
 
 #include "demo/demo_code.h"
 #include "demo/demo_eeprom.h"
+#include "demo/demo_program.h"
 #include "demo/demo_ringtones.h"
 #include "demo/demo_t9.h"
 #include "demo/demo_tables.h"
@@ -16,6 +17,7 @@ namespace {
 
 enum class Part {
   code,
+  program,  // of the service menu
   header,
   firstTable,   // of pictures
   secondTable,  // within 0x50000 bytes of the first one
@@ -42,11 +44,12 @@ constexpr std::array smallMap{
     Place{Part::code, {0x201000, 0x220000}},      Place{Part::secondTable, {0x220000, 0x221000}},
     Place{Part::code, {0x221000, 0x280000}},      Place{Part::pictures, {0x280000, 0x300000}},
     Place{Part::code, {0x300000, 0x310000}},      Place{Part::standalone, {0x310000, 0x314000}},
-    Place{Part::code, {0x314000, 0x330000}},      Place{Part::ringtones, {0x330000, 0x340000}},
-    Place{Part::texts, {0x340000, 0x350000}},     Place{Part::code, {0x350000, 0x3F0000}},
-    Place{Part::oldSector, {0x3F0000, 0x400000}}, Place{Part::t9, {0x400000, 0x440000}},
-    Place{Part::code, {0x500000, 0x590000}},      Place{Part::code, {0x600000, 0x6E0000}},
-    Place{Part::code, {0x6F0000, 0x750000}},      Place{Part::eeprom, {0x760000, 0x800000}},
+    Place{Part::program, {0x314000, 0x314400}},   Place{Part::code, {0x314400, 0x330000}},
+    Place{Part::ringtones, {0x330000, 0x340000}}, Place{Part::texts, {0x340000, 0x350000}},
+    Place{Part::code, {0x350000, 0x3F0000}},      Place{Part::oldSector, {0x3F0000, 0x400000}},
+    Place{Part::t9, {0x400000, 0x440000}},        Place{Part::code, {0x500000, 0x590000}},
+    Place{Part::code, {0x600000, 0x6E0000}},      Place{Part::code, {0x6F0000, 0x750000}},
+    Place{Part::eeprom, {0x760000, 0x800000}},
 };
 
 constexpr std::size_t largeSize = 0x2000000;
@@ -124,6 +127,12 @@ ByteBuffer Build(const auto& map, std::size_t size, const HeaderTexts& header) {
   WriteRingtones(flash, Find(map, Part::ringtones));
   WriteTexts(flash, Find(map, Part::texts));
   WriteEeprom(flash, Find(map, Part::eeprom), Find(map, Part::oldSector));
+  const Area program = Find(map, Part::program);
+  if (program.end != 0)
+    WriteProgram(flash, program,
+                 {.pictures = Find(map, Part::firstTable).begin,
+                  .ringtones = Find(map, Part::ringtones).begin,
+                  .texts = Find(map, Part::texts)});
   return std::move(flash.bytes);
 }
 

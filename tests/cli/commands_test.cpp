@@ -111,6 +111,15 @@ TEST_F(CommandLine, InfoKeepsItsOrderWithAnyNumberOfJobs) {
   }
 }
 
+TEST_F(CommandLine, LargeImagesHoldNoFunctions) {
+  const std::string file = PathText(folder / "large.bin");
+  EXPECT_EQ(Call({"demo", file, "--large"}).status, done);
+  const Result result = Call({"list", "functions", file});
+  ExpectDiagnosis(result, nothingFound, file);
+  EXPECT_NE(result.err.find("no C166 code"), std::string::npos) << result.err;
+  EXPECT_EQ(result.out, "N\tOffset\tAddress\tSize\tCalls\tName\n");
+}
+
 TEST_F(CommandLine, FilesThatCannotBeReadEndWithThree) {
   for (const auto& file : {missing, empty, PathText(folder.Path())}) {
     ExpectDiagnosis(Call({"info", file}), fileTrouble, file);

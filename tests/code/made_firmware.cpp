@@ -193,8 +193,9 @@ class Maker {
     else
       Two(random_.OneIn(2) ? 0x2D : 0x3D, 0);
     Block(inside, true);
-    if (random_.OneIn(60)) Ret();
-    const bool hasElse = random_.Percent(30);
+    const bool returns = random_.OneIn(60);
+    if (returns) Ret();
+    const bool hasElse = !returns && random_.Percent(30);
     const std::size_t over = Here();
     if (hasElse) Two(0x0D, 0);
     body_.code[jump + (isBit ? 2 : 1)] = static_cast<std::uint8_t>((Here() - jump - (isBit ? 4 : 2)) / 2);
