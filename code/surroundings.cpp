@@ -71,7 +71,7 @@ bool IsBehindEnd(Offset place, const Fullflash& image, const FlowWalk& walk) {
   if (!isReturn && (word & 0xFF) != retp && (earlier & 0xFF) != jmps && earlier != srst) return false;
   const Approach approach = ApproachOf(place, shortJump, image);
   if (approach.isTarget) return false;
-  const bool isOperand = (opcodeTraits[earlier & 0xFF] & sizeBits) == 4;
+  const bool isOperand = opcodes[earlier & 0xFF].size == 4;
   return (isReturn && !isOperand) || (approach.isInStep && Ends(approach.last));
 }
 
