@@ -63,6 +63,15 @@ void AddSpaced(std::string& text, const std::string& more) {
   text += more;
 }
 
+// Data as text; nothing for erased bytes and zeros.
+std::string BesideData(Bytes bytes) {
+  const auto isFilling = [](std::uint8_t byte) { return byte == 0 || byte == 0xFF; };
+  if (std::ranges::all_of(bytes, isFilling)) return {};
+  std::u16string text;
+  for (const std::uint8_t byte : bytes) text += ShownCharacter(byte);
+  return ToUtf8(text);
+}
+
 // Whether a register of a MOV reg, #data16 is R0 .. R15.
 bool LoadsRegister(const Instruction& instruction) {
   return !instruction.IsData() && instruction.Op() == moveWord && instruction.High() == 0xF;
@@ -129,9 +138,7 @@ CodeLine CodeReader::Data(const CodeRow& row) const {
     values += value.View();
   }
   line.parts = {{CodeInk::Plain, row.size == 1 ? "DB " : "DW "}, {CodeInk::Plain, values}};
-  std::u16string text;
-  for (int i = 0; i < row.size; ++i) text += ShownCharacter(Image().Byte(row.offset + i));
-  line.meaning = ToUtf8(text);
+  line.meaning = BesideData(Image().Region(row.offset, row.size));
   for (int i = 0; i + 4 <= row.size; i += 4) {
     const auto address = PointerAt(row.offset + i);
     if (!address) continue;

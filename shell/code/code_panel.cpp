@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "code/masked_pattern.h"
-#include "core/calculator.h"
 #include "core/notation.h"
 #include "core/places.h"
+#include "document/dpp_text.h"
 #include "patch/pattern_walk.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
@@ -331,26 +331,17 @@ void CodePanel::FindAlike_Click() {
   bench_.frame.ShowCode(hit, chosen.size);
 }
 
-// The answer is four pages, such as "- 204 - 3".
 void CodePanel::StateDpps_Click() {
   Document& document = bench_.document;
-  std::string now;
-  for (const auto& page : document.Dpps()) now += (now.empty() ? "" : " ") + (page ? Hex(*page) : "-");
-  const auto answer = bench_.talk.AskLine(Text::AskDpps, now);
+  const auto answer = bench_.talk.AskLine(Text::AskDpps, DppText(document.Dpps()));
   if (!answer) return;
-  DppPages pages;
-  std::size_t start = 0;
-  for (auto& page : pages) {
-    start = std::min(answer->find_first_not_of(' ', start), answer->size());
-    const std::size_t end = std::min(answer->find(' ', start), answer->size());
-    const std::string word = answer->substr(start, end - start);
-    start = end;
-    if (word.empty() || word == "-") continue;
-    const std::uint32_t number = HexVal(word);
-    if (number > 0x3FF) return bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::NumberTooLarge, word)));
-    page = static_cast<std::uint16_t>(number);
+  try {
+    document.StateDpps(ReadDpps(*answer));
+  } catch (const std::invalid_argument&) {
+    bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::NotANumber, *answer)));
+  } catch (const std::overflow_error&) {
+    bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::NumberTooLarge, *answer)));
   }
-  document.StateDpps(pages);
 }
 
 }  // namespace tarvelo

@@ -7,6 +7,7 @@
 #include "shell/desk.h"
 #include "shell/hex/hex_canvas.h"
 #include "shell/hex/hex_panel.h"
+#include "shell/patch/patch_editor.h"
 #include "shell/view/place_line.h"
 
 namespace tarvelo {
@@ -213,6 +214,21 @@ TEST_F(CodeDesk, FindsWhatLooksTheSame) {
   EXPECT_EQ(Said(Id::FindAlike), "iNo other place looks the same.");
 }
 
+TEST_F(CodeDesk, PatchLinesAreShownAsInstructions) {
+  OpenCode();
+  Patch().AddPatch("Quiet", "001004: DAF00013 CC00CC00", false);
+  Choose(Id::PatchMenu);
+  PatchEditor& editor = Patch().Patch();
+  const auto lines = editor.Lines();
+  const auto line = std::ranges::find(lines, "001004: DAF00013 CC00CC00") - lines.begin();
+  editor.GotoLine(static_cast<int>(line));
+  EXPECT_EQ(Said(Id::ChangeAsCode),
+            "[Tarvelo - Change as instructions]- F0:1004  DAF00013  CALLS 0F0h, 1300h\n"
+            "+ F0:1004  CC00      NOP\n+ F0:1006  CC00      NOP\n");
+  editor.GotoLine(0);
+  EXPECT_EQ(Said(Id::ChangeAsCode), "!This line changes no bytes.");
+}
+
 TEST_F(CodeDesk, StatedDppsGiveDataAddresses) {
   auto image = CodeImage();
   const std::uint8_t load[] = {0xF2, 0xF4, 0x00, 0x52};  // MOV R4, 5200h: through DPP1
@@ -225,6 +241,7 @@ TEST_F(CodeDesk, StatedDppsGiveDataAddresses) {
       "ask Pages of DPP0, DPP1, DPP2 and DPP3, hexadecimal, with blanks between them; - if unknown: - - - -");
   EXPECT_EQ(RowAt(a + 8), "001008  F0:1008  F2F40052  MOV R4, 5200h  ; F0:1200  \"Hello world\"");
   EXPECT_NE(Said(Id::StateDpps, "400").find(" | !"), std::string::npos);
+  EXPECT_NE(Said(Id::StateDpps, "3 x").find(" | !"), std::string::npos);
   EXPECT_EQ(Open().Dpps()[1], 0x3C0);
 }
 
