@@ -98,6 +98,7 @@ void ReferencesPanel::Search() {
   Document& document = bench_.document;
   functions_ = document.Functions(bench_.status);
   found_ = GetReferences(document.Image(), *target_, *functions_, document.Dpps(), bench_.status);
+  std::ranges::stable_sort(found_, {}, &Reference::sure);
   isStale_ = false;
 }
 

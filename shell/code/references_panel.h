@@ -23,7 +23,7 @@ class ReferencesPanel final : public ListPanel {
   [[nodiscard]] Offset Here() const override;
   void Return(Offset here) override;
 
-  // Searches and lists the references to the byte at an offset, which must be in the image.
+  // Searches and lists the references to the byte at an offset, the surest first. It must be in the image.
   void Show(Offset target);
   // The place that the list is about; none before the first search.
   [[nodiscard]] std::optional<Offset> Target() const { return target_; }

@@ -182,6 +182,20 @@ TEST_F(CodeDesk, ReferencesAreListedAndFollowed) {
   EXPECT_EQ(Utf8(List().EmptyHint()), "References to: 001200 = F0:1200. Nothing refers to this place.");
 }
 
+// What goes through an unknown DPP is possible only, and comes last.
+TEST_F(CodeDesk, SurestReferencesComeFirst) {
+  auto image = CodeImage();
+  const std::uint8_t load[] = {0xF2, 0xF4, 0x00, 0x51};  // MOV R4, 5100h: through DPP1
+  std::ranges::copy(load, image.begin() + a);            // in place of CALLS B
+  OpenBytes("dump.bin", image, Id::CodeView);
+  Settle();
+  Go(b);
+  main->Run(Id::WhoRefers);
+  ASSERT_EQ(List().RowCount(), 2u);
+  EXPECT_EQ(RowOf(List(), 0), "001304\tF0:1304\tF0:1300\tCALLS 0F0h, 1100h\tcall\tcertain\n");
+  EXPECT_EQ(RowOf(List(), 1), "001000\tF0:1000\tF0:1000\tMOV R4, 5100h (DPP1)\tdata through DPP\tpossible\n");
+}
+
 TEST_F(CodeDesk, CopiesInstructionsAndPointers) {
   OpenCode();
   Go(a);
