@@ -26,6 +26,7 @@ Fullflash ReadImage(const std::string& file, Progress& progress) {
 Dump OpenDump(const std::string& file, Progress& progress) {
   Dump dump{ReadImage(file, progress), {}, {}};
   dump.info = Identify(dump.image);
+  dump.names = ReadNames(PathOf(file));
   return dump;
 }
 

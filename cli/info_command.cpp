@@ -18,7 +18,8 @@ Json T9Json(const T9Area& t9) {
 }
 
 std::string InfoJson(const std::string& file, const Dump& dump) {
-  const auto& [image, info, folder] = dump;
+  const Fullflash& image = dump.image;
+  const Identification& info = dump.info;
   Json object;
   object["path"] = Printable(file);
   object["size"] = image.ff().size();

@@ -24,10 +24,10 @@ std::vector<std::string> FunctionCaptions(const Messages& messages) {
 }
 
 TableRows Rows(const Dump& dump, const Findings& found, const Messages& messages, CellRoom) {
-  return {FunctionCaptions(messages), Count(found),
-          [found, &image = dump.image](std::size_t row) -> Table::Row {
+  return {FunctionCaptions(messages), Count(found), [found, &dump](std::size_t row) -> Table::Row {
+            const Fullflash& image = dump.image;
             const Function& function = ListOf(found)[row];
-            const std::string name;  // nothing names functions yet
+            const std::string name(dump.names.NameAt(image.PhoneAddress(function.code.offset)));
             return {{WholeDecimal(static_cast<std::int64_t>(row), 5), WholeHex(function.code.offset),
                      SegmentText(image, function.code.offset), WholeDecimal(function.code.size, 5),
                      WholeDecimal(function.calls, 4), name}};

@@ -5,6 +5,7 @@
 
 #include "core/fullflash.h"
 #include "core/identification.h"
+#include "core/names.h"
 
 namespace tarvelo {
 
@@ -13,6 +14,7 @@ struct Dump {
   Identification info;
   // The folder of the user's own files, which add to what the program knows. Empty: none.
   std::filesystem::path usersFolder;
+  Names names = {};
 };
 
 }  // namespace tarvelo

@@ -16,11 +16,6 @@ std::optional<Offset> Within(const Fullflash& image, Offset offset) {
   return offset;
 }
 
-std::optional<Offset> OffsetOf(const Fullflash& image, std::uint32_t address) {
-  // For large images the base is negative, so the subtraction is done on unsigned numbers.
-  return Within(image, static_cast<std::uint32_t>(address - static_cast<std::uint32_t>(image.CorrBase())));
-}
-
 std::string_view Trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\r\n");
   if (first == text.npos) return {};
@@ -34,7 +29,21 @@ std::uint32_t HexNumber(std::string_view text) {
   return HexVal(text);
 }
 
+// Reads "number:number"; `unit` is the size of what the first one counts.
+std::optional<Offset> ReadPair(std::string_view text, std::uint32_t unit, const Fullflash& image) {
+  const auto colon = text.find(':');
+  const std::uint64_t first = HexNumber(text.substr(0, colon));
+  const std::uint64_t address = first * unit + HexNumber(text.substr(colon + 1));
+  if (address > 0xFFFFFFFF) return {};
+  return OffsetOf(image, static_cast<std::uint32_t>(address));
+}
+
 }  // namespace
+
+std::optional<Offset> OffsetOf(const Fullflash& image, std::uint32_t address) {
+  // For large images the base is negative, so the subtraction is done on unsigned numbers.
+  return Within(image, static_cast<std::uint32_t>(address - static_cast<std::uint32_t>(image.CorrBase())));
+}
 
 int OffsetWidth(const Fullflash& image) {
   return std::max(image.OffDigits(), static_cast<int>(Hex(image.ffEnd()).size()));
@@ -64,16 +73,20 @@ std::string Reading(const Fullflash& image, Offset offset) {
 }
 
 std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Fullflash& image) {
-  if (const auto colon = text.find(':'); colon != text.npos) {
-    const std::uint64_t page = HexNumber(text.substr(0, colon));
-    const std::uint64_t address = page * addressPage + HexNumber(text.substr(colon + 1));
-    if (address > 0xFFFFFFFF) return {};
-    return OffsetOf(image, static_cast<std::uint32_t>(address));
-  }
+  if (text.find(':') != text.npos) return ReadPair(text, addressPage, image);
   const std::uint32_t number = HexNumber(text);
   if (kind == PlaceKind::AsOffset)
     if (const auto offset = Within(image, number)) return offset;
   return OffsetOf(image, number);
+}
+
+std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form, const Dump& dump) {
+  text = Trimmed(text);
+  if (const auto address = dump.names.Find(text)) return OffsetOf(dump.image, *address);
+  if (text.find(':') == text.npos) return ReadPlace(text, kind, dump.image);
+  const bool isPage = form == ColonForm::Page;
+  if (const auto offset = ReadPair(text, isPage ? addressPage : segmentSize, dump.image)) return offset;
+  return ReadPair(text, isPage ? segmentSize : addressPage, dump.image);
 }
 
 std::string SegmentText(const Fullflash& image, Offset offset) {

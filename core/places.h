@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/fullflash.h"
+#include "core/dump.h"
 
 namespace tarvelo {
 
@@ -31,7 +31,18 @@ enum class PlaceKind { AsOffset, AsAddress };
 // std::overflow_error if it has more than 32 bits.
 [[nodiscard]] std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Fullflash& image);
 
+// What the number in front of a colon is.
+enum class ColonForm { Page, Segment };
+
+// Reads a place as ReadPlace does, or the name of one (Dump::names), which goes first. Two numbers with a
+// colon are `form` and offset, or the other form if that is outside the image.
+[[nodiscard]] std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form,
+                                              const Dump& dump);
+
 // The phone address of an offset as segment and offset in the segment: "A0:1234".
 [[nodiscard]] std::string SegmentText(const Fullflash& image, Offset offset);
+
+// The offset of a phone address, if it is in the image.
+[[nodiscard]] std::optional<Offset> OffsetOf(const Fullflash& image, std::uint32_t address);
 
 }  // namespace tarvelo

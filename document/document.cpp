@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "code/functions_explorer.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -22,6 +23,8 @@ void Document::Close() {
   edits_.Clear();
   dump_.image = Fullflash();
   dump_.info = Identification();
+  dump_.names = Names();
+  dpps_ = DppPages();
 }
 
 // --- its names ---
@@ -36,6 +39,36 @@ std::filesystem::path Document::Beside(std::string_view ending) const {
   std::filesystem::path file = fileStem_;
   return file += PathOf(ending);
 }
+
+// --- the user's names for places ---
+
+void Document::ReadNames() {
+  dump_.names = Names();
+  dump_.names = tarvelo::ReadNames(path_);
+  Call(nameWatches_);
+}
+
+void Document::NamePlace(Offset offset, std::string_view name, std::string_view comment) {
+  Names names = tarvelo::ReadNames(path_);
+  names.Set(dump_.image.PhoneAddress(offset), name, comment);
+  ReplaceFile(NamesFile(path_), names.Text());
+  dump_.names = std::move(names);
+  Call(nameWatches_);
+}
+
+void Document::TakeNamesAlong() {
+  if (FileExist(NamesFile(path_)))
+    ReadNames();
+  else if (!dump_.names.Text().empty())
+    ReplaceFile(NamesFile(path_), dump_.names.Text());
+}
+
+void Document::StateDpps(const DppPages& pages) {
+  dpps_ = pages;
+  Call(nameWatches_);
+}
+
+Document::Watch Document::OnNames(std::function<void()> named) { return Add(nameWatches_, std::move(named)); }
 
 // --- edits ---
 
@@ -106,6 +139,18 @@ const Findings& Document::Find(const Explorer& explorer, Progress& progress) {
 const Findings* Document::Known(const Explorer& explorer) const {
   const auto known = found_.find(&explorer);
   return known == found_.end() ? nullptr : &known->second;
+}
+
+std::shared_ptr<const FunctionList> Document::Functions(Progress& progress) {
+  (void)Find(functionsExplorer, progress);
+  return KnownFunctions();
+}
+
+std::shared_ptr<const FunctionList> Document::KnownFunctions() const {
+  const Findings* found = Known(functionsExplorer);
+  if (!found) return std::make_shared<const FunctionList>();
+  const auto kept = std::make_shared<const Findings>(*found);
+  return {kept, &kept->As<FunctionList>()};
 }
 
 std::shared_ptr<const DumpMap> Document::Map(Progress& progress) {

@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "code/functions.h"
+#include "code/references.h"
 #include "core/dump.h"
 #include "core/explorer.h"
 #include "core/image_edits.h"
@@ -60,6 +62,24 @@ class Document {
   // A file beside the dump: FileStem with `ending` appended ("_E.txt", ".info").
   [[nodiscard]] std::filesystem::path Beside(std::string_view ending) const;
 
+  // --- the user's names for places ---
+
+  [[nodiscard]] const Names& PlaceNames() const { return dump_.names; }
+  // Reads the names file beside the dump, if there is one. Throws FileError; there are no names then.
+  void ReadNames();
+  // Names a place, and writes the file (Names::Set). Reads the file first, so that what others have added
+  // stays. Throws FileError.
+  void NamePlace(Offset offset, std::string_view name, std::string_view comment);
+  // Call after SetPath: takes the names along, unless a names file is there already, which it reads then.
+  // Throws FileError.
+  void TakeNamesAlong();
+  // The pages that the user states for DPP0 .. DPP3, until the dump is closed.
+  [[nodiscard]] const DppPages& Dpps() const { return dpps_; }
+  void StateDpps(const DppPages& pages);
+  // Calls `named` after names or DPP pages have changed, as long as the result lives.
+  using Watch = std::shared_ptr<const std::function<void()>>;
+  [[nodiscard]] Watch OnNames(std::function<void()> named);
+
   // --- edits ---
 
   // Changes bytes of the image, as one step. If nothing changes, there is no step. Throws std::out_of_range,
@@ -74,7 +94,6 @@ class Document {
 
   // Calls `changed` after each Write that changes a byte, and after each Undo or Redo that finds a step, as
   // long as the result lives.
-  using Watch = std::shared_ptr<const std::function<void()>>;
   [[nodiscard]] Watch OnChange(std::function<void()> changed);
   // Likewise, calls `learnt` after each Find that makes the model known.
   [[nodiscard]] Watch OnModel(std::function<void()> learnt);
@@ -86,8 +105,12 @@ class Document {
   const Findings& Find(const Explorer& explorer, Progress& progress);
   // The findings if they are already known; null if no search was made since the last change.
   [[nodiscard]] const Findings* Known(const Explorer& explorer) const;
+  // The functions of the current image. Known: without a search; empty if none was made yet.
+  std::shared_ptr<const FunctionList> Functions(Progress& progress);
+  [[nodiscard]] std::shared_ptr<const FunctionList> KnownFunctions() const;
   // The map of the current image, made of all explorers' findings. Throws what their searches throw.
   std::shared_ptr<const DumpMap> Map(Progress& progress);
+  [[nodiscard]] std::shared_ptr<const DumpMap> KnownMap() const { return map_; }  // or null
 
  private:
   using Watches = std::vector<std::weak_ptr<const std::function<void()>>>;
@@ -98,6 +121,7 @@ class Document {
 
   Dump dump_;
   ImageEdits edits_;
+  DppPages dpps_;
   std::filesystem::path path_;
   std::string fileName_;
   std::filesystem::path fileStem_;
@@ -106,6 +130,7 @@ class Document {
   std::shared_ptr<const DumpMap> map_;
   Watches changeWatches_;
   Watches modelWatches_;
+  Watches nameWatches_;
 };
 
 }  // namespace tarvelo

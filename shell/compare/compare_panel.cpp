@@ -18,6 +18,7 @@
 #include "shell/base/strings.h"
 #include "shell/compare/difference_strip.h"
 #include "shell/list/list_view.h"
+#include "shell/services/change_as_code.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"
@@ -294,11 +295,13 @@ std::optional<Region> ComparePanel::ChosenRegion() const {
 }
 
 PanelCommands ComparePanel::MakeCommands() {
-  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  std::vector<PanelCommand> commands = OpenCommands();
   Append(commands, CopyCommands());
   Append(commands, StepCommands(Text::NextDifference, Text::PreviousDifference));
   Append(commands, {{Id::DifferencesToPatch, Text::DifferencesToPatch, Text::HelpAddToPatch, "",
-                     [this] { DifferencesToPatch_Click(); }, ListPanel::Chosen()}});
+                     [this] { DifferencesToPatch_Click(); }, ListPanel::Chosen()},
+                    {Id::ChangeAsCode, Text::ChangeAsCode, Text::HelpChangeAsCode, "Ctrl+Shift+D",
+                     [this] { ShowChangeAsCode(bench_, ChangeOf(*Chosen())); }, ListPanel::Chosen()}});
   return PanelCommands(std::move(commands), Id::OpenHex);
 }
 

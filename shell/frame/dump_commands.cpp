@@ -42,9 +42,22 @@ bool DumpCommands::GetInfo(const std::filesystem::path& path) {
   Document& document = bench_.document;
   document.Open(std::move(*image), path);
   info_.SetSummary(path);
+  ReadNames();
   bench_.status.SetPanel(1, WxPath(path));
   ShowModel();
   return true;
+}
+
+// Says in the information text which lines of the names file are bad.
+void DumpCommands::ReadNames() {
+  if (bench_.talk.fOpenErr([&] { bench_.document.ReadNames(); })) return;
+  const Names& names = bench_.document.PlaceNames();
+  if (names.BadCount() == 0) return;
+  std::string lines = std::string(bench_.texts.Msg(Text::BadNameLinesLabel));
+  for (const std::size_t line : names.BadLines())
+    lines += (line == names.BadLines().front() ? "" : ", ") + std::to_string(line);
+  if (names.BadCount() > names.BadLines().size()) lines += ", ...";
+  bench_.frame.AddInformation(lines + "\n");
 }
 
 void DumpCommands::ShowModel() { bench_.status.SetPanel(2, Wx(bench_.document.Info().StatusText())); }
@@ -113,7 +126,7 @@ void DumpCommands::SaveTo(const std::filesystem::path& path) {
     return;
   bench_.document.SetPath(path);
   bench_.status.SetPanel(1, Wx(bench_.document.FileName()));
-  bench_.sound.Beep(12000, 300);
+  if (!bench_.talk.fOpenErr([&] { bench_.document.TakeNamesAlong(); })) bench_.sound.Beep(12000, 300);
 }
 
 }  // namespace tarvelo

@@ -44,6 +44,7 @@ class DumpCommands {
  private:
   // Reads and identifies a dump and writes the summary. False if the dump cannot be read or is empty.
   bool GetInfo(const std::filesystem::path& path);
+  void ReadNames();
   void ShowModel();
   void SaveTo(const std::filesystem::path& path);
 

@@ -7,17 +7,21 @@
 
 #include <utility>
 
+#include "code/functions_explorer.h"
 #include "document/explorers.h"
 #include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/program_picture.h"
 #include "shell/base/strings.h"
 #include "shell/calculator/calc166.h"
+#include "shell/code/code_panel.h"
+#include "shell/code/references_panel.h"
 #include "shell/compare/compare_panel.h"
 #include "shell/frame/explorer_panels.h"
 #include "shell/frame/wx_dialogs.h"
 #include "shell/hex/hex_panel.h"
 #include "shell/info/info_panel.h"
+#include "shell/list/explorer_panel.h"
 #include "shell/map/dump_panel.h"
 #include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_panel.h"
@@ -73,6 +77,7 @@ Main::Main(Surroundings surroundings)
 
   AddPanels();
   dumps_ = std::make_unique<DumpCommands>(bench_, *panels_, menus_, *info_, [this] {
+    history_.Clear();
     UpdateMenus();
     if (calculator_) calculator_->BaseChanged();
   });
@@ -109,6 +114,8 @@ void Main::AddPanels() {
   for (const Explorer* explorer : Explorers()) panels_->Add(MakePanel(*explorer, bench_));
   panels_->Add(std::make_unique<DumpPanel>(bench_));
   hex_ = &panels_->Add(std::make_unique<HexPanel>(bench_));
+  code_ = &panels_->Add(std::make_unique<CodePanel>(bench_));
+  references_ = &panels_->Add(std::make_unique<ReferencesPanel>(bench_));
   hits_ = &panels_->Add(std::make_unique<HitsPanel>(bench_));
   compare_ = &panels_->Add(std::make_unique<ComparePanel>(bench_));
   patch_ = &panels_->Add(std::make_unique<PatchPanel>(bench_));
@@ -139,14 +146,68 @@ void Main::UpdateMenus() {
 // --- Frame: requests of panels ---
 
 void Main::ShowBl(Offset start, Offset size) {
-  if (start < 0 || start > document_.Image().ffEnd()) return talk_.Complain(Text::DataOutsideImage);
+  if (!IsInside(start)) return;
   if (!tools_.ShowBl(document_.Path(), start, size)) ShowHex(start, size);
 }
 
+bool Main::IsInside(Offset offset) {
+  const bool isInside = offset >= 0 && offset <= document_.Image().ffEnd();
+  if (!isInside) talk_.Complain(Text::DataOutsideImage);
+  return isInside;
+}
+
 void Main::ShowHex(Offset start, Offset size) {
-  if (start < 0 || start > document_.Image().ffEnd()) return talk_.Complain(Text::DataOutsideImage);
-  panels_->ShowPanel(*hex_);
-  hex_->Go(start, size);
+  if (!IsInside(start)) return;
+  Jump([&] {
+    panels_->ShowPanel(*hex_);
+    hex_->Go(start, size);
+  });
+}
+
+void Main::ShowCode(Offset start, Offset size) {
+  if (!IsInside(start)) return;
+  if (!document_.Image().PageMode()) return talk_.Complain(Text::NoCodeInLargeImage);
+  Jump([&] {
+    panels_->ShowPanel(*code_);
+    code_->Go(start, size);
+  });
+}
+
+void Main::ShowReferences(Offset target) {
+  if (!IsInside(target)) return;
+  if (!document_.Image().PageMode()) return talk_.Complain(Text::NoCodeInLargeImage);
+  Jump([&] {
+    references_->Show(target);
+    panels_->ShowPanel(*references_);
+  });
+}
+
+void Main::ShowFunctions(Offset offset) {
+  const auto functions = document_.Functions(*status_);
+  const Function* function = functions->At(offset);
+  Panel& list = *panels_->Of(PanelId(functionsExplorer));
+  Jump([&] {
+    panels_->ShowPanel(list);
+    if (function) list.Return(function - functions->All().data());
+  });
+}
+
+VisitedPlace Main::Here() const {
+  const Panel* visible = panels_->Visible();
+  return visible ? VisitedPlace{visible->Traits().menuEntry, visible->Here()} : VisitedPlace();
+}
+
+void Main::Jump(const Command& go) {
+  const VisitedPlace from = Here();
+  go();
+  history_.Jump(from, Here());
+}
+
+void Main::Revisit(const std::optional<VisitedPlace>& place) {
+  Panel* panel = place ? panels_->Of(place->panel) : nullptr;
+  if (!panel) return;
+  panels_->ShowPanel(*panel);
+  panel->Return(place->at);
 }
 
 void Main::FollowInHex(Offset start, Offset size) {

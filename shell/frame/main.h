@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "document/document.h"
+#include "document/place_history.h"
 #include "resources/messages.h"
 #include "shell/frame/dump_commands.h"
 #include "shell/frame/menus.h"
@@ -26,11 +27,13 @@
 namespace tarvelo {
 
 class Calc166;
+class CodePanel;
 class ComparePanel;
 class HexPanel;
 class HitsPanel;
 class InfoPanel;
 class PatchPanel;
+class ReferencesPanel;
 
 // What the window needs from outside. Tests pass substitutes.
 struct Surroundings {
@@ -74,6 +77,9 @@ class Main final : public wxFrame, private Frame {
   [[nodiscard]] bool IsVisible(const Panel& panel) const override { return panels_->Visible() == &panel; }
   void ShowBl(Offset start, Offset size) override;
   void ShowHex(Offset start, Offset size) override;
+  void ShowCode(Offset start, Offset size) override;
+  void ShowReferences(Offset target) override;
+  void ShowFunctions(Offset offset) override;
   void FollowInHex(Offset start, Offset size) override;
   void AddInformation(const std::string& lines) override;
   void AddInformation(const std::string& name, const std::string& body) override;
@@ -85,6 +91,13 @@ class Main final : public wxFrame, private Frame {
   void AddCommands();
   // Enables the menu entries that are usable now.
   void UpdateMenus();
+
+  // Whether an offset is in the image; otherwise tells the user.
+  [[nodiscard]] bool IsInside(Offset offset);
+  // Where the user is; `go` leads elsewhere, which the history remembers.
+  [[nodiscard]] VisitedPlace Here() const;
+  void Jump(const Command& go);
+  void Revisit(const std::optional<VisitedPlace>& place);
 
   void SaveText_Click();
   void View_Click();
@@ -108,6 +121,7 @@ class Main final : public wxFrame, private Frame {
   ExternalTools tools_;
   std::filesystem::path documents_;
   Document document_;
+  PlaceHistory history_;
   Talk talk_;
   StatusBar* status_;
   Workbench bench_;
@@ -117,6 +131,8 @@ class Main final : public wxFrame, private Frame {
   std::map<int, Command> commands_;
   InfoPanel* info_ = nullptr;
   HexPanel* hex_ = nullptr;
+  CodePanel* code_ = nullptr;
+  ReferencesPanel* references_ = nullptr;
   HitsPanel* hits_ = nullptr;
   ComparePanel* compare_ = nullptr;
   PatchPanel* patch_ = nullptr;

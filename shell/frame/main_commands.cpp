@@ -31,6 +31,8 @@ void Main::AddCommands() {
       {Id::Search, [this] { hits_->Search_Click(); }},
       {Id::CompareWith, [this] { compare_->CompareWith_Click(); }},
       {Id::ApplyPatch, [this] { ApplyPatch_Click(bench_); }},
+      {Id::GoBack, [this] { Revisit(history_.Back(Here())); }},
+      {Id::GoForward, [this] { Revisit(history_.Forward(Here())); }},
       {Id::Help, [this] { Help_Click(); }},
       {Id::Calculator, [this] { tools_.Calculator(); }},
       {Id::Calc166_Menu, [this] { Calc166_Menu_Click(); }},

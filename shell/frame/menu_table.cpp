@@ -43,10 +43,15 @@ constexpr PlacedPanel otherPanels[] = {
 
 const std::vector<MenuEntry> lastPanels = {
     {},
+    {Id::CodeView, Text::Code, Text::HelpCode, "Ctrl+D", true, wxITEM_CHECK},
+    {Id::References, Text::References, Text::HelpReferences, "Ctrl+Shift+U", true, wxITEM_CHECK},
     {Id::HexView, Text::HexView, Text::HelpHexView, "Ctrl+H", true, wxITEM_CHECK},
     {Id::Hits, Text::SearchResults, Text::HelpSearchResults, "Ctrl+R", true, wxITEM_CHECK},
     {Id::ComparePanel, Text::Comparison, Text::HelpComparison, "Ctrl+K", true, wxITEM_CHECK},
     {Id::PatchMenu, Text::Patch, Text::HelpPatch, "Ctrl+0", true, wxITEM_CHECK},
+    {},
+    {Id::GoBack, Text::GoBack, Text::HelpGoBack, "Alt+Left", true},
+    {Id::GoForward, Text::GoForward, Text::HelpGoForward, "Alt+Right", true},
 };
 
 MenuEntry EntryOf(const PlacedPanel& panel) {

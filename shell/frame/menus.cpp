@@ -145,7 +145,7 @@ void Menus::Enable(bool documentOpen, const std::function<bool(int id)>& hasHand
 
 void Menus::CheckPanel(int shown) {
   for (const MenuEntry& entry : PanelEntries())
-    if (entry.id != Id::None) bar_->Check(entry.id, entry.id == shown);
+    if (entry.kind == wxITEM_CHECK) bar_->Check(entry.id, entry.id == shown);
 }
 
 }  // namespace tarvelo

@@ -5,20 +5,15 @@
 
 #include <algorithm>
 #include <bitset>
-#include <cmath>
 
 #include "core/notation.h"
 #include "core/places.h"
 #include "shell/base/strings.h"
+#include "shell/view/blend.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
-
-wxColour Blend(const wxColour& front, const wxColour& back, double share) {
-  const auto mix = [share](unsigned char a, unsigned char b) { return wxColour::AlphaBlend(a, b, share); };
-  return {mix(front.Red(), back.Red()), mix(front.Green(), back.Green()), mix(front.Blue(), back.Blue())};
-}
 
 const wxColour red(220, 30, 50);
 
@@ -178,26 +173,8 @@ Offset HexScene::Rows() const {
   return image->ffEnd() / bytesInRow + 1;
 }
 
-int HexScene::X(int column) const {
-  return margin + static_cast<int>(std::lround((column - leftColumn) * columnWidth));
-}
-
-int HexScene::Y(Offset row) const { return headerHeight + static_cast<int>(row - topRow) * rowHeight; }
-
-int HexScene::ColumnAt(int x) const {
-  return leftColumn + static_cast<int>(std::floor((x - margin) / columnWidth));
-}
-
-Offset HexScene::RowAt(int y) const {
-  const int below = y - headerHeight;
-  return topRow + (below < 0 ? -1 - (-1 - below) / rowHeight : below / rowHeight);
-}
-
 void DrawHex(wxDC& dc, const HexScene& scene, const wxSize& client) {
   const Palette palette;
-  dc.SetBackground(palette.background);
-  dc.Clear();
-  if (scene.Rows() == 0) return;
   DrawHeader(dc, scene, palette, client.x);
   const Offset end = std::min(scene.Rows(), scene.RowAt(client.y) + 1);
   for (Offset row = scene.topRow; row < end; ++row) Row(dc, scene, palette, row).Draw();

@@ -1,14 +1,11 @@
 #include "shell/hex/hex_panel.h"
 
-#include <wx/choice.h>
 #include <wx/panel.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 #include "core/byte_text.h"
@@ -20,21 +17,15 @@
 #include "shell/platform/accessible_name.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
+#include "shell/services/place_commands.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
+#include "shell/view/place_line.h"
 
 namespace tarvelo {
 namespace {
 
 constexpr Offset copyLimit = 0x100000;  // bytes; as text they take several times as much memory
-constexpr unsigned long placeLength = 40;
-
-// The window colour tinted with red.
-wxColour FaultColour() {
-  const wxColour window = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
-  const auto mix = [](unsigned char part, unsigned char red) { return wxColour::AlphaBlend(part, red, 0.7); };
-  return {mix(window.Red(), 0xFF), mix(window.Green(), 0x40), mix(window.Blue(), 0x40)};
-}
 
 }  // namespace
 
@@ -43,46 +34,34 @@ HexPanel::HexPanel(Workbench& bench)
       bench_(bench),
       commands_(MakeCommands()),
       window_(new wxPanel(&bench.frame.Parent())),
-      caption_(new wxStaticText(window_, wxID_ANY, wxString())),
-      place_(new wxTextCtrl(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                            wxTE_PROCESS_ENTER)),
-      kind_(new wxChoice(window_, wxID_ANY)),
-      fault_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
+      place_(new PlaceLine(window_, bench, ColonForm::Page)),
       canvas_(new HexCanvas(window_)),
       editor_(bench, *canvas_),
       information_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                     wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {
-  place_->SetMaxLength(placeLength);
   Layout();
   Bind();
   watch_ = bench.document.OnChange([this] {
     canvas_->ImageChanged();
     ShowInformation();
   });
+  nameWatch_ = bench.document.OnNames([this] { ShowInformation(); });
 }
 
 void HexPanel::Layout() {
   const int gap = window_->FromDIP(6);
-  auto* line = new wxBoxSizer(wxHORIZONTAL);
-  line->Add(caption_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-  line->Add(place_, 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-  line->Add(kind_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-  line->Add(fault_, 1, wxALIGN_CENTRE_VERTICAL);
   auto* all = new wxBoxSizer(wxVERTICAL);
-  all->Add(line, 0, wxEXPAND | wxALL, gap);
+  all->Add(place_, 0, wxEXPAND | wxALL, gap);
   all->Add(canvas_, 1, wxEXPAND);
   all->Add(information_, 0, wxEXPAND | wxALL, gap);
   window_->SetSizer(all);
 }
 
 void HexPanel::Bind() {
-  place_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { GoToPlace(); });
-  place_->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
-    ShowFault(wxString());
-    event.Skip();
-  });
-  kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowFault(wxString()); });
+  place_->onGo = [this](Offset offset) {
+    bench_.frame.ShowHex(offset, 0);
+    canvas_->SetFocus();
+  };
   canvas_->onSelect = [this] { CursorMoved(); };
   canvas_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
   window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
@@ -110,7 +89,7 @@ void HexPanel::Build() {
 
 void HexPanel::Clear() {
   canvas_->SetImage(nullptr, nullptr);
-  ShowFault(wxString());
+  place_->ClearFault();
   ShowInformation();
 }
 
@@ -123,52 +102,17 @@ void HexPanel::Save() {
 }
 
 void HexPanel::Recaption(const Messages& messages) {
-  caption_->SetLabel(Wx(messages.Label(Text::GoTo)));
-  const wxString hint = Wx(messages.Msg(Text::GoToHint));
-  place_->SetHint(hint);
-  place_->SetToolTip(hint);
-  platform::SetAccessibleName(*place_, hint);
-  const int needed = place_->GetTextExtent(hint).x + window_->FromDIP(24);
-  place_->SetMinSize(wxSize(std::min(needed, window_->FromDIP(380)), -1));
+  place_->Recaption(messages);
   platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Traits().name)));
-  platform::SetAccessibleName(*kind_, Wx(messages.Msg(Text::GoTo)));
-  const int kind = std::max(0, kind_->GetSelection());
-  kind_->Set({Wx(messages.Msg(Text::ColumnOffset)), Wx(messages.Msg(Text::PhoneAddress))});
-  kind_->SetSelection(kind);
-  ShowFault(wxString());
   ShowInformation();
   window_->Layout();
 }
 
+Offset HexPanel::Here() const { return canvas_->Selection().offset; }
+
+void HexPanel::Return(Offset here) { Go(here, 0); }
+
 void HexPanel::Go(Offset start, Offset size) { canvas_->Go(start, size); }
-
-// --- the line above ---
-
-void HexPanel::GoToPlace() {
-  if (!canvas_->HasImage()) return;
-  const std::string text = Utf8(place_->GetValue());
-  const auto kind = kind_->GetSelection() == 1 ? PlaceKind::AsAddress : PlaceKind::AsOffset;
-  try {
-    const auto offset = ReadPlace(text, kind, Image());
-    if (!offset) return ShowFault(Wx(bench_.texts.Msg(Text::DataOutsideImage)));
-    ShowFault(wxString());
-    Go(*offset, 0);
-    canvas_->SetFocus();
-  } catch (const std::invalid_argument&) {
-    ShowFault(Wx(bench_.texts.MsgS(Text::NotANumber, text)));
-  } catch (const std::overflow_error&) {
-    ShowFault(Wx(bench_.texts.MsgS(Text::NumberTooLarge, text)));
-  }
-}
-
-// Shows an error beside the line; an empty text removes it.
-void HexPanel::ShowFault(const wxString& text) {
-  if (fault_->GetLabelText() == text) return;
-  fault_->SetLabelText(text);
-  fault_->SetToolTip(text);
-  place_->SetBackgroundColour(text.empty() ? wxNullColour : FaultColour());
-  place_->Refresh();
-}
 
 // --- the line below ---
 
@@ -182,14 +126,23 @@ std::string HexPanel::InformationText() const {
   text.append("    ").append(texts.Label(Text::PhoneAddress)) += " " + AddressText(Image(), range.offset);
   if (range.size > 0)
     text.append("    ").append(texts.Msg(Text::SelectedBytesLabel)) += std::to_string(range.size);
-  return text + "    " + Reading(Image(), range.offset);
+  text += "    " + Reading(Image(), range.offset);
+  const auto name = bench_.document.PlaceNames().At(Image().PhoneAddress(range.offset));
+  if (name)
+    text.append("    ").append(name->name).append(name->comment.empty() ? "" : "  ; ") += name->comment;
+  return text;
 }
 
 // --- commands ---
 
 PanelCommands HexPanel::MakeCommands() {
   std::vector<PanelCommand> commands = SearchCommands();
-  for (PanelCommand& command : EditCommands()) commands.push_back(std::move(command));
+  const auto chosen = [this]() -> std::optional<Region> {
+    if (!canvas_->HasImage()) return {};
+    return canvas_->Selection();
+  };
+  Append(commands, PlaceCommands(bench_, chosen, Id::OpenHex));
+  Append(commands, EditCommands());
   return PanelCommands(std::move(commands));
 }
 
@@ -213,8 +166,12 @@ std::vector<PanelCommand> HexPanel::SearchCommands() {
 
 std::vector<PanelCommand> HexPanel::EditCommands() {
   const auto any = [this] { return canvas_->HasImage(); };
-  const auto canUndo = [this] { return place_->HasFocus() ? place_->CanUndo() : editor_.CanUndo(); };
-  const auto canRedo = [this] { return place_->HasFocus() ? place_->CanRedo() : editor_.CanRedo(); };
+  const auto canUndo = [this] {
+    return place_->Field().HasFocus() ? place_->Field().CanUndo() : editor_.CanUndo();
+  };
+  const auto canRedo = [this] {
+    return place_->Field().HasFocus() ? place_->Field().CanRedo() : editor_.CanRedo();
+  };
   const auto selected = [this] { return canvas_->Selection().size > 0; };
   return {
       {Id::SwitchSide, Text::SwitchHexText, Text::HelpSwitchHexText, "F2", [this] { canvas_->SwitchSide(); },
@@ -231,10 +188,7 @@ std::vector<PanelCommand> HexPanel::EditCommands() {
        [this] { editor_.SelectedToPatch(); }, selected}};
 }
 
-void HexPanel::GoTo_Click() {
-  place_->SetFocus();
-  place_->SelectAll();
-}
+void HexPanel::GoTo_Click() { place_->Start(); }
 
 Bytes HexPanel::BytesToCopy(Text command) {
   const Region range = canvas_->Selection();
@@ -258,30 +212,30 @@ void HexPanel::CopyOffset_Click() { Copy(OffsetText(Image(), canvas_->Selection(
 
 // In the line above, selects the line's own text.
 void HexPanel::SelectBytes_Click() {
-  if (place_->HasFocus())
-    place_->SelectAll();
+  if (place_->Field().HasFocus())
+    place_->Field().SelectAll();
   else
     canvas_->SelectAll();
 }
 
 // In the line above, undoes edits of the line's own text.
 void HexPanel::UndoBytes_Click() {
-  if (place_->HasFocus())
-    place_->Undo();
+  if (place_->Field().HasFocus())
+    place_->Field().Undo();
   else
     editor_.Undo();
 }
 
 void HexPanel::RedoBytes_Click() {
-  if (place_->HasFocus())
-    place_->Redo();
+  if (place_->Field().HasFocus())
+    place_->Field().Redo();
   else
     editor_.Redo();
 }
 
 void HexPanel::PasteHex_Click() {
-  if (place_->HasFocus())
-    place_->Paste();
+  if (place_->Field().HasFocus())
+    place_->Field().Paste();
   else
     editor_.Paste();
 }

@@ -9,15 +9,14 @@
 #include "shell/services/panel_commands.h"
 #include "shell/services/workbench.h"
 
-class wxChoice;
 class wxPanel;
 class wxStaticText;
-class wxTextCtrl;
 
 namespace tarvelo {
 
 class HexCanvas;
 class Pattern;
+class PlaceLine;
 
 class HexPanel final : public Panel {
  public:
@@ -32,6 +31,9 @@ class HexPanel final : public Panel {
   void Save() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;
+
+  [[nodiscard]] Offset Here() const override;
+  void Return(Offset here) override;
 
   // Selects a region, clipped to the end of the image, and scrolls to it. It must start within the image. A
   // size of 0 only moves the cursor.
@@ -51,9 +53,7 @@ class HexPanel final : public Panel {
   void PasteHex_Click();
 
   [[nodiscard]] HexCanvas& Canvas() { return *canvas_; }
-  [[nodiscard]] wxTextCtrl& PlaceLine() { return *place_; }
-  [[nodiscard]] wxChoice& KindChoice() { return *kind_; }
-  [[nodiscard]] wxStaticText& Fault() { return *fault_; }
+  [[nodiscard]] PlaceLine& Place() { return *place_; }
   [[nodiscard]] wxStaticText& Information() { return *information_; }
 
  private:
@@ -63,8 +63,6 @@ class HexPanel final : public Panel {
   [[nodiscard]] std::vector<PanelCommand> SearchCommands();
   [[nodiscard]] std::vector<PanelCommand> EditCommands();
 
-  void GoToPlace();
-  void ShowFault(const wxString& text);
   void ShowInformation();
   [[nodiscard]] std::string InformationText() const;
 
@@ -80,10 +78,7 @@ class HexPanel final : public Panel {
   Workbench& bench_;
   PanelCommands commands_;
   wxPanel* window_;
-  wxStaticText* caption_;
-  wxTextCtrl* place_;
-  wxChoice* kind_;
-  wxStaticText* fault_;
+  PlaceLine* place_;
   HexCanvas* canvas_;
   HexEditor editor_;
   wxStaticText* information_;
@@ -91,6 +86,7 @@ class HexPanel final : public Panel {
   bool isHitShown_ = false;   // the last search found something
   bool isWrapShown_ = false;  // the status bar says that the search went round
   Document::Watch watch_;
+  Document::Watch nameWatch_;
 };
 
 }  // namespace tarvelo

@@ -30,6 +30,9 @@ ExplorerPanel::ExplorerPanel(Workbench& bench, const Explorer& explorer, wxWindo
     isStale_ = true;
     if (IsSeen() && CanChange()) ExplorerPanel::Build();
   });
+  nameWatch_ = bench.document.OnNames([this] {
+    if (found_) List().Reword(listing_.rows);
+  });
 }
 
 void ExplorerPanel::Build() {
@@ -135,8 +138,8 @@ PanelCommands ExplorerPanel::MakeCommands() {
   std::vector<PanelCommand> open = {
       {Id::OpenData, Text::OpenWith, Text::HelpOpenWith, "", [this] { OpenData_Click(); }, chosen},
       {Id::OpenEntry, Text::OpenDescriptionWith, Text::HelpOpenDescriptionWith, "",
-       [this] { OpenEntry_Click(); }, chosen},
-      OpenHexCommand()};
+       [this] { OpenEntry_Click(); }, chosen}};
+  std::ranges::move(OpenCommands(), std::back_inserter(open));
   std::ranges::move(own.open, std::back_inserter(open));
   std::vector<PanelCommand> copy = std::move(own.copy);
   std::ranges::move(CopyCommands(), std::back_inserter(copy));
@@ -155,7 +158,9 @@ PanelCommands ExplorerPanel::MakeCommands() {
                     [this] { return showDeleted_; }});
   std::ranges::move(own.last, std::back_inserter(last));
   Append(commands, std::move(last));
-  return PanelCommands(std::move(commands), own.defaultId ? own.defaultId : Id::OpenData);
+  return PanelCommands(std::move(commands), own.defaultId        ? own.defaultId
+                                            : explorer_.isOfC166 ? Id::OpenCode
+                                                                 : Id::OpenData);
 }
 
 void ExplorerPanel::OpenData_Click() {

@@ -79,6 +79,7 @@ class ExplorerPanel : public ListPanel {
   std::optional<Findings> found_;
   Listing listing_;
   Document::Watch watch_;
+  Document::Watch nameWatch_;
   bool isStale_ = false;      // the image has changed since the search
   bool isAnnounced_ = false;  // the information text has this document's lines
   bool showDeleted_ = false;

@@ -10,6 +10,7 @@
 #include "shell/services/dump_files.h"
 #include "shell/services/edit_commands.h"
 #include "shell/services/ids.h"
+#include "shell/services/place_commands.h"
 
 namespace tarvelo {
 
@@ -26,6 +27,15 @@ ListPanel::ListPanel(Workbench& bench, PanelTraits traits, char letter, wxWindow
   list_->onActivate = [this](std::size_t) { bench_.frame.Run(Commands()->DefaultId()); };
   list_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
   bench_.frame.AcceptDrops(list_->Control());
+}
+
+Offset ListPanel::Here() const {
+  const auto row = list_->Selected();
+  return row ? static_cast<Offset>(*row) : -1;
+}
+
+void ListPanel::Return(Offset here) {
+  if (here >= 0) list_->Select(static_cast<std::size_t>(here));
 }
 
 wxWindow& ListPanel::FirstFocus() { return list_->Control(); }
@@ -54,8 +64,8 @@ std::function<bool()> ListPanel::Any() {
   return [this] { return list_->RowCount() > 0; };
 }
 
-PanelCommand ListPanel::OpenHexCommand() {
-  return {Id::OpenHex, Text::OpenInHexView, Text::HelpHexView, "", [this] { OpenHex_Click(); }, Chosen()};
+std::vector<PanelCommand> ListPanel::OpenCommands() {
+  return PlaceCommands(bench_, [this] { return ChosenRegion(); });
 }
 
 std::vector<PanelCommand> ListPanel::CopyCommands() {
@@ -84,10 +94,6 @@ std::vector<PanelCommand> ListPanel::FindCommands(Text search) {
 std::vector<PanelCommand> ListPanel::StepCommands(Text next, Text previous) {
   return {{Id::Next, next, Text::HelpNext, "F3", [this] { list_->Step(1); }, Any()},
           {Id::Previous, previous, Text::HelpPrevious, "Shift+F3", [this] { list_->Step(-1); }, Any()}};
-}
-
-void ListPanel::OpenHex_Click() {
-  if (const auto region = ChosenRegion()) bench_.frame.ShowHex(region->offset, region->size);
 }
 
 void ListPanel::CopyOffset_Click() {

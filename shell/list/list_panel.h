@@ -29,11 +29,13 @@ class ListPanel : public Panel {
   [[nodiscard]] const PanelCommands* Commands() override;
   void Save() override;
   void Recaption(const Messages& messages) override;
+  // The chosen row; -1: none.
+  [[nodiscard]] Offset Here() const override;
+  void Return(Offset here) override;
 
   [[nodiscard]] ListView& List() const { return *list_; }
 
   // The commands of every list. They do nothing if no row is chosen.
-  void OpenHex_Click();
   void CopyOffset_Click();
   void CopyAddress_Click();
 
@@ -48,7 +50,7 @@ class ListPanel : public Panel {
   [[nodiscard]] virtual std::optional<unsigned> SearchedColumn() const { return {}; }
 
   // Commands for MakeCommands.
-  [[nodiscard]] PanelCommand OpenHexCommand();
+  [[nodiscard]] std::vector<PanelCommand> OpenCommands();
   [[nodiscard]] std::vector<PanelCommand> CopyCommands();
   [[nodiscard]] std::vector<PanelCommand> FindCommands(Text search);
   [[nodiscard]] std::vector<PanelCommand> StepCommands(Text next, Text previous);

@@ -38,6 +38,7 @@ DumpPanel::DumpPanel(Workbench& bench, wxPanel* window)
   Bind();
   ShowMap(false);
   watch_ = bench.document.OnChange([this] { ImageChanged(); });
+  nameWatch_ = bench.document.OnNames([this] { List().Reword(Rows()); });
 }
 
 void DumpPanel::Layout() {
@@ -111,7 +112,19 @@ std::optional<std::size_t> DumpPanel::RowAt(Offset offset) const {
   return static_cast<std::size_t>(&regions.front() - Regions().data());
 }
 
-TableRows DumpPanel::Rows() const { return MapRows(*map_, bench_.document.Image(), bench_.texts); }
+// With the names of the places where regions begin.
+TableRows DumpPanel::Rows() const {
+  constexpr std::size_t whatColumn = 3;
+  TableRows rows = MapRows(*map_, bench_.document.Image(), bench_.texts);
+  rows.row = [this, make = std::move(rows.row)](std::size_t i) {
+    Table::Row row = make(i);
+    const std::uint32_t address = bench_.document.Image().PhoneAddress(Regions()[i].offset);
+    if (const auto name = bench_.document.PlaceNames().NameAt(address); !name.empty())
+      row.cells[whatColumn].append("  ").append(name);
+    return row;
+  };
+  return rows;
+}
 
 void DumpPanel::Clear() {
   map_ = std::make_shared<const DumpMap>();
@@ -154,7 +167,7 @@ std::string DumpPanel::AddressOf(Offset offset) const {
 
 PanelCommands DumpPanel::MakeCommands() {
   const auto chosen = ListPanel::Chosen();
-  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  std::vector<PanelCommand> commands = OpenCommands();
   Append(commands, CopyCommands());
   Append(commands, {{Id::Next, Text::NextRegion, Text::HelpNext, "F3", [this] { StepInKind(1); }, chosen},
                     {Id::Previous, Text::PreviousRegion, Text::HelpPrevious, "Shift+F3",

@@ -54,6 +54,7 @@ class DumpPanel final : public ListPanel {
   std::shared_ptr<const DumpMap> map_ = std::make_shared<const DumpMap>();
   bool isStale_ = true;
   Document::Watch watch_;
+  Document::Watch nameWatch_;
 };
 
 }  // namespace tarvelo

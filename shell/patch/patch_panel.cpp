@@ -6,6 +6,7 @@
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/patch/patch_editor.h"
+#include "shell/services/change_as_code.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"
@@ -97,6 +98,13 @@ void PatchPanel::SavePatch() {
   bench_.status.SetPanel(StatusBar::patchPanel, wxString());
 }
 
+void PatchPanel::ChangeAsCode_Click() {
+  const auto line = static_cast<std::size_t>(Patch_->GetCurrentLine());
+  const PatchLine read = ReadPatchLine(Patch_->Lines().at(line));
+  if (read.kind != PatchLine::Kind::Change) return bench_.talk.Complain(Text::NoChangeHere);
+  ShowChangeAsCode(bench_, {Offset{read.address}, read.oldBytes, read.newBytes});
+}
+
 // --- commands ---
 
 PanelCommands PatchPanel::MakeCommands() {
@@ -121,6 +129,8 @@ PanelCommands PatchPanel::MakeCommands() {
        {Id::Previous, Text::PreviousHit, Text::HelpSearchAgain, "Shift+F3",
         [this] { search_.FindPrevious(); }, any},
        {},
+       {Id::ChangeAsCode, Text::ChangeAsCode, Text::HelpChangeAsCode, "Ctrl+Shift+D",
+        [this] { ChangeAsCode_Click(); }, [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); }},
        {Id::SavePatch, Text::SavePatch, Text::HelpSavePatch, "", [this] { SavePatch(); }}},
       Id::SavePatch);
 }

@@ -36,6 +36,9 @@ class PatchPanel final : public Panel {
   // Writes the patch file and tells the user. Throws FileError; the text then still counts as unsaved.
   void SavePatch();
 
+  // Shows the instructions that the change in the current line concerns, before and after.
+  void ChangeAsCode_Click();
+
   [[nodiscard]] PatchEditor& Patch() { return *Patch_; }
 
  private:

@@ -21,8 +21,11 @@ constexpr std::size_t mostUnasked = 2000;       // hits that are added to the in
 constexpr std::size_t longestText = 100000000;  // bytes that the information text can hold
 constexpr int bytesShown = 256;                 // of each hit, in the list
 
-std::vector<std::string> HitCaptions(const Messages& messages) {
-  return Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes});
+// The names have a column if there are any.
+std::vector<std::string> HitCaptions(const Messages& messages, const Names& names) {
+  auto captions = Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes});
+  if (names.Count() > 0) captions.emplace_back(messages.Msg(Text::FunctionName));
+  return captions;
 }
 
 }  // namespace
@@ -30,6 +33,7 @@ std::vector<std::string> HitCaptions(const Messages& messages) {
 HitsPanel::HitsPanel(Workbench& bench)
     : ListPanel(bench, {.menuEntry = Id::Hits, .name = Text::SearchResults}, 'S') {
   watch_ = bench.document.OnChange([this] { ImageChanged(); });
+  nameWatch_ = bench.document.OnNames([this] { List().Reword(Rows()); });
 }
 
 void HitsPanel::Clear() { ShowHits({}); }
@@ -61,7 +65,7 @@ void HitsPanel::Build() {
 
 void HitsPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
-  List().SetCaptions(HitCaptions(messages));
+  List().SetCaptions(HitCaptions(messages, bench_.document.PlaceNames()));
 }
 
 void HitsPanel::Search_Click() {
@@ -124,7 +128,8 @@ std::optional<std::string> HitsPanel::HitsAsText() {
 }
 
 TableRows HitsPanel::Rows() const {
-  return {HitCaptions(bench_.texts), found_.hits.size(), [this](std::size_t i) { return RowOf(i); }};
+  return {HitCaptions(bench_.texts, bench_.document.PlaceNames()), found_.hits.size(),
+          [this](std::size_t i) { return RowOf(i); }};
 }
 
 Table::Row HitsPanel::RowOf(std::size_t number) const {
@@ -136,7 +141,10 @@ Table::Row HitsPanel::RowOf(std::size_t number) const {
   const int shown = std::min(found_.pattern.PatCount(), bytesShown);
   for (int k = 0; k < shown; ++k) bytes += image.ByteHex(hit + k);
   if (shown < found_.pattern.PatCount()) bytes += "...";
-  return {{place, OffsetText(image, hit), AddressText(image, hit), bytes}};
+  Table::Row row{{place, OffsetText(image, hit), AddressText(image, hit), bytes}};
+  const Names& names = bench_.document.PlaceNames();
+  if (names.Count() > 0) row.cells.emplace_back(names.NameAt(image.PhoneAddress(hit)));
+  return row;
 }
 
 std::optional<Region> HitsPanel::ChosenRegion() const {
@@ -146,7 +154,7 @@ std::optional<Region> HitsPanel::ChosenRegion() const {
 }
 
 PanelCommands HitsPanel::MakeCommands() {
-  std::vector<PanelCommand> commands = {OpenHexCommand()};
+  std::vector<PanelCommand> commands = OpenCommands();
   Append(commands, CopyCommands());
   Append(commands, StepCommands(Text::NextHit, Text::PreviousHit));
   return PanelCommands(std::move(commands), Id::OpenHex);

@@ -47,6 +47,7 @@ class HitsPanel final : public ListPanel {
   FoundHits found_;
   bool isStale_ = false;  // the image has changed since the search
   Document::Watch watch_;
+  Document::Watch nameWatch_;
 };
 
 }  // namespace tarvelo

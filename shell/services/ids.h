@@ -28,6 +28,8 @@ enum : int {
   Help,
   About,
   Demonstration,
+  GoBack,
+  GoForward,
 
   // --- panels ---
   Info,
@@ -37,6 +39,8 @@ enum : int {
   AddrBook,
   HexView,
   ComparePanel,
+  CodeView,
+  References,
   Hits,
   PatchMenu,
   FirstExplorer,  // in the order of Explorers()
@@ -46,6 +50,10 @@ enum : int {
   OpenData,   // of the chosen row, in the user's hex editor
   OpenEntry,  // the header or table entry that describes it
   OpenHex,    // the data in the hex view
+  OpenCode,   // as code
+  WhoRefers,
+  NamePlace,
+  CommentPlace,
   CopyOffset,
   CopyAddress,
   CopyRows,
@@ -102,6 +110,16 @@ enum : int {
   SelectedToPatch,
   SavePatch,
   DifferencesToPatch,
+
+  FollowTarget,
+  CopyWithBytes,
+  CopyPagePointer,
+  CopySegmentPointer,
+  CopyAsPattern,
+  FindAlike,
+  StateDpps,
+  ShowFunctions,
+  ChangeAsCode,
 };
 
 }  // namespace tarvelo::Id

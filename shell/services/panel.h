@@ -2,6 +2,7 @@
 #pragma once
 
 #include "resources/texts.h"
+#include "text/bytes.h"
 
 class wxWindow;
 
@@ -34,6 +35,11 @@ class Panel {
 
   // The window that gets the keyboard focus when the panel is shown.
   [[nodiscard]] virtual wxWindow& FirstFocus() { return Window(); }
+
+  // Where the user is in the panel, for going back and forth; what the number counts is the panel's matter.
+  // Return goes there, if that place still exists.
+  [[nodiscard]] virtual Offset Here() const { return 0; }
+  virtual void Return(Offset here) { (void)here; }
 
   // Prepares the panel's content. Called each time before the panel becomes visible; the panel decides what
   // needs to be done.

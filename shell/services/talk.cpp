@@ -41,6 +41,12 @@ std::optional<std::string> Talk::Ask(Text prompt, const std::string& initial) {
   return Utf8(*answer);
 }
 
+std::optional<std::string> Talk::AskLine(Text prompt, const std::string& initial) {
+  const auto answer = dialogs_.Ask(Msg(prompt), Wx(initial));
+  if (!answer) return {};
+  return Utf8(*answer);
+}
+
 std::optional<std::string> Talk::AskPattern() {
   const wxString examples = "\n\nExamples:\nE6,FC,41,00,E6\nE6??4100E6\ne6??41,00 e6";
   const auto answer = dialogs_.Ask(Msg(Text::AskSearchString) + examples, Wx(lastPattern_));

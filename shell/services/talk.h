@@ -35,6 +35,8 @@ class Talk {
 
   // Asks for a line of text. Nothing if the user cancels or leaves it empty.
   [[nodiscard]] std::optional<std::string> Ask(Text prompt, const std::string& initial);
+  // Likewise, but an empty line is an answer.
+  [[nodiscard]] std::optional<std::string> AskLine(Text prompt, const std::string& initial);
   // Asks for a byte pattern and suggests the last one.
   [[nodiscard]] std::optional<std::string> AskPattern();
   // Asks a question. True only for Yes.

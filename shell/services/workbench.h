@@ -46,6 +46,11 @@ class Frame {
   virtual void ShowBl(Offset start, Offset size) = 0;
   // Shows a region in the hex view, even if a hex editor is configured.
   virtual void ShowHex(Offset start, Offset size) = 0;
+  // Shows a region as code, and the places that refer to an offset.
+  virtual void ShowCode(Offset start, Offset size) = 0;
+  virtual void ShowReferences(Offset target) = 0;
+  // Shows the list of functions, at the one that has an offset.
+  virtual void ShowFunctions(Offset offset) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
 

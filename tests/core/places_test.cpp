@@ -61,5 +61,26 @@ TEST(Places, ReadValuesInTheImage) {
   EXPECT_EQ(Reading(image, 0x7FFFFF), "FF");
 }
 
+TEST(Places, AreFoundByNameSegmentOrPage) {
+  Dump dump;
+  dump.image = Erased(0x800000);  // 800000 is segment 80 and page 200
+  dump.names = Names("812345\tAbc\n812346\tbad\n100\tRam");
+  using enum ColonForm;
+  const std::tuple<const char*, ColonForm, std::optional<Offset>> cases[] = {
+      {"81:2345", Segment, 0x12345}, {"204:2345", Segment, 0x12345}, {"81:2345", Page, 0x12345},
+      {"204:2345", Page, 0x12345},   {" abc ", Page, 0x12345},       {"0xABC", Page, 0xABC},
+      {"BAD", Segment, 0x12346},     {"12345", Segment, 0x12345},    {"ram", Page, {}},
+      {"100000:0", Segment, {}},     {"7F:FFFF", Segment, {}},
+  };
+  for (const auto& [text, form, offset] : cases)
+    EXPECT_EQ(FindPlace(text, PlaceKind::AsOffset, form, dump), offset) << text;
+  EXPECT_THROW((void)FindPlace("x:1", PlaceKind::AsOffset, Page, dump), std::invalid_argument);
+  EXPECT_EQ(SegmentText(dump.image, 0x12345), "81:2345");
+  dump.image = Erased(0x1000000);  // both forms are in the image
+  dump.names = Names();
+  EXPECT_EQ(FindPlace("80:1", PlaceKind::AsOffset, Segment, dump), 0x800001);
+  EXPECT_EQ(FindPlace("80:1", PlaceKind::AsOffset, Page, dump), 0x200001);
+}
+
 }  // namespace
 }  // namespace tarvelo

@@ -1,5 +1,5 @@
 #include "document/hex_columns.h"
-#include "document/hex_cursor.h"
+#include "document/row_cursor.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ TEST(HexColumns, FindTheByteAtEachColumn) {
   EXPECT_EQ(HexColumns(Erased(0x1000001)).Address(), columns.Address() + 1);  // offsets of seven digits
 }
 
-TEST(HexCursor, StaysInTheImage) {
+TEST(RowCursor, StaysInTheImage) {
   using enum CursorStep;
   // 3 rows, the last one of 5 bytes; a page is 2 rows.
   const std::tuple<Offset, CursorStep, Offset> cases[] = {
@@ -33,13 +33,13 @@ TEST(HexCursor, StaysInTheImage) {
       {20, RowEnd, 31}, {33, RowEnd, 36},  {20, ImageStart, 0}, {20, ImageEnd, 36},
   };
   for (const auto& [from, step, to] : cases) {
-    HexCursor cursor(37);
+    RowCursor cursor(37, 16);
     cursor.MoveTo(from, false);
     cursor.Move(step, 2, true);
     EXPECT_EQ(cursor.At(), to) << from;
     EXPECT_EQ(cursor.Selection(), (Region{std::min(from, to), std::abs(from - to) + 1})) << from;
   }
-  HexCursor none;
+  RowCursor none;
   none.Select({5, 5});
   none.Move(ImageEnd, 2, true);
   EXPECT_EQ(none.Selection(), Region());

@@ -1,12 +1,14 @@
 // The hex view of the demonstration dump.
 #pragma once
 
+#include <wx/choice.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include "shell/desk.h"
 #include "shell/hex/hex_canvas.h"
 #include "shell/hex/hex_panel.h"
+#include "shell/view/place_line.h"
 
 namespace tarvelo {
 
@@ -22,10 +24,11 @@ class HexDesk : public Desk {
 
   // Enters a place to go to. Returns the error message.
   std::string Enter(const std::string& place) {
-    Panel().PlaceLine().SetValue(Wx(place));
-    wxCommandEvent enter(wxEVT_TEXT_ENTER, Panel().PlaceLine().GetId());
-    Panel().PlaceLine().ProcessWindowEvent(enter);
-    return Utf8(Panel().Fault().GetLabelText());
+    wxTextCtrl& field = Panel().Place().Field();
+    field.SetValue(Wx(place));
+    wxCommandEvent enter(wxEVT_TEXT_ENTER, field.GetId());
+    field.ProcessWindowEvent(enter);
+    return Utf8(Panel().Place().Fault().GetLabelText());
   }
 
   void Press(int key, int modifiers = wxMOD_NONE) { Key(Canvas(), key, modifiers); }

@@ -20,7 +20,7 @@ TEST_F(HexDesk, GoesToAPlace) {
   EXPECT_EQ(Enter("123456789"), "Number too large: \"123456789\"");
   EXPECT_EQ(Enter("12345678"), "The data lies outside the image.");
   EXPECT_EQ(Selected().offset, 0x212345);
-  Panel().KindChoice().SetSelection(1);
+  Panel().Place().Kind().SetSelection(1);
   EXPECT_EQ(Enter("800010"), "");  // a phone address
   EXPECT_EQ(Selected().offset, 0x10);
   EXPECT_EQ(Enter("10"), "The data lies outside the image.");

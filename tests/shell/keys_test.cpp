@@ -11,36 +11,10 @@
 #include "shell/eeprom/eeprom_panel.h"
 #include "shell/frame/wx_dialogs.h"
 #include "shell/hex_desk.h"
+#include "shell/keys.h"
 
 namespace tarvelo {
 namespace {
-
-void PointAt(const wxWindow& window) {
-  const wxRect place = window.GetScreenRect();
-  wxUIActionSimulator().MouseMove(place.GetTopLeft() + place.GetSize() / 2);
-}
-
-// Does something, again and again, until `done` holds. Gives up after 20 tries.
-template <typename Action, typename Done>
-bool Until(Action action, Done done) {
-  for (int i = 0; i < 20 && !done(); ++i) {
-    action();
-    wxMilliSleep(100);
-    Settle();
-  }
-  return done();
-}
-
-// Presses a key, with the pointer over a window, until `done` holds: the window may not have the focus yet.
-template <typename Done>
-bool PressUntil(const wxWindow& window, int key, int modifiers, Done done) {
-  return Until(
-      [&] {
-        PointAt(window);
-        wxUIActionSimulator().Char(key, modifiers);
-      },
-      done);
-}
 
 // Presses a key again and again, with the pointer over the centre of a window where its dialogs appear, until
 // the dialog closes.
@@ -172,7 +146,7 @@ TEST_F(HexDesk, IsEditedByKeyboardAlone) {
   EXPECT_TRUE(press(before == 0x11 ? '2' : '1', wxMOD_NONE, changed));
 
   // In the line above, keys edit the line.
-  wxTextCtrl& line = Panel().PlaceLine();
+  wxTextCtrl& line = Panel().Place().Field();
   Copy("34");
   EXPECT_TRUE(press('L', wxMOD_CONTROL, [&] { return line.HasFocus(); }));
   EXPECT_TRUE(press('V', wxMOD_CONTROL, [&] { return line.GetValue() == "34"; }));

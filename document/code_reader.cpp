@@ -1,0 +1,270 @@
+#include "document/code_reader.h"
+
+#include <algorithm>
+
+#include "code/instruction_text.h"
+#include "core/byte_text.h"
+#include "core/notation.h"
+#include "core/places.h"
+#include "document/map_kinds.h"
+#include "document/map_table.h"
+#include "text/unicode.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr std::uint32_t pageSize = 0x4000;
+constexpr std::uint32_t segmentSize = 0x10000;
+constexpr int pairReach = 5;             // instructions; a pair has no jump or call between its two
+constexpr std::size_t longestText = 60;  // characters shown of a text
+constexpr std::size_t shortestText = 4;
+constexpr std::uint8_t moveWord = 0xE6;  // MOV reg, #data16
+
+CodeInk InkOf(const Operand& operand) {
+  using enum Operand::Kind;
+  switch (operand.kind) {
+    case WordRegister:
+    case ByteRegister:
+    case At:
+    case After:
+    case Before:
+    case Indexed: return CodeInk::Register;
+    case Immediate:
+    case Count: return CodeInk::Constant;
+    case Bit:
+    case BitWord: return operand.isRegister ? CodeInk::Register : CodeInk::Address;
+    case Memory:
+    case Special:
+    case Segment:
+    case Target: return CodeInk::Address;
+    case None:
+    case Condition: break;
+  }
+  return CodeInk::Plain;
+}
+
+std::vector<CodePart> PartsOf(const Instruction& instruction, std::uint32_t address, bool isExtended) {
+  std::vector<CodePart> parts = {{CodeInk::Mnemonic, std::string(instruction.Mnemonic())}};
+  std::string before = " ";
+  for (const Operand& operand : instruction.GetOperands(address, isExtended)) {
+    if (operand.kind == Operand::Kind::None) break;
+    CodeText text;
+    AddOperand(text, operand);
+    parts.push_back({CodeInk::Plain, before});
+    parts.push_back({InkOf(operand), std::string(text.View())});
+    before = ", ";
+  }
+  return parts;
+}
+
+void AddSpaced(std::string& text, const std::string& more) {
+  if (more.empty()) return;
+  if (!text.empty()) text += "  ";
+  text += more;
+}
+
+// Data as text; nothing for erased bytes and zeros.
+std::string BesideData(Bytes bytes) {
+  const auto isFilling = [](std::uint8_t byte) { return byte == 0 || byte == 0xFF; };
+  if (std::ranges::all_of(bytes, isFilling)) return {};
+  std::u16string text;
+  for (const std::uint8_t byte : bytes) text += ShownCharacter(byte);
+  return ToUtf8(text);
+}
+
+// Whether a register of a MOV reg, #data16 is R0 .. R15.
+bool LoadsRegister(const Instruction& instruction) {
+  return !instruction.IsData() && instruction.Op() == moveWord && instruction.High() == 0xF;
+}
+
+}  // namespace
+
+std::string CodeLine::Text() const {
+  std::string text;
+  for (const CodePart& part : parts) text += part.text;
+  return text;
+}
+
+std::optional<std::uint16_t> PageOf(const DppPages& dpps, int dpp) {
+  const auto& page = dpps[static_cast<std::size_t>(dpp)];
+  if (!page && dpp == 3) return std::uint16_t{3};
+  return page;
+}
+
+CodeLine CodeReader::Read(Offset number) const {
+  const CodeRow row = from_.rows->At(number);
+  if (row.kind == CodeRow::Kind::Heading) return Heading(row);
+  CodeLine line = row.kind == CodeRow::Kind::Data ? Data(row) : Code(number, row);
+  const bool hasHeading = number > 0 && from_.rows->At(number - 1).kind == CodeRow::Kind::Heading;
+  if (!hasHeading) AddComment(line.meaning, row.offset);
+  return line;
+}
+
+void CodeReader::AddComment(std::string& text, Offset offset) const {
+  const auto name = from_.dump->names.At(Image().PhoneAddress(offset));
+  if (name && !name->comment.empty()) AddSpaced(text, "; " + std::string(name->comment));
+}
+
+CodeLine CodeReader::Heading(const CodeRow& row) const {
+  CodeLine line;
+  const std::string name(from_.dump->names.NameAt(Image().PhoneAddress(row.offset)));
+  const Function* function = from_.functions->Entry(row.offset);
+  if (function) {
+    line.parts.push_back({CodeInk::Plain, FunctionAt(row.offset)});
+    line.meaning = std::string(texts_.Msg(Text::CallsLabel)) + std::to_string(function->calls);
+  } else {
+    line.parts.push_back({CodeInk::Plain, name + ":"});
+  }
+  AddComment(line.meaning, row.offset);
+  return line;
+}
+
+std::string CodeReader::FunctionAt(Offset offset) const {
+  const Function* function = from_.functions->At(offset);
+  if (!function) return {};
+  const std::string name(from_.dump->names.NameAt(Image().PhoneAddress(function->code.offset)));
+  if (!name.empty()) return name;
+  return std::string(texts_.Msg(Text::MapFunction)) + " " + SegmentText(Image(), function->code.offset);
+}
+
+CodeLine CodeReader::Data(const CodeRow& row) const {
+  CodeLine line;
+  std::string values;
+  for (int i = 0; i < row.size; i += 2) {
+    values += i == 0 ? "" : ", ";
+    CodeText value;
+    const bool isByte = i + 1 == row.size;
+    value.AddNumber(isByte ? Image().Byte(row.offset + i) : Image().Word(row.offset + i));
+    values += value.View();
+  }
+  line.parts = {{CodeInk::Plain, row.size == 1 ? "DB " : "DW "}, {CodeInk::Plain, values}};
+  line.meaning = BesideData(Image().Region(row.offset, row.size));
+  for (int i = 0; i + 4 <= row.size; i += 4) {
+    const auto address = PointerAt(row.offset + i);
+    if (!address) continue;
+    const auto target = OffsetOf(Image(), *address);
+    if (!line.target) line.target = target;
+    const std::string name = from_.functions->Entry(*target) ? FunctionAt(*target) : NameOf(*address);
+    AddSpaced(line.meaning, name);
+  }
+  return line;
+}
+
+// A pointer to a function or to a place that the user has named: offset and page, or offset and segment.
+std::optional<std::uint32_t> CodeReader::PointerAt(Offset offset) const {
+  const std::uint32_t low = Image().Word(offset);
+  const std::uint32_t high = Image().Word(offset + 2);
+  for (const std::uint32_t unit : {segmentSize, pageSize}) {
+    if (high > 0xFFFFFF / unit || low >= unit) continue;
+    const std::uint32_t address = high * unit + low;
+    const auto target = OffsetOf(Image(), address);
+    if (target && (from_.functions->Entry(*target) || !from_.dump->names.NameAt(address).empty()))
+      return address;
+  }
+  return {};
+}
+
+CodeLine CodeReader::Code(Offset number, const CodeRow& row) const {
+  const Instruction instruction = Instruction::Decode(Image().ff(), row.offset);
+  if (instruction.IsData() || instruction.Size() != row.size) return Data(row);
+  const std::uint32_t address = Image().PhoneAddress(row.offset);
+  const ExtRange range = RangeAt(number);
+  CodeLine line;
+  line.parts = PartsOf(instruction, address, range.IsExtended());
+  if (const auto target = instruction.Target(address)) {
+    line.target = OffsetOf(Image(), *target);
+    line.meaning = from_.dump->names.NameAt(*target);
+    return line;
+  }
+  auto named = MemoryAddress(instruction, range);
+  if (!named) named = PairAddress(number, instruction);
+  if (!named) return line;
+  line.target = OffsetOf(Image(), *named);
+  if (line.target) line.meaning = SegmentText(Image(), *line.target);
+  AddSpaced(line.meaning, NameOf(*named));
+  return line;
+}
+
+// The next instruction in front of a row or behind it; nothing if data comes first.
+std::optional<CodeReader::Step> CodeReader::Neighbour(Offset row, int direction) const {
+  for (row += direction; row >= 0 && row < from_.rows->Count(); row += direction) {
+    const CodeRow found = from_.rows->At(row);
+    if (found.kind == CodeRow::Kind::Heading) continue;
+    if (found.kind == CodeRow::Kind::Data) return {};
+    const Instruction instruction = Instruction::Decode(Image().ff(), found.offset);
+    if (instruction.IsData() || instruction.Size() != found.size) return {};
+    return Step{row, instruction};
+  }
+  return {};
+}
+
+// A range covers at most 4 instructions, so those 4 in front determine it.
+ExtRange CodeReader::RangeAt(Offset row) const {
+  std::vector<Instruction> before;
+  for (auto step = Neighbour(row, -1); step && before.size() < 4; step = Neighbour(step->row, -1))
+    before.push_back(step->instruction);
+  ExtRange range;
+  for (auto instruction = before.rbegin(); instruction != before.rend(); ++instruction)
+    range.Pass(*instruction);
+  return range;
+}
+
+std::optional<std::uint32_t> CodeReader::MemoryAddress(const Instruction& instruction,
+                                                       const ExtRange& range) const {
+  if (!instruction.HasMemory()) return {};
+  const std::uint16_t bits = instruction.Word();
+  if (range.ReplacesDpp()) return range.Address(bits);
+  const auto page = PageOf(from_.dpps, bits / pageSize);
+  if (!page) return {};
+  return *page * pageSize + bits % pageSize;
+}
+
+// The address that MOV Rn, #offset and MOV Rn+1, #page or #segment near it make together.
+std::optional<std::uint32_t> CodeReader::PairAddress(Offset row, const Instruction& instruction) const {
+  if (!LoadsRegister(instruction) || instruction.Low() == 0xF) return {};
+  const std::uint32_t low = instruction.Word();
+  for (const int direction : {1, -1}) {
+    auto step = Neighbour(row, direction);
+    for (int i = 0; step && i < pairReach; ++i, step = Neighbour(step->row, direction)) {
+      const Instruction& other = step->instruction;
+      if (other.GetFlow() != Flow::Next) break;
+      if (!LoadsRegister(other) || other.Low() != instruction.Low() + 1) continue;
+      const std::uint32_t high = other.Word();
+      for (const std::uint32_t unit : {pageSize, segmentSize})
+        if (low < unit && high <= 0xFFFFFF / unit && OffsetOf(Image(), high * unit + low))
+          return high * unit + low;
+      break;
+    }
+  }
+  return {};
+}
+
+std::string CodeReader::NameOf(std::uint32_t address) const {
+  if (const auto name = from_.dump->names.NameAt(address); !name.empty()) return std::string(name);
+  const auto offset = OffsetOf(Image(), address);
+  if (!offset || from_.functions->At(*offset)) return {};
+  const auto regions = from_.map ? from_.map->Within(*offset, 1) : std::span<const Claim>();
+  const ClaimGroup* group = regions.empty() ? nullptr : regions.front().kind->group;
+  const bool isFound = group && group != &map::codeGroup && group != &map::unknownGroup &&
+                       group != &map::textGroup && group != &map::erasedGroup && group != &map::fillingGroup;
+  if (isFound) return WhatOf(regions.front(), texts_);
+  return QuotedText(*offset);
+}
+
+// The text that begins at an offset, up to its zero byte, in quotes; empty if there is none.
+std::string CodeReader::QuotedText(Offset offset) const {
+  std::u16string text;
+  for (; offset <= Image().ffEnd() && text.size() <= longestText; ++offset) {
+    const std::uint8_t byte = Image().Byte(offset);
+    if (byte == 0) break;
+    const char16_t character = ShownCharacter(byte);
+    const bool isLineEnd = byte == '\n' || byte == '\r' || byte == '\t';
+    if (character == u'.' && byte != '.' && !isLineEnd) return {};
+    text += isLineEnd ? u' ' : character;
+  }
+  if (text.size() < shortestText) return {};
+  if (text.size() > longestText) text.replace(longestText, 1, u"...");
+  return "\"" + ToUtf8(text) + "\"";
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,101 @@
+#include "shell/view/place_line.h"
+
+#include <wx/choice.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "resources/texts.h"
+#include "shell/base/strings.h"
+#include "shell/platform/accessible_name.h"
+#include "shell/services/workbench.h"
+#include "shell/view/blend.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr unsigned long placeLength = 200;
+
+}  // namespace
+
+PlaceLine::PlaceLine(wxWindow* parent, Workbench& bench, ColonForm form)
+    : wxPanel(parent),
+      bench_(bench),
+      form_(form),
+      caption_(new wxStaticText(this, wxID_ANY, wxString())),
+      place_(
+          new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER)),
+      kind_(new wxChoice(this, wxID_ANY)),
+      fault_(new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {
+  place_->SetMaxLength(placeLength);
+  const int gap = FromDIP(6);
+  auto* line = new wxBoxSizer(wxHORIZONTAL);
+  line->Add(caption_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(place_, 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(kind_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(fault_, 1, wxALIGN_CENTRE_VERTICAL);
+  SetSizer(line);
+  place_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { Enter(); });
+  place_->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
+    ClearFault();
+    event.Skip();
+  });
+  kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ClearFault(); });
+}
+
+void PlaceLine::Start() {
+  place_->SetFocus();
+  place_->SelectAll();
+}
+
+void PlaceLine::Enter() {
+  if (!bench_.document.IsOpen()) return;
+  const std::string text = Utf8(place_->GetValue());
+  const auto kind = kind_->GetSelection() == 1 ? PlaceKind::AsAddress : PlaceKind::AsOffset;
+  try {
+    const auto offset = FindPlace(text, kind, form_, bench_.document.Get());
+    if (!offset) return ShowFault(Wx(bench_.texts.Msg(Text::DataOutsideImage)));
+    ClearFault();
+    if (onGo) onGo(*offset);
+  } catch (const std::invalid_argument&) {
+    ShowFault(Wx(bench_.texts.MsgS(Text::NotANumber, text)));
+  } catch (const std::overflow_error&) {
+    ShowFault(Wx(bench_.texts.MsgS(Text::NumberTooLarge, text)));
+  }
+}
+
+void PlaceLine::ClearFault() { ShowFault(wxString()); }
+
+// Shows an error beside the line; an empty text removes it.
+void PlaceLine::ShowFault(const wxString& text) {
+  if (fault_->GetLabelText() == text) return;
+  fault_->SetLabelText(text);
+  fault_->SetToolTip(text);
+  const wxColour tinted =
+      Blend(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW), wxColour(0xFF, 0x40, 0x40), 0.7);
+  place_->SetBackgroundColour(text.empty() ? wxNullColour : tinted);
+  place_->Refresh();
+}
+
+void PlaceLine::Recaption(const Messages& messages) {
+  caption_->SetLabel(Wx(messages.Label(Text::GoTo)));
+  const wxString hint = Wx(messages.Msg(Text::GoToHint));
+  place_->SetHint(hint);
+  place_->SetToolTip(hint);
+  platform::SetAccessibleName(*place_, hint);
+  const int needed = place_->GetTextExtent(hint).x + FromDIP(24);
+  place_->SetMinSize(wxSize(std::min(needed, FromDIP(380)), -1));
+  platform::SetAccessibleName(*kind_, Wx(messages.Msg(Text::GoTo)));
+  const int kind = std::max(0, kind_->GetSelection());
+  kind_->Set({Wx(messages.Msg(Text::ColumnOffset)), Wx(messages.Msg(Text::PhoneAddress))});
+  kind_->SetSelection(kind);
+  ClearFault();
+  Layout();
+}
+
+}  // namespace tarvelo

@@ -1,0 +1,48 @@
+// The line above a view of the image: type a place, press Enter, and the view goes there.
+#pragma once
+
+#include <wx/panel.h>
+
+#include <functional>
+
+#include "core/places.h"
+
+class wxChoice;
+class wxStaticText;
+class wxTextCtrl;
+
+namespace tarvelo {
+
+class Messages;
+struct Workbench;
+
+class PlaceLine final : public wxPanel {
+ public:
+  // `form`: what two numbers with a colon mean in this view.
+  PlaceLine(wxWindow* parent, Workbench& bench, ColonForm form);
+
+  // Puts the caret into the line and selects its text.
+  void Start();
+  // Reads the place and goes there; if it cannot, shows why.
+  void Enter();
+  void ClearFault();
+  void Recaption(const Messages& messages);
+
+  [[nodiscard]] wxTextCtrl& Field() { return *place_; }
+  [[nodiscard]] wxChoice& Kind() { return *kind_; }
+  [[nodiscard]] wxStaticText& Fault() { return *fault_; }
+
+  std::function<void(Offset)> onGo;
+
+ private:
+  void ShowFault(const wxString& text);
+
+  Workbench& bench_;
+  ColonForm form_;
+  wxStaticText* caption_;
+  wxTextCtrl* place_;
+  wxChoice* kind_;
+  wxStaticText* fault_;
+};
+
+}  // namespace tarvelo
