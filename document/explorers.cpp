@@ -14,11 +14,7 @@ namespace tarvelo {
 namespace {
 
 constexpr std::array all{
-    &eepromExplorer,
-    &picturesExplorer,
-    &ringtonesExplorer,
-    &filesExplorer,
-    &functionsExplorer,
+    &eepromExplorer, &picturesExplorer, &ringtonesExplorer, &filesExplorer, &functionsExplorer,
 };
 
 std::vector<std::size_t> LiveRecords(const Explorer& explorer, const Findings& found) {

@@ -24,7 +24,7 @@ constexpr int bytesShown = 256;                 // of each hit, in the list
 // The names have a column if there are any.
 std::vector<std::string> HitCaptions(const Messages& messages, const Names& names) {
   auto captions = Captions(messages, {"N", Text::ColumnOffset, Text::ColumnAddress, Text::ColumnBytes});
-  if (names.Count() > 0) captions.emplace_back(messages.Msg(Text::FunctionName));
+  if (names.Count() > 0) captions.emplace_back(messages.Msg(Text::ColumnName));
   return captions;
 }
 

@@ -179,12 +179,13 @@ int Redness(const wxColour& colour) { return colour.Red() - colour.Green(); }
 TEST_F(HexDesk, PaintsChangesAndTheSelection) {
   OpenBytes("zeros.bin", std::vector<std::uint8_t>(0x4000), Id::HexView);
   for (const Offset changed : {2, 5}) Open().Write(changed, std::vector<std::uint8_t>{0x88});
-  HexScene scene{.image = &Image(),
-                 .edits = &Open().Edits(),
-                 .columns = HexColumns(Image()),
-                 .cursor = HexCursor(End()),
-                 .columnWidth = 12,
-                 .rowHeight = 24};
+  HexScene scene;
+  scene.image = &Image();
+  scene.edits = &Open().Edits();
+  scene.columns = HexColumns(Image());
+  scene.columnWidth = 12;
+  scene.rowHeight = 24;
+  scene.cursor = RowCursor(End(), 16);
   scene.cursor.Select({4, 2});
   wxBitmap bitmap(scene.X(scene.columns.End()), 2 * scene.rowHeight);
   {
