@@ -15,7 +15,7 @@ class SeveralDumps : public testing::Test {
   SeveralDumps() {
     ImageBuilder image(0x100000);
     PutHeader(image, "C55");
-    PutBlock(image, 0x8000, 0xFC, 76, 0x9000, 0x10);
+    PutBlock(image, 0xF8000, 0xFC, 76, 0xF9000, 0x10);
     image.Data(0x100, Data{0x12, 0x34});
     one = PathText(folder.Write("one.bin", std::move(image).Take()));
     two = PathText(folder.Write("two.bin", std::string(0x100000, '\0')));
@@ -55,7 +55,7 @@ TEST_F(SeveralDumps, OneThatCannotBeReadDoesNotStopTheOthers) {
 }
 
 TEST_F(SeveralDumps, APatchIsCheckedAgainstEach) {
-  const std::string patch = PathText(folder.Write("a.qpt", ";x\n100: 1234 5678\n"));
+  const std::string patch = PathText(folder.Write("a.qpt", std::string(";x\n100: 1234 5678\n")));
   const Result check = Call({"apply", one, two, patch, "--check"});
   EXPECT_EQ(check.status, done);
   EXPECT_NE(check.out.find(one + "\tfits\tC55 v24 FD-02"), std::string::npos) << check.out;
@@ -78,7 +78,7 @@ TEST_F(SeveralDumps, APatchIsCheckedAgainstEach) {
 
 // Overlapping changes are taken out in the reverse order.
 TEST_F(SeveralDumps, AReversedPatchBeginsWithItsLastChange) {
-  const std::string patch = PathText(folder.Write("a.qpt", "100: 1234 5678\n101: 78FF 9ABC\n"));
+  const std::string patch = PathText(folder.Write("a.qpt", std::string("100: 1234 5678\n101: 78FF 9ABC\n")));
   const std::string made = PathText(folder / "made.bin");
   const std::string back = PathText(folder / "back.bin");
   EXPECT_EQ(Call({"apply", one, patch, "--output", made}).status, done);

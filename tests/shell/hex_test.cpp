@@ -191,6 +191,8 @@ TEST_F(HexDesk, PaintsChangesAndTheSelection) {
   {
     wxMemoryDC dc(bitmap);
     dc.SetFont(wxFont(wxFontInfo(9).Family(wxFONTFAMILY_TELETYPE)));
+    dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+    dc.Clear();
     DrawHex(dc, scene, bitmap.GetSize());
   }
   const wxImage image = bitmap.ConvertToImage();

@@ -61,24 +61,28 @@ TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
   Choose(Id::HexView);
   EXPECT_EQ(MenuAt(0),
             "Fullflash: Open; Save; Save as; Save selected bytes; View ff; 1 " + PathText(dump) + "; Exit;");
-  EXPECT_EQ(MenuAt(1),
-            "Panels: Info; Menu; EEPROM; Langpack; Pictures; Ringtones; Files; Dump; Address book; Hex view; "
-            "Search results; Comparison; Patch;");
+  EXPECT_EQ(
+      MenuAt(1),
+      "Panels: Info; Menu; EEPROM; Langpack; Pictures; Ringtones; Files; Dump; Address book; Functions; "
+      "Code; References; Hex view; Search results; Comparison; Patch; Back; Forward;");
   EXPECT_EQ(MenuAt(2),
             "Hex view: Go to; Search for bytes; Search again; Previous hit; Copy as hex; Copy as text; "
-            "Copy offset to clipboard; Select all; Switch between hex and text; Undo; Redo; Paste; "
+            "Copy offset to clipboard; Select all; Show as code; Who refers to this; Name this place; "
+            "Comment on this place; Switch between hex and text; Undo; Redo; Paste; "
             "Fill with byte; Changes to patch; Changes in selection to patch;");
   EXPECT_EQ(MenuAt(3),
             "Tools: Search for bytes; Compare with another fullflash; Apply patch file; Standard functions; "
             "Standard patches; Address calculator; Calculator; Open patch in Quillo;");
   EXPECT_EQ(MenuAt(5), "Help: Help; Author !;");
   const std::string copy =
-      "Open in hex view; Copy offset to clipboard; Copy address to clipboard; Copy rows (Ctrl+C); ";
+      "Open in hex view; Show as code; Who refers to this; Name this place; Comment on this place; "
+      "Copy offset to clipboard; Copy address to clipboard; Copy rows (Ctrl+C); ";
   for (const auto& [panel, captions] :
        {std::pair(Id::Dump, "Dump: " + copy + "Next region of this kind; Previous region of this kind; "),
         {Id::Hits, "Search results: " + copy + "Next hit; Previous hit; "},
         {Id::ComparePanel,
-         "Comparison: " + copy + "Next difference; Previous difference; Add differences to patch; "}}) {
+         "Comparison: " + copy +
+             "Next difference; Previous difference; Add differences to patch; Change as instructions; "}}) {
     Choose(panel);
     EXPECT_EQ(MenuAt(2), captions + "Undo; Redo;");
   }
