@@ -16,7 +16,6 @@ namespace tarvelo {
 namespace {
 
 // The first byte of CALLS is DA, that of JMPS is FA.
-constexpr std::uint8_t calls = 0xDA;
 constexpr Probe farForms[] = {{.value = 0xDA, .mask = 0xDF}};
 
 class FunctionSearch {
@@ -130,7 +129,7 @@ class FunctionSearch {
   // on into the target.
   void TryLoneCall(Offset site) {
     const std::optional<Offset> target = FarTarget(site);
-    if (image_.Byte(site) != calls || !IsNew(*target)) return;
+    if (image_.Byte(site) != op::callSegment || !IsNew(*target)) return;
     if (walk_.IsCode(site) || !IsAmongCode(site, image_)) return;
     if (calledOnce_.Has(*target) || !IsBehindCode(*target, image_)) return Try(*target);
     calledOnce_.Add(*target);
@@ -188,7 +187,7 @@ class FunctionSearch {
     for (const Offset target : nearCalls_)
       if (entries_.Has(target)) count(target);
     for (const std::uint32_t site : sites_) {
-      if (image_.Byte(site) != calls) continue;
+      if (image_.Byte(site) != op::callSegment) continue;
       const Offset target = *FarTarget(site);
       if (!entries_.Has(target)) continue;
       if (walk_.IsStart(site) || (!walk_.IsCode(site) && IsAmongCode(site, image_))) count(target);

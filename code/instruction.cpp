@@ -6,13 +6,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::uint8_t callAbsolute = 0xCA;
-constexpr std::uint8_t jumpAbsolute = 0xEA;
-constexpr std::uint8_t jumpIndirect = 0x9C;
-constexpr std::uint8_t atomic = 0xD1;
-constexpr std::uint8_t extendByNumber = 0xD7;
-constexpr std::uint8_t extendByRegister = 0xDC;
-
 std::uint8_t Nibble(int value) { return static_cast<std::uint8_t>(value & 0xF); }
 
 // The address of a special function register.
@@ -67,8 +60,8 @@ bool Instruction::BreaksMoreRules(std::uint32_t bytes) {
 
 std::string_view Instruction::Mnemonic() const {
   static constexpr std::string_view extends[] = {"EXTS", "EXTP", "EXTSR", "EXTPR"};
-  if (Op() == extendByNumber || Op() == extendByRegister) return extends[Byte(1) >> 6];
-  if (Op() == atomic && (Byte(1) & 0x80) != 0) return "EXTR";
+  if (Op() == op::extendByNumber || Op() == op::extendByRegister) return extends[Byte(1) >> 6];
+  if (Op() == op::atomicOrExtend && (Byte(1) & 0x80) != 0) return "EXTR";
   return Row().mnemonic;
 }
 
@@ -79,8 +72,8 @@ bool Instruction::FallsThrough() const {
     case Flow::Call:
     case Flow::IndirectCall:
     case Flow::Trap: return true;
-    case Flow::Jump: return Op() == jumpAbsolute && High() != 0;
-    case Flow::IndirectJump: return Op() == jumpIndirect && High() != 0;
+    case Flow::Jump: return Op() == op::jumpAbsolute && High() != 0;
+    case Flow::IndirectJump: return Op() == op::jumpIndirect && High() != 0;
     case Flow::Return:
     case Flow::Stop: return false;
   }

@@ -75,6 +75,21 @@ enum class Rule : std::uint8_t {
   Protected,     // byte 1 is the opcode's complement, bytes 2 and 3 repeat it
 };
 
+// First bytes that code asks for by name.
+namespace op {
+inline constexpr std::uint8_t jumpIndirect = 0x9C;
+inline constexpr std::uint8_t callAbsolute = 0xCA;
+inline constexpr std::uint8_t atomicOrExtend = 0xD1;
+inline constexpr std::uint8_t extendByNumber = 0xD7;
+inline constexpr std::uint8_t callSegment = 0xDA;
+inline constexpr std::uint8_t extendByRegister = 0xDC;
+inline constexpr std::uint8_t moveShort = 0xE0;  // MOV Rn, #data4
+inline constexpr std::uint8_t pushAndCall = 0xE2;
+inline constexpr std::uint8_t moveConstant = 0xE6;  // MOV reg, #data16
+inline constexpr std::uint8_t jumpAbsolute = 0xEA;
+inline constexpr std::uint8_t jumpSegment = 0xFA;
+}  // namespace op
+
 struct Opcode {
   std::string_view mnemonic;     // of the first of several instructions that share an opcode
   std::uint8_t size = 0;         // 2 or 4 bytes; 0: undefined

@@ -11,15 +11,6 @@ namespace {
 
 constexpr std::uint32_t pageMask = 0x3FFF;
 constexpr std::uint32_t pageCount = 0x400;
-constexpr std::uint8_t callSegment = 0xDA;
-constexpr std::uint8_t jumpSegment = 0xFA;
-constexpr std::uint8_t callAbsolute = 0xCA;
-constexpr std::uint8_t jumpAbsolute = 0xEA;
-constexpr std::uint8_t pushAndCall = 0xE2;
-constexpr std::uint8_t moveConstant = 0xE6;
-constexpr std::uint8_t moveShort = 0xE0;
-constexpr std::uint8_t extendByNumber = 0xD7;
-constexpr std::uint8_t atomicOrExtend = 0xD1;
 
 constexpr int longestLine = 8;  // instructions between the MOVs of a pair, the second included
 constexpr int longestBranch = 258;
@@ -32,9 +23,9 @@ struct Load {
 
 std::optional<Load> LoadOf(const Instruction& instruction) {
   if (instruction.IsData()) return {};
-  if (instruction.Op() == moveConstant && instruction.Byte(1) >= 0xF0)
+  if (instruction.Op() == op::moveConstant && instruction.Byte(1) >= 0xF0)
     return Load{instruction.Low(), instruction.Word()};
-  if (instruction.Op() == moveShort)
+  if (instruction.Op() == op::moveShort)
     return Load{instruction.Low(), static_cast<std::uint16_t>(instruction.High())};
   return {};
 }
@@ -138,11 +129,11 @@ void Finder::Take(Offset at) {
   const Instruction instruction = Instruction::Decode(bytes_, at - 2);
   if (instruction.IsData() || instruction.Size() != 4) return;
   switch (instruction.Op()) {
-    case callSegment:
-    case jumpSegment: return TakeFar(at - 2, instruction);
-    case callAbsolute:
-    case jumpAbsolute:
-    case pushAndCall: return TakeNear(at - 2, instruction);
+    case op::callSegment:
+    case op::jumpSegment: return TakeFar(at - 2, instruction);
+    case op::callAbsolute:
+    case op::jumpAbsolute:
+    case op::pushAndCall: return TakeNear(at - 2, instruction);
     default: break;
   }
   if (instruction.HasMemory())
@@ -212,7 +203,7 @@ void Finder::TakeMemory(Offset at, const Instruction& instruction) {
   if (sign == CodeSign::Data || sign == CodeSign::Inside) return;
   const std::optional<Offset> range = nearby_.RangeBefore(at);
   // Any other range is of another page or segment, or of one in a register.
-  if (range && bytes_[static_cast<std::size_t>(*range)] != atomicOrExtend) return;
+  if (range && bytes_[static_cast<std::size_t>(*range)] != op::atomicOrExtend) return;
   const int dpp = instruction.Word() >> 14;
   std::optional<std::uint16_t> page = dpps_[static_cast<std::size_t>(dpp)];
   if (!page && dpp == 3) page = 3;
@@ -226,7 +217,7 @@ void Finder::TakeMemory(Offset at, const Instruction& instruction) {
 // has 4 bytes, and up to 3 instructions may be in between.
 bool Finder::TakeAccess(Offset at) {
   for (Offset from = at - 4; from >= std::max<Offset>(0, at - 16); from -= 2) {
-    if (bytes_[static_cast<std::size_t>(from)] != extendByNumber) continue;
+    if (bytes_[static_cast<std::size_t>(from)] != op::extendByNumber) continue;
     const Instruction range = Instruction::Decode(bytes_, from);
     const auto replaces = [](const Instruction& other) { return other.BeginsRange(); };
     if (range.IsData() || !LeadsTo(from, at, range.RangeLength(), replaces)) continue;
@@ -272,7 +263,7 @@ std::optional<Offset> Finder::Partner(Offset at, const Load& load) const {
 std::optional<Load> Finder::LoadBeside(Offset at, int reg, Offset other) const {
   if (other < 0 || other >= size_) return {};
   const std::uint8_t op = bytes_[static_cast<std::size_t>(other)];
-  if (op != moveConstant && op != moveShort) return {};
+  if (op != op::moveConstant && op != op::moveShort) return {};
   const std::optional<Load> load = LoadOf(Instruction::Decode(bytes_, other));
   if (!load || load->reg == reg) return {};
   const int kept = other < at ? load->reg : reg;

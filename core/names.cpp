@@ -6,18 +6,13 @@
 
 #include "core/file.h"
 #include "core/notation.h"
+#include "core/trimmed.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-std::string_view Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 std::optional<std::uint32_t> ReadAddress(std::string_view text) {
   text = Trimmed(text);

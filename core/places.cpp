@@ -4,6 +4,7 @@
 
 #include "core/calculator.h"
 #include "core/notation.h"
+#include "core/trimmed.h"
 
 namespace tarvelo {
 namespace {
@@ -14,12 +15,6 @@ constexpr std::uint32_t segmentSize = 0x10000;
 std::optional<Offset> Within(const Fullflash& image, Offset offset) {
   if (!image.IsOpen() || offset < 0 || offset > image.ffEnd()) return {};
   return offset;
-}
-
-std::string_view Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t\r\n");
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 std::uint32_t HexNumber(std::string_view text) {

@@ -251,12 +251,13 @@ std::string CodeReader::NameOf(std::uint32_t address) const {
   return QuotedText(*offset);
 }
 
-// The text that begins at an offset, up to its zero byte, in quotes; empty if there is none.
+// The text that begins at an offset, up to a byte that ends texts (GetStr), in quotes; empty if there is
+// none.
 std::string CodeReader::QuotedText(Offset offset) const {
   std::u16string text;
   for (; offset <= Image().ffEnd() && text.size() <= longestText; ++offset) {
     const std::uint8_t byte = Image().Byte(offset);
-    if (byte == 0) break;
+    if (byte == 0x00 || byte == 0x01 || byte == 0xFF) break;
     const char16_t character = ShownCharacter(byte);
     const bool isLineEnd = byte == '\n' || byte == '\r' || byte == '\t';
     if (character == u'.' && byte != '.' && !isLineEnd) return {};

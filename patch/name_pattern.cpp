@@ -4,19 +4,14 @@
 #include <stdexcept>
 
 #include "code/ext_range.h"
+#include "core/trimmed.h"
 #include "patch/patch_document.h"
 
 namespace tarvelo {
 namespace {
 
 constexpr int deepest = 16;  // braces within braces
-constexpr std::string_view blanks = " \t\r";
-
-std::string_view Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(blanks);
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
+constexpr std::string_view separators = " \t\r";
 
 int DigitOf(char c) {
   if (c >= '0' && c <= '9') return c - '0';
@@ -154,7 +149,7 @@ class NamePatternReader {
     return value;
   }
 
-  void SkipBlanks() { text_.remove_prefix(std::min(text_.find_first_not_of(blanks), text_.size())); }
+  void SkipBlanks() { text_.remove_prefix(std::min(text_.find_first_not_of(separators), text_.size())); }
 
   bool Takes(char c) {
     SkipBlanks();
