@@ -10,9 +10,10 @@ namespace {
 constexpr std::size_t mostCells = 4'000'000;
 
 // A table of the best alignments of all beginnings, with gaps that cost more to open than to lengthen.
-class Table {
+class BestAlignment {
  public:
-  Table(std::span<const UnitInstruction> old, std::span<const UnitInstruction> now, const CanPair& canPair)
+  BestAlignment(std::span<const UnitInstruction> old, std::span<const UnitInstruction> now,
+                const CanPair& canPair)
       : old_(old), now_(now), width_(now.size() + 1), steps_((old.size() + 1) * width_) {
     Fill(canPair);
   }
@@ -116,7 +117,7 @@ std::vector<int> Align(std::span<const UnitInstruction> old, std::span<const Uni
   const auto oldRest = old.subspan(front, old.size() - front - back);
   const auto nowRest = now.subspan(front, now.size() - front - back);
   if (!oldRest.empty() && !nowRest.empty() && (oldRest.size() + 1) * (nowRest.size() + 1) <= mostCells)
-    Table(oldRest, nowRest, canPair).Read(pairs, front, front);
+    BestAlignment(oldRest, nowRest, canPair).Read(pairs, front, front);
   return pairs;
 }
 

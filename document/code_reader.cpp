@@ -13,11 +13,11 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::uint32_t pageSize = 0x4000;
+constexpr std::uint32_t dataPage = 0x4000;
 constexpr std::uint32_t segmentSize = 0x10000;
-constexpr int pairReach = 5;             // instructions; a pair has no jump or call between its two
-constexpr std::size_t longestText = 60;  // characters shown of a text
-constexpr std::size_t shortestText = 4;
+constexpr int pairReach = 5;              // instructions; a pair has no jump or call between its two
+constexpr std::size_t longestQuote = 60;  // characters shown of a text
+constexpr std::size_t shortestQuote = 4;
 constexpr std::uint8_t moveWord = 0xE6;  // MOV reg, #data16
 
 CodeInk InkOf(const Operand& operand) {
@@ -154,7 +154,7 @@ CodeLine CodeReader::Data(const CodeRow& row) const {
 std::optional<std::uint32_t> CodeReader::PointerAt(Offset offset) const {
   const std::uint32_t low = Image().Word(offset);
   const std::uint32_t high = Image().Word(offset + 2);
-  for (const std::uint32_t unit : {segmentSize, pageSize}) {
+  for (const std::uint32_t unit : {segmentSize, dataPage}) {
     if (high > 0xFFFFFF / unit || low >= unit) continue;
     const std::uint32_t address = high * unit + low;
     const auto target = OffsetOf(Image(), address);
@@ -214,9 +214,9 @@ std::optional<std::uint32_t> CodeReader::MemoryAddress(const Instruction& instru
   if (!instruction.HasMemory()) return {};
   const std::uint16_t bits = instruction.Word();
   if (range.ReplacesDpp()) return range.Address(bits);
-  const auto page = PageOf(from_.dpps, bits / pageSize);
+  const auto page = PageOf(from_.dpps, bits / dataPage);
   if (!page) return {};
-  return *page * pageSize + bits % pageSize;
+  return *page * dataPage + bits % dataPage;
 }
 
 // The address that MOV Rn, #offset and MOV Rn+1, #page or #segment near it make together.
@@ -230,7 +230,7 @@ std::optional<std::uint32_t> CodeReader::PairAddress(Offset row, const Instructi
       if (other.GetFlow() != Flow::Next) break;
       if (!LoadsRegister(other) || other.Low() != instruction.Low() + 1) continue;
       const std::uint32_t high = other.Word();
-      for (const std::uint32_t unit : {pageSize, segmentSize})
+      for (const std::uint32_t unit : {dataPage, segmentSize})
         if (low < unit && high <= 0xFFFFFF / unit && OffsetOf(Image(), high * unit + low))
           return high * unit + low;
       break;
@@ -255,7 +255,7 @@ std::string CodeReader::NameOf(std::uint32_t address) const {
 // none.
 std::string CodeReader::QuotedText(Offset offset) const {
   std::u16string text;
-  for (; offset <= Image().ffEnd() && text.size() <= longestText; ++offset) {
+  for (; offset <= Image().ffEnd() && text.size() <= longestQuote; ++offset) {
     const std::uint8_t byte = Image().Byte(offset);
     if (byte == 0x00 || byte == 0x01 || byte == 0xFF) break;
     const char16_t character = ShownCharacter(byte);
@@ -263,8 +263,8 @@ std::string CodeReader::QuotedText(Offset offset) const {
     if (character == u'.' && byte != '.' && !isLineEnd) return {};
     text += isLineEnd ? u' ' : character;
   }
-  if (text.size() < shortestText) return {};
-  if (text.size() > longestText) text.replace(longestText, 1, u"...");
+  if (text.size() < shortestQuote) return {};
+  if (text.size() > longestQuote) text.replace(longestQuote, 1, u"...");
   return "\"" + ToUtf8(text) + "\"";
 }
 

@@ -7,21 +7,20 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t numbers = 0x10000;
 constexpr int deepestFolders = 16;
 
-class Builder {
+class DeletedEntries {
  public:
-  Builder(const Fullflash& image, const VolumeRecords& records, std::size_t firstLive, FileList& list)
+  DeletedEntries(const Fullflash& image, const VolumeRecords& records, std::size_t firstLive, FileList& list)
       : image_(image.ff()),
         records_(records),
         list_(list),
         volume_(list.volumes.back()),
         used_(volume_.recordCount),
         chain_(image_, list, {2 * volume_.recordCount, volume_.size}),
-        liveFolders_(numbers, noIndex),
-        deletedFolders_(numbers, noIndex),
-        owners_(numbers, noIndex) {
+        liveFolders_(entryNumbers, noIndex),
+        deletedFolders_(entryNumbers, noIndex),
+        owners_(entryNumbers, noIndex) {
     for (std::size_t i = firstLive; i < list.entries.size(); ++i) {
       const FileEntry& entry = list.entries[i];
       const auto index = static_cast<std::uint32_t>(i);
@@ -29,7 +28,7 @@ class Builder {
       if (entry.isFolder && liveFolders_[entry.number] == noIndex) liveFolders_[entry.number] = index;
       const auto header = ReadHeader(image_, list.records[entry.header]);
       const int data = header->data + firstFileRecord;
-      if (data < static_cast<int>(numbers)) owners_[static_cast<std::size_t>(data)] = index;
+      if (data < static_cast<int>(entryNumbers)) owners_[static_cast<std::size_t>(data)] = index;
     }
   }
 
@@ -178,7 +177,7 @@ class Builder {
   // Each folder after the one it is in. Those in rings stand under the root.
   void PlaceFolders() {
     for (int depth = 0; depth <= deepestFolders && !folders_.empty(); ++depth) {
-      std::vector<bool> waits(numbers);
+      std::vector<bool> waits(entryNumbers);
       for (const FileEntry& folder : folders_) waits[folder.number] = true;
       std::vector<FileEntry> later;
       for (FileEntry& folder : folders_) {
@@ -214,7 +213,7 @@ class Builder {
 
 std::vector<FileEntry> DeletedEntries(const Fullflash& image, const VolumeRecords& records,
                                       std::size_t firstLive, FileList& list) {
-  return Builder(image, records, firstLive, list).Run();
+  return DeletedEntries(image, records, firstLive, list).Run();
 }
 
 }  // namespace tarvelo

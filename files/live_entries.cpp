@@ -10,7 +10,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t numbers = 0x10000;
 constexpr Offset folderItem = 4;
 // Damaged folders may state far more bytes than they have. Together they may have this many times the bytes
 // of the volume.
@@ -33,15 +32,15 @@ struct Head {
   bool isData = false;     // of an entry whose bytes are in a record with an even number
 };
 
-class Builder {
+class LiveEntries {
  public:
-  Builder(const Fullflash& image, const VolumeRecords& records, FileList& list)
+  LiveEntries(const Fullflash& image, const VolumeRecords& records, FileList& list)
       : image_(image.ff()),
         records_(records),
         list_(list),
         volume_(list.volumes.back()),
-        byNumber_(numbers, noIndex),
-        byRecord_(numbers, noIndex),
+        byNumber_(entryNumbers, noIndex),
+        byRecord_(entryNumbers, noIndex),
         chain_(image_, list, {4 * volume_.recordCount, volume_.size}),
         itemsLeft_(mostReads * volume_.size / folderItem) {}
 
@@ -72,7 +71,7 @@ class Builder {
   };
 
   void FindHeads() {
-    for (int number = 0; number < static_cast<int>(numbers); number += 2) {
+    for (int number = 0; number < static_cast<int>(entryNumbers); number += 2) {
       const std::uint32_t record = records_.Live(number);
       if (record == noIndex) continue;
       const auto header = ReadHeader(image_, list_.records[record]);
@@ -104,7 +103,7 @@ class Builder {
 
   void MarkData(const Head& head) {
     const int record = head.data + firstFileRecord;
-    if (!head.isRegular || record >= static_cast<int>(numbers)) return;
+    if (!head.isRegular || record >= static_cast<int>(entryNumbers)) return;
     const std::uint32_t other = byRecord_[static_cast<std::size_t>(record)];
     if (other != noIndex && !heads_[other].isRegular) heads_[other].isData = true;
   }
@@ -241,7 +240,7 @@ class Builder {
 
   // Pieces of no file: first those at which a chain begins.
   void PlacePieces() {
-    std::vector<bool> follows(numbers);
+    std::vector<bool> follows(entryNumbers);
     for (const Head& head : heads_)
       if (!head.isPlaced && !head.isPiece && head.next != head.number) follows[head.next] = true;
     for (const bool isAny : {false, true})
@@ -275,7 +274,7 @@ class Builder {
 }  // namespace
 
 void AddLiveEntries(const Fullflash& image, const VolumeRecords& records, FileList& list) {
-  Builder(image, records, list).Run();
+  LiveEntries(image, records, list).Run();
 }
 
 }  // namespace tarvelo

@@ -1,6 +1,7 @@
 // Follows the pieces of a file.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -9,6 +10,9 @@
 #include "files/volume_records.h"
 
 namespace tarvelo {
+
+// Entries have numbers below this.
+inline constexpr std::size_t entryNumbers = 0x10000;
 
 // A further piece: the header that stands for it and the record with its bytes, indices in records.
 struct ChainLink {

@@ -24,9 +24,9 @@ constexpr Probe pointerProbes[] = {
     {.offset = 0, .value = 0, .mask = 0xFF00},  // number of groups below 256
 };
 
-class Search {
+class MapSearch {
  public:
-  Search(const Fullflash& image, Progress& progress)
+  MapSearch(const Fullflash& image, Progress& progress)
       : image_(image.ff()),
         end_(static_cast<Offset>(image_.size())),
         groupsLeft_(0x10000 + end_ / 64),
@@ -120,6 +120,6 @@ class Search {
 
 }  // namespace
 
-UnitMaps FindUnitMaps(const Fullflash& image, Progress& progress) { return Search(image, progress).Run(); }
+UnitMaps FindUnitMaps(const Fullflash& image, Progress& progress) { return MapSearch(image, progress).Run(); }
 
 }  // namespace tarvelo

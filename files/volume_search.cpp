@@ -15,9 +15,9 @@ namespace {
 constexpr Offset unitStep = 0x1000;
 constexpr Offset unitSizes[] = {0x10000, 0x20000, 0x40000};
 
-class Search {
+class HeaderSearch {
  public:
-  Search(const Fullflash& image, Progress& progress)
+  HeaderSearch(const Fullflash& image, Progress& progress)
       : image_(image.ff()), end_(static_cast<Offset>(image_.size())), maps_(FindUnitMaps(image, progress)) {}
 
   VolumeList Run() {
@@ -115,6 +115,8 @@ class Search {
 
 }  // namespace
 
-VolumeList FindVolumes(const Fullflash& image, Progress& progress) { return Search(image, progress).Run(); }
+VolumeList FindVolumes(const Fullflash& image, Progress& progress) {
+  return HeaderSearch(image, progress).Run();
+}
 
 }  // namespace tarvelo
