@@ -9,9 +9,9 @@ namespace {
 
 constexpr int deepestFolders = 16;
 
-class DeletedEntries {
+class DeletedBuilder {
  public:
-  DeletedEntries(const Fullflash& image, const VolumeRecords& records, std::size_t firstLive, FileList& list)
+  DeletedBuilder(const Fullflash& image, const VolumeRecords& records, std::size_t firstLive, FileList& list)
       : image_(image.ff()),
         records_(records),
         list_(list),
@@ -213,7 +213,7 @@ class DeletedEntries {
 
 std::vector<FileEntry> DeletedEntries(const Fullflash& image, const VolumeRecords& records,
                                       std::size_t firstLive, FileList& list) {
-  return DeletedEntries(image, records, firstLive, list).Run();
+  return DeletedBuilder(image, records, firstLive, list).Run();
 }
 
 }  // namespace tarvelo

@@ -32,9 +32,9 @@ struct Head {
   bool isData = false;     // of an entry whose bytes are in a record with an even number
 };
 
-class LiveEntries {
+class LiveBuilder {
  public:
-  LiveEntries(const Fullflash& image, const VolumeRecords& records, FileList& list)
+  LiveBuilder(const Fullflash& image, const VolumeRecords& records, FileList& list)
       : image_(image.ff()),
         records_(records),
         list_(list),
@@ -274,7 +274,7 @@ class LiveEntries {
 }  // namespace
 
 void AddLiveEntries(const Fullflash& image, const VolumeRecords& records, FileList& list) {
-  LiveEntries(image, records, list).Run();
+  LiveBuilder(image, records, list).Run();
 }
 
 }  // namespace tarvelo
