@@ -1,6 +1,8 @@
 // The effects of real key presses and of the real pointer, and what is in the real clipboard.
 #ifdef __UNIX__
 #include <gtk/gtk.h>
+#else
+#include <wx/msw/wrapwin.h>
 #endif
 #include <wx/clipbrd.h>
 #include <wx/timer.h>
