@@ -67,7 +67,7 @@ TEST(Names, LargeAndHostileFilesAreRead) {
   const Names bad(std::string(1000000, '\n') + std::string(1000000, 'x') + "\n" + std::string(500, '\t') +
                   "\nx\nx\n" + std::string("\0\t\0\n", 4));
   EXPECT_EQ(bad.Count(), 0u);
-  EXPECT_EQ(bad.BadCount(), 5u);
+  EXPECT_EQ(bad.BadCount(), 4u);  // a line of tabs is empty
   EXPECT_EQ(bad.BadLines().front(), 1000001u);
 }
 
