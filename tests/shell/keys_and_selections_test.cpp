@@ -77,13 +77,19 @@ TEST_F(Desk, PianoRollLeavesFindToTheMenu) {
 // The menu opens at what is chosen, which scrolls into view, and not at the mouse.
 class MenuKeyDesk : public HexDesk {
  protected:
+#ifdef __WXMSW__
+  static constexpr int key = WXK_WINDOWS_MENU, modifiers = wxMOD_NONE;
+#else
+  static constexpr int key = WXK_F10, modifiers = wxMOD_SHIFT;
+#endif
+
   // Where the menu of a window opens, in its own coordinates.
   template <typename W>
   wxPoint PlaceByKey(W& window) {
     std::optional<wxPoint> place;
     window.onContextMenu = [&](const wxPoint& at) { place = at; };
     window.SetFocus();
-    EXPECT_TRUE(PressUntil(window, WXK_F10, wxMOD_SHIFT, [&] { return place.has_value(); }));
+    EXPECT_TRUE(PressUntil(window, key, modifiers, [&] { return place.has_value(); }));
     return window.ScreenToClient(place.value_or(wxPoint(-1, -1)));
   }
 };
