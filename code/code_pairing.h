@@ -3,7 +3,7 @@
 // Units that are equal but for what a linker moves pair first, where there is only one of them in each
 // version. Then neighbours pair, units that paired code calls at the same places, and edited units between
 // paired ones. What paired code refers to is evidence for or against all of these: twins that differ in
-// addresses alone are told apart by it, and pairs that it contradicts are given up.
+// addresses alone differ in it, and pairs that it contradicts are given up.
 #pragma once
 
 #include <cstdint>
