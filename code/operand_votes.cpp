@@ -18,13 +18,14 @@ void OperandVotes::Add(const Movable& old, const Movable& now, int unit) {
 void OperandVotes::Count() {
   // One vote per unit: a loop over one variable is one witness.
   std::ranges::sort(votes_);
-  votes_.erase(std::ranges::unique(votes_).begin(), votes_.end());
+  votes_.erase(std::unique(votes_.begin(), votes_.end()), votes_.end());
 }
 
 auto OperandVotes::VotesOn(const Movable& old) const
     -> std::pair<std::vector<Vote>::const_iterator, std::vector<Vote>::const_iterator> {
-  const auto range = std::ranges::equal_range(votes_, KeyOf(old), {}, &Vote::old);
-  return {range.begin(), range.end()};
+  const std::uint64_t key = KeyOf(old);
+  return {std::ranges::lower_bound(votes_, key, {}, &Vote::old),
+          std::ranges::upper_bound(votes_, key, {}, &Vote::old)};
 }
 
 OperandVotes::Tally OperandVotes::On(const Movable& old, const Movable& now, int without) const {

@@ -118,8 +118,8 @@ std::vector<Reference> Finder::Find(Progress& progress) {
   TakeRelatives();
   const auto key = [](const Reference& reference) { return std::pair(reference.offset, reference.kind); };
   std::ranges::sort(found_, {}, key);
-  const auto again = std::ranges::unique(found_, {}, key);
-  found_.erase(again.begin(), again.end());
+  const auto isSame = [&](const Reference& a, const Reference& b) { return key(a) == key(b); };
+  found_.erase(std::unique(found_.begin(), found_.end(), isSame), found_.end());
   return std::move(found_);
 }
 

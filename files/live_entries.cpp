@@ -222,8 +222,9 @@ class LiveBuilder {
 
   [[nodiscard]] std::span<const std::uint32_t> OrphansOf(const Head& folder) const {
     if (!folder.isFound) return {};
-    return std::ranges::equal_range(orphans_, folder.number, {},
-                                    [&](std::uint32_t head) { return heads_[head].parent; });
+    const auto parent = [&](std::uint32_t head) { return heads_[head].parent; };
+    return {std::ranges::lower_bound(orphans_, folder.number, {}, parent),
+            std::ranges::upper_bound(orphans_, folder.number, {}, parent)};
   }
 
   void PlaceTops() {

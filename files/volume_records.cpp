@@ -57,8 +57,9 @@ VolumeRecords::VolumeRecords(const Fullflash& image, const FileVolume& volume, F
 }
 
 std::span<const std::uint32_t> VolumeRecords::Generations(int number) const {
-  return std::ranges::equal_range(generations_, number, {},
-                                  [&](std::uint32_t i) { return int{list_.records[i].number}; });
+  const auto numberOf = [&](std::uint32_t i) { return int{list_.records[i].number}; };
+  return {std::ranges::lower_bound(generations_, number, {}, numberOf),
+          std::ranges::upper_bound(generations_, number, {}, numberOf)};
 }
 
 void VolumeRecords::ReadDirectory(Bytes image, const FileUnit& unit, std::uint16_t index) {
