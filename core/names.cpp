@@ -120,7 +120,10 @@ void Names::Set(std::uint32_t address, std::string_view name, std::string_view c
     if (line.empty()) end = std::min(text_.find('\n', end), text_.size() - 1) + 1;
     text_.replace(old.line, end - old.line, line);
   } else if (!line.empty()) {
-    if (!text_.empty() && !text_.ends_with('\n')) text_ += lineEnd;
+    if (text_.ends_with('\r'))
+      text_ += '\n';  // half of a line end
+    else if (!text_.empty() && !text_.ends_with('\n'))
+      text_ += lineEnd;
     text_ += line + lineEnd;
   }
   Read();
