@@ -1,6 +1,7 @@
 #include "code/code_pairing.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 

@@ -23,11 +23,6 @@ std::uint64_t Mixed(std::uint64_t hash, std::uint32_t token) {
   return hash ^ hash >> 29;
 }
 
-// Whether this is MOV register, #data16.
-bool IsLoad(const Instruction& instruction) {
-  return !instruction.IsData() && instruction.Op() == 0xE6 && instruction.Byte(1) >= 0xF0;
-}
-
 class Cutter {
  public:
   explicit Cutter(const Fullflash& image) : image_(image) {}
@@ -82,7 +77,7 @@ class Cutter {
     UnitInstruction added{static_cast<std::uint32_t>(at), TokenOf(instruction, range),
                           MovableOf(instruction, image_.PhoneAddress(at), range)};
     // The offset and the page of a text or a table, in two registers.
-    const bool isLoad = IsLoad(instruction);
+    const bool isLoad = instruction.LoadsConstant();
     if (isLoad && wasLoad_ && instruction.Byte(1) == lastRegister_ + 1) {
       UnitInstruction& before = result_.instructions.back();
       const std::uint32_t page = instruction.Word();

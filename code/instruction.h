@@ -74,6 +74,8 @@ class Instruction {
   // The phone address that a jump or call at `address` goes to. Near and relative targets stay in the segment
   // of the instruction and wrap at 64 KiB.
   [[nodiscard]] std::optional<std::uint32_t> Target(std::uint32_t address) const;
+  // Whether it is MOV Rn, #data16; the constant is Word() then. Also for data: false.
+  [[nodiscard]] bool LoadsConstant() const { return !isData_ && Op() == op::moveConstant && Byte(1) >= 0xF0; }
   // Whether one of its operands is Mem; its 16 bits are Word() then.
   [[nodiscard]] bool HasMemory() const;
 

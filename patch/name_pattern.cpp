@@ -19,10 +19,6 @@ int DigitOf(char c) {
   return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-bool IsLoad(const Instruction& instruction) {
-  return !instruction.IsData() && instruction.Op() == 0xE6 && instruction.Byte(1) >= 0xF0;
-}
-
 // Two words as a pointer: offset and page where the offset fits a page and the place is in the image, else
 // offset and segment.
 std::uint32_t PointerOf(const Fullflash& image, std::uint32_t low, std::uint32_t high) {
@@ -48,9 +44,9 @@ std::optional<std::uint32_t> ReferenceAt(const Fullflash& image, Offset at) {
   if (!instruction.IsData()) {
     if (const auto target = instruction.Target(image.PhoneAddress(at))) return target;
     if (instruction.BeginsRange()) return ExtendedAddress(image, at, instruction);
-    if (IsLoad(instruction) && at + 8 <= std::ssize(image.ff())) {
+    if (instruction.LoadsConstant() && at + 8 <= std::ssize(image.ff())) {
       const Instruction next = Instruction::Decode(image.ff(), at + 4);
-      if (IsLoad(next)) return PointerOf(image, instruction.Word(), next.Word());
+      if (next.LoadsConstant()) return PointerOf(image, instruction.Word(), next.Word());
     }
   }
   return PointerOf(image, image.Word(at), image.Word(at + 2));

@@ -153,33 +153,27 @@ class Carrier {
 
   // MOV Rn, #offset and MOV Rn+1, #page or #segment; anything else is a plain constant.
   bool CarryPair(Offset at, const Instruction& instruction) {
-    if (!IsLoad(instruction)) return true;
+    if (!instruction.LoadsConstant()) return true;
     const Instruction next = LoadAt(at + 4);
     if (next.IsData() || next.Byte(1) != instruction.Byte(1) + 1) return true;  // the second one was carried
     const std::uint32_t offset = instruction.Word();
     const std::uint32_t high = next.Word();
-    if (offset < 0x4000 && high < 0x400 && IsInside(high << 14 | offset)) {
+    if (offset < 0x4000 && high < 0x400 && places_.IsInside(high << 14 | offset)) {
       const auto now = places_.DataAddress(high << 14 | offset);
       return now && PutPair(at, *now & 0x3FFF, *now >> 14);
     }
-    if (high < 0x100 && IsInside(high << 16 | offset)) {
+    if (high < 0x100 && places_.IsInside(high << 16 | offset)) {
       const auto now = mapCode_(high << 16 | offset);
       return now && PutPair(at, *now & 0xFFFF, *now >> 16);
     }
     return true;
   }
 
-  static bool IsLoad(const Instruction& instruction) {
-    return !instruction.IsData() && instruction.Op() == 0xE6 && instruction.Byte(1) >= 0xF0;
-  }
-
   Instruction LoadAt(Offset at) const {
     if (at + 4 > std::ssize(code_.bytes)) return {};
     const Instruction instruction = Instruction::Decode(code_.bytes, at);
-    return IsLoad(instruction) ? instruction : Instruction();
+    return instruction.LoadsConstant() ? instruction : Instruction();
   }
-
-  bool IsInside(std::uint32_t address) const { return places_.IsInside(address); }
 
   bool PutPair(Offset at, std::uint32_t low, std::uint32_t high) {
     Word(at + 2, low);
