@@ -28,7 +28,6 @@ class CodeCanvas final : public RowCanvas {
   // The bytes of these rows; the place of the cursor.
   [[nodiscard]] Region Chosen() const;
   [[nodiscard]] Offset At() const;
-  void SelectAll() { SelectUnits({0, Rows()}); }
 
   // The point in the middle of a row.
   [[nodiscard]] wxPoint PlaceOf(Offset row) const;

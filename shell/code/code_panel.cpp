@@ -1,10 +1,5 @@
 #include "shell/code/code_panel.h"
 
-#include <wx/panel.h>
-#include <wx/sizer.h>
-#include <wx/stattext.h>
-#include <wx/textctrl.h>
-
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
@@ -17,7 +12,6 @@
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/code/code_canvas.h"
-#include "shell/platform/accessible_name.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/edit_commands.h"
@@ -25,7 +19,6 @@
 #include "shell/services/place_commands.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
-#include "shell/view/place_line.h"
 
 namespace tarvelo {
 namespace {
@@ -36,16 +29,14 @@ constexpr Offset patternLimit = 0x1000;  // bytes
 }  // namespace
 
 CodePanel::CodePanel(Workbench& bench)
-    : Panel({.menuEntry = Id::CodeView, .name = Text::Code, .saveTextCaption = Text::SaveCodeAsText}),
-      bench_(bench),
+    : ImagePanel(bench,
+                 {.menuEntry = Id::CodeView, .name = Text::Code, .saveTextCaption = Text::SaveCodeAsText},
+                 ColonForm::Segment),
       commands_(MakeCommands()),
-      window_(new wxPanel(&bench.frame.Parent())),
-      place_(new PlaceLine(window_, bench, ColonForm::Segment)),
-      canvas_(new CodeCanvas(window_)),
-      information_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                                    wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {
-  Layout();
-  Bind();
+      canvas_(new CodeCanvas(&Window())) {
+  Arrange(*canvas_);
+  canvas_->onSelect = [this] { ShowInformation(); };
+  canvas_->onFollow = [this] { bench_.frame.Run(Id::FollowTarget); };
   watch_ = bench.document.OnChange([this] {
     isLearnt_ = false;
     Renew();
@@ -53,38 +44,9 @@ CodePanel::CodePanel(Workbench& bench)
   nameWatch_ = bench.document.OnNames([this] { Renew(); });
 }
 
-void CodePanel::Layout() {
-  const int gap = window_->FromDIP(6);
-  auto* all = new wxBoxSizer(wxVERTICAL);
-  all->Add(place_, 0, wxEXPAND | wxALL, gap);
-  all->Add(canvas_, 1, wxEXPAND);
-  all->Add(information_, 0, wxEXPAND | wxALL, gap);
-  window_->SetSizer(all);
-}
+void CodePanel::GoTo(Offset offset) { bench_.frame.ShowCode(offset, 0); }
 
-void CodePanel::Bind() {
-  place_->onGo = [this](Offset offset) {
-    bench_.frame.ShowCode(offset, 0);
-    canvas_->SetFocus();
-  };
-  canvas_->onSelect = [this] { ShowInformation(); };
-  canvas_->onFollow = [this] { bench_.frame.Run(Id::FollowTarget); };
-  canvas_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
-  window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
-    if (copy && canvas_->HasFocus())
-      bench_.frame.Run(Id::CopyText);
-    else if (event.GetKeyCode() == WXK_ESCAPE && !canvas_->HasFocus())
-      canvas_->SetFocus();
-    else
-      event.Skip();
-  });
-  bench_.frame.AcceptDrops(*canvas_);
-}
-
-wxWindow& CodePanel::Window() { return *window_; }
-
-wxWindow& CodePanel::FirstFocus() { return *canvas_; }
+int CodePanel::CopyCommand() const { return Id::CopyText; }
 
 // --- the view ---
 
@@ -92,8 +54,8 @@ void CodePanel::Build() {
   if (!bench_.document.Image().PageMode()) return ShowInformation();
   if (!view_ || isStale_) ShowView();
   if (!isLearnt_)
-    window_->CallAfter([this] {
-      if (!isLearnt_ && bench_.document.IsOpen() && window_->IsShown())
+    Window().CallAfter([this] {
+      if (!isLearnt_ && bench_.document.IsOpen() && Window().IsShown())
         bench_.talk.Guard(Wx(bench_.texts.Msg(Text::Code)), [this] { LearnMore(); });
     });
 }
@@ -132,7 +94,7 @@ void CodePanel::Clear() {
   view_.reset();
   isLearnt_ = false;
   isStale_ = false;
-  place_->ClearFault();
+  Place().ClearFault();
   ShowInformation();
 }
 
@@ -147,32 +109,28 @@ void CodePanel::Return(Offset here) {
 }
 
 void CodePanel::Recaption(const Messages& messages) {
-  place_->Recaption(messages);
-  platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Traits().name)));
+  ImagePanel::Recaption(messages);
   canvas_->SetCaptions({Wx(messages.Msg(Text::ColumnOffset)), Wx(messages.Msg(Text::ColumnAddress)),
                         Wx(messages.Msg(Text::ColumnBytes)), Wx(messages.Msg(Text::ColumnInstruction)),
                         Wx(messages.Msg(Text::ColumnWhatLiesThere))});
-  ShowInformation();
-  window_->Layout();
 }
 
-void CodePanel::ShowInformation() {
-  const Messages& texts = bench_.texts;
-  std::string text;
-  if (view_) {
-    const Fullflash& image = bench_.document.Image();
-    const Offset at = canvas_->At();
-    text = texts.Label(Text::ColumnOffset) + " " + OffsetText(image, at) + "    " +
-           texts.Label(Text::PhoneAddress) + " " + SegmentText(image, at) + " = " + AddressText(image, at);
-    if (const std::string function = view_->Reader().FunctionAt(at); !function.empty())
-      text += "    " + function;
-    if (const std::string line = view_->Reader().Read(canvas_->CursorRow()).Text(); !line.empty())
-      text += "    " + line;
-  } else if (bench_.document.IsOpen() && !bench_.document.Image().PageMode()) {
-    text = texts.Msg(Text::NoCodeInLargeImage);
+std::string CodePanel::InformationText() const {
+  if (!view_) {
+    const bool isLarge = bench_.document.IsOpen() && !bench_.document.Image().PageMode();
+    return isLarge ? std::string(bench_.texts.Msg(Text::NoCodeInLargeImage)) : std::string();
   }
-  information_->SetLabelText(Wx(text));
-  platform::SetAccessibleName(*information_, Wx(text));
+  const Messages& texts = bench_.texts;
+  const Fullflash& image = bench_.document.Image();
+  const Offset at = canvas_->At();
+  std::string text = texts.Label(Text::ColumnOffset) + " " + OffsetText(image, at) + "    " +
+                     texts.Label(Text::PhoneAddress) + " " + SegmentText(image, at) + " = " +
+                     AddressText(image, at);
+  if (const std::string function = view_->Reader().FunctionAt(at); !function.empty())
+    text += "    " + function;
+  if (const std::string line = view_->Reader().Read(canvas_->CursorRow()).Text(); !line.empty())
+    text += "    " + line;
+  return text;
 }
 
 // --- texts ---
@@ -240,7 +198,7 @@ PanelCommands CodePanel::MakeCommands() {
        {},
        {},
        " (Enter)"},
-      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { place_->Start(); }, any}};
+      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { Place().Start(); }, any}};
   Append(commands, PlaceCommands(bench_, chosen, Id::OpenCode));
   Append(commands, {{Id::ShowFunctions, Text::Functions, Text::HelpFunctions, "Ctrl+Shift+D",
                      [this] { bench_.frame.ShowFunctions(canvas_->At()); }, any}});
@@ -253,37 +211,31 @@ PanelCommands CodePanel::MakeCommands() {
 
 std::vector<PanelCommand> CodePanel::CopyCommands() {
   const auto any = [this] { return view_ != nullptr; };
-  return {{Id::CopyText,
-           Text::CopyInstructions,
-           Text::HelpCopyInstructions,
-           "",
-           [this] { CopyText_Click(false); },
-           any,
-           {},
-           {},
-           " (Ctrl+C)"},
-          {Id::CopyWithBytes, Text::CopyWithBytes, Text::HelpCopyInstructions, "Ctrl+Shift+C",
-           [this] { CopyText_Click(true); }, any},
-          {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "",
-           [this] { Copy(OffsetText(bench_.document.Image(), canvas_->At())); }, any},
-          {Id::CopyAddress, Text::CopyAddress, Text::HelpCopyNumber, "",
-           [this] { Copy(SegmentText(bench_.document.Image(), canvas_->At())); }, any},
-          {Id::CopyPagePointer, Text::CopyPagePointer, Text::HelpCopyPointer, "",
-           [this] { CopyPointer_Click(true); }, any},
-          {Id::CopySegmentPointer, Text::CopySegmentPointer, Text::HelpCopyPointer, "",
-           [this] { CopyPointer_Click(false); }, any},
-          {Id::CopyAsPattern, Text::CopyAsPattern, Text::HelpCopyAsPattern, "",
-           [this] { CopyAsPattern_Click(); }, any},
-          {Id::FindAlike, Text::FindAlike, Text::HelpFindAlike, "Ctrl+Shift+N", [this] { FindAlike_Click(); },
-           any},
-          {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A",
-           [this] {
-             if (place_->Field().HasFocus())
-               place_->Field().SelectAll();
-             else
-               canvas_->SelectAll();
-           },
-           any}};
+  return {
+      {Id::CopyText,
+       Text::CopyInstructions,
+       Text::HelpCopyInstructions,
+       "",
+       [this] { CopyText_Click(false); },
+       any,
+       {},
+       {},
+       " (Ctrl+C)"},
+      {Id::CopyWithBytes, Text::CopyWithBytes, Text::HelpCopyInstructions, "Ctrl+Shift+C",
+       [this] { CopyText_Click(true); }, any},
+      {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "",
+       [this] { Copy(OffsetText(bench_.document.Image(), canvas_->At())); }, any},
+      {Id::CopyAddress, Text::CopyAddress, Text::HelpCopyNumber, "",
+       [this] { Copy(SegmentText(bench_.document.Image(), canvas_->At())); }, any},
+      {Id::CopyPagePointer, Text::CopyPagePointer, Text::HelpCopyPointer, "",
+       [this] { CopyPointer_Click(true); }, any},
+      {Id::CopySegmentPointer, Text::CopySegmentPointer, Text::HelpCopyPointer, "",
+       [this] { CopyPointer_Click(false); }, any},
+      {Id::CopyAsPattern, Text::CopyAsPattern, Text::HelpCopyAsPattern, "", [this] { CopyAsPattern_Click(); },
+       any},
+      {Id::FindAlike, Text::FindAlike, Text::HelpFindAlike, "Ctrl+Shift+N", [this] { FindAlike_Click(); },
+       any},
+      {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { SelectAll_Click(); }, any}};
 }
 
 void CodePanel::Follow_Click() {

@@ -1,4 +1,4 @@
-// The code panel: the whole image as instructions, with a line for going to a place.
+// The code panel: the whole image as instructions.
 #pragma once
 
 #include <memory>
@@ -6,25 +6,18 @@
 #include <vector>
 
 #include "shell/code/code_view.h"
-#include "shell/services/panel.h"
 #include "shell/services/panel_commands.h"
-#include "shell/services/workbench.h"
-
-class wxPanel;
-class wxStaticText;
+#include "shell/view/image_panel.h"
 
 namespace tarvelo {
 
 class CodeCanvas;
-class PlaceLine;
 
-class CodePanel final : public Panel {
+class CodePanel final : public ImagePanel {
  public:
   explicit CodePanel(Workbench& bench);
 
-  [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() override { return &commands_; }
-  [[nodiscard]] wxWindow& FirstFocus() override;
   // Shows the image with what is known about it at once, and with its functions and its map as soon as the
   // window has time to find them.
   void Build() override;
@@ -47,30 +40,24 @@ class CodePanel final : public Panel {
   void StateDpps_Click();
 
   [[nodiscard]] CodeCanvas& Canvas() { return *canvas_; }
-  [[nodiscard]] PlaceLine& Place() { return *place_; }
-  [[nodiscard]] wxStaticText& Information() { return *information_; }
   // The row with this number, as it is shown: "80:006A  DA806A00  CALLS 80h, 6Ah  name".
   [[nodiscard]] std::string RowText(Offset row, bool withBytes) const;
 
  private:
-  void Layout();
-  void Bind();
   [[nodiscard]] PanelCommands MakeCommands();
   [[nodiscard]] std::vector<PanelCommand> CopyCommands();
 
   void ShowView();
   void LearnMore();
   void Renew();
-  void ShowInformation();
+  void GoTo(Offset offset) override;
+  [[nodiscard]] int CopyCommand() const override;
+  [[nodiscard]] std::string InformationText() const override;
   [[nodiscard]] std::string RowsText(const Region& rows, bool withBytes) const;
   [[nodiscard]] Region RowsToSave() const;
 
-  Workbench& bench_;
   PanelCommands commands_;
-  wxPanel* window_;
-  PlaceLine* place_;
   CodeCanvas* canvas_;
-  wxStaticText* information_;
   std::unique_ptr<const CodeView> view_;
   bool isStale_ = false;   // bytes or names have changed since the view was made
   bool isLearnt_ = false;  // the view has the functions and the map

@@ -24,10 +24,6 @@ void HexCanvas::ImageChanged() {
   Refresh();
 }
 
-void HexCanvas::SelectAll() {
-  if (HasImage()) SelectUnits({0, Offset{scene_.image->ffEnd()} + 1});
-}
-
 void HexCanvas::SwitchSide() {
   if (!HasImage()) return;
   scene_.cursorInText = !scene_.cursorInText;

@@ -23,7 +23,6 @@ class HexCanvas final : public RowCanvas {
   // Selects bytes, clipped to the image, and puts the cursor on the first; a size of 0 only moves the cursor.
   // If the cursor is out of sight, scrolls it to a third from the top.
   void Go(Offset start, Offset size) { GoTo(start, size); }
-  void SelectAll();
   [[nodiscard]] Region Selection() const { return scene_.cursor.Selection(); }
 
   // Moves the cursor to the other side: from the digits to the text, or back.

@@ -1,8 +1,5 @@
 #include "shell/hex/hex_panel.h"
 
-#include <wx/panel.h>
-#include <wx/sizer.h>
-#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <algorithm>
@@ -14,13 +11,11 @@
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/hex/hex_canvas.h"
-#include "shell/platform/accessible_name.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
 #include "shell/services/place_commands.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
-#include "shell/view/place_line.h"
 
 namespace tarvelo {
 namespace {
@@ -30,17 +25,15 @@ constexpr Offset copyLimit = 0x100000;  // bytes; as text they take several time
 }  // namespace
 
 HexPanel::HexPanel(Workbench& bench)
-    : Panel({.menuEntry = Id::HexView, .name = Text::HexView, .saveTextCaption = Text::SaveSelectedBytes}),
-      bench_(bench),
+    : ImagePanel(
+          bench,
+          {.menuEntry = Id::HexView, .name = Text::HexView, .saveTextCaption = Text::SaveSelectedBytes},
+          ColonForm::Page),
       commands_(MakeCommands()),
-      window_(new wxPanel(&bench.frame.Parent())),
-      place_(new PlaceLine(window_, bench, ColonForm::Page)),
-      canvas_(new HexCanvas(window_)),
-      editor_(bench, *canvas_),
-      information_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                                    wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {
-  Layout();
-  Bind();
+      canvas_(new HexCanvas(&Window())),
+      editor_(bench, *canvas_) {
+  Arrange(*canvas_);
+  canvas_->onSelect = [this] { CursorMoved(); };
   watch_ = bench.document.OnChange([this] {
     canvas_->ImageChanged();
     ShowInformation();
@@ -48,37 +41,9 @@ HexPanel::HexPanel(Workbench& bench)
   nameWatch_ = bench.document.OnNames([this] { ShowInformation(); });
 }
 
-void HexPanel::Layout() {
-  const int gap = window_->FromDIP(6);
-  auto* all = new wxBoxSizer(wxVERTICAL);
-  all->Add(place_, 0, wxEXPAND | wxALL, gap);
-  all->Add(canvas_, 1, wxEXPAND);
-  all->Add(information_, 0, wxEXPAND | wxALL, gap);
-  window_->SetSizer(all);
-}
+void HexPanel::GoTo(Offset offset) { bench_.frame.ShowHex(offset, 0); }
 
-void HexPanel::Bind() {
-  place_->onGo = [this](Offset offset) {
-    bench_.frame.ShowHex(offset, 0);
-    canvas_->SetFocus();
-  };
-  canvas_->onSelect = [this] { CursorMoved(); };
-  canvas_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
-  window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
-    if (copy && canvas_->HasFocus())
-      bench_.frame.Run(canvas_->CursorInText() ? Id::CopyText : Id::CopyHex);
-    else if (event.GetKeyCode() == WXK_ESCAPE && !canvas_->HasFocus())
-      canvas_->SetFocus();
-    else
-      event.Skip();
-  });
-  bench_.frame.AcceptDrops(*canvas_);
-}
-
-wxWindow& HexPanel::Window() { return *window_; }
-
-wxWindow& HexPanel::FirstFocus() { return *canvas_; }
+int HexPanel::CopyCommand() const { return canvas_->CursorInText() ? Id::CopyText : Id::CopyHex; }
 
 const Fullflash& HexPanel::Image() const { return bench_.document.Image(); }
 
@@ -89,7 +54,7 @@ void HexPanel::Build() {
 
 void HexPanel::Clear() {
   canvas_->SetImage(nullptr, nullptr);
-  place_->ClearFault();
+  Place().ClearFault();
   ShowInformation();
 }
 
@@ -101,13 +66,6 @@ void HexPanel::Save() {
   bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::FileSaved, PathText(file.filename()))), file);
 }
 
-void HexPanel::Recaption(const Messages& messages) {
-  place_->Recaption(messages);
-  platform::SetAccessibleName(*canvas_, Wx(messages.Msg(Traits().name)));
-  ShowInformation();
-  window_->Layout();
-}
-
 Offset HexPanel::Here() const { return canvas_->Selection().offset; }
 
 void HexPanel::Return(Offset here) { Go(here, 0); }
@@ -115,8 +73,6 @@ void HexPanel::Return(Offset here) { Go(here, 0); }
 void HexPanel::Go(Offset start, Offset size) { canvas_->Go(start, size); }
 
 // --- the line below ---
-
-void HexPanel::ShowInformation() { information_->SetLabelText(Wx(InformationText())); }
 
 std::string HexPanel::InformationText() const {
   if (!canvas_->HasImage()) return {};
@@ -149,7 +105,7 @@ PanelCommands HexPanel::MakeCommands() {
 std::vector<PanelCommand> HexPanel::SearchCommands() {
   const auto any = [this] { return canvas_->HasImage(); };
   return {
-      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { GoTo_Click(); }, any},
+      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { Place().Start(); }, any},
       {},
       {Id::Find, Text::SearchForBytes, Text::HelpSearchNextBytes, "Ctrl+F", [this] { FindBytes_Click(); },
        any},
@@ -161,17 +117,13 @@ std::vector<PanelCommand> HexPanel::SearchCommands() {
       {Id::CopyText, Text::CopyAsText, Text::HelpCopyAsText, "", [this] { CopyText_Click(); }, any},
       {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "", [this] { CopyOffset_Click(); }, any},
       {},
-      {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { SelectBytes_Click(); }, any}};
+      {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { SelectAll_Click(); }, any}};
 }
 
 std::vector<PanelCommand> HexPanel::EditCommands() {
   const auto any = [this] { return canvas_->HasImage(); };
-  const auto canUndo = [this] {
-    return place_->Field().HasFocus() ? place_->Field().CanUndo() : editor_.CanUndo();
-  };
-  const auto canRedo = [this] {
-    return place_->Field().HasFocus() ? place_->Field().CanRedo() : editor_.CanRedo();
-  };
+  const auto canUndo = [this] { return IsPlaceFocused() ? Place().Field().CanUndo() : editor_.CanUndo(); };
+  const auto canRedo = [this] { return IsPlaceFocused() ? Place().Field().CanRedo() : editor_.CanRedo(); };
   const auto selected = [this] { return canvas_->Selection().size > 0; };
   return {
       {Id::SwitchSide, Text::SwitchHexText, Text::HelpSwitchHexText, "F2", [this] { canvas_->SwitchSide(); },
@@ -187,8 +139,6 @@ std::vector<PanelCommand> HexPanel::EditCommands() {
       {Id::SelectedToPatch, Text::SelectedChangesToPatch, Text::HelpAddToPatch, "",
        [this] { editor_.SelectedToPatch(); }, selected}};
 }
-
-void HexPanel::GoTo_Click() { place_->Start(); }
 
 Bytes HexPanel::BytesToCopy(Text command) {
   const Region range = canvas_->Selection();
@@ -210,32 +160,24 @@ void HexPanel::CopyText_Click() {
 
 void HexPanel::CopyOffset_Click() { Copy(OffsetText(Image(), canvas_->Selection().offset)); }
 
-// In the line above, selects the line's own text.
-void HexPanel::SelectBytes_Click() {
-  if (place_->Field().HasFocus())
-    place_->Field().SelectAll();
-  else
-    canvas_->SelectAll();
-}
-
 // In the line above, undoes edits of the line's own text.
 void HexPanel::UndoBytes_Click() {
-  if (place_->Field().HasFocus())
-    place_->Field().Undo();
+  if (IsPlaceFocused())
+    Place().Field().Undo();
   else
     editor_.Undo();
 }
 
 void HexPanel::RedoBytes_Click() {
-  if (place_->Field().HasFocus())
-    place_->Field().Redo();
+  if (IsPlaceFocused())
+    Place().Field().Redo();
   else
     editor_.Redo();
 }
 
 void HexPanel::PasteHex_Click() {
-  if (place_->Field().HasFocus())
-    place_->Field().Paste();
+  if (IsPlaceFocused())
+    Place().Field().Paste();
   else
     editor_.Paste();
 }
@@ -280,7 +222,7 @@ void HexPanel::ShowHit(const Pattern& pattern, Offset hit) {
 // In the status bar, until the cursor moves; after the menu that this command may come from has closed.
 void HexPanel::SayWrapped(Text text) {
   if (!isHitShown_) return;
-  window_->CallAfter([this, text] {
+  Window().CallAfter([this, text] {
     isWrapShown_ = true;
     bench_.status.ShowHelp(Wx(bench_.texts.Msg(text)));
   });

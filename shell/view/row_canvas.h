@@ -23,6 +23,8 @@ class RowCanvas : public wxWindow {
 
   bool SetFont(const wxFont& font) override;
 
+  void SelectAll() { SelectUnits({0, scene_.cursor.Units()}); }
+
   std::function<void()> onSelect;                           // the cursor or the selection has changed
   std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
 
