@@ -1,5 +1,7 @@
 #include "shell/code/code_panel.h"
 
+#include <wx/splitter.h>
+
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
@@ -12,6 +14,7 @@
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/code/code_canvas.h"
+#include "shell/code/function_side.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/edit_commands.h"
@@ -33,9 +36,12 @@ CodePanel::CodePanel(Workbench& bench)
                  {.menuEntry = Id::CodeView, .name = Text::Code, .saveTextCaption = Text::SaveCodeAsText},
                  ColonForm::Segment),
       commands_(MakeCommands()),
-      canvas_(new CodeCanvas(&Window())) {
-  Arrange(*canvas_);
-  canvas_->onSelect = [this] { ShowInformation(); };
+      body_(new wxSplitterWindow(&Window(), wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
+      canvas_(new CodeCanvas(body_)),
+      side_(new FunctionSide(body_, bench.texts)) {
+  Arrange(*canvas_, *body_);
+  BindSide();
+  canvas_->onSelect = [this] { CursorMoved(); };
   canvas_->onFollow = [this] { bench_.frame.Run(Id::FollowTarget); };
   watch_ = bench.document.OnChange([this] {
     isLearnt_ = false;
@@ -47,6 +53,48 @@ CodePanel::CodePanel(Workbench& bench)
 void CodePanel::GoTo(Offset offset) { bench_.frame.ShowCode(offset, 0); }
 
 int CodePanel::CopyCommand() const { return Id::CopyText; }
+
+// --- the functions beside the code ---
+
+void CodePanel::BindSide() {
+  body_->SetMinimumPaneSize(body_->FromDIP(120));
+  side_->Hide();
+  body_->Initialize(canvas_);
+  side_->onChoose = [this](const Function& function) { Browse(function); };
+  side_->onActivate = [this](const Function& function) {
+    bench_.frame.ShowCode(function.code.offset, 0);
+    canvas_->SetFocus();
+  };
+  canvas_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+    isBrowsing_ = false;
+    event.Skip();
+  });
+}
+
+bool CodePanel::IsSideShown() const { return body_->IsSplit(); }
+
+void CodePanel::ShowSide(bool show) {
+  if (show && !body_->IsSplit()) {
+    body_->SplitVertically(side_, canvas_, std::min(body_->FromDIP(280), body_->GetSize().x / 3));
+    side_->Follow(view_ ? canvas_->At() : 0);
+  } else if (!show && body_->IsSplit()) {
+    body_->Unsplit(side_);
+    canvas_->SetFocus();
+  }
+}
+
+// One step back leads to where the user began to go through the list.
+void CodePanel::Browse(const Function& function) {
+  if (std::exchange(isBrowsing_, true))
+    Go(function.code.offset, 0);
+  else
+    bench_.frame.ShowCode(function.code.offset, 0);
+}
+
+void CodePanel::CursorMoved() {
+  ShowInformation();
+  if (view_ && IsSideShown()) side_->Follow(canvas_->At());
+}
 
 // --- the view ---
 
@@ -69,6 +117,7 @@ void CodePanel::ShowView() {
     canvas_->ReplaceView(view.get());
   else
     canvas_->SetView(view.get(), &document.Edits());
+  side_->SetView(view.get());
   view_ = std::move(view);
   isStale_ = false;
   ShowInformation();
@@ -91,6 +140,7 @@ void CodePanel::Renew() {
 
 void CodePanel::Clear() {
   canvas_->SetView(nullptr, nullptr);
+  side_->SetView(nullptr);
   view_.reset();
   isLearnt_ = false;
   isStale_ = false;
@@ -110,6 +160,7 @@ void CodePanel::Return(Offset here) {
 
 void CodePanel::Recaption(const Messages& messages) {
   ImagePanel::Recaption(messages);
+  side_->Recaption(messages);
   canvas_->SetCaptions({Wx(messages.Msg(Text::ColumnOffset)), Wx(messages.Msg(Text::ColumnAddress)),
                         Wx(messages.Msg(Text::ColumnBytes)), Wx(messages.Msg(Text::ColumnInstruction)),
                         Wx(messages.Msg(Text::ColumnWhatLiesThere))});
@@ -200,7 +251,9 @@ PanelCommands CodePanel::MakeCommands() {
        " (Enter)"},
       {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { Place().Start(); }, any}};
   Append(commands, PlaceCommands(bench_, chosen, Id::OpenCode));
-  Append(commands, {{Id::ShowFunctions, Text::Functions, Text::HelpFunctions, "Ctrl+Shift+D",
+  Append(commands, {{Id::FunctionsBeside, Text::FunctionsBeside, Text::HelpFunctionsBeside, "Ctrl+Shift+L",
+                     [this] { ShowSide(!IsSideShown()); }, any, [this] { return IsSideShown(); }},
+                    {Id::ShowFunctions, Text::Functions, Text::HelpFunctions, "Ctrl+Shift+D",
                      [this] { bench_.frame.ShowFunctions(canvas_->At()); }, any}});
   Append(commands, CopyCommands());
   Append(commands,

@@ -9,9 +9,12 @@
 #include "shell/services/panel_commands.h"
 #include "shell/view/image_panel.h"
 
+class wxSplitterWindow;
+
 namespace tarvelo {
 
 class CodeCanvas;
+class FunctionSide;
 
 class CodePanel final : public ImagePanel {
  public:
@@ -40,6 +43,9 @@ class CodePanel final : public ImagePanel {
   void StateDpps_Click();
 
   [[nodiscard]] CodeCanvas& Canvas() { return *canvas_; }
+  // The list of functions beside the code.
+  [[nodiscard]] FunctionSide& Side() { return *side_; }
+  [[nodiscard]] bool IsSideShown() const;
   // The row with this number, as it is shown: "80:006A  DA806A00  CALLS 80h, 6Ah  name".
   [[nodiscard]] std::string RowText(Offset row, bool withBytes) const;
 
@@ -49,6 +55,10 @@ class CodePanel final : public ImagePanel {
 
   void ShowView();
   void LearnMore();
+  void BindSide();
+  void ShowSide(bool show);
+  void Browse(const Function& function);
+  void CursorMoved();
   void Renew();
   void GoTo(Offset offset) override;
   [[nodiscard]] int CopyCommand() const override;
@@ -57,10 +67,13 @@ class CodePanel final : public ImagePanel {
   [[nodiscard]] Region RowsToSave() const;
 
   PanelCommands commands_;
+  wxSplitterWindow* body_;
   CodeCanvas* canvas_;
+  FunctionSide* side_;
   std::unique_ptr<const CodeView> view_;
-  bool isStale_ = false;   // bytes or names have changed since the view was made
-  bool isLearnt_ = false;  // the view has the functions and the map
+  bool isStale_ = false;     // bytes or names have changed since the view was made
+  bool isLearnt_ = false;    // the view has the functions and the map
+  bool isBrowsing_ = false;  // the user goes through the functions beside the code
   Document::Watch watch_;
   Document::Watch nameWatch_;
 };

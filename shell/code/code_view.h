@@ -20,6 +20,7 @@ class CodeView {
            std::shared_ptr<const DumpMap> map, const DppPages& dpps);
 
   [[nodiscard]] const Fullflash& Image() const { return dump_.image; }
+  [[nodiscard]] const Names& PlaceNames() const { return dump_.names; }
   [[nodiscard]] const CodeRows& Rows() const { return rows_; }
   [[nodiscard]] const CodeReader& Reader() const { return reader_; }
   [[nodiscard]] const FunctionList& Functions() const { return *functions_; }

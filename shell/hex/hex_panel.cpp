@@ -32,7 +32,7 @@ HexPanel::HexPanel(Workbench& bench)
       commands_(MakeCommands()),
       canvas_(new HexCanvas(&Window())),
       editor_(bench, *canvas_) {
-  Arrange(*canvas_);
+  Arrange(*canvas_, *canvas_);
   canvas_->onSelect = [this] { CursorMoved(); };
   watch_ = bench.document.OnChange([this] {
     canvas_->ImageChanged();

@@ -119,6 +119,7 @@ enum : int {
   FindAlike,
   StateDpps,
   ShowFunctions,
+  FunctionsBeside,
   ChangeAsCode,
 };
 

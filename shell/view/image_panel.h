@@ -27,8 +27,9 @@ class ImagePanel : public Panel {
  protected:
   // `form`: what two numbers with a colon mean in this view.
   ImagePanel(Workbench& bench, PanelTraits traits, ColonForm form);
-  // Puts the rows, a child of Window(), between the two lines. Call once, from the constructor.
-  void Arrange(RowCanvas& rows);
+  // Puts `body`, a child of Window(), between the two lines. It is the rows, or holds them. Call once, from
+  // the constructor.
+  void Arrange(RowCanvas& rows, wxWindow& body);
 
   // Shows a place that the user entered.
   virtual void GoTo(Offset offset) = 0;

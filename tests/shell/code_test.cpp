@@ -3,6 +3,7 @@
 
 #include "shell/code/code_canvas.h"
 #include "shell/code/code_panel.h"
+#include "shell/code/function_side.h"
 #include "shell/code/references_panel.h"
 #include "shell/desk.h"
 #include "shell/hex/hex_canvas.h"
@@ -98,6 +99,35 @@ TEST_F(CodeDesk, FollowsAndGoesBackAcrossPanels) {
   Go(a + 0x14);  // RETS leads nowhere
   main->Run(Id::FollowTarget);
   EXPECT_EQ(Canvas().At(), a + 0x14);
+}
+
+// The list follows the cursor, and the code follows the list; one step back leads to where that began.
+TEST_F(CodeDesk, FunctionsBesideTheCode) {
+  OpenCode();
+  Open().NamePlace(c, "Loop", "");
+  Go(a + 0x14);
+  main->Run(Id::FunctionsBeside);
+  ListView& beside = Code().Side().List();
+  ASSERT_EQ(beside.RowCount(), 3u);
+  EXPECT_EQ(beside.Row(2).cells, (std::vector<std::string>{"F0:1300", "   1", "Loop"}));
+  EXPECT_EQ(beside.Selected(), 0u);
+  Go(b + 2);
+  EXPECT_EQ(beside.Selected(), 1u);
+  beside.Control().SetFocus();
+  for (const std::size_t row : {2, 0, 2}) beside.Select(row);
+  EXPECT_EQ(Canvas().At(), c);
+  main->Run(Id::GoBack);
+  EXPECT_EQ(Canvas().At(), b + 2);
+  beside.Filter("loop");
+  Go(a);  // hidden by the filter, which stays
+  EXPECT_EQ(beside.ShownRows().count, 1u);
+  beside.onActivate(2);
+  EXPECT_EQ(Canvas().At(), c);
+  Open().Write(a, std::vector<std::uint8_t>{0xCC, 0x00, 0xCC, 0x00});  // C is called no less
+  Settle();
+  EXPECT_EQ(beside.ShownRows().count, 1u);
+  main->Run(Id::FunctionsBeside);
+  EXPECT_FALSE(Code().IsSideShown());
 }
 
 TEST_F(CodeDesk, GoesToPlacesOfEveryForm) {
