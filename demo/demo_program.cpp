@@ -86,7 +86,7 @@ class Program {
     showPicture_ = out_.Offset();  // the picture with number R12
     InPageOf(needs_.pictures, 1);
     Long(0xC2, 0xF4, InPage(needs_.pictures));  // MOVBZ R4, width of the first picture
-    Long(0xF6, 0xF4, pictureWidth_);             // MOV pictureWidth, R4
+    Long(0xF6, 0xF4, pictureWidth_);            // MOV pictureWidth, R4
     Short(0x5C, 0x3C);                          // SHL R12, #3
     InPageOf(needs_.pictures, 2);
     Long(0xD4, 0x4C, InPage(needs_.pictures) + 4);  // MOV R4, [R12+#..]: the pointer to its data
@@ -99,9 +99,9 @@ class Program {
     else
       PlayMelody();
 
-    readBlock_ = out_.Offset();     // the EEPROM block with number R12
+    readBlock_ = out_.Offset();      // the EEPROM block with number R12
     Long(0xF6, 0xFC, blockNumber_);  // MOV blockNumber, R12
-    Short(0xE0, 0x04);              // MOV R4, #0
+    Short(0xE0, 0x04);               // MOV R4, #0
     Return();
   }
 
@@ -135,10 +135,6 @@ class Program {
     Call(showText_);
     Short(0xE0, 0x2C);  // MOV R12, #2
     Call(showPicture_);
-    if (needs_.isLater) {
-      Short(0xE0, 0xAC);  // MOV R12, #10
-      Call(dimLight_);
-    }
     Short(lightBit << 4 | 0xF, displayBits);
     Return();
     if (needs_.isLater) return;
@@ -153,7 +149,7 @@ class Program {
 
   void Menu() {
     onKey_ = out_.Offset();                // key R12: 0 up, 1 down, 2 choose
-    Long(0xF2, 0xF4, menuItem_);            // MOV R4, menuItem
+    Long(0xF2, 0xF4, menuItem_);           // MOV R4, menuItem
     Long(0x46, 0xFC, 2);                   // CMP R12, #2
     Short(0xED, 13);                       // JMPR cc_UGT, to the RETS
     Short(0x5C, 0x1C);                     // SHL R12, #1
@@ -187,6 +183,10 @@ class Program {
     Long(0xE6, 0x02, 0);                   // MOV DPP2, #0
     Point(12, Text("Service menu"));
     Call(showText_);
+    if (needs_.isLater) {
+      Short(0xE0, 0xAC);  // MOV R12, #10
+      Call(dimLight_);
+    }
     const std::size_t loop = out_.Offset();
     Long(0xF2, 0xFC, menuItem_);
     Call(onKey_);
@@ -213,8 +213,8 @@ class Program {
   const unsigned menuItem_, blockNumber_, pictureWidth_;
   const std::size_t constants_;
   CodeWriter out_;
-  std::size_t copyText_ = 0, showText_ = 0, showPicture_ = 0, playMelody_ = 0, dimLight_ = 0, readBlock_ = 0, onKey_ = 0,
-              start_ = 0;
+  std::size_t copyText_ = 0, showText_ = 0, showPicture_ = 0, playMelody_ = 0, dimLight_ = 0, readBlock_ = 0,
+              onKey_ = 0, start_ = 0;
   std::size_t tests_[mostItems] = {}, cases_[3] = {};
 };
 

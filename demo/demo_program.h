@@ -15,8 +15,8 @@ struct ProgramNeeds {
 
 // Writes the program. It calls functions, passes pointers to texts in two registers, reads tables in other
 // pages, picks a function from a table of pointers, has a switch, and keeps variables and bits in RAM. Its
-// constants follow its code. The later program can dim the light, which its display test does, has no keypad
-// test and nothing that plays melodies, and one more variable before the others.
+// constants follow its code. The later program can dim the light, which its start does, has no keypad test
+// and nothing that plays melodies, and one more variable before the others.
 void WriteProgram(Flash& flash, Area area, const ProgramNeeds& needs);
 
 }  // namespace tarvelo
