@@ -14,8 +14,7 @@ namespace tarvelo {
 namespace {
 
 constexpr auto bytesShown = static_cast<std::size_t>(longestPatchLine);
-constexpr std::size_t rowsAround = 16;           // instructions on each side of the line's
-constexpr std::size_t patternAround = 4;         // those that a similar place must have, too
+constexpr std::size_t patternAround = 4;         // instructions on each side that a similar place has, too
 constexpr std::size_t mostSimilar = 100;         // are counted
 constexpr Offset dataAround = 64, dataRow = 16;  // bytes
 
@@ -100,10 +99,7 @@ CodeAround CarriedLines::InCode(const Change& change, const PortedChange& ported
   const auto isBehind = [&](const CodeSide& side) { return side.old && side.old->offset > change.offset; };
   auto at = static_cast<std::size_t>(std::ranges::find_if(sides, isBehind) - sides.begin());
   while (at > 1 && !sides[at - 1].old) --at;  // behind the line's instruction
-  sides.resize(std::min(sides.size(), at + rowsAround));
-  const std::size_t left = at - std::min(at, rowsAround);
-  sides.erase(sides.begin(), sides.begin() + static_cast<std::ptrdiff_t>(left));
-  return {SideRows(std::move(sides), versions_, messages_), at - left - 1};
+  return {SideRows(std::move(sides), versions_, messages_), at - 1};
 }
 
 CodeAround CarriedLines::InData(const Change& change, const PortedChange& ported) const {

@@ -66,8 +66,9 @@ class Carrier {
       if (isSure) carried.address = best.value;
       return isSure;
     };
-    const bool isNear = address >= pageThree && address < endOfPageThree;
-    if (takes(Movable::Kind::Address) || (isNear && takes(Movable::Kind::Near))) return;
+    // Two small numbers that a function gets look like an offset in one of the first pages.
+    const auto kind = address >= endOfPageThree ? Movable::Kind::Address : Movable::Kind::Near;
+    if (address >= pageThree && takes(kind)) return;
     carried.refusal = PortRefusal::NoPlace;
   }
 

@@ -25,11 +25,9 @@ SideMark MarkOf(const CodePairing& pairing, const UnitInstruction& old, int oldU
   using enum Movable::Kind;
   const Movable::Kind kind = old.movable.kind;
   if (kind == None) return SideMark::Same;
-  const bool isEqual = old.movable == now.movable;
   if (kind == Constant || kind == Member || kind != now.movable.kind)
-    return isEqual ? SideMark::Same : SideMark::Constant;
-  if (pairing.Judge(old, oldUnit, now) == Verdict::Contradicts) return SideMark::Edited;
-  return isEqual ? SideMark::Same : SideMark::Moved;
+    return old.movable == now.movable ? SideMark::Same : SideMark::Constant;
+  return pairing.Judge(old, oldUnit, now) == Verdict::Contradicts ? SideMark::Edited : SideMark::Same;
 }
 
 std::vector<CodeSide> SidesOf(const CodePairing& pairing, int oldUnit, int newUnit) {

@@ -11,8 +11,7 @@ namespace tarvelo {
 
 // How the instructions of a row compare.
 enum class SideMark : std::uint8_t {
-  Same,
-  Moved,     // but for an address that moved
+  Same,      // but for addresses that moved
   Constant,  // but for a constant or displacement, which may be an address that moved, or edited
   Edited,    // they differ, only one version has it, or it refers to something else
 };

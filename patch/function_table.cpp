@@ -61,22 +61,22 @@ std::array<int, functionStates> CountStates(std::span<const ComparedFunction> fu
 
 TableRows FunctionRows(std::span<const ComparedFunction> functions, const CodeVersions& versions,
                        const Names& oldNames, const Names& newNames, const Messages& messages) {
-  return {Captions(messages, {Text::ColumnState, Text::ColumnOffset, Text::ColumnAddress, Text::ColumnSize,
-                              Text::ColumnNewOffset, Text::ColumnNewAddress, Text::ColumnNewSize,
-                              Text::ColumnEdited, Text::ColumnConstants, Text::ColumnName,
-                              Text::ColumnNewName}),
-          functions.size(), [=, &versions, &oldNames, &newNames](std::size_t row) -> Table::Row {
-            const ComparedFunction& function = functions[row];
-            Table::Row made{{StateText(function.state, messages)}};
-            AddPlace(made.cells, versions.Old(), function.old);
-            AddPlace(made.cells, versions.New(), function.now);
-            const bool hasBoth = function.oldUnit >= 0 && function.newUnit >= 0;
-            made.cells.push_back(hasBoth ? WholeDecimal(function.edited, 4) : "");
-            made.cells.push_back(hasBoth ? WholeDecimal(function.constants, 4) : "");
-            made.cells.push_back(NameOf(versions.Old(), function.old, oldNames));
-            made.cells.push_back(NameOf(versions.New(), function.now, newNames));
-            return made;
-          }};
+  return {
+      Captions(messages, {Text::ColumnState, Text::ColumnOffset, Text::ColumnAddress, Text::ColumnSize,
+                          Text::ColumnNewOffset, Text::ColumnNewAddress, Text::ColumnNewSize,
+                          Text::ColumnEdited, Text::ColumnConstants, Text::ColumnName, Text::ColumnNewName}),
+      functions.size(), [=, &versions, &oldNames, &newNames](std::size_t row) -> Table::Row {
+        const ComparedFunction& function = functions[row];
+        Table::Row made{{StateText(function.state, messages)}};
+        AddPlace(made.cells, versions.Old(), function.old);
+        AddPlace(made.cells, versions.New(), function.now);
+        const bool hasBoth = function.oldUnit >= 0 && function.newUnit >= 0;
+        made.cells.push_back(hasBoth ? WholeDecimal(function.edited, 4) : "");
+        made.cells.push_back(hasBoth ? WholeDecimal(function.constants, 4) : "");
+        made.cells.push_back(NameOf(versions.Old(), function.old, oldNames));
+        made.cells.push_back(NameOf(versions.New(), function.now, newNames));
+        return made;
+      }};
 }
 
 TableRows SideRows(std::vector<CodeSide> sides, const CodeVersions& versions, const Messages& messages) {
@@ -98,9 +98,12 @@ TableRows SideRows(std::vector<CodeSide> sides, const CodeVersions& versions, co
             const auto offset = [](const auto& instruction) {
               return instruction ? WholeHex(instruction->offset) : std::string();
             };
-            constexpr std::array marks{"", "~", "?", "!"};
-            return {{offset(side.old), text(side.old, versions.Old(), shown->oldExtended[row]),
-                     marks[static_cast<std::size_t>(side.mark)], offset(side.now), text(side.now, versions.New(), shown->newExtended[row])},
+            const std::string old = text(side.old, versions.Old(), shown->oldExtended[row]);
+            const std::string now = text(side.now, versions.New(), shown->newExtended[row]);
+            constexpr std::array marks{"~", "?", "!"};
+            const bool isEqual = side.mark == SideMark::Same && old == now;
+            return {{offset(side.old), old, isEqual ? "" : marks[static_cast<std::size_t>(side.mark)],
+                     offset(side.now), now},
                     side.mark == SideMark::Edited};
           }};
 }

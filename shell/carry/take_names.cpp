@@ -18,6 +18,7 @@
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
@@ -110,7 +111,7 @@ void OfferNames(Workbench& bench, Text title, const std::vector<FoundName>& foun
 }
 
 FoundName FoundBy(const NamedPattern& named, const Fullflash& image, const Messages& texts) {
-  FoundName found{.name = named.name, .problem = named.problem};
+  FoundName found{.name = InOneLine(named.name), .problem = InOneLine(named.problem)};
   if (!named.pattern) return found;
   const std::vector<std::uint32_t> places = named.pattern->Find(image, 2);
   if (places.size() == 1) found.address = places[0];

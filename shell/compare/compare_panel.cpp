@@ -69,6 +69,7 @@ ComparePanel::ComparePanel(Workbench& bench, wxPanel* window, wxPanel* none, wxP
   chooseAnother_->MoveBeforeInTabOrder(&List());
   fromStart_->MoveBeforeInTabOrder(&List());
   asFunctions_->MoveBeforeInTabOrder(&List());
+  sides_->HideFilter();
   Layout();
   Bind();
   ShowDifferences(false);
@@ -141,7 +142,7 @@ void ComparePanel::CompareWith_Click() {
   if (!second) return;
   path_ = *path;
   (void)Identify(*second);  // sets its base
-  ForgetRows();  // they belong to the previous second dump
+  ForgetRows();             // they belong to the previous second dump
   second_ = std::move(*second);
   fromStart_->SetValue(false);
   CompareAgain();

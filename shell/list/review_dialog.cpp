@@ -28,6 +28,7 @@ ReviewDialog::ReviewDialog(wxWindow* parent, const Messages& messages, const Rev
     text_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                              wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
     details_ = new ListView(this);
+    details_->HideFilter();
     details_->SetMinSize(FromDIP(wxSize(300, 90)));
     details_->Recaption(messages, Text::ColumnWhatLiesThere);
     column->Add(text_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
@@ -38,6 +39,7 @@ ReviewDialog::ReviewDialog(wxWindow* parent, const Messages& messages, const Rev
   SetSizerAndFit(column);  // the minimum size
   FitScreen();
   if (list_->RowCount() > 0) list_->Select(0);
+  list_->Control().SetFocus();
 }
 
 void ReviewDialog::ShowDetails(std::size_t row) {
