@@ -8,9 +8,7 @@ void Demo(const DemoArguments& arguments, Context&) {
   if (arguments.file == "-") throw WrongArguments("-: a file is needed");
   const bool isSecond = arguments.version == "2";
   if (isSecond && arguments.large) throw WrongArguments("--large: there is no second version of it");
-  const DemoKind kind = arguments.large ? DemoKind::Large
-                        : isSecond      ? DemoKind::Second
-                                        : DemoKind::First;
+  const DemoKind kind = arguments.large ? DemoKind::Large : isSecond ? DemoKind::Second : DemoKind::First;
   ReplaceFile(PathOf(arguments.file), DemoImage(kind));
 }
 

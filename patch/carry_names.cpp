@@ -39,8 +39,7 @@ class Carrier {
     if (const auto address = places_.CodeAddress(carried.oldAddress))
       carried.address = *address;
     else
-      carried.refusal =
-          versions_.Pairing().NewOf(unit) < 0 ? PortRefusal::NoPlace : PortRefusal::NotUnique;
+      carried.refusal = versions_.Pairing().NewOf(unit) < 0 ? PortRefusal::NoPlace : PortRefusal::NotUnique;
   }
 
   void Data(CarriedName& carried, Offset offset) const {

@@ -21,7 +21,8 @@ struct CarriedName {
 };
 
 // One result for each name, in order. A function goes where its pair is, a place in code or data where
-// PlaceFinder says, and a variable in RAM where the code that uses both says; special function registers stay.
+// PlaceFinder says, and a variable in RAM where the code that uses both says; special function registers
+// stay.
 [[nodiscard]] std::vector<CarriedName> CarryNames(const Names& names, const CodeVersions& versions,
                                                   Progress& progress);
 

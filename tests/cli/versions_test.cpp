@@ -27,16 +27,17 @@ class Versions : public testing::Test {
 TEST_F(Versions, DiffListsWhatBecameOfEachFunction) {
   const Result result = Call({"diff", "--code", one, two});
   EXPECT_EQ(result.status, done);
-  EXPECT_TRUE(result.out.starts_with("State\tOffset\tAddress\tSize\tNew offset\tNew address\tNew size\tEdited\t"
-                                     "Constants\tName\tNew name\n"));
+  EXPECT_TRUE(
+      result.out.starts_with("State\tOffset\tAddress\tSize\tNew offset\tNew address\tNew size\tEdited\t"
+                             "Constants\tName\tNew name\n"));
   for (const char* row : {
            "moved\t314000\tB1:4000\t   14\t316400\tB1:6400\t   14\t   0\t   0\t\t\n",
-           "gone\t314038\tB1:4038\t   16\t\t\t\t\t\t\t\n",             // plays melodies
-           "moved\t314048\tB1:4048\t    8\t316440\tB1:6440\t    8",    // behind dimming, half as long
-           "gone\t314080\tB1:4080\t   20",                             // keypad test
-           "moved\t3140BA\tB1:40BA\t   24\t31649E\tB1:649E\t   24\t   0\t   2",  // two displacements
+           "gone\t314038\tB1:4038\t   16\t\t\t\t\t\t\t\n",           // plays melodies
+           "moved\t314048\tB1:4048\t    8\t316440\tB1:6440\t    8",  // behind dimming, half as long
+           "gone\t314080\tB1:4080\t   20",                           // keypad test
+           "moved\t3140BA\tB1:40BA\t   24\t31649E\tB1:649E\t   24\t   0\t   2",    // two displacements
            "changed\t3140D2\tB1:40D2\t   30\t3164B6\tB1:64B6\t   36\t   2\t   0",  // dims at its start
-           "new\t\t\t\t316438\tB1:6438\t    8\t\t\t\t\n",              // dims
+           "new\t\t\t\t316438\tB1:6438\t    8\t\t\t\t\n",                          // dims
        })
     EXPECT_NE(result.out.find("\n" + std::string(row)), std::string::npos) << row;
   const Result json = Call({"diff", "--code", "--json", one, two});
@@ -71,13 +72,14 @@ TEST_F(Versions, NamesAreCarried) {
                                              "B401B9\t\tBattery test\r\n"));
   const Result result = Call({"names", two, "--from", one});
   EXPECT_EQ(result.status, done);
-  EXPECT_EQ(result.out, "00FE10\tCP\nB16478\tOnKey\tup, down, choose\nB16494\tChoose\nB425B9\t\tBattery test\n");
-  EXPECT_EQ(result.err,
-            one + ": 008240: menuItem: there is no such place in the new dump\n" + one +
-                ": B14038: PlayMelody: there is no such place in the new dump\n");
-  EXPECT_TRUE(Call({"names", two, "--from", one, "--json"})
-                  .out.starts_with("{\"name\":\"CP\",\"comment\":\"\",\"old_address\":65040,\"address\":65040,"
-                                   "\"offset\":null}\n"));
+  EXPECT_EQ(result.out,
+            "00FE10\tCP\nB16478\tOnKey\tup, down, choose\nB16494\tChoose\nB425B9\t\tBattery test\n");
+  EXPECT_EQ(result.err, one + ": 008240: menuItem: there is no such place in the new dump\n" + one +
+                            ": B14038: PlayMelody: there is no such place in the new dump\n");
+  EXPECT_TRUE(
+      Call({"names", two, "--from", one, "--json"})
+          .out.starts_with("{\"name\":\"CP\",\"comment\":\"\",\"old_address\":65040,\"address\":65040,"
+                           "\"offset\":null}\n"));
   EXPECT_EQ(Call({"names", one, "--from", two}).status, nothingFound);
 }
 
