@@ -18,7 +18,7 @@ namespace {
 std::filesystem::path DumpFile() {
   static const std::filesystem::path file = [] {
     const auto path = std::filesystem::temp_directory_path() / "tarvelo-bench.bin";
-    WriteFile(path, DemoImage(true), *std::make_unique<NoProgress>());
+    WriteFile(path, DemoImage(DemoKind::Large), *std::make_unique<NoProgress>());
     return path;
   }();
   return file;
@@ -51,7 +51,7 @@ void BM_OpenDump(benchmark::State& state) {
 BENCHMARK(BM_OpenDump)->Unit(benchmark::kMillisecond);
 
 void BM_IdentifyInMemory(benchmark::State& state) {
-  Fullflash image{Bytes(DemoImage(true))};
+  Fullflash image{Bytes(DemoImage(DemoKind::Large))};
   for (auto _ : state) benchmark::DoNotOptimize(Identify(image).Family);
 }
 BENCHMARK(BM_IdentifyInMemory)->Unit(benchmark::kMillisecond);

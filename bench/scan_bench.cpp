@@ -153,7 +153,7 @@ void Register(const Line& line, std::size_t mebibytes, VectorUnit unit) {
 
 // Draws all pictures of the demonstration in turn.
 void DrawPictures(benchmark::State& state) {
-  const Fullflash image{Bytes(DemoImage(true))};
+  const Fullflash image{Bytes(DemoImage(DemoKind::Large))};
   NoProgress progress;
   const PictureList list = GetP(image, progress);
   double pixels = 0;

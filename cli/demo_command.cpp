@@ -6,7 +6,10 @@ namespace tarvelo::cli {
 
 void Demo(const DemoArguments& arguments, Context&) {
   if (arguments.file == "-") throw WrongArguments("-: a file is needed");
-  ReplaceFile(PathOf(arguments.file), DemoImage(arguments.large));
+  const bool isSecond = arguments.version == "2";
+  if (isSecond && arguments.large) throw WrongArguments("--large: there is no second version of it");
+  const DemoKind kind = arguments.large ? DemoKind::Large : isSecond ? DemoKind::Second : DemoKind::First;
+  ReplaceFile(PathOf(arguments.file), DemoImage(kind));
 }
 
 }  // namespace tarvelo::cli

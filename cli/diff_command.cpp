@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <ostream>
 
+#include "cli/code_files.h"
 #include "cli/commands.h"
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
+#include "patch/function_table.h"
 #include "patch/image_compare.h"
 #include "patch/patch_document.h"
 #include "patch/patch_lines.h"
@@ -84,11 +86,52 @@ void WritePatch(const DiffArguments& arguments, const Pair& pair, Context& conte
                 << " are not in this patch\n";
 }
 
+// --- code ---
+
+Json RegionJson(const Fullflash& image, const Region& code, const tarvelo::Names& names) {
+  if (code.size == 0) return nullptr;
+  const std::uint32_t address = image.PhoneAddress(code.offset);
+  return {{"offset", code.offset},
+          {"address", address},
+          {"size", code.size},
+          {"name", Printable(std::string(names.NameAt(address)))}};
+}
+
+void PrintFunctions(const std::vector<ComparedFunction>& functions, const CodeVersions& versions,
+                    const Dump& old, const Dump& now, Context& context) {
+  for (const ComparedFunction& function : functions)
+    context.out << JsonLine({{"state", StateText(function.state)},
+                             {"old", RegionJson(versions.Old(), function.old, old.names)},
+                             {"new", RegionJson(versions.New(), function.now, now.names)},
+                             {"edited", function.edited},
+                             {"constants", function.constants}});
+}
+
+void DiffCode(const DiffArguments& arguments, Context& context) {
+  if (arguments.patch || arguments.fromStart)
+    throw WrongArguments("--code: it goes with neither --patch nor --from-start");
+  const std::optional<Dump> old = OpenCode(arguments.file, context);
+  const std::optional<Dump> now = old ? OpenCode(arguments.other, context) : std::nullopt;
+  if (!now) return;
+  const CodeVersions versions(old->image, now->image, context.progress);
+  const std::vector<ComparedFunction> functions = CompareFunctions(versions);
+  if (arguments.json)
+    PrintFunctions(functions, versions, *old, *now, context);
+  else
+    PrintTable(FunctionRows(functions, versions, old->names, now->names), context);
+  const auto counts = CountStates(functions);
+  if (counts[0] < static_cast<int>(functions.size())) return;
+  context.err << PrintableLine(arguments.other) << ": no function differs from those of "
+              << PrintableLine(arguments.file) << '\n';
+  context.status = nothingFound;
+}
+
 }  // namespace
 
 void Diff(const DiffArguments& arguments, Context& context) {
   if (arguments.patch) CheckOutput("--patch", *arguments.patch, {arguments.file, arguments.other});
   RefuseStandardInput(arguments.other);
+  if (arguments.code) return DiffCode(arguments, context);
   Pair pair{OpenDump(arguments.file, context.progress), ReadImage(arguments.other, context.progress), {}};
   const Offset shift = arguments.fromStart ? 0 : AddressShift(pair.one.image, pair.other);
   pair.comparison = Compare(pair.one.image.ff(), pair.other.ff(), usualGap, shift);

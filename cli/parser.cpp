@@ -164,6 +164,7 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
       .Flag("--json", &DiffArguments::json, "One JSON object a difference and line")
       .Flag("--from-start", &DiffArguments::fromStart,
             "Compare from the first byte of each on, not by phone address")
+      .Flag("--code", &DiffArguments::code, "Compare the functions of two firmware versions instead")
       .Takes("--patch", &DiffArguments::patch, "Write the patch that makes OTHER of FILE");
   Subcommand(app, "apply", "Apply a patch file to a copy of a dump", Apply, chosen)
       .NeedsFilesAnd(&ApplyArguments::files, "PATCH", &ApplyArguments::patch,
@@ -179,9 +180,11 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
       .Needs("PATCH", &PortArguments::patch, "Patch file")
       .Takes("--output", &PortArguments::output, "The patch file to write (default: standard output)")
       .Flag("--json", &PortArguments::json, "One JSON object a change and line");
-  Subcommand(app, "names", "Print the addresses of what a list of patterns finds", Names, chosen)
+  Subcommand(app, "names", "Print names for the places of a dump", Names, chosen)
       .Needs("FILE", &NamesArguments::file, "Dump")
-      .Needs("PATTERNS", &NamesArguments::patterns, "Text file, a line a name: name = pattern")
+      .Takes("PATTERNS", &NamesArguments::patterns,
+             "Names what the patterns of a text file find, a line a name: name = pattern")
+      .Takes("--from", &NamesArguments::from, "Carries over the names of this dump of another version")
       .Flag("--json", &NamesArguments::json, "One JSON object a name and line");
 }
 
@@ -201,7 +204,9 @@ void AddOtherCommands(CLI::App& app, Command& chosen) {
       .Takes("--adff", &AddressArguments::adff, "Offset in the fullflash");
   Subcommand(app, "demo", "Write the demonstration fullflash", Demo, chosen)
       .Needs("FILE", &DemoArguments::file, "The file to write")
-      .Flag("--large", &DemoArguments::large, "A large image of 32 MiB instead of one of 8");
+      .Flag("--large", &DemoArguments::large, "A large image of 32 MiB instead of one of 8")
+      .Takes("--version", &DemoArguments::version, "Of the phone's firmware, to compare and carry patches",
+             {"1", "2"});
 }
 
 // --- arguments that the parser would misread ---

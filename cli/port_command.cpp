@@ -1,30 +1,17 @@
 #include <algorithm>
 #include <ostream>
-#include <utility>
 
 #include "cli/code_files.h"
 #include "cli/commands.h"
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
-#include "code/code_pairing.h"
+#include "patch/code_versions.h"
 #include "patch/pattern.h"
 #include "patch/port_text.h"
 
 namespace tarvelo::cli {
 namespace {
-
-// A dump and its code.
-struct Version {
-  Version(Dump opened, Context& context)
-      : dump(std::move(opened)),
-        units(GetCodeUnits(dump.image, GetFunctions(dump.image, context.progress))) {}
-
-  [[nodiscard]] std::uint32_t Base() const { return dump.image.PhoneAddress(0); }
-
-  Dump dump;
-  CodeUnits units;
-};
 
 Json JsonOf(const Change& change, const PortedChange& ported) {
   Json object{{"offset", change.offset}, {"status", ported.refusal ? "refused" : "ported"}};
@@ -41,10 +28,10 @@ Json JsonOf(const Change& change, const PortedChange& ported) {
 }
 
 // What makes one doubt that the dumps belong together.
-void Warn(const PortArguments& arguments, const Version& old, const Version& now, std::size_t refused,
+void Warn(const PortArguments& arguments, const Dump& old, const Dump& now, std::size_t refused,
           std::size_t all, Context& context) {
   constexpr std::size_t largePatch = 20;
-  if (old.dump.info.Model != now.dump.info.Model)
+  if (old.info.Model != now.info.Model)
     context.err << PrintableLine(arguments.now) << ": another phone than " << PrintableLine(arguments.old)
                 << '\n';
   if (refused > 0)
@@ -61,16 +48,14 @@ void Port(const PortArguments& arguments, Context& context) {
   RefuseStandardInput(arguments.patch);
   if (arguments.output)
     CheckOutput("--output", *arguments.output, {arguments.old, arguments.now, arguments.patch});
-  std::optional<Dump> oldDump = OpenCode(arguments.old, context);
-  std::optional<Dump> newDump = OpenCode(arguments.now, context);
-  if (!oldDump || !newDump) return;
-  const Version old(std::move(*oldDump), context);
-  const Version now(std::move(*newDump), context);
+  const std::optional<Dump> old = OpenCode(arguments.old, context);
+  const std::optional<Dump> now = OpenCode(arguments.now, context);
+  if (!old || !now) return;
   const std::string text = ReadText(arguments.patch, context.progress);
   const ReadPatch patch = ReadPatchText(text);
-  const CodePairing pairing(old.units, old.Base(), now.units, now.Base(), context.progress);
+  const CodeVersions versions(old->image, now->image, context.progress);
   const std::vector<PortedChange> ported =
-      PortChanges(patch.changes, old.dump.image, now.dump.image, pairing);
+      PortChanges(patch.changes, old->image, now->image, versions.Pairing());
 
   const std::string result = PortedText(text, patch.changes, ported);
   if (arguments.output)
@@ -82,7 +67,7 @@ void Port(const PortArguments& arguments, Context& context) {
       context.out << JsonLine(JsonOf(patch.changes[i].change, ported[i]));
   const auto refused = static_cast<std::size_t>(
       std::ranges::count_if(ported, [](const PortedChange& change) { return change.refusal.has_value(); }));
-  Warn(arguments, old, now, refused + patch.invalid.size(), ported.size() + patch.invalid.size(), context);
+  Warn(arguments, *old, *now, refused + patch.invalid.size(), ported.size() + patch.invalid.size(), context);
   if (refused + patch.invalid.size() > 0 || ported.empty()) context.status = nothingFound;
 }
 

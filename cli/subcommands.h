@@ -58,6 +58,7 @@ struct DiffArguments {
   std::string other;
   bool json = false;
   bool fromStart = false;
+  bool code = false;
   std::optional<std::string> patch;
 };
 void Diff(const DiffArguments& arguments, Context& context);
@@ -84,7 +85,8 @@ void Port(const PortArguments& arguments, Context& context);
 
 struct NamesArguments {
   std::string file;
-  std::string patterns;
+  std::optional<std::string> patterns;
+  std::optional<std::string> from;
   bool json = false;
 };
 void Names(const NamesArguments& arguments, Context& context);
@@ -129,6 +131,7 @@ void Address(const AddressArguments& arguments, Context& context);
 struct DemoArguments {
   std::string file;
   bool large = false;
+  std::string version = "1";
 };
 void Demo(const DemoArguments& arguments, Context& context);
 

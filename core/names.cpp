@@ -23,6 +23,15 @@ std::optional<std::uint32_t> ReadAddress(std::string_view text) {
   return address;
 }
 
+// A line without its end; empty if both texts are.
+std::string LineOf(const Name& name) {
+  const std::string text(Trimmed(InOneLine(name.name)));
+  const std::string comment(Trimmed(InOneLine(name.comment)));
+  if (text.empty() && comment.empty()) return {};
+  const std::string line = WholeHex(name.address) + '\t' + text;
+  return comment.empty() ? line : line + '\t' + comment;
+}
+
 bool IsForReader(std::string_view line) { return Trimmed(line).empty() || line.starts_with('#'); }
 
 }  // namespace
@@ -107,25 +116,36 @@ std::optional<std::uint32_t> Names::Find(std::string_view name) const {
 }
 
 void Names::Set(std::uint32_t address, std::string_view name, std::string_view comment) {
-  const std::string newName(Trimmed(InOneLine(name)));
-  const std::string newComment(Trimmed(InOneLine(comment)));
-  std::string line;
-  if (!newName.empty() || !newComment.empty()) line = WholeHex(address) + '\t' + newName;
-  if (!newComment.empty()) line += '\t' + newComment;
-  const char* const lineEnd = text_.empty() || text_.find("\r\n") != text_.npos ? "\r\n" : "\n";
-  const std::size_t i = From(address);
-  if (i < Count() && entries_[i].address == address) {
-    const Entry& old = entries_[i];
-    std::size_t end = old.end;
-    if (line.empty()) end = std::min(text_.find('\n', end), text_.size() - 1) + 1;
-    text_.replace(old.line, end - old.line, line);
-  } else if (!line.empty()) {
-    if (text_.ends_with('\r'))
-      text_ += '\n';  // half of a line end
-    else if (!text_.empty() && !text_.ends_with('\n'))
-      text_ += lineEnd;
-    text_ += line + lineEnd;
+  const Name one{address, name, comment};
+  Set({&one, 1});
+}
+
+void Names::Set(std::span<const Name> names) {
+  const std::string lineEnd = text_.empty() || text_.find("\r\n") != text_.npos ? "\r\n" : "\n";
+  std::vector<std::pair<const Entry*, std::string>> replaced;
+  std::string added;
+  for (const Name& name : names) {
+    std::string line = LineOf(name);
+    const std::size_t i = From(name.address);
+    if (i < Count() && entries_[i].address == name.address)
+      replaced.emplace_back(&entries_[i], std::move(line));
+    else if (!line.empty())
+      added += line + lineEnd;
   }
+  std::ranges::sort(replaced, {}, [](const auto& each) { return each.first->line; });
+  std::string text;
+  std::size_t done = 0;
+  for (const auto& [old, line] : replaced) {
+    text.append(text_, done, old->line - done) += line;
+    done = old->end;
+    if (line.empty()) done = std::min(text_.find('\n', done), text_.size() - 1) + 1;
+  }
+  text.append(text_, done);
+  if (!added.empty() && text.ends_with('\r'))
+    text += '\n';  // half of a line end
+  else if (!added.empty() && !text.empty() && !text.ends_with('\n'))
+    text += lineEnd;
+  text_ = text + added;
   Read();
 }
 

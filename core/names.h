@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +54,8 @@ class Names {
   // Gives an address these texts in place of its old ones; two empty texts remove its line. Control
   // characters become blanks, and blanks around a text are removed.
   void Set(std::uint32_t address, std::string_view name, std::string_view comment);
+  // The same for several addresses, each once.
+  void Set(std::span<const Name> names);
 
  private:
   // Positions in the text.

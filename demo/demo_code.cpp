@@ -2,6 +2,7 @@
 
 #include <array>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 #include "demo/demo_code_writer.h"
@@ -14,6 +15,8 @@ namespace {
 constexpr std::size_t longestGroup = 0x8000;
 constexpr std::size_t longestFunction = 0x1000;
 constexpr std::size_t segment = 0x10000;
+// In the later version: one new function for so many others, one more step for so many steps.
+constexpr unsigned newFunctions = 60, newSteps = 400;
 
 enum class Operands { registers, constant, memory };
 
@@ -99,8 +102,12 @@ constexpr std::array logTexts{
 
 class Functions {
  public:
-  Functions(const Flash& flash, Area area)
-      : flash_(flash), out_(area.begin), random_(static_cast<std::uint32_t>(area.begin)) {
+  Functions(const Flash& flash, Area area, const CodeVersion& version)
+      : flash_(flash),
+        isLater_(version.isLater),
+        out_(area.begin),
+        random_(version.seed),
+        later_(~version.seed) {
     for (unsigned& address : memory_) address = 0x8000 + 2 * random_.Below(0x1000);
   }
 
@@ -110,6 +117,7 @@ class Functions {
  private:
   void Texts();
   void Function();
+  void Later(unsigned seldom, const auto& write);
   void Table(std::size_t first);
   void Step();
   void Plain();
@@ -121,8 +129,10 @@ class Functions {
   std::uint32_t Below(const auto& list) { return random_.Below(static_cast<std::uint32_t>(list.size())); }
 
   const Flash& flash_;
+  bool isLater_;
   CodeWriter out_;
   Random random_;
+  Random later_;                        // of what only the later version has
   std::array<unsigned, 64> memory_{};   // addresses of the variables in this part of the firmware
   std::vector<std::size_t> functions_;  // offsets of callable functions
   std::vector<std::size_t> texts_;      // offsets of log texts
@@ -132,8 +142,27 @@ void Functions::Group() {
   Texts();
   const std::size_t first = functions_.size();
   const unsigned count = 8 + random_.Below(12);
-  for (unsigned i = 0; i < count; ++i) Function();
+  std::vector<std::size_t> added;  // the older functions do not call them
+  for (unsigned i = 0; i < count; ++i) {
+    Later(newFunctions, [&] {
+      Function();
+      added.push_back(functions_.back());
+      functions_.pop_back();
+    });
+    Function();
+  }
   if (flash_.PageMode()) Table(first);
+  for (const std::size_t function : added) out_.Pointer(flash_.Address(function));
+}
+
+// Writes what the later version has in addition, in one of so many places, without disturbing the rest.
+void Functions::Later(unsigned seldom, const auto& write) {
+  if (!isLater_ || later_.Below(seldom) > 0) return;
+  std::swap(random_, later_);
+  isLater_ = false;
+  write();
+  isLater_ = true;
+  std::swap(random_, later_);
 }
 
 // Pointers to some of the functions from a number on: most of them are called from nowhere else.
@@ -154,7 +183,10 @@ void Functions::Function() {
   const unsigned saved = random_.Below(4);
   for (unsigned i = 0; i < saved; ++i) out_.Instruction(0x88, (9 - i) << 4);  // MOV [-R0], Rn
   const unsigned steps = 6 + random_.Below(50);
-  for (unsigned i = 0; i < steps; ++i) Step();
+  for (unsigned i = 0; i < steps; ++i) {
+    Later(newSteps, [this] { Plain(); });
+    Step();
+  }
   for (unsigned i = saved; i-- > 0;) out_.Instruction(0x98, (9 - i) << 4);  // MOV Rn, [R0+]
   out_.Instruction(0xDB, 0x00);                                             // RETS
 }
@@ -221,8 +253,8 @@ void Functions::CallWithText() {
 
 }  // namespace
 
-void WriteCode(Flash& flash, Area area) {
-  Functions functions(flash, area);
+void WriteCode(Flash& flash, Area area, const CodeVersion& version) {
+  Functions functions(flash, area, version);
   while (functions.Out().Offset() + longestGroup < area.end) functions.Group();
   PutBytes(flash.bytes, area.begin, functions.Out().Code());
 }

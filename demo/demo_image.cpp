@@ -1,5 +1,6 @@
 #include "demo/demo_image.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -36,6 +37,7 @@ enum class Part {
 struct Place {
   Part part;
   Area area;
+  std::size_t moved = 0;  // bytes since the first version
 };
 
 // Unlisted bytes stay erased.
@@ -55,6 +57,20 @@ constexpr std::array smallMap{
     Place{Part::code, {0x600000, 0x6E0000}},      Place{Part::code, {0x6F0000, 0x750000}},
     Place{Part::eeprom, {0x760000, 0x800000}},
 };
+
+// In the second version of the firmware, what lies here has moved.
+constexpr Area movedArea{0x200000, 0x3F0000};
+constexpr std::size_t movedBy = 0x2400;
+
+constexpr auto secondMap = [] {
+  auto map = smallMap;
+  for (Place& place : map) {
+    if (place.area.begin < movedArea.begin || place.area.begin >= movedArea.end) continue;
+    place.moved = movedBy;
+    place.area = {place.area.begin + movedBy, std::min(place.area.end + movedBy, movedArea.end)};
+  }
+  return map;
+}();
 
 constexpr std::size_t largeSize = 0x2000000;
 constexpr std::array largeMap{
@@ -81,6 +97,7 @@ constexpr bool InOrder(const auto& map, std::size_t size) {
   return end <= size;
 }
 static_assert(InOrder(smallMap, smallSize));
+static_assert(InOrder(secondMap, smallSize));
 static_assert(InOrder(largeMap, largeSize));
 
 // The texts that identify the phone and its firmware, up to 15 bytes each.
@@ -93,6 +110,7 @@ struct HeaderTexts {
 };
 
 constexpr HeaderTexts smallHeader{"C55", "Tarvelo demo", "14.11.2002", "10:22:31", 0x24};
+constexpr HeaderTexts secondHeader{"C55", "Tarvelo demo", "06.03.2003", "09:41:07", 0x25};
 constexpr HeaderTexts largeHeader{"S55", "Tarvelo large", "21.05.2003", "16:05:09", 0x91};
 
 constexpr Area Find(const auto& map, Part part) {
@@ -113,10 +131,12 @@ void WriteHeader(Flash& flash, Area header, const HeaderTexts& texts) {
   PutText(flash.bytes, page + 0xA0, texts.time);
 }
 
-ByteBuffer Build(const auto& map, std::size_t size, const HeaderTexts& header) {
+ByteBuffer Build(const auto& map, std::size_t size, const HeaderTexts& header, bool isLater = false) {
   Flash flash(size);
   for (const Place& place : map)
-    if (place.part == Part::code) WriteCode(flash, place.area);
+    if (place.part == Part::code)
+      WriteCode(flash, place.area,
+                {.seed = static_cast<std::uint32_t>(place.area.begin - place.moved), .isLater = isLater});
   WriteHeader(flash, Find(map, Part::header), header);
   const Area t9 = Find(map, Part::t9);
   if (t9.end != 0) WriteT9(flash, t9);
@@ -138,14 +158,20 @@ ByteBuffer Build(const auto& map, std::size_t size, const HeaderTexts& header) {
     WriteProgram(flash, program,
                  {.pictures = Find(map, Part::firstTable).begin,
                   .ringtones = Find(map, Part::ringtones).begin,
-                  .texts = Find(map, Part::texts)});
+                  .texts = Find(map, Part::texts),
+                  .isLater = isLater});
   return std::move(flash.bytes);
 }
 
 }  // namespace
 
-std::vector<std::uint8_t> DemoImage(bool large) {
-  return large ? Build(largeMap, largeSize, largeHeader) : Build(smallMap, smallSize, smallHeader);
+std::vector<std::uint8_t> DemoImage(DemoKind kind) {
+  switch (kind) {
+    case DemoKind::First: return Build(smallMap, smallSize, smallHeader);
+    case DemoKind::Second: return Build(secondMap, smallSize, secondHeader, true);
+    case DemoKind::Large: return Build(largeMap, largeSize, largeHeader);
+  }
+  return {};
 }
 
 }  // namespace tarvelo

@@ -7,7 +7,13 @@
 
 namespace tarvelo {
 
-// The whole image: 8 MiB with page pointers, or with `large` 32 MiB with linear pointers.
-[[nodiscard]] std::vector<std::uint8_t> DemoImage(bool large = false);
+enum class DemoKind {
+  First,   // 8 MiB with page pointers
+  Second,  // the same phone with a later firmware: code and data moved, some functions edited, gone, or new
+  Large,   // 32 MiB with linear pointers
+};
+
+// The whole image.
+[[nodiscard]] std::vector<std::uint8_t> DemoImage(DemoKind kind = DemoKind::First);
 
 }  // namespace tarvelo

@@ -9,17 +9,21 @@ namespace tarvelo {
 namespace {
 
 // Variables in RAM, where DPP2 points. Bits are in words that can be addressed bit by bit.
-constexpr unsigned textBuffer = 0x8200, menuItem = 0x8240, blockNumber = 0x8242, pictureWidth = 0x8244;
+constexpr unsigned textBuffer = 0x8200, firstVariable = 0x8240;
 constexpr unsigned displayBits = 0x20;  // 0FD40h
 constexpr unsigned redrawBit = 3, lightBit = 4;
 constexpr unsigned lightBlock = 5001;  // EEPROM block with the seconds of light
-constexpr unsigned items = 3;
+constexpr unsigned mostItems = 3;
 
 class Program {
  public:
   Program(Flash& flash, Area area, const ProgramNeeds& needs)
       : flash_(flash),
         needs_(needs),
+        items_(needs.isLater ? mostItems - 1 : mostItems),
+        menuItem_(firstVariable + (needs.isLater ? 2 : 0)),
+        blockNumber_(menuItem_ + 2),
+        pictureWidth_(menuItem_ + 4),
         constants_(area.begin + (area.end - area.begin) / 2),
         out_(area.begin) {}
 
@@ -82,7 +86,7 @@ class Program {
     showPicture_ = out_.Offset();  // the picture with number R12
     InPageOf(needs_.pictures, 1);
     Long(0xC2, 0xF4, InPage(needs_.pictures));  // MOVBZ R4, width of the first picture
-    Long(0xF6, 0xF4, pictureWidth);             // MOV pictureWidth, R4
+    Long(0xF6, 0xF4, pictureWidth_);            // MOV pictureWidth, R4
     Short(0x5C, 0x3C);                          // SHL R12, #3
     InPageOf(needs_.pictures, 2);
     Long(0xD4, 0x4C, InPage(needs_.pictures) + 4);  // MOV R4, [R12+#..]: the pointer to its data
@@ -90,16 +94,30 @@ class Program {
     Short(redrawBit << 4 | 0xF, displayBits);
     Return();
 
+    if (needs_.isLater)
+      DimLight();
+    else
+      PlayMelody();
+
+    readBlock_ = out_.Offset();      // the EEPROM block with number R12
+    Long(0xF6, 0xFC, blockNumber_);  // MOV blockNumber, R12
+    Short(0xE0, 0x04);               // MOV R4, #0
+    Return();
+  }
+
+  void PlayMelody() {
     playMelody_ = out_.Offset();  // the melody with number R12
     Short(0x5C, 0x3C);
     InPageOf(needs_.ringtones, 2);
     Long(0xD4, 0x4C, InPage(needs_.ringtones) + 4);
     Long(0xD4, 0x5C, InPage(needs_.ringtones) + 6);
     Return();
+  }
 
-    readBlock_ = out_.Offset();     // the EEPROM block with number R12
-    Long(0xF6, 0xFC, blockNumber);  // MOV blockNumber, R12
-    Short(0xE0, 0x04);              // MOV R4, #0
+  void DimLight() {
+    dimLight_ = out_.Offset();  // R12: for so many seconds
+    Long(0xF6, 0xFC, firstVariable);
+    Short(lightBit << 4 | 0xE, displayBits);  // BCLR
     Return();
   }
 
@@ -119,6 +137,7 @@ class Program {
     Call(showPicture_);
     Short(lightBit << 4 | 0xF, displayBits);
     Return();
+    if (needs_.isLater) return;
 
     tests_[2] = out_.Offset();
     Point(12, Text("Keypad test"));
@@ -130,7 +149,7 @@ class Program {
 
   void Menu() {
     onKey_ = out_.Offset();                // key R12: 0 up, 1 down, 2 choose
-    Long(0xF2, 0xF4, menuItem);            // MOV R4, menuItem
+    Long(0xF2, 0xF4, menuItem_);           // MOV R4, menuItem
     Long(0x46, 0xFC, 2);                   // CMP R12, #2
     Short(0xED, 13);                       // JMPR cc_UGT, to the RETS
     Short(0x5C, 0x1C);                     // SHL R12, #1
@@ -145,12 +164,12 @@ class Program {
     Short(0x0D, 2);
     cases_[2] = out_.Offset();
     Call(out_.Offset() + 10);  // the next function
-    Long(0xF6, 0xF4, menuItem);
+    Long(0xF6, 0xF4, menuItem_);
     Return();
   }
 
   void Start() {
-    Long(0xF2, 0xFC, menuItem);  // runs the test of the menu's item
+    Long(0xF2, 0xFC, menuItem_);  // runs the test of the menu's item
     Short(0x5C, 0x3C);
     InPageOf(constants_, 2);
     Long(0xD4, 0x4C, InPage(Items()) + 4);
@@ -164,8 +183,12 @@ class Program {
     Long(0xE6, 0x02, 0);                   // MOV DPP2, #0
     Point(12, Text("Service menu"));
     Call(showText_);
+    if (needs_.isLater) {
+      Short(0xE0, 0xAC);  // MOV R12, #10
+      Call(dimLight_);
+    }
     const std::size_t loop = out_.Offset();
-    Long(0xF2, 0xFC, menuItem);
+    Long(0xF2, 0xFC, menuItem_);
     Call(onKey_);
     JumpBack(0x0D, loop);
   }
@@ -176,8 +199,8 @@ class Program {
     std::size_t at = constants_;
     for (const std::size_t each : cases_) at = PutWord(flash_.bytes, at, flash_.Address(each) & 0xFFFF);
     at = Items();
-    constexpr std::string_view texts[items] = {"Battery test", "Display test", "Keypad test"};
-    for (std::size_t i = 0; i < items; ++i) {
+    constexpr std::string_view texts[mostItems] = {"Battery test", "Display test", "Keypad test"};
+    for (std::size_t i = 0; i < items_; ++i) {
       at = flash_.PutPointer(at, Text(texts[i]));
       at = PutDWord(flash_.bytes, at, flash_.Address(tests_[i]));
     }
@@ -186,11 +209,13 @@ class Program {
 
   Flash& flash_;
   const ProgramNeeds& needs_;
+  const unsigned items_;
+  const unsigned menuItem_, blockNumber_, pictureWidth_;
   const std::size_t constants_;
   CodeWriter out_;
-  std::size_t copyText_ = 0, showText_ = 0, showPicture_ = 0, playMelody_ = 0, readBlock_ = 0, onKey_ = 0,
-              start_ = 0;
-  std::size_t tests_[items] = {}, cases_[3] = {};
+  std::size_t copyText_ = 0, showText_ = 0, showPicture_ = 0, playMelody_ = 0, dimLight_ = 0, readBlock_ = 0,
+              onKey_ = 0, start_ = 0;
+  std::size_t tests_[mostItems] = {}, cases_[3] = {};
 };
 
 }  // namespace

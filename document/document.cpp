@@ -49,8 +49,13 @@ void Document::ReadNames() {
 }
 
 void Document::NamePlace(Offset offset, std::string_view name, std::string_view comment) {
+  const Name one{dump_.image.PhoneAddress(offset), name, comment};
+  NamePlaces({&one, 1});
+}
+
+void Document::NamePlaces(std::span<const Name> named) {
   Names names = tarvelo::ReadNames(path_);
-  names.Set(dump_.image.PhoneAddress(offset), name, comment);
+  names.Set(named);
   ReplaceFile(NamesFile(path_), names.Text());
   dump_.names = std::move(names);
   Call(nameWatches_);

@@ -70,6 +70,8 @@ class Document {
   // Names a place, and writes the file (Names::Set). Reads the file first, so that what others have added
   // stays. Throws FileError.
   void NamePlace(Offset offset, std::string_view name, std::string_view comment);
+  // The same for several phone addresses, each once, in or outside the image.
+  void NamePlaces(std::span<const Name> names);
   // Call after SetPath: takes the names along, unless a names file is there already, which it reads then.
   // Throws FileError.
   void TakeNamesAlong();

@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "core/identification.h"
 #include "core/places.h"
 #include "document/difference_table.h"
 #include "document/map_table.h"
@@ -18,7 +19,6 @@
 #include "shell/base/strings.h"
 #include "shell/compare/difference_strip.h"
 #include "shell/list/list_view.h"
-#include "shell/services/change_as_code.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"
@@ -61,14 +61,22 @@ ComparePanel::ComparePanel(Workbench& bench, wxPanel* window, wxPanel* none, wxP
                              wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE)),
       chooseAnother_(new wxButton(compared_, wxID_ANY)),
       fromStart_(new wxCheckBox(compared_, wxID_ANY, wxString())),
+      asFunctions_(new wxCheckBox(compared_, wxID_ANY, wxString())),
       figures_(new wxStaticText(compared_, wxID_ANY, wxString())),
-      strip_(new ImageStrip(compared_)) {
+      strip_(new ImageStrip(compared_)),
+      sides_(new ListView(compared_)),
+      functions_(bench) {
   chooseAnother_->MoveBeforeInTabOrder(&List());
   fromStart_->MoveBeforeInTabOrder(&List());
+  asFunctions_->MoveBeforeInTabOrder(&List());
+  sides_->HideFilter();
   Layout();
   Bind();
   ShowDifferences(false);
   watch_ = bench.document.OnChange([this] { ImageChanged(); });
+  names_ = bench.document.OnNames([this] {
+    if (ShowsFunctions()) List().Reword(Rows());
+  });
 }
 
 void ComparePanel::Layout() {
@@ -84,9 +92,11 @@ void ComparePanel::Layout() {
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(line, 0, wxEXPAND | wxALL, gap);
   column->Add(fromStart_, 0, wxLEFT | wxRIGHT | wxBOTTOM, gap);
+  column->Add(asFunctions_, 0, wxLEFT | wxRIGHT | wxBOTTOM, gap);
   column->Add(figures_, 0, wxLEFT | wxRIGHT | wxBOTTOM, gap);
   column->Add(strip_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);
-  column->Add(&List(), 1, wxEXPAND);
+  column->Add(&List(), 3, wxEXPAND);
+  column->Add(sides_, 2, wxEXPAND | wxTOP, gap);
   strip_->SetMinSize(window_->FromDIP(wxSize(-1, 24)));
   compared_->SetSizer(column);
 
@@ -100,9 +110,10 @@ void ComparePanel::Bind() {
   for (wxButton* button : {choose_, chooseAnother_})
     button->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { bench_.frame.Run(Id::CompareWith); });
   fromStart_->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { CompareAgain(); });
-  List().onSelect = [this](std::size_t row) {
-    if (row >= comparison_.differences.size()) return;
-    strip_->Mark(comparison_.differences[row].offset, comparison_.differences[row].size);
+  asFunctions_->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { ShowFunctions(asFunctions_->GetValue()); });
+  List().onSelect = [this](std::size_t row) { ShowRow(row); };
+  List().onActivate = [this](std::size_t) {
+    bench_.frame.Run(ShowsFunctions() ? static_cast<int>(Id::OpenCode) : Commands()->DefaultId());
   };
   strip_->onClick = [this](Offset offset) {
     if (!comparison_.differences.empty()) List().Select(NearestDifference(comparison_.differences, offset));
@@ -130,8 +141,8 @@ void ComparePanel::CompareWith_Click() {
   auto second = ReadDump(bench_, *path);
   if (!second) return;
   path_ = *path;
-  comparison_ = Comparison();
-  List().SetRows({});  // the old rows belong to the previous second dump
+  (void)Identify(*second);  // sets its base
+  ForgetRows();             // they belong to the previous second dump
   second_ = std::move(*second);
   fromStart_->SetValue(false);
   CompareAgain();
@@ -155,6 +166,7 @@ void ComparePanel::ImageChanged() {
 }
 
 void ComparePanel::CompareAgain() {
+  if (ShowsFunctions()) return CompareFunctionsAgain();
   const Bytes image = bench_.document.Image().ff();
   Comparison comparison = Compare(image, second_.ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
   joined_ = JoinDifferences(comparison.differences, mostRows);
@@ -195,8 +207,9 @@ void ComparePanel::MakeMap() {
 }
 
 void ComparePanel::Clear() {
+  asFunctions_->SetValue(false);
+  ForgetRows();
   second_ = Fullflash();
-  comparison_ = Comparison();
   differingBytes_ = 0;
   stale_ = false;
   map_ = std::make_shared<const DumpMap>();
@@ -213,9 +226,12 @@ void ComparePanel::ShowDifferences(bool keepView) {
   else
     List().SetRows(Rows());
   ShowStrip();
+  compared_->GetSizer()->Show(strip_, !ShowsFunctions());
+  compared_->GetSizer()->Show(sides_, ShowsFunctions());
+  asFunctions_->Show(HasSecond() && second_.PageMode() && bench_.document.Image().PageMode());
   none_->Show(!HasSecond());
   compared_->Show(HasSecond());
-  fromStart_->Show(HasSecond() && AddressShift() != 0);
+  fromStart_->Show(HasSecond() && AddressShift() != 0 && !ShowsFunctions());
   LayOutTexts();
   window_->Layout();
 }
@@ -236,6 +252,7 @@ wxString ComparePanel::Head() const { return Wx(bench_.texts.Msg(Text::ComparedW
 
 wxString ComparePanel::Figures() const {
   const auto message = [this](Text n) { return Wx(bench_.texts.Msg(n)); };
+  if (ShowsFunctions()) return Wx(functions_.Figures());
   if (comparison_.Same()) return message(Text::FullflashesSame);
   wxString figures = message(Text::DifferenceCountLabel) + std::to_string(comparison_.differences.size()) +
                      "    " + message(Text::DifferingByteCountLabel) + std::to_string(differingBytes_);
@@ -268,6 +285,10 @@ void ComparePanel::Recaption(const Messages& messages) {
   choose_->SetLabel(Wx(messages.Msg(Text::CompareWithAnother)));
   fromStart_->SetLabel(Wx(messages.Msg(Text::CompareFromStart)));
   fromStart_->SetToolTip(Wx(messages.Msg(Text::HelpCompareFromStart)));
+  asFunctions_->SetLabel(Wx(messages.Msg(Text::CompareFunctions)));
+  asFunctions_->SetToolTip(Wx(messages.Msg(Text::HelpCompareFunctions)));
+  sides_->Recaption(messages, Text::Code);
+  if (const auto row = List().Selected()) ShowRow(*row);
   chooseAnother_->SetLabel(Wx(messages.Msg(Text::ChooseAnotherFullflash)));
   LayOutTexts();
 }
@@ -278,52 +299,14 @@ wxString ComparePanel::Describe(Offset offset, Offset size) const {
 }
 
 const Difference* ComparePanel::Chosen() const {
-  const auto row = List().Selected();
+  const auto row = ShowsFunctions() ? std::nullopt : List().Selected();
   return row && *row < comparison_.differences.size() ? &comparison_.differences[*row] : nullptr;
 }
 
 TableRows ComparePanel::Rows() const {
+  if (ShowsFunctions()) return functions_.Rows();
   return DifferenceRows(bench_.document.Image(), second_.ff(), comparison_.differences, map_.get(),
                         bench_.texts, comparison_.shift);
-}
-
-// --- commands ---
-
-std::optional<Region> ComparePanel::ChosenRegion() const {
-  if (const Difference* difference = Chosen()) return Region{difference->offset, difference->size};
-  return {};
-}
-
-PanelCommands ComparePanel::MakeCommands() {
-  std::vector<PanelCommand> commands = OpenCommands();
-  Append(commands, CopyCommands());
-  Append(commands, StepCommands(Text::NextDifference, Text::PreviousDifference));
-  Append(commands, {{Id::DifferencesToPatch, Text::DifferencesToPatch, Text::HelpAddToPatch, "",
-                     [this] { DifferencesToPatch_Click(); }, ListPanel::Chosen()},
-                    {Id::ChangeAsCode, Text::ChangeAsCode, Text::HelpChangeAsCode, "Ctrl+Shift+D",
-                     [this] { ShowChangeAsCode(bench_, ChangeOf(*Chosen())); }, ListPanel::Chosen()}});
-  return PanelCommands(std::move(commands), Id::OpenHex);
-}
-
-void ComparePanel::DifferencesToPatch_Click() {
-  std::vector<std::size_t> rows = List().SelectedRows();
-  std::ranges::sort(rows);
-  Offset size = 0;
-  for (const std::size_t row : rows) size += comparison_.differences[row].size;
-  bench_.frame.AddPatch(Text::DifferencesToPatch, size, comparison_.differences.size(), [&] {
-    std::vector<Change> changes;
-    for (const std::size_t row : rows) changes.push_back(ChangeOf(comparison_.differences[row]));
-    return changes;
-  });
-}
-
-// From the bytes of the file that was opened to those of the second dump.
-Change ComparePanel::ChangeOf(const Difference& difference) const {
-  const Fullflash& image = bench_.document.Image();
-  Change change = tarvelo::ChangeOf(image.ff(), second_.ff(), difference, comparison_.shift);
-  for (const Change& edit : bench_.document.Edits().Changes(image, difference.offset, difference.size))
-    std::ranges::copy(edit.oldBytes, change.oldBytes.begin() + (edit.offset - difference.offset));
-  return change;
 }
 
 }  // namespace tarvelo

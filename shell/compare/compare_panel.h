@@ -12,6 +12,7 @@
 
 #include "document/dump_map.h"
 #include "patch/image_compare.h"
+#include "shell/compare/function_comparison.h"
 #include "shell/list/list_panel.h"
 
 class wxButton;
@@ -40,10 +41,14 @@ class ComparePanel final : public ListPanel {
   void CompareWith_Click();
   // Compares from the first byte of both dumps instead of by phone address, or the reverse.
   void SetFromStart(bool fromStart);
+  // Compares the functions of C166 code instead of the bytes, or the reverse.
+  void ShowFunctions(bool functions);
   // Makes a patch of the selected differences. Does nothing if none is selected.
   void DifferencesToPatch_Click();
 
   [[nodiscard]] ImageStrip& Strip() { return *strip_; }
+  // Both versions of the chosen function.
+  [[nodiscard]] ListView& Sides() { return *sides_; }
   // The texts above the list: the second dump's path, and the figures of the comparison.
   [[nodiscard]] wxString Head() const;
   [[nodiscard]] wxString Figures() const;
@@ -61,6 +66,10 @@ class ComparePanel final : public ListPanel {
   void LayOutTexts();
   void ImageChanged();
   void CompareAgain();
+  void CompareFunctionsAgain();
+  [[nodiscard]] bool ShowsFunctions() const;
+  void ForgetRows();
+  void ShowRow(std::size_t row);
   void MakeMap();
   void ShowDifferences(bool keepView);
   void ShowStrip();
@@ -80,18 +89,21 @@ class ComparePanel final : public ListPanel {
   wxStaticText* head_;
   wxButton* chooseAnother_;
   wxCheckBox* fromStart_;  // shown only if it makes a difference
+  wxCheckBox* asFunctions_;
   wxStaticText* figures_;
   ImageStrip* strip_;
+  ListView* sides_;  // both versions of the chosen function
 
   std::filesystem::path path_;  // of the second dump
   Fullflash second_;
   Comparison comparison_;
+  FunctionComparison functions_;
   Offset differingBytes_ = 0;
   bool joined_ = false;  // there were too many differences: neighbours were joined
   bool stale_ = false;   // the image has changed since the comparison
   std::shared_ptr<const DumpMap> map_ = std::make_shared<const DumpMap>();  // of the open image
   bool mapFailed_ = false;                                                  // the user has been told
-  Document::Watch watch_;
+  Document::Watch watch_, names_;
 };
 
 }  // namespace tarvelo

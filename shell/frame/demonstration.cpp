@@ -1,10 +1,10 @@
 #include "shell/frame/demonstration.h"
 
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include "core/file.h"
-#include "demo/demo_image.h"
 #include "text/bytes.h"
 
 namespace tarvelo {
@@ -21,11 +21,11 @@ bool Holds(const std::filesystem::path& path, Bytes bytes) try {
   return false;
 }
 
-std::filesystem::path WriteInto(const std::filesystem::path& folder, Bytes image) {
+std::filesystem::path WriteInto(const std::filesystem::path& folder, const std::string& name, Bytes image) {
   std::error_code error;
   for (int i = 1; i <= mostDemonstrations; ++i) {
     const std::string number = i == 1 ? std::string() : " " + std::to_string(i);
-    std::filesystem::path path = folder / ("Tarvelo demo" + number + ".bin");
+    std::filesystem::path path = folder / (name + number + ".bin");
     if (Holds(path, image)) return path;
     if (std::filesystem::exists(path, error)) continue;
     NoProgress progress;
@@ -37,15 +37,16 @@ std::filesystem::path WriteInto(const std::filesystem::path& folder, Bytes image
 
 }  // namespace
 
-std::filesystem::path WriteDemonstration(const std::filesystem::path& folder) {
-  const std::vector<std::uint8_t> image = DemoImage();
+std::filesystem::path WriteDemonstration(const std::filesystem::path& folder, DemoKind kind) {
+  const std::vector<std::uint8_t> image = DemoImage(kind);
+  const std::string name = kind == DemoKind::Second ? "Tarvelo demo, second firmware" : "Tarvelo demo";
   try {
-    return WriteInto(folder, image);
+    return WriteInto(folder, name, image);
   } catch (const FileError&) {
     std::error_code error;
     const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
     if (error) throw;
-    return WriteInto(temporary, image);
+    return WriteInto(temporary, name, image);
   }
 }
 

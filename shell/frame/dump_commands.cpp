@@ -96,8 +96,8 @@ void DumpCommands::OpenFF_Click() {
   if (path) OpenF(*path);
 }
 
-void DumpCommands::OpenDemonstration(const std::filesystem::path& folder) {
-  const std::filesystem::path path = WriteDemonstration(folder);
+void DumpCommands::OpenDemonstration(const std::filesystem::path& folder, DemoKind kind) {
+  const std::filesystem::path path = WriteDemonstration(folder, kind);
   OpenChosen(path);
   if (bench_.document.IsOpen()) bench_.talk.Tell(Text::DemonstrationSaved, path);
 }

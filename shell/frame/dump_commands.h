@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "demo/demo_image.h"
 #include "shell/services/workbench.h"
 #include "shell/settings/recent_files.h"
 
@@ -28,8 +29,8 @@ class DumpCommands {
   void OpenChosen(const std::filesystem::path& path);
   // Opens a file named on the command line.
   void OpenNamed(const std::string& name);
-  // Writes the demonstration into a folder, opens it and tells the user where it is.
-  void OpenDemonstration(const std::filesystem::path& folder);
+  // Writes a demonstration into a folder, opens it and tells the user where it is.
+  void OpenDemonstration(const std::filesystem::path& folder, DemoKind kind);
 
   // Asks about unsaved patch data, if any. True means: do not continue.
   [[nodiscard]] bool WasChanged();

@@ -81,6 +81,7 @@ class Main final : public wxFrame, private Frame {
   void ShowReferences(Offset target) override;
   void ShowFunctions(Offset offset) override;
   void FollowInHex(Offset start, Offset size) override;
+  void OpenDump(const std::filesystem::path& path) override { dumps_->OpenChosen(path); }
   void AddInformation(const std::string& lines) override;
   void AddInformation(const std::string& name, const std::string& body) override;
   void AddPatch(Text command, Offset changedBytes, std::size_t all,

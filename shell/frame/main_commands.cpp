@@ -8,6 +8,7 @@
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
 #include "shell/calculator/calc166.h"
+#include "shell/carry/take_names.h"
 #include "shell/compare/compare_panel.h"
 #include "shell/frame/main.h"
 #include "shell/patch/apply_patch.h"
@@ -31,6 +32,8 @@ void Main::AddCommands() {
       {Id::Search, [this] { hits_->Search_Click(); }},
       {Id::CompareWith, [this] { compare_->CompareWith_Click(); }},
       {Id::ApplyPatch, [this] { ApplyPatch_Click(bench_); }},
+      {Id::TakeNamesFrom, [this] { TakeNamesFrom(bench_); }},
+      {Id::FindNames, [this] { FindNames(bench_); }},
       {Id::GoBack, [this] { Revisit(history_.Back(Here())); }},
       {Id::GoForward, [this] { Revisit(history_.Forward(Here())); }},
       {Id::Help, [this] { Help_Click(); }},
@@ -38,7 +41,8 @@ void Main::AddCommands() {
       {Id::Calc166_Menu, [this] { Calc166_Menu_Click(); }},
       {Id::ExitM, [this] { ExitM_Click(); }},
       {Id::About, [this] { About_Click(); }},
-      {Id::Demonstration, [this] { dumps_->OpenDemonstration(Documents()); }},
+      {Id::Demonstration, [this] { dumps_->OpenDemonstration(Documents(), DemoKind::First); }},
+      {Id::SecondDemonstration, [this] { dumps_->OpenDemonstration(Documents(), DemoKind::Second); }},
   };
   for (int i = 0; i < static_cast<int>(RecentFiles::count); ++i)
     commands_[Id::File1 + i] = [this, i] { dumps_->OpenRecent(static_cast<std::size_t>(i)); };

@@ -79,6 +79,8 @@ const std::vector<MenuEntry> tools = {
     {Id::Search, Text::SearchForBytes, Text::HelpSearchForBytes, "Ctrl+Shift+F", true},
     {Id::CompareWith, Text::CompareWithAnother, Text::HelpCompareWithAnother, "Ctrl+Shift+K", true},
     {Id::ApplyPatch, Text::ApplyPatchFile, Text::HelpApplyPatchFile, "Ctrl+Shift+O", true},
+    {Id::TakeNamesFrom, Text::TakeNamesFrom, Text::HelpTakeNamesFrom, "", true},
+    {Id::FindNames, Text::FindNames, Text::HelpFindNames, "", true},
     {Id::StFun, Text::StandardFunctions, Text::HelpNotBuilt, "", true},
     {Id::StPat, Text::StandardPatches, Text::HelpNotBuilt, "", true},
     {},

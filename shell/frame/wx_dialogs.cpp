@@ -14,6 +14,8 @@
 #include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
+#include "shell/list/list_view.h"
+#include "shell/list/review_dialog.h"
 #include "shell/patch/patch_check_dialog.h"
 
 namespace tarvelo {
@@ -135,6 +137,14 @@ std::optional<std::filesystem::path> WxDialogs::OpenFile(const wxString& title, 
 std::optional<std::filesystem::path> WxDialogs::SaveFile(const wxString& title, const wxString& filter,
                                                          const std::filesystem::path& current) {
   return ChooseFile(parent_, title, filter, current, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+}
+
+std::optional<ReviewAnswer> WxDialogs::Show(const Review& review) {
+  ReviewDialog dialog(parent_, messages_, review);
+  const int answer = dialog.ShowModal();
+  if (answer == wxID_OK) return ReviewAnswer();
+  if (answer == wxID_APPLY) return ReviewAnswer{dialog.List().SelectedRows()};
+  return {};
 }
 
 bool WxDialogs::ApplyOthers(const MisfitTable& misfits) {

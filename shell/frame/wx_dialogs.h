@@ -33,6 +33,7 @@ class WxDialogs final : public Dialogs {
                                                 const std::filesystem::path& current) override;
   std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
                                                 const std::filesystem::path& current) override;
+  std::optional<ReviewAnswer> Show(const Review& review) override;
   bool ApplyOthers(const MisfitTable& misfits) override;
 
  private:

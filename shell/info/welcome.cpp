@@ -45,6 +45,7 @@ Welcome::Welcome(wxWindow* parent, Workbench& bench)
     recent_[i]->SetForegroundColour(LinkColour());
   }
   demonstration_ = AddButton(Id::Demonstration);
+  secondDemonstration_ = AddButton(Id::SecondDemonstration);
   help_ = AddButton(Id::Help);
   Arrange(*title);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -79,6 +80,7 @@ void Welcome::Arrange(wxWindow& title) {
   add(recentTitle_, 2 * gap);
   for (wxButton* file : recent_) add(file, 0);
   add(demonstration_, 2 * gap);
+  add(secondDemonstration_, gap / 2);
   add(help_, gap);
   column->AddSpacer(gap);
   column->AddStretchSpacer(1);
@@ -93,6 +95,7 @@ void Welcome::Recaption(const Messages& messages) {
   recentTitle_->SetLabelText(text(Text::RecentlyOpened));
   open_->SetLabelText(text(Text::Open));
   demonstration_->SetLabelText(text(Text::TryDemonstration));
+  secondDemonstration_->SetLabelText(text(Text::TrySecondDemonstration));
   help_->SetLabelText(text(Text::Help));
   FitInside();
 }

@@ -39,6 +39,7 @@ class Welcome final : public wxScrolledWindow {
   wxStaticText* recentTitle_;
   std::array<wxButton*, RecentFiles::count> recent_;
   wxButton* demonstration_;
+  wxButton* secondDemonstration_;
   wxButton* help_;
 };
 

@@ -165,6 +165,11 @@ void ListView::SetEmptyHint(const wxString& hint) {
   Layout();
 }
 
+void ListView::HideFilter() {
+  filterLine_->Hide();
+  Layout();
+}
+
 wxString ListView::EmptyHint() const {
   return emptyHint_->IsShown() ? emptyHint_->GetLabelText() : wxString();
 }

@@ -37,6 +37,9 @@ class ListView final : public wxPanel {
   void SetEmptyHint(const wxString& hint);
   [[nodiscard]] wxString EmptyHint() const;
 
+  // Leaves out the filter line, for a short list beside another one.
+  void HideFilter();
+
   // The number of columns, from the first on, that are coloured in a marked row. By default all of them.
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
 

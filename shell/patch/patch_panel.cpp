@@ -5,6 +5,7 @@
 #include "patch/patch_merge.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/carry/carry_patch.h"
 #include "shell/patch/patch_editor.h"
 #include "shell/services/change_as_code.h"
 #include "shell/services/clipboard.h"
@@ -131,6 +132,9 @@ PanelCommands PatchPanel::MakeCommands() {
        {},
        {Id::ChangeAsCode, Text::ChangeAsCode, Text::HelpChangeAsCode, "Ctrl+Shift+D",
         [this] { ChangeAsCode_Click(); }, [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); }},
+       {Id::CarryPatch, Text::CarryPatch, Text::HelpCarryPatch, "",
+        [this] { CarryPatch(bench_, Patch_->Document()); },
+        [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); }},
        {Id::SavePatch, Text::SavePatch, Text::HelpSavePatch, "", [this] { SavePatch(); }}},
       Id::SavePatch);
 }

@@ -10,6 +10,8 @@
 namespace tarvelo {
 
 class MisfitTable;
+struct Review;
+struct ReviewAnswer;
 
 class Dialogs {
  public:
@@ -31,6 +33,8 @@ class Dialogs {
                                                         const std::filesystem::path& current) = 0;
   virtual std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
                                                         const std::filesystem::path& current) = 0;
+  // Shows a list before anything is done. Nothing if the user cancels.
+  virtual std::optional<ReviewAnswer> Show(const Review& review) = 0;
   // Shows which lines of a patch do not fit. True if the others are to be applied.
   virtual bool ApplyOthers(const MisfitTable& misfits) = 0;
 };

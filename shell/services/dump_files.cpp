@@ -1,5 +1,7 @@
 #include "shell/services/dump_files.h"
 
+#include <utility>
+
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/services/status_bar.h"
@@ -23,6 +25,29 @@ std::optional<Fullflash> ReadDump(Workbench& bench, const std::filesystem::path&
   if (image.IsOpen()) return image;
   bench.talk.Complain(Wx(bench.texts.Msg(Text::FileEmpty)) + "\n\n" + WxPath(path));
   return {};
+}
+
+std::optional<Dump> AskForOtherVersion(Workbench& bench, Text title, std::filesystem::path& path) {
+  const Document& document = bench.document;
+  const auto chosen = AskForDump(bench, title, document.Path());
+  if (!chosen) return {};
+  path = *chosen;
+  auto image = ReadDump(bench, path);
+  if (!image) return {};
+  if (!image->PageMode() || !document.Image().PageMode()) {
+    bench.talk.Complain(Text::NoCodeInLargeImage);
+    return {};
+  }
+  Dump other{std::move(*image), {}, {}};
+  other.info = Identify(other.image);
+  if (bench.talk.fOpenErr([&] { other.names = ReadNames(path); })) return {};
+  const bool isAlike =
+      other.info.Model == document.Info().Model && other.image.ffEnd() == document.Image().ffEnd();
+  const Messages& texts = bench.texts;
+  if (!isAlike &&
+      !bench.talk.Confirm(Wx(texts.Msg(Text::OtherPhoneOrSize)) + "\n" + Wx(texts.Msg(Text::AskContinue))))
+    return {};
+  return other;
 }
 
 void SaveList(Workbench& bench, const TableRows& rows, std::size_t all, char letter) {

@@ -23,11 +23,14 @@ enum : int {
   Quillo,
   CompareWith,
   ApplyPatch,
+  TakeNamesFrom,
+  FindNames,
   FirstLanguage,  // twelve, in the order of Languages()
   LastLanguage = FirstLanguage + 11,
   Help,
   About,
   Demonstration,
+  SecondDemonstration,
   GoBack,
   GoForward,
 
@@ -110,6 +113,7 @@ enum : int {
   SelectedToPatch,
   SavePatch,
   DifferencesToPatch,
+  CarryPatch,
 
   FollowTarget,
   CopyWithBytes,

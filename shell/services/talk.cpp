@@ -5,6 +5,7 @@
 #include "resources/messages.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
+#include "shell/services/review.h"
 
 namespace tarvelo {
 
@@ -66,6 +67,8 @@ std::optional<std::filesystem::path> Talk::SaveFile(Text title, const wxString& 
                                                     const std::filesystem::path& current) {
   return dialogs_.SaveFile(Msg(title), filter, current);
 }
+
+std::optional<ReviewAnswer> Talk::Show(const Review& review) { return dialogs_.Show(review); }
 
 // --- faults ---
 

@@ -46,6 +46,8 @@ class Talk {
                                                               const std::filesystem::path& current);
   [[nodiscard]] std::optional<std::filesystem::path> SaveFile(Text title, const wxString& filter,
                                                               const std::filesystem::path& current);
+  // Shows a list before anything is done (dialogs.h).
+  [[nodiscard]] std::optional<ReviewAnswer> Show(const Review& review);
   // Shows which lines of a patch do not fit. True if the others are to be applied.
   [[nodiscard]] bool ApplyOthers(const MisfitTable& misfits) { return dialogs_.ApplyOthers(misfits); }
 

@@ -4,6 +4,7 @@
 #include <wx/gdicmn.h>
 #include <wx/string.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -53,6 +54,9 @@ class Frame {
   virtual void ShowFunctions(Offset offset) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
+
+  // Opens a dump in place of the open one. Asks about unsaved data first.
+  virtual void OpenDump(const std::filesystem::path& path) = 0;
 
   // Adds lines to the information text. Each must end with a line feed.
   virtual void AddInformation(const std::string& lines) = 0;

@@ -60,6 +60,14 @@ TEST(Names, SetReplacesAddsAndRemovesOneLine) {
   EXPECT_EQ(windows.Text(), "200\tB\r\n000300\tC\r\n");
 }
 
+TEST(Names, SetTakesSeveralAtOnce) {
+  Names names("# mine\n30\tc\n10\ta\n20\tb\nbad");
+  const Name changes[] = {{0x40, "d", ""}, {0x10, "A", "first"}, {0x20, "", ""}, {0x05, "", "five"}};
+  names.Set(changes);
+  EXPECT_EQ(names.Text(), "# mine\n30\tc\n000010\tA\tfirst\nbad\n000040\td\n000005\t\tfive\n");
+  EXPECT_EQ(names.Count(), 4u);
+}
+
 TEST(Names, LargeAndHostileFilesAreRead) {
   std::string many;
   for (int i = 0; i < 400000; ++i) many += std::to_string(10000000 + i) + "\tname of a place\n";

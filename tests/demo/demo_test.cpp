@@ -25,15 +25,17 @@ std::uint64_t Hash(const std::vector<std::uint8_t>& bytes) {
 
 // The hashes change only when the demonstration is changed on purpose.
 TEST(DemoImage, IsIdentifiedAndTheSameEverywhere) {
-  for (const bool large : {false, true}) {
-    const std::vector<std::uint8_t> bytes = DemoImage(large);
-    EXPECT_EQ(Hash(bytes), large ? 17043373681851035117u : 4981190973505692955u);
+  for (const auto& [kind, hash] : {std::pair(DemoKind::First, 4981190973505692955u),
+                                   {DemoKind::Second, 12816645163789409425u},
+                                   {DemoKind::Large, 17043373681851035117u}}) {
+    const std::vector<std::uint8_t> bytes = DemoImage(kind);
+    EXPECT_EQ(Hash(bytes), hash);
     Fullflash image{Bytes(bytes)};
     const Identification info = Identify(image);
     EXPECT_EQ(info.Family, 7);
     EXPECT_FALSE(info.Model.empty());
     EXPECT_FALSE(info.buildDate.empty());
-    EXPECT_EQ(info.t9.has_value(), !large);
+    EXPECT_EQ(info.t9.has_value(), kind != DemoKind::Large);
   }
 }
 

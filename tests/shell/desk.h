@@ -26,6 +26,7 @@
 #include "shell/patch/patch_panel.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
+#include "shell/services/review.h"
 #include "shell/test_app.h"
 #include "temporary_folder.h"
 
@@ -43,7 +44,9 @@ struct Script {
   std::optional<std::filesystem::path> file;
   std::filesystem::path offered;  // the suggestion when the window asked for a file to open
   bool applyOthers = false;
-  bool opensWithSystem = true;  // the system knows a program for each file
+  std::optional<ReviewAnswer> reviewed;                 // nothing: cancel
+  std::function<void(const Review&)> lookThrough = {};  // called before a list is answered
+  bool opensWithSystem = true;                          // the system knows a program for each file
 
   // Takes the oldest message or question; empty if there is none.
   std::string TakeSaid() {
@@ -85,6 +88,11 @@ struct ScriptedDialogs final : Scripted, Dialogs {
                                                 const std::filesystem::path& current) override {
     script.said.push_back("save " + PathText(current.filename()));
     return script.file;
+  }
+  std::optional<ReviewAnswer> Show(const Review& review) override {
+    script.said.push_back("review " + Utf8(review.summary) + "\n" + TabSeparated(review.rows.All(), "\n"));
+    if (script.lookThrough) script.lookThrough(review);
+    return script.reviewed;
   }
   bool ApplyOthers(const MisfitTable& misfits) override {
     script.said.push_back(misfits.Summary() + "\n" + TabSeparated(misfits.Rows().All(), "\n"));

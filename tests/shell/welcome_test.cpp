@@ -41,7 +41,7 @@ TEST_F(WelcomeDesk, OffersRecentFiles) {
     return false;
   });
   EXPECT_EQ(none, nullptr);
-  EXPECT_EQ(shown, 3);  // no empty ones
+  EXPECT_EQ(shown, 4);  // no empty ones
   for (const auto& file : {first, second}) main->Dumps().OpenF(file);
   main->Dumps().CloseFF();
   EXPECT_EQ(Utf8(Button(PathText(second))->GetToolTipText()), PathText(second));
@@ -63,8 +63,12 @@ TEST_F(WelcomeDesk, WritesAndOpensTheDemonstration) {
 
   WriteFile(file, "mine");  // is not overwritten
   std::filesystem::create_directory(secondFile);
-  EXPECT_EQ(WriteDemonstration(documents), documents / "Tarvelo demo 3.bin");
+  EXPECT_EQ(WriteDemonstration(documents, DemoKind::First), documents / "Tarvelo demo 3.bin");
   EXPECT_EQ(ReadAll(file), "mine");
+  main->Dumps().CloseFF();
+  Click(*Button(std::string(Messages().Msg(Text::TrySecondDemonstration))));
+  EXPECT_EQ(Open().Path(), documents / "Tarvelo demo, second firmware.bin");
+  EXPECT_EQ(Open().Info().StatusText().substr(0, 7), "C55 v25");
 }
 
 }  // namespace

@@ -1,0 +1,78 @@
+#include "shell/carry/carry_patch.h"
+
+#include <optional>
+#include <utility>
+
+#include "core/stoppable.h"
+#include "patch/carried_lines.h"
+#include "patch/patch_document.h"
+#include "patch/port_text.h"
+#include "shell/base/strings.h"
+#include "shell/services/dump_files.h"
+#include "shell/services/review.h"
+#include "shell/services/status_bar.h"
+#include "shell/services/talk.h"
+#include "shell/services/workbench.h"
+
+namespace tarvelo {
+namespace {
+
+// The open image as it is in its file, for which its patch is.
+Fullflash AsOpened(const Document& document) {
+  const Fullflash& image = document.Image();
+  Fullflash opened(image.ff());
+  opened.SetCorrBase(image.CorrBase());
+  for (const Change& edit : document.Edits().Changes(image)) opened.Write(edit.offset, edit.oldBytes);
+  return opened;
+}
+
+ReviewDetails DetailsOf(const CarriedLines& lines, std::size_t row) {
+  CodeAround around = lines.Around(row);
+  return {Wx(lines.Similar(row)), std::move(around.rows), around.middle};
+}
+
+bool IsAccepted(Workbench& bench, const CarriedLines& lines) {
+  return bench.talk
+      .Show({.title = Text::CarryPatch,
+             .summary = Wx(lines.Summary()),
+             .rows = lines.Rows(),
+             .accept = Text::SavePatch,
+             .canAccept = lines.Carried() > 0,
+             .details = [&lines](std::size_t row) { return DetailsOf(lines, row); }})
+      .has_value();
+}
+
+void Save(Workbench& bench, const std::string& text, const Dump& other, const std::filesystem::path& dump) {
+  std::filesystem::path suggested = dump;
+  suggested.replace_extension(".qpt");
+  const wxString filter = Wx(bench.texts.Msg(Text::Patch)) + " (*.qpt)|*.qpt";
+  const auto file = bench.talk.SaveFile(Text::SavePatch, filter, suggested);
+  if (!file) return;
+  ReplaceFile(*file, PatchFile(other.info.StatusText(), text));
+  bench.talk.Tell(Text::PatchSaved, *file);
+  if (bench.talk.Confirm(Wx(bench.texts.Msg(Text::AskOpenOther)) + "\n\n" + WxPath(dump)))
+    bench.frame.OpenDump(dump);
+}
+
+}  // namespace
+
+void CarryPatch(Workbench& bench, const std::string& document) {
+  const ReadPatch patch = ReadPatchText(document);
+  if (patch.changes.empty()) return bench.talk.Tell(Wx(bench.texts.Msg(Text::PatchWithoutChanges)));
+  std::filesystem::path path;
+  const std::optional<Dump> other = AskForOtherVersion(bench, Text::CarryPatch, path);
+  if (!other) return;
+  const Fullflash opened = AsOpened(bench.document);
+  try {
+    StoppableProgress progress(bench.status);
+    const CodeVersions versions(opened, other->image, progress);
+    const std::vector<PortedChange> ported =
+        PortChanges(patch.changes, opened, other->image, versions.Pairing());
+    const CarriedLines lines(patch, ported, versions, bench.texts);
+    if (IsAccepted(bench, lines)) Save(bench, PortedText(document, patch.changes, ported), *other, path);
+  } catch (const Stopped&) {
+    return;
+  }
+}
+
+}  // namespace tarvelo

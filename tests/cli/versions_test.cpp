@@ -1,0 +1,98 @@
+// Both firmwares of the demonstration: comparing their code, carrying patches and names.
+#include <gtest/gtest.h>
+
+#include "cli/call.h"
+#include "core/file.h"
+#include "temporary_folder.h"
+
+namespace tarvelo::cli {
+namespace {
+
+class Versions : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    shared = new TemporaryFolder;
+    one = PathText(*shared / "one.bin");
+    two = PathText(*shared / "two.bin");
+    EXPECT_EQ(Call({"demo", one}).status, done);
+    EXPECT_EQ(Call({"demo", two, "--version", "2"}).status, done);
+  }
+  static void TearDownTestSuite() { delete shared; }
+
+  static inline TemporaryFolder* shared = nullptr;
+  static inline std::string one, two;
+};
+
+// The service menu moves by 2400 bytes; melodies and the keypad test are gone, the light can be dimmed.
+TEST_F(Versions, DiffListsWhatBecameOfEachFunction) {
+  const Result result = Call({"diff", "--code", one, two});
+  EXPECT_EQ(result.status, done);
+  EXPECT_TRUE(
+      result.out.starts_with("State\tOffset\tAddress\tSize\tNew offset\tNew address\tNew size\tEdited\t"
+                             "Constants\tName\tNew name\n"));
+  for (const char* row : {
+           "moved\t314000\tB1:4000\t   14\t316400\tB1:6400\t   14\t   0\t   0\t\t\n",
+           "gone\t314038\tB1:4038\t   16\t\t\t\t\t\t\t\n",           // plays melodies
+           "moved\t314048\tB1:4048\t    8\t316440\tB1:6440\t    8",  // behind dimming, half as long
+           "gone\t314080\tB1:4080\t   20",                           // keypad test
+           "moved\t3140BA\tB1:40BA\t   24\t31649E\tB1:649E\t   24\t   0\t   2",    // two displacements
+           "changed\t3140D2\tB1:40D2\t   30\t3164B6\tB1:64B6\t   36\t   2\t   0",  // dims at its start
+           "new\t\t\t\t316438\tB1:6438\t    8\t\t\t\t\n",                          // dims
+       })
+    EXPECT_NE(result.out.find("\n" + std::string(row)), std::string::npos) << row;
+  const Result json = Call({"diff", "--code", "--json", one, two});
+  for (const char* row : {"{\"state\":\"gone\",\"old\":{\"offset\":3227704,\"address\":11616312,\"size\":16,"
+                          "\"name\":\"\"},\"new\":null,\"edited\":0,\"constants\":0}\n",
+                          "{\"state\":\"new\",\"old\":null,\"new\":{\"offset\":3236920,"})
+    EXPECT_NE(json.out.find(row), std::string::npos) << row;
+  const Result same = Call({"diff", "--code", one, one});
+  EXPECT_EQ(same.status, nothingFound);
+  EXPECT_EQ(same.err, one + ": no function differs from those of " + one + "\n");
+  EXPECT_EQ(same.out.find("\nmoved"), std::string::npos);
+}
+
+TEST_F(Versions, APatchIsCarriedToTheSecondFirmware) {
+  const auto patch = shared->Write("own.qpt", std::string(";Light\n314062: 8913 8A13 ; another block\n"
+                                                          "3140A9: 41 42\n31408C: E01C E02C\n"
+                                                          "314078: DAB11A40 DAB14840\n"));
+  const std::string carried = PathText(*shared / "carried.qpt");
+  const Result result = Call({"port", one, two, PathText(patch), "--output", carried});
+  EXPECT_EQ(result.status, nothingFound) << result.err;
+  EXPECT_EQ(ReadAll(carried),
+            ";Light\r\n31645A: 8913 8A13 ; another block\r\n31648D: 41 42\r\n"
+            ";there is no such place in the new dump: 31408C: E01C E02C\r\n"
+            "316470: DAB11A64 DAB14064\r\n");  // the call leads to what has moved, too
+  EXPECT_EQ(Call({"apply", two, carried, "--check"}).status, done);
+}
+
+// A function, a place in one, a text, a variable in RAM, a register, and a function that is gone.
+TEST_F(Versions, NamesAreCarried) {
+  shared->Write("one.names.tsv", std::string("B14094\tOnKey\tup, down, choose\r\nB140B0\tChoose\r\n"
+                                             "B14038\tPlayMelody\r\nFE10\tCP\r\n8240\tmenuItem\r\n"
+                                             "B401B9\t\tBattery test\r\n"));
+  const Result result = Call({"names", two, "--from", one});
+  EXPECT_EQ(result.status, done);
+  EXPECT_EQ(result.out,
+            "00FE10\tCP\nB16478\tOnKey\tup, down, choose\nB16494\tChoose\nB425B9\t\tBattery test\n");
+  EXPECT_EQ(result.err, one + ": 008240: menuItem: there is no such place in the new dump\n" + one +
+                            ": B14038: PlayMelody: there is no such place in the new dump\n");
+  EXPECT_TRUE(
+      Call({"names", two, "--from", one, "--json"})
+          .out.starts_with("{\"name\":\"CP\",\"comment\":\"\",\"old_address\":65040,\"address\":65040,"
+                           "\"offset\":null}\n"));
+  EXPECT_EQ(Call({"names", one, "--from", two}).status, nothingFound);
+}
+
+TEST_F(Versions, ContradictingArgumentsAreRefused) {
+  for (const std::vector<std::string>& call :
+       {std::vector<std::string>{"diff", "--code", "--from-start", one, two},
+        {"diff", "--code", one, two, "--patch", one + ".qpt"},
+        {"demo", one + "x", "--version", "2", "--large"},
+        {"demo", one + "x", "--version", "3"},
+        {"names", two},
+        {"names", two, one, "--from", one}})
+    EXPECT_EQ(Call(call).status, wrongArguments) << call.back();
+}
+
+}  // namespace
+}  // namespace tarvelo::cli
