@@ -95,6 +95,12 @@ enum : int {
   LoadAllRing,
   CopyR,
 
+  OpenFile,
+  SaveFiles,
+  SaveFolder,
+  SaveAllFiles,
+  ReplaceFile,
+
   GoTo,
   CopyHex,
   CopyText,
