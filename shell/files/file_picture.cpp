@@ -72,11 +72,33 @@ std::optional<FilePicture> ReadBmp(Bytes file) {
   return picture;
 }
 
-// Every scan of a JPEG file may pass over the whole picture.
-bool HasFewScans(Bytes file) {
-  std::size_t scans = 0;
-  for (std::size_t i = 0; i + 1 < file.size(); ++i) scans += file[i] == 0xFF && file[i + 1] == 0xDA;
-  return scans <= mostScans;
+// Whether no table of codes behind a marker of a JPEG file has more codes than bytes can name, which the
+// decoder takes for granted. A table is a byte, 16 counts of codes, and a byte for each code; the decoder
+// also reads a table that only begins in the segment.
+bool HasSoundTables(Bytes segment) {
+  const auto byte = [&](std::size_t at) { return at < segment.size() ? segment[at] : 0u; };
+  const std::size_t size = byte(0) << 8 | byte(1);
+  for (std::size_t at = 2; at < size;) {
+    std::size_t codes = 0;
+    for (std::size_t i = 1; i <= 16; ++i) codes += byte(at + i);
+    if (codes > 256) return false;
+    at += 17 + codes;
+  }
+  return true;
+}
+
+// Markers stand where compressed data has none: FF is never followed by their second byte there. Every scan
+// may pass over the whole picture.
+bool IsSoundJpeg(Bytes file) {
+  constexpr std::uint8_t tables = 0xC4, scan = 0xDA;
+  std::size_t scans = 0, segments = 0;
+  for (std::size_t i = 0; i + 1 < file.size(); ++i) {
+    if (file[i] != 0xFF) continue;
+    if (file[i + 1] == scan && ++scans > mostScans) return false;
+    if (file[i + 1] != tables) continue;
+    if (++segments > mostScans || !HasSoundTables(file.subspan(i + 2))) return false;
+  }
+  return true;
 }
 
 std::optional<FilePicture> ReadOther(Bytes file, std::string_view format) {
@@ -101,7 +123,7 @@ std::optional<FilePicture> ReadOther(Bytes file, std::string_view format) {
 std::optional<FilePicture> ReadPicture(Bytes file) {
   if (Begins(file, "BM")) return ReadBmp(file);
   if (Begins(file, "GIF8")) return ReadOther(file, "GIF");
-  if (Begins(file, "\xFF\xD8\xFF") && HasFewScans(file)) return ReadOther(file, "JPEG");
+  if (Begins(file, "\xFF\xD8\xFF") && IsSoundJpeg(file)) return ReadOther(file, "JPEG");
   if (Begins(file, "\x89PNG")) return ReadOther(file, "PNG");
   return {};
 }

@@ -118,6 +118,7 @@ void FilePreview::ShowNotes(const wxString& notes) {
 }
 
 void FilePreview::ShowFile(Bytes bytes, Offset size, const wxString& notes) {
+  if (bytes.empty()) return ShowNotes(notes);
   notes_ = notes;
   melody_.clear();
   isSound_ = false;

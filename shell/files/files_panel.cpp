@@ -235,19 +235,19 @@ bool FilesPanel::CanPlay() const { return !preview_->Melody().empty() || preview
 
 ExplorerPanel::OwnCommands FilesPanel::Own() {
   const auto chosen = Chosen();
-  return {
-      .first = {{Id::OpenFile, Text::OpenChosenFile, Text::HelpOpenFile, "", [this] { OpenFile_Click(); }, chosen},
-                {Id::Play, Text::PlayRingtone, Text::HelpPlayRingtone, "Ctrl+P", [this] { Play_Click(); },
-                 [this] { return CanPlay(); }},
-                {.id = Id::StopPlaying,
-                 .caption = Text::StopPlaying,
-                 .help = Text::HelpStopPlaying,
-                 .run = [this] { player_.Stop(); },
-                 .enabled = [this] { return player_.IsPlaying(); },
-                 .captionEnd = " (Esc)"}},
-      .files = transfer_.Commands(),
-      .defaultId = Id::OpenFile,
-      .search = Text::SearchFile};
+  return {.first = {{Id::OpenFile, Text::OpenChosenFile, Text::HelpOpenFile, "", [this] { OpenFile_Click(); },
+                     chosen},
+                    {Id::Play, Text::PlayRingtone, Text::HelpPlayRingtone, "Ctrl+P", [this] { Play_Click(); },
+                     [this] { return CanPlay(); }},
+                    {.id = Id::StopPlaying,
+                     .caption = Text::StopPlaying,
+                     .help = Text::HelpStopPlaying,
+                     .run = [this] { player_.Stop(); },
+                     .enabled = [this] { return player_.IsPlaying(); },
+                     .captionEnd = " (Esc)"}},
+          .files = transfer_.Commands(),
+          .defaultId = Id::OpenFile,
+          .search = Text::SearchFile};
 }
 
 void FilesPanel::OpenFile_Click() {

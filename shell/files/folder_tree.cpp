@@ -4,6 +4,7 @@
 
 #include "shell/base/strings.h"
 #include "shell/platform/list_keys.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 
@@ -171,7 +172,7 @@ std::vector<FolderPlace> FolderTree::FoldersIn(FolderPlace place) const {
 wxString FolderTree::NameOf(FolderPlace place) const {
   const FileList& list = List();
   if (place.folder < list.entries.size())
-    return Wx(tarvelo::NameOf(*image_, list, list.entries[place.folder]));
+    return Wx(WithDots(tarvelo::NameOf(*image_, list, list.entries[place.folder])));
   if (place.volume >= 0 && static_cast<std::size_t>(place.volume) < list.volumes.size())
     return Wx(list.volumes[static_cast<std::size_t>(place.volume)].name);
   return title_;
