@@ -69,7 +69,7 @@ FilePreview::FilePreview(wxWindow* parent)
       hex_(NewTextView(this, wxTE_DONTWRAP)),
       contents_{picture_, roll_, text_, hex_},
       pieces_(new PieceList(this)) {
-  pieces_->SetMinSize(FromDIP(wxSize(220, 60)));
+  pieces_->SetMinSize(FromDIP(wxSize(250, 60)));
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   for (wxWindow* content : contents_) {
     content->SetMinSize(FromDIP(wxSize(80, 40)));

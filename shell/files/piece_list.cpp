@@ -73,7 +73,7 @@ void PieceList::Recaption(const Messages& messages) {
   for (unsigned i = 0; i < GetColumnCount(); ++i) {
     GetColumn(i)->SetTitle(captions[i]);
     const int cells = GetTextExtent(wxString('0', static_cast<std::size_t>(characters[i]))).x;
-    GetColumn(i)->SetWidth(std::max(cells, GetTextExtent(captions[i]).x) + FromDIP(14));
+    GetColumn(i)->SetWidth(std::max(cells, GetTextExtent(captions[i]).x * 9 / 8) + FromDIP(20));
   }
   platform::SetAccessibleName(*this, Wx(messages.Msg(Text::ColumnPieces)));
 }
