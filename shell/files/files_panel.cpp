@@ -65,7 +65,7 @@ void FilesPanel::Bind() {
   folders_->onChoose = [this] {
     ListAgain();
     if (!ChosenRecord()) SelectRecord(0, true);
-    ShowChosen();
+    if (previewed_ != ChosenRecord()) ShowChosen();
   };
   const auto menu = [this] { bench_.frame.PopUpCommands(wxDefaultPosition); };
   folders_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU,

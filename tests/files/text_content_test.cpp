@@ -31,9 +31,9 @@ TEST(TextContent, IsToldFromOtherFiles) {
       {"\x2D\x01\x00\x99"s, "", ""},
   };
   for (const auto& [bytes, encoding, text, isCut] : cases) {
-    const auto read = ReadText(AsBytes(bytes), isCut);
-    EXPECT_EQ(read ? read->encoding : "", encoding) << text;
-    if (read) EXPECT_EQ(read->text, text);
+    const TextContent read = ReadText(AsBytes(bytes), isCut).value_or(TextContent{});
+    EXPECT_EQ(read.encoding, encoding) << text;
+    EXPECT_EQ(read.text, text);
   }
 }
 
