@@ -24,11 +24,15 @@ const int files = EntryOf("files");
 
 // One red pixel.
 const std::string gif = "GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;"s;
-// 8 x 8 pixels of the middle grey: every code is one bit, and both coefficients are 0.
-const std::string jpeg = "\xFF\xD8\xFF\xDB\0\x43\0"s + std::string(64, 1) +
-                         "\xFF\xC0\0\x0B\x08\0\x08\0\x08\1\1\x11\0"s + "\xFF\xC4\0\x14\0\1"s +
-                         std::string(15, 0) + "\0\xFF\xC4\0\x14\x10\1"s + std::string(15, 0) +
-                         "\0\xFF\xDA\0\x08\1\1\0\0\x3F\0"s + "\x3F\xFF\xD9";
+// 8 x 8 pixels of the middle grey, drawn so many times: every code is one bit, and both coefficients are 0.
+std::string Jpeg(int scans) {
+  std::string file = "\xFF\xD8\xFF\xDB\0\x43\0"s + std::string(64, 1);
+  file += "\xFF\xC0\0\x0B\x08\0\x08\0\x08\1\1\x11\0"s;
+  for (const char tableClass : {'\0', '\x10'})
+    file += "\xFF\xC4\0\x14"s + tableClass + '\1' + std::string(16, 0);
+  for (int i = 0; i < scans; ++i) file += "\xFF\xDA\0\x08\1\1\0\0\x3F\0\x3F"s;
+  return file + "\xFF\xD9";
+}
 
 // A record of a melody.
 std::string Note(std::uint16_t frequency, std::uint16_t duration) {
@@ -127,8 +131,9 @@ TEST_F(FilesDesk, ContentIsShownByWhatItIs) {
     std::string bytes, facts, text;
   } cases[] = {
       {gif, "GIF, 1 x 1", ""},
-      {jpeg, "JPEG, 8 x 8", ""},
+      {Jpeg(1), "JPEG, 8 x 8", ""},
       {{png.begin(), png.end()}, "PNG, 3 x 2", ""},
+      {Jpeg(101), "Hex", "000000  FF D8"},
       {vast, "Hex", "000000  47 49 46 38"},
       {"\x89PNG\r\n\x1A\n\0\0"s, "Hex", "000000  89 50"},
       {"BM", "ASCII", "BM"},
@@ -154,7 +159,7 @@ TEST_F(FilesDesk, ContentIsShownByWhatItIs) {
   EXPECT_EQ(Preview().Picture().GetBitmap()->pixels, std::vector<Colour>(64, 0x808080));
   List().Select(3);
   EXPECT_EQ(Preview().Picture().GetBitmap()->pixels, bitmap.pixels);
-  List().Select(7);
+  List().Select(8);
   main->Run(Id::Play);
   EXPECT_EQ(script.beeps.front(), "440 Hz 500 ms");
   EXPECT_EQ(Preview().Roll().Notes().size(), 3u);
