@@ -63,7 +63,7 @@ std::optional<TextContent> ReadText(Bytes bytes, bool isCut) {
   }
   for (const bool isLittle : {true, false})
     if (const std::u16string text = Units(bytes, isLittle);
-        !text.empty() && std::ranges::all_of(text, IsUsualUnit))
+        bytes.size() % 2 == 0 && std::ranges::all_of(text, IsUsualUnit))
       return TextContent{ToUtf8(text), isLittle ? "UTF-16LE" : "UTF-16BE"};
   std::u16string text;
   for (const std::uint8_t byte : bytes) text += FromWindows1251(byte);
