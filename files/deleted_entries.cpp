@@ -17,7 +17,7 @@ class DeletedBuilder {
         list_(list),
         volume_(list.volumes.back()),
         used_(volume_.recordCount),
-        chain_(image_, list, {2 * volume_.recordCount, volume_.size}),
+        chain_(image_, list, {2 * volume_.recordCount, 2 * volume_.size}),
         liveFolders_(entryNumbers, noIndex),
         deletedFolders_(entryNumbers, noIndex),
         owners_(entryNumbers, noIndex) {

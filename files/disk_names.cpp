@@ -8,7 +8,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t longestName = 80;  // UTF-16 units
 constexpr std::size_t longestExtension = 10;
 
 bool IsAllowed(char16_t c) {
@@ -30,19 +29,19 @@ bool IsReserved(std::string_view name) {
   return std::ranges::find(numbers, stem.substr(3)) != numbers.end();
 }
 
-void Shorten(std::u16string& name) {
-  if (name.size() <= longestName) return;
+void Shorten(std::u16string& name, std::size_t longest) {
+  if (name.size() <= longest) return;
   const std::size_t dot = name.rfind(u'.');
   std::u16string extension;
   if (dot != name.npos && name.size() - dot <= longestExtension) extension = name.substr(dot);
-  name = name.substr(0, longestName - extension.size()) + extension;
+  name = name.substr(0, longest - extension.size()) + extension;
 }
 
 }  // namespace
 
-std::string DiskName(std::string_view utf8) {
+std::string DiskName(std::string_view utf8, std::size_t longest) {
   std::u16string name = ToUtf16(utf8);
-  Shorten(name);
+  Shorten(name, longest);
   for (char16_t& c : name)
     if (!IsAllowed(c)) c = u'_';
   for (auto c = name.rbegin(); c != name.rend() && (*c == u'.' || *c == u' '); ++c) *c = u'_';

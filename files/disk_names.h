@@ -10,8 +10,10 @@ namespace tarvelo {
 
 // A name that every system takes as that of one file in a folder, as alike as possible: "_" stands for
 // control characters and for each of <>:"/\|?*, for dots and blanks at the end, and in front of the names
-// that Windows reserves for devices ("_con.txt"). A long name keeps its beginning and a short extension.
-[[nodiscard]] std::string DiskName(std::string_view utf8);
+// that Windows reserves for devices ("_con.txt"). A name longer than `longest` UTF-16 units keeps its
+// beginning and a short extension; `longest` is at least 16.
+inline constexpr std::size_t longestDiskName = 80;
+[[nodiscard]] std::string DiskName(std::string_view utf8, std::size_t longest = longestDiskName);
 
 // Gives each file of a folder a name of its own, whatever the case of its letters: "a.txt", "A (2).TXT".
 class UniqueNames {

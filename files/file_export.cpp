@@ -1,6 +1,8 @@
 #include "files/file_export.h"
 
+#include <algorithm>
 #include <unordered_map>
+#include <vector>
 
 #include "core/file.h"
 #include "files/disk_names.h"
@@ -13,17 +15,36 @@ namespace {
 constexpr int deepest = 16;
 constexpr Offset mostImages = 16;
 
+// What systems take, in units of the path type, with the current folder in front.
+constexpr bool isWide = sizeof(std::filesystem::path::value_type) == 2;
+constexpr std::size_t longestPath = isWide ? 259 : 4095;
+constexpr std::size_t perCharacter = isWide ? 1 : 3;  // at most, of a UTF-16 unit
+constexpr std::size_t shortestName = 16;              // left for names when a path is long
+constexpr std::size_t numberRoom = 8;                 // of " (12345)"
+
+// The longest name, in UTF-16 units, in a folder whose path has this length; 0 if none fits.
+std::size_t RoomForName(std::size_t folderLength) {
+  const std::size_t taken = folderLength + 1 + numberRoom;
+  const std::size_t room = taken < longestPath ? (longestPath - taken) / perCharacter : 0;
+  return room < shortestName ? 0 : std::min(room, longestDiskName);
+}
+
 }  // namespace
 
-// The paths of entries. Those of folders stay known, so that their members meet there.
+// The names of entries on disk. All members of a folder get theirs together, in the order of the list, so
+// that a file has the same name whichever files are written.
 class FileExport::Places {
  public:
-  Places(const Fullflash& image, const FileList& list, std::filesystem::path folder)
-      : image_(image), list_(list), folder_(std::move(folder)) {}
+  Places(const Fullflash& image, const FileList& list, const std::filesystem::path& folder)
+      : image_(image), list_(list), contents_(list), names_(list.entries.size()) {
+    std::error_code ignored;
+    const std::size_t outside = std::filesystem::absolute(folder, ignored).native().size();
+    folders_.push_back({folder, {}, 0, outside});
+  }
 
-  std::filesystem::path PathFor(const FileEntry& file) {
-    const std::size_t folder = FolderOf(file);
-    return folders_[folder].path / PathOf(folders_[folder].names.Take(DiskName(NameOf(image_, list_, file))));
+  std::filesystem::path PathFor(std::size_t file) {
+    const std::size_t folder = FolderOf(list_.entries[file]);  // names it
+    return folders_[folder].path / tarvelo::PathOf(names_[file]);
   }
 
  private:
@@ -31,6 +52,7 @@ class FileExport::Places {
     std::filesystem::path path;
     UniqueNames names;
     int depth = 0;
+    std::size_t length = 0;  // of the whole path
   };
 
   // The index of the folder that an entry stands in.
@@ -43,29 +65,48 @@ class FileExport::Places {
     const bool isTop = folder == noIndex || list_.entries[folder].isRoot;
     std::size_t place = isTop ? VolumeFolder(entry.volume) : places_.at(folder);
     for (auto step = way.rbegin(); step != way.rend(); ++step) {
-      if (folders_[place].depth < deepest) place = Add(place, NameOf(image_, list_, list_.entries[*step]));
+      place = Add(place, names_[*step]);
       places_[*step] = place;
+      NameMembers(place, *step, entry.volume);
     }
     return place;
   }
 
   std::size_t VolumeFolder(std::uint16_t volume) {
-    if (folders_.empty()) folders_.push_back({folder_, {}, 0});
     const auto [at, isNew] = volumes_.try_emplace(volume);
-    if (isNew) at->second = Add(0, list_.volumes[volume].name);
+    if (!isNew) return at->second;
+    at->second = Add(0, NewName(0, list_.volumes[volume].name));
+    for (const std::uint32_t root : contents_.In(noIndex))
+      if (list_.entries[root].isRoot) NameMembers(at->second, root, volume);
+    NameMembers(at->second, noIndex, volume);
     return at->second;
   }
 
+  // The folder of this name in another, or the other one if it would be too deep.
   std::size_t Add(std::size_t parent, const std::string& name) {
-    const std::string unique = folders_[parent].names.Take(DiskName(name));
-    folders_.push_back({folders_[parent].path / tarvelo::PathOf(unique), {}, folders_[parent].depth + 1});
+    const std::filesystem::path part = tarvelo::PathOf(name);
+    const std::size_t length = folders_[parent].length + 1 + part.native().size();
+    if (folders_[parent].depth == deepest || RoomForName(length) == 0) return parent;
+    folders_.push_back({folders_[parent].path / part, {}, folders_[parent].depth + 1, length});
     return folders_.size() - 1;
+  }
+
+  void NameMembers(std::size_t place, std::uint32_t folder, std::uint16_t volume) {
+    for (const std::uint32_t member : contents_.In(folder))
+      if (const FileEntry& entry = list_.entries[member]; entry.volume == volume && !entry.isRoot)
+        names_[member] = NewName(place, NameOf(image_, list_, entry));
+  }
+
+  std::string NewName(std::size_t place, const std::string& name) {
+    const std::size_t room = std::max(RoomForName(folders_[place].length), shortestName);
+    return folders_[place].names.Take(DiskName(name, room));
   }
 
   const Fullflash& image_;
   const FileList& list_;
-  const std::filesystem::path folder_;
-  std::vector<Folder> folders_;                            // the first one is `folder_`
+  const FolderContents contents_;
+  std::vector<std::string> names_;                         // by index in entries; empty: not yet known
+  std::vector<Folder> folders_;                            // the first one is the target
   std::unordered_map<std::uint32_t, std::size_t> places_;  // indices in folders_, by index in entries
   std::unordered_map<std::uint16_t, std::size_t> volumes_;
 };
@@ -88,7 +129,7 @@ Exported FileExport::Write(std::size_t index) {
   if (size == 0 && (entry.damage & DamageUnreadable) != 0) return refused(" has no data in the image");
   if (size > room_) return refused(": the files have far more bytes than the image");
   room_ -= size;
-  const std::filesystem::path path = places_->PathFor(entry);
+  const std::filesystem::path path = places_->PathFor(index);
   MakeFolder(path.parent_path());
   // Deleted, not overwritten: a link of that name would lead to another file.
   if (FileExist(path)) RemoveFile(path);

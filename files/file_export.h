@@ -17,8 +17,10 @@ class FileExport {
   FileExport(const Fullflash& image, const FileList& list, const std::filesystem::path& folder);
   ~FileExport();
 
-  // Writes a file below the folder, in folders named like those of the volume (disk_names.h): deeper ones
-  // than 16 become one. Replaces a file of an earlier export. A folder itself is not written. Also refuses a
+  // Writes a file below the folder, in folders named like those of the volume (disk_names.h). Where these are
+  // deeper than 16, or their path is longer than the system takes, files stand in the folder above, and long
+  // names are shortened. A file has the same name whichever files are written. Replaces a file of an earlier
+  // export. A folder itself is not written. Also refuses a
   // file none of whose bytes can be read, and all that follow when the files together have 16 times as many
   // bytes as the image, which only malformed volumes do. Throws FileError.
   [[nodiscard]] Exported Write(std::size_t entry);

@@ -41,7 +41,7 @@ class LiveBuilder {
         volume_(list.volumes.back()),
         byNumber_(entryNumbers, noIndex),
         byRecord_(entryNumbers, noIndex),
-        chain_(image_, list, {4 * volume_.recordCount, volume_.size}),
+        chain_(image_, list, {4 * volume_.recordCount, 2 * volume_.size}),
         itemsLeft_(mostReads * volume_.size / folderItem) {}
 
   void Run() {

@@ -15,7 +15,7 @@ namespace tarvelo {
 // the other one is an orphan.
 //
 // The work is bounded by the volume's size: folders and files that together state more bytes or pieces than
-// fit into the volume are cut off.
+// fit into the volume are cut off; a file, one of more than twice its bytes.
 void AddLiveEntries(const Fullflash& image, const VolumeRecords& records, FileList& list);
 
 }  // namespace tarvelo

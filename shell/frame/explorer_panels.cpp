@@ -1,6 +1,7 @@
 #include "shell/frame/explorer_panels.h"
 
 #include "shell/eeprom/eeprom_panel.h"
+#include "shell/files/files_panel.h"
 #include "shell/list/explorer_panel.h"
 #include "shell/pictures/pictures_panel.h"
 #include "shell/ringtones/ringtones_panel.h"
@@ -21,6 +22,7 @@ struct Maker {
 // The explorers that have panels of their own.
 constexpr Maker makers[] = {
     {"eeprom", Make<EepromPanel>},
+    {"files", Make<FilesPanel>},
     {"pictures", Make<PicturesPanel>},
     {"ringtones", Make<RingtonesPanel>},
 };

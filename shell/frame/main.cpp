@@ -25,6 +25,7 @@
 #include "shell/map/dump_panel.h"
 #include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_panel.h"
+#include "shell/platform/temporary_folder.h"
 #include "shell/search/hits_panel.h"
 #include "shell/services/ids.h"
 #include "shell/settings/interface_language.h"
@@ -39,7 +40,8 @@ class DumpDrop final : public wxFileDropTarget {
   explicit DumpDrop(Main& main) : main_(main) {}
 
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
-    if (files.empty()) return false;
+    // Files that were dragged from this window stay where they are.
+    if (files.empty() || platform::IsInTemporaryFolder(PathFrom(files[0]))) return false;
     main_.CallAfter([&main = main_, path = PathFrom(files[0])] {
       if (main.Bench().document.IsOpen() && IsPatchFile(path))
         ApplyPatchFile(main.Bench(), path);

@@ -13,6 +13,23 @@
 #include "shell/services/workbench.h"
 
 namespace tarvelo {
+namespace {
+
+// The rows of a listing whose records meet a condition.
+Listing Narrowed(Listing all, const std::function<bool(std::size_t)>& isShown) {
+  std::vector<std::size_t> rows, records;
+  for (std::size_t row = 0; row < all.rows.count; ++row)
+    if (const std::size_t record = all.RecordOf(row); isShown(record)) {
+      rows.push_back(row);
+      records.push_back(record);
+    }
+  if (rows.size() == all.rows.count) return all;
+  const std::size_t count = rows.size();
+  auto make = [rows = std::move(rows), row = std::move(all.rows.row)](std::size_t i) { return row(rows[i]); };
+  return {{std::move(all.rows.captions), count, std::move(make)}, std::move(records)};
+}
+
+}  // namespace
 
 int PanelId(const Explorer& explorer) {
   const auto all = Explorers();
@@ -69,6 +86,7 @@ void ExplorerPanel::ShowList(bool keepView) {
     listing_ = ListOf(explorer_, bench_.document.Get(), *found_, showDeleted_, bench_.texts);
   else
     listing_ = {{explorer_.captions(bench_.texts), 0, {}}, {}};
+  if (const auto isShown = Narrowing()) listing_ = Narrowed(std::move(listing_), isShown);
   if (keepView)
     List().ReplaceRows(listing_.rows);
   else
@@ -164,16 +182,19 @@ PanelCommands ExplorerPanel::MakeCommands() {
 }
 
 void ExplorerPanel::OpenData_Click() {
-  if (const auto item = ChosenItem()) bench_.frame.ShowBl(item->data.offset, item->data.size);
+  if (const auto region = ChosenRegion()) bench_.frame.ShowBl(region->offset, region->size);
 }
 
 void ExplorerPanel::OpenEntry_Click() {
   if (const auto item = ChosenItem()) bench_.frame.ShowBl(item->entry.offset, item->entry.size);
 }
 
-// The chosen record stays chosen; if it is no longer listed, the next one is chosen.
 void ExplorerPanel::ShowDel_Click() {
   showDeleted_ = !showDeleted_;
+  ListAgain();
+}
+
+void ExplorerPanel::ListAgain() {
   const auto chosen = ChosenRecord();
   ShowList(true);
   if (chosen) SelectRecord(*chosen, true);

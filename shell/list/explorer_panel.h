@@ -2,6 +2,7 @@
 // explorers. Explorers that offer more derive their panels from it.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "core/explorer.h"
@@ -57,6 +58,14 @@ class ExplorerPanel : public ListPanel {
   [[nodiscard]] virtual bool IsSeen() const { return bench_.frame.IsVisible(*this); }
   // Whether the list may change now. If not, a change waits for the next Build.
   [[nodiscard]] virtual bool CanChange() const { return true; }
+
+  // Which records have rows, of those that would otherwise have one; empty: all. Called whenever the list is
+  // made, with the new findings in Found.
+  [[nodiscard]] virtual std::function<bool(std::size_t record)> Narrowing() { return {}; }
+  // Makes the list anew, after Narrowing has changed. The chosen record stays chosen; if it is no longer
+  // listed, the next one is chosen.
+  void ListAgain();
+  [[nodiscard]] bool ShowsDeleted() const { return showDeleted_; }
 
   // Selects the row of a record, or the next row if the record is not listed. Clears a filter that hides it
   // unless told to keep the filter; then selects nothing.

@@ -98,6 +98,12 @@ enum : int {
   LoadAllRing,
   CopyR,
 
+  OpenFile,
+  SaveFiles,
+  SaveFolder,
+  SaveAllFiles,
+  ReplaceFile,
+
   GoTo,
   CopyHex,
   CopyText,

@@ -116,6 +116,30 @@ TEST(FileExport, StaysInItsFolder) {
   EXPECT_EQ(FilesIn(folder.Path()).size(), all.size() + 1);
 }
 
+// Seventeen folders in each other; names of 300 bytes, of which 240 stay.
+TEST(FileExport, ShortensPathsThatAreTooLong) {
+  const TemporaryFolder folder;
+  ImageBuilder image(0x100000);
+  VolumeBuilder files(image, "FFS");
+  files.Unit(0x40000);
+  std::string name = "\x1F";
+  for (int i = 0; i < 100; ++i) name += "\u20AC";
+  for (int i = 0; i < 17; ++i) {
+    const int parent = i == 0 ? 6 : 2 * i + 8;
+    files.Folder(0, {.number = parent, .name = name}, {2 * i + 10, 2 * i + 60});
+    files.File(0, {.number = 2 * i + 60, .parent = parent, .name = i == 16 ? name + ".txt" : "a"}, "a");
+  }
+  const fs::path dump = folder.Write("dump.bin", std::move(image).Take());
+  const fs::path out = folder / std::string(sizeof(fs::path::value_type) == 1 ? 200 : 8, 'd');
+  const cli::Result called = cli::Call({"export", "files", PathText(dump), "--to", PathText(out)});
+  EXPECT_EQ(called.status, 0);
+  EXPECT_EQ(called.err, "");
+  const Texts written = FilesIn(out);
+  EXPECT_EQ(written.size(), 17u);
+  const auto deepest = std::ranges::max_element(written, {}, [](auto& file) { return file.first.size(); });
+  EXPECT_TRUE(deepest->first.ends_with("\u20AC.txt")) << deepest->first;
+}
+
 TEST(FileExport, OfOneNumberGoesBesideTheDump) {
   const TemporaryFolder folder;
   const fs::path dump = WriteDump(folder);
