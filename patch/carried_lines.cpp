@@ -13,7 +13,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr auto bytesShown = static_cast<std::size_t>(longestPatchLine);
+constexpr auto lineBytesShown = static_cast<std::size_t>(longestPatchLine);
 constexpr std::size_t patternAround = 4;         // instructions on each side that a similar place has, too
 constexpr std::size_t mostSimilar = 100;         // are counted
 constexpr Offset dataAround = 64, dataRow = 16;  // bytes
@@ -76,8 +76,8 @@ TableRows CarriedLines::Rows() const {
                      Msg(isCarried ? Text::LineCarried : Text::LineRefused), PatchAddress(change.offset),
                      isCarried ? PatchAddress(ported.offset) : "",
                      isCarried ? WholeDecimal(ported.context, 3) : "",
-                     FirstBytes(isCarried ? ported.oldBytes : change.oldBytes, bytesShown),
-                     FirstBytes(isCarried ? ported.newBytes : change.newBytes, bytesShown),
+                     FirstBytes(isCarried ? ported.oldBytes : change.oldBytes, lineBytesShown),
+                     FirstBytes(isCarried ? ported.newBytes : change.newBytes, lineBytesShown),
                      isCarried ? "" : RefusalText(*ported.refusal, messages_)},
                     !isCarried};
           }};

@@ -8,16 +8,16 @@ namespace tarvelo {
 namespace {
 
 constexpr std::uint32_t pageThree = 0xC000, endOfPageThree = 0x10000;  // where DPP3 points
-constexpr int fewestVotes = 2;
+constexpr int fewestNameVotes = 2;
 constexpr Offset dataSize = 16;  // bytes of data that must be unique
 
 bool IsSpecialRegister(std::uint32_t address) {
   return (address >= 0xF000 && address < 0xF200) || (address >= 0xFE00 && address < 0x10000);
 }
 
-class Carrier {
+class NameCarrier {
  public:
-  explicit Carrier(const CodeVersions& versions)
+  explicit NameCarrier(const CodeVersions& versions)
       : versions_(versions), places_(versions.Old(), versions.New(), versions.Pairing()) {}
 
   CarriedName Carry(const Name& name) const {
@@ -61,7 +61,7 @@ class Carrier {
     const auto takes = [&](Movable::Kind kind) {
       const auto best = versions_.Pairing().Votes().Best({kind, address}, -1);
       const bool isSure =
-          best.tally.agreeing >= fewestVotes && best.tally.agreeing * 10 >= best.tally.all * 9;
+          best.tally.agreeing >= fewestNameVotes && best.tally.agreeing * 10 >= best.tally.all * 9;
       if (isSure) carried.address = best.value;
       return isSure;
     };
@@ -78,7 +78,7 @@ class Carrier {
 }  // namespace
 
 std::vector<CarriedName> CarryNames(const Names& names, const CodeVersions& versions, Progress& progress) {
-  const Carrier carrier(versions);
+  const NameCarrier carrier(versions);
   std::vector<CarriedName> carried;
   ProgressRun run(progress, 0, static_cast<std::int64_t>(names.Count()));
   for (std::size_t i = 0; i < names.Count(); ++i) {

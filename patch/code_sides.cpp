@@ -6,10 +6,10 @@
 namespace tarvelo {
 namespace {
 
-using Code = std::span<const UnitInstruction>;
+using CodeSpan = std::span<const UnitInstruction>;
 
 // Instructions without a counterpart, beside one another.
-void AddEdited(std::vector<CodeSide>& sides, Code old, Code now) {
+void AddEdited(std::vector<CodeSide>& sides, CodeSpan old, CodeSpan now) {
   for (std::size_t i = 0; i < std::max(old.size(), now.size()); ++i) {
     CodeSide side{.mark = SideMark::Edited};
     if (i < old.size()) side.old = old[i];
@@ -31,8 +31,8 @@ SideMark MarkOf(const CodePairing& pairing, const UnitInstruction& old, int oldU
 }
 
 std::vector<CodeSide> SidesOf(const CodePairing& pairing, int oldUnit, int newUnit) {
-  const Code old = oldUnit < 0 ? Code() : pairing.OldCode(oldUnit);
-  const Code now = newUnit < 0 ? Code() : pairing.NewCode(newUnit);
+  const CodeSpan old = oldUnit < 0 ? CodeSpan() : pairing.OldCode(oldUnit);
+  const CodeSpan now = newUnit < 0 ? CodeSpan() : pairing.NewCode(newUnit);
   std::vector<CodeSide> sides;
   const bool hasBoth = oldUnit >= 0 && newUnit >= 0;
   const bool isSame = hasBoth && pairing.NewOf(oldUnit) == newUnit && pairing.IsSame(oldUnit);

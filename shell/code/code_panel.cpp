@@ -113,12 +113,12 @@ void CodePanel::ShowView() {
   Document& document = bench_.document;
   auto view = std::make_unique<const CodeView>(document.Get(), bench_.texts, document.KnownFunctions(),
                                                document.KnownMap(), document.Dpps());
-  if (view_)
-    canvas_->ReplaceView(view.get());
+  const auto old = std::exchange(view_, std::move(view));  // the canvas still compares with it
+  if (old)
+    canvas_->ReplaceView(view_.get());
   else
-    canvas_->SetView(view.get(), &document.Edits());
-  side_->SetView(view.get());
-  view_ = std::move(view);
+    canvas_->SetView(view_.get(), &document.Edits());
+  side_->SetView(view_.get());
   isStale_ = false;
   ShowInformation();
 }

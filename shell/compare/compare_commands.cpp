@@ -1,5 +1,7 @@
 // The commands of the comparison, and its view of functions.
 #include <wx/checkbox.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
 
 #include <algorithm>
 #include <utility>
@@ -37,6 +39,12 @@ void ComparePanel::ForgetRows() {
   sides_->SetRows({});
   comparison_ = Comparison();
   functions_.Clear();
+}
+
+// A small window has room for one list only.
+void ComparePanel::ShowSides() {
+  const bool isHigh = window_->GetClientSize().y >= window_->FromDIP(360);
+  compared_->GetSizer()->Show(sides_, ShowsFunctions() && isHigh);
 }
 
 void ComparePanel::ShowRow(std::size_t row) {

@@ -120,6 +120,7 @@ void ComparePanel::Bind() {
   };
   strip_->describe = [this](Offset offset, Offset size) { return Describe(offset, size); };
   window_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    ShowSides();
     LayOutTexts();
     event.Skip();
   });
@@ -227,7 +228,7 @@ void ComparePanel::ShowDifferences(bool keepView) {
     List().SetRows(Rows());
   ShowStrip();
   compared_->GetSizer()->Show(strip_, !ShowsFunctions());
-  compared_->GetSizer()->Show(sides_, ShowsFunctions());
+  ShowSides();
   asFunctions_->Show(HasSecond() && second_.PageMode() && bench_.document.Image().PageMode());
   none_->Show(!HasSecond());
   compared_->Show(HasSecond());

@@ -70,6 +70,7 @@ class ComparePanel final : public ListPanel {
   [[nodiscard]] bool ShowsFunctions() const;
   void ForgetRows();
   void ShowRow(std::size_t row);
+  void ShowSides();
   void MakeMap();
   void ShowDifferences(bool keepView);
   void ShowStrip();

@@ -3,6 +3,7 @@
 
 #include "cli/call.h"
 #include "core/file.h"
+#include "demo_versions.h"
 #include "temporary_folder.h"
 
 namespace tarvelo::cli {
@@ -10,17 +11,12 @@ namespace {
 
 class Versions : public testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    shared = new TemporaryFolder;
-    one = PathText(*shared / "one.bin");
-    two = PathText(*shared / "two.bin");
-    EXPECT_EQ(Call({"demo", one}).status, done);
-    EXPECT_EQ(Call({"demo", two, "--version", "2"}).status, done);
-  }
-  static void TearDownTestSuite() { delete shared; }
+  Versions()
+      : one(PathText(folder.Write("one.bin", PartOfDemo(DemoKind::First)))),
+        two(PathText(folder.Write("two.bin", PartOfDemo(DemoKind::Second)))) {}
 
-  static inline TemporaryFolder* shared = nullptr;
-  static inline std::string one, two;
+  TemporaryFolder folder;
+  std::string one, two;
 };
 
 // The service menu moves by 2400 bytes; melodies and the keypad test are gone, the light can be dimmed.
@@ -52,10 +48,10 @@ TEST_F(Versions, DiffListsWhatBecameOfEachFunction) {
 }
 
 TEST_F(Versions, APatchIsCarriedToTheSecondFirmware) {
-  const auto patch = shared->Write("own.qpt", std::string(";Light\n314062: 8913 8A13 ; another block\n"
-                                                          "3140A9: 41 42\n31408C: E01C E02C\n"
-                                                          "314078: DAB11A40 DAB14840\n"));
-  const std::string carried = PathText(*shared / "carried.qpt");
+  const auto patch = folder.Write("own.qpt", std::string(";Light\n314062: 8913 8A13 ; another block\n"
+                                                         "3140A9: 41 42\n31408C: E01C E02C\n"
+                                                         "314078: DAB11A40 DAB14840\n"));
+  const std::string carried = PathText(folder / "carried.qpt");
   const Result result = Call({"port", one, two, PathText(patch), "--output", carried});
   EXPECT_EQ(result.status, nothingFound) << result.err;
   EXPECT_EQ(ReadAll(carried),
@@ -67,9 +63,9 @@ TEST_F(Versions, APatchIsCarriedToTheSecondFirmware) {
 
 // A function, a place in one, a text, a variable in RAM, a register, and a function that is gone.
 TEST_F(Versions, NamesAreCarried) {
-  shared->Write("one.names.tsv", std::string("B14094\tOnKey\tup, down, choose\r\nB140B0\tChoose\r\n"
-                                             "B14038\tPlayMelody\r\nFE10\tCP\r\n8240\tmenuItem\r\n"
-                                             "B401B9\t\tBattery test\r\n"));
+  folder.Write("one.names.tsv", std::string("B14094\tOnKey\tup, down, choose\r\nB140B0\tChoose\r\n"
+                                            "B14038\tPlayMelody\r\nFE10\tCP\r\n8240\tmenuItem\r\n"
+                                            "B401B9\t\tBattery test\r\n"));
   const Result result = Call({"names", two, "--from", one});
   EXPECT_EQ(result.status, done);
   EXPECT_EQ(result.out,
@@ -81,6 +77,12 @@ TEST_F(Versions, NamesAreCarried) {
           .out.starts_with("{\"name\":\"CP\",\"comment\":\"\",\"old_address\":65040,\"address\":65040,"
                            "\"offset\":null}\n"));
   EXPECT_EQ(Call({"names", one, "--from", two}).status, nothingFound);
+}
+
+TEST_F(Versions, TheSecondFirmwareIsWritten) {
+  EXPECT_EQ(Call({"demo", two, "--version", "2"}).status, done);
+  const std::vector<std::uint8_t> image = DemoImage(DemoKind::Second);
+  EXPECT_TRUE(ReadAll(two) == std::string(image.begin(), image.end()));
 }
 
 TEST_F(Versions, ContradictingArgumentsAreRefused) {

@@ -2,6 +2,7 @@
 #include <wx/stattext.h>
 
 #include "core/file.h"
+#include "demo_versions.h"
 #include "shell/code/code_panel.h"
 #include "shell/compare/compare_panel.h"
 #include "shell/desk.h"
@@ -14,9 +15,10 @@ namespace {
 class CarryDesk : public Desk {
  protected:
   CarryDesk() {
-    static const std::vector<std::uint8_t> image = DemoImage(DemoKind::Second);
-    second = folder.Write("second.bin", image);
-    OpenDemo(Id::Info);
+    static const std::vector<std::uint8_t> one = PartOfDemo(DemoKind::First),
+                                           two = PartOfDemo(DemoKind::Second);
+    second = folder.Write("second.bin", two);
+    OpenBytes("demo.bin", one, Id::Info);
     script.file = second;
   }
 
@@ -59,16 +61,19 @@ TEST_F(CarryDesk, FunctionsAreCompared) {
                                   {5u, "\t\t!\t3164CA\tMOV R12, #0Ah\n"},
                                   {7u, "3140E6\tMOV R12, 8240h\t~\t3164D0\tMOV R12, 8242h\n"}})
     EXPECT_EQ(Shown(panel.Sides(), row), text);
+  ASSERT_TRUE(List().Find("3140BA", SearchFrom::Top, 1));  // the table of tests moved in its page
+  EXPECT_EQ(Shown(panel.Sides(), 3), "3140C4\tMOV R4, [R12+#20Ch]\t?\t3164A8\tMOV R4, [R12+#260Ch]\n");
   EXPECT_FALSE(panel.Commands()->CanRun(Id::DifferencesToPatch));
-  Open().NamePlace(0x3140D2, "Begin", "");
-  EXPECT_EQ(Cell(*List().Selected(), 9), "Begin");
+  Open().NamePlace(0x3140BA, "Run", "");
+  EXPECT_EQ(Cell(*List().Selected(), 9), "Run");
   main->ApplyLang(*FindLanguage("DE"));
-  EXPECT_EQ(Cell(*List().Selected(), 0), "ge\xC3\xA4ndert");
+  EXPECT_EQ(Cell(*List().Selected(), 0), "verschoben");
   List().onActivate(0);
   EXPECT_NE(dynamic_cast<CodePanel*>(main->Panels().Visible()), nullptr);
-  Open().Write(0x3140D2, std::vector<std::uint8_t>{0xDB, 0x00});  // a return at its start
+  Open().Write(0x46C, std::vector<std::uint8_t>{0x66, 0x02});  // calls another function
   Choose(Id::ComparePanel);
-  EXPECT_NE(Cell(*List().Selected(), 7), "   2");
+  ASSERT_TRUE(List().Find("000436", SearchFrom::Top, 1));
+  EXPECT_EQ(Cell(*List().Selected(), 0) + Cell(*List().Selected(), 7), "ge\xC3\xA4ndert   1");
   panel.ShowFunctions(false);
   EXPECT_GE(List().RowCount(), bytes);
   panel.ShowFunctions(true);
