@@ -107,10 +107,18 @@ void FolderTree::SetTitle(const wxString& title) {
 }
 
 void FolderTree::Choose(FolderPlace place) {
-  const wxDataViewItem item = ItemOf(place);
-  ExpandAncestors(item);
-  Select(item);
-  EnsureVisible(item);
+  constexpr int deepest = 100;  // to open thousands of folders takes the control minutes
+  int depth = 0;
+  for (FolderPlace above = place; above.folder != noIndex && depth <= deepest; ++depth)
+    above = ParentOf(above);
+  if (depth <= deepest) {
+    const wxDataViewItem item = ItemOf(place);
+    ExpandAncestors(item);
+    Select(item);
+    EnsureVisible(item);
+  } else {
+    UnselectAll();
+  }
   if (chosen_ == place) return;
   chosen_ = place;
   if (onChoose) onChoose();

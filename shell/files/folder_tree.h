@@ -37,7 +37,8 @@ class FolderTree final : public wxDataViewCtrl {
   void SetTitle(const wxString& title);
 
   [[nodiscard]] FolderPlace Chosen() const { return chosen_; }
-  // Chooses a place, opens what it is in, and calls onChoose.
+  // Chooses a place, opens what it is in, and calls onChoose. Folders that only malformed volumes nest so
+  // deeply stay closed.
   void Choose(FolderPlace place);
 
   std::function<void()> onChoose;  // another place was chosen

@@ -130,7 +130,8 @@ TEST(FileExport, ShortensPathsThatAreTooLong) {
     files.File(0, {.number = 2 * i + 60, .parent = parent, .name = i == 16 ? name + ".txt" : "a"}, "a");
   }
   const fs::path dump = folder.Write("dump.bin", std::move(image).Take());
-  const fs::path out = folder / std::string(sizeof(fs::path::value_type) == 1 ? 200 : 8, 'd');
+  const std::string part(sizeof(fs::path::value_type) == 1 ? 200 : 8, 'd');
+  const fs::path out = folder / part / part;
   const cli::Result called = cli::Call({"export", "files", PathText(dump), "--to", PathText(out)});
   EXPECT_EQ(called.status, 0);
   EXPECT_EQ(called.err, "");

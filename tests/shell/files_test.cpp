@@ -168,11 +168,11 @@ TEST_F(FilesDesk, ContentIsShownByWhatItIs) {
 TEST_F(FilesDesk, FilesAreReplacedAsOneStep) {
   Select("shopping.txt");
   const auto before = AllBytes();
-  script.file = folder.Write("new.txt", AsBytes("Tea.\r\n"));
+  script.file = folder.Write("new.txt", AsBytes("Tea."));
   EXPECT_EQ(SaidAtLast(Id::ReplaceFile), "iThe file was replaced by" + At(*script.file));
   EXPECT_EQ(PathText(script.offered.filename()), "shopping.txt");
-  EXPECT_EQ(Cell(7, 2), "     6");
-  EXPECT_EQ(Text(), "Tea.\r\n");
+  EXPECT_EQ(Cell(7, 2), "     4");
+  EXPECT_EQ(Text(), "Tea.");
   main->Run(Id::Undo);
   EXPECT_EQ(AllBytes(), before);
   EXPECT_EQ(Cell(7, 2), "    38");
