@@ -319,8 +319,6 @@ Verdict CodePairing::JudgeCode(std::uint32_t old, std::uint32_t now) const {
   if (oldUnit >= 0 && newUnit >= 0 && newOf_[At(oldUnit)] == newUnit) return Verdict::Agrees;
   if (oldUnit >= 0 && newOf_[At(oldUnit)] >= 0) return Verdict::Contradicts;
   if (newUnit >= 0 && oldOf_[At(newUnit)] >= 0) return Verdict::Contradicts;
-  const bool isOutside = Offset{old} < Offset{oldBase_} && Offset{now} < Offset{nowBase_};
-  if (isOutside && old != now) return Verdict::Contradicts;
   return Verdict::Unknown;
 }
 
@@ -331,7 +329,10 @@ Verdict CodePairing::Judge(const UnitInstruction& old, int oldUnit, const UnitIn
     case None:
     case Member:
     case Constant: return Verdict::Unknown;
-    case Code: return JudgeCode(old.movable.value, now.movable.value);
+    case Code:
+      if (OldUnitFrom(old.movable.value) >= 0 || NewUnitFrom(now.movable.value) >= 0)
+        return JudgeCode(old.movable.value, now.movable.value);
+      break;
     case Near:
     case Address:
     case Bit: break;
