@@ -5,6 +5,8 @@
 namespace tarvelo {
 namespace {
 
+constexpr int fewestVotes = 2;
+
 std::uint64_t KeyOf(const Movable& movable) {
   return static_cast<std::uint64_t>(movable.kind) << 32 | movable.value;
 }
@@ -53,6 +55,33 @@ OperandVotes::Winner OperandVotes::Best(const Movable& old, int without) const {
   }
   winner.tally.all = all;
   return winner;
+}
+
+std::optional<std::uint32_t> OperandVotes::Sure(const Movable& old) const {
+  const Winner winner = Best(old, -1);
+  if (winner.tally.agreeing < fewestVotes || winner.tally.agreeing * 10 < winner.tally.all * 9) return {};
+  return winner.value;
+}
+
+std::optional<std::pair<std::uint32_t, std::uint32_t>> OperandVotes::Before(const Movable& old) const {
+  for (auto vote = VotesOn(old).second; vote != votes_.begin();) {
+    --vote;
+    if (vote->old >> 32 != KeyOf(old) >> 32) return {};
+    const auto value = static_cast<std::uint32_t>(vote->old);
+    if (const auto now = Sure({old.kind, value})) return std::pair(value, *now);
+    vote = VotesOn({old.kind, value}).first;
+  }
+  return {};
+}
+
+bool OperandVotes::Stays(const Movable& old) const {
+  const auto [first, last] = VotesOn(old);
+  if (first != last || first == votes_.begin() || last == votes_.end()) return false;
+  const auto stays = [&](const Vote& vote) {
+    const auto value = static_cast<std::uint32_t>(vote.old);
+    return vote.old >> 32 == KeyOf(old) >> 32 && Sure({old.kind, value}) == value;
+  };
+  return stays(*(first - 1)) && stays(*last);
 }
 
 }  // namespace tarvelo

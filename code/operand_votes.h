@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "code/movable.h"
@@ -30,6 +32,12 @@ class OperandVotes {
   };
   // The new operand with the most votes; none: agreeing is 0.
   [[nodiscard]] Winner Best(const Movable& old, int without) const;
+  // The new operand that at least two votes and nine tenths of all speak for.
+  [[nodiscard]] std::optional<std::uint32_t> Sure(const Movable& old) const;
+  // The sure operand nearest to `old`, at or in front of it, and its new value.
+  [[nodiscard]] std::optional<std::pair<std::uint32_t, std::uint32_t>> Before(const Movable& old) const;
+  // Whether an operand that nothing votes on is where it was: what is in front of it and behind it is.
+  [[nodiscard]] bool Stays(const Movable& old) const;
 
  private:
   struct Vote {

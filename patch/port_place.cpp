@@ -1,10 +1,7 @@
 #include "patch/port_place.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
-
-#include "core/scan/vector_scan.h"
 
 namespace tarvelo {
 namespace {
@@ -16,33 +13,10 @@ constexpr int mostContext = 60;
 constexpr int near = 4;      // no contradiction so near
 constexpr int far = 12;      // at most a quarter of the judged ones contradict within this
 constexpr int repeated = 4;  // a stretch that agrees this far on both sides may be a repetition
-constexpr std::array<Offset, 6> dataContexts{16, 32, 64, 128, 256, 512};
-constexpr int fewestValues = 6;  // different bytes in the context of data
 
 int SizeOf(std::span<const UnitInstruction> code) { return static_cast<int>(code.size()); }
 const UnitInstruction& At(std::span<const UnitInstruction> code, int i) {
   return code[static_cast<std::size_t>(i)];
-}
-
-// The first two places of some bytes.
-std::vector<Offset> Occurrences(Bytes image, Bytes bytes) {
-  std::vector<Offset> found;
-  if (bytes.size() < 8 || bytes.size() > image.size()) return found;
-  const std::size_t middle = bytes.size() / 2;
-  const auto probe = [&](std::size_t i) { return Probe{static_cast<std::int32_t>(i), bytes[i], 0xFF}; };
-  const std::array probes{probe(middle), probe(middle + 1), probe(0), probe(bytes.size() - 1)};
-  Sieve(1, probes).Each(image, 0, std::ssize(image) - std::ssize(bytes), [&](Offset at) {
-    if (std::ranges::equal(image.subspan(static_cast<std::size_t>(at), bytes.size()), bytes))
-      found.push_back(at);
-    return found.size() == 2;
-  });
-  return found;
-}
-
-int ValuesIn(Bytes bytes) {
-  std::array<bool, 256> has{};
-  for (const std::uint8_t byte : bytes) has[byte] = true;
-  return static_cast<int>(std::ranges::count(has, true));
 }
 
 }  // namespace
@@ -180,25 +154,16 @@ bool PlaceFinder::IsAmbiguous(const Match& match) const {
 }
 
 NewPlace PlaceFinder::InData(const Region& region) const {
-  const Bytes image = old_.ff();
-  PortRefusal refusal = PortRefusal::NotUnique;
-  for (const Offset context : dataContexts) {
-    const Offset from = std::max<Offset>(0, region.offset - context);
-    const Offset end = std::min<Offset>(std::ssize(image), region.End() + context);
-    const Bytes around = image.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(end - from));
-    if (ValuesIn(around) < fewestValues) continue;
-    if (Occurrences(image, around).size() != 1) continue;
-    const std::vector<Offset> places = Occurrences(now_.ff(), around);
-    if (places.size() == 1) return {{}, places[0] + region.offset - from, static_cast<int>(end - from)};
-    refusal = places.empty() ? PortRefusal::NoPlace : PortRefusal::SeveralPlaces;
-    if (places.empty()) break;
-  }
-  return {refusal};
+  const auto found = data_.Find(region);
+  if (!found) return {PortRefusal::NoPlace};
+  if (!found->isUniqueInOld) return {PortRefusal::NotUnique};
+  if (!found->isUnique) return {PortRefusal::SeveralPlaces};
+  return {{}, found->offset, static_cast<int>(found->agreeing)};
 }
 
 std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) const {
   const Offset offset = Offset{address} - old_.CorrBase();
-  if (offset < 0 || offset > old_.ffEnd()) return address;
+  if (offset < 0 || offset > old_.ffEnd()) return Outside({Movable::Kind::Code, address});
   const int unit = pairing_.OldUnitFrom(address);
   if (unit >= 0) {
     const int now = pairing_.NewOf(unit);
@@ -212,11 +177,17 @@ std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) con
   return now_.PhoneAddress(place.offset);
 }
 
+// Code and variables in other memory move, too; nothing but votes tells where.
+std::optional<std::uint32_t> PlaceFinder::Outside(const Movable& old) const {
+  if (const auto now = pairing_.Votes().Sure(old)) return now;
+  if (pairing_.Votes().Stays(old)) return old.value;
+  return {};
+}
+
 std::optional<std::uint32_t> PlaceFinder::DataAddress(std::uint32_t address) const {
   const Offset offset = Offset{address} - old_.CorrBase();
-  if (offset < 0 || offset > old_.ffEnd()) return address;
-  const auto winner = pairing_.Votes().Best({Movable::Kind::Address, address}, -1);
-  if (winner.tally.agreeing >= 2 && winner.tally.agreeing * 10 >= winner.tally.all * 9) return winner.value;
+  if (offset < 0 || offset > old_.ffEnd()) return Outside({Movable::Kind::Address, address});
+  if (const auto now = pairing_.Votes().Sure({Movable::Kind::Address, address})) return now;
   const Offset size = std::min<Offset>(16, old_.ffEnd() + 1 - offset);
   const NewPlace place = Find({offset, size});
   if (place.refusal) return {};

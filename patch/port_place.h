@@ -2,7 +2,7 @@
 //
 // Code is found through the pairing of both versions (code/code_pairing.h) and accepted only if enough
 // instructions around it agree, what they refer to does not contradict, and no other place comes near. Data
-// is found by its bytes, which must be unique in both dumps.
+// is found by its bytes (patch/data_places.h).
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,7 @@
 
 #include "code/code_pairing.h"
 #include "core/fullflash.h"
+#include "patch/data_places.h"
 
 namespace tarvelo {
 
@@ -34,12 +35,12 @@ class PlaceFinder {
  public:
   // All must outlive the finder.
   PlaceFinder(const Fullflash& old, const Fullflash& now, const CodePairing& pairing)
-      : old_(old), now_(now), pairing_(pairing) {}
+      : old_(old), now_(now), pairing_(pairing), data_(old, now, pairing) {}
 
   // Where a region of the old dump, which must be within it, begins in the new one.
   [[nodiscard]] NewPlace Find(const Region& region) const;
   // The new phone address of an address of code or data in the old dump; nothing if it is not certain.
-  // Addresses outside the image stay.
+  // Addresses outside the image are those of internal memory.
   [[nodiscard]] std::optional<std::uint32_t> CodeAddress(std::uint32_t address) const;
   [[nodiscard]] std::optional<std::uint32_t> DataAddress(std::uint32_t address) const;
 
@@ -58,6 +59,7 @@ class PlaceFinder {
   };
 
   [[nodiscard]] NewPlace InCode(const Region& region, int unit) const;
+  [[nodiscard]] std::optional<std::uint32_t> Outside(const Movable& old) const;
   [[nodiscard]] NewPlace InData(const Region& region) const;
   [[nodiscard]] std::optional<Match> Matched(int unit, int first, int last) const;
   [[nodiscard]] int Context(const Match& match) const;
@@ -70,6 +72,7 @@ class PlaceFinder {
   const Fullflash& old_;
   const Fullflash& now_;
   const CodePairing& pairing_;
+  DataPlaces data_;
 };
 
 }  // namespace tarvelo
