@@ -6,6 +6,7 @@ namespace tarvelo {
 namespace {
 
 constexpr int fewestVotes = 2;
+constexpr int neighbours = 4;  // votes on each side
 
 std::uint64_t KeyOf(const Movable& movable) {
   return static_cast<std::uint64_t>(movable.kind) << 32 | movable.value;
@@ -76,12 +77,17 @@ std::optional<std::pair<std::uint32_t, std::uint32_t>> OperandVotes::Before(cons
 
 bool OperandVotes::Stays(const Movable& old) const {
   const auto [first, last] = VotesOn(old);
-  if (first != last || first == votes_.begin() || last == votes_.end()) return false;
-  const auto stays = [&](const Vote& vote) {
-    const auto value = static_cast<std::uint32_t>(vote.old);
-    return vote.old >> 32 == KeyOf(old) >> 32 && Sure({old.kind, value}) == value;
-  };
-  return stays(*(first - 1)) && stays(*last);
+  if (first != last) return false;
+  const auto isOther = [&](const Vote& vote) { return vote.old >> 32 != KeyOf(old) >> 32; };
+  const auto stays = [&](const Vote& vote) { return vote.now == static_cast<std::uint32_t>(vote.old); };
+  int staying = 0;
+  auto vote = first;
+  for (int i = 0; i < neighbours && vote != votes_.begin() && !isOther(*(vote - 1)); ++i, ++staying)
+    if (!stays(*--vote)) return false;
+  vote = last;
+  for (int i = 0; i < neighbours && vote != votes_.end() && !isOther(*vote); ++i, ++staying)
+    if (!stays(*vote++)) return false;
+  return staying >= neighbours;
 }
 
 }  // namespace tarvelo

@@ -36,7 +36,8 @@ class OperandVotes {
   [[nodiscard]] std::optional<std::uint32_t> Sure(const Movable& old) const;
   // The sure operand nearest to `old`, at or in front of it, and its new value.
   [[nodiscard]] std::optional<std::pair<std::uint32_t, std::uint32_t>> Before(const Movable& old) const;
-  // Whether an operand that nothing votes on is where it was: what is in front of it and behind it is.
+  // Whether an operand that nothing votes on is where it was: all votes on what is next to it say so
+  // of that.
   [[nodiscard]] bool Stays(const Movable& old) const;
 
  private:

@@ -6,17 +6,47 @@
 
 namespace tarvelo {
 
-BroughtCode::BroughtCode(const PatchedImage& image)
-    : image_(image), isStart_(static_cast<std::size_t>(std::ssize(image.Patched())) / 2 + 1) {
+BroughtCode::BroughtCode(const PatchedImage& image, const CodeUnits& units)
+    : image_(image), units_(units), isStart_(static_cast<std::size_t>(std::ssize(image.Patched())) / 2 + 1) {
   using enum PatchedPiece::Kind;
   for (const PatchedPiece& piece : image_.Pieces())
     if (piece.kind != Erased) FollowReferences(piece.region);
   Walk();
-  for (const PatchedPiece& piece : image_.Pieces())
-    if (piece.kind == Erased && In(piece).empty()) {
+  for (const PatchedPiece& piece : image_.Pieces()) {
+    if (piece.kind != Erased) continue;
+    if (In(piece).empty()) {
       Open(piece.region.offset);
       Walk();
     }
+    OpenUnreached(piece);
+  }
+}
+
+// Code behind a jump or return that only a table leads to: it calls or jumps to what is known.
+void BroughtCode::OpenUnreached(const PatchedPiece& piece) {
+  for (bool isNew = true; isNew;) {
+    isNew = false;
+    for (const Region& run : In(piece))
+      if (LeadsOn(run.End(), piece)) {
+        open_.push_back(run.End());
+        isNew = true;
+      }
+    Walk();
+  }
+}
+
+bool BroughtCode::LeadsOn(Offset place, const PatchedPiece& piece) const {
+  while (place < piece.region.End() && !IsStart(place)) {
+    const Instruction instruction = Instruction::Decode(image_.Patched(), place);
+    if (instruction.IsData()) return false;
+    if (const auto target = instruction.Target(image_.Old().PhoneAddress(place))) {
+      const Offset to = Offset{*target} - image_.Old().CorrBase();
+      if (units_.UnitFrom(to) >= 0 || (to % 2 == 0 && piece.region.Holds(to) && IsStart(to))) return true;
+    }
+    place += instruction.Size();
+    if (!instruction.FallsThrough()) return false;
+  }
+  return false;
 }
 
 // What a region calls, or points to by two words: both are found by looking at every word.

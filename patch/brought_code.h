@@ -10,7 +10,7 @@ namespace tarvelo {
 
 class BroughtCode {
  public:
-  explicit BroughtCode(const PatchedImage& image);
+  BroughtCode(const PatchedImage& image, const CodeUnits& units);
 
   // The runs of instructions in an erased piece, by offset.
   [[nodiscard]] std::vector<Region> In(const PatchedPiece& piece) const;
@@ -18,11 +18,14 @@ class BroughtCode {
  private:
   void FollowReferences(const Region& region);
   void Open(Offset place);
+  void OpenUnreached(const PatchedPiece& piece);
+  [[nodiscard]] bool LeadsOn(Offset place, const PatchedPiece& piece) const;
   void Walk();
   void WalkFrom(Offset place);
   [[nodiscard]] bool IsStart(Offset place) const;
 
   const PatchedImage& image_;
+  const CodeUnits& units_;
   std::vector<Offset> open_;
   std::vector<bool> isStart_;  // for each even offset
 };

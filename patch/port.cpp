@@ -21,7 +21,7 @@ class Porter {
         pairing_(pairing),
         places_(old, now, pairing),
         image_(changes, old, pairing.Old()),
-        brought_(image_),
+        brought_(image_, pairing.Old()),
         ported_(changes.size()) {
     maps_.code = [this](std::uint32_t address) { return Mapped(address, true); };
     maps_.data = [this](std::uint32_t address) { return Mapped(address, false); };
@@ -153,8 +153,13 @@ class Porter {
       ported.context = place.context;
       const Bytes found = now_.Region(ported.offset, region.size);
       ported.oldBytes.assign(found.begin(), found.end());
-      const auto first = carried.bytes.begin() + (region.offset - piece.region.offset);
-      ported.newBytes.assign(first, first + region.size);
+      // Of changes that overlap each keeps its own bytes where nothing is carried.
+      ported.newBytes = change.newBytes;
+      for (std::size_t k = 0; k < ported.newBytes.size(); ++k) {
+        const auto at = static_cast<std::size_t>(region.offset) + k;
+        const std::uint8_t byte = carried.bytes[at - static_cast<std::size_t>(piece.region.offset)];
+        if (byte != image_.Patched()[at]) ported.newBytes[k] = byte;
+      }
     }
   }
 
@@ -182,11 +187,10 @@ class Porter {
     return region;
   }
 
-  // A new address for an old one. Addresses in erased areas are those of what the patch brings along.
+  // A new address for an old one, or for what the patch brings along.
   [[nodiscard]] std::optional<std::uint32_t> Mapped(std::uint32_t address, bool isCode) const {
     const Offset offset = Offset{address} - old_.CorrBase();
-    if (image_.ErasedAt(offset) || (HasRegion(old_, {offset, 2}) && IsErased(old_, {offset, 2})))
-      return now_.PhoneAddress(NewErased(offset));
+    if (image_.ErasedAt(offset)) return now_.PhoneAddress(NewErased(offset));
     return isCode ? places_.CodeAddress(address) : places_.DataAddress(address);
   }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "patch/patched_image.h"
+
 namespace tarvelo {
 namespace {
 
@@ -163,7 +165,7 @@ NewPlace PlaceFinder::InData(const Region& region) const {
 
 std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) const {
   const Offset offset = Offset{address} - old_.CorrBase();
-  if (offset < 0 || offset > old_.ffEnd()) return Outside({Movable::Kind::Code, address});
+  if (IsElsewhere(address)) return Outside({Movable::Kind::Code, address});
   const int unit = pairing_.OldUnitFrom(address);
   if (unit >= 0) {
     const int now = pairing_.NewOf(unit);
@@ -177,6 +179,13 @@ std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) con
   return now_.PhoneAddress(place.offset);
 }
 
+// Whether an address is that of other memory: outside the dump, or where nothing is in it.
+bool PlaceFinder::IsElsewhere(std::uint32_t address) const {
+  const Offset offset = Offset{address} - old_.CorrBase();
+  if (offset < 0 || offset >= old_.ffEnd()) return true;
+  return IsErased(old_, {offset, 2});
+}
+
 // Code and variables in other memory move, too; nothing but votes tells where.
 std::optional<std::uint32_t> PlaceFinder::Outside(const Movable& old) const {
   if (const auto now = pairing_.Votes().Sure(old)) return now;
@@ -186,7 +195,7 @@ std::optional<std::uint32_t> PlaceFinder::Outside(const Movable& old) const {
 
 std::optional<std::uint32_t> PlaceFinder::DataAddress(std::uint32_t address) const {
   const Offset offset = Offset{address} - old_.CorrBase();
-  if (offset < 0 || offset > old_.ffEnd()) return Outside({Movable::Kind::Address, address});
+  if (IsElsewhere(address)) return Outside({Movable::Kind::Address, address});
   if (const auto now = pairing_.Votes().Sure({Movable::Kind::Address, address})) return now;
   const Offset size = std::min<Offset>(16, old_.ffEnd() + 1 - offset);
   const NewPlace place = Find({offset, size});

@@ -44,12 +44,6 @@ class PlaceFinder {
   [[nodiscard]] std::optional<std::uint32_t> CodeAddress(std::uint32_t address) const;
   [[nodiscard]] std::optional<std::uint32_t> DataAddress(std::uint32_t address) const;
 
-  // Whether a phone address is in the old dump.
-  [[nodiscard]] bool IsInside(std::uint32_t address) const {
-    const Offset offset = Offset{address} - old_.CorrBase();
-    return offset >= 0 && offset <= old_.ffEnd();
-  }
-
  private:
   struct Match {
     int oldUnit, newUnit;
@@ -59,6 +53,7 @@ class PlaceFinder {
   };
 
   [[nodiscard]] NewPlace InCode(const Region& region, int unit) const;
+  [[nodiscard]] bool IsElsewhere(std::uint32_t address) const;
   [[nodiscard]] std::optional<std::uint32_t> Outside(const Movable& old) const;
   [[nodiscard]] NewPlace InData(const Region& region) const;
   [[nodiscard]] std::optional<Match> Matched(int unit, int first, int last) const;
