@@ -68,7 +68,7 @@ class CodePairing {
   void CollectVotes();
   bool Pair(int oldUnit, int newUnit);
   [[nodiscard]] double Likeness(int oldUnit, int newUnit) const;
-  [[nodiscard]] Verdict JudgeCode(std::uint32_t old, std::uint32_t now) const;
+  [[nodiscard]] Verdict JudgeUnits(int oldUnit, int newUnit) const;
 
   struct Balance {
     int agreeing = 0;

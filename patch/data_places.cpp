@@ -137,6 +137,28 @@ std::optional<Offset> DataPlaces::Voted(const Region& region) const {
   return there;
 }
 
+// The place of data between code that is paired.
+DataPlaces::Beside DataPlaces::BesideCode(const Region& region) const {
+  const auto& old = pairing_.Old().units;
+  const auto& now = pairing_.New().units;
+  const auto next = std::ranges::upper_bound(old, region.offset, {}, [](const CodeUnit& u) { return u.code.offset; });
+  std::optional<Offset> before, behind;
+  if (next != old.begin()) {
+    const auto unit = static_cast<int>(next - old.begin()) - 1;
+    const Offset end = old[static_cast<std::size_t>(unit)].code.End();
+    if (const int pair = pairing_.NewOf(unit); pair >= 0 && region.offset >= end && region.offset - end <= votedNear)
+      before = now[static_cast<std::size_t>(pair)].code.End() + region.offset - end;
+  }
+  if (next != old.end()) {
+    const Offset start = next->code.offset;
+    if (const int pair = pairing_.NewOf(static_cast<int>(next - old.begin())); pair >= 0 && start - region.offset <= votedNear)
+      behind = now[static_cast<std::size_t>(pair)].code.offset + region.offset - start;
+  }
+  const auto fits = [&](const std::optional<Offset>& place) { return place && Has(now_, *place, region.size); };
+  if (!fits(before) && !fits(behind)) return {};
+  return {fits(before) ? before : behind, fits(before) && before == behind};
+}
+
 bool DataPlaces::TellsEnough(const Window& window) const {
   std::array<bool, 256> has{};
   for (const std::uint8_t byte : old_.Region(window.from, window.Size())) has[byte] = true;
@@ -147,7 +169,9 @@ std::optional<DataPlaces::Found> DataPlaces::Find(const Region& region) const {
   MakeIndexes();
   std::vector<Offset> candidates = Candidates(region, false);
   const std::optional<Offset> voted = Voted(region);
-  if (voted && std::ranges::find(candidates, *voted) == candidates.end()) candidates.push_back(*voted);
+  const Beside beside = BesideCode(region);
+  for (const auto& place : {voted, beside.place})
+    if (place && std::ranges::find(candidates, *place) == candidates.end()) candidates.push_back(*place);
   Window best;
   Found found;
   Offset second = 0;
@@ -162,15 +186,18 @@ std::optional<DataPlaces::Found> DataPlaces::Find(const Region& region) const {
       second = std::max(second, window.Size());
     }
   }
-  const Offset fewest = voted == found.offset ? std::max(fewestVoted, region.size) : fewestAgreeing;
-  if (best.Size() < fewest || !TellsEnough(best)) return {};
+  const bool isBeside = beside.place == found.offset;
+  const bool isSure = isBeside && beside.isSure;
+  const Offset fewest = voted == found.offset || isBeside ? fewestVoted : fewestAgreeing;
+  if (!isSure && (best.Size() < fewest || !TellsEnough(best))) return {};
+  if (best.Size() == 0) return {};
   found.agreeing = best.Size();
-  found.isUnique = second * 2 <= best.Size();
+  found.isUnique = isSure || second * 2 <= best.Size();
   Offset other = 0;
   for (const Offset candidate : Candidates(region, true))
     if (const Window window = Agreeing(region, candidate, true); window.isWhole)
       other = std::max(other, window.Size());
-  found.isUniqueInOld = other * 2 <= best.Size();
+  found.isUniqueInOld = isSure || other * 2 <= best.Size();
   return found;
 }
 

@@ -49,6 +49,11 @@ class DataPlaces {
   [[nodiscard]] std::optional<Offset> PointerAround(Offset old, Offset shift) const;
   [[nodiscard]] std::vector<Offset> Candidates(const Region& region, bool isOwn) const;
   [[nodiscard]] std::optional<Offset> Voted(const Region& region) const;
+  struct Beside {
+    std::optional<Offset> place;
+    bool isSure = false;  // the code on both sides says so
+  };
+  [[nodiscard]] Beside BesideCode(const Region& region) const;
   [[nodiscard]] bool TellsEnough(const Window& window) const;
   [[nodiscard]] int FunctionAt(const Fullflash& image, Offset offset, bool isOld) const;
   void MakeIndexes() const;
