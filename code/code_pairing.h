@@ -28,6 +28,8 @@ class CodePairing {
   // The new unit of an old one; -1: none.
   [[nodiscard]] int NewOf(int oldUnit) const { return newOf_[static_cast<std::size_t>(oldUnit)]; }
   [[nodiscard]] int OldOf(int newUnit) const { return oldOf_[static_cast<std::size_t>(newUnit)]; }
+  [[nodiscard]] std::span<const int> NewOfAll() const { return newOf_; }
+  [[nodiscard]] std::span<const int> OldOfAll() const { return oldOf_; }
   // Whether the unit and its pair agree in every instruction, but for what moves.
   [[nodiscard]] bool IsSame(int oldUnit) const;
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "code/masked_pattern.h"
+#include "code/surroundings.h"
 #include "code/sweep.h"
 #include "patch/brought_code.h"
 #include "patch/port_operands.h"
@@ -92,7 +94,21 @@ class Porter {
     return place;
   }
 
+  // Whether a region that belongs to no unit is code all the same, and the patch puts addresses into it.
+  [[nodiscard]] bool IsCodeWithAddresses(const Region& region) const {
+    const Offset from = region.offset & ~Offset{1};
+    if (!IsAmongCode(from, old_)) return false;
+    bool hasAddress = false;
+    Sweep(image_.Patched(), from, region.End(),
+          [&](Offset, const Instruction& instruction, const ExtRange& range) {
+            hasAddress = MovableBytes(instruction, range) != 0;
+            return hasAddress;
+          });
+    return hasAddress;
+  }
+
   void TakeData(const PatchedPiece& piece, const NewPlace& place) {
+    if (IsCodeWithAddresses(piece.region)) return Refuse(piece, PortRefusal::NoAddress);
     CarriedCode carried;
     const Bytes bytes = image_.Patched().subspan(static_cast<std::size_t>(piece.region.offset),
                                                  static_cast<std::size_t>(piece.region.size));

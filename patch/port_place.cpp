@@ -14,6 +14,7 @@ constexpr int proofByLength = 40;  // so many need no evidence from elsewhere
 constexpr int mostContext = 60;
 constexpr int near = 4;      // no contradiction so near
 constexpr int far = 12;      // at most a quarter of the judged ones contradict within this
+constexpr int rivalReach = 8;  // instructions on each side that a rival shares
 constexpr int repeated = 4;  // a stretch that agrees this far on both sides may be a repetition
 
 int SizeOf(std::span<const UnitInstruction> code) { return static_cast<int>(code.size()); }
@@ -44,7 +45,7 @@ NewPlace PlaceFinder::InCode(const Region& region, int unit) const {
   const int agreeing = Agreeing(*match, match->shift, mostContext);
   if (context < fewestAround && agreeing < 2) return {PortRefusal::NotUnique};
   if (context < proofByLength && !HasEvidence(*match)) return {PortRefusal::NotUnique};
-  if (IsAmbiguous(*match)) return {PortRefusal::SeveralPlaces};
+  if (IsAmbiguous(*match) || HasRival(*match)) return {PortRefusal::SeveralPlaces};
   const UnitInstruction& from = At(pairing_.OldCode(unit), match->first);
   const UnitInstruction& to = At(pairing_.NewCode(match->newUnit), match->first + match->shift);
   return {{}, Offset{to.offset} + region.offset - Offset{from.offset}, std::min(context, mostContext)};
@@ -153,6 +154,36 @@ bool PlaceFinder::IsAmbiguous(const Match& match) const {
     if (!isContradicted && Agreeing(match, shift, 2 * repeated) >= own) return true;
   }
   return false;
+}
+
+// Whether code that has no pair could as well be that of the place, in either version: one of several twins
+// that the other version has no more.
+bool PlaceFinder::HasRival(const Match& match) const {
+  const int from = std::max(match.begin, match.first - rivalReach);
+  const int end = std::min(match.end, match.last + 1 + rivalReach);
+  const auto part = [&](std::span<const UnitInstruction> code, int first) {
+    return code.subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - from));
+  };
+  const auto old = part(pairing_.OldCode(match.oldUnit), from);
+  const auto now = part(pairing_.NewCode(match.newUnit), from + match.shift);
+  const int own = Agreeing(match, match.shift, rivalReach);
+  return added_.Any(old, [&](int unit, int first) {
+    return IsRival(old, match.oldUnit, part(pairing_.NewCode(unit), first), own);
+  }) || gone_.Any(now, [&](int unit, int first) {
+    return IsRival(part(pairing_.OldCode(unit), first), unit, now, own);
+  });
+}
+
+bool PlaceFinder::IsRival(std::span<const UnitInstruction> old, int oldUnit,
+                          std::span<const UnitInstruction> now, int own) const {
+  int agreeing = 0;
+  int contradicting = 0;
+  for (std::size_t i = 0; i < old.size(); ++i) {
+    const Verdict verdict = pairing_.Judge(old[i], oldUnit, now[i]);
+    agreeing += verdict == Verdict::Agrees;
+    contradicting += verdict == Verdict::Contradicts;
+  }
+  return agreeing >= contradicting && agreeing * 2 >= own;
 }
 
 NewPlace PlaceFinder::InData(const Region& region) const {

@@ -12,6 +12,7 @@
 #include "code/code_pairing.h"
 #include "core/fullflash.h"
 #include "patch/data_places.h"
+#include "patch/unpaired_code.h"
 
 namespace tarvelo {
 
@@ -35,7 +36,12 @@ class PlaceFinder {
  public:
   // All must outlive the finder.
   PlaceFinder(const Fullflash& old, const Fullflash& now, const CodePairing& pairing)
-      : old_(old), now_(now), pairing_(pairing), data_(old, now, pairing) {}
+      : old_(old),
+        now_(now),
+        pairing_(pairing),
+        data_(old, now, pairing),
+        gone_(pairing.Old(), pairing.NewOfAll()),
+        added_(pairing.New(), pairing.OldOfAll()) {}
 
   // Where a region of the old dump, which must be within it, begins in the new one.
   [[nodiscard]] NewPlace Find(const Region& region) const;
@@ -62,12 +68,16 @@ class PlaceFinder {
   [[nodiscard]] bool IsContradicted(const Match& match) const;
   [[nodiscard]] bool HasEvidence(const Match& match) const;
   [[nodiscard]] bool IsAmbiguous(const Match& match) const;
+  [[nodiscard]] bool HasRival(const Match& match) const;
+  [[nodiscard]] bool IsRival(std::span<const UnitInstruction> old, int oldUnit, std::span<const UnitInstruction> now,
+                             int own) const;
   [[nodiscard]] Verdict JudgeAt(const Match& match, int instruction, int shift) const;
 
   const Fullflash& old_;
   const Fullflash& now_;
   const CodePairing& pairing_;
   DataPlaces data_;
+  UnpairedCode gone_, added_;  // of the old and new version
 };
 
 }  // namespace tarvelo
