@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "code/masked_pattern.h"
-#include "code/surroundings.h"
+#include "code/nearby_code.h"
 #include "code/sweep.h"
 #include "patch/brought_code.h"
 #include "patch/port_operands.h"
@@ -24,6 +24,7 @@ class Porter {
         places_(old, now, pairing),
         image_(changes, old, pairing.Old()),
         brought_(image_, pairing.Old()),
+        nearby_(old, noFunctions_),
         ported_(changes.size()) {
     maps_.code = [this](std::uint32_t address) { return Mapped(address, true); };
     maps_.data = [this](std::uint32_t address) { return Mapped(address, false); };
@@ -95,9 +96,9 @@ class Porter {
   }
 
   // Whether a region that belongs to no unit is code all the same, and the patch puts addresses into it.
-  [[nodiscard]] bool IsCodeWithAddresses(const Region& region) const {
+  [[nodiscard]] bool IsCodeWithAddresses(const Region& region) {
     const Offset from = region.offset & ~Offset{1};
-    if (!IsAmongCode(from, old_)) return false;
+    if (!nearby_.IsInCode(from)) return false;
     bool hasAddress = false;
     Sweep(image_.Patched(), from, region.End(),
           [&](Offset, const Instruction& instruction, const ExtRange& range) {
@@ -221,6 +222,8 @@ class Porter {
   PlaceFinder places_;
   PatchedImage image_;
   BroughtCode brought_;
+  FunctionList noFunctions_;
+  NearbyCode nearby_;
   CarryMaps maps_;
   std::vector<PortedChange> ported_;
 };
