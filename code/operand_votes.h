@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -17,7 +18,7 @@ class OperandVotes {
   void Add(const Movable& old, const Movable& now, int unit);
   // Sorts the votes; to be called before asking.
   void Count();
-  [[nodiscard]] bool IsEmpty() const { return votes_.empty(); }
+  [[nodiscard]] bool IsEmpty() const { return pairs_.empty(); }
 
   struct Tally {
     int agreeing = 0;  // votes for this pair
@@ -48,11 +49,19 @@ class OperandVotes {
 
     auto operator<=>(const Vote&) const = default;
   };
+  // The votes for one pair of operands: first .. end - 1.
+  struct Pair {
+    std::uint64_t old = 0;
+    std::uint32_t now = 0;
+    std::uint32_t first = 0;
+    std::uint32_t end = 0;
+  };
 
-  [[nodiscard]] std::pair<std::vector<Vote>::const_iterator, std::vector<Vote>::const_iterator> VotesOn(
-      const Movable& old) const;
+  [[nodiscard]] std::span<const Pair> PairsOf(const Movable& old) const;
+  [[nodiscard]] int CountOf(const Pair& pair, int without) const;
 
-  std::vector<Vote> votes_;
+  std::vector<Vote> votes_;  // sorted
+  std::vector<Pair> pairs_;  // sorted
 };
 
 }  // namespace tarvelo
