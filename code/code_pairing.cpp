@@ -313,15 +313,9 @@ std::vector<int> CodePairing::Aligned(int oldUnit, int newUnit) const {
                });
 }
 
-Verdict CodePairing::JudgeCode(std::uint32_t old, std::uint32_t now) const {
-  const int oldUnit = OldUnitFrom(old);
-  const int newUnit = NewUnitFrom(now);
-  if (oldUnit >= 0 && newUnit >= 0 && newOf_[At(oldUnit)] == newUnit) return Verdict::Agrees;
-  if (oldUnit >= 0 && newOf_[At(oldUnit)] >= 0) return Verdict::Contradicts;
-  if (newUnit >= 0 && oldOf_[At(newUnit)] >= 0) return Verdict::Contradicts;
-  const bool isOutside = Offset{old} < Offset{oldBase_} && Offset{now} < Offset{nowBase_};
-  if (isOutside && old != now) return Verdict::Contradicts;
-  return Verdict::Unknown;
+Verdict CodePairing::JudgeUnits(int oldUnit, int newUnit) const {
+  if (newOf_[At(oldUnit)] == newUnit) return Verdict::Agrees;
+  return newOf_[At(oldUnit)] >= 0 || oldOf_[At(newUnit)] >= 0 ? Verdict::Contradicts : Verdict::Unknown;
 }
 
 Verdict CodePairing::Judge(const UnitInstruction& old, int oldUnit, const UnitInstruction& now) const {
@@ -331,7 +325,12 @@ Verdict CodePairing::Judge(const UnitInstruction& old, int oldUnit, const UnitIn
     case None:
     case Member:
     case Constant: return Verdict::Unknown;
-    case Code: return JudgeCode(old.movable.value, now.movable.value);
+    case Code: {
+      const int oldTarget = OldUnitFrom(old.movable.value);
+      const int newTarget = NewUnitFrom(now.movable.value);
+      if (oldTarget >= 0 && newTarget >= 0) return JudgeUnits(oldTarget, newTarget);
+      break;
+    }
     case Near:
     case Address:
     case Bit: break;

@@ -28,6 +28,8 @@ class CodePairing {
   // The new unit of an old one; -1: none.
   [[nodiscard]] int NewOf(int oldUnit) const { return newOf_[static_cast<std::size_t>(oldUnit)]; }
   [[nodiscard]] int OldOf(int newUnit) const { return oldOf_[static_cast<std::size_t>(newUnit)]; }
+  [[nodiscard]] std::span<const int> NewOfAll() const { return newOf_; }
+  [[nodiscard]] std::span<const int> OldOfAll() const { return oldOf_; }
   // Whether the unit and its pair agree in every instruction, but for what moves.
   [[nodiscard]] bool IsSame(int oldUnit) const;
 
@@ -68,7 +70,7 @@ class CodePairing {
   void CollectVotes();
   bool Pair(int oldUnit, int newUnit);
   [[nodiscard]] double Likeness(int oldUnit, int newUnit) const;
-  [[nodiscard]] Verdict JudgeCode(std::uint32_t old, std::uint32_t now) const;
+  [[nodiscard]] Verdict JudgeUnits(int oldUnit, int newUnit) const;
 
   struct Balance {
     int agreeing = 0;

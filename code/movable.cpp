@@ -1,6 +1,7 @@
 #include "code/movable.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace tarvelo {
 namespace {
@@ -32,6 +33,13 @@ std::uint32_t MovingBits(const Instruction& instruction, Arg arg, const ExtRange
   }
 }
 
+// The lowest bit that BFLDL or BFLDH writes.
+int LowestOfField(const Instruction& instruction) {
+  const bool isHigh = instruction.Op() == op::bitFieldHigh;
+  const int lowest = std::countr_zero(instruction.Byte(isHigh ? 3 : 2));
+  return (lowest & 7) + (isHigh ? 8 : 0);
+}
+
 Movable OfArg(const Instruction& instruction, Arg arg, std::uint32_t address, const ExtRange& range) {
   using enum Movable::Kind;
   const auto bit = [](int bitoff, int number) -> Movable {
@@ -45,7 +53,7 @@ Movable OfArg(const Instruction& instruction, Arg arg, std::uint32_t address, co
     case Arg::Data16: return {Constant, instruction.Word()};
     case Arg::OpcodeBit: return bit(instruction.Byte(1), instruction.Op() >> 4);
     case Arg::BitQ: return bit(instruction.Byte(1), instruction.Byte(3) >> 4);
-    case Arg::BitWord: return bit(instruction.Byte(1), 0);
+    case Arg::BitWord: return bit(instruction.Byte(1), LowestOfField(instruction));
     case Arg::Mem:
       if (IsSpecial(instruction.Word()) && !range.ReplacesDpp()) return {};
       if (const auto data = range.Address(instruction.Word())) return {Address, *data};

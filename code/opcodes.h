@@ -77,6 +77,8 @@ enum class Rule : std::uint8_t {
 
 // First bytes that code asks for by name.
 namespace op {
+inline constexpr std::uint8_t bitFieldLow = 0x0A;
+inline constexpr std::uint8_t bitFieldHigh = 0x1A;
 inline constexpr std::uint8_t jumpIndirect = 0x9C;
 inline constexpr std::uint8_t callAbsolute = 0xCA;
 inline constexpr std::uint8_t atomicOrExtend = 0xD1;

@@ -5,6 +5,9 @@
 namespace tarvelo {
 namespace {
 
+constexpr int fewestVotes = 2;
+constexpr int neighbours = 4;  // operands on each side
+
 std::uint64_t KeyOf(const Movable& movable) {
   return static_cast<std::uint64_t>(movable.kind) << 32 | movable.value;
 }
@@ -19,22 +22,36 @@ void OperandVotes::Count() {
   // One vote per unit: a loop over one variable is one witness.
   std::ranges::sort(votes_);
   votes_.erase(std::unique(votes_.begin(), votes_.end()), votes_.end());
+  pairs_.clear();
+  for (std::uint32_t i = 0; i < votes_.size(); ++i) {
+    const Vote& vote = votes_[i];
+    if (pairs_.empty() || pairs_.back().old != vote.old || pairs_.back().now != vote.now)
+      pairs_.push_back({vote.old, vote.now, i, i});
+    ++pairs_.back().end;
+  }
 }
 
-auto OperandVotes::VotesOn(const Movable& old) const
-    -> std::pair<std::vector<Vote>::const_iterator, std::vector<Vote>::const_iterator> {
+std::span<const OperandVotes::Pair> OperandVotes::PairsOf(const Movable& old) const {
   const std::uint64_t key = KeyOf(old);
-  return {std::ranges::lower_bound(votes_, key, {}, &Vote::old),
-          std::ranges::upper_bound(votes_, key, {}, &Vote::old)};
+  const auto first = std::ranges::lower_bound(pairs_, key, {}, &Pair::old);
+  auto last = first;
+  while (last != pairs_.end() && last->old == key) ++last;
+  return {first, last};
+}
+
+int OperandVotes::CountOf(const Pair& pair, int without) const {
+  const auto first = votes_.begin() + pair.first;
+  const auto last = votes_.begin() + pair.end;
+  const auto own = std::lower_bound(first, last, Vote{pair.old, pair.now, without});
+  return static_cast<int>(pair.end - pair.first) - (own != last && own->unit == without ? 1 : 0);
 }
 
 OperandVotes::Tally OperandVotes::On(const Movable& old, const Movable& now, int without) const {
   Tally tally;
-  const auto [first, last] = VotesOn(old);
-  for (auto vote = first; vote != last; ++vote) {
-    if (vote->unit == without) continue;
-    ++tally.all;
-    if (vote->now == now.value) ++tally.agreeing;
+  for (const Pair& pair : PairsOf(old)) {
+    const int votes = CountOf(pair, without);
+    tally.all += votes;
+    if (pair.now == now.value) tally.agreeing += votes;
   }
   return tally;
 }
@@ -42,17 +59,43 @@ OperandVotes::Tally OperandVotes::On(const Movable& old, const Movable& now, int
 OperandVotes::Winner OperandVotes::Best(const Movable& old, int without) const {
   Winner winner;
   int all = 0;
-  const auto [first, last] = VotesOn(old);
-  for (auto vote = first; vote != last;) {
-    const std::uint32_t value = vote->now;
-    int votes = 0;
-    for (; vote != last && vote->now == value; ++vote)
-      if (vote->unit != without) ++votes;
+  for (const Pair& pair : PairsOf(old)) {
+    const int votes = CountOf(pair, without);
     all += votes;
-    if (votes > winner.tally.agreeing) winner = {value, {votes, 0}};
+    if (votes > winner.tally.agreeing) winner = {pair.now, {votes, 0}};
   }
   winner.tally.all = all;
   return winner;
+}
+
+std::optional<std::uint32_t> OperandVotes::Sure(const Movable& old) const {
+  const Winner winner = Best(old, -1);
+  if (winner.tally.agreeing < fewestVotes || winner.tally.agreeing * 10 < winner.tally.all * 9) return {};
+  return winner.value;
+}
+
+std::optional<std::pair<std::uint32_t, std::uint32_t>> OperandVotes::Before(const Movable& old) const {
+  auto pair = std::ranges::upper_bound(pairs_, KeyOf(old), {}, &Pair::old);
+  while (pair != pairs_.begin() && (--pair)->old >> 32 == KeyOf(old) >> 32) {
+    const auto value = static_cast<std::uint32_t>(pair->old);
+    if (const auto now = Sure({old.kind, value})) return std::pair(value, *now);
+  }
+  return {};
+}
+
+bool OperandVotes::Stays(const Movable& old) const {
+  const auto at = std::ranges::lower_bound(pairs_, KeyOf(old), {}, &Pair::old);
+  const auto isOther = [&](const Pair& pair) { return pair.old >> 32 != KeyOf(old) >> 32; };
+  const auto stays = [&](const Pair& pair) { return pair.now == static_cast<std::uint32_t>(pair.old); };
+  if (at != pairs_.end() && at->old == KeyOf(old)) return false;
+  int staying = 0;
+  auto pair = at;
+  for (int i = 0; i < neighbours && pair != pairs_.begin() && !isOther(*(pair - 1)); ++i, ++staying)
+    if (!stays(*--pair)) return false;
+  pair = at;
+  for (int i = 0; i < neighbours && pair != pairs_.end() && !isOther(*pair); ++i, ++staying)
+    if (!stays(*pair++)) return false;
+  return staying >= neighbours;
 }
 
 }  // namespace tarvelo

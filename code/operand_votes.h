@@ -3,6 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "code/movable.h"
@@ -15,7 +18,7 @@ class OperandVotes {
   void Add(const Movable& old, const Movable& now, int unit);
   // Sorts the votes; to be called before asking.
   void Count();
-  [[nodiscard]] bool IsEmpty() const { return votes_.empty(); }
+  [[nodiscard]] bool IsEmpty() const { return pairs_.empty(); }
 
   struct Tally {
     int agreeing = 0;  // votes for this pair
@@ -30,6 +33,13 @@ class OperandVotes {
   };
   // The new operand with the most votes; none: agreeing is 0.
   [[nodiscard]] Winner Best(const Movable& old, int without) const;
+  // The new operand that at least two votes and nine tenths of all speak for.
+  [[nodiscard]] std::optional<std::uint32_t> Sure(const Movable& old) const;
+  // The sure operand nearest to `old`, at or in front of it, and its new value.
+  [[nodiscard]] std::optional<std::pair<std::uint32_t, std::uint32_t>> Before(const Movable& old) const;
+  // Whether an operand that nothing votes on is where it was: all votes on what is next to it say so
+  // of that.
+  [[nodiscard]] bool Stays(const Movable& old) const;
 
  private:
   struct Vote {
@@ -39,11 +49,19 @@ class OperandVotes {
 
     auto operator<=>(const Vote&) const = default;
   };
+  // The votes for one pair of operands: first .. end - 1.
+  struct Pair {
+    std::uint64_t old = 0;
+    std::uint32_t now = 0;
+    std::uint32_t first = 0;
+    std::uint32_t end = 0;
+  };
 
-  [[nodiscard]] std::pair<std::vector<Vote>::const_iterator, std::vector<Vote>::const_iterator> VotesOn(
-      const Movable& old) const;
+  [[nodiscard]] std::span<const Pair> PairsOf(const Movable& old) const;
+  [[nodiscard]] int CountOf(const Pair& pair, int without) const;
 
-  std::vector<Vote> votes_;
+  std::vector<Vote> votes_;  // sorted
+  std::vector<Pair> pairs_;  // sorted
 };
 
 }  // namespace tarvelo

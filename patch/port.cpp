@@ -2,136 +2,230 @@
 
 #include <algorithm>
 
+#include "code/masked_pattern.h"
+#include "code/nearby_code.h"
+#include "code/sweep.h"
+#include "patch/brought_code.h"
 #include "patch/port_operands.h"
+#include "patch/port_pointers.h"
 
 namespace tarvelo {
 namespace {
 
-constexpr Offset erasedAround = 16;  // bytes that must be erased, too, around a change of erased ones
+constexpr int instructionsAround = 8;  // of a piece of code, that operands may belong together with
 
 class Porter {
  public:
   Porter(std::span<const PatchChange> changes, const Fullflash& old, const Fullflash& now,
          const CodePairing& pairing)
-      : changes_(changes), old_(old), now_(now), pairing_(pairing), places_(old, now, pairing) {}
+      : old_(old),
+        now_(now),
+        pairing_(pairing),
+        places_(old, now, pairing),
+        image_(changes, old, pairing.Old()),
+        brought_(image_, pairing.Old()),
+        nearby_(old, noFunctions_),
+        ported_(changes.size()) {
+    maps_.code = [this](std::uint32_t address) { return Mapped(address, true); };
+    maps_.data = [this](std::uint32_t address) { return Mapped(address, false); };
+  }
 
-  std::vector<PortedChange> Run() {
-    std::vector<PortedChange> ported;
-    for (const PatchChange& change : changes_) ported.push_back(Port(change.change));
-    return ported;
+  std::vector<PortedChange> Run() && {
+    for (PortedChange& ported : ported_) ported.refusal = PortRefusal::NotOld;
+    for (const PatchedPiece& piece : image_.Pieces()) switch (piece.kind) {
+        case PatchedPiece::Kind::Code: Code(piece); break;
+        case PatchedPiece::Kind::Data: Data(piece); break;
+        case PatchedPiece::Kind::Erased: Erased(piece); break;
+      }
+    return std::move(ported_);
   }
 
  private:
-  static PortedChange Refused(PortRefusal refusal) {
-    PortedChange refused;
-    refused.refusal = refusal;
-    return refused;
+  void Refuse(const PatchedPiece& piece, PortRefusal refusal) {
+    for (const std::size_t i : piece.changes) ported_[i].refusal = refusal;
   }
 
-  PortedChange Port(const Change& change) const {
-    const Region region{change.offset, std::ssize(change.oldBytes)};
-    if (!Has(old_, region) || !std::ranges::equal(old_.Region(region.offset, region.size), change.oldBytes))
-      return Refused(PortRefusal::NotOld);
-    if (IsErased(old_, region)) return InErased(change);
+  void Code(const PatchedPiece& piece) {
+    const NewPlace place = places_.Find(piece.region);
+    if (place.refusal) return Refuse(piece, *place.refusal);
+    if (!HasRegion(now_, {place.offset, piece.region.size})) return Refuse(piece, PortRefusal::NoPlace);
+    const PatchedCode code{image_.Patched(), piece.region, Around(piece.region), place.offset};
+    Take(piece, place, CarryOperands(code, old_, now_, pairing_, maps_));
+  }
+
+  // Some instructions in front of a piece and behind it, as they are with the patch.
+  [[nodiscard]] Region Around(const Region& piece) const {
+    const CodeUnits& units = pairing_.Old();
+    const CodeUnit& unit = units.units[static_cast<std::size_t>(units.UnitAt(piece.offset))];
+    const int first = units.InstructionAt(piece.offset);
+    const int most = std::min(first - static_cast<int>(unit.first), instructionsAround);
+    Offset from = piece.offset;
+    for (int count = most; count > 0 && from == piece.offset; --count) {
+      const Offset start = units.instructions[static_cast<std::size_t>(first - count)].offset;
+      Offset at = start;
+      while (at < piece.offset) at += Instruction::Decode(image_.Patched(), at).Size();
+      if (at == piece.offset) from = start;
+    }
+    Offset end = piece.End();
+    for (int count = 0; count < instructionsAround && end < unit.code.End(); ++count)
+      end += Instruction::Decode(image_.Patched(), end).Size();
+    return {from, end - from};
+  }
+
+  // Data is found as a whole, or else change by change.
+  void Data(const PatchedPiece& piece) {
+    const NewPlace place = InData(piece.region);
+    if (!place.refusal) return TakeData(piece, place);
+    for (const std::size_t i : piece.changes) {
+      const Change& change = image_.Changes()[i].change;
+      const PatchedPiece one{piece.kind, {change.offset, std::ssize(change.oldBytes)}, {i}};
+      const NewPlace there = piece.changes.size() == 1 ? place : InData(one.region);
+      if (there.refusal)
+        Refuse(one, *there.refusal);
+      else
+        TakeData(one, there);
+    }
+  }
+
+  [[nodiscard]] NewPlace InData(const Region& region) const {
     const NewPlace place = places_.Find(region);
-    if (place.refusal) return Refused(*place.refusal);
-    const Region there{place.offset, region.size};
-    if (!Has(now_, there)) return Refused(PortRefusal::NoPlace);
-    return Carried(change, there, place.context);
+    if (place.refusal) return place;
+    // What reaches into code is no data.
+    if (pairing_.Old().UnitAt(region.End() - 1) >= 0) return {PortRefusal::NoPlace};
+    return place;
+  }
+
+  // Whether a region that belongs to no unit is code all the same, and the patch puts addresses into it.
+  [[nodiscard]] bool IsCodeWithAddresses(const Region& region) {
+    const Offset from = region.offset & ~Offset{1};
+    if (!nearby_.IsInCode(from)) return false;
+    bool hasAddress = false;
+    Sweep(image_.Patched(), from, region.End(),
+          [&](Offset, const Instruction& instruction, const ExtRange& range) {
+            hasAddress = MovableBytes(instruction, range) != 0;
+            return hasAddress;
+          });
+    return hasAddress;
+  }
+
+  void TakeData(const PatchedPiece& piece, const NewPlace& place) {
+    if (IsCodeWithAddresses(piece.region)) return Refuse(piece, PortRefusal::NoAddress);
+    CarriedCode carried;
+    const Bytes bytes = image_.Patched().subspan(static_cast<std::size_t>(piece.region.offset),
+                                                 static_cast<std::size_t>(piece.region.size));
+    carried.bytes.assign(bytes.begin(), bytes.end());
+    const PointerPlace there{piece.region, place.offset};
+    carried.failed = CarryPointers(carried.bytes, there, image_.Patched(), old_, now_, pairing_, maps_);
+    Take(piece, place, carried);
   }
 
   // Code that a patch brings into an empty area stays where it is.
-  PortedChange InErased(const Change& change) const {
-    const Offset offset = Offset{old_.PhoneAddress(change.offset)} - now_.CorrBase();
-    const Region there{offset, std::ssize(change.oldBytes)};
-    if (!Has(now_, there) || !IsErased(now_, there)) return Refused(PortRefusal::NotEmpty);
-    return Carried(change, there, 0);
+  void Erased(const PatchedPiece& piece) {
+    const Region there{NewErased(piece.region.offset), piece.region.size};
+    if (!HasRegion(now_, there) || !IsErased(now_, there)) return Refuse(piece, PortRefusal::NotEmpty);
+    const NewPlace place{{}, there.offset, 0};
+    CarriedCode carried;
+    const Bytes bytes = image_.Patched().subspan(static_cast<std::size_t>(piece.region.offset),
+                                                 static_cast<std::size_t>(piece.region.size));
+    carried.bytes.assign(bytes.begin(), bytes.end());
+    Offset dataFrom = piece.region.offset;
+    const auto data = [&](Offset end) {
+      const Region region{dataFrom, end - dataFrom};
+      if (region.size < 4) return;
+      std::vector<std::uint8_t> part(carried.bytes.begin() + (region.offset - piece.region.offset),
+                                     carried.bytes.begin() + (region.End() - piece.region.offset));
+      const PointerPlace to{region, NewErased(region.offset)};
+      const auto failed = CarryPointers(part, to, image_.Patched(), old_, now_, pairing_, maps_);
+      std::ranges::copy(part, carried.bytes.begin() + (region.offset - piece.region.offset));
+      carried.failed.insert(carried.failed.end(), failed.begin(), failed.end());
+    };
+    for (const Region& run : brought_.In(piece)) {
+      data(run.offset);
+      dataFrom = run.End();
+      const PatchedCode code{image_.Patched(), run, run, NewErased(run.offset)};
+      const CarriedCode part = CarryOperands(code, old_, now_, pairing_, maps_);
+      std::ranges::copy(part.bytes, carried.bytes.begin() + (run.offset - piece.region.offset));
+      carried.failed.insert(carried.failed.end(), part.failed.begin(), part.failed.end());
+    }
+    data(piece.region.End());
+    Take(piece, place, std::move(carried));
   }
 
-  PortedChange Carried(const Change& change, const Region& there, int context) const {
-    const Bytes found = now_.Region(there.offset, there.size);
-    PortedChange ported;
-    ported.offset = there.offset;
-    ported.oldBytes.assign(found.begin(), found.end());
-    ported.newBytes = change.newBytes;
-    ported.context = context;
-    const int unit = pairing_.Old().UnitAt(change.offset);
-    const bool isCode = unit >= 0 || IsErased(old_, {change.offset, there.size});
-    if (!isCode) return ported;
-    const Offset before = unit < 0 ? 0 : change.offset - StartOf(change.offset);
-    const Offset end = EndOf(change.offset + there.size);
-    const Region whole{change.offset - before, end - change.offset + before};
-    const Region wholeThere{there.offset - before, whole.size};
-    if (!Has(now_, wholeThere)) return Refused(PortRefusal::NoPlace);
-    PatchedCode code = Patched(change, whole, wholeThere);
-    const auto map = [&](std::uint32_t address) { return MapCode(address); };
-    if (!CarryOperands(code, places_, pairing_.Votes(), map)) return Refused(PortRefusal::NoAddress);
-    if (!Takes(ported, code, before)) return Refused(PortRefusal::NoAddress);
-    return ported;
+  // Gives each change of a piece its part. Bytes of a piece that no change has must be what the new dump has.
+  void Take(const PatchedPiece& piece, const NewPlace& place, CarriedCode carried) {
+    FailUncovered(piece, place, carried);
+    for (const std::size_t i : piece.changes) {
+      const Change& change = image_.Changes()[i].change;
+      const Region region{change.offset, std::ssize(change.oldBytes)};
+      PortedChange& ported = ported_[i];
+      const auto touches = [&](const Region& failed) {
+        return failed.offset < region.End() && region.offset < failed.End();
+      };
+      if (std::ranges::any_of(carried.failed, touches)) {
+        ported.refusal = PortRefusal::NoAddress;
+        continue;
+      }
+      ported.refusal.reset();
+      ported.offset = place.offset + region.offset - piece.region.offset;
+      ported.context = place.context;
+      const Bytes found = now_.Region(ported.offset, region.size);
+      ported.oldBytes.assign(found.begin(), found.end());
+      // Of changes that overlap each keeps its own bytes where nothing is carried.
+      ported.newBytes = change.newBytes;
+      for (std::size_t k = 0; k < ported.newBytes.size(); ++k) {
+        const auto at = static_cast<std::size_t>(region.offset) + k;
+        const std::uint8_t byte = carried.bytes[at - static_cast<std::size_t>(piece.region.offset)];
+        if (byte != image_.Patched()[at]) ported.newBytes[k] = byte;
+      }
+    }
   }
 
-  // Takes the carried bytes of the change; those around it must be what the new dump has.
-  static bool Takes(PortedChange& ported, const PatchedCode& code, Offset before) {
-    const auto first = code.bytes.begin() + before;
-    const auto size = std::ssize(ported.newBytes);
-    if (!std::equal(code.bytes.begin(), first, code.there.begin())) return false;
-    if (!std::equal(first + size, code.bytes.end(), code.there.begin() + before + size)) return false;
-    ported.newBytes.assign(first, first + size);
-    return true;
+  void FailUncovered(const PatchedPiece& piece, const NewPlace& place, CarriedCode& carried) const {
+    std::vector<bool> isCovered(carried.bytes.size());
+    for (const std::size_t i : piece.changes) {
+      const Change& change = image_.Changes()[i].change;
+      std::fill_n(isCovered.begin() + (change.offset - piece.region.offset), change.oldBytes.size(), true);
+    }
+    const Bytes there = now_.Region(place.offset, piece.region.size);
+    for (std::size_t k = 0; k < carried.bytes.size(); ++k)
+      if (!isCovered[k] && carried.bytes[k] != there[k])
+        carried.failed.push_back(InstructionAround(piece.region.offset + static_cast<Offset>(k), piece));
   }
 
-  PatchedCode Patched(const Change& change, const Region& whole, const Region& there) const {
-    PatchedCode code;
-    const Bytes before = old_.Region(whole.offset, whole.size);
-    const Bytes now = now_.Region(there.offset, there.size);
-    code.before.assign(before.begin(), before.end());
-    code.bytes = code.before;
-    std::ranges::copy(change.newBytes, code.bytes.begin() + (change.offset - whole.offset));
-    code.there.assign(now.begin(), now.end());
-    code.address = old_.PhoneAddress(whole.offset);
-    code.newAddress = now_.PhoneAddress(there.offset);
-    return code;
+  // The patched instruction with a byte of a piece of code.
+  [[nodiscard]] Region InstructionAround(Offset byte, const PatchedPiece& piece) const {
+    Region region{byte, 1};
+    if (piece.kind == PatchedPiece::Kind::Code)
+      Sweep(image_.Patched(), piece.region.offset, piece.region.End(),
+            [&](Offset at, const Instruction& instruction, const ExtRange&) {
+              region = {at, instruction.Size()};
+              return region.Holds(byte);
+            });
+    return region;
   }
 
-  [[nodiscard]] Offset StartOf(Offset offset) const {
-    const int instruction = pairing_.Old().InstructionAt(offset);
-    return pairing_.Old().instructions[static_cast<std::size_t>(instruction)].offset;
-  }
-
-  // The end of the instruction that the byte in front of `end` belongs to.
-  [[nodiscard]] Offset EndOf(Offset end) const {
-    const int instruction = pairing_.Old().InstructionAt(end - 1);
-    if (instruction < 0) return end;
-    const Offset start = pairing_.Old().instructions[static_cast<std::size_t>(instruction)].offset;
-    return std::max(end, start + Instruction::Decode(old_.ff(), start).Size());
-  }
-
-  // Addresses in erased areas are those of code that the patch brings along.
-  [[nodiscard]] std::optional<std::uint32_t> MapCode(std::uint32_t address) const {
+  // A new address for an old one, or for what the patch brings along.
+  [[nodiscard]] std::optional<std::uint32_t> Mapped(std::uint32_t address, bool isCode) const {
     const Offset offset = Offset{address} - old_.CorrBase();
-    if (Has(old_, {offset, 2}) && IsErased(old_, {offset, 2})) return address;
-    return places_.CodeAddress(address);
+    if (image_.ErasedAt(offset)) return now_.PhoneAddress(NewErased(offset));
+    return isCode ? places_.CodeAddress(address) : places_.DataAddress(address);
   }
 
-  static bool Has(const Fullflash& image, const Region& region) {
-    return region.offset >= 0 && region.End() <= std::ssize(image.ff());
+  // Erased areas stay at their phone addresses.
+  [[nodiscard]] Offset NewErased(Offset offset) const {
+    return Offset{old_.PhoneAddress(offset)} - now_.CorrBase();
   }
 
-  // Whether a region and what surrounds it is erased.
-  static bool IsErased(const Fullflash& image, const Region& region) {
-    const Offset from = std::max<Offset>(0, region.offset - erasedAround);
-    const Offset end = std::min<Offset>(std::ssize(image.ff()), region.End() + erasedAround);
-    return std::ranges::all_of(image.Region(region.offset, region.size),
-                               [](int byte) { return byte == 0xFF; }) &&
-           (std::ranges::count(image.Region(from, region.offset - from), 0xFF) == region.offset - from ||
-            std::ranges::count(image.Region(region.End(), end - region.End()), 0xFF) == end - region.End());
-  }
-
-  std::span<const PatchChange> changes_;
   const Fullflash& old_;
   const Fullflash& now_;
   const CodePairing& pairing_;
   PlaceFinder places_;
+  PatchedImage image_;
+  BroughtCode brought_;
+  FunctionList noFunctions_;
+  NearbyCode nearby_;
+  CarryMaps maps_;
+  std::vector<PortedChange> ported_;
 };
 
 }  // namespace

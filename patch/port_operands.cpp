@@ -1,69 +1,102 @@
 #include "patch/port_operands.h"
 
 #include <algorithm>
+#include <bit>
+#include <span>
 
 #include "code/movable.h"
+#include "code/sweep.h"
+#include "patch/patched_image.h"
 
 namespace tarvelo {
 namespace {
 
-constexpr int fewestVotes = 2;
+constexpr int farthestPartner = 8;  // instructions between the two MOVs of an address
+
+struct Decoded {
+  Offset at = 0;  // in the old dump
+  Instruction instruction;
+  ExtRange range;
+};
+
+std::uint32_t AllBits(const Instruction& instruction) { return instruction.Size() == 4 ? 0xFFFFFFFF : 0xFFFF; }
 
 class Carrier {
  public:
-  Carrier(PatchedCode& code, const PlaceFinder& places, const OperandVotes& votes, const MapCode& mapCode)
-      : code_(code), places_(places), votes_(votes), mapCode_(mapCode), carried_(code.bytes) {}
-
-  bool Run() {
-    bool isCarried = true;
-    Sweep(code_.bytes, 0, std::ssize(code_.bytes),
+  Carrier(const PatchedCode& code, const Fullflash& old, const Fullflash& now, const CodePairing& pairing,
+          const CarryMaps& maps)
+      : code_(code), old_(old), now_(now), pairing_(pairing), maps_(maps) {
+    const Bytes bytes = code.patched.subspan(static_cast<std::size_t>(code.region.offset),
+                                             static_cast<std::size_t>(code.region.size));
+    carried_.bytes.assign(bytes.begin(), bytes.end());
+    Sweep(code.patched, code.around.offset, code.around.End(),
           [&](Offset at, const Instruction& instruction, const ExtRange& range) {
-            isCarried = Carry(at, instruction, range);
-            return !isCarried;
+            decoded_.push_back({at, instruction, range});
+            return false;
           });
-    if (isCarried) code_.bytes = std::move(carried_);
-    return isCarried;
+  }
+
+  CarriedCode Run() && {
+    for (std::size_t i = 0; i < decoded_.size(); ++i)
+      if (code_.region.Holds(decoded_[i].at) && !Carry(i)) Fail(i);
+    for (std::size_t i = 0; i < decoded_.size(); ++i) CarryPair(i);
+    return std::move(carried_);
   }
 
  private:
-  bool Carry(Offset at, const Instruction& instruction, const ExtRange& range) {
-    const auto size = static_cast<std::size_t>(instruction.Size());
-    const auto from = static_cast<std::size_t>(at);
-    const bool isUnchanged = std::equal(
-        code_.bytes.begin() + at, code_.bytes.begin() + at + instruction.Size(), code_.before.begin() + at);
-    if (isUnchanged) {
-      std::copy_n(code_.there.begin() + at, size, carried_.begin() + at);
-      return true;
+  void Fail(std::size_t i) {
+    carried_.failed.push_back({decoded_[i].at, decoded_[i].instruction.Size()});
+  }
+
+  // The bytes of the new dump at what is at `at` in the old one.
+  [[nodiscard]] Bytes There(Offset at, int size) const {
+    const Offset there = at - code_.region.offset + code_.there;
+    if (!HasRegion(now_, {there, size})) return {};
+    return now_.Region(there, size);
+  }
+
+  [[nodiscard]] bool IsUnchanged(const Decoded& decoded) const {
+    const auto size = static_cast<std::size_t>(decoded.instruction.Size());
+    return std::ranges::equal(code_.patched.subspan(static_cast<std::size_t>(decoded.at), size),
+                              old_.Region(decoded.at, decoded.instruction.Size()));
+  }
+
+  bool Carry(std::size_t i) {
+    const Decoded& decoded = decoded_[i];
+    const Instruction& instruction = decoded.instruction;
+    if (IsUnchanged(decoded)) {
+      const Bytes there = There(decoded.at, instruction.Size());
+      for (std::size_t k = 0; k < there.size(); ++k) Byte(decoded.at + static_cast<Offset>(k), there[k]);
+      return !there.empty();
     }
-    if (instruction.IsData()) return true;
-    if (KeepsOperand(from, instruction, range)) return true;
-    return CarryOperand(at, instruction, range);
+    if (instruction.IsData() || KeepsOperand(decoded)) return true;
+    return CarryOperand(i);
   }
 
   // Whether the patch leaves what moves in an instruction; then it becomes what the new dump has.
-  bool KeepsOperand(std::size_t at, const Instruction& instruction, const ExtRange& range) {
-    const Instruction before = Instruction::Decode(code_.before, static_cast<Offset>(at));
-    const std::uint32_t moving = ~FixedBits(instruction, range) & BitsOf(instruction);
-    if (before.IsData() || before.Size() != instruction.Size()) return moving == 0;
-    if ((~FixedBits(before, range) & BitsOf(before)) != moving) return moving == 0;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(instruction.Size()); ++i) {
-      const auto mask = static_cast<std::uint8_t>(moving >> 8 * i);
-      if (((code_.bytes[at + i] ^ code_.before[at + i]) & mask) != 0) return false;
+  bool KeepsOperand(const Decoded& decoded) {
+    const Instruction& instruction = decoded.instruction;
+    const Instruction before = Instruction::Decode(old_.ff(), decoded.at);
+    const std::uint32_t moving = ~FixedBits(instruction, decoded.range) & AllBits(instruction);
+    if (moving == 0) return true;
+    if (before.IsData() || before.Size() != instruction.Size()) return false;
+    if ((~FixedBits(before, decoded.range) & AllBits(before)) != moving) return false;
+    const Bytes there = There(decoded.at, instruction.Size());
+    for (std::size_t k = 0; k < there.size(); ++k) {
+      const int byte = static_cast<int>(k);
+      if (((instruction.Byte(byte) ^ before.Byte(byte)) & (moving >> 8 * k) & 0xFF) != 0) return false;
     }
-    for (std::size_t i = 0; i < static_cast<std::size_t>(instruction.Size()); ++i) {
-      const auto mask = static_cast<std::uint8_t>(moving >> 8 * i);
-      carried_[at + i] =
-          static_cast<std::uint8_t>((code_.bytes[at + i] & ~mask) | (code_.there[at + i] & mask));
+    for (std::size_t k = 0; k < there.size(); ++k) {
+      const std::uint32_t mask = moving >> 8 * k & 0xFF;
+      Byte(decoded.at + static_cast<Offset>(k),
+           (instruction.Byte(static_cast<int>(k)) & ~mask) | (there[k] & mask));
     }
-    return true;
+    return !there.empty();
   }
 
-  static std::uint32_t BitsOf(const Instruction& instruction) {
-    return instruction.Size() == 4 ? 0xFFFFFFFF : 0xFFFF;
-  }
-
-  bool CarryOperand(Offset at, const Instruction& instruction, const ExtRange& range) {
-    const std::uint32_t address = code_.address + static_cast<std::uint32_t>(at);
+  bool CarryOperand(std::size_t i) {
+    const auto& [at, instruction, range] = decoded_[i];
+    const std::uint32_t address = old_.PhoneAddress(at);
     for (const Arg arg : instruction.Row().args) switch (arg) {
         case Arg::Far: return CarryFar(at, *instruction.Target(address));
         case Arg::Near: return CarryNear(at, *instruction.Target(address));
@@ -71,20 +104,27 @@ class Carrier {
         case Arg::RelativeAt2:
           if (!CarryRelative(at, instruction, 2, *instruction.Target(address))) return false;
           break;
+        case Arg::BitQ:
+        case Arg::BitZ:
+          if (!CarryBit(at, instruction, arg)) return false;
+          break;
+        case Arg::OpcodeBit: return CarryBit(at, instruction, arg);
+        case Arg::BitWord: return CarryField(at, instruction);
+        case Arg::PageOrSegment: return CarryRange(i);
         default: break;
       }
     const Movable movable = MovableOf(instruction, address, range);
-    switch (movable.kind) {
-      case Movable::Kind::Near: return CarryNearData(at, movable);
-      case Movable::Kind::Bit: return CarryBit(at, instruction, movable);
-      case Movable::Kind::Address: return CarryInRange(at, movable, range);
-      case Movable::Kind::Constant: return CarryPair(at, instruction);
-      default: return true;
-    }
+    if (movable.kind == Movable::Kind::Near) return CarryNearData(at, movable);
+    if (movable.kind == Movable::Kind::Address) return CarryInRange(at, movable, range);
+    return true;
+  }
+
+  [[nodiscard]] std::uint32_t NewAddress(Offset at) const {
+    return now_.PhoneAddress(at - code_.region.offset + code_.there);
   }
 
   bool CarryFar(Offset at, std::uint32_t target) {
-    const auto now = mapCode_(target);
+    const auto now = maps_.code(target);
     if (!now) return false;
     Byte(at + 1, *now >> 16);
     Word(at + 2, *now);
@@ -92,115 +132,238 @@ class Carrier {
   }
 
   bool CarryNear(Offset at, std::uint32_t target) {
-    const auto now = mapCode_(target);
-    if (!now || *now >> 16 != code_.newAddress >> 16) return false;
+    const auto now = Inside(target);
+    if (!now || *now >> 16 != NewAddress(at) >> 16) return false;
     Word(at + 2, *now);
     return true;
   }
 
   bool CarryRelative(Offset at, const Instruction& instruction, int byte, std::uint32_t target) {
-    const std::uint32_t there = code_.newAddress + static_cast<std::uint32_t>(at + instruction.Size());
-    const Offset inside = Offset{target} - code_.address;
-    std::optional<std::uint32_t> now;
-    if (inside >= 0 && inside < std::ssize(code_.bytes))
-      now = code_.newAddress + static_cast<std::uint32_t>(inside);
-    else
-      now = mapCode_(target);
-    if (!now || *now >> 16 != there >> 16) return false;
-    const Offset words = (Offset{*now} - there) / 2;
+    const std::uint32_t from = NewAddress(at + instruction.Size());
+    const auto now = Inside(target);
+    if (!now || *now >> 16 != from >> 16) return false;
+    const Offset words = (Offset{*now} - from) / 2;
     if (words < -128 || words > 127) return false;
     Byte(at + byte, static_cast<std::uint32_t>(words));
     return true;
   }
 
-  std::optional<std::uint32_t> Voted(const Movable& old) const {
-    const auto winner = votes_.Best(old, -1);
-    if (winner.tally.agreeing < fewestVotes || winner.tally.agreeing * 10 < winner.tally.all * 9) return {};
-    return winner.value;
+  // A target in the same piece keeps its distance.
+  [[nodiscard]] std::optional<std::uint32_t> Inside(std::uint32_t target) const {
+    const Offset offset = Offset{target} - old_.CorrBase();
+    if (code_.region.Holds(offset)) return NewAddress(offset);
+    return maps_.code(target);
   }
 
   bool CarryNearData(Offset at, const Movable& movable) {
-    const auto now = Voted(movable);
+    const auto now = pairing_.Votes().Sure(movable);
     if (!now) return false;
     Word(at + 2, *now);
     return true;
   }
 
-  bool CarryBit(Offset at, const Instruction& instruction, const Movable& movable) {
-    const auto now = Voted(movable);
+  bool CarryBit(Offset at, const Instruction& instruction, Arg arg) {
+    const int place = arg == Arg::BitZ ? 2 : 1;
+    const std::uint32_t word = instruction.Byte(place);
+    if (word >= 0x80) return true;
+    const std::uint32_t last = instruction.Byte(3);
+    const std::uint32_t bit = arg == Arg::OpcodeBit ? instruction.Op() >> 4 : arg == Arg::BitQ ? last >> 4 : last & 0xF;
+    const auto now = pairing_.Votes().Sure({Movable::Kind::Bit, word * 16 + bit});
     if (!now) return false;
-    const auto& args = instruction.Row().args;
-    if (args[1] == Arg::BitQ || args[0] == Arg::BitWord) return false;  // two bits; a mask of several
-    Byte(at + 1, *now >> 4);
-    if (args[0] == Arg::OpcodeBit)
-      Byte(at, (instruction.Op() & 0x0FU) | (*now & 0xF) << 4);
+    Byte(at + place, *now >> 4);
+    const std::uint32_t number = *now & 0xF;
+    if (arg == Arg::OpcodeBit)
+      Byte(at, (instruction.Op() & 0xFU) | number << 4);
+    else if (arg == Arg::BitQ)
+      Byte(at + 3, (Carried(at + 3) & 0xFU) | number << 4);
     else
-      Byte(at + 3, (*now & 0xF) << 4);
+      Byte(at + 3, (Carried(at + 3) & 0xF0U) | number);
     return true;
   }
 
-  // A memory operand behind EXTP or EXTS: the page or segment must stay, because the one instruction in front
-  // serves several.
+  // BFLDL, BFLDH: all bits of the mask must move by as much, and stay in one byte.
+  bool CarryField(Offset at, const Instruction& instruction) {
+    const std::uint32_t word = instruction.Byte(1);
+    if (word >= 0x80) return true;
+    const FieldForm form = FormOf(instruction);
+    const std::uint32_t mask = instruction.Byte(form.mask);
+    if (mask == 0) return false;
+    std::optional<Offset> moved;
+    for (int bit = 0; bit < 8; ++bit) {
+      if ((mask >> bit & 1) == 0) continue;
+      const std::uint32_t old = word * 16 + static_cast<std::uint32_t>(form.firstBit + bit);
+      const auto now = pairing_.Votes().Sure({Movable::Kind::Bit, old});
+      if (!now) continue;
+      if (moved && *moved != Offset{*now} - old) return false;
+      moved = Offset{*now} - old;
+    }
+    if (!moved) return false;
+    const Offset first = word * 16 + form.firstBit + *moved;
+    const int low = std::countr_zero(mask);
+    const int high = 7 - std::countl_zero(static_cast<std::uint8_t>(mask));
+    if ((first + low) >> 3 != (first + high) >> 3 || first + low < 0 || first + high >= 0x80 * 16) return false;
+    PutField(at, instruction, form, first, low);
+    return true;
+  }
+
+  struct FieldForm {
+    int firstBit, mask, data;  // the last two: bytes of the instruction
+  };
+  static FieldForm FormOf(const Instruction& instruction) {
+    return instruction.Op() == op::bitFieldHigh ? FieldForm{8, 3, 2} : FieldForm{0, 2, 3};
+  }
+
+  // `first`: where bit 0 of the mask goes; `low`: the lowest bit of the mask.
+  void PutField(Offset at, const Instruction& instruction, const FieldForm& form, Offset first, int low) {
+    const auto put = [&](int byte) {
+      const Offset shift = ((first + low) & 7) - low;
+      const std::uint32_t bits = instruction.Byte(byte);
+      return shift >= 0 ? bits << shift : bits >> -shift;
+    };
+    const bool isHigh = ((first + low) & 8) != 0;
+    const std::uint32_t mask = put(form.mask);
+    const std::uint32_t data = put(form.data) & mask;
+    Byte(at, isHigh ? op::bitFieldHigh : op::bitFieldLow);
+    Byte(at + 1, static_cast<std::uint32_t>((first + low) >> 4));
+    Byte(at + (isHigh ? 3 : 2), mask);
+    Byte(at + (isHigh ? 2 : 3), data);
+  }
+
+  // EXTP and EXTS with a number: the page or segment that all operands of the range need.
+  bool CarryRange(std::size_t i) {
+    const Instruction& instruction = decoded_[i].instruction;
+    const int bits = (instruction.Byte(1) & 0x40) != 0 ? 14 : 16;
+    std::optional<std::uint32_t> space;
+    for (std::size_t k = i + 1; k < decoded_.size() && k <= i + static_cast<std::size_t>(instruction.RangeLength()); ++k) {
+      const Movable movable = MovableOf(decoded_[k].instruction, old_.PhoneAddress(decoded_[k].at), decoded_[k].range);
+      if (movable.kind != Movable::Kind::Address) continue;
+      const auto now = maps_.data(movable.value);
+      if (!now || (space && *space != *now >> bits)) return false;
+      space = *now >> bits;
+    }
+    if (!space) return false;
+    Word(decoded_[i].at + 2, *space);
+    return true;
+  }
+
+  // A memory operand behind EXTP or EXTS, whose page or segment must be that of the new address.
   bool CarryInRange(Offset at, const Movable& movable, const ExtRange& range) {
-    const auto now = places_.DataAddress(movable.value);
+    const auto now = maps_.data(movable.value);
     if (!now) return false;
     const bool isPage = range.Address(0x4000) == range.Address(0);
-    if (*now >> (isPage ? 14 : 16) != movable.value >> (isPage ? 14 : 16)) return false;
-    const std::uint32_t bits = isPage ? (code_.bytes[static_cast<std::size_t>(at) + 3] & 0xC0U) << 8 : 0;
-    Word(at + 2, isPage ? (*now & 0x3FFF) | bits : *now);
+    const auto space = SpaceOf(at);
+    if (!space || *now >> (isPage ? 14 : 16) != *space) return false;
+    Word(at + 2, isPage ? (*now & 0x3FFF) | (Carried(at + 3) & 0xC0U) << 8 : *now);
     return true;
   }
 
-  // MOV Rn, #offset and MOV Rn+1, #page or #segment; anything else is a plain constant.
-  bool CarryPair(Offset at, const Instruction& instruction) {
-    if (!instruction.LoadsConstant()) return true;
-    const Instruction next = LoadAt(at + 4);
-    if (next.IsData() || next.Byte(1) != instruction.Byte(1) + 1) return true;  // the second one was carried
-    const std::uint32_t offset = instruction.Word();
-    const std::uint32_t high = next.Word();
-    if (offset < 0x4000 && high < 0x400 && places_.IsInside(high << 14 | offset)) {
-      const auto now = places_.DataAddress(high << 14 | offset);
-      return now && PutPair(at, *now & 0x3FFF, *now >> 14);
+  // The page or segment of the range that an instruction is in, in the new version.
+  [[nodiscard]] std::optional<std::uint32_t> SpaceOf(Offset at) const {
+    const auto here = std::ranges::find(decoded_, at, &Decoded::at);
+    for (auto it = here; it != decoded_.begin();) {
+      --it;
+      if (!it->instruction.BeginsRange()) continue;
+      if (it->instruction.Op() != op::extendByNumber) return {};
+      if (code_.region.Holds(it->at)) return Carried(it->at + 2) | Carried(it->at + 3) << 8;
+      const Bytes there = There(it->at, 4);
+      if (there.empty() || there[0] != op::extendByNumber || there[1] != it->instruction.Byte(1)) return {};
+      return there[2] | there[3] << 8;
     }
-    if (high < 0x100 && places_.IsInside(high << 16 | offset)) {
-      const auto now = mapCode_(high << 16 | offset);
-      return now && PutPair(at, *now & 0xFFFF, *now >> 16);
+    return {};
+  }
+
+  // MOV Rn, #offset and MOV Rn+1, #page or #segment, of which the patch changes one at least.
+  void CarryPair(std::size_t i) {
+    if (!decoded_[i].instruction.LoadsConstant()) return;
+    const auto partner = PartnerOf(i);
+    if (!partner) return;
+    const std::size_t k = *partner;
+    if (IsUnchanged(decoded_[i]) && IsUnchanged(decoded_[k])) return;
+    const auto moved = MovedPair(decoded_[i].instruction.Word(), decoded_[k].instruction.Word());
+    if (moved.isPlain) return;
+    if (!moved.words || !Put(i, moved.words->first) || !Put(k, moved.words->second)) {
+      Fail(i);
+      Fail(k);
     }
-    return true;
   }
 
-  Instruction LoadAt(Offset at) const {
-    if (at + 4 > std::ssize(code_.bytes)) return {};
-    const Instruction instruction = Instruction::Decode(code_.bytes, at);
-    return instruction.LoadsConstant() ? instruction : Instruction();
+  // The load of the next register that belongs to a load: the nearest one without a jump or call between.
+  [[nodiscard]] std::optional<std::size_t> PartnerOf(std::size_t i) const {
+    const int wanted = decoded_[i].instruction.Byte(1) + 1;
+    const auto fits = [&](std::size_t k) {
+      return decoded_[k].instruction.LoadsConstant() && decoded_[k].instruction.Byte(1) == wanted;
+    };
+    const auto passes = [&](std::size_t k) {
+      return !decoded_[k].instruction.IsData() && decoded_[k].instruction.GetFlow() == Flow::Next;
+    };
+    for (std::size_t k = i + 1; k < decoded_.size() && k <= i + farthestPartner && passes(k); ++k)
+      if (fits(k)) return k;
+    for (std::size_t k = i; k > 0 && k + farthestPartner > i && passes(k - 1); --k)
+      if (fits(k - 1)) return k - 1;
+    return {};
   }
 
-  bool PutPair(Offset at, std::uint32_t low, std::uint32_t high) {
-    Word(at + 2, low);
-    Word(at + 6, high);
-    return true;
+  struct Pair {
+    bool isPlain = false;  // two constants
+    std::optional<std::pair<std::uint32_t, std::uint32_t>> words;
+  };
+  [[nodiscard]] Pair MovedPair(std::uint32_t low, std::uint32_t high) const {
+    const auto isInside = [&](std::uint32_t address) {
+      return HasRegion(old_, {Offset{address} - old_.CorrBase(), 1});
+    };
+    const std::uint32_t far = high << 16 | low;
+    const std::uint32_t paged = high << 14 | low;
+    const bool isPage = low < 0x4000 && high < 0x400 && isInside(paged);
+    const bool isFar = high < 0x100 && isInside(far);
+    Pair pair;
+    if (isFar && (!isPage || pairing_.OldUnitFrom(far) >= 0)) {
+      if (const auto now = maps_.code(far)) pair.words.emplace(*now & 0xFFFF, *now >> 16);
+    } else if (isPage) {
+      if (const auto now = maps_.data(paged)) pair.words.emplace(*now & 0x3FFF, *now >> 14);
+    } else {
+      pair.isPlain = true;
+    }
+    return pair;
   }
 
+  // Puts a constant; outside the region the new dump must have it.
+  bool Put(std::size_t i, std::uint32_t word) {
+    const Offset at = decoded_[i].at;
+    if (code_.region.Holds(at)) {
+      Word(at + 2, word);
+      return true;
+    }
+    const Bytes there = There(at, 4);
+    const Instruction& instruction = decoded_[i].instruction;
+    return !there.empty() && there[0] == instruction.Op() && there[1] == instruction.Byte(1) &&
+           there[2] == (word & 0xFF) && there[3] == word >> 8;
+  }
+
+  [[nodiscard]] std::uint32_t Carried(Offset at) const {
+    return carried_.bytes[static_cast<std::size_t>(at - code_.region.offset)];
+  }
   void Byte(Offset at, std::uint32_t value) {
-    carried_[static_cast<std::size_t>(at)] = static_cast<std::uint8_t>(value);
+    carried_.bytes[static_cast<std::size_t>(at - code_.region.offset)] = static_cast<std::uint8_t>(value);
   }
   void Word(Offset at, std::uint32_t value) {
     Byte(at, value);
     Byte(at + 1, value >> 8);
   }
 
-  PatchedCode& code_;
-  const PlaceFinder& places_;
-  const OperandVotes& votes_;
-  const MapCode& mapCode_;
-  std::vector<std::uint8_t> carried_;
+  const PatchedCode& code_;
+  const Fullflash& old_;
+  const Fullflash& now_;
+  const CodePairing& pairing_;
+  const CarryMaps& maps_;
+  std::vector<Decoded> decoded_;
+  CarriedCode carried_;
 };
 
 }  // namespace
 
-bool CarryOperands(PatchedCode& code, const PlaceFinder& places, const OperandVotes& votes,
-                   const MapCode& mapCode) {
-  return Carrier(code, places, votes, mapCode).Run();
+CarriedCode CarryOperands(const PatchedCode& code, const Fullflash& old, const Fullflash& now,
+                          const CodePairing& pairing, const CarryMaps& maps) {
+  return Carrier(code, old, now, pairing, maps).Run();
 }
 
 }  // namespace tarvelo

@@ -4,29 +4,37 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <span>
 #include <vector>
 
-#include "code/sweep.h"
 #include "patch/port_place.h"
 
 namespace tarvelo {
 
-// A piece of patched code: bytes of the old dump with new ones written over some of them, and its new place.
+// A piece of patched code. Around it, `patched` and `old` are read where operands of several instructions
+// belong together.
 struct PatchedCode {
-  std::vector<std::uint8_t> bytes;   // begins with an instruction
-  std::vector<std::uint8_t> before;  // the old dump's, as many
-  std::vector<std::uint8_t> there;   // the new dump's at the new place; as many
-  std::uint32_t address = 0;         // phone addresses of the first byte
-  std::uint32_t newAddress = 0;
+  Bytes patched;  // the old dump with the patch in it
+  Region region;  // whole instructions of it
+  Region around;  // what is in step with the region
+  Offset there = 0;  // where the region is in the new dump
+};
+
+struct CarriedCode {
+  std::vector<std::uint8_t> bytes;  // the region, for the new dump
+  std::vector<Region> failed;       // instructions, in the old dump, with an address that cannot be carried
 };
 
 // Maps an old phone address of code to the new one; nothing if it cannot.
-using MapCode = std::function<std::optional<std::uint32_t>(std::uint32_t address)>;
+using MapAddress = std::function<std::optional<std::uint32_t>(std::uint32_t address)>;
+
+struct CarryMaps {
+  MapAddress code;
+  MapAddress data;
+};
 
 // Replaces the addresses in the patched bytes by those of the new version. Operands that the patch does not
-// change become those of the new dump. Returns false if an address cannot be carried over.
-[[nodiscard]] bool CarryOperands(PatchedCode& code, const PlaceFinder& places, const OperandVotes& votes,
-                                 const MapCode& mapCode);
+// change become those of the new dump.
+[[nodiscard]] CarriedCode CarryOperands(const PatchedCode& code, const Fullflash& old, const Fullflash& now,
+                                        const CodePairing& pairing, const CarryMaps& maps);
 
 }  // namespace tarvelo

@@ -1,10 +1,9 @@
 #include "patch/port_place.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 
-#include "core/scan/vector_scan.h"
+#include "patch/patched_image.h"
 
 namespace tarvelo {
 namespace {
@@ -15,34 +14,12 @@ constexpr int proofByLength = 40;  // so many need no evidence from elsewhere
 constexpr int mostContext = 60;
 constexpr int near = 4;      // no contradiction so near
 constexpr int far = 12;      // at most a quarter of the judged ones contradict within this
+constexpr int rivalReach = 8;  // instructions on each side that a rival shares
 constexpr int repeated = 4;  // a stretch that agrees this far on both sides may be a repetition
-constexpr std::array<Offset, 6> dataContexts{16, 32, 64, 128, 256, 512};
-constexpr int fewestValues = 6;  // different bytes in the context of data
 
 int SizeOf(std::span<const UnitInstruction> code) { return static_cast<int>(code.size()); }
 const UnitInstruction& At(std::span<const UnitInstruction> code, int i) {
   return code[static_cast<std::size_t>(i)];
-}
-
-// The first two places of some bytes.
-std::vector<Offset> Occurrences(Bytes image, Bytes bytes) {
-  std::vector<Offset> found;
-  if (bytes.size() < 8 || bytes.size() > image.size()) return found;
-  const std::size_t middle = bytes.size() / 2;
-  const auto probe = [&](std::size_t i) { return Probe{static_cast<std::int32_t>(i), bytes[i], 0xFF}; };
-  const std::array probes{probe(middle), probe(middle + 1), probe(0), probe(bytes.size() - 1)};
-  Sieve(1, probes).Each(image, 0, std::ssize(image) - std::ssize(bytes), [&](Offset at) {
-    if (std::ranges::equal(image.subspan(static_cast<std::size_t>(at), bytes.size()), bytes))
-      found.push_back(at);
-    return found.size() == 2;
-  });
-  return found;
-}
-
-int ValuesIn(Bytes bytes) {
-  std::array<bool, 256> has{};
-  for (const std::uint8_t byte : bytes) has[byte] = true;
-  return static_cast<int>(std::ranges::count(has, true));
 }
 
 }  // namespace
@@ -68,7 +45,7 @@ NewPlace PlaceFinder::InCode(const Region& region, int unit) const {
   const int agreeing = Agreeing(*match, match->shift, mostContext);
   if (context < fewestAround && agreeing < 2) return {PortRefusal::NotUnique};
   if (context < proofByLength && !HasEvidence(*match)) return {PortRefusal::NotUnique};
-  if (IsAmbiguous(*match)) return {PortRefusal::SeveralPlaces};
+  if (IsAmbiguous(*match) || HasRival(*match)) return {PortRefusal::SeveralPlaces};
   const UnitInstruction& from = At(pairing_.OldCode(unit), match->first);
   const UnitInstruction& to = At(pairing_.NewCode(match->newUnit), match->first + match->shift);
   return {{}, Offset{to.offset} + region.offset - Offset{from.offset}, std::min(context, mostContext)};
@@ -179,26 +156,47 @@ bool PlaceFinder::IsAmbiguous(const Match& match) const {
   return false;
 }
 
-NewPlace PlaceFinder::InData(const Region& region) const {
-  const Bytes image = old_.ff();
-  PortRefusal refusal = PortRefusal::NotUnique;
-  for (const Offset context : dataContexts) {
-    const Offset from = std::max<Offset>(0, region.offset - context);
-    const Offset end = std::min<Offset>(std::ssize(image), region.End() + context);
-    const Bytes around = image.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(end - from));
-    if (ValuesIn(around) < fewestValues) continue;
-    if (Occurrences(image, around).size() != 1) continue;
-    const std::vector<Offset> places = Occurrences(now_.ff(), around);
-    if (places.size() == 1) return {{}, places[0] + region.offset - from, static_cast<int>(end - from)};
-    refusal = places.empty() ? PortRefusal::NoPlace : PortRefusal::SeveralPlaces;
-    if (places.empty()) break;
+// Whether code that has no pair could as well be that of the place, in either version: one of several twins
+// that the other version has no more.
+bool PlaceFinder::HasRival(const Match& match) const {
+  const int from = std::max(match.begin, match.first - rivalReach);
+  const int end = std::min(match.end, match.last + 1 + rivalReach);
+  const auto part = [&](std::span<const UnitInstruction> code, int first) {
+    return code.subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - from));
+  };
+  const auto old = part(pairing_.OldCode(match.oldUnit), from);
+  const auto now = part(pairing_.NewCode(match.newUnit), from + match.shift);
+  const int own = Agreeing(match, match.shift, rivalReach);
+  return added_.Any(old, [&](int unit, int first) {
+    return IsRival(old, match.oldUnit, part(pairing_.NewCode(unit), first), own);
+  }) || gone_.Any(now, [&](int unit, int first) {
+    return IsRival(part(pairing_.OldCode(unit), first), unit, now, own);
+  });
+}
+
+bool PlaceFinder::IsRival(std::span<const UnitInstruction> old, int oldUnit,
+                          std::span<const UnitInstruction> now, int own) const {
+  int agreeing = 0;
+  int contradicting = 0;
+  for (std::size_t i = 0; i < old.size(); ++i) {
+    const Verdict verdict = pairing_.Judge(old[i], oldUnit, now[i]);
+    agreeing += verdict == Verdict::Agrees;
+    contradicting += verdict == Verdict::Contradicts;
   }
-  return {refusal};
+  return agreeing >= contradicting && agreeing * 2 >= own;
+}
+
+NewPlace PlaceFinder::InData(const Region& region) const {
+  const auto found = data_.Find(region);
+  if (!found) return {PortRefusal::NoPlace};
+  if (!found->isUniqueInOld) return {PortRefusal::NotUnique};
+  if (!found->isUnique) return {PortRefusal::SeveralPlaces};
+  return {{}, found->offset, static_cast<int>(found->agreeing)};
 }
 
 std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) const {
   const Offset offset = Offset{address} - old_.CorrBase();
-  if (offset < 0 || offset > old_.ffEnd()) return address;
+  if (IsElsewhere(address)) return Outside({Movable::Kind::Code, address});
   const int unit = pairing_.OldUnitFrom(address);
   if (unit >= 0) {
     const int now = pairing_.NewOf(unit);
@@ -212,11 +210,24 @@ std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) con
   return now_.PhoneAddress(place.offset);
 }
 
+// Whether an address is that of other memory: outside the dump, or where nothing is in it.
+bool PlaceFinder::IsElsewhere(std::uint32_t address) const {
+  const Offset offset = Offset{address} - old_.CorrBase();
+  if (offset < 0 || offset >= old_.ffEnd()) return true;
+  return IsErased(old_, {offset, 2});
+}
+
+// Code and variables in other memory move, too; nothing but votes tells where.
+std::optional<std::uint32_t> PlaceFinder::Outside(const Movable& old) const {
+  if (const auto now = pairing_.Votes().Sure(old)) return now;
+  if (pairing_.Votes().Stays(old)) return old.value;
+  return {};
+}
+
 std::optional<std::uint32_t> PlaceFinder::DataAddress(std::uint32_t address) const {
   const Offset offset = Offset{address} - old_.CorrBase();
-  if (offset < 0 || offset > old_.ffEnd()) return address;
-  const auto winner = pairing_.Votes().Best({Movable::Kind::Address, address}, -1);
-  if (winner.tally.agreeing >= 2 && winner.tally.agreeing * 10 >= winner.tally.all * 9) return winner.value;
+  if (IsElsewhere(address)) return Outside({Movable::Kind::Address, address});
+  if (const auto now = pairing_.Votes().Sure({Movable::Kind::Address, address})) return now;
   const Offset size = std::min<Offset>(16, old_.ffEnd() + 1 - offset);
   const NewPlace place = Find({offset, size});
   if (place.refusal) return {};

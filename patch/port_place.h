@@ -2,7 +2,7 @@
 //
 // Code is found through the pairing of both versions (code/code_pairing.h) and accepted only if enough
 // instructions around it agree, what they refer to does not contradict, and no other place comes near. Data
-// is found by its bytes, which must be unique in both dumps.
+// is found by its bytes (patch/data_places.h).
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,8 @@
 
 #include "code/code_pairing.h"
 #include "core/fullflash.h"
+#include "patch/data_places.h"
+#include "patch/unpaired_code.h"
 
 namespace tarvelo {
 
@@ -34,20 +36,19 @@ class PlaceFinder {
  public:
   // All must outlive the finder.
   PlaceFinder(const Fullflash& old, const Fullflash& now, const CodePairing& pairing)
-      : old_(old), now_(now), pairing_(pairing) {}
+      : old_(old),
+        now_(now),
+        pairing_(pairing),
+        data_(old, now, pairing),
+        gone_(pairing.Old(), pairing.NewOfAll()),
+        added_(pairing.New(), pairing.OldOfAll()) {}
 
   // Where a region of the old dump, which must be within it, begins in the new one.
   [[nodiscard]] NewPlace Find(const Region& region) const;
   // The new phone address of an address of code or data in the old dump; nothing if it is not certain.
-  // Addresses outside the image stay.
+  // Addresses outside the image are those of internal memory.
   [[nodiscard]] std::optional<std::uint32_t> CodeAddress(std::uint32_t address) const;
   [[nodiscard]] std::optional<std::uint32_t> DataAddress(std::uint32_t address) const;
-
-  // Whether a phone address is in the old dump.
-  [[nodiscard]] bool IsInside(std::uint32_t address) const {
-    const Offset offset = Offset{address} - old_.CorrBase();
-    return offset >= 0 && offset <= old_.ffEnd();
-  }
 
  private:
   struct Match {
@@ -58,6 +59,8 @@ class PlaceFinder {
   };
 
   [[nodiscard]] NewPlace InCode(const Region& region, int unit) const;
+  [[nodiscard]] bool IsElsewhere(std::uint32_t address) const;
+  [[nodiscard]] std::optional<std::uint32_t> Outside(const Movable& old) const;
   [[nodiscard]] NewPlace InData(const Region& region) const;
   [[nodiscard]] std::optional<Match> Matched(int unit, int first, int last) const;
   [[nodiscard]] int Context(const Match& match) const;
@@ -65,11 +68,16 @@ class PlaceFinder {
   [[nodiscard]] bool IsContradicted(const Match& match) const;
   [[nodiscard]] bool HasEvidence(const Match& match) const;
   [[nodiscard]] bool IsAmbiguous(const Match& match) const;
+  [[nodiscard]] bool HasRival(const Match& match) const;
+  [[nodiscard]] bool IsRival(std::span<const UnitInstruction> old, int oldUnit, std::span<const UnitInstruction> now,
+                             int own) const;
   [[nodiscard]] Verdict JudgeAt(const Match& match, int instruction, int shift) const;
 
   const Fullflash& old_;
   const Fullflash& now_;
   const CodePairing& pairing_;
+  DataPlaces data_;
+  UnpairedCode gone_, added_;  // of the old and new version
 };
 
 }  // namespace tarvelo

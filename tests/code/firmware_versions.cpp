@@ -9,8 +9,6 @@ namespace {
 
 using Field = ModelInstruction::Field;
 
-constexpr std::size_t imageSize = 0x200000;
-constexpr std::uint32_t base = 0x1000000 - imageSize;
 
 ModelInstruction Two(int a, int b) { return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b)}}; }
 
@@ -201,7 +199,8 @@ FirmwareModel FirmwareModel::Later(unsigned seed, double amount) const {
   return later;
 }
 
-LinkedModel FirmwareModel::Link() const {
+LinkedModel FirmwareModel::Link(std::size_t imageSize) const {
+  const auto base = static_cast<std::uint32_t>(0x1000000 - imageSize);
   LinkedModel linked;
   linked.image.assign(imageSize, 0xFF);
   Offset at = 0x1000;

@@ -51,8 +51,8 @@ class FirmwareModel {
   // A later version; `amount` is the share of functions that are edited, and likewise removed and added.
   [[nodiscard]] FirmwareModel Later(unsigned seed, double amount) const;
 
-  // The image of 16 MiB - base bytes at phone address `base`.
-  [[nodiscard]] LinkedModel Link() const;
+  // An image that ends at the top of the address space; 2 MiB hold about 4000 functions.
+  [[nodiscard]] LinkedModel Link(std::size_t imageSize = 0x200000) const;
 
   [[nodiscard]] const std::vector<ModelFunction>& Functions() const { return functions_; }
 

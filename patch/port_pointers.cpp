@@ -1,0 +1,109 @@
+#include "patch/port_pointers.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "patch/patched_image.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr Offset textLength = 4;  // printable bytes that make a text
+
+class PointerCarrier {
+ public:
+  PointerCarrier(std::vector<std::uint8_t>& bytes, const PointerPlace& place, Bytes patched,
+                 const Fullflash& old, const Fullflash& now, const CodePairing& pairing,
+                 const CarryMaps& maps)
+      : bytes_(bytes),
+        region_(place.region),
+        there_(place.there),
+        patched_(patched),
+        old_(old),
+        now_(now),
+        pairing_(pairing),
+        maps_(maps) {}
+
+  std::vector<Region> Run() && {
+    const Offset first = std::max<Offset>(0, region_.offset - 2) & ~Offset{1};
+    for (Offset at = first; at < region_.End() && at + 4 <= std::ssize(patched_);) at += Pass(at) ? 4 : 2;
+    return std::move(failed_);
+  }
+
+ private:
+  // Whether four bytes are a pointer.
+  bool Pass(Offset at) {
+    const std::uint32_t now = DWordAt(patched_, at);
+    const std::uint32_t before = DWordAt(old_.ff(), at);
+    if (now == before) return false;
+    const std::uint32_t target = Paged(now);
+    if (IsEntry(now)) return Put(at, maps_.code(now), 16);
+    if (IsEntry(before) && IsInside(now)) return Put(at, maps_.code(now), 16);
+    if (!IsPaged(now)) return false;
+    const bool wasPointer = IsPaged(before) && IsNamed(Paged(before));
+    if (wasPointer || IsText(target)) return Put(at, maps_.data(target), 14);
+    return false;
+  }
+
+  bool Put(Offset at, const std::optional<std::uint32_t>& address, int bits) {
+    if (!address) {
+      failed_.push_back({at, 4});
+      return true;
+    }
+    const std::uint32_t low = *address & ((1U << bits) - 1);
+    const std::uint32_t all = low | *address >> bits << 16;
+    // What the region leaves out of a pointer must be what the new dump has.
+    bool fits = true;
+    for (int i = 0; i < 4; ++i) {
+      const auto byte = static_cast<std::uint8_t>(all >> 8 * i);
+      const Offset there = at + i - region_.offset + there_;
+      if (region_.Holds(at + i))
+        bytes_[static_cast<std::size_t>(at + i - region_.offset)] = byte;
+      else
+        fits &= HasRegion(now_, {there, 1}) && now_.Byte(there) == byte;
+    }
+    if (!fits) failed_.push_back({at, 4});
+    return true;
+  }
+
+  [[nodiscard]] bool IsInside(std::uint32_t address) const {
+    return address <= 0xFFFFFF && HasRegion(old_, {Offset{address} - old_.CorrBase(), 1});
+  }
+  [[nodiscard]] bool IsEntry(std::uint32_t far) const {
+    return far <= 0xFFFFFF && far != 0 && pairing_.OldUnitFrom(far) >= 0;
+  }
+  static std::uint32_t Paged(std::uint32_t words) { return words >> 16 << 14 | (words & 0xFFFF); }
+  [[nodiscard]] bool IsPaged(std::uint32_t words) const {
+    return (words & 0xFFFF) < 0x4000 && words >> 16 < 0x400 && words != 0 && IsInside(Paged(words));
+  }
+  [[nodiscard]] bool IsNamed(std::uint32_t address) const {
+    return pairing_.Votes().Best({Movable::Kind::Address, address}, -1).tally.agreeing > 0 || IsText(address);
+  }
+  [[nodiscard]] bool IsText(std::uint32_t address) const {
+    const Offset at = Offset{address} - old_.CorrBase();
+    if (at < 1 || at + textLength > std::ssize(old_.ff())) return false;
+    const auto isPrintable = [](std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; };
+    return !isPrintable(old_.ff()[static_cast<std::size_t>(at - 1)]) &&
+           std::ranges::all_of(old_.Region(at, textLength), isPrintable);
+  }
+
+  std::vector<std::uint8_t>& bytes_;
+  Region region_;
+  Offset there_;
+  Bytes patched_;
+  const Fullflash& old_;
+  const Fullflash& now_;
+  const CodePairing& pairing_;
+  const CarryMaps& maps_;
+  std::vector<Region> failed_;
+};
+
+}  // namespace
+
+std::vector<Region> CarryPointers(std::vector<std::uint8_t>& bytes, const PointerPlace& place, Bytes patched,
+                                  const Fullflash& old, const Fullflash& now, const CodePairing& pairing,
+                                  const CarryMaps& maps) {
+  return PointerCarrier(bytes, place, patched, old, now, pairing, maps).Run();
+}
+
+}  // namespace tarvelo
