@@ -23,7 +23,6 @@
 #include "shell/info/info_panel.h"
 #include "shell/list/explorer_panel.h"
 #include "shell/map/dump_panel.h"
-#include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_panel.h"
 #include "shell/search/hits_panel.h"
 #include "shell/services/ids.h"
@@ -32,20 +31,14 @@
 namespace tarvelo {
 namespace {
 
-// Opens a dropped dump, or applies a dropped patch to the open dump, when the drop is over: until then the
-// source program waits.
+// Opens a dropped dump or patch when the drop is over: until then the source program waits.
 class DumpDrop final : public wxFileDropTarget {
  public:
   explicit DumpDrop(Main& main) : main_(main) {}
 
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
     if (files.empty()) return false;
-    main_.CallAfter([&main = main_, path = PathFrom(files[0])] {
-      if (main.Bench().document.IsOpen() && IsPatchFile(path))
-        ApplyPatchFile(main.Bench(), path);
-      else
-        main.Dumps().OpenChosen(path);
-    });
+    main_.CallAfter([&main = main_, path = PathFrom(files[0])] { main.Dumps().OpenChosen(path); });
     return true;
   }
 
@@ -210,6 +203,15 @@ void Main::Revisit(const std::optional<VisitedPlace>& place) {
   panel->Return(place->at);
 }
 
+void Main::ShowInPatch(Offset offset) {
+  const auto line = patch_->LineOf(offset);
+  if (!line) return talk_.Complain(Text::NotInPatch);
+  Jump([&] {
+    panels_->ShowPanel(*patch_);
+    patch_->Return(*line);
+  });
+}
+
 void Main::FollowInHex(Offset start, Offset size) {
   if (panels_->Visible() == hex_) ShowHex(start, size);
 }
@@ -222,5 +224,7 @@ void Main::AddPatch(Text command, Offset changedBytes, std::size_t all,
                     const std::function<std::vector<Change>()>& makeChanges) {
   patch_->AskAndAddPatch(command, changedBytes, all, makeChanges);
 }
+
+void Main::OpenPatch(const std::filesystem::path& file) { patch_->OpenPatch(file); }
 
 }  // namespace tarvelo

@@ -30,6 +30,7 @@ void Main::AddCommands() {
       {Id::Quillo, [this] { Quillo_Click(); }},
       {Id::Search, [this] { hits_->Search_Click(); }},
       {Id::CompareWith, [this] { compare_->CompareWith_Click(); }},
+      {Id::OpenPatch, [this] { patch_->OpenPatch_Click(); }},
       {Id::ApplyPatch, [this] { ApplyPatch_Click(bench_); }},
       {Id::GoBack, [this] { Revisit(history_.Back(Here())); }},
       {Id::GoForward, [this] { Revisit(history_.Forward(Here())); }},
@@ -86,7 +87,7 @@ void Main::View_Click() {
 }
 
 void Main::Quillo_Click() {
-  if (!status_->Panel(StatusBar::patchPanel).empty()) patch_->SavePatch();
+  if (!status_->Panel(StatusBar::patchPanel).empty() || patch_->IsFromElsewhere()) patch_->SavePatch();
   tools_.Quillo(document_.Beside(".qpt"));
 }
 
@@ -134,6 +135,7 @@ void Main::ExitM_Click() {
 void Main::StoreSettings() {
   tools_.Forget();
   dumps_->Recent().Write(settings_);
+  patch_->Recent().Write(settings_);
   place_->Store(settings_);
 }
 

@@ -37,6 +37,10 @@ void PanelStack::ShowPanel(Panel& panel) {
   window_.GetSizer()->Layout();
 }
 
+void PanelStack::RenewMenu(Panel& panel) {
+  if (visible_ == &panel) menus_.ShowPanelMenu(panel.Commands(), panel.Traits().name, texts_);
+}
+
 void PanelStack::UnVis() {
   for (const auto& panel : panels_) panel->Window().Hide();
   visible_ = nullptr;
