@@ -59,6 +59,7 @@ void LiveCheck::Step(wxIdleEvent& event) {
   isWanted_ = false;
   editor_.ShowVerdicts();
   done_();
+  event.RequestMore();  // for those who waited for it
 }
 
 }  // namespace tarvelo

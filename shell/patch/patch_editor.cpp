@@ -35,6 +35,7 @@ PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
   SetLexer(wxSTC_LEX_CONTAINER);
   SetEOLMode(wxSTC_EOL_CRLF);
   UsePopUp(wxSTC_POPUP_NEVER);
+  SetModEventMask(wxSTC_MOD_INSERTTEXT | wxSTC_MOD_DELETETEXT);  // a mark is no change of the text
   SetScrollWidthTracking(true);
   ChooseColours();
   SetMarginType(numberMargin, wxSTC_MARGIN_NUMBER);

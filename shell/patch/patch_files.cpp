@@ -31,7 +31,7 @@ wxString PatchFilter(const Messages& texts) {
 
 PatchFiles::PatchFiles(Workbench& bench) : bench_(bench) { recent_.Read(bench.settings); }
 
-std::string PatchFiles::Phone() const { return Utf8(bench_.status.Panel(2)); }
+std::string PatchFiles::Phone() const { return bench_.document.Info().StatusText(); }
 
 std::filesystem::path PatchFiles::OwnFile() const { return bench_.document.Beside(".qpt"); }
 

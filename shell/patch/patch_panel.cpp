@@ -43,7 +43,8 @@ PatchPanel::PatchPanel(Workbench& bench)
       window_(new wxPanel(&bench.frame.Parent())),
       totals_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
-      halves_(new wxSplitterWindow(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
+      halves_(new wxSplitterWindow(window_, wxID_ANY, wxDefaultPosition, window_->FromDIP(wxSize(400, 300)),
+                                   wxSP_LIVE_UPDATE)),
       Patch_(new PatchEditor(halves_)),
       below_(new wxPanel(halves_)),
       lineFacts_(new wxStaticText(below_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
@@ -82,12 +83,9 @@ void PatchPanel::Layout() {
 
 void PatchPanel::BindEditor() {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
-  Patch_->Bind(wxEVT_STC_UPDATEUI, [this](wxStyledTextEvent& event) {
-    isLineStale_ = true;
-    event.Skip();
-  });
   Patch_->Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-    if (isLineStale_ && Patch_->IsShownOnScreen()) ShowCaretLine();
+    const bool isStale = isLineStale_ || Patch_->CaretLine() != shownAt_;
+    if (isStale && Patch_->IsShownOnScreen()) ShowCaretLine();
     event.Skip();
   });
   Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
@@ -154,7 +152,8 @@ void PatchPanel::ShowTotals() {
 void PatchPanel::ShowCaretLine() {
   isLineStale_ = false;
   const DocumentCheck* check = check_.Complete();
-  lineFacts_->SetLabelText(check ? Wx(LineText(*check, Patch_->CaretLine(), bench_.texts)) : wxString());
+  shownAt_ = Patch_->CaretLine();
+  lineFacts_->SetLabelText(check ? Wx(LineText(*check, shownAt_, bench_.texts)) : wxString());
   std::string line = Patch_->LineAtCaret();
   if (line == shownLine_) return;
   shownLine_ = std::move(line);

@@ -100,6 +100,7 @@ class PatchPanel final : public Panel {
   PanelCommands commands_;
   Document::Watch watch_;
   bool isLineStale_ = true;  // the caret's line is to be shown again
+  std::size_t shownAt_ = 0;  // the line that the texts are about
   std::string shownLine_;    // the text of the line that the preview shows
 };
 
