@@ -25,7 +25,7 @@ Text NameOf(LineVerdict verdict) { return verdictNames[static_cast<std::size_t>(
 
 std::string TotalsText(const DocumentCheck& check, const Messages& messages) {
   std::string text;
-  for (std::size_t i = 1; i < lineVerdicts; ++i) {
+  for (std::size_t i = lineVerdicts - 1; i > 0; --i) {
     const std::size_t count = check.Count(static_cast<LineVerdict>(i));
     if (count == 0) continue;
     if (!text.empty()) text += gap;

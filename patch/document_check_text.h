@@ -8,7 +8,8 @@
 
 namespace tarvelo {
 
-// The number of lines with each verdict, without those that have none: "fits 12    differs 1".
+// The number of lines with each verdict, the worst first and without those that have
+// none: "differs 1    fits 12".
 [[nodiscard]] std::string TotalsText(const DocumentCheck& check, const Messages& messages);
 
 // What there is to say about a line: its verdict, the other line, and the bytes found if it does not fit.

@@ -39,11 +39,15 @@ const DocumentCheck* LiveCheck::Complete() const {
   return check_ && check_->IsDone() ? check_.get() : nullptr;
 }
 
-const DocumentCheck& LiveCheck::Finish() {
+const DocumentCheck* LiveCheck::Finish(Progress& progress) {
   if (!check_) Begin();
-  while (check_->Step(linesPerStep)) {
+  if (!check_->Step(linesPerStep)) return check_.get();
+  ProgressRun run(progress, 0, 2 * std::int64_t{editor_.GetLineCount()});  // every line is read, then judged
+  for (std::int64_t at = linesPerStep; check_->Step(linesPerStep); at += linesPerStep) {
+    run.At(at);
+    if (run.StopAsked()) return nullptr;
   }
-  return *check_;
+  return check_.get();
 }
 
 void LiveCheck::Begin() {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 
+#include "core/progress.h"
 #include "patch/document_check.h"
 
 namespace tarvelo {
@@ -23,8 +24,8 @@ class LiveCheck {
   void Restart();
   // The complete check; null while there is none.
   [[nodiscard]] const DocumentCheck* Complete() const;
-  // Completes the check at once. The document must be open.
-  [[nodiscard]] const DocumentCheck& Finish();
+  // Completes the check at once; null if the user stops it. The document must be open.
+  [[nodiscard]] const DocumentCheck* Finish(Progress& progress);
 
  private:
   void Step(wxIdleEvent& event);

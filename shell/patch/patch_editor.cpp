@@ -39,7 +39,7 @@ PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
   SetScrollWidthTracking(true);
   ChooseColours();
   SetMarginType(numberMargin, wxSTC_MARGIN_NUMBER);
-  SetMarginWidth(numberMargin, TextWidth(wxSTC_STYLE_LINENUMBER, "_99999"));
+  FitNumbers();
   SetMarginType(symbolMargin, wxSTC_MARGIN_BACK);
   SetMarginMask(symbolMargin, (1 << lineVerdicts) - 1);
   SetMarginWidth(symbolMargin, FromDIP(16));
@@ -97,6 +97,11 @@ void PatchEditor::DefineMarks(const wxColour& text, const wxColour& window) {
   define(LineVerdict::Malformed, wxSTC_MARK_CHARACTER + '?', bad);
 }
 
+void PatchEditor::FitNumbers() {
+  const wxString widest = "_" + std::to_string(std::max(99999, GetLineCount()));
+  SetMarginWidth(numberMargin, TextWidth(wxSTC_STYLE_LINENUMBER, widest));
+}
+
 // The scrollable width is the visible width until a longer line makes it wider. The control's own guess would
 // always show a scrollbar.
 void PatchEditor::FitScrollWidth() {
@@ -146,6 +151,7 @@ void PatchEditor::UpdateSeen() {
   if (first == seenFirst_ && last == seenLast_) return;
   seenFirst_ = first;
   seenLast_ = last;
+  FitNumbers();
   const int styled = GetEndStyled();
   for (int line = first; line <= last; ++line) {
     MarkLine(line);

@@ -59,6 +59,7 @@ class PatchEditor final : public wxStyledTextCtrl {
 
  private:
   void ChooseColours();
+  void FitNumbers();
   void FitScrollWidth();
   void DefineMarks(const wxColour& text, const wxColour& window);
   void StyleLines(wxStyledTextEvent& event);

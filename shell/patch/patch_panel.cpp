@@ -4,6 +4,7 @@
 #include <wx/sizer.h>
 #include <wx/splitter.h>
 #include <wx/stattext.h>
+#include <wx/utils.h>
 
 #include <utility>
 
@@ -145,6 +146,7 @@ void PatchPanel::ShowTotals() {
   else if (!Patch_->IsEmpty())
     append(std::string(bench_.texts.Msg(Text::CheckingPatch)));
   totals_->SetLabelText(Wx(text));
+  totals_->SetToolTip(Wx(text));  // for a narrow window
   isLineStale_ = true;
 }
 
@@ -172,13 +174,17 @@ std::optional<Change> PatchPanel::CaretChange() const {
 }
 
 std::optional<Offset> PatchPanel::LineOf(Offset offset) {
-  const auto line = check_.Finish().LineOf(offset);
+  const wxBusyCursor wait;
+  NoProgress unseen;
+  const auto line = check_.Finish(unseen)->LineOf(offset);
   if (!line) return {};
   return static_cast<Offset>(*line);
 }
 
 void PatchPanel::GoToProblem(bool backwards) {
-  const auto line = check_.Finish().NextProblem(Patch_->CaretLine(), backwards);
+  const DocumentCheck* check = check_.Finish(bench_.status);
+  if (!check) return;
+  const auto line = check->NextProblem(Patch_->CaretLine(), backwards);
   if (!line) return bench_.talk.Tell(Wx(bench_.texts.Msg(Text::NoProblems)));
   Patch_->GoToLine(*line);
 }

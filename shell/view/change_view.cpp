@@ -2,6 +2,7 @@
 
 #include <wx/settings.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -27,7 +28,6 @@ Ink InkOf(char first) {
 ChangeView::ChangeView(wxWindow* parent, Workbench& bench) : wxStyledTextCtrl(parent), bench_(bench) {
   SetLexer(wxSTC_LEX_CONTAINER);
   UsePopUp(wxSTC_POPUP_NEVER);
-  SetScrollWidth(1);
   SetScrollWidthTracking(true);
   for (int margin = 0; margin < 3; ++margin) SetMarginWidth(margin, 0);
   SetMarginLeft(FromDIP(6));
@@ -64,7 +64,7 @@ void ChangeView::ShowChange(const std::optional<Change>& change) {
   const std::string text = change ? TextOf(*change) : std::string();
   SetReadOnly(false);
   SetText(Wx(text));
-  SetScrollWidth(1);
+  SetScrollWidth(std::max(1, GetClientSize().x - GetMarginLeft()));  // until a longer line is drawn
   StartStyling(0);
   for (int line = 0; line < GetLineCount(); ++line) {
     const int start = PositionFromLine(line), end = PositionFromLine(line + 1);

@@ -57,7 +57,7 @@ TEST(DocumentCheck, LooksAtTheImageAsItWasOpened) {
   }
   EXPECT_EQ(check.Found(2), Data{0});
   EXPECT_EQ(check.Contradictions(), (std::vector<std::size_t>{1, 2}));
-  EXPECT_EQ(TotalsText(check, Messages()), "fits 1    contradicts 2    malformed 1");
+  EXPECT_EQ(TotalsText(check, Messages()), "malformed 1    contradicts 2    fits 1");
   EXPECT_EQ(LineText(check, 2, Messages()), "Line: 2    contradicts: 1    Found: 00");
   EXPECT_EQ(LineText(check, 5, Messages()), "Line: 5");
   const std::tuple<std::size_t, std::size_t, std::size_t> steps[] = {

@@ -125,7 +125,7 @@ TEST_F(PatchDesk, ChecksLinesWhileOneTypes) {
   };
   Editor().AddText("0: FF 12 ;a\r\n4: 00 01\r\nrubbish\r\n0: 12 13");
   expectAt(4, "Line: 4    overlaps: 1    Found: FF");
-  EXPECT_EQ(Utf8(Patch().Totals()), "fits 1    overlaps 1    differs 1    malformed 1");
+  EXPECT_EQ(Utf8(Patch().Totals()), "malformed 1    differs 1    overlaps 1    fits 1");
   EXPECT_EQ(mark(0), sign(LineVerdict::Fits));
   EXPECT_EQ(mark(1), sign(LineVerdict::Differs));
   EXPECT_NE(Editor().GetStyleAt(Editor().PositionFromLine(1)), Editor().GetStyleAt(0));
@@ -151,7 +151,7 @@ TEST_F(PatchDesk, ChecksLinesWhileOneTypes) {
   Said(Id::ApplyThisPatch);
   EXPECT_EQ(AsHex(Image().Region(0, 2)), "13 FF");
   expectAt(2, "Line: 2    differs    Found: FF");
-  EXPECT_EQ(Utf8(Patch().Totals()), "fits 1    overlaps 1    differs 1    malformed 1");  // as it was opened
+  EXPECT_EQ(Utf8(Patch().Totals()), "malformed 1    differs 1    overlaps 1    fits 1");  // as it was opened
   EXPECT_TRUE(Said(Id::TakeOutPatch)
                   .ends_with("iThe patch was taken out. Number of changes: 2\n"
                              "Lines of the patch that don't fit the fullflash: 2"));
