@@ -3,7 +3,6 @@
 #include "core/notation.h"
 #include "core/places.h"
 #include "patch/patch_lines.h"
-#include "resources/texts.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -14,11 +13,12 @@ constexpr auto bytesShown = static_cast<std::size_t>(longestPatchLine);
 }  // namespace
 
 MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
-                         const Messages& messages)
+                         const Messages& messages, Text applied)
     : patch_(patch),
       check_(check),
       image_(image),
       messages_(messages),
+      appliedLabel_(applied),
       fitting_(check.Count(Fit::Fine)),
       applied_(check.Count(Fit::Applied)),
       count_(CountMisfits(patch, check)),
@@ -27,7 +27,7 @@ MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const 
 std::string MisfitTable::Summary() const {
   std::string text = Msg(Text::MisfitLinesLabel) + std::to_string(count_) + "\n" +
                      Msg(Text::FittingLinesLabel) + std::to_string(fitting_);
-  if (applied_ > 0) text += "\n" + Msg(Text::AppliedLinesLabel) + std::to_string(applied_);
+  if (applied_ > 0) text += "\n" + Msg(appliedLabel_) + std::to_string(applied_);
   if (listed_.size() < count_) text += "\n" + Msg(Text::PatchLinesCutOff);
   return text;
 }

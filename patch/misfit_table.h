@@ -7,6 +7,7 @@
 #include "core/table.h"
 #include "patch/misfits.h"
 #include "resources/messages.h"
+#include "resources/texts.h"
 
 namespace tarvelo {
 
@@ -14,9 +15,10 @@ class MisfitTable {
  public:
   static constexpr std::size_t mostListed = 1000000;
 
-  // The patch, its check and the image must outlive the table.
+  // The patch, its check and the image must outlive the table. `applied` is the label of the number of lines
+  // that were already applied.
   MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
-              const Messages& messages);
+              const Messages& messages, Text applied = Text::AppliedLinesLabel);
 
   // The number of lines that do not fit, that can be applied, and that were already applied.
   [[nodiscard]] std::size_t Count() const { return count_; }
@@ -42,6 +44,7 @@ class MisfitTable {
   const PatchCheck& check_;
   const Fullflash& image_;
   Messages messages_;
+  Text appliedLabel_;
   std::size_t fitting_;
   std::size_t applied_;
   std::size_t count_;

@@ -4,7 +4,6 @@
 
 #include "core/file.h"
 #include "patch/patch_document.h"
-#include "patch/sheet.h"
 
 namespace tarvelo {
 namespace {
@@ -12,17 +11,6 @@ namespace {
 constexpr std::size_t longestText = 100;
 constexpr std::size_t longestHeader = 50;  // lines
 constexpr std::size_t longestHeaderLine = 200;
-
-bool LiesWithin(const Change& change, const Fullflash& image) {
-  return change.offset <= std::ssize(image.ff()) - change.Size();
-}
-
-CheckedChange CheckOne(const Change& change, const Sheet& now, const Sheet& afterAll) {
-  if (now.Holds(change.offset, change.newBytes) || now.Equals(afterAll, change.offset, change.Size()))
-    return {Fit::Applied, {}};
-  if (now.Holds(change.offset, change.oldBytes)) return {Fit::Fine, {}};
-  return {Fit::Mismatch, now.Copy(change.offset, change.Size())};
-}
 
 }  // namespace
 
@@ -64,19 +52,30 @@ std::vector<Change> PatchCheck::ToWrite(std::span<const PatchChange> patch) cons
   return wanted;
 }
 
+bool PatchJudge::LiesWithin(const Change& change) const {
+  return change.offset <= now_.Size() - change.Size();
+}
+
+void PatchJudge::Expect(const Change& change) {
+  if (LiesWithin(change)) afterAll_.Write(change.offset, change.newBytes);
+}
+
+CheckedChange PatchJudge::Judge(const Change& change) {
+  if (!LiesWithin(change)) return {Fit::Outside, {}};
+  if (now_.Holds(change.offset, change.newBytes) || now_.Equals(afterAll_, change.offset, change.Size()))
+    return {Fit::Applied, {}};
+  if (!now_.Holds(change.offset, change.oldBytes))
+    return {Fit::Mismatch, now_.Copy(change.offset, change.Size())};
+  now_.Write(change.offset, change.newBytes);
+  return {Fit::Fine, {}};
+}
+
 PatchCheck CheckPatch(std::span<const PatchChange> patch, const Fullflash& image) {
-  Sheet now(image.ff());
-  Sheet afterAll(image.ff());
-  for (const PatchChange& each : patch)
-    if (LiesWithin(each.change, image)) afterAll.Write(each.change.offset, each.change.newBytes);
+  PatchJudge judge{Sheet(image.ff())};
+  for (const PatchChange& each : patch) judge.Expect(each.change);
   PatchCheck check;
   check.changes.reserve(patch.size());
-  for (const PatchChange& each : patch) {
-    const Change& change = each.change;
-    check.changes.push_back(LiesWithin(change, image) ? CheckOne(change, now, afterAll)
-                                                      : CheckedChange{Fit::Outside, {}});
-    if (check.changes.back().fit == Fit::Fine) now.Write(change.offset, change.newBytes);
-  }
+  for (const PatchChange& each : patch) check.changes.push_back(judge.Judge(each.change));
   return check;
 }
 

@@ -15,6 +15,7 @@
 
 #include "core/image_edits.h"
 #include "core/progress.h"
+#include "patch/sheet.h"
 
 namespace tarvelo {
 
@@ -72,9 +73,25 @@ struct PatchCheck {
   [[nodiscard]] std::vector<Change> ToWrite(std::span<const PatchChange> patch) const;
 };
 
-// Checks the changes in order, each against the image as the fine changes before it leave it. A change also
+// Judges changes in order, each against the image as the fine changes before it leave it. A change also
 // counts as applied if the image has, in its place, the bytes that the whole patch would leave there;
 // overlapping changes need this.
+class PatchJudge {
+ public:
+  explicit PatchJudge(const Sheet& image) : now_(image), afterAll_(image) {}
+
+  // Call this for all changes in order, then Judge in the same order.
+  void Expect(const Change& change);
+  [[nodiscard]] CheckedChange Judge(const Change& change);
+
+ private:
+  [[nodiscard]] bool LiesWithin(const Change& change) const;
+
+  Sheet now_;
+  Sheet afterAll_;
+};
+
+// Checks all changes of a patch (PatchJudge).
 [[nodiscard]] PatchCheck CheckPatch(std::span<const PatchChange> patch, const Fullflash& image);
 
 }  // namespace tarvelo

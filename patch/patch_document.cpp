@@ -114,13 +114,23 @@ std::string CommentOf(std::string_view line) {
   return comment == line.npos ? std::string() : " " + std::string(line.substr(comment));
 }
 
-void EachPatchLine(std::string_view text,
-                   const std::function<void(std::size_t number, std::string_view line)>& take) {
+PatchLineReader::PatchLineReader(std::string_view text) : rest_(text) {
   constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
   constexpr char endOfFile = 0x1A;  // of old editors
-  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-  while (text.ends_with(endOfFile)) text.remove_suffix(1);
-  for (std::size_t number = 1; !text.empty(); ++number) take(number, TakeLine(text));
+  Take(rest_, byteOrderMark);
+  while (rest_.ends_with(endOfFile)) rest_.remove_suffix(1);
+}
+
+std::optional<std::string_view> PatchLineReader::Next() {
+  if (rest_.empty()) return {};
+  return TakeLine(rest_);
+}
+
+void EachPatchLine(std::string_view text,
+                   const std::function<void(std::size_t number, std::string_view line)>& take) {
+  PatchLineReader lines(text);
+  std::size_t number = 0;
+  while (const auto line = lines.Next()) take(++number, *line);
 }
 
 }  // namespace tarvelo

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,8 +52,19 @@ struct PatchLine {
 // The comment behind a change, from its ";" on, with a blank in front; empty if the line has none.
 [[nodiscard]] std::string CommentOf(std::string_view line);
 
-// Calls take(number, line) for the lines of a whole patch file or document, numbered from 1, without their
-// ends. Lines end with CR LF, LF or CR; a UTF-8 byte order mark may precede them, and bytes 0x1A may follow.
+// The lines of a whole patch file or document without their ends. Lines end with CR LF, LF or CR; a UTF-8
+// byte order mark may precede them, and bytes 0x1A may follow.
+class PatchLineReader {
+ public:
+  explicit PatchLineReader(std::string_view text);
+  // The next line; nothing at the end.
+  [[nodiscard]] std::optional<std::string_view> Next();
+
+ private:
+  std::string_view rest_;
+};
+
+// Calls take(number, line) for these lines, numbered from 1.
 void EachPatchLine(std::string_view text,
                    const std::function<void(std::size_t number, std::string_view line)>& take);
 

@@ -3,31 +3,25 @@
 #include <algorithm>
 
 namespace tarvelo {
-namespace {
-
-constexpr std::size_t pageSize = 0x1000;
-
-}  // namespace
-
-Sheet::Sheet(Bytes underneath)
-    : underneath_(underneath), pages_((underneath.size() + pageSize - 1) / pageSize) {}
+Sheet::Sheet(Bytes underneath) : underneath_(underneath) {}
 
 Bytes Sheet::Piece(std::size_t offset, std::size_t most) const {
   const std::size_t within = offset % pageSize;
   const std::size_t size = std::min(most, pageSize - within);
-  const auto& page = pages_[offset / pageSize];
-  return page.empty() ? underneath_.subspan(offset, size) : Bytes(page).subspan(within, size);
+  const auto page = pages_.find(offset / pageSize);
+  return page == pages_.end() ? underneath_.subspan(offset, size) : Bytes(page->second).subspan(within, size);
 }
 
 void Sheet::Write(Offset offset, Bytes bytes) {
   for (auto at = static_cast<std::size_t>(offset); !bytes.empty();) {
     const std::size_t size = Piece(at, bytes.size()).size();
-    auto& page = pages_[at / pageSize];
-    if (page.empty()) {
-      const Bytes whole = Piece(at / pageSize * pageSize, underneath_.size() - at / pageSize * pageSize);
-      page.assign(whole.begin(), whole.end());
+    const auto [page, isNew] = pages_.try_emplace(at / pageSize);
+    if (isNew) {
+      const std::size_t start = at / pageSize * pageSize;
+      std::ranges::copy(underneath_.subspan(start, std::min(pageSize, underneath_.size() - start)),
+                        page->second.begin());
     }
-    std::ranges::copy(bytes.first(size), page.begin() + static_cast<std::ptrdiff_t>(at % pageSize));
+    std::ranges::copy(bytes.first(size), page->second.begin() + static_cast<std::ptrdiff_t>(at % pageSize));
     at += size;
     bytes = bytes.subspan(size);
   }

@@ -1,8 +1,10 @@
-// Bytes with changes written over them. The original bytes stay unchanged; only pages that were written to
+// Bytes with changes written over them. The bytes underneath stay unchanged; only pages that were written to
 // are copied.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "text/bytes.h"
@@ -14,6 +16,9 @@ class Sheet {
   // The bytes must outlive the sheet.
   explicit Sheet(Bytes underneath);
 
+  // The number of bytes.
+  [[nodiscard]] Offset Size() const { return std::ssize(underneath_); }
+
   // All regions must be within the bytes.
   void Write(Offset offset, Bytes bytes);
   [[nodiscard]] bool Holds(Offset offset, Bytes bytes) const;
@@ -22,11 +27,14 @@ class Sheet {
   [[nodiscard]] std::vector<std::uint8_t> Copy(Offset offset, Offset size) const;
 
  private:
+  static constexpr std::size_t pageSize = 64;  // small: a patch changes a few bytes each in many places
+
   // The contents from an offset to the end of its page, at most `most` bytes.
   [[nodiscard]] Bytes Piece(std::size_t offset, std::size_t most) const;
 
   Bytes underneath_;
-  std::vector<std::vector<std::uint8_t>> pages_;  // an empty one was not written to
+  std::unordered_map<std::size_t, std::array<std::uint8_t, pageSize>>
+      pages_;  // by page number; the ones written to
 };
 
 }  // namespace tarvelo

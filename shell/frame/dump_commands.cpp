@@ -13,6 +13,7 @@
 #include "shell/services/dump_files.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
+#include "shell/services/unsaved_patch.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -27,13 +28,21 @@ DumpCommands::DumpCommands(Workbench& bench, PanelStack& panels, Menus& menus, I
 // --- opening ---
 
 void DumpCommands::OpenF(const std::filesystem::path& path) {
-  if (IsPatchFile(path))  // "Save patch" would overwrite it
-    return bench_.talk.Complain(Wx(bench_.texts.Msg(Text::PatchIsNoFullflash)) + "\n\n" + WxPath(path));
+  if (IsPatchFile(path)) return OpenPatch(path);
   CloseFF();
   if (!GetInfo(path)) return;
   changed_();
   recent_.Add(PathText(path));
   menus_.ShowRecent(recent_);
+}
+
+void DumpCommands::OpenPatch(const std::filesystem::path& path) {
+  for (const char* extension : {".bin", ".fls", ".BIN", ".FLS"}) {
+    const std::filesystem::path dump = std::filesystem::path(path).replace_extension(extension);
+    if (!bench_.document.IsOpen() && FileExist(dump)) OpenF(dump);
+  }
+  if (bench_.document.IsOpen()) return bench_.frame.OpenPatch(path);
+  bench_.talk.Complain(Wx(bench_.texts.Msg(Text::PatchIsNoFullflash)) + "\n\n" + WxPath(path));
 }
 
 bool DumpCommands::GetInfo(const std::filesystem::path& path) {
@@ -102,11 +111,7 @@ void DumpCommands::OpenDemonstration(const std::filesystem::path& folder, DemoKi
   if (bench_.document.IsOpen()) bench_.talk.Tell(Text::DemonstrationSaved, path);
 }
 
-bool DumpCommands::WasChanged() {
-  if (bench_.status.Panel(StatusBar::patchPanel).empty()) return false;
-  const Messages& texts = bench_.texts;
-  return !bench_.talk.Confirm(Wx(texts.Msg(Text::UnsavedPatch)) + "\n" + Wx(texts.Msg(Text::AskContinue)));
-}
+bool DumpCommands::WasChanged() { return tarvelo::WasChanged(bench_); }
 
 // --- saving ---
 

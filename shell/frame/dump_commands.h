@@ -22,7 +22,8 @@ class DumpCommands {
                std::function<void()> changed);
 
   // Closes the document and opens a dump: identifies it, writes the summary, shows the Info panel. If it
-  // cannot be opened, the program says why and no document is open.
+  // cannot be opened, the program says why and no document is open. A patch is shown in the Patch panel
+  // instead, for the open dump or else for the one of the same name beside it.
   void OpenF(const std::filesystem::path& path);
   void CloseFF();
   // OpenF for a file that the user chose: asks about unsaved data first.
@@ -43,6 +44,7 @@ class DumpCommands {
   [[nodiscard]] RecentFiles& Recent() { return recent_; }
 
  private:
+  void OpenPatch(const std::filesystem::path& path);
   // Reads and identifies a dump and writes the summary. False if the dump cannot be read or is empty.
   bool GetInfo(const std::filesystem::path& path);
   void ReadNames();

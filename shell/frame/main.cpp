@@ -23,7 +23,6 @@
 #include "shell/info/info_panel.h"
 #include "shell/list/explorer_panel.h"
 #include "shell/map/dump_panel.h"
-#include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_panel.h"
 #include "shell/platform/temporary_folder.h"
 #include "shell/search/hits_panel.h"
@@ -33,8 +32,7 @@
 namespace tarvelo {
 namespace {
 
-// Opens a dropped dump, or applies a dropped patch to the open dump, when the drop is over: until then the
-// source program waits.
+// Opens a dropped dump or patch when the drop is over: until then the source program waits.
 class DumpDrop final : public wxFileDropTarget {
  public:
   explicit DumpDrop(Main& main) : main_(main) {}
@@ -42,12 +40,7 @@ class DumpDrop final : public wxFileDropTarget {
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
     // Files that were dragged from this window stay where they are.
     if (files.empty() || platform::IsInTemporaryFolder(PathFrom(files[0]))) return false;
-    main_.CallAfter([&main = main_, path = PathFrom(files[0])] {
-      if (main.Bench().document.IsOpen() && IsPatchFile(path))
-        ApplyPatchFile(main.Bench(), path);
-      else
-        main.Dumps().OpenChosen(path);
-    });
+    main_.CallAfter([&main = main_, path = PathFrom(files[0])] { main.Dumps().OpenChosen(path); });
     return true;
   }
 
@@ -212,6 +205,15 @@ void Main::Revisit(const std::optional<VisitedPlace>& place) {
   panel->Return(place->at);
 }
 
+void Main::ShowInPatch(Offset offset) {
+  const auto line = patch_->LineOf(offset);
+  if (!line) return talk_.Complain(Text::NotInPatch);
+  Jump([&] {
+    panels_->ShowPanel(*patch_);
+    patch_->Return(*line);
+  });
+}
+
 void Main::FollowInHex(Offset start, Offset size) {
   if (panels_->Visible() == hex_) ShowHex(start, size);
 }
@@ -224,5 +226,7 @@ void Main::AddPatch(Text command, Offset changedBytes, std::size_t all,
                     const std::function<std::vector<Change>()>& makeChanges) {
   patch_->AskAndAddPatch(command, changedBytes, all, makeChanges);
 }
+
+void Main::OpenPatch(const std::filesystem::path& file) { patch_->OpenPatch(file); }
 
 }  // namespace tarvelo

@@ -74,18 +74,21 @@ class Main final : public wxFrame, private Frame {
   void PopUpCommands(const wxPoint& place) override { Run(panels_->PopUp(place)); }
   void AcceptDrops(wxWindow& window) override;
   void ShowPanel(Panel& panel) override { panels_->ShowPanel(panel); }
+  void RenewMenu(Panel& panel) override { panels_->RenewMenu(panel); }
   [[nodiscard]] bool IsVisible(const Panel& panel) const override { return panels_->Visible() == &panel; }
   void ShowBl(Offset start, Offset size) override;
   void ShowHex(Offset start, Offset size) override;
   void ShowCode(Offset start, Offset size) override;
   void ShowReferences(Offset target) override;
   void ShowFunctions(Offset offset) override;
+  void ShowInPatch(Offset offset) override;
   void FollowInHex(Offset start, Offset size) override;
   void OpenDump(const std::filesystem::path& path) override { dumps_->OpenChosen(path); }
   void AddInformation(const std::string& lines) override;
   void AddInformation(const std::string& name, const std::string& body) override;
   void AddPatch(Text command, Offset changedBytes, std::size_t all,
                 const std::function<std::vector<Change>()>& makeChanges) override;
+  void OpenPatch(const std::filesystem::path& file) override;
 
   void DoGiveHelp(const wxString& help, bool show) override;
   void AddPanels();

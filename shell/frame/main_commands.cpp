@@ -31,6 +31,7 @@ void Main::AddCommands() {
       {Id::Quillo, [this] { Quillo_Click(); }},
       {Id::Search, [this] { hits_->Search_Click(); }},
       {Id::CompareWith, [this] { compare_->CompareWith_Click(); }},
+      {Id::OpenPatch, [this] { patch_->OpenPatch_Click(); }},
       {Id::ApplyPatch, [this] { ApplyPatch_Click(bench_); }},
       {Id::TakeNamesFrom, [this] { TakeNamesFrom(bench_); }},
       {Id::FindNames, [this] { FindNames(bench_); }},
@@ -90,7 +91,7 @@ void Main::View_Click() {
 }
 
 void Main::Quillo_Click() {
-  if (!status_->Panel(StatusBar::patchPanel).empty()) patch_->SavePatch();
+  if (!status_->Panel(StatusBar::patchPanel).empty() || patch_->IsFromElsewhere()) patch_->SavePatch();
   tools_.Quillo(document_.Beside(".qpt"));
 }
 
@@ -138,6 +139,7 @@ void Main::ExitM_Click() {
 void Main::StoreSettings() {
   tools_.Forget();
   dumps_->Recent().Write(settings_);
+  patch_->Recent().Write(settings_);
   place_->Store(settings_);
 }
 

@@ -78,6 +78,7 @@ std::vector<MenuEntry> MakePanelEntries() {
 const std::vector<MenuEntry> tools = {
     {Id::Search, Text::SearchForBytes, Text::HelpSearchForBytes, "Ctrl+Shift+F", true},
     {Id::CompareWith, Text::CompareWithAnother, Text::HelpCompareWithAnother, "Ctrl+Shift+K", true},
+    {Id::OpenPatch, Text::OpenPatch, Text::HelpOpenPatch, "Ctrl+Shift+P", true},
     {Id::ApplyPatch, Text::ApplyPatchFile, Text::HelpApplyPatchFile, "Ctrl+Shift+O", true},
     {Id::TakeNamesFrom, Text::TakeNamesFrom, Text::HelpTakeNamesFrom, "", true},
     {Id::FindNames, Text::FindNames, Text::HelpFindNames, "", true},

@@ -28,13 +28,17 @@ void PanelStack::ShowPanel(Panel& panel) {
   panel.Build();
   UnVis();
   panel.Window().Show();
+  window_.GetSizer()->Layout();  // at once: what follows may draw the panel
   panel.FirstFocus().SetFocus();
   visible_ = &panel;
   ShowTitle();
   menus_.ShowPanelMenu(panel.Commands(), panel.Traits().name, texts_);
   CheckMenu();
   menus_.CaptionSaveText(texts_, panel.Traits().saveTextCaption);
-  window_.GetSizer()->Layout();
+}
+
+void PanelStack::RenewMenu(Panel& panel) {
+  if (visible_ == &panel) menus_.ShowPanelMenu(panel.Commands(), panel.Traits().name, texts_);
 }
 
 void PanelStack::UnVis() {

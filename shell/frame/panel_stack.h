@@ -41,6 +41,8 @@ class PanelStack {
 
   // Empties all panels: the document is closed.
   void Clear();
+  // Rebuilds the menu of a panel if it is visible.
+  void RenewMenu(Panel& panel);
   // Switches all captions to the current language.
   void Recaption();
   // Ticks the menu entry of the visible panel.

@@ -1,8 +1,10 @@
-// Applies a patch file to the open image: checks it line by line, shows the user the lines that do not fit,
+// Applies a patch to the open image: checks it line by line, shows the user the lines that do not fit,
 // and writes it as one step.
 #pragma once
 
 #include <filesystem>
+
+#include "patch/patch_apply.h"
 
 namespace tarvelo {
 
@@ -12,8 +14,9 @@ struct Workbench;
 // agrees.
 void ApplyPatch_Click(Workbench& bench);
 
-// Applies a patch file that the user chose. If it cannot be applied, the program says why.
-void ApplyPatchFile(Workbench& bench, const std::filesystem::path& file);
+// The same for a patch that was read already. TakeOutPatch puts its old bytes back.
+void ApplyPatch(Workbench& bench, const ReadPatch& patch);
+void TakeOutPatch(Workbench& bench, ReadPatch patch);
 
 // Whether a file's name is that of a patch.
 [[nodiscard]] bool IsPatchFile(const std::filesystem::path& file);

@@ -1,17 +1,28 @@
 #include "shell/patch/patch_panel.h"
 
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/splitter.h>
+#include <wx/stattext.h>
+#include <wx/utils.h>
+
+#include <utility>
+
+#include "core/file.h"
+#include "patch/document_check_text.h"
 #include "patch/patch_document.h"
 #include "patch/patch_lines.h"
 #include "patch/patch_merge.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
-#include "shell/carry/carry_patch.h"
 #include "shell/patch/patch_editor.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/services/change_as_code.h"
-#include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
+#include "shell/services/unsaved_patch.h"
+#include "shell/view/change_view.h"
 
 namespace tarvelo {
 namespace {
@@ -30,13 +41,54 @@ std::string NameFor(const std::vector<Change>& changes) {
 PatchPanel::PatchPanel(Workbench& bench)
     : Panel({.menuEntry = Id::PatchMenu, .name = Text::Patch, .saveTextCaption = Text::SavePatch}),
       bench_(bench),
-      Patch_(new PatchEditor(&bench.frame.Parent())),
+      window_(new wxPanel(&bench.frame.Parent())),
+      totals_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                               wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
+      halves_(new wxSplitterWindow(window_, wxID_ANY, wxDefaultPosition, window_->FromDIP(wxSize(400, 300)),
+                                   wxSP_LIVE_UPDATE)),
+      Patch_(new PatchEditor(halves_)),
+      below_(new wxPanel(halves_)),
+      lineFacts_(new wxStaticText(below_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                  wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
+      preview_(new ChangeView(below_, bench)),
+      files_(bench),
+      check_(bench.document, *Patch_, [this] { ShowTotals(); }),
       search_(bench,
               [this](const auto& text, SearchFrom from) {
                 return Patch_->SelectNext(text, from == SearchFrom::Before);
               }),
       commands_(MakeCommands()) {
+  Layout();
+  BindEditor();
+  watch_ = bench.document.OnChange([this] {
+    check_.Restart();
+    shownLine_.clear();
+    isLineStale_ = true;
+  });
+}
+
+void PatchPanel::Layout() {
+  const int gap = window_->FromDIP(6);
+  auto* lower = new wxBoxSizer(wxVERTICAL);
+  lower->Add(lineFacts_, 0, wxEXPAND | wxALL, gap);
+  lower->Add(preview_, 1, wxEXPAND);
+  below_->SetSizer(lower);
+  halves_->SetMinimumPaneSize(window_->FromDIP(40));
+  halves_->SetSashGravity(1);
+  halves_->SplitHorizontally(Patch_, below_, -window_->FromDIP(130));
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(totals_, 0, wxEXPAND | wxALL, gap);
+  all->Add(halves_, 1, wxEXPAND);
+  window_->SetSizer(all);
+}
+
+void PatchPanel::BindEditor() {
   Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
+  Patch_->Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    const bool isStale = isLineStale_ || Patch_->CaretLine() != shownAt_;
+    if (isStale && Patch_->IsShownOnScreen()) ShowCaretLine();
+    event.Skip();
+  });
   Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
     if (event.GetPosition() == wxDefaultPosition) Patch_->EnsureCaretVisible();
     bench_.frame.PopUpCommands(MenuPlace(event, *Patch_, Patch_->BelowCaret()));
@@ -48,16 +100,101 @@ PatchPanel::PatchPanel(Workbench& bench)
     else
       event.Skip();
   });
-  bench.frame.AcceptDrops(*Patch_);
+  bench_.frame.AcceptDrops(*Patch_);
+  bench_.frame.AcceptDrops(*preview_);
 }
 
-wxWindow& PatchPanel::Window() { return *Patch_; }
+wxWindow& PatchPanel::Window() { return *window_; }
 
-void PatchPanel::Clear() { Patch_->Forget(); }
+wxWindow& PatchPanel::FirstFocus() { return *Patch_; }
+
+void PatchPanel::Build() {
+  isLineStale_ = true;
+  ShowTotals();
+}
+
+void PatchPanel::Clear() {
+  Patch_->Forget();
+  files_.Forget();
+  check_.Restart();
+  shownLine_.clear();
+  preview_->ShowChange({});
+}
+
+void PatchPanel::Recaption(const Messages& messages) {
+  platform::SetAccessibleName(*Patch_, Wx(messages.Msg(Traits().name)));
+  platform::SetAccessibleName(*preview_, Wx(messages.Msg(Text::ChangeAsCode)));
+  shownLine_.clear();
+  isLineStale_ = true;
+  ShowTotals();
+}
+
+Offset PatchPanel::Here() const { return static_cast<Offset>(Patch_->CaretLine()); }
+
+void PatchPanel::Return(Offset here) { Patch_->GoToLine(static_cast<std::size_t>(here)); }
+
+// --- the check ---
+
+void PatchPanel::ShowTotals() {
+  const DocumentCheck* check = check_.Complete();
+  std::string text = PathText(files_.Path().filename());
+  const auto append = [&](const std::string& more) {
+    text.append(text.empty() || more.empty() ? "" : "    ") += more;
+  };
+  if (check)
+    append(TotalsText(*check, bench_.texts));
+  else if (!Patch_->IsEmpty())
+    append(std::string(bench_.texts.Msg(Text::CheckingPatch)));
+  totals_->SetLabelText(Wx(text));
+  totals_->SetToolTip(Wx(text));  // for a narrow window
+  isLineStale_ = true;
+}
+
+// Called when there is time, not for each key.
+void PatchPanel::ShowCaretLine() {
+  isLineStale_ = false;
+  const DocumentCheck* check = check_.Complete();
+  shownAt_ = Patch_->CaretLine();
+  lineFacts_->SetLabelText(check ? Wx(LineText(*check, shownAt_, bench_.texts)) : wxString());
+  std::string line = Patch_->LineAtCaret();
+  if (line == shownLine_) return;
+  shownLine_ = std::move(line);
+  bench_.talk.Guard(Wx(bench_.texts.Msg(Text::ChangeAsCode)),
+                    [this] { preview_->ShowChange(CaretChange()); });
+}
+
+wxString PatchPanel::Totals() const { return totals_->GetLabelText(); }
+
+wxString PatchPanel::LineFacts() const { return lineFacts_->GetLabelText(); }
+
+std::optional<Change> PatchPanel::CaretChange() const {
+  PatchLine read = ReadPatchLine(Patch_->LineAtCaret());
+  if (read.kind != PatchLine::Kind::Change) return {};
+  return Change{Offset{read.address}, std::move(read.oldBytes), std::move(read.newBytes)};
+}
+
+std::optional<Offset> PatchPanel::LineOf(Offset offset) {
+  const wxBusyCursor wait;
+  NoProgress unseen;
+  const auto line = check_.Finish(unseen)->LineOf(offset);
+  if (!line) return {};
+  return static_cast<Offset>(*line);
+}
+
+void PatchPanel::GoToProblem(bool backwards) {
+  const DocumentCheck* check = check_.Finish(bench_.status);
+  if (!check) return;
+  const auto line = check->NextProblem(Patch_->CaretLine(), backwards);
+  if (!line) return bench_.talk.Tell(Wx(bench_.texts.Msg(Text::NoProblems)));
+  Patch_->GoToLine(*line);
+}
+
+// --- the document ---
 
 // Every change, by the user or by the program, counts as unsaved; an empty text has nothing to lose.
 void PatchPanel::Patch_Change() {
   bench_.status.SetPanel(StatusBar::patchPanel, Patch_->IsEmpty() ? "" : "P");
+  check_.Restart();
 }
 
 void PatchPanel::AddPatch(const std::string& name, const std::string& body, bool announce) {
@@ -92,51 +229,53 @@ void PatchPanel::AskAndAddPatch(Text command, Offset changedBytes, std::size_t a
     bench_.talk.Tell(Wx(told));
 }
 
-void PatchPanel::SavePatch() {
-  const std::filesystem::path file = bench_.document.Beside(".qpt");
-  ReplaceFile(file, PatchFile(Utf8(bench_.status.Panel(2)), Patch_->Document()));
-  bench_.talk.Tell(Text::PatchSaved, file);
-  bench_.status.SetPanel(StatusBar::patchPanel, wxString());
-}
-
 void PatchPanel::ChangeAsCode_Click() {
-  const auto line = static_cast<std::size_t>(Patch_->GetCurrentLine());
-  const PatchLine read = ReadPatchLine(Patch_->Lines().at(line));
-  if (read.kind != PatchLine::Kind::Change) return bench_.talk.Complain(Text::NoChangeHere);
-  ShowChangeAsCode(bench_, {Offset{read.address}, read.oldBytes, read.newBytes});
+  const auto change = CaretChange();
+  if (!change) return bench_.talk.Complain(Text::NoChangeHere);
+  ShowChangeAsCode(bench_, *change);
 }
 
-// --- commands ---
+// --- its file ---
 
-PanelCommands PatchPanel::MakeCommands() {
-  const auto any = [this] { return !Patch_->IsEmpty(); };
-  const auto selected = [this] { return !Patch_->GetSelectionEmpty(); };
-  const auto canUndo = [this] { return Patch_->CanUndo(); };
-  const auto canRedo = [this] { return Patch_->CanRedo(); };
-  const auto canPaste = [this] { return Patch_->CanPaste(); };
-  return PanelCommands(
-      {{Id::Undo, Text::Undo, Text::HelpUndo, "Ctrl+Z", [this] { Patch_->Undo(); }, canUndo},
-       {Id::Redo, Text::Redo, Text::HelpRedo, "Ctrl+Y", [this] { Patch_->Redo(); }, canRedo},
-       {},
-       {Id::Cut, Text::Cut, Text::HelpCut, "Ctrl+X", [this] { Patch_->Cut(); }, selected},
-       {Id::Copy, Text::Copy, Text::HelpCopy, "Ctrl+C", [this] { Patch_->Copy(); }, selected},
-       {Id::Paste, Text::Paste, Text::HelpPaste, "Ctrl+V", [this] { Patch_->Paste(); }, canPaste},
-       {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { Patch_->SelectAll(); }, any},
-       {},
-       {Id::Find, Text::SearchInPatch, Text::HelpSearchText, "Ctrl+F", [this] { search_.Find(); }, any},
-       {Id::FindMore, Text::SearchAgain, Text::HelpSearchAgain, "Ctrl+G", [this] { search_.FindMore(); },
-        any},
-       {Id::Next, Text::NextHit, Text::HelpSearchAgain, "F3", [this] { search_.FindMore(); }, any},
-       {Id::Previous, Text::PreviousHit, Text::HelpSearchAgain, "Shift+F3",
-        [this] { search_.FindPrevious(); }, any},
-       {},
-       {Id::ChangeAsCode, Text::ChangeAsCode, Text::HelpChangeAsCode, "Ctrl+Shift+D",
-        [this] { ChangeAsCode_Click(); }, [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); }},
-       {Id::CarryPatch, Text::CarryPatch, Text::HelpCarryPatch, "",
-        [this] { CarryPatch(bench_, Patch_->Document()); },
-        [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); }},
-       {Id::SavePatch, Text::SavePatch, Text::HelpSavePatch, "", [this] { SavePatch(); }}},
-      Id::SavePatch);
+void PatchPanel::OpenPatch_Click() {
+  if (const auto file = files_.Ask(Text::OpenPatch)) OpenPatch(*file);
+}
+
+void PatchPanel::OpenPatch(const std::filesystem::path& file) {
+  if (WasChanged(bench_)) return;
+  const auto text = files_.Read(file);
+  if (!text) return;
+  Patch_->Open(text->document);
+  files_.Opened(file, *text);
+  bench_.status.SetPanel(StatusBar::patchPanel, wxString());
+  bench_.frame.RenewMenu(*this);
+  bench_.frame.ShowPanel(*this);
+  ShowTotals();
+}
+
+bool PatchPanel::IsFromElsewhere() const {
+  return !Patch_->IsEmpty() && !files_.Path().empty() && files_.Path() != files_.OwnFile();
+}
+
+void PatchPanel::SavePatch() {
+  files_.Save(Patch_->Document());
+  ShowTotals();
+}
+
+void PatchPanel::SavePatchAs_Click() {
+  const std::filesystem::path offered = files_.Path().empty() ? files_.OwnFile() : files_.Path();
+  auto file = bench_.talk.SaveFile(Text::SavePatchAs, PatchFilter(bench_.texts), offered);
+  if (!file) return;
+  if (!file->has_extension()) *file += ".qpt";
+  files_.SaveTo(*file, Patch_->Document());
+  bench_.frame.RenewMenu(*this);
+  ShowTotals();
+}
+
+void PatchPanel::ClosePatch_Click() {
+  if (WasChanged(bench_)) return;
+  Clear();
+  bench_.status.SetPanel(StatusBar::patchPanel, wxString());
 }
 
 }  // namespace tarvelo

@@ -1,16 +1,25 @@
-// The Patch panel: the patch text and its file.
+// The Patch panel: the patch text with a check of every line, and what the line at the caret does to the
+// code.
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "shell/patch/live_check.h"
+#include "shell/patch/patch_files.h"
 #include "shell/services/panel.h"
 #include "shell/services/panel_commands.h"
 #include "shell/services/text_search.h"
 #include "shell/services/workbench.h"
 
+class wxPanel;
+class wxSplitterWindow;
+class wxStaticText;
+
 namespace tarvelo {
 
+class ChangeView;
 class PatchEditor;
 
 class PatchPanel final : public Panel {
@@ -19,10 +28,27 @@ class PatchPanel final : public Panel {
 
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] const PanelCommands* Commands() override { return &commands_; }
-  void Build() override {}
+  [[nodiscard]] wxWindow& FirstFocus() override;
+  void Build() override;
   void Save() override { SavePatch(); }
   void Clear() override;
-  void Recaption(const Messages&) override {}
+  void Recaption(const Messages& messages) override;
+  // The line of the caret, from 1.
+  [[nodiscard]] Offset Here() const override;
+  void Return(Offset here) override;
+
+  // Asks for a patch file and shows it.
+  void OpenPatch_Click();
+  // Shows a patch file in place of the current text. Asks first if that is unsaved. Throws FileError.
+  void OpenPatch(const std::filesystem::path& file);
+  // Whether the text belongs to another file than the one beside the dump.
+  [[nodiscard]] bool IsFromElsewhere() const;
+  [[nodiscard]] RecentFiles& Recent() { return files_.Recent(); }
+
+  // The last line that changes the byte at an offset, for Return.
+  [[nodiscard]] std::optional<Offset> LineOf(Offset offset);
+  // Goes to the next line with a problem, or the one before.
+  void GoToProblem(bool backwards);
 
   // Appends a named patch and announces it if asked to. `body` may have several lines, separated by line
   // feeds.
@@ -40,15 +66,42 @@ class PatchPanel final : public Panel {
   void ChangeAsCode_Click();
 
   [[nodiscard]] PatchEditor& Patch() { return *Patch_; }
+  // The texts above the patch and below it, and the instructions.
+  [[nodiscard]] wxString Totals() const;
+  [[nodiscard]] wxString LineFacts() const;
+  [[nodiscard]] ChangeView& Preview() { return *preview_; }
 
  private:
+  void Layout();
+  void BindEditor();
   void Patch_Change();
+  void SavePatchAs_Click();
+  void ClosePatch_Click();
+  void ShowTotals();
+  void ShowCaretLine();
+  [[nodiscard]] std::optional<Change> CaretChange() const;
   [[nodiscard]] PanelCommands MakeCommands();
+  [[nodiscard]] std::vector<PanelCommand> EditCommands();
+  [[nodiscard]] std::vector<PanelCommand> LineCommands();
+  [[nodiscard]] std::vector<PanelCommand> WholeCommands();
+  [[nodiscard]] std::vector<PanelCommand> FileCommands();
 
   Workbench& bench_;
+  wxPanel* window_;
+  wxStaticText* totals_;
+  wxSplitterWindow* halves_;
   PatchEditor* Patch_;
+  wxPanel* below_;
+  wxStaticText* lineFacts_;
+  ChangeView* preview_;
+  PatchFiles files_;
+  LiveCheck check_;
   TextSearch search_;
   PanelCommands commands_;
+  Document::Watch watch_;
+  bool isLineStale_ = true;  // the caret's line is to be shown again
+  std::size_t shownAt_ = 0;  // the line that the texts are about
+  std::string shownLine_;    // the text of the line that the preview shows
 };
 
 }  // namespace tarvelo

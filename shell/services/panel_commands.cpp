@@ -23,10 +23,19 @@ const PanelCommand* FindIn(const std::vector<PanelCommand>& commands, int id) {
 
 bool IsEnabled(const PanelCommand& command) { return !command.enabled || command.enabled(); }
 
-std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const Messages& messages) {
+bool HasNoName(const PanelCommand& command) {
+  if (!command.entries.empty()) return std::ranges::all_of(command.entries, HasNoName);
+  return command.name && command.name().empty();
+}
+
+wxString CaptionOf(const PanelCommand& command, const Messages& messages) {
+  return Wx(command.name ? command.name() : std::string(messages.Msg(command.caption))) + command.captionEnd;
+}
+
+std::unique_ptr<wxMenu> MenuOf(std::vector<PanelCommand> commands, const Messages& messages) {
+  std::erase_if(commands, HasNoName);
   std::vector<wxString> captions;
-  for (const PanelCommand& command : commands)
-    captions.push_back(Wx(messages.Msg(command.caption)) + command.captionEnd);
+  for (const PanelCommand& command : commands) captions.push_back(CaptionOf(command, messages));
   captions = WithMnemonics(captions);
   auto menu = std::make_unique<wxMenu>();
   for (std::size_t i = 0; i < commands.size(); ++i) {
@@ -46,7 +55,7 @@ std::unique_ptr<wxMenu> MenuOf(const std::vector<PanelCommand>& commands, const 
 void UpdateIn(const std::vector<PanelCommand>& commands, wxMenu& menu, bool reachable) {
   for (const PanelCommand& command : commands) {
     UpdateIn(command.entries, menu, reachable);
-    if (command.id == 0) continue;
+    if (command.id == 0 || !menu.FindItem(command.id)) continue;
     menu.Enable(command.id, reachable || IsEnabled(command));
     if (command.checked) menu.Check(command.id, command.checked());
   }

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "resources/texts.h"
@@ -25,6 +26,7 @@ struct PanelCommand {
   std::function<bool()> checked = {};      // if set, the entry has a tick
   std::vector<PanelCommand> entries = {};  // of a submenu
   const char* captionEnd = "";             // after the caption, to distinguish entries with the same text
+  std::function<std::string()> name = {};  // instead of the caption; while it is empty, there is no entry
 };
 
 // Appends commands to others, with a separator between the two groups.

@@ -48,6 +48,8 @@ std::vector<PanelCommand> PlaceCommands(Workbench& bench, std::function<std::opt
        with([&bench](const Region& region) { AskAboutPlace(bench, region.offset, true); }), any},
       {Id::CommentPlace, Text::CommentPlace, Text::HelpCommentPlace, "Ctrl+M",
        with([&bench](const Region& region) { AskAboutPlace(bench, region.offset, false); }), any}};
+  commands.push_back({Id::ShowInPatch, Text::ShowInPatch, Text::HelpShowInPatch, "Shift+F4",
+                      with([&bench](const Region& region) { bench.frame.ShowInPatch(region.offset); }), any});
   std::erase_if(commands, [without](const PanelCommand& command) { return command.id == without; });
   return commands;
 }

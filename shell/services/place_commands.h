@@ -1,5 +1,5 @@
 // The commands for a place in the image, the same in every list and view: show it in the hex view or as code,
-// find what refers to it, name it.
+// find what refers to it, name it, show the line of the patch that changes it.
 #pragma once
 
 #include <functional>

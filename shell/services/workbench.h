@@ -41,6 +41,8 @@ class Frame {
   virtual void AcceptDrops(wxWindow& window) = 0;
 
   virtual void ShowPanel(Panel& panel) = 0;
+  // Rebuilds a panel's menu, because entries came or went.
+  virtual void RenewMenu(Panel& panel) = 0;
   [[nodiscard]] virtual bool IsVisible(const Panel& panel) const = 0;
   // Shows a region of the image in the user's hex editor, or in the hex view if none is configured. Tells the
   // user if the region does not start within the image.
@@ -52,6 +54,8 @@ class Frame {
   virtual void ShowReferences(Offset target) = 0;
   // Shows the list of functions, at the one that has an offset.
   virtual void ShowFunctions(Offset offset) = 0;
+  // Shows the line of the patch that changes the byte at an offset; tells the user if there is none.
+  virtual void ShowInPatch(Offset offset) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
 
@@ -67,6 +71,8 @@ class Frame {
   // bytes are too many, tells the user so in the name of the command, without making the changes.
   virtual void AddPatch(Text command, Offset changedBytes, std::size_t all,
                         const std::function<std::vector<Change>()>& makeChanges) = 0;
+  // Shows a patch file in the Patch panel. Asks first if unsaved patch data would be lost.
+  virtual void OpenPatch(const std::filesystem::path& file) = 0;
 };
 
 struct Workbench {

@@ -14,7 +14,7 @@ std::string Key(std::size_t index) { return "File" + std::to_string(index + 1); 
 }  // namespace
 
 void RecentFiles::Read(const Settings& settings) {
-  for (const auto& [key, value] : settings.GetSec("History"))
+  for (const auto& [key, value] : settings.GetSec(section_))
     for (std::size_t i = 0; i < count; ++i)
       if (ToUpper(key) == ToUpper(Key(i))) files_[i] = value;
   // Closes gaps that were made by hand.
@@ -23,8 +23,8 @@ void RecentFiles::Read(const Settings& settings) {
 
 void RecentFiles::Write(Settings& settings) const {
   for (std::size_t i = 0; i < count; ++i)
-    if (!files_[i].empty() || !settings.GetRaw("History", Key(i)).empty())  // a closed gap leaves one over
-      settings.SetIni("History", Key(i), files_[i]);
+    if (!files_[i].empty() || !settings.GetRaw(section_, Key(i)).empty())  // a closed gap leaves one over
+      settings.SetIni(section_, Key(i), files_[i]);
 }
 
 void RecentFiles::Add(std::string_view path) {

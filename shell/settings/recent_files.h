@@ -1,9 +1,10 @@
-// The five most recently opened fullflash files, newest first.
+// The five most recently opened files of a kind, newest first.
 #pragma once
 
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarvelo {
 
@@ -13,7 +14,8 @@ class RecentFiles {
  public:
   static constexpr std::size_t count = 5;
 
-  // Use the settings' section "History", keys "File1" to "File5".
+  // `section` is the one of the settings that keeps them, as keys "File1" to "File5".
+  explicit RecentFiles(std::string section = "History") : section_(std::move(section)) {}
   void Read(const Settings& settings);
   void Write(Settings& settings) const;
 
@@ -25,6 +27,7 @@ class RecentFiles {
   [[nodiscard]] const std::string& operator[](std::size_t index) const { return files_[index]; }
 
  private:
+  std::string section_;
   std::array<std::string, count> files_;
 };
 

@@ -1,8 +1,8 @@
 #include <wx/display.h>
 
 #include "shell/hex_desk.h"
-#include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_check_dialog.h"
+#include "shell/patch/patch_editor.h"
 
 namespace tarvelo {
 namespace {
@@ -54,8 +54,9 @@ TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
   Said(Id::ApplyPatch);  // cancelled
   const auto large = folder.Write("large.qpt", std::string("0: FF 12\n"));
   std::filesystem::resize_file(large, std::uintmax_t{33} << 20);
-  ApplyPatchFile(main->Bench(), large);
-  EXPECT_EQ(script.said.back(), "!The patch file is larger than 32 MiB and can't be applied." + At(large));
+  script.file = large;
+  EXPECT_EQ(SaidAtLast(Id::ApplyPatch),
+            "!The patch file is larger than 32 MiB and can't be applied." + At(large));
   EXPECT_FALSE(Open().Edits().CanUndo());
 }
 
@@ -75,26 +76,37 @@ TEST_F(ApplyDesk, ListsMisfitsAndAsks) {
   EXPECT_EQ(Start(), "48 69 FF FF FF FF FF FF");
 }
 
-TEST_F(ApplyDesk, PatchesAreDroppedButNeverOpenedAsDumps) {
+TEST_F(ApplyDesk, PatchesAreShownAndNeverOpenedAsDumps) {
   const auto file = folder.Write("own.QPT", std::string("0: FF 12\n")), missing = folder / "missing.qpt";
+  const auto expectShown = [&] {
+    EXPECT_EQ(Title(), "Tarvelo - Patch");
+    EXPECT_EQ(Patch().Patch().Document(), "0: FF 12\r\n");
+    EXPECT_EQ(Start(), "FF FF FF FF FF FF FF FF");
+    Patch().Patch().Forget();
+    Choose(Id::Info);
+  };
   Drop(file);
-  EXPECT_EQ(script.TakeSaid(), "iThe patch was applied. Number of changes: 1" + At(file));
-  EXPECT_EQ(Start(), "12 FF FF FF FF FF FF FF");
+  expectShown();
   Drop(missing);
   EXPECT_TRUE(script.TakeSaid().starts_with("!Can't open file !" + At(missing)));
+  script.file = file;
+  Said(Id::OpenFF);
+  EXPECT_EQ(Open().Path(), folder / "phone.bin");  // the document stays
+  expectShown();
   const std::string refusal =
       "!This is a patch, not a fullflash. Open the fullflash first, then apply the patch to it." + At(file);
-  script.file = file;
-  EXPECT_EQ(SaidAtLast(Id::OpenFF), refusal);
-  EXPECT_EQ(Open().Path(), folder / "phone.bin");  // the document stays
+  const auto open = [&] { main->Dumps().OpenNamed(PathText(file)); };
   main->Dumps().CloseFF();
-  for (const auto& open : std::initializer_list<std::function<void()>>{
-           [&] { main->Dumps().OpenNamed(PathText(file)); }, [&] { Drop(file); }}) {
+  for (const auto& way : std::initializer_list<std::function<void()>>{open, [&] { Drop(file); }}) {
     script.said.clear();
-    open();
+    way();
     EXPECT_EQ(script.TakeSaid(), refusal);
     EXPECT_FALSE(Open().IsOpen());
   }
+  WriteDump("own.fls");
+  open();
+  EXPECT_EQ(Open().Path(), folder / "own.fls");
+  expectShown();
 }
 
 TEST_F(ApplyDesk, ListsAMillionLinesAtMost) {

@@ -68,14 +68,16 @@ TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
   EXPECT_EQ(MenuAt(2),
             "Hex view: Go to; Search for bytes; Search again; Previous hit; Copy as hex; Copy as text; "
             "Copy offset to clipboard; Select all; Show as code; Who refers to this; Name this place; "
-            "Comment on this place; Switch between hex and text; Undo; Redo; Paste; "
+            "Comment on this place; Line of the patch; Switch between hex and text; Undo; Redo; Paste; "
             "Fill with byte; Changes to patch; Changes in selection to patch;");
   EXPECT_EQ(MenuAt(3),
-            "Tools: Search for bytes; Compare with another fullflash; Apply patch file; Standard functions; "
+            "Tools: Search for bytes; Compare with another fullflash; Open patch file; Apply patch file; "
+            "Standard functions; "
             "Standard patches; Address calculator; Calculator; Open patch in Quillo;");
   EXPECT_EQ(MenuAt(5), "Help: Help; Author !;");
   const std::string copy =
-      "Open in hex view; Show as code; Who refers to this; Name this place; Comment on this place; "
+      "Open in hex view; Show as code; Who refers to this; Name this place; Comment on this place; Line of "
+      "the patch; "
       "Copy offset to clipboard; Copy address to clipboard; Copy rows (Ctrl+C); ";
   for (const auto& [panel, captions] :
        {std::pair(Id::Dump, "Dump: " + copy + "Next region of this kind; Previous region of this kind; "),
