@@ -132,7 +132,7 @@ void ComparePanel::CompareWith_Click() {
   path_ = *path;
   comparison_ = Comparison();
   List().SetRows({});  // the old rows belong to the previous second dump
-  second_ = std::move(*second);
+  second_ = std::make_shared<const Fullflash>(*std::move(second));
   fromStart_->SetValue(false);
   CompareAgain();
   bench_.frame.ShowPanel(*this);
@@ -156,13 +156,13 @@ void ComparePanel::ImageChanged() {
 
 void ComparePanel::CompareAgain() {
   const Bytes image = bench_.document.Image().ff();
-  Comparison comparison = Compare(image, second_.ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
+  Comparison comparison = Compare(image, second_->ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
   joined_ = JoinDifferences(comparison.differences, mostRows);
   if (!comparison.differences.empty()) MakeMap();
   std::vector<Difference> chosen;
   for (const std::size_t row : List().Selection()) chosen.push_back(comparison_.differences[row]);
   comparison_ = std::move(comparison);
-  differingBytes_ = DifferingBytes(image, second_.ff(), comparison_.differences, comparison_.shift);
+  differingBytes_ = DifferingBytes(image, second_->ff(), comparison_.differences, comparison_.shift);
   stale_ = false;
   ShowDifferences(true);
   List().SelectRows(RowsOf(chosen));
@@ -182,7 +182,12 @@ std::vector<std::size_t> ComparePanel::RowsOf(const std::vector<Difference>& cho
   return rows;
 }
 
-Offset ComparePanel::AddressShift() const { return tarvelo::AddressShift(bench_.document.Image(), second_); }
+OtherDump ComparePanel::Other() const {
+  if (!HasSecond()) return {};
+  return {second_, comparison_.shift, path_};
+}
+
+Offset ComparePanel::AddressShift() const { return tarvelo::AddressShift(bench_.document.Image(), *second_); }
 
 // If a search of the image fails, it is still compared, but without labels.
 void ComparePanel::MakeMap() {
@@ -195,7 +200,7 @@ void ComparePanel::MakeMap() {
 }
 
 void ComparePanel::Clear() {
-  second_ = Fullflash();
+  second_ = std::make_shared<const Fullflash>();
   comparison_ = Comparison();
   differingBytes_ = 0;
   stale_ = false;
@@ -283,7 +288,7 @@ const Difference* ComparePanel::Chosen() const {
 }
 
 TableRows ComparePanel::Rows() const {
-  return DifferenceRows(bench_.document.Image(), second_.ff(), comparison_.differences, map_.get(),
+  return DifferenceRows(bench_.document.Image(), second_->ff(), comparison_.differences, map_.get(),
                         bench_.texts, comparison_.shift);
 }
 
@@ -320,7 +325,7 @@ void ComparePanel::DifferencesToPatch_Click() {
 // From the bytes of the file that was opened to those of the second dump.
 Change ComparePanel::ChangeOf(const Difference& difference) const {
   const Fullflash& image = bench_.document.Image();
-  Change change = tarvelo::ChangeOf(image.ff(), second_.ff(), difference, comparison_.shift);
+  Change change = tarvelo::ChangeOf(image.ff(), second_->ff(), difference, comparison_.shift);
   for (const Change& edit : bench_.document.Edits().Changes(image, difference.offset, difference.size))
     std::ranges::copy(edit.oldBytes, change.oldBytes.begin() + (edit.offset - difference.offset));
   return change;

@@ -13,6 +13,7 @@
 #include "document/dump_map.h"
 #include "patch/image_compare.h"
 #include "shell/list/list_panel.h"
+#include "shell/services/workbench.h"
 
 class wxButton;
 class wxCheckBox;
@@ -43,6 +44,8 @@ class ComparePanel final : public ListPanel {
   // Makes a patch of the selected differences. Does nothing if none is selected.
   void DifferencesToPatch_Click();
 
+  [[nodiscard]] OtherDump Other() const;
+
   [[nodiscard]] ImageStrip& Strip() { return *strip_; }
   // The texts above the list: the second dump's path, and the figures of the comparison.
   [[nodiscard]] wxString Head() const;
@@ -67,7 +70,7 @@ class ComparePanel final : public ListPanel {
   [[nodiscard]] Offset AddressShift() const;
   [[nodiscard]] wxString RestText() const;
   [[nodiscard]] wxString Describe(Offset offset, Offset size) const;
-  [[nodiscard]] bool HasSecond() const { return second_.IsOpen(); }
+  [[nodiscard]] bool HasSecond() const { return second_->IsOpen(); }
   [[nodiscard]] const Difference* Chosen() const;
   [[nodiscard]] std::vector<std::size_t> RowsOf(const std::vector<Difference>& chosen) const;
   [[nodiscard]] Change ChangeOf(const Difference& difference) const;
@@ -84,7 +87,7 @@ class ComparePanel final : public ListPanel {
   ImageStrip* strip_;
 
   std::filesystem::path path_;  // of the second dump
-  Fullflash second_;
+  std::shared_ptr<const Fullflash> second_ = std::make_shared<const Fullflash>();
   Comparison comparison_;
   Offset differingBytes_ = 0;
   bool joined_ = false;  // there were too many differences: neighbours were joined

@@ -210,9 +210,15 @@ void Main::Revisit(const std::optional<VisitedPlace>& place) {
   panel->Return(place->at);
 }
 
+void Main::ShowHits(const std::string& pattern) {
+  Jump([&] { hits_->Search(pattern); });
+}
+
 void Main::FollowInHex(Offset start, Offset size) {
   if (panels_->Visible() == hex_) ShowHex(start, size);
 }
+
+OtherDump Main::Other() const { return compare_->Other(); }
 
 void Main::AddInformation(const std::string& lines) { info_->AppendText(Wx(lines)); }
 

@@ -80,6 +80,8 @@ class Main final : public wxFrame, private Frame {
   void ShowCode(Offset start, Offset size) override;
   void ShowReferences(Offset target) override;
   void ShowFunctions(Offset offset) override;
+  void ShowHits(const std::string& pattern) override;
+  [[nodiscard]] OtherDump Other() const override;
   void FollowInHex(Offset start, Offset size) override;
   void AddInformation(const std::string& lines) override;
   void AddInformation(const std::string& name, const std::string& body) override;

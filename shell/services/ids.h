@@ -120,6 +120,25 @@ enum : int {
   StateDpps,
   ShowFunctions,
   ChangeAsCode,
+
+  // --- of the hex view ---
+  ShowValues,
+  EditValue,
+  SelectRegion,
+  CopyCArray,
+  CopyPatchLines,
+  WriteFileHere,
+  FirstColumns,  // 8, 16, 32 bytes in a row, as many as fit
+  LastColumns = FirstColumns + 3,
+  FirstEncoding,  // in the order of TextEncoding
+  LastEncoding = FirstEncoding + 3,
+  UsualSize,
+  MapColours,
+  NextChange,
+  PreviousChange,
+  NextName,
+  PreviousName,
+  ShowOther,
 };
 
 }  // namespace tarvelo::Id

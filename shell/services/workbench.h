@@ -4,7 +4,9 @@
 #include <wx/gdicmn.h>
 #include <wx/string.h>
 
+#include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,6 +24,13 @@ class Panel;
 class Settings;
 class StatusBar;
 class Talk;
+
+// The dump that the open one was compared with.
+struct OtherDump {
+  std::shared_ptr<const Fullflash> image;  // null: none
+  Offset shift = 0;                        // its offset minus the open one's of the same byte
+  std::filesystem::path path;
+};
 
 // What panels and commands may ask of the window around them.
 class Frame {
@@ -51,8 +60,13 @@ class Frame {
   virtual void ShowReferences(Offset target) = 0;
   // Shows the list of functions, at the one that has an offset.
   virtual void ShowFunctions(Offset offset) = 0;
+  // Searches the whole image for a pattern (patch/pattern.h) and lists its hits.
+  virtual void ShowHits(const std::string& pattern) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
+
+  // The dump that the comparison shows.
+  [[nodiscard]] virtual OtherDump Other() const = 0;
 
   // Adds lines to the information text. Each must end with a line feed.
   virtual void AddInformation(const std::string& lines) = 0;
@@ -68,7 +82,7 @@ class Frame {
 struct Workbench {
   Document& document;
   const Messages& texts;  // in the current language
-  const Settings& settings;
+  Settings& settings;
   Talk& talk;
   StatusBar& status;
   Beeper& sound;

@@ -9,6 +9,7 @@
 #include "shell/view/place_line.h"
 
 class wxPanel;
+class wxSizer;
 class wxStaticText;
 
 namespace tarvelo {
@@ -27,8 +28,9 @@ class ImagePanel : public Panel {
  protected:
   // `form`: what two numbers with a colon mean in this view.
   ImagePanel(Workbench& bench, PanelTraits traits, ColonForm form);
-  // Puts the rows, a child of Window(), between the two lines. Call once, from the constructor.
-  void Arrange(RowCanvas& rows);
+  // Puts the rows, a child of Window(), between the two lines; with `content`, this sizer, which holds them.
+  // Call once, from the constructor.
+  void Arrange(RowCanvas& rows, wxSizer* content = nullptr);
 
   // Shows a place that the user entered.
   virtual void GoTo(Offset offset) = 0;
