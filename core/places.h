@@ -40,9 +40,9 @@ enum class ColonForm { Page, Segment };
 [[nodiscard]] std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form,
                                               const Dump& dump);
 
-// Reads the region "from-to", with the last byte included, or "from+size"; each place is one of FindPlace, the
-// size hexadecimal. Returns nothing unless all of it is in the image and it has a byte. Throws as ReadPlace
-// does.
+// Reads the region "from-to", with the last byte included, or "from+size"; each place is one of FindPlace,
+// the size hexadecimal. Returns nothing unless all of it is in the image and it has a byte. Throws as
+// ReadPlace does.
 [[nodiscard]] std::optional<Region> ReadRegion(std::string_view text, const Dump& dump);
 // Such a text for a region: "000010-00001F".
 [[nodiscard]] std::string RegionText(const Fullflash& image, const Region& region);

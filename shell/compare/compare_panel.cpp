@@ -156,7 +156,8 @@ void ComparePanel::ImageChanged() {
 
 void ComparePanel::CompareAgain() {
   const Bytes image = bench_.document.Image().ff();
-  Comparison comparison = Compare(image, second_->ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
+  Comparison comparison =
+      Compare(image, second_->ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
   joined_ = JoinDifferences(comparison.differences, mostRows);
   if (!comparison.differences.empty()) MakeMap();
   std::vector<Difference> chosen;

@@ -24,8 +24,8 @@ FindBar::FindBar(wxWindow* parent)
       kind_(new wxChoice(this, wxID_ANY)),
       wanted_(
           new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER)),
-      next_(new wxButton(this, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT)),
-      previous_(new wxButton(this, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT)),
+      previous_(new wxButton(this, wxID_ANY, "<", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT)),
+      next_(new wxButton(this, wxID_ANY, ">", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT)),
       all_(new wxButton(this, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT)),
       caption_(new wxStaticText(this, wxID_ANY, wxString())),
       replacement_(
@@ -33,6 +33,7 @@ FindBar::FindBar(wxWindow* parent)
       replace_(new wxButton(this, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT)),
       replaceAll_(new wxButton(this, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT)) {
   for (wxTextCtrl* field : {wanted_, replacement_}) field->SetMaxLength(longestQuery);
+  for (wxButton* arrow : {previous_, next_}) arrow->SetMinSize(FromDIP(wxSize(36, -1)));
   Arrange();
   const auto bind = [](wxButton* button, const std::function<void()>& run) {
     button->Bind(wxEVT_BUTTON, [&run](wxCommandEvent&) { run(); });
@@ -50,18 +51,21 @@ FindBar::FindBar(wxWindow* parent)
 // Two lines, so that the bar fits the smallest window.
 void FindBar::Arrange() {
   const int gap = FromDIP(4);
-  const auto line = [&](std::initializer_list<wxWindow*> windows) {
+  auto* lines = new wxFlexGridSizer(3, gap, gap);
+  lines->AddGrowableCol(1);
+  const auto add = [&](wxWindow* first, wxTextCtrl* field, std::initializer_list<wxButton*> buttons) {
+    lines->Add(first, 0, wxALIGN_CENTRE_VERTICAL);
+    lines->Add(field, 1, wxEXPAND);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    for (wxWindow* window : windows)
-      row->Add(window, window == wanted_ || window == replacement_ ? 1 : 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT,
-               gap);
-    return row;
+    for (wxButton* button : buttons) row->Add(button, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+    lines->Add(row, 0, wxALIGN_CENTRE_VERTICAL);
   };
-  auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(line({kind_, wanted_, next_, previous_, all_}), 0, wxEXPAND | wxLEFT | wxBOTTOM, gap);
-  column->Add(line({caption_, replacement_, replace_, replaceAll_}), 0, wxEXPAND | wxLEFT | wxBOTTOM, gap);
-  SetSizer(column);
-  for (wxTextCtrl* field : {wanted_, replacement_}) field->SetMinSize(FromDIP(wxSize(90, -1)));
+  add(kind_, wanted_, {previous_, next_, all_});
+  add(caption_, replacement_, {replace_, replaceAll_});
+  for (wxTextCtrl* field : {wanted_, replacement_}) field->SetMinSize(FromDIP(wxSize(60, -1)));
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(lines, 0, wxEXPAND | wxLEFT | wxBOTTOM, gap);
+  SetSizer(all);
 }
 
 void FindBar::PressKey(wxKeyEvent& event) {
@@ -99,11 +103,12 @@ void FindBar::Recaption(const Messages& messages) {
   name(replacement_, Text::ReplaceWith);
   wanted_->SetToolTip(Wx(messages.Msg(Text::HelpSearchInHexView)));
   caption_->SetLabel(Wx(messages.Label(Text::ReplaceWith)));
-  for (const auto& [button, text] : {std::pair(next_, Text::NextHit),
-                                     {previous_, Text::PreviousHit},
-                                     {all_, Text::AllHits},
-                                     {replace_, Text::Replace},
-                                     {replaceAll_, Text::ReplaceAll}})
+  for (const auto& [button, text] : {std::pair(next_, Text::NextHit), {previous_, Text::PreviousHit}}) {
+    button->SetToolTip(Wx(messages.Msg(text)));
+    name(button, text);
+  }
+  for (const auto& [button, text] :
+       {std::pair(all_, Text::AllHits), {replace_, Text::Replace}, {replaceAll_, Text::ReplaceAll}})
     button->SetLabel(Wx(messages.Msg(text)));
   Layout();
 }

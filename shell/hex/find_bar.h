@@ -48,8 +48,8 @@ class FindBar final : public wxPanel {
 
   wxChoice* kind_;
   wxTextCtrl* wanted_;
-  wxButton* next_;
   wxButton* previous_;
+  wxButton* next_;
   wxButton* all_;
   wxStaticText* caption_;
   wxTextCtrl* replacement_;

@@ -8,6 +8,7 @@
 
 #include "core/notation.h"
 #include "core/places.h"
+#include "document/map_kinds.h"
 #include "shell/base/strings.h"
 #include "shell/view/blend.h"
 #include "text/unicode.h"
@@ -144,10 +145,11 @@ class Row {
     if (!scene_.map || first_ == end_) return;
     const int height = std::max(2, scene_.rowHeight / 8);
     for (const Claim& region : scene_.map->Within(OffsetOf(first_), end_ - first_)) {
-      if (region.sure == Sureness::Unknown) continue;
+      const ClaimGroup* group = region.kind->group;
+      if (region.sure == Sureness::Unknown || group == &map::erasedGroup) continue;  // FF says it all
       const auto first = static_cast<int>(std::max<Offset>(first_, region.offset - OffsetOf(0)));
       const auto last = static_cast<int>(std::min<Offset>(end_, region.End() - OffsetOf(0))) - 1;
-      const std::uint32_t rgb = region.kind->group->colour;
+      const std::uint32_t rgb = group->colour;
       wxRect line = Cells(scene_.columns.Hex(first), scene_.columns.Hex(last) + 2);
       line.y += line.height - height;
       line.height = height;
