@@ -26,13 +26,13 @@ ValuePanel::ValuePanel(wxWindow* parent, Workbench& bench)
       bench_(bench),
       list_(new wxDataViewListCtrl(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                    wxDV_ROW_LINES | wxDV_NO_HEADER)) {
-  for (const int width : {130, 190})
+  for (const int width : {150, 190})
     list_->AppendTextColumn(wxString(), wxDATAVIEW_CELL_INERT, FromDIP(width), wxALIGN_LEFT,
                             wxDATAVIEW_COL_RESIZABLE);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(list_, 1, wxEXPAND);
   SetSizer(column);
-  SetMinSize(FromDIP(wxSize(330, -1)));
+  SetMinSize(FromDIP(wxSize(350, -1)));
   // The handler may change the list, so it waits until the click is over.
   list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
     CallAfter([this] { bench_.talk.Guard(list_->GetName(), [this] { Follow_Click(); }); });
