@@ -10,6 +10,7 @@
 namespace tarvelo {
 namespace {
 
+constexpr char16_t firstWide = 0x1100;       // from here on, characters are wider than a column
 constexpr Offset longestLangpackText = 300;  // bytes that may lie between a tag and what it applies to
 
 // Whether a unit alone makes a visible character. Half of a pair does not.
@@ -34,7 +35,8 @@ char16_t ShownInLangpack(Bytes bytes, Offset at) {
     if (ByteAt(bytes, i) < 0x80) continue;
     const std::uint8_t tagged[] = {ByteAt(bytes, i), byte};
     const std::u16string text = DecodeLangpack(tagged);
-    return text.back() != u'>' || byte == '>' ? text.back() : u'.';
+    const bool isTag = text.back() == u'>' && byte != '>';
+    return isTag || text.back() >= firstWide ? u'.' : text.back();
   }
   return byte >= 0x20 ? char16_t{byte} : u'.';
 }

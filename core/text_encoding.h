@@ -23,8 +23,8 @@ inline constexpr std::array<std::string_view, 4> encodingNames{"Windows-1251", "
                                                                   TextEncoding encoding);
 
 // What stands for a byte in a column of text: its character, a blank for the second byte of a UTF-16 unit,
-// or a dot. UTF-16 units begin at even offsets. The page of a language pack's byte is that of the last tag
-// in the same text. Throws std::out_of_range outside the bytes.
+// or a dot, also for characters that are too wide. UTF-16 units begin at even offsets. The page of a language
+// pack's byte is that of the last tag in the same text. Throws std::out_of_range outside the bytes.
 [[nodiscard]] char16_t ShownCharacter(Bytes bytes, Offset at, TextEncoding encoding);
 
 // The bytes that typing a character writes at an offset. In the language pack it is one byte, in the page of

@@ -60,18 +60,18 @@ std::vector<PanelCommand> HexPanel::CopyCommands() {
   const auto pointer = [this](int id, Text caption, ColonForm form) {
     return Command(id, caption, Text::HelpCopyPointer, "", [this, form] { copy_.CopyPointer(form); });
   };
-  PanelCommand more{.caption = Text::CopyAs, .help = Text::HelpCopyAsHex};
+  PanelCommand more{.caption = Text::CopyAs, .help = Text::HelpCopyAs};
   more.entries = {
       copy(Id::CopyCArray, Text::CopyAsCArray, Text::HelpCopyAsCArray, &HexCopy::CopyCArray),
       copy(Id::CopyPatchLines, Text::CopyAsPatchLines, Text::HelpCopyAsPatchLines, &HexCopy::CopyPatchLines),
       {},
+      copy(Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, &HexCopy::CopyOffset),
       copy(Id::CopyAddress, Text::CopyAddress, Text::HelpCopyNumber, &HexCopy::CopyAddress),
       pointer(Id::CopyPagePointer, Text::CopyPagePointer, ColonForm::Page),
       pointer(Id::CopySegmentPointer, Text::CopySegmentPointer, ColonForm::Segment)};
   return {
       copy(Id::CopyHex, Text::CopyAsHex, Text::HelpCopyAsHex, &HexCopy::CopyHex),
       copy(Id::CopyText, Text::CopyAsText, Text::HelpCopyAsText, &HexCopy::CopyText),
-      copy(Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, &HexCopy::CopyOffset),
       more,
       {},
       Command(Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { SelectAll_Click(); }),

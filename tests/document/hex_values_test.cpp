@@ -162,6 +162,7 @@ TEST(TextEncoding, ShowsAndTypesCharacters) {
   EXPECT_EQ(shown({0x41, 0x00, 0x2F, 0x04, 0x07, 0x00, 0x41}, TextEncoding::Utf16Little), "A Я . .");
   EXPECT_EQ(shown({0x00, 0x41, 0x04, 0x2F}, TextEncoding::Utf16Big), "A Я ");
   EXPECT_EQ(shown({0x41, 0x9B, 0x2F, 0x10, 0x00, 0x2F, 0x10}, TextEncoding::Langpack), "A.ЯА./.");
+  EXPECT_EQ(shown({0xAA, 0x41, 0x95, 0x41}, TextEncoding::Langpack), "...A");  // no room for an ideograph
   const auto typed = [](char16_t c, TextEncoding encoding) {
     return AsHex(TypedBytes(c, Data{0x9B, 0x00, 0x00}, 1, encoding).value_or(Data{}));
   };
