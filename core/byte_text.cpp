@@ -35,6 +35,14 @@ std::string AsText(Bytes bytes) {
   return ToUtf8(text);
 }
 
+std::string AsCArray(Bytes bytes) {
+  std::string text = "const unsigned char data[" + std::to_string(bytes.size()) + "] = {";
+  text.reserve(text.size() + bytes.size() * 7);
+  for (std::size_t i = 0; i < bytes.size(); ++i)
+    text.append(i % 16 == 0 ? "\n  " : " ").append("0x").append(HexOfByte(bytes[i])).append(",");
+  return text + "\n};\n";
+}
+
 std::optional<std::vector<std::uint8_t>> ReadHex(std::string_view text) {
   std::vector<std::uint8_t> bytes;
   for (std::size_t i = 0; i < text.size(); ++i) {

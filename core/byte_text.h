@@ -18,6 +18,9 @@ namespace tarvelo {
 // Bytes as Windows-1251 text in UTF-8. Tabs and line breaks stay; other invisible characters become dots.
 [[nodiscard]] std::string AsText(Bytes bytes);
 
+// Bytes as a C array, 16 in a line.
+[[nodiscard]] std::string AsCArray(Bytes bytes);
+
 // Reads pairs of hexadecimal digits, with or without blanks, tabs, commas and line breaks between them.
 // Returns nothing for any other text, including an empty one.
 [[nodiscard]] std::optional<std::vector<std::uint8_t>> ReadHex(std::string_view text);

@@ -84,6 +84,25 @@ std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm
   return ReadPair(text, isPage ? segmentSize : addressPage, dump.image);
 }
 
+std::optional<Region> ReadRegion(std::string_view text, const Dump& dump) {
+  const auto sign = text.find_first_of("-+");
+  const auto place = [&](std::string_view part) {
+    return FindPlace(part, PlaceKind::AsOffset, ColonForm::Page, dump);
+  };
+  if (sign == text.npos) throw std::invalid_argument("no region");
+  const auto first = place(text.substr(0, sign));
+  const std::string_view rest = text.substr(sign + 1);
+  const auto last = text[sign] == '-' ? place(rest)
+                    : first           ? Within(dump.image, *first + HexNumber(rest) - 1)
+                                      : first;
+  if (!first || !last || *last < *first) return {};
+  return Region{*first, *last - *first + 1};
+}
+
+std::string RegionText(const Fullflash& image, const Region& region) {
+  return OffsetText(image, region.offset) + "-" + OffsetText(image, region.End() - 1);
+}
+
 std::string SegmentText(const Fullflash& image, Offset offset) {
   const std::uint32_t address = image.PhoneAddress(offset);
   return WholeHex(address / segmentSize, 2) + ":" + WholeHex(address % segmentSize, 4);

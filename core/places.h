@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/dump.h"
+#include "core/region.h"
 
 namespace tarvelo {
 
@@ -38,6 +39,13 @@ enum class ColonForm { Page, Segment };
 // colon are `form` and offset, or the other form if that is outside the image.
 [[nodiscard]] std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form,
                                               const Dump& dump);
+
+// Reads the region "from-to", with the last byte included, or "from+size"; each place is one of FindPlace,
+// the size hexadecimal. Returns nothing unless all of it is in the image and it has a byte. Throws as
+// ReadPlace does.
+[[nodiscard]] std::optional<Region> ReadRegion(std::string_view text, const Dump& dump);
+// Such a text for a region: "000010-00001F".
+[[nodiscard]] std::string RegionText(const Fullflash& image, const Region& region);
 
 // The phone address of an offset as segment and offset in the segment: "A0:1234".
 [[nodiscard]] std::string SegmentText(const Fullflash& image, Offset offset);

@@ -27,6 +27,9 @@ class RowCursor {
   // Starts at the first of `size` units. 0 means no image; the cursor then cannot move.
   RowCursor(Offset size, Offset unitsInRow) : size_(size), unitsInRow_(unitsInRow) {}
 
+  // Goes on with rows of another length. Cursor and selection stay.
+  void SetUnitsInRow(Offset units) { unitsInRow_ = units; }
+
   [[nodiscard]] Offset Units() const { return size_; }
   [[nodiscard]] Offset At() const { return at_; }
   // The selected units. Without a selection, the size is 0 and the offset is that of the cursor.

@@ -55,4 +55,22 @@ Offset LastBefore(const Fullflash& image, const Pattern& pattern, Offset end) {
   return -1;
 }
 
+// Asks the progress once in 64 KiB.
+std::optional<std::vector<Offset>> SeparateHits(const Fullflash& image, const Pattern& pattern,
+                                                Progress& progress, std::size_t most) {
+  constexpr Offset step = 0x10000;
+  ProgressRun run(progress, 0, image.ffEnd());
+  std::vector<Offset> hits;
+  Offset asked = 0;
+  for (Offset hit = FirstFrom(image, pattern, 0); hit >= 0 && hits.size() <= most;
+       hit = FirstFrom(image, pattern, hit + pattern.PatCount())) {
+    hits.push_back(hit);
+    if (hit < asked + step) continue;
+    asked = hit;
+    run.At(hit);
+    if (run.StopAsked()) return {};
+  }
+  return hits;
+}
+
 }  // namespace tarvelo

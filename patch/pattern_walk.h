@@ -4,6 +4,9 @@
 // A pattern without bytes, or an invalid one, occurs nowhere.
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "patch/pattern.h"
 
 namespace tarvelo {
@@ -13,5 +16,10 @@ namespace tarvelo {
 
 // The offset of the last occurrence that begins before `end`, or -1.
 [[nodiscard]] Offset LastBefore(const Fullflash& image, const Pattern& pattern, Offset end);
+
+// The occurrences that do not overlap, from the start on, at most `most` + 1 of them. Nothing if `progress`
+// asks to stop.
+[[nodiscard]] std::optional<std::vector<Offset>> SeparateHits(const Fullflash& image, const Pattern& pattern,
+                                                              Progress& progress, std::size_t most);
 
 }  // namespace tarvelo

@@ -1,5 +1,6 @@
 #include "shell/code/code_panel.h"
 
+#include <wx/sizer.h>
 #include <wx/splitter.h>
 
 #include <algorithm>
@@ -39,7 +40,9 @@ CodePanel::CodePanel(Workbench& bench)
       body_(new wxSplitterWindow(&Window(), wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
       canvas_(new CodeCanvas(body_)),
       side_(new FunctionSide(body_, bench.texts)) {
-  Arrange(*canvas_, *body_);
+  auto* content = new wxBoxSizer(wxVERTICAL);
+  content->Add(body_, 1, wxEXPAND);
+  Arrange(*canvas_, content);
   BindSide();
   canvas_->onSelect = [this] { CursorMoved(); };
   canvas_->onFollow = [this] { bench_.frame.Run(Id::FollowTarget); };

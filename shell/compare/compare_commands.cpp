@@ -28,7 +28,7 @@ void ComparePanel::ShowFunctions(bool functions) {
 // If the user stops it, the bytes are compared instead.
 void ComparePanel::CompareFunctionsAgain() {
   const std::vector<std::size_t> selection = List().Selection();
-  if (!functions_.Compare(second_, path_)) return ShowFunctions(false);
+  if (!functions_.Compare(*second_, path_)) return ShowFunctions(false);
   stale_ = false;
   ShowDifferences(true);
   List().SelectRows(selection.empty() ? std::vector<std::size_t>{0} : selection);
@@ -90,7 +90,7 @@ void ComparePanel::DifferencesToPatch_Click() {
 // From the bytes of the file that was opened to those of the second dump.
 Change ComparePanel::ChangeOf(const Difference& difference) const {
   const Fullflash& image = bench_.document.Image();
-  Change change = tarvelo::ChangeOf(image.ff(), second_.ff(), difference, comparison_.shift);
+  Change change = tarvelo::ChangeOf(image.ff(), second_->ff(), difference, comparison_.shift);
   for (const Change& edit : bench_.document.Edits().Changes(image, difference.offset, difference.size))
     std::ranges::copy(edit.oldBytes, change.oldBytes.begin() + (edit.offset - difference.offset));
   return change;

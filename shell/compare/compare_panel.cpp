@@ -144,7 +144,7 @@ void ComparePanel::CompareWith_Click() {
   path_ = *path;
   (void)Identify(*second);  // sets its base
   ForgetRows();             // they belong to the previous second dump
-  second_ = std::move(*second);
+  second_ = std::make_shared<const Fullflash>(*std::move(second));
   fromStart_->SetValue(false);
   CompareAgain();
   bench_.frame.ShowPanel(*this);
@@ -169,13 +169,14 @@ void ComparePanel::ImageChanged() {
 void ComparePanel::CompareAgain() {
   if (ShowsFunctions()) return CompareFunctionsAgain();
   const Bytes image = bench_.document.Image().ff();
-  Comparison comparison = Compare(image, second_.ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
+  Comparison comparison =
+      Compare(image, second_->ff(), usualGap, fromStart_->GetValue() ? 0 : AddressShift());
   joined_ = JoinDifferences(comparison.differences, mostRows);
   if (!comparison.differences.empty()) MakeMap();
   std::vector<Difference> chosen;
   for (const std::size_t row : List().Selection()) chosen.push_back(comparison_.differences[row]);
   comparison_ = std::move(comparison);
-  differingBytes_ = DifferingBytes(image, second_.ff(), comparison_.differences, comparison_.shift);
+  differingBytes_ = DifferingBytes(image, second_->ff(), comparison_.differences, comparison_.shift);
   stale_ = false;
   ShowDifferences(true);
   List().SelectRows(RowsOf(chosen));
@@ -195,7 +196,12 @@ std::vector<std::size_t> ComparePanel::RowsOf(const std::vector<Difference>& cho
   return rows;
 }
 
-Offset ComparePanel::AddressShift() const { return tarvelo::AddressShift(bench_.document.Image(), second_); }
+OtherDump ComparePanel::Other() const {
+  if (!HasSecond()) return {};
+  return {second_, comparison_.shift, path_};
+}
+
+Offset ComparePanel::AddressShift() const { return tarvelo::AddressShift(bench_.document.Image(), *second_); }
 
 // If a search of the image fails, it is still compared, but without labels.
 void ComparePanel::MakeMap() {
@@ -210,7 +216,7 @@ void ComparePanel::MakeMap() {
 void ComparePanel::Clear() {
   asFunctions_->SetValue(false);
   ForgetRows();
-  second_ = Fullflash();
+  second_ = std::make_shared<const Fullflash>();
   differingBytes_ = 0;
   stale_ = false;
   map_ = std::make_shared<const DumpMap>();
@@ -229,7 +235,7 @@ void ComparePanel::ShowDifferences(bool keepView) {
   ShowStrip();
   compared_->GetSizer()->Show(strip_, !ShowsFunctions());
   ShowSides();
-  asFunctions_->Show(HasSecond() && second_.PageMode() && bench_.document.Image().PageMode());
+  asFunctions_->Show(HasSecond() && second_->PageMode() && bench_.document.Image().PageMode());
   none_->Show(!HasSecond());
   compared_->Show(HasSecond());
   fromStart_->Show(HasSecond() && AddressShift() != 0 && !ShowsFunctions());
@@ -306,7 +312,7 @@ const Difference* ComparePanel::Chosen() const {
 
 TableRows ComparePanel::Rows() const {
   if (ShowsFunctions()) return functions_.Rows();
-  return DifferenceRows(bench_.document.Image(), second_.ff(), comparison_.differences, map_.get(),
+  return DifferenceRows(bench_.document.Image(), second_->ff(), comparison_.differences, map_.get(),
                         bench_.texts, comparison_.shift);
 }
 

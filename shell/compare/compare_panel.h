@@ -14,6 +14,7 @@
 #include "patch/image_compare.h"
 #include "shell/compare/function_comparison.h"
 #include "shell/list/list_panel.h"
+#include "shell/services/workbench.h"
 
 class wxButton;
 class wxCheckBox;
@@ -46,6 +47,8 @@ class ComparePanel final : public ListPanel {
   // Makes a patch of the selected differences. Does nothing if none is selected.
   void DifferencesToPatch_Click();
 
+  [[nodiscard]] OtherDump Other() const;
+
   [[nodiscard]] ImageStrip& Strip() { return *strip_; }
   // Both versions of the chosen function.
   [[nodiscard]] ListView& Sides() { return *sides_; }
@@ -77,7 +80,7 @@ class ComparePanel final : public ListPanel {
   [[nodiscard]] Offset AddressShift() const;
   [[nodiscard]] wxString RestText() const;
   [[nodiscard]] wxString Describe(Offset offset, Offset size) const;
-  [[nodiscard]] bool HasSecond() const { return second_.IsOpen(); }
+  [[nodiscard]] bool HasSecond() const { return second_->IsOpen(); }
   [[nodiscard]] const Difference* Chosen() const;
   [[nodiscard]] std::vector<std::size_t> RowsOf(const std::vector<Difference>& chosen) const;
   [[nodiscard]] Change ChangeOf(const Difference& difference) const;
@@ -96,7 +99,7 @@ class ComparePanel final : public ListPanel {
   ListView* sides_;  // both versions of the chosen function
 
   std::filesystem::path path_;  // of the second dump
-  Fullflash second_;
+  std::shared_ptr<const Fullflash> second_ = std::make_shared<const Fullflash>();
   Comparison comparison_;
   FunctionComparison functions_;
   Offset differingBytes_ = 0;

@@ -214,9 +214,15 @@ void Main::ShowInPatch(Offset offset) {
   });
 }
 
+void Main::ShowHits(const std::string& pattern) {
+  Jump([&] { hits_->Search(pattern); });
+}
+
 void Main::FollowInHex(Offset start, Offset size) {
   if (panels_->Visible() == hex_) ShowHex(start, size);
 }
+
+OtherDump Main::Other() const { return compare_->Other(); }
 
 void Main::AddInformation(const std::string& lines) { info_->AppendText(Wx(lines)); }
 

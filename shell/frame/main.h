@@ -82,6 +82,8 @@ class Main final : public wxFrame, private Frame {
   void ShowReferences(Offset target) override;
   void ShowFunctions(Offset offset) override;
   void ShowInPatch(Offset offset) override;
+  void ShowHits(const std::string& pattern) override;
+  [[nodiscard]] OtherDump Other() const override;
   void FollowInHex(Offset start, Offset size) override;
   void OpenDump(const std::filesystem::path& path) override { dumps_->OpenChosen(path); }
   void AddInformation(const std::string& lines) override;

@@ -1,30 +1,22 @@
 #include "shell/hex/hex_editor.h"
 
 #include "core/byte_text.h"
+#include "core/file.h"
+#include "core/text_encoding.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/hex/hex_canvas.h"
 #include "shell/services/clipboard.h"
+#include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
+#include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
 
 constexpr Offset patchGap = 8;            // a line of a patch may contain up to this many unchanged bytes
 constexpr std::size_t longestQuote = 60;  // characters of a rejected text
-
-// The bytes of a text as the phone stores it. Nothing if a character has none, or if there is no character.
-std::optional<std::vector<std::uint8_t>> BytesOfText(const std::string& text) {
-  std::vector<std::uint8_t> bytes;
-  for (const wxUniChar character : Wx(text)) {
-    const auto byte = ByteOf(static_cast<char32_t>(character.GetValue()));
-    if (!byte) return {};
-    bytes.push_back(*byte);
-  }
-  if (bytes.empty()) return {};
-  return bytes;
-}
 
 }  // namespace
 
@@ -58,22 +50,43 @@ bool HexEditor::CanRedo() const { return bench_.document.Edits().CanRedo(); }
 void HexEditor::Paste() {
   const std::string text = CopiedText();
   const bool isText = canvas_.CursorInText();
-  const auto bytes = isText ? BytesOfText(text) : ReadHex(text);
+  const auto bytes = isText ? EncodeText(ToUtf16(text), canvas_.Encoding()) : ReadHex(text);
   if (!bytes) return Refuse(isText ? Text::NotPhoneText : Text::NotANumber, text);
+  if (const auto end = WriteHere(*bytes)) canvas_.Go(*end, 0);
+}
+
+std::optional<Offset> HexEditor::WriteHere(Bytes bytes) {
   const Offset start = canvas_.Selection().offset;
-  if (start + std::ssize(*bytes) > std::ssize(Image().ff()))
-    return bench_.talk.Complain(Text::DataOutsideImage);
-  bench_.document.Write(start, *bytes);
-  canvas_.Go(start + std::ssize(*bytes), 0);
+  const Offset end = start + std::ssize(bytes);
+  if (end > std::ssize(Image().ff())) {
+    bench_.talk.Complain(Text::DataOutsideImage);
+    return {};
+  }
+  bench_.document.Write(start, bytes);
+  return end;
 }
 
 void HexEditor::Fill() {
   const auto answer = bench_.talk.Ask(Text::FillWithByte, "FF");
   if (!answer) return;
-  const auto byte = ReadHex(answer->size() == 1 ? "0" + *answer : *answer);
-  if (!byte || byte->size() != 1) return Refuse(Text::NotANumber, *answer);
+  const auto filling = ReadHex(answer->size() == 1 ? "0" + *answer : *answer);
+  if (!filling) return Refuse(Text::NotANumber, *answer);
   const Region range = canvas_.Selection();
-  bench_.document.Write(range.offset, std::vector(static_cast<std::size_t>(range.size), byte->front()));
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(range.size));
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = (*filling)[i % filling->size()];
+  bench_.document.Write(range.offset, bytes);
+}
+
+void HexEditor::WriteFileHere() {
+  const Messages& texts = bench_.texts;
+  const auto path = bench_.talk.OpenFile(Text::WriteFileHere, Wx(texts.Msg(Text::AllFiles)) + "|*.*",
+                                         bench_.document.Path());
+  if (!path) return;
+  FileBytes file;
+  if (bench_.talk.fOpenErr([&] { file = ReadFile(*path, Fullflash::sizeLimit, bench_.status); })) return;
+  if (file.size == 0) return bench_.talk.Complain(Text::FileEmpty);
+  const Offset start = canvas_.Selection().offset;
+  if (const auto end = WriteHere({file.data.get(), file.size})) canvas_.Go(start, *end - start);
 }
 
 void HexEditor::ChangesToPatch() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,10 +27,13 @@ class HexEditor {
   [[nodiscard]] bool CanRedo() const;
 
   // Writes the clipboard from the cursor or the start of the selection on: hexadecimal digits, or characters
-  // if the cursor is in the text. If the clipboard holds no bytes, or too many, tells the user.
+  // in the encoding of the canvas if the cursor is in the text. If the clipboard holds no bytes, or too many,
+  // tells the user.
   void Paste();
-  // Asks for a byte and fills the selection with it.
+  // Asks for bytes and fills the selection with them, again and again.
   void Fill();
+  // Asks for a file and writes it over the bytes from there on.
+  void WriteFileHere();
   // Adds the changes to the patch: all of them, or those in the selection.
   void ChangesToPatch();
   void SelectedToPatch();
@@ -37,6 +41,9 @@ class HexEditor {
  private:
   [[nodiscard]] const Fullflash& Image() const;
   void AddToPatch(Text command, const std::vector<Change>& changes);
+  // Writes bytes from the cursor or the start of the selection on. Returns the offset behind them; nothing if
+  // the image ends first, which the user learns.
+  std::optional<Offset> WriteHere(Bytes bytes);
   void Type(Offset at, std::uint8_t byte, bool again);
   void Refuse(Text message, const std::string& text);
 

@@ -1,26 +1,27 @@
 #include "shell/hex/hex_panel.h"
 
+#include <wx/panel.h>
+#include <wx/sizer.h>
 #include <wx/textctrl.h>
 
 #include <algorithm>
 #include <utility>
 
-#include "core/byte_text.h"
+#include "core/notation.h"
 #include "core/places.h"
-#include "patch/pattern_walk.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/hex/find_bar.h"
 #include "shell/hex/hex_canvas.h"
-#include "shell/services/clipboard.h"
+#include "shell/hex/other_pane.h"
+#include "shell/hex/value_panel.h"
 #include "shell/services/ids.h"
-#include "shell/services/place_commands.h"
-#include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 
 namespace tarvelo {
 namespace {
 
-constexpr Offset copyLimit = 0x100000;  // bytes; as text they take several times as much memory
+constexpr int roomForRows = 400;  // pixels beside the values, at 96 dots per inch
 
 }  // namespace
 
@@ -30,15 +31,83 @@ HexPanel::HexPanel(Workbench& bench)
           {.menuEntry = Id::HexView, .name = Text::HexView, .saveTextCaption = Text::SaveSelectedBytes},
           ColonForm::Page),
       commands_(MakeCommands()),
+      look_(ReadLook(bench.settings)),
       canvas_(new HexCanvas(&Window())),
-      editor_(bench, *canvas_) {
-  Arrange(*canvas_, *canvas_);
-  canvas_->onSelect = [this] { CursorMoved(); };
-  watch_ = bench.document.OnChange([this] {
-    canvas_->ImageChanged();
+      other_(new OtherPane(&Window(), *canvas_)),
+      bar_(new FindBar(&Window())),
+      values_(new ValuePanel(&Window(), bench)),
+      editor_(bench, *canvas_),
+      search_(bench, *canvas_, *bar_),
+      copy_(bench, *canvas_) {
+  LayOut();
+  Bind();
+  BindBar();
+  SetLook(look_);
+  watch_ = bench.document.OnChange([this] { ImageChanged(); });
+  nameWatch_ = bench.document.OnNames([this] {
+    canvas_->Refresh();
     ShowInformation();
   });
-  nameWatch_ = bench.document.OnNames([this] { ShowInformation(); });
+}
+
+void HexPanel::LayOut() {
+  auto* dumps = new wxBoxSizer(wxVERTICAL);
+  dumps->Add(canvas_, 3, wxEXPAND);
+  dumps->Add(other_, 2, wxEXPAND);
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(dumps, 1, wxEXPAND);
+  row->Add(values_, 0, wxEXPAND);
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(bar_, 0, wxEXPAND);
+  all->Add(row, 1, wxEXPAND);
+  bar_->Hide();
+  other_->Hide();
+  bar_->MoveBeforeInTabOrder(canvas_);
+  Arrange(*canvas_, all);
+}
+
+void HexPanel::Bind() {
+  canvas_->onSelect = [this] { CursorMoved(); };
+  canvas_->SetNames(&bench_.document.PlaceNames());
+  const auto zoom = [this](int steps) {
+    HexLook look = look_;
+    look.zoom += steps;
+    SetLook(look);
+  };
+  for (HexCanvas* canvas : {canvas_, &other_->Canvas()}) canvas->onZoom = zoom;
+  other_->Canvas().onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
+  canvas_->Bind(wxEVT_CHAR_HOOK, &HexPanel::PressKey, this);
+  Window().Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    values_->Show(look_.showsValues && HasRoomForValues());
+    event.Skip();
+  });
+}
+
+void HexPanel::BindBar() {
+  const auto guarded = [this](void (HexSearch::*run)()) {
+    return [this, run] {
+      if (!canvas_->HasImage()) return;
+      bench_.talk.Guard(Wx(bench_.texts.Msg(Text::HexView)), [this, run] { (search_.*run)(); });
+    };
+  };
+  bar_->onNext = guarded(&HexSearch::Next);
+  bar_->onPrevious = guarded(&HexSearch::Previous);
+  bar_->onAll = guarded(&HexSearch::All);
+  bar_->onReplace = guarded(&HexSearch::Replace);
+  bar_->onReplaceAll = guarded(&HexSearch::ReplaceAll);
+  bar_->onClose = [this] { CloseBar(); };
+}
+
+// The keys of editors in which Insert copies and pastes. It cannot switch to inserting.
+void HexPanel::PressKey(wxKeyEvent& event) {
+  const bool isInsert = event.GetKeyCode() == WXK_INSERT || event.GetKeyCode() == WXK_NUMPAD_INSERT;
+  if (!isInsert || !canvas_->HasImage()) return event.Skip();
+  if (event.GetModifiers() == wxMOD_CONTROL)
+    bench_.frame.Run(CopyCommand());
+  else if (event.GetModifiers() == wxMOD_SHIFT)
+    bench_.frame.Run(Id::Paste);
+  else
+    search_.Say(std::string(bench_.texts.Msg(Text::OverwriteOnly)));
 }
 
 void HexPanel::GoTo(Offset offset) { bench_.frame.ShowHex(offset, 0); }
@@ -47,13 +116,25 @@ int HexPanel::CopyCommand() const { return canvas_->CursorInText() ? Id::CopyTex
 
 const Fullflash& HexPanel::Image() const { return bench_.document.Image(); }
 
+wxTextCtrl* HexPanel::FocusedField() const {
+  auto* field = dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus());
+  return field && field->IsEditable() ? field : nullptr;
+}
+
+// --- the image ---
+
 void HexPanel::Build() {
   if (!canvas_->HasImage()) canvas_->SetImage(&Image(), &bench_.document.Edits());
-  ShowInformation();
+  ShowParts();
+  ShowMap();
+  CursorMoved();
 }
 
 void HexPanel::Clear() {
   canvas_->SetImage(nullptr, nullptr);
+  other_->Clear();
+  other_->Hide();
+  values_->Read(0);
   Place().ClearFault();
   ShowInformation();
 }
@@ -72,165 +153,89 @@ void HexPanel::Return(Offset here) { Go(here, 0); }
 
 void HexPanel::Go(Offset start, Offset size) { canvas_->Go(start, size); }
 
+void HexPanel::ImageChanged() {
+  canvas_->ImageChanged();
+  other_->ImageChanged();
+  if (values_->IsShown()) values_->Read(canvas_->Selection().offset);
+  ShowInformation();
+}
+
+void HexPanel::CursorMoved() {
+  other_->Follow();
+  if (values_->IsShown()) values_->Read(canvas_->Selection().offset);
+  ShowInformation();
+  search_.Forget();
+}
+
+// --- the parts around the rows ---
+
+void HexPanel::Recaption(const Messages& messages) {
+  bar_->Recaption(messages);
+  values_->Recaption(messages);
+  other_->Recaption(messages);
+  ImagePanel::Recaption(messages);
+}
+
+bool HexPanel::HasRoomForValues() const {
+  return canvas_->GetParent()->GetClientSize().x >= values_->GetMinSize().x + canvas_->FromDIP(roomForRows);
+}
+
+void HexPanel::SetLook(const HexLook& look) {
+  look_ = look;
+  look_.zoom = std::clamp(look.zoom, HexLook::smallest, HexLook::largest);
+  StoreLook(bench_.settings, look_);
+  canvas_->SetLook(look_);
+  other_->SetLook(look_);
+  ShowParts();
+  ShowMap();
+}
+
+void HexPanel::ShowParts() {
+  if (canvas_->HasImage() && look_.showsOther)
+    other_->ShowDump(bench_.frame.Other(), Image());
+  else
+    other_->Clear();
+  other_->Show(other_->HasDump());
+  values_->Show(look_.showsValues && HasRoomForValues());
+  Window().Layout();
+}
+
+// The map of before a change stays until another one is known: typing must not put out the colours.
+void HexPanel::ShowMap() {
+  if (!look_.mapColours)
+    canvas_->SetMap(nullptr);
+  else if (auto known = bench_.document.KnownMap())
+    canvas_->SetMap(std::move(known));
+}
+
+void HexPanel::CloseBar() {
+  bar_->Hide();
+  Window().Layout();
+  canvas_->SetFocus();
+}
+
 // --- the line below ---
 
+// "000010-00001F (16-31), 10h (16)"
+std::string HexPanel::SelectionText(const Region& range) const {
+  return RegionText(Image(), range) + " (" + std::to_string(range.offset) + "-" +
+         std::to_string(range.End() - 1) + "), " + Hex(range.size) + "h (" + std::to_string(range.size) + ")";
+}
+
+// What is selected comes first, so that it is visible in narrow windows too.
 std::string HexPanel::InformationText() const {
   if (!canvas_->HasImage()) return {};
   const Messages& texts = bench_.texts;
   const Region range = canvas_->Selection();
-  std::string text = texts.Label(Text::ColumnOffset) + " " + OffsetText(Image(), range.offset);
+  std::string text = range.size > 0
+                         ? std::string(texts.Msg(Text::SelectedBytesLabel)) + SelectionText(range)
+                         : texts.Label(Text::ColumnOffset) + " " + OffsetText(Image(), range.offset);
   text.append("    ").append(texts.Label(Text::PhoneAddress)) += " " + AddressText(Image(), range.offset);
-  if (range.size > 0)
-    text.append("    ").append(texts.Msg(Text::SelectedBytesLabel)) += std::to_string(range.size);
   text += "    " + Reading(Image(), range.offset);
   const auto name = bench_.document.PlaceNames().At(Image().PhoneAddress(range.offset));
   if (name)
     text.append("    ").append(name->name).append(name->comment.empty() ? "" : "  ; ") += name->comment;
   return text;
-}
-
-// --- commands ---
-
-PanelCommands HexPanel::MakeCommands() {
-  std::vector<PanelCommand> commands = SearchCommands();
-  const auto chosen = [this]() -> std::optional<Region> {
-    if (!canvas_->HasImage()) return {};
-    return canvas_->Selection();
-  };
-  Append(commands, PlaceCommands(bench_, chosen, Id::OpenHex));
-  Append(commands, EditCommands());
-  return PanelCommands(std::move(commands));
-}
-
-std::vector<PanelCommand> HexPanel::SearchCommands() {
-  const auto any = [this] { return canvas_->HasImage(); };
-  return {
-      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { Place().Start(); }, any},
-      {},
-      {Id::Find, Text::SearchForBytes, Text::HelpSearchNextBytes, "Ctrl+F", [this] { FindBytes_Click(); },
-       any},
-      {Id::Next, Text::SearchAgain, Text::HelpNext, "F3", [this] { FindNext_Click(); }, any},
-      {Id::Previous, Text::PreviousHit, Text::HelpPrevious, "Shift+F3", [this] { FindPrevious_Click(); },
-       any},
-      {},
-      {Id::CopyHex, Text::CopyAsHex, Text::HelpCopyAsHex, "", [this] { CopyHex_Click(); }, any},
-      {Id::CopyText, Text::CopyAsText, Text::HelpCopyAsText, "", [this] { CopyText_Click(); }, any},
-      {Id::CopyOffset, Text::CopyOffset, Text::HelpCopyNumber, "", [this] { CopyOffset_Click(); }, any},
-      {},
-      {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { SelectAll_Click(); }, any}};
-}
-
-std::vector<PanelCommand> HexPanel::EditCommands() {
-  const auto any = [this] { return canvas_->HasImage(); };
-  const auto canUndo = [this] { return IsPlaceFocused() ? Place().Field().CanUndo() : editor_.CanUndo(); };
-  const auto canRedo = [this] { return IsPlaceFocused() ? Place().Field().CanRedo() : editor_.CanRedo(); };
-  const auto selected = [this] { return canvas_->Selection().size > 0; };
-  return {
-      {Id::SwitchSide, Text::SwitchHexText, Text::HelpSwitchHexText, "F2", [this] { canvas_->SwitchSide(); },
-       any},
-      {},
-      {Id::Undo, Text::Undo, Text::HelpUndo, "Ctrl+Z", [this] { UndoBytes_Click(); }, canUndo},
-      {Id::Redo, Text::Redo, Text::HelpRedo, "Ctrl+Y", [this] { RedoBytes_Click(); }, canRedo},
-      {Id::Paste, Text::Paste, Text::HelpPasteHex, "Ctrl+V", [this] { PasteHex_Click(); }, any},
-      {Id::FillBytes, Text::FillWithByte, Text::HelpFillWithByte, "", [this] { editor_.Fill(); }, selected},
-      {},
-      {Id::ChangesToPatch, Text::ChangesToPatch, Text::HelpAddToPatch, "",
-       [this] { editor_.ChangesToPatch(); }, any},
-      {Id::SelectedToPatch, Text::SelectedChangesToPatch, Text::HelpAddToPatch, "",
-       [this] { editor_.SelectedToPatch(); }, selected}};
-}
-
-Bytes HexPanel::BytesToCopy(Text command) {
-  const Region range = canvas_->Selection();
-  if (range.size > copyLimit) {
-    bench_.talk.ComplainOfSize(command, range.size, copyLimit);
-    return {};
-  }
-  return Image().ff().subspan(static_cast<std::size_t>(range.offset),
-                              static_cast<std::size_t>(std::max<Offset>(1, range.size)));
-}
-
-void HexPanel::CopyHex_Click() {
-  if (const Bytes bytes = BytesToCopy(Text::CopyAsHex); !bytes.empty()) Copy(AsHex(bytes));
-}
-
-void HexPanel::CopyText_Click() {
-  if (const Bytes bytes = BytesToCopy(Text::CopyAsText); !bytes.empty()) Copy(AsText(bytes));
-}
-
-void HexPanel::CopyOffset_Click() { Copy(OffsetText(Image(), canvas_->Selection().offset)); }
-
-// In the line above, undoes edits of the line's own text.
-void HexPanel::UndoBytes_Click() {
-  if (IsPlaceFocused())
-    Place().Field().Undo();
-  else
-    editor_.Undo();
-}
-
-void HexPanel::RedoBytes_Click() {
-  if (IsPlaceFocused())
-    Place().Field().Redo();
-  else
-    editor_.Redo();
-}
-
-void HexPanel::PasteHex_Click() {
-  if (IsPlaceFocused())
-    Place().Field().Paste();
-  else
-    editor_.Paste();
-}
-
-bool HexPanel::AskForPattern() {
-  const auto answer = bench_.talk.AskPattern();
-  if (answer) pattern_ = *answer;
-  return answer.has_value();
-}
-
-void HexPanel::FindBytes_Click() {
-  if (AskForPattern()) FindNext_Click();
-}
-
-// Searches from just after the start of the selection, which may be the last hit. A cursor without a
-// selection may be on a hit that has not been found yet.
-void HexPanel::FindNext_Click() {
-  if (pattern_.empty() && !AskForPattern()) return;
-  const Pattern pattern(pattern_);
-  const Region range = canvas_->Selection();
-  const Offset hit = FirstFrom(Image(), pattern, range.offset + (range.size > 0 ? 1 : 0));
-  if (hit >= 0) return ShowHit(pattern, hit);
-  ShowHit(pattern, FirstFrom(Image(), pattern, 0));
-  SayWrapped(Text::SearchWrappedToStart);
-}
-
-void HexPanel::FindPrevious_Click() {
-  if (pattern_.empty() && !AskForPattern()) return;
-  const Pattern pattern(pattern_);
-  const Offset hit = LastBefore(Image(), pattern, canvas_->Selection().offset);
-  if (hit >= 0) return ShowHit(pattern, hit);
-  ShowHit(pattern, LastBefore(Image(), pattern, std::ssize(Image().ff())));
-  SayWrapped(Text::SearchWrappedToEnd);
-}
-
-void HexPanel::ShowHit(const Pattern& pattern, Offset hit) {
-  isHitShown_ = hit >= 0;
-  if (!isHitShown_) return bench_.talk.Complain(Wx(NotFound(pattern_, bench_.texts)));
-  Go(hit, pattern.PatCount());
-}
-
-// In the status bar, until the cursor moves; after the menu that this command may come from has closed.
-void HexPanel::SayWrapped(Text text) {
-  if (!isHitShown_) return;
-  Window().CallAfter([this, text] {
-    isWrapShown_ = true;
-    bench_.status.ShowHelp(Wx(bench_.texts.Msg(text)));
-  });
-}
-
-void HexPanel::CursorMoved() {
-  ShowInformation();
-  if (std::exchange(isWrapShown_, false)) bench_.status.ShowHelp(wxString());
 }
 
 }  // namespace tarvelo

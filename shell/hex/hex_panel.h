@@ -2,15 +2,23 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "shell/hex/hex_copy.h"
 #include "shell/hex/hex_editor.h"
+#include "shell/hex/hex_look.h"
+#include "shell/hex/hex_search.h"
 #include "shell/services/panel_commands.h"
 #include "shell/view/image_panel.h"
 
+class wxTextCtrl;
+
 namespace tarvelo {
 
+class FindBar;
 class HexCanvas;
-class Pattern;
+class OtherPane;
+class ValuePanel;
 
 class HexPanel final : public ImagePanel {
  public:
@@ -22,6 +30,7 @@ class HexPanel final : public ImagePanel {
   // Writes the selected bytes to a file named after their offset.
   void Save() override;
   void Clear() override;
+  void Recaption(const Messages& messages) override;
 
   [[nodiscard]] Offset Here() const override;
   void Return(Offset here) override;
@@ -30,43 +39,66 @@ class HexPanel final : public ImagePanel {
   // size of 0 only moves the cursor.
   void Go(Offset start, Offset size);
 
-  // The commands.
-  void CopyHex_Click();
-  void CopyText_Click();
-  void CopyOffset_Click();
-  void FindBytes_Click();
-  void FindNext_Click();
-  void FindPrevious_Click();
-  void UndoBytes_Click();
-  void RedoBytes_Click();
-  void PasteHex_Click();
-
+  // The parts, for those who look at them.
   [[nodiscard]] HexCanvas& Canvas() { return *canvas_; }
+  [[nodiscard]] FindBar& Bar() { return *bar_; }
+  [[nodiscard]] ValuePanel& Values() { return *values_; }
+  [[nodiscard]] OtherPane& Other() { return *other_; }
 
  private:
+  // --- hex_commands.cpp ---
   [[nodiscard]] PanelCommands MakeCommands();
   [[nodiscard]] std::vector<PanelCommand> SearchCommands();
+  [[nodiscard]] std::vector<PanelCommand> CopyCommands();
   [[nodiscard]] std::vector<PanelCommand> EditCommands();
+  [[nodiscard]] std::vector<PanelCommand> StepCommands();
+  [[nodiscard]] std::vector<PanelCommand> LookCommands();
+  [[nodiscard]] std::vector<PanelCommand> LookEntries();
+  // A command that is enabled while an image is shown.
+  [[nodiscard]] PanelCommand Command(int id, Text caption, Text help, const char* shortcut,
+                                     std::function<void()> run);
+  [[nodiscard]] std::function<bool()> Any() const;
 
+  void Find_Click();
+  void Step_Click(bool isNext);
+  void SelectRegion_Click();
+  void SelectAll_Click();
+  void ShowValues_Click();
+  void MapColours_Click();
+  void StepToChange(bool isNext);
+  void StepToName(bool isNext);
+
+  // --- hex_panel.cpp ---
+  void LayOut();
+  void Bind();
+  void BindBar();
+  void PressKey(wxKeyEvent& event);
   void GoTo(Offset offset) override;
   [[nodiscard]] int CopyCommand() const override;
   [[nodiscard]] std::string InformationText() const override;
+  [[nodiscard]] std::string SelectionText(const Region& range) const;
 
   [[nodiscard]] const Fullflash& Image() const;
-  // The bytes for a command: the selected ones, otherwise the one under the cursor. If they are too many for
-  // the clipboard, tells the user and returns none.
-  [[nodiscard]] Bytes BytesToCopy(Text command);
-  bool AskForPattern();
-  void ShowHit(const Pattern& pattern, Offset hit);
-  void SayWrapped(Text text);
+  // The text field in this panel that has the keyboard; null if none has.
+  [[nodiscard]] wxTextCtrl* FocusedField() const;
+  [[nodiscard]] bool HasRoomForValues() const;
+  // Looks otherwise from now on.
+  void SetLook(const HexLook& look);
+  void ShowParts();
+  void ShowMap();
+  void ImageChanged();
   void CursorMoved();
+  void CloseBar();
 
   PanelCommands commands_;
+  HexLook look_;
   HexCanvas* canvas_;
+  OtherPane* other_;
+  FindBar* bar_;
+  ValuePanel* values_;
   HexEditor editor_;
-  std::string pattern_;       // the pattern of the last search
-  bool isHitShown_ = false;   // the last search found something
-  bool isWrapShown_ = false;  // the status bar says that the search went round
+  HexSearch search_;
+  HexCopy copy_;
   Document::Watch watch_;
   Document::Watch nameWatch_;
 };

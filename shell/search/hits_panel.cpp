@@ -71,7 +71,10 @@ void HitsPanel::Recaption(const Messages& messages) {
 void HitsPanel::Search_Click() {
   const auto answer = bench_.talk.AskPattern();
   if (!answer) return;
-  const std::string pattern = ToUpper(*answer);
+  Search(ToUpper(*answer));
+}
+
+void HitsPanel::Search(const std::string& pattern) {
   ShowHits(FindHits(pattern));
   if (found_.hits.empty()) return bench_.talk.Complain(Wx(NotFound(pattern, bench_.texts)));
   if (TextIsWanted()) {

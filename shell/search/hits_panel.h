@@ -21,6 +21,8 @@ class HitsPanel final : public ListPanel {
 
   // Asks for a pattern, searches the whole image, adds the hits to the information text and lists them.
   void Search_Click();
+  // Searches for a pattern and lists its hits.
+  void Search(const std::string& pattern);
 
  protected:
   [[nodiscard]] TableRows Rows() const;

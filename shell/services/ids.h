@@ -144,6 +144,25 @@ enum : int {
   ShowFunctions,
   FunctionsBeside,
   ChangeAsCode,
+
+  // --- of the hex view ---
+  ShowValues,
+  EditValue,
+  SelectRegion,
+  CopyCArray,
+  CopyPatchLines,
+  WriteFileHere,
+  FirstColumns,  // 8, 16, 32 bytes in a row, as many as fit
+  LastColumns = FirstColumns + 3,
+  FirstEncoding,  // in the order of TextEncoding
+  LastEncoding = FirstEncoding + 3,
+  UsualSize,
+  MapColours,
+  NextChange,
+  PreviousChange,
+  NextName,
+  PreviousName,
+  ShowOther,
 };
 
 }  // namespace tarvelo::Id

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,13 @@ class Panel;
 class Settings;
 class StatusBar;
 class Talk;
+
+// The dump that the open one was compared with.
+struct OtherDump {
+  std::shared_ptr<const Fullflash> image;  // null: none
+  Offset shift = 0;                        // its offset minus the open one's of the same byte
+  std::filesystem::path path;
+};
 
 // What panels and commands may ask of the window around them.
 class Frame {
@@ -56,9 +64,13 @@ class Frame {
   virtual void ShowFunctions(Offset offset) = 0;
   // Shows the line of the patch that changes the byte at an offset; tells the user if there is none.
   virtual void ShowInPatch(Offset offset) = 0;
+  // Searches the whole image for a pattern (patch/pattern.h) and lists its hits.
+  virtual void ShowHits(const std::string& pattern) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
 
+  // The dump that the comparison shows.
+  [[nodiscard]] virtual OtherDump Other() const = 0;
   // Opens a dump in place of the open one. Asks about unsaved data first.
   virtual void OpenDump(const std::filesystem::path& path) = 0;
 
@@ -78,7 +90,7 @@ class Frame {
 struct Workbench {
   Document& document;
   const Messages& texts;  // in the current language
-  const Settings& settings;
+  Settings& settings;
   Talk& talk;
   StatusBar& status;
   Beeper& sound;

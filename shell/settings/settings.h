@@ -3,6 +3,7 @@
 //   [General]      Language     two-letter code of the interface language
 //   [History]      File1..5     the most recently opened files
 //   [Integration]  HexEditor, Quillo, Calculator   other programs, edited by the user (external_tools.h)
+//   [HexView]      how the hex view looks (hex_look.h)
 //   [Window]       Left, Top, Width, Height, Maximized   the main window's place
 //
 // A file that cannot be read counts as empty; one that cannot be written stays unchanged. The program

@@ -19,12 +19,12 @@ ImagePanel::ImagePanel(Workbench& bench, PanelTraits traits, ColonForm form)
       information_(new wxStaticText(window_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                     wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)) {}
 
-void ImagePanel::Arrange(RowCanvas& rows, wxWindow& body) {
+void ImagePanel::Arrange(RowCanvas& rows, wxSizer* content) {
   rows_ = &rows;
   const int gap = window_->FromDIP(6);
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(place_, 0, wxEXPAND | wxALL, gap);
-  all->Add(&body, 1, wxEXPAND);
+  all->Add(content, 1, wxEXPAND);
   all->Add(information_, 0, wxEXPAND | wxALL, gap);
   window_->SetSizer(all);
   place_->onGo = [this](Offset offset) {

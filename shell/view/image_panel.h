@@ -9,6 +9,7 @@
 #include "shell/view/place_line.h"
 
 class wxPanel;
+class wxSizer;
 class wxStaticText;
 
 namespace tarvelo {
@@ -27,9 +28,8 @@ class ImagePanel : public Panel {
  protected:
   // `form`: what two numbers with a colon mean in this view.
   ImagePanel(Workbench& bench, PanelTraits traits, ColonForm form);
-  // Puts `body`, a child of Window(), between the two lines. It is the rows, or holds them. Call once, from
-  // the constructor.
-  void Arrange(RowCanvas& rows, wxWindow& body);
+  // Puts `content`, which holds the rows, between the two lines. Call once, from the constructor.
+  void Arrange(RowCanvas& rows, wxSizer* content);
 
   // Shows a place that the user entered.
   virtual void GoTo(Offset offset) = 0;

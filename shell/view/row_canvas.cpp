@@ -158,9 +158,11 @@ void RowCanvas::UpdateScrollbars() {
 }
 
 void RowCanvas::ScrollToRow(Offset row) {
-  scene_.topRow = std::clamp<Offset>(row, 0, std::max<Offset>(0, Rows() - RowsSeen()));
-  SetScrollPos(wxVERTICAL, static_cast<int>(scene_.topRow));
+  const Offset top = std::clamp<Offset>(row, 0, std::max<Offset>(0, Rows() - RowsSeen()));
+  const bool hasScrolled = std::exchange(scene_.topRow, top) != top;
+  SetScrollPos(wxVERTICAL, static_cast<int>(top));
   Refresh();
+  if (hasScrolled && onScroll) onScroll();
 }
 
 void RowCanvas::ScrollToColumn(int column) {

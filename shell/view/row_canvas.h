@@ -20,6 +20,8 @@ class RowCanvas : public wxWindow {
   // The number of the row at the top, and of the rows that are fully visible, at least 1.
   [[nodiscard]] Offset TopRow() const { return scene_.topRow; }
   [[nodiscard]] Offset RowsSeen() const;
+  // Scrolls this row to the top, or as near as possible.
+  void ScrollToRow(Offset row);
 
   bool SetFont(const wxFont& font) override;
 
@@ -27,6 +29,7 @@ class RowCanvas : public wxWindow {
 
   std::function<void()> onSelect;                           // the cursor or the selection has changed
   std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
+  std::function<void()> onScroll;                           // TopRow has changed
 
  protected:
   // `scene` is a member of the derived class.
@@ -56,7 +59,6 @@ class RowCanvas : public wxWindow {
   // of sight, scrolls it to a third from the top.
   void GoTo(Offset unit, Offset size);
   void SelectUnits(const Region& units);
-  void ScrollToRow(Offset row);
   // Scrolls to the cursor: no farther than needed, or, with `aThirdDown`, to a third from the top.
   void ShowCursor(bool aThirdDown);
   void CursorMoved();  // by the user

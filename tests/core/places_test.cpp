@@ -47,6 +47,27 @@ TEST(Places, ReadPlaces) {
   EXPECT_THROW((void)ReadPlace("123456789", PlaceKind::AsOffset, paged), std::overflow_error);
 }
 
+TEST(Places, ReadRegions) {
+  const Dump dump{Erased(0x800000), {}, {}, Names("800020\tStart\n")};
+  constexpr Region none;
+  const std::pair<const char*, Region> cases[] = {
+      {"10-1F", {0x10, 0x10}},
+      {" 10 + 10 ", {0x10, 0x10}},
+      {"7-7", {7, 1}},
+      {"start+0x2", {0x20, 2}},
+      {"7FFFFF+1", {0x7FFFFF, 1}},
+      {"7FFFFF+2", none},
+      {"200:0010-200:0011", {0x10, 2}},
+      {"20-1F", none},
+      {"10+0", none},
+      {"10-FFFFFFF", none},
+  };
+  for (const auto& [text, region] : cases) EXPECT_EQ(ReadRegion(text, dump).value_or(none), region) << text;
+  for (const char* text : {"", "10", "10-", "-10", "10+x"})
+    EXPECT_THROW((void)ReadRegion(text, dump), std::invalid_argument) << text;
+  EXPECT_EQ(RegionText(dump.image, {0x10, 0x10}), "000010-00001F");
+}
+
 TEST(Places, ReadValuesInTheImage) {
   ImageBuilder builder(0x800000);
   builder.Pointer(0x10, 0x212345);

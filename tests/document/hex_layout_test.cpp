@@ -12,7 +12,7 @@ Fullflash Erased(std::size_t size) { return Fullflash(Bytes(std::vector<std::uin
 
 TEST(HexColumns, FindTheByteAtEachColumn) {
   const HexColumns columns(Erased(2));
-  for (int i = 0; i < bytesInRow; ++i) {
+  for (int i = 0; i < columns.Bytes(); ++i) {
     EXPECT_EQ(columns.ByteAt(columns.Hex(i)), i);
     EXPECT_EQ(columns.ByteAt(columns.Hex(i) + 1), i);
     EXPECT_EQ(columns.ByteAt(columns.Text(i)), i);
@@ -20,6 +20,12 @@ TEST(HexColumns, FindTheByteAtEachColumn) {
   }
   EXPECT_EQ(columns.ByteAt(-100), 0);
   EXPECT_EQ(columns.ByteAt(1000), 15);
+  const HexColumns wide(Erased(2), 32);  // a gap after every 8
+  EXPECT_EQ(wide.Hex(24) - wide.Hex(0), 24 * 3 + 3);
+  EXPECT_EQ(wide.ByteAt(wide.Hex(24) - 1), 24);
+  EXPECT_EQ(HexColumns::FittingBytes(Erased(2), wide.End()), 32);
+  EXPECT_EQ(HexColumns::FittingBytes(Erased(2), wide.End() - 1), 28);
+  EXPECT_EQ(HexColumns::FittingBytes(Erased(2), 0), 4);
   EXPECT_EQ(HexColumns(Erased(0x1000001)).Address(), columns.Address() + 1);  // offsets of seven digits
 }
 

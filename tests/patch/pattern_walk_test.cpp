@@ -52,5 +52,11 @@ TEST(PatternWalk, FindsTheSameForwardsAndBackwards) {
   }
 }
 
+TEST(PatternWalk, SeparatesOverlappingHits) {
+  const Fullflash image{Bytes(Data{1, 1, 1, 1, 1, 2, 1, 1})};
+  EXPECT_EQ(SeparateHits(image, Pattern("01 01"), noProgress, 9), (std::vector<Offset>{0, 2, 6}));
+  EXPECT_EQ(SeparateHits(image, Pattern("01 01"), noProgress, 1), (std::vector<Offset>{0, 2}));
+}
+
 }  // namespace
 }  // namespace tarvelo

@@ -139,12 +139,15 @@ TEST_F(HexEditDesk, PastesHexOrText) {
 TEST_F(HexEditDesk, FillsTheSelection) {
   EXPECT_FALSE(CanRun(Id::FillBytes));
   Panel().Go(place, 4);
-  EXPECT_EQ(Said(Id::FillBytes, "5"), "ask Fill with byte: FF");
+  EXPECT_EQ(Said(Id::FillBytes, "5"), "ask Fill with bytes: FF");
   EXPECT_EQ(Seen(), "05 05 05 05 FF @0");
   EXPECT_EQ(Selected().size, 4);
-  for (const std::string answer : {"100", "x"})
+  for (const std::string answer : {"123", "x"})
     EXPECT_EQ(SaidAtLast(Id::FillBytes, answer), "!Not a number: \"" + answer + "\"");
+  Said(Id::FillBytes, "12 34 56");
+  EXPECT_EQ(Seen(), "12 34 56 12 FF @0");
   Said(Id::FillBytes);  // cancelled
+  main->Run(Id::Undo);
   EXPECT_EQ(SeenAfter(Id::Undo), "FF FF FF FF FF @0");
   EXPECT_FALSE(Open().Edits().CanUndo());
 }
