@@ -35,9 +35,13 @@ enum class PlaceKind { AsOffset, AsAddress };
 enum class ColonForm { Page, Segment };
 
 // Reads a place as ReadPlace does, or the name of one (Dump::names), which goes first. Two numbers with a
-// colon are `form` and offset, or the other form if that is outside the image.
+// colon are `form` and offset, or the other form if that is outside the image. "+10" and "-20" count from
+// `from`; an "h" may end the text.
 [[nodiscard]] std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form,
-                                              const Dump& dump);
+                                              const Dump& dump, Offset from = 0);
+
+// All forms of a place: "01A2B4 = 284:2345 = A1:2345".
+[[nodiscard]] std::string PlaceText(const Fullflash& image, Offset offset);
 
 // The phone address of an offset as segment and offset in the segment: "A0:1234".
 [[nodiscard]] std::string SegmentText(const Fullflash& image, Offset offset);

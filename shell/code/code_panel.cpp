@@ -13,6 +13,7 @@
 #include "core/notation.h"
 #include "core/places.h"
 #include "document/dpp_text.h"
+#include "document/what_lies.h"
 #include "patch/pattern_walk.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
@@ -23,6 +24,7 @@
 #include "shell/services/edit_commands.h"
 #include "shell/services/ids.h"
 #include "shell/services/place_commands.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/view/place_line.h"
@@ -63,6 +65,7 @@ void CodePanel::Layout() {
 }
 
 void CodePanel::Bind() {
+  place_->from = [this] { return Here(); };
   place_->onGo = [this](Offset offset) {
     bench_.frame.ShowCode(offset, 0);
     canvas_->SetFocus();
@@ -115,9 +118,13 @@ void CodePanel::ShowView() {
 void CodePanel::LearnMore() {
   isLearnt_ = true;  // also if it fails, which is then not tried again
   try {
-    (void)bench_.document.Map(bench_.status);
+    SearchProgress progress(bench_);
+    (void)bench_.document.Map(progress);
+  } catch (const Stopped&) {
+    // shows what is known so far
   } catch (const std::length_error&) {
-    (void)bench_.document.Functions(bench_.status);  // without the map, data stays unknown
+    SearchProgress progress(bench_);
+    (void)bench_.document.Functions(progress);  // without the map, data stays unknown
   }
   if (view_) ShowView();
 }
@@ -142,6 +149,12 @@ void CodePanel::Go(Offset offset, Offset size) {
 
 Offset CodePanel::Here() const { return view_ ? canvas_->At() : 0; }
 
+bool CodePanel::StartGoTo() {
+  if (!view_) return false;
+  place_->Start();
+  return true;
+}
+
 void CodePanel::Return(Offset here) {
   if (view_ && here <= bench_.document.Image().ffEnd()) Go(here, 0);
 }
@@ -164,8 +177,8 @@ void CodePanel::ShowInformation() {
     const Offset at = canvas_->At();
     text = texts.Label(Text::ColumnOffset) + " " + OffsetText(image, at) + "    " +
            texts.Label(Text::PhoneAddress) + " " + SegmentText(image, at) + " = " + AddressText(image, at);
-    if (const std::string function = view_->Reader().FunctionAt(at); !function.empty())
-      text += "    " + function;
+    const std::string function = view_->Reader().FunctionAt(at);
+    text += "    " + (function.empty() ? WhatLiesText(bench_.document, at, texts) : function);
     if (const std::string line = view_->Reader().Read(canvas_->CursorRow()).Text(); !line.empty())
       text += "    " + line;
   } else if (bench_.document.IsOpen() && !bench_.document.Image().PageMode()) {
@@ -230,17 +243,15 @@ PanelCommands CodePanel::MakeCommands() {
     if (!view_) return {};
     return canvas_->Chosen();
   };
-  std::vector<PanelCommand> commands = {
-      {Id::FollowTarget,
-       Text::FollowTarget,
-       Text::HelpFollowTarget,
-       "",
-       [this] { Follow_Click(); },
-       any,
-       {},
-       {},
-       " (Enter)"},
-      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { place_->Start(); }, any}};
+  std::vector<PanelCommand> commands = {{Id::FollowTarget,
+                                         Text::FollowTarget,
+                                         Text::HelpFollowTarget,
+                                         "",
+                                         [this] { Follow_Click(); },
+                                         any,
+                                         {},
+                                         {},
+                                         " (Enter)"}};
   Append(commands, PlaceCommands(bench_, chosen, Id::OpenCode));
   Append(commands, {{Id::ShowFunctions, Text::Functions, Text::HelpFunctions, "Ctrl+Shift+D",
                      [this] { bench_.frame.ShowFunctions(canvas_->At()); }, any}});

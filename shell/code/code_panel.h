@@ -34,6 +34,7 @@ class CodePanel final : public Panel {
   void Recaption(const Messages& messages) override;
   [[nodiscard]] Offset Here() const override;
   void Return(Offset here) override;
+  bool StartGoTo() override;
 
   // Shows the row that holds a byte, and selects the rows of `size` bytes. The offset must be in the image.
   void Go(Offset offset, Offset size);

@@ -126,10 +126,14 @@ void ComparePanel::CompareWith_Click() {
   if (!bench_.document.IsOpen()) return;
   const auto path =
       AskForDump(bench_, Text::CompareWithAnother, path_.empty() ? bench_.document.Path() : path_);
-  if (!path) return;
-  auto second = ReadDump(bench_, *path);
+  if (path) CompareWithFile(*path);
+}
+
+void ComparePanel::CompareWithFile(const std::filesystem::path& path) {
+  if (!bench_.document.IsOpen()) return;
+  auto second = ReadDump(bench_, path);
   if (!second) return;
-  path_ = *path;
+  path_ = path;
   comparison_ = Comparison();
   List().SetRows({});  // the old rows belong to the previous second dump
   second_ = std::move(*second);

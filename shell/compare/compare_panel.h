@@ -38,6 +38,7 @@ class ComparePanel final : public ListPanel {
   // Asks for a second dump and compares it with the open one. If it cannot be read, the last comparison
   // stays.
   void CompareWith_Click();
+  void CompareWithFile(const std::filesystem::path& path);
   // Compares from the first byte of both dumps instead of by phone address, or the reverse.
   void SetFromStart(bool fromStart);
   // Makes a patch of the selected differences. Does nothing if none is selected.

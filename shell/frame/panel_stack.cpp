@@ -18,7 +18,7 @@
 namespace tarvelo {
 
 void PanelStack::Take(std::unique_ptr<Panel> panel) {
-  window_.GetSizer()->Add(&panel->Window(), 1, wxEXPAND);
+  part_.Add(&panel->Window(), 1, wxEXPAND);
   panel->Window().Hide();
   panels_.push_back(std::move(panel));
 }
@@ -34,7 +34,7 @@ void PanelStack::ShowPanel(Panel& panel) {
   menus_.ShowPanelMenu(panel.Commands(), panel.Traits().name, texts_);
   CheckMenu();
   menus_.CaptionSaveText(texts_, panel.Traits().saveTextCaption);
-  window_.GetSizer()->Layout();
+  part_.Layout();
 }
 
 void PanelStack::UnVis() {

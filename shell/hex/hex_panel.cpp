@@ -10,6 +10,7 @@
 
 #include "core/byte_text.h"
 #include "core/places.h"
+#include "document/what_lies.h"
 #include "patch/pattern_walk.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
@@ -58,6 +59,7 @@ void HexPanel::Layout() {
 }
 
 void HexPanel::Bind() {
+  place_->from = [this] { return Here(); };
   place_->onGo = [this](Offset offset) {
     bench_.frame.ShowHex(offset, 0);
     canvas_->SetFocus();
@@ -127,6 +129,7 @@ std::string HexPanel::InformationText() const {
   if (range.size > 0)
     text.append("    ").append(texts.Msg(Text::SelectedBytesLabel)) += std::to_string(range.size);
   text += "    " + Reading(Image(), range.offset);
+  text += "    " + WhatLiesText(bench_.document, range.offset, texts);
   const auto name = bench_.document.PlaceNames().At(Image().PhoneAddress(range.offset));
   if (name)
     text.append("    ").append(name->name).append(name->comment.empty() ? "" : "  ; ") += name->comment;
@@ -149,8 +152,6 @@ PanelCommands HexPanel::MakeCommands() {
 std::vector<PanelCommand> HexPanel::SearchCommands() {
   const auto any = [this] { return canvas_->HasImage(); };
   return {
-      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { GoTo_Click(); }, any},
-      {},
       {Id::Find, Text::SearchForBytes, Text::HelpSearchNextBytes, "Ctrl+F", [this] { FindBytes_Click(); },
        any},
       {Id::Next, Text::SearchAgain, Text::HelpNext, "F3", [this] { FindNext_Click(); }, any},
@@ -188,7 +189,11 @@ std::vector<PanelCommand> HexPanel::EditCommands() {
        [this] { editor_.SelectedToPatch(); }, selected}};
 }
 
-void HexPanel::GoTo_Click() { place_->Start(); }
+bool HexPanel::StartGoTo() {
+  if (!canvas_->HasImage()) return false;
+  place_->Start();
+  return true;
+}
 
 Bytes HexPanel::BytesToCopy(Text command) {
   const Region range = canvas_->Selection();

@@ -34,13 +34,13 @@ class HexPanel final : public Panel {
 
   [[nodiscard]] Offset Here() const override;
   void Return(Offset here) override;
+  bool StartGoTo() override;
 
   // Selects a region, clipped to the end of the image, and scrolls to it. It must start within the image. A
   // size of 0 only moves the cursor.
   void Go(Offset start, Offset size);
 
   // The commands.
-  void GoTo_Click();
   void CopyHex_Click();
   void CopyText_Click();
   void CopyOffset_Click();

@@ -30,6 +30,12 @@ enum : int {
   Demonstration,
   GoBack,
   GoForward,
+  PanelBar,
+  OpenInNewWindow,
+  Continue,
+  CompareRecent,  // a submenu of these
+  CompareRecent1,
+  CompareRecent5 = CompareRecent1 + 4,
 
   // --- panels ---
   Info,
@@ -54,6 +60,7 @@ enum : int {
   WhoRefers,
   NamePlace,
   CommentPlace,
+  WhatLiesHere,
   CopyOffset,
   CopyAddress,
   CopyRows,

@@ -68,6 +68,8 @@ class StatusBar final : public wxStatusBar, public Progress {
   std::int64_t first_ = 0;
   std::int64_t span_ = 1;
   Clock::time_point nextMove_;
+  Clock::time_point nextAsk_;
+  bool isStopAsked_ = false;
   int hovered_ = 0;
 };
 

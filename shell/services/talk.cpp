@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "core/progress.h"
 #include "resources/messages.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
@@ -71,6 +72,8 @@ std::optional<std::filesystem::path> Talk::SaveFile(Text title, const wxString& 
 
 void Talk::Guard(const wxString& command, const std::function<void()>& run) try {
   run();
+} catch (const Stopped&) {
+  // as the user wished
 } catch (const FileError& error) {
   TellFileError(error);
 } catch (const std::out_of_range& fault) {

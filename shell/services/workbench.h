@@ -51,6 +51,8 @@ class Frame {
   virtual void ShowReferences(Offset target) = 0;
   // Shows the list of functions, at the one that has an offset.
   virtual void ShowFunctions(Offset offset) = 0;
+  // Shows all that is known about a place.
+  virtual void ShowWhatLies(Offset offset) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
 
