@@ -33,6 +33,9 @@ class ComparePanel final : public ListPanel {
   void Build() override;
   // Drops the second dump too, but keeps its path to offer in the next file dialog.
   void Clear() override;
+  [[nodiscard]] std::optional<std::size_t> Figure() const override {
+    return stale_ ? std::nullopt : ListPanel::Figure();
+  }
   void Recaption(const Messages& messages) override;
 
   // Asks for a second dump and compares it with the open one. If it cannot be read, the last comparison

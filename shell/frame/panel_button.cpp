@@ -20,7 +20,7 @@ namespace {
 // In device-independent pixels.
 constexpr int iconSize = 16;
 constexpr int leftMargin = 9;
-constexpr int gap = 7;
+constexpr int textGap = 7;
 constexpr int longestName = 150;
 constexpr int markWidth = 3;
 
@@ -98,7 +98,7 @@ void PanelButton::Explain() {
 
 int PanelButton::NeededWidth() const {
   const int name = std::min(GetTextExtent(caption_).x, FromDIP(longestName));
-  return FromDIP(leftMargin + iconSize + 3 * gap) + name + GetTextExtent("9999").x;
+  return FromDIP(leftMargin + iconSize + 3 * textGap) + name + GetTextExtent("9999").x;
 }
 
 void PanelButton::Paint() {
@@ -130,13 +130,13 @@ void PanelButton::DrawTexts(wxDC& dc, const wxColour& colour) {
   dc.SetFont(GetFont());
   const wxSize size = GetClientSize();
   const wxSize figure = figure_.empty() ? wxSize() : dc.GetTextExtent(figure_);
-  const int left = FromDIP(leftMargin + iconSize + gap);
-  const int room = std::max(0, size.x - left - figure.x - FromDIP(figure_.empty() ? gap : 2 * gap));
+  const int left = FromDIP(leftMargin + iconSize + textGap);
+  const int room = std::max(0, size.x - left - figure.x - FromDIP(figure_.empty() ? textGap : 2 * textGap));
   const wxString name = wxControl::Ellipsize(caption_, dc, wxELLIPSIZE_END, room, wxELLIPSIZE_FLAGS_NONE);
   dc.SetTextForeground(colour);
   dc.DrawText(name, left, (size.y - dc.GetTextExtent(name).y) / 2);
   dc.SetTextForeground(Blend(colour, GetParent()->GetBackgroundColour(), 0.72));
-  dc.DrawText(figure_, size.x - figure.x - FromDIP(gap), (size.y - figure.y) / 2);
+  dc.DrawText(figure_, size.x - figure.x - FromDIP(textGap), (size.y - figure.y) / 2);
 }
 
 }  // namespace tarvelo

@@ -9,7 +9,7 @@ namespace tarvelo {
 namespace {
 
 constexpr std::chrono::milliseconds atOnce{200};  // for filtering and sorting; longer work is done in steps
-constexpr std::chrono::milliseconds step{60};
+constexpr std::chrono::milliseconds stepLength{60};
 constexpr int betweenSteps = 5;  // milliseconds
 
 }  // namespace
@@ -33,7 +33,7 @@ void ListView::Arrange() {
 
 void ListView::WorkOn() {
   if (!work_) return;
-  if (work_->Work(RowOrder::Clock::now() + step))
+  if (work_->Work(RowOrder::Clock::now() + stepLength))
     ShowOrder();
   else
     next_.StartOnce(betweenSteps);

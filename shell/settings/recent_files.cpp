@@ -9,7 +9,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr char section[] = "History";
+constexpr char historySection[] = "History";
 
 std::string Key(const char* name, std::size_t index) { return name + std::to_string(index + 1); }
 
@@ -17,7 +17,7 @@ std::string Key(const char* name, std::size_t index) { return name + std::to_str
 
 void RecentFiles::Read(const Settings& settings) {
   files_ = {};
-  for (const auto& [key, value] : settings.GetSec(section))
+  for (const auto& [key, value] : settings.GetSec(historySection))
     for (std::size_t i = 0; i < count; ++i) {
       if (ToUpper(key) == ToUpper(Key("File", i))) files_[i].path = value;
       if (ToUpper(key) == ToUpper(Key("Phone", i))) files_[i].phone = value;
@@ -32,7 +32,8 @@ void RecentFiles::Write(Settings& settings) const {
   for (const File& file : added_) all.Put(file);
   const auto write = [&settings](const std::string& key, const std::string& value) {
     // A closed gap leaves one over.
-    if (!value.empty() || !settings.GetRaw(section, key).empty()) settings.SetIni(section, key, value);
+    if (!value.empty() || !settings.GetRaw(historySection, key).empty())
+      settings.SetIni(historySection, key, value);
   };
   for (std::size_t i = 0; i < count; ++i) {
     write(Key("File", i), all.files_[i].path);
