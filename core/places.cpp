@@ -75,9 +75,13 @@ std::optional<Offset> ReadPlace(std::string_view text, PlaceKind kind, const Ful
   return OffsetOf(image, number);
 }
 
-std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form, const Dump& dump) {
+std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form, const Dump& dump,
+                                Offset from) {
   text = Trimmed(text);
   if (const auto address = dump.names.Find(text)) return OffsetOf(dump.image, *address);
+  if (text.ends_with('h') || text.ends_with('H')) text.remove_suffix(1);
+  if (text.starts_with('+')) return Within(dump.image, from + HexNumber(text.substr(1)));
+  if (text.starts_with('-')) return Within(dump.image, from - HexNumber(text.substr(1)));
   if (text.find(':') == text.npos) return ReadPlace(text, kind, dump.image);
   const bool isPage = form == ColonForm::Page;
   if (const auto offset = ReadPair(text, isPage ? addressPage : segmentSize, dump.image)) return offset;
@@ -101,6 +105,11 @@ std::optional<Region> ReadRegion(std::string_view text, const Dump& dump) {
 
 std::string RegionText(const Fullflash& image, const Region& region) {
   return OffsetText(image, region.offset) + "-" + OffsetText(image, region.End() - 1);
+}
+
+std::string PlaceText(const Fullflash& image, Offset offset) {
+  std::string text = OffsetText(image, offset) + " = " + AddressText(image, offset);
+  return image.PageMode() ? text + " = " + SegmentText(image, offset) : text;
 }
 
 std::string SegmentText(const Fullflash& image, Offset offset) {

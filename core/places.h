@@ -36,9 +36,13 @@ enum class PlaceKind { AsOffset, AsAddress };
 enum class ColonForm { Page, Segment };
 
 // Reads a place as ReadPlace does, or the name of one (Dump::names), which goes first. Two numbers with a
-// colon are `form` and offset, or the other form if that is outside the image.
+// colon are `form` and offset, or the other form if that is outside the image. "+10" and "-20" count from
+// `from`; an "h" may end the text.
 [[nodiscard]] std::optional<Offset> FindPlace(std::string_view text, PlaceKind kind, ColonForm form,
-                                              const Dump& dump);
+                                              const Dump& dump, Offset from = 0);
+
+// All forms of a place: "01A2B4 = 284:2345 = A1:2345".
+[[nodiscard]] std::string PlaceText(const Fullflash& image, Offset offset);
 
 // Reads the region "from-to", with the last byte included, or "from+size"; each place is one of FindPlace,
 // the size hexadecimal. Returns nothing unless all of it is in the image and it has a byte. Throws as

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 
 namespace tarvelo {
 
@@ -25,6 +26,29 @@ class NoProgress final : public Progress {
   void Start(std::int64_t, std::int64_t) override {}
   void At(std::int64_t) override {}
   void Finish() override {}
+};
+
+// The user has stopped a search. It found nothing, and nothing has changed.
+class Stopped final : public std::exception {
+ public:
+  [[nodiscard]] const char* what() const noexcept override { return "stopped by the user"; }
+};
+
+// Reports to another progress, and throws Stopped from At when the user wants to stop: for searches that do
+// not ask.
+class Interruptible final : public Progress {
+ public:
+  explicit Interruptible(Progress& progress) : progress_(progress) {}
+
+  void Start(std::int64_t first, std::int64_t last) override { progress_.Start(first, last); }
+  void At(std::int64_t position) override {
+    progress_.At(position);
+    if (progress_.StopAsked()) throw Stopped();
+  }
+  void Finish() override { progress_.Finish(); }
+
+ private:
+  Progress& progress_;
 };
 
 // Starts a run and finishes it at the end of the scope, even if an exception ends it.

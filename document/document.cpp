@@ -6,6 +6,17 @@
 #include "text/unicode.h"
 
 namespace tarvelo {
+namespace {
+
+std::size_t CountListed(const Explorer& explorer, const Findings& found) {
+  const std::size_t count = explorer.count(found);
+  std::size_t deleted = 0;
+  for (std::size_t record = 0; explorer.hasDeleted && record < count; ++record)
+    deleted += explorer.item(found, record).isDeleted;
+  return count - deleted;
+}
+
+}  // namespace
 
 // --- the dump ---
 
@@ -132,8 +143,9 @@ void Document::Forget() {
 
 const Findings& Document::Find(const Explorer& explorer, Progress& progress) {
   const auto known = found_.find(&explorer);
-  if (known != found_.end()) return known->second;
-  const Findings& found = found_.emplace(&explorer, explorer.search(dump_, progress)).first->second;
+  if (known != found_.end()) return known->second.findings;
+  Found made{explorer.search(dump_, progress)};
+  const Findings& found = found_.emplace(&explorer, std::move(made)).first->second.findings;
   if (explorer.model && dump_.info.Model.empty()) {
     dump_.info.Model = explorer.model(dump_, found);
     if (!dump_.info.Model.empty()) Call(modelWatches_);
@@ -143,7 +155,23 @@ const Findings& Document::Find(const Explorer& explorer, Progress& progress) {
 
 const Findings* Document::Known(const Explorer& explorer) const {
   const auto known = found_.find(&explorer);
-  return known == found_.end() ? nullptr : &known->second;
+  return known == found_.end() ? nullptr : &known->second.findings;
+}
+
+std::optional<std::size_t> Document::KnownCount(const Explorer& explorer) const {
+  const auto known = found_.find(&explorer);
+  if (known == found_.end()) return {};
+  const Found& found = known->second;
+  if (!found.listed) found.listed = CountListed(explorer, found.findings);
+  return found.listed;
+}
+
+const Layers* Document::KnownLayers(const Explorer& explorer) const {
+  const auto known = found_.find(&explorer);
+  if (known == found_.end()) return nullptr;
+  auto& layers = known->second.layers;
+  if (!layers) layers = std::make_unique<const Layers>(explorer, dump_, known->second.findings);
+  return layers.get();
 }
 
 std::shared_ptr<const FunctionList> Document::Functions(Progress& progress) {

@@ -21,6 +21,7 @@
 #include "core/image_edits.h"
 #include "core/progress.h"
 #include "document/dump_map.h"
+#include "document/layers.h"
 
 namespace tarvelo {
 
@@ -107,6 +108,10 @@ class Document {
   const Findings& Find(const Explorer& explorer, Progress& progress);
   // The findings if they are already known; null if no search was made since the last change.
   [[nodiscard]] const Findings* Known(const Explorer& explorer) const;
+  // How many things the findings list, without deleted ones; nothing before a search.
+  [[nodiscard]] std::optional<std::size_t> KnownCount(const Explorer& explorer) const;
+  // What the findings say about single places; null before a search. Valid until bytes change.
+  [[nodiscard]] const Layers* KnownLayers(const Explorer& explorer) const;
   // The functions of the current image. Known: without a search; empty if none was made yet.
   std::shared_ptr<const FunctionList> Functions(Progress& progress);
   [[nodiscard]] std::shared_ptr<const FunctionList> KnownFunctions() const;
@@ -128,7 +133,12 @@ class Document {
   std::string fileName_;
   std::filesystem::path fileStem_;
   std::filesystem::path fileDir_;
-  std::map<const Explorer*, Findings> found_;
+  struct Found {
+    Findings findings;
+    mutable std::optional<std::size_t> listed = {};          // counted when first needed
+    mutable std::unique_ptr<const Layers> layers = nullptr;  // made when first needed
+  };
+  std::map<const Explorer*, Found> found_;
   std::shared_ptr<const DumpMap> map_;
   Watches changeWatches_;
   Watches modelWatches_;

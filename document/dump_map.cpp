@@ -14,17 +14,6 @@ namespace {
 constexpr Offset blockSize = 0x10000;
 constexpr Offset headerSize = 0x100;
 
-void ClaimFirmware(const Dump& dump, Claims& claims) {
-  const Identification& info = dump.info;
-  // In images of more than 16 MiB, SigPos may lack the upper bits of the signature's offset.
-  if (info.SigPos && GetStr(dump.image.ff(), *info.SigPos + 0x80) == u"SIEMENS")
-    claims.Add({*info.SigPos, headerSize, &map::firmwareHeader, Sureness::Certain});
-  if (!info.t9) return;
-  const Offset free = info.t9->T9Free;
-  claims.Add({info.t9->T9Base, free - info.t9->T9Base, &map::t9, Sureness::Certain});
-  claims.Add({free, info.t9->Empty(), &map::t9Free, Sureness::Certain});
-}
-
 void ClaimErased(Bytes image, Claims& claims) {
   for (const Region& run : ErasedRuns(image)) {
     claims.Add({run.offset, run.size, &map::erased, Sureness::Likely});
@@ -42,9 +31,20 @@ std::span<const Claim> DumpMap::Within(Offset offset, Offset size) const {
   return {first, end};
 }
 
+void ClaimIdentified(const Dump& dump, const TakeClaim& take) {
+  const Identification& info = dump.info;
+  // In images of more than 16 MiB, SigPos may lack the upper bits of the signature's offset.
+  if (info.SigPos && GetStr(dump.image.ff(), *info.SigPos + 0x80) == u"SIEMENS")
+    take({*info.SigPos, headerSize, &map::firmwareHeader, Sureness::Certain});
+  if (!info.t9) return;
+  const Offset free = info.t9->T9Free;
+  take({info.t9->T9Base, free - info.t9->T9Base, &map::t9, Sureness::Certain});
+  take({free, info.t9->Empty(), &map::t9Free, Sureness::Certain});
+}
+
 DumpMap MapDump(const Dump& dump, const FindingsOf& findingsOf) {
   Claims claims(std::ssize(dump.image.ff()));
-  ClaimFirmware(dump, claims);
+  ClaimIdentified(dump, [&](const Claim& claim) { claims.Add(claim); });
   ClaimErased(dump.image.ff(), claims);
   for (const Explorer* explorer : Explorers())
     if (explorer->claim)

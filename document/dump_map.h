@@ -35,6 +35,9 @@ struct DumpMap {
 // Returns an explorer's findings in the dump. May throw what its search throws.
 using FindingsOf = std::function<const Findings&(const Explorer& explorer)>;
 
+// The claims of the identification: the firmware header and the T9 area.
+void ClaimIdentified(const Dump& dump, const TakeClaim& take);
+
 // Makes the map of a dump from all explorers' findings. Throws what `findingsOf` throws; the image's content
 // never makes it throw. Takes n log n time.
 [[nodiscard]] DumpMap MapDump(const Dump& dump, const FindingsOf& findingsOf);

@@ -11,6 +11,7 @@
 #include "core/notation.h"
 #include "core/places.h"
 #include "document/dpp_text.h"
+#include "document/what_lies.h"
 #include "patch/pattern_walk.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
@@ -21,6 +22,7 @@
 #include "shell/services/edit_commands.h"
 #include "shell/services/ids.h"
 #include "shell/services/place_commands.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 
@@ -129,9 +131,13 @@ void CodePanel::ShowView() {
 void CodePanel::LearnMore() {
   isLearnt_ = true;  // also if it fails, which is then not tried again
   try {
-    (void)bench_.document.Map(bench_.status);
+    SearchProgress progress(bench_);
+    (void)bench_.document.Map(progress);
+  } catch (const Stopped&) {
+    // shows what is known so far
   } catch (const std::length_error&) {
-    (void)bench_.document.Functions(bench_.status);  // without the map, data stays unknown
+    SearchProgress progress(bench_);
+    (void)bench_.document.Functions(progress);  // without the map, data stays unknown
   }
   if (view_) ShowView();
 }
@@ -180,8 +186,8 @@ std::string CodePanel::InformationText() const {
   std::string text = texts.Label(Text::ColumnOffset) + " " + OffsetText(image, at) + "    " +
                      texts.Label(Text::PhoneAddress) + " " + SegmentText(image, at) + " = " +
                      AddressText(image, at);
-  if (const std::string function = view_->Reader().FunctionAt(at); !function.empty())
-    text += "    " + function;
+  const std::string function = view_->Reader().FunctionAt(at);
+  text += "    " + (function.empty() ? WhatLiesText(bench_.document, at, texts) : function);
   if (const std::string line = view_->Reader().Read(canvas_->CursorRow()).Text(); !line.empty())
     text += "    " + line;
   return text;
@@ -242,19 +248,17 @@ PanelCommands CodePanel::MakeCommands() {
     if (!view_) return {};
     return canvas_->Chosen();
   };
-  std::vector<PanelCommand> commands = {
-      {Id::FollowTarget,
-       Text::FollowTarget,
-       Text::HelpFollowTarget,
-       "",
-       [this] { Follow_Click(); },
-       any,
-       {},
-       {},
-       " (Enter)"},
-      {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { Place().Start(); }, any}};
+  std::vector<PanelCommand> commands = {{Id::FollowTarget,
+                                         Text::FollowTarget,
+                                         Text::HelpFollowTarget,
+                                         "",
+                                         [this] { Follow_Click(); },
+                                         any,
+                                         {},
+                                         {},
+                                         " (Enter)"}};
   Append(commands, PlaceCommands(bench_, chosen, Id::OpenCode));
-  Append(commands, {{Id::FunctionsBeside, Text::FunctionsBeside, Text::HelpFunctionsBeside, "Ctrl+Shift+L",
+  Append(commands, {{Id::FunctionsBeside, Text::FunctionsBeside, Text::HelpFunctionsBeside, "Ctrl+B",
                      [this] { ShowSide(!IsSideShown()); }, any, [this] { return IsSideShown(); }},
                     {Id::ShowFunctions, Text::Functions, Text::HelpFunctions, "Ctrl+Shift+D",
                      [this] { bench_.frame.ShowFunctions(canvas_->At()); }, any}});

@@ -7,6 +7,7 @@
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
 #include "shell/services/ids.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 
@@ -96,8 +97,9 @@ void ReferencesPanel::Return(Offset here) {
 
 void ReferencesPanel::Search() {
   Document& document = bench_.document;
-  functions_ = document.Functions(bench_.status);
-  found_ = GetReferences(document.Image(), *target_, *functions_, document.Dpps(), bench_.status);
+  SearchProgress progress(bench_);
+  functions_ = document.Functions(progress);
+  found_ = GetReferences(document.Image(), *target_, *functions_, document.Dpps(), progress);
   std::ranges::stable_sort(found_, {}, &Reference::sure);
   isStale_ = false;
 }

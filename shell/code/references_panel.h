@@ -17,6 +17,9 @@ class ReferencesPanel final : public ListPanel {
   // Searches again if the image, the names or what is stated of it have changed since the last search.
   void Build() override;
   void Clear() override;
+  [[nodiscard]] std::optional<std::size_t> Figure() const override {
+    return isStale_ ? std::nullopt : ListPanel::Figure();
+  }
   void Recaption(const Messages& messages) override;
 
   // The place that the list is about, and the chosen row of it.

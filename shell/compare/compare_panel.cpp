@@ -138,10 +138,14 @@ void ComparePanel::CompareWith_Click() {
   if (!bench_.document.IsOpen()) return;
   const auto path =
       AskForDump(bench_, Text::CompareWithAnother, path_.empty() ? bench_.document.Path() : path_);
-  if (!path) return;
-  auto second = ReadDump(bench_, *path);
+  if (path) CompareWithFile(*path);
+}
+
+void ComparePanel::CompareWithFile(const std::filesystem::path& path) {
+  if (!bench_.document.IsOpen()) return;
+  auto second = ReadDump(bench_, path);
   if (!second) return;
-  path_ = *path;
+  path_ = path;
   (void)Identify(*second);  // sets its base
   ForgetRows();             // they belong to the previous second dump
   second_ = std::make_shared<const Fullflash>(*std::move(second));

@@ -35,11 +35,15 @@ class ComparePanel final : public ListPanel {
   void Build() override;
   // Drops the second dump too, but keeps its path to offer in the next file dialog.
   void Clear() override;
+  [[nodiscard]] std::optional<std::size_t> Figure() const override {
+    return stale_ ? std::nullopt : ListPanel::Figure();
+  }
   void Recaption(const Messages& messages) override;
 
   // Asks for a second dump and compares it with the open one. If it cannot be read, the last comparison
   // stays.
   void CompareWith_Click();
+  void CompareWithFile(const std::filesystem::path& path);
   // Compares from the first byte of both dumps instead of by phone address, or the reverse.
   void SetFromStart(bool fromStart);
   // Compares the functions of C166 code instead of the bytes, or the reverse.

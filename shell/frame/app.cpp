@@ -2,13 +2,24 @@
 
 #include <wx/msgdlg.h>
 
+#include "resources/texts.h"
 #include "shell/base/product.h"
+#include "shell/base/strings.h"
 #include "shell/calculator/calc166.h"
 #include "shell/frame/main.h"
 #include "shell/platform/arguments.h"
+#include "shell/platform/launcher.h"
 #include "shell/settings/interface_language.h"
+#include "shell/settings/program_files.h"
 
 namespace tarvelo {
+
+std::optional<std::string> AnswerTo(std::string_view argument, const Messages& messages) {
+  if (argument == "--version") return productTitle;
+  if (argument != "--help" && argument != "-h") return {};
+  return std::string(messages.Msg(Text::ProgramUsage)) + "\n" +
+         std::string(messages.Msg(Text::ProgramOptions));
+}
 
 bool App::OnInit() {
 #ifdef NDEBUG
@@ -22,11 +33,22 @@ bool App::OnInit() {
     calculator->Centre();
     return calculator->Show();
   }
+  if (arguments.size() == 1)
+    if (const auto answer = AnswerTo(arguments.front(), Messages(StoredLanguage(settings)))) {
+      wxMessageBox(Wx(*answer), productName, wxOK | wxICON_INFORMATION);
+      isDone_ = true;
+      return true;
+    }
   auto* window = new Main({std::move(settings)});
   window->Show();
   if (!arguments.empty()) window->OpenWhenShown(arguments.front());
+  // Each further file gets a window of its own.
+  for (std::size_t i = 1; i < arguments.size(); ++i)
+    window->Bench().programs.shel(quot(PathText(ProgramFile())) + " " + quot(arguments[i]));
   return true;
 }
+
+int App::OnRun() { return isDone_ ? 0 : wxApp::OnRun(); }
 
 bool App::OnExceptionInMainLoop() try { throw; } catch (const std::exception& fault) {
   wxMessageBox(wxString::FromUTF8(fault.what()), productName, wxOK | wxICON_ERROR);

@@ -3,13 +3,26 @@
 
 #include <wx/app.h>
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 namespace tarvelo {
+
+class Messages;
+
+// What an argument asks the program to say instead of opening a window: --help, --version.
+[[nodiscard]] std::optional<std::string> AnswerTo(std::string_view argument, const Messages& messages);
 
 class App final : public wxApp {
  public:
   bool OnInit() override;
+  int OnRun() override;
   // Reports an exception from an event that is not a command, and keeps the program running.
   bool OnExceptionInMainLoop() override;
+
+ private:
+  bool isDone_ = false;  // it has said what it was asked
 };
 
 }  // namespace tarvelo

@@ -1,5 +1,9 @@
 #include "shell/frame/dump_commands.h"
 
+#include <wx/filesys.h>
+
+#include <algorithm>
+#include <charconv>
 #include <utility>
 
 #include "resources/texts.h"
@@ -11,9 +15,11 @@
 #include "shell/patch/apply_patch.h"
 #include "shell/platform/beeper.h"
 #include "shell/services/dump_files.h"
+#include "shell/services/panel.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/unsaved_patch.h"
+#include "shell/settings/settings.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -32,7 +38,7 @@ void DumpCommands::OpenF(const std::filesystem::path& path) {
   CloseFF();
   if (!GetInfo(path)) return;
   changed_();
-  recent_.Add(PathText(path));
+  recent_.Add(PathText(path), bench_.document.Info().StatusText());
   menus_.ShowRecent(recent_);
 }
 
@@ -87,7 +93,8 @@ void DumpCommands::OpenChosen(const std::filesystem::path& path) {
 }
 
 void DumpCommands::OpenNamed(const std::string& name) {
-  if (name == "--help" || name == "-h") return bench_.talk.Tell(Wx(bench_.texts.Msg(Text::ProgramUsage)));
+  if (name.starts_with("file:"))
+    return OpenChosen(PathFrom(wxFileSystem::URLToFileName(Wx(name)).GetFullPath()));
   if (ToUpper(name).ends_with("ADR"))
     return bench_.talk.Complain(Wx(bench_.texts.Msg(Text::CantOpenAddressBooks)) + "\n\n" + Wx(name));
   std::error_code error;
@@ -96,6 +103,40 @@ void DumpCommands::OpenNamed(const std::string& name) {
 }
 
 void DumpCommands::OpenRecent(std::size_t index) { OpenChosen(PathOf(recent_[index])); }
+
+// --- where the user left off ---
+
+namespace {
+
+constexpr char session[] = "Session";
+
+// The same in every language and version.
+std::string StableName(const Panel& panel) { return std::string(Messages().Msg(panel.Traits().name)); }
+
+}  // namespace
+
+void DumpCommands::StoreHistory(Settings& settings) const {
+  recent_.Write(settings);
+  const Panel* visible = panels_.Visible();
+  if (!bench_.document.IsOpen() || !visible) return;
+  settings.SetIni(session, "File", PathText(bench_.document.Path()));
+  settings.SetIni(session, "Panel", StableName(*visible));
+  settings.SetIni(session, "Place", std::to_string(visible->Here()));
+}
+
+void DumpCommands::Continue_Click() {
+  const std::string file = bench_.settings.GetRaw(session, "File");
+  const std::string name = bench_.settings.GetRaw(session, "Panel");
+  const std::string place = bench_.settings.GetRaw(session, "Place");
+  OpenChosen(PathOf(file));
+  const auto panel =
+      std::ranges::find_if(panels_.All(), [&name](const auto& each) { return StableName(*each) == name; });
+  if (!bench_.document.IsOpen() || panel == panels_.All().end()) return;
+  panels_.ShowPanel(**panel);
+  Offset at = 0;
+  std::from_chars(place.data(), place.data() + place.size(), at);
+  (*panel)->Return(at);
+}
 
 void DumpCommands::OpenFF_Click() {
   if (WasChanged()) return;

@@ -38,10 +38,14 @@ class DumpCommands {
 
   void OpenFF_Click();
   void OpenRecent(std::size_t index);
+  // Opens the dump that was open when the program last ended, at the panel and place that were shown.
+  void Continue_Click();
   void Save_Click();
   void SaveAs_Click();
 
   [[nodiscard]] RecentFiles& Recent() { return recent_; }
+  // Stores the recent files, and where the user is.
+  void StoreHistory(Settings& settings) const;
 
  private:
   void OpenPatch(const std::filesystem::path& path);

@@ -5,6 +5,7 @@
 #include <wx/dnd.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "code/functions_explorer.h"
@@ -18,6 +19,8 @@
 #include "shell/code/references_panel.h"
 #include "shell/compare/compare_panel.h"
 #include "shell/frame/explorer_panels.h"
+#include "shell/frame/panel_bar.h"
+#include "shell/frame/what_lies_window.h"
 #include "shell/frame/wx_dialogs.h"
 #include "shell/hex/hex_panel.h"
 #include "shell/info/info_panel.h"
@@ -28,6 +31,7 @@
 #include "shell/search/hits_panel.h"
 #include "shell/services/ids.h"
 #include "shell/settings/interface_language.h"
+#include "shell/view/place_line.h"
 
 namespace tarvelo {
 namespace {
@@ -48,6 +52,25 @@ class DumpDrop final : public wxFileDropTarget {
   Main& main_;
 };
 
+// The mouse's own buttons for going back and forth, in whichever window of the main window they are pressed.
+class MouseButtons final : public wxEventFilter {
+ public:
+  explicit MouseButtons(Main& main) : main_(main) { wxEvtHandler::AddFilter(this); }
+  ~MouseButtons() override { wxEvtHandler::RemoveFilter(this); }
+
+  int FilterEvent(wxEvent& event) override {
+    const wxEventType type = event.GetEventType();
+    if (type != wxEVT_AUX1_DOWN && type != wxEVT_AUX2_DOWN) return Event_Skip;
+    const auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
+    if (!window || wxGetTopLevelParent(const_cast<wxWindow*>(window)) != &main_) return Event_Skip;
+    main_.ProcessCommand(type == wxEVT_AUX1_DOWN ? Id::GoBack : Id::GoForward);
+    return Event_Processed;
+  }
+
+ private:
+  Main& main_;
+};
+
 }  // namespace
 
 Main::Main(Surroundings surroundings)
@@ -62,17 +85,18 @@ Main::Main(Surroundings surroundings)
       talk_(*dialogs_, messages_),
       status_(new StatusBar(this)),
       bench_{document_, messages_, settings_, talk_, *status_, *beeper_, *launcher_, *this},
-      menus_(*this),
-      panels_(std::make_unique<PanelStack>(*this, menus_, messages_)) {
+      menus_(*this) {
   SetIcons(ProgramIcons());
   SetMinSize(FromDIP(wxSize(520, 340)));
   SetStatusBar(status_);
-  SetSizer(new wxBoxSizer(wxVERTICAL));
   document_.SetUsersFolder(settings_.Folder());
 
+  AddSheet();
   AddPanels();
   dumps_ = std::make_unique<DumpCommands>(bench_, *panels_, menus_, *info_, [this] {
     history_.Clear();
+    HideGoToLine();
+    if (whatLies_) whatLies_->Hide();
     UpdateMenus();
     if (calculator_) calculator_->BaseChanged();
   });
@@ -84,12 +108,18 @@ Main::Main(Surroundings surroundings)
   });
 
   menus_.ShowRecent(dumps_->Recent());
+  bar_->Show(settings_.GetIni("Window", "PanelBar") != "0");
+  GetMenuBar()->Check(Id::PanelBar, bar_->IsShown());
   ApplyLang(StoredLanguage(settings_));
   dumps_->CloseFF();
   place_.emplace(*this, settings_);
   Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
     status_->FitPanels();
     event.Skip();
+  });
+  Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    event.Skip();
+    UpdateBar();
   });
   Bind(wxEVT_MENU, [this](wxCommandEvent& event) { Run(event.GetId()); });
   Bind(wxEVT_CLOSE_WINDOW, &Main::Form_Unload, this);
@@ -100,11 +130,47 @@ Main::Main(Surroundings surroundings)
 Main::~Main() {
   wxTheApp->Unbind(wxEVT_QUERY_END_SESSION, &Main::QueryEndSession, this);
   wxTheApp->Unbind(wxEVT_END_SESSION, &Main::EndSession, this);
+  mouseButtons_.reset();
   SetEvtHandlerEnabled(false);  // the members that handle its events go first
   DestroyChildren();            // destroys the windows before the panels that they call
 }
 
+// The bar at the left, and beside it the line for going to a place above the panels.
+void Main::AddSheet() {
+  sheet_ = new wxPanel(this);
+  std::vector<int> panels;
+  for (const MenuEntry& entry : PanelEntries())
+    if (entry.kind == wxITEM_CHECK && entry.help != Text::HelpNotBuilt && entry.id != Id::PanelBar)
+      panels.push_back(entry.id);
+  bar_ = new PanelBar(sheet_, panels);
+  bar_->onRun = [this](int id) { ProcessCommand(id); };
+  bar_->onLeave = [this] {
+    if (panels_->Visible()) panels_->Visible()->FirstFocus().SetFocus();
+  };
+  goToLine_ = new PlaceLine(sheet_, bench_, ColonForm::Page);
+  goToLine_->Hide();
+  goToLine_->from = [this] { return hex_->Here(); };
+  goToLine_->Field().Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetKeyCode() == WXK_ESCAPE)
+      HideGoToLine();
+    else
+      event.Skip();
+  });
+  part_ = new wxBoxSizer(wxVERTICAL);
+  part_->Add(goToLine_, 0, wxEXPAND | wxALL, FromDIP(6));
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(bar_, 0, wxEXPAND);
+  row->Add(part_, 1, wxEXPAND);
+  sheet_->SetSizer(row);
+  sheet_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    bar_->FitWindow(event.GetSize());
+    event.Skip();
+  });
+  mouseButtons_ = std::make_unique<MouseButtons>(*this);
+}
+
 void Main::AddPanels() {
+  panels_ = std::make_unique<PanelStack>(*this, *part_, menus_, messages_);
   info_ = &panels_->Add(std::make_unique<InfoPanel>(bench_));
   for (const Explorer* explorer : Explorers()) panels_->Add(MakePanel(*explorer, bench_));
   panels_->Add(std::make_unique<DumpPanel>(bench_));
@@ -116,6 +182,22 @@ void Main::AddPanels() {
   patch_ = &panels_->Add(std::make_unique<PatchPanel>(bench_));
 }
 
+bool Main::CanShow(int panel) const {
+  const auto entry = std::ranges::find(PanelEntries(), panel, &MenuEntry::id);
+  return entry != PanelEntries().end() && (document_.IsOpen() || !entry->needsDocument);
+}
+
+void Main::UpdateBar() {
+  const Panel* visible = panels_->Visible();
+  const PanelBar::State state{.visible = visible ? visible->Traits().menuEntry : Id::None,
+                              .canGoBack = document_.IsOpen() && history_.CanGoBack(Here()),
+                              .canGoForward = document_.IsOpen() && history_.CanGoForward(),
+                              .isEnabled = [this](int id) { return id == Id::Info || CanShow(id); },
+                              .figure = [this](int id) { return panels_->Of(id)->Figure(); }};
+  bar_->Update(state);
+  menus_.EnablePlaces(state.canGoBack, state.canGoForward);
+}
+
 void Main::AcceptDrops(wxWindow& window) { window.SetDropTarget(new DumpDrop(*this)); }
 
 void Main::ApplyLang(const Language& language) {
@@ -124,6 +206,10 @@ void Main::ApplyLang(const Language& language) {
   if (settings_.GetIni("General", "Language") != language.code)
     settings_.SetIni("General", "Language", language.code);
   panels_->Recaption();
+  bar_->Recaption(messages_);
+  goToLine_->Recaption(messages_);
+  sheet_->Layout();
+  if (whatLies_) whatLies_->Renew();
   status_->Recaption(messages_);
   if (calculator_) calculator_->Recaption(messages_);
 }
@@ -216,6 +302,22 @@ void Main::ShowInPatch(Offset offset) {
 
 void Main::ShowHits(const std::string& pattern) {
   Jump([&] { hits_->Search(pattern); });
+}
+
+void Main::ShowWhatLies(Offset offset) {
+  if (!IsInside(offset)) return;
+  if (!whatLies_)
+    whatLies_ = new WhatLiesWindow(
+        this, bench_, [this](const Explorer& explorer, std::size_t record) { ShowRecord(explorer, record); });
+  whatLies_->ShowPlace(offset);
+}
+
+void Main::ShowRecord(const Explorer& explorer, std::size_t record) {
+  Jump([&] {
+    auto& panel = dynamic_cast<ExplorerPanel&>(*panels_->Of(PanelId(explorer)));
+    panels_->ShowPanel(panel);
+    panel.ShowRecord(record);
+  });
 }
 
 void Main::FollowInHex(Offset start, Offset size) {

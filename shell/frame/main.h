@@ -1,6 +1,7 @@
 // The main window: builds everything in it and runs the commands of its menus.
 #pragma once
 
+#include <wx/eventfilter.h>
 #include <wx/frame.h>
 
 #include <functional>
@@ -24,6 +25,8 @@
 #include "shell/settings/settings.h"
 #include "shell/settings/window_place.h"
 
+class wxPanel;
+
 namespace tarvelo {
 
 class Calc166;
@@ -32,8 +35,11 @@ class ComparePanel;
 class HexPanel;
 class HitsPanel;
 class InfoPanel;
+class PanelBar;
 class PatchPanel;
+class PlaceLine;
 class ReferencesPanel;
+class WhatLiesWindow;
 
 // What the window needs from outside. Tests pass substitutes.
 struct Surroundings {
@@ -54,6 +60,10 @@ class Main final : public wxFrame, private Frame {
   [[nodiscard]] DumpCommands& Dumps() { return *dumps_; }
   [[nodiscard]] PanelStack& Panels() { return *panels_; }
   [[nodiscard]] InfoPanel& InfoText() { return *info_; }
+  [[nodiscard]] PanelBar& Bar() { return *bar_; }
+  // The line for going to a place, which is shown above panels that have none of their own.
+  [[nodiscard]] PlaceLine& GoToLine() { return *goToLine_; }
+  [[nodiscard]] WhatLiesWindow* WhatLies() const { return whatLies_; }  // null until first shown
   // The address calculator's window; null while it is closed.
   [[nodiscard]] tarvelo::Calc166* AddressCalculator() const { return calculator_; }
 
@@ -70,7 +80,7 @@ class Main final : public wxFrame, private Frame {
   using Command = std::function<void()>;
 
   // --- Frame ---
-  wxWindow& Parent() override { return *this; }
+  wxWindow& Parent() override { return *sheet_; }
   void PopUpCommands(const wxPoint& place) override { Run(panels_->PopUp(place)); }
   void AcceptDrops(wxWindow& window) override;
   void ShowPanel(Panel& panel) override { panels_->ShowPanel(panel); }
@@ -84,6 +94,7 @@ class Main final : public wxFrame, private Frame {
   void ShowInPatch(Offset offset) override;
   void ShowHits(const std::string& pattern) override;
   [[nodiscard]] OtherDump Other() const override;
+  void ShowWhatLies(Offset offset) override;
   void FollowInHex(Offset start, Offset size) override;
   void OpenDump(const std::filesystem::path& path) override { dumps_->OpenChosen(path); }
   void AddInformation(const std::string& lines) override;
@@ -93,10 +104,14 @@ class Main final : public wxFrame, private Frame {
   void OpenPatch(const std::filesystem::path& file) override;
 
   void DoGiveHelp(const wxString& help, bool show) override;
+  void AddSheet();
   void AddPanels();
   void AddCommands();
   // Enables the menu entries that are usable now.
   void UpdateMenus();
+  // Shows in the bar of panels and in the menu what has changed since the last event.
+  void UpdateBar();
+  [[nodiscard]] bool CanShow(int panel) const;
 
   // Whether an offset is in the image; otherwise tells the user.
   [[nodiscard]] bool IsInside(Offset offset);
@@ -104,7 +119,12 @@ class Main final : public wxFrame, private Frame {
   [[nodiscard]] VisitedPlace Here() const;
   void Jump(const Command& go);
   void Revisit(const std::optional<VisitedPlace>& place);
+  void ShowRecord(const Explorer& explorer, std::size_t record);
 
+  void GoTo_Click();
+  void HideGoToLine();
+  void PanelBar_Click();
+  void OpenInNewWindow_Click();
   void SaveText_Click();
   void View_Click();
   void Quillo_Click();
@@ -143,6 +163,12 @@ class Main final : public wxFrame, private Frame {
   ComparePanel* compare_ = nullptr;
   PatchPanel* patch_ = nullptr;
   Calc166* calculator_ = nullptr;  // null while it is closed
+  wxPanel* sheet_ = nullptr;       // the whole window between menu and status bar
+  wxSizer* part_ = nullptr;        // of it, which the panels share
+  PanelBar* bar_ = nullptr;
+  PlaceLine* goToLine_ = nullptr;
+  WhatLiesWindow* whatLies_ = nullptr;
+  std::unique_ptr<wxEventFilter> mouseButtons_;
   Document::Watch watch_;
   std::string openWhenIdle_;
   std::optional<WindowPlace> place_;

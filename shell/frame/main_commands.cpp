@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "code/functions_explorer.h"
 #include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
@@ -11,13 +12,17 @@
 #include "shell/carry/take_names.h"
 #include "shell/compare/compare_panel.h"
 #include "shell/frame/main.h"
+#include "shell/frame/panel_bar.h"
+#include "shell/list/explorer_panel.h"
 #include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_panel.h"
 #include "shell/search/hits_panel.h"
+#include "shell/services/dump_files.h"
 #include "shell/services/ids.h"
 #include "shell/services/panel.h"
 #include "shell/services/panel_commands.h"
 #include "shell/settings/program_files.h"
+#include "shell/view/place_line.h"
 
 namespace tarvelo {
 
@@ -37,6 +42,11 @@ void Main::AddCommands() {
       {Id::FindNames, [this] { FindNames(bench_); }},
       {Id::GoBack, [this] { Revisit(history_.Back(Here())); }},
       {Id::GoForward, [this] { Revisit(history_.Forward(Here())); }},
+      {Id::GoTo, [this] { GoTo_Click(); }},
+      {Id::PanelBar, [this] { PanelBar_Click(); }},
+      {Id::OpenInNewWindow, [this] { OpenInNewWindow_Click(); }},
+      {Id::Continue, [this] { dumps_->Continue_Click(); }},
+      {Id::CompareRecent, [] {}},  // a submenu
       {Id::Help, [this] { Help_Click(); }},
       {Id::Calculator, [this] { tools_.Calculator(); }},
       {Id::Calc166_Menu, [this] { Calc166_Menu_Click(); }},
@@ -47,6 +57,10 @@ void Main::AddCommands() {
   };
   for (int i = 0; i < static_cast<int>(RecentFiles::count); ++i)
     commands_[Id::File1 + i] = [this, i] { dumps_->OpenRecent(static_cast<std::size_t>(i)); };
+  for (int i = 0; i < static_cast<int>(RecentFiles::count); ++i)
+    commands_[Id::CompareRecent1 + i] = [this, i] {
+      compare_->CompareWithFile(PathOf(dumps_->Recent()[static_cast<std::size_t>(i)]));
+    };
   for (int i = 0; i <= Id::LastLanguage - Id::FirstLanguage; ++i)
     commands_[Id::FirstLanguage + i] = [this, i] { ApplyLang(Languages()[static_cast<std::size_t>(i)]); };
 }
@@ -62,7 +76,11 @@ void Main::Run(int id) {
   if (command == commands_.end() && !panel) return;
   const wxMenuItem* entry = GetMenuBar()->FindItem(id);
   const wxString name = entry ? entry->GetItemLabelText() : wxString();
-  talk_.Guard(name, panel ? Command([this, panel] { panels_->ShowPanel(*panel); }) : command->second);
+  const auto show = [this, panel] {
+    Jump([&] { panels_->ShowPanel(*panel); });
+    panel->FirstFocus().SetFocus();
+  };
+  talk_.Guard(name, panel ? Command(show) : command->second);
   // Restores the tick, which the click itself has toggled.
   panels_->CheckMenu();
 }
@@ -77,6 +95,49 @@ void Main::OpenWhenShown(const std::string& name) {
 
 std::filesystem::path Main::Documents() const {
   return documents_.empty() ? PathFrom(wxStandardPaths::Get().GetDocumentsDir()) : documents_;
+}
+
+// --- the window ---
+
+// The line of the panel, or one above it that leads to the hex view, or from panels of code to code.
+void Main::GoTo_Click() {
+  Panel* visible = panels_->Visible();
+  if (visible && visible->StartGoTo()) return;
+  const int id = visible ? visible->Traits().menuEntry : Id::None;
+  const bool isOfCode =
+      document_.Image().PageMode() && (id == Id::References || id == PanelId(functionsExplorer));
+  goToLine_->SetForm(isOfCode ? ColonForm::Segment : ColonForm::Page);
+  goToLine_->onGo = [this, isOfCode](Offset offset) {
+    HideGoToLine();
+    if (isOfCode)
+      ShowCode(offset, 0);
+    else
+      ShowHex(offset, 0);
+  };
+  goToLine_->Show();
+  sheet_->Layout();
+  goToLine_->Start();
+}
+
+void Main::HideGoToLine() {
+  if (!goToLine_->IsShown()) return;
+  goToLine_->Hide();
+  goToLine_->ClearFault();
+  sheet_->Layout();
+  if (panels_->Visible()) panels_->Visible()->FirstFocus().SetFocus();
+}
+
+void Main::PanelBar_Click() {
+  bar_->Show(!bar_->IsShown());
+  GetMenuBar()->Check(Id::PanelBar, bar_->IsShown());
+  settings_.SetIni("Window", "PanelBar", bar_->IsShown() ? "1" : "0");
+  sheet_->Layout();
+}
+
+// The new window belongs to a process of its own, which keeps a fault in one from the other.
+void Main::OpenInNewWindow_Click() {
+  const auto path = AskForDump(bench_, Text::OpenInNewWindow, document_.Path());
+  if (path) launcher_->shel(quot(PathText(ProgramFile())) + " " + quot(PathText(*path)));
 }
 
 void Main::SaveText_Click() {
@@ -138,7 +199,7 @@ void Main::ExitM_Click() {
 
 void Main::StoreSettings() {
   tools_.Forget();
-  dumps_->Recent().Write(settings_);
+  dumps_->StoreHistory(settings_);
   patch_->Recent().Write(settings_);
   place_->Store(settings_);
 }

@@ -11,6 +11,7 @@ namespace {
 
 const std::vector<MenuEntry> fullflash = {
     {Id::OpenFF, Text::Open, Text::HelpOpenFullflash, "Ctrl+O"},
+    {Id::OpenInNewWindow, Text::OpenInNewWindow, Text::HelpOpenInNewWindow, "Ctrl+Shift+W"},
     {Id::Save, Text::Save, Text::HelpSave, "Ctrl+S", true},
     {Id::SaveAs, Text::SaveAs, Text::HelpSaveAs, "Ctrl+Shift+S", true},
     {},
@@ -52,6 +53,9 @@ const std::vector<MenuEntry> lastPanels = {
     {},
     {Id::GoBack, Text::GoBack, Text::HelpGoBack, "Alt+Left", true},
     {Id::GoForward, Text::GoForward, Text::HelpGoForward, "Alt+Right", true},
+    {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", true},
+    {},
+    {Id::PanelBar, Text::PanelBar, Text::HelpPanelBar, "F9", false, wxITEM_CHECK},
 };
 
 MenuEntry EntryOf(const PlacedPanel& panel) {
@@ -78,6 +82,7 @@ std::vector<MenuEntry> MakePanelEntries() {
 const std::vector<MenuEntry> tools = {
     {Id::Search, Text::SearchForBytes, Text::HelpSearchForBytes, "Ctrl+Shift+F", true},
     {Id::CompareWith, Text::CompareWithAnother, Text::HelpCompareWithAnother, "Ctrl+Shift+K", true},
+    {Id::CompareRecent, Text::CompareWithRecent, Text::HelpCompareWithRecent, "", true},
     {Id::OpenPatch, Text::OpenPatch, Text::HelpOpenPatch, "Ctrl+Shift+P", true},
     {Id::ApplyPatch, Text::ApplyPatchFile, Text::HelpApplyPatchFile, "Ctrl+Shift+O", true},
     {Id::TakeNamesFrom, Text::TakeNamesFrom, Text::HelpTakeNamesFrom, "", true},

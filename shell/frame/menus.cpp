@@ -58,6 +58,9 @@ Menus::Menus(wxFrame& frame) : bar_(new wxMenuBar) {
       } else if (entry.id == Id::File1) {
         recentMenu_ = menu;
         recentPosition_ = menu->GetMenuItemCount();
+      } else if (entry.id == Id::CompareRecent) {
+        compareMenu_ = new wxMenu;
+        menu->Append(entry.id, unnamed, compareMenu_);
       } else if (IsLanguage(entry.id)) {
         for (int id = Id::FirstLanguage; id <= Id::LastLanguage; ++id) menu->AppendRadioItem(id, unnamed);
       } else {
@@ -82,8 +85,11 @@ void Menus::Recaption(const Messages& messages, Text saveText) {
   for (const MenuGroup& group : MenuBarTable()) RecaptionEntries(*bar_, group, messages, saveText);
   ShowPanelMenu(panelCommands_, panelTitle_, messages);
   recentHelp_ = HelpOf(Id::File1, messages);
-  for (std::size_t i = 0; i < recentShown_; ++i)
-    bar_->FindItem(Id::File1 + static_cast<int>(i))->SetHelp(recentHelp_);
+  compareHelp_ = HelpOf(Id::CompareRecent, messages);
+  for (int i = 0; i < static_cast<int>(recentShown_); ++i) {
+    bar_->FindItem(Id::File1 + i)->SetHelp(recentHelp_);
+    bar_->FindItem(Id::CompareRecent1 + i)->SetHelp(compareHelp_);
+  }
 
   // Each language appears under its own name, whatever the current language.
   std::vector<wxString> names;
@@ -125,13 +131,17 @@ void Menus::CaptionSaveText(const Messages& messages, Text saveText) {
 }
 
 void Menus::ShowRecent(const RecentFiles& files) {
-  for (; recentShown_ > 0; --recentShown_)
+  for (; recentShown_ > 0; --recentShown_) {
     recentMenu_->Destroy(Id::File1 + static_cast<int>(recentShown_) - 1);
+    compareMenu_->Destroy(Id::CompareRecent1 + static_cast<int>(recentShown_) - 1);
+  }
   for (std::size_t i = 0; i < RecentFiles::count && !files[i].empty(); ++i) {
+    const int number = static_cast<int>(i);
     wxString path = Wx(files[i]);
     path.Replace("&", "&&");
-    recentMenu_->Insert(recentPosition_ + i, Id::File1 + static_cast<int>(i),
-                        wxString::Format("&%d ", static_cast<int>(i) + 1) + path, recentHelp_);
+    const wxString caption = wxString::Format("&%d ", number + 1) + path;
+    recentMenu_->Insert(recentPosition_ + i, Id::File1 + number, caption, recentHelp_);
+    compareMenu_->Append(Id::CompareRecent1 + number, caption, compareHelp_);
     ++recentShown_;
   }
 }
@@ -145,7 +155,12 @@ void Menus::Enable(bool documentOpen, const std::function<bool(int id)>& hasHand
 
 void Menus::CheckPanel(int shown) {
   for (const MenuEntry& entry : PanelEntries())
-    if (entry.kind == wxITEM_CHECK) bar_->Check(entry.id, entry.id == shown);
+    if (entry.kind == wxITEM_CHECK && entry.id != Id::PanelBar) bar_->Check(entry.id, entry.id == shown);
+}
+
+void Menus::EnablePlaces(bool canGoBack, bool canGoForward) {
+  for (const auto& [id, can] : {std::pair(Id::GoBack, canGoBack), {Id::GoForward, canGoForward}})
+    if (wxMenuItem* item = bar_->FindItem(id); item->IsEnabled() != can) item->Enable(can);
 }
 
 }  // namespace tarvelo

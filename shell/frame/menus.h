@@ -39,6 +39,9 @@ class Menus {
   // Enables each entry that has a handler and whose requirements are met.
   void Enable(bool documentOpen, const std::function<bool(int id)>& hasHandler);
 
+  // Enables going back and forth.
+  void EnablePlaces(bool canGoBack, bool canGoForward);
+
   // Ticks the entry of the visible panel, and only that one.
   void CheckPanel(int id);
 
@@ -52,6 +55,8 @@ class Menus {
   std::size_t recentPosition_ = 0;  // the position of the first one,
   std::size_t recentShown_ = 0;     // how many are shown,
   wxString recentHelp_;             // and their text in the status bar
+  wxMenu* compareMenu_ = nullptr;   // the menu of CompareRecent1 .. CompareRecent5
+  wxString compareHelp_;
 };
 
 }  // namespace tarvelo

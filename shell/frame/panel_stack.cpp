@@ -18,7 +18,7 @@
 namespace tarvelo {
 
 void PanelStack::Take(std::unique_ptr<Panel> panel) {
-  window_.GetSizer()->Add(&panel->Window(), 1, wxEXPAND);
+  part_.Add(&panel->Window(), 1, wxEXPAND);
   panel->Window().Hide();
   panels_.push_back(std::move(panel));
 }
@@ -28,7 +28,7 @@ void PanelStack::ShowPanel(Panel& panel) {
   panel.Build();
   UnVis();
   panel.Window().Show();
-  window_.GetSizer()->Layout();  // at once: what follows may draw the panel
+  part_.Layout();  // at once: what follows may draw the panel
   panel.FirstFocus().SetFocus();
   visible_ = &panel;
   ShowTitle();

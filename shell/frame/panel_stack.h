@@ -10,6 +10,7 @@
 #include "shell/services/panel.h"
 
 class wxFrame;
+class wxSizer;
 class wxWindow;
 
 namespace tarvelo {
@@ -19,9 +20,9 @@ class Messages;
 
 class PanelStack {
  public:
-  // All must outlive the stack.
-  PanelStack(wxFrame& window, Menus& menus, const Messages& texts)
-      : window_(window), menus_(menus), texts_(texts) {}
+  // All must outlive the stack. The panels are shown in a part of the window.
+  PanelStack(wxFrame& window, wxSizer& part, Menus& menus, const Messages& texts)
+      : window_(window), part_(part), menus_(menus), texts_(texts) {}
 
   // Takes ownership of a panel.
   template <typename P>
@@ -36,6 +37,7 @@ class PanelStack {
   // Hides all panels.
   void UnVis();
   [[nodiscard]] Panel* Visible() const { return visible_; }
+  [[nodiscard]] const std::vector<std::unique_ptr<Panel>>& All() const { return panels_; }
   // The panel that a menu entry shows, or null.
   [[nodiscard]] Panel* Of(int menuEntry) const;
 
@@ -55,6 +57,7 @@ class PanelStack {
   void ShowTitle();
 
   wxFrame& window_;
+  wxSizer& part_;
   Menus& menus_;
   const Messages& texts_;
   std::vector<std::unique_ptr<Panel>> panels_;

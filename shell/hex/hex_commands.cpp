@@ -45,8 +45,6 @@ PanelCommands HexPanel::MakeCommands() {
 
 std::vector<PanelCommand> HexPanel::SearchCommands() {
   return {
-      Command(Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", [this] { Place().Start(); }),
-      {},
       Command(Id::Find, Text::SearchForBytes, Text::HelpSearchNextBytes, "Ctrl+F", [this] { Find_Click(); }),
       Command(Id::Next, Text::SearchAgain, Text::HelpNext, "F3", [this] { Step_Click(true); }),
       Command(Id::Previous, Text::PreviousHit, Text::HelpPrevious, "Shift+F3",

@@ -9,6 +9,7 @@
 
 #include "core/notation.h"
 #include "core/places.h"
+#include "document/what_lies.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/hex/find_bar.h"
@@ -232,6 +233,7 @@ std::string HexPanel::InformationText() const {
                          : texts.Label(Text::ColumnOffset) + " " + OffsetText(Image(), range.offset);
   text.append("    ").append(texts.Label(Text::PhoneAddress)) += " " + AddressText(Image(), range.offset);
   text += "    " + Reading(Image(), range.offset);
+  text += "    " + WhatLiesText(bench_.document, range.offset, texts);
   const auto name = bench_.document.PlaceNames().At(Image().PhoneAddress(range.offset));
   if (name)
     text.append("    ").append(name->name).append(name->comment.empty() ? "" : "  ; ") += name->comment;

@@ -7,10 +7,12 @@
 #include <wx/statbmp.h>
 #include <wx/statbox.h>
 #include <wx/textctrl.h>
+#include <wx/wrapsizer.h>
 
 #include <algorithm>
 
 #include "core/summary.h"
+#include "document/explorers.h"
 #include "patch/patch_document.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
@@ -18,6 +20,7 @@
 #include "shell/base/program_picture.h"
 #include "shell/base/strings.h"
 #include "shell/info/welcome.h"
+#include "shell/list/explorer_panel.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/edit_commands.h"
@@ -29,6 +32,24 @@ namespace tarvelo {
 namespace {
 
 constexpr std::size_t bytesAtOnce = 1 << 18;  // appended at a time; the progress bar moves in between
+
+struct Explanation {
+  Text label;  // of a line
+  Text meaning;
+};
+
+constexpr Explanation explanations[] = {
+    {Text::LoadingBaseLabel, Text::TipLoadingBase},
+    {Text::CorrectedBaseLabel, Text::TipCorrectedBase},
+    {Text::MobileLabel, Text::TipMobileAndFirmware},
+    {Text::FirmwareLabel, Text::TipMobileAndFirmware},
+    {Text::AssemblingDateLabel, Text::TipAssemblingDate},
+    {Text::EmptyBlocksLabel, Text::TipEmptyBlocks},
+    {Text::T9BaseLabel, Text::TipT9},
+    {Text::T9ExactSizeLabel, Text::TipT9},
+    {Text::T9FullSizeLabel, Text::TipT9},
+    {Text::T9EmptyAreaLabel, Text::TipT9},
+};
 
 }  // namespace
 
@@ -46,6 +67,10 @@ InfoPanel::InfoPanel(Workbench& bench)
   PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
   welcome_ = new Welcome(sheet_, bench);
   bench.frame.AcceptDrops(*Text);
+  Text->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+    event.Skip();
+    Explain(event.GetPosition());
+  });
   watch_ = bench.document.OnModel([this] { UpdateSummary(); });
   Layout();
 }
@@ -58,6 +83,9 @@ void InfoPanel::Layout() {
   box->AddStretchSpacer(2);
   auto* margin = new wxBoxSizer(wxVERTICAL);  // the control's own margins work only on Windows
   margin->Add(Text, 1, wxEXPAND | wxALL, gap);
+  found_ = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
+  AddButtons(*found_);
+  margin->Add(found_, 0, wxEXPAND | wxALL, gap / 2);
   margin->Add(welcome_, 1, wxEXPAND);
   sheet_->SetSizer(margin);
   auto* row = new wxBoxSizer(wxHORIZONTAL);
@@ -66,10 +94,46 @@ void InfoPanel::Layout() {
   window_->SetSizer(row);
 }
 
+void InfoPanel::AddButtons(wxSizer& line) {
+  for (const Explorer* explorer : Explorers()) {
+    auto* button = new wxButton(sheet_, wxID_ANY, "-", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    button->Bind(wxEVT_BUTTON, [this, id = PanelId(*explorer)](wxCommandEvent&) { bench_.frame.Run(id); });
+    line.Add(button, 0, wxALL, window_->FromDIP(2));
+    buttons_.push_back(button);
+  }
+}
+
+void InfoPanel::ShowFigures() {
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    const Explorer& explorer = *Explorers()[i];
+    wxString label = Wx(bench_.texts.Msg(explorer.name));
+    if (const auto count = bench_.document.KnownCount(explorer)) label << wxString::Format(": %zu", *count);
+    if (buttons_[i]->GetLabelText() == label) continue;
+    buttons_[i]->SetLabelText(label);
+    buttons_[i]->SetToolTip(Wx(bench_.texts.Msg(Text::LooksFor)));
+  }
+  sheet_->Layout();
+}
+
+void InfoPanel::Explain(const wxPoint& mouse) {
+  long column = 0, line = 0;
+  if (Text->HitTest(mouse, &column, &line) == wxTE_HT_UNKNOWN) line = -1;
+  if (line == explained_) return;
+  explained_ = line;
+  const std::string text = line < 0 ? std::string() : Utf8(Text->GetLineText(line));
+  const auto found = std::ranges::find_if(explanations, [&](const Explanation& each) {
+    return !text.empty() && text.starts_with(bench_.texts.Msg(each.label));
+  });
+  if (found == std::end(explanations))
+    Text->UnsetToolTip();
+  else
+    Text->SetToolTip(Wx(bench_.texts.Msg(found->meaning)));
+}
+
 wxWindow& InfoPanel::Window() { return *window_; }
 
 wxWindow& InfoPanel::FirstFocus() {
-  if (welcome_->IsShown()) return welcome_->OpenButton();
+  if (welcome_->IsShown()) return welcome_->FirstButton();
   return *Text;
 }
 
@@ -89,6 +153,7 @@ void InfoPanel::Clear() {
 void InfoPanel::Recaption(const Messages& messages) {
   welcome_->Recaption(messages);
   UpdateSummary();
+  ShowFigures();
   platform::SetAccessibleName(*Text, Wx(messages.Msg(Traits().name)));
   window_->Layout();
 }
@@ -116,6 +181,8 @@ void InfoPanel::SetText(const wxString& text) {
   const bool hadFocus = window_->IsDescendant(wxWindow::FindFocus());
   welcome_->Show(text.empty());
   Text->Show(!text.empty());
+  found_->ShowItems(!text.empty());
+  ShowFigures();
   sheet_->Layout();
   window_->Layout();
   if (hadFocus) FirstFocus().SetFocus();
@@ -123,7 +190,10 @@ void InfoPanel::SetText(const wxString& text) {
 
 void InfoPanel::ShowRecent(const RecentFiles& files) { welcome_->ShowRecent(files); }
 
-void InfoPanel::AppendText(const wxString& text) { Text->AppendText(text); }
+void InfoPanel::AppendText(const wxString& text) {
+  Text->AppendText(text);
+  ShowFigures();
+}
 
 void InfoPanel::AddText(const std::string& name, const std::string& body) {
   if (body.empty()) return bench_.talk.Tell(Wx(bench_.texts.MsgS(Text::InformationAbsent, name)));

@@ -5,11 +5,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "shell/services/panel.h"
 #include "shell/services/panel_commands.h"
 #include "shell/services/workbench.h"
 
+class wxButton;
+class wxSizer;
 class wxStaticBitmap;
 class wxStaticBox;
 class wxStaticText;
@@ -28,7 +31,7 @@ class InfoPanel final : public Panel {
   // The button that opens a dump, until one is open.
   [[nodiscard]] wxWindow& FirstFocus() override;
   [[nodiscard]] const PanelCommands* Commands() override { return &commands_; }
-  void Build() override {}
+  void Build() override { ShowFigures(); }
   // Writes the text to the dump's path with extension ".info".
   void Save() override;
   void Clear() override;
@@ -51,6 +54,11 @@ class InfoPanel final : public Panel {
 
  private:
   void Layout();
+  // A button for each explorer, with its figure if that is known.
+  void AddButtons(wxSizer& line);
+  void ShowFigures();
+  // What the figures of the line under the mouse mean.
+  void Explain(const wxPoint& mouse);
   [[nodiscard]] wxString SummaryText() const;
   void UpdateSummary();
   void AppendLong(std::string_view text);
@@ -65,7 +73,10 @@ class InfoPanel final : public Panel {
   Document::Watch watch_;
   wxStaticBox* Frame;
   wxStaticBitmap* PicAbout;
-  Welcome* welcome_;  // shown instead of the text while that is empty
+  wxSizer* found_ = nullptr;        // the buttons,
+  std::vector<wxButton*> buttons_;  // in the order of Explorers()
+  long explained_ = -1;             // the line whose tooltip is shown
+  Welcome* welcome_;                // shown instead of the text while that is empty
 };
 
 }  // namespace tarvelo

@@ -15,6 +15,7 @@
 #include "shell/base/strings.h"
 #include "shell/services/ids.h"
 #include "shell/services/workbench.h"
+#include "shell/settings/settings.h"
 
 namespace tarvelo {
 namespace {
@@ -37,7 +38,10 @@ Welcome::Welcome(wxWindow* parent, Workbench& bench)
   auto* title = new wxStaticText(this, wxID_ANY, productName);
   title->SetFont(GetFont().Bold().Scaled(2));
   hint_ = new wxStaticText(this, wxID_ANY, wxString());
+  abilities_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                wxALIGN_CENTRE_HORIZONTAL);
   // The order of creation is the Tab order.
+  continue_ = AddButton(Id::Continue);
   open_ = AddButton(Id::OpenFF);
   recentTitle_ = new wxStaticText(this, wxID_ANY, wxString());
   for (std::size_t i = 0; i < recent_.size(); ++i) {
@@ -54,11 +58,16 @@ Welcome::Welcome(wxWindow* parent, Workbench& bench)
   });
 }
 
-// Wraps the hint to the window's width.
+// Wraps the texts to the window's width.
 void Welcome::ShowHint() {
   const int width = GetClientSize().x - FromDIP(16);
-  if (hint_->GetLabelText() != hintText_) hint_->SetLabelText(hintText_);
-  if (width > 0) hint_->Wrap(width);
+  Wrap(*hint_, hintText_, width);
+  Wrap(*abilities_, abilitiesText_, std::min(width, FromDIP(560)));
+}
+
+void Welcome::Wrap(wxStaticText& control, const wxString& text, int width) {
+  if (control.GetLabelText() != text) control.SetLabelText(text);
+  if (width > 0) control.Wrap(width);
 }
 
 wxButton* Welcome::AddButton(int id, long style) {
@@ -76,7 +85,9 @@ void Welcome::Arrange(wxWindow& title) {
   column->AddStretchSpacer(1);
   add(&title, gap);
   add(hint_, gap);
-  add(open_, 2 * gap);
+  add(abilities_, gap);
+  add(continue_, 2 * gap);
+  add(open_, gap);
   add(recentTitle_, 2 * gap);
   for (wxButton* file : recent_) add(file, 0);
   add(demonstration_, 2 * gap);
@@ -91,7 +102,9 @@ void Welcome::Arrange(wxWindow& title) {
 void Welcome::Recaption(const Messages& messages) {
   const auto text = [&messages](Text name) { return Wx(messages.Msg(name)); };
   hintText_ = text(Text::OpenOrDropFullflash);
+  abilitiesText_ = text(Text::WelcomeAbilities);
   ShowHint();
+  continue_->SetLabelText(text(Text::Continue));
   recentTitle_->SetLabelText(text(Text::RecentlyOpened));
   open_->SetLabelText(text(Text::Open));
   demonstration_->SetLabelText(text(Text::TryDemonstration));
@@ -105,12 +118,16 @@ void Welcome::ShowRecent(const RecentFiles& files) {
   const int widest = 40 * GetCharWidth();
   for (std::size_t i = 0; i < recent_.size(); ++i) {
     const wxString path = Wx(files[i]);
-    recent_[i]->SetLabelText(
-        wxControl::Ellipsize(path, dc, wxELLIPSIZE_START, widest, wxELLIPSIZE_FLAGS_NONE));
+    wxString label = wxControl::Ellipsize(path, dc, wxELLIPSIZE_START, widest, wxELLIPSIZE_FLAGS_NONE);
+    if (!files.Phone(i).empty()) label += "   " + Wx(files.Phone(i));
+    recent_[i]->SetLabelText(label);
     recent_[i]->SetToolTip(path);
     recent_[i]->Show(!path.empty());
   }
   recentTitle_->Show(!files[0].empty());
+  const std::string session = bench_.settings.GetRaw("Session", "File");
+  continue_->Show(!session.empty());
+  continue_->SetToolTip(Wx(session) + "\n" + Wx(bench_.settings.GetRaw("Session", "Panel")));
   FitInside();
   Layout();
 }

@@ -24,17 +24,21 @@ class Welcome final : public wxScrolledWindow {
   void ShowRecent(const RecentFiles& files);
 
   // The button that gets the keyboard focus first.
-  [[nodiscard]] wxButton& OpenButton() { return *open_; }
+  [[nodiscard]] wxButton& FirstButton() { return continue_->IsShown() ? *continue_ : *open_; }
 
  private:
   void Arrange(wxWindow& title);
   void ShowHint();
+  void Wrap(wxStaticText& control, const wxString& text, int width);
   // A button that runs a command.
   wxButton* AddButton(int id, long style = 0);
 
   Workbench& bench_;
   wxStaticText* hint_;
   wxString hintText_;
+  wxStaticText* abilities_;
+  wxString abilitiesText_;
+  wxButton* continue_;  // shown if the program knows where the user left off
   wxButton* open_;
   wxStaticText* recentTitle_;
   std::array<wxButton*, RecentFiles::count> recent_;

@@ -8,6 +8,7 @@
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
 #include "shell/services/ids.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
@@ -61,14 +62,19 @@ void ExplorerPanel::Search() {
   const bool isEmpty = !found_ || explorer_.count(*found_) == 0;
   const auto chosen = ChosenRecord();
   found_.reset();
+  bool isStopped = false;
   try {
-    found_ = bench_.document.Find(explorer_, bench_.status);
+    SearchProgress progress(bench_);
+    found_ = bench_.document.Find(explorer_, progress);
     isStale_ = false;
+  } catch (const Stopped&) {
+    isStopped = true;
   } catch (const std::length_error& fault) {
     const wxString cause = explorer_.tooMany ? Wx(bench_.texts.Msg(*explorer_.tooMany)) : Wx(fault.what());
     bench_.talk.TellFault(Wx(bench_.texts.Msg(explorer_.name)), cause);
   }
   ShowList(isAnnounced_);
+  if (isStopped) List().SetEmptyHint(Wx(bench_.texts.Msg(Text::SearchStopped)));
   const bool isNew = !isAnnounced_;
   ListChanged(isNew);
   if (found_) {
@@ -107,7 +113,8 @@ void ExplorerPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
   listing_.rows.captions = explorer_.captions(messages);
   List().SetCaptions(listing_.rows.captions);
-  if (!List().EmptyHint().empty()) List().SetEmptyHint(Wx(messages.Msg(Text::NothingFound)));
+  if (!List().EmptyHint().empty())
+    List().SetEmptyHint(Wx(messages.Msg(found_ ? Text::NothingFound : Text::SearchStopped)));
 }
 
 std::optional<std::size_t> ExplorerPanel::ChosenRecord() const {
@@ -135,6 +142,14 @@ void ExplorerPanel::SelectRecord(std::size_t record, bool keepFilter) {
   List().Select(row);
   isSelecting_ = false;
 }
+
+void ExplorerPanel::ShowRecord(std::size_t record) {
+  if (!found_ || record >= explorer_.count(*found_)) return;
+  if (!showDeleted_ && explorer_.hasDeleted && explorer_.item(*found_, record).isDeleted) ShowDel_Click();
+  SelectRecord(record);
+}
+
+std::optional<std::size_t> ExplorerPanel::Figure() const { return bench_.document.KnownCount(explorer_); }
 
 std::optional<Item> ExplorerPanel::ChosenItem() const {
   const auto record = ChosenRecord();

@@ -33,6 +33,11 @@ class ExplorerPanel : public ListPanel {
 
   // The listed findings; null before the first search and after a failed one.
   [[nodiscard]] const Findings* Found() const { return found_ ? &*found_ : nullptr; }
+  // Makes a record the chosen one, and lists deleted ones if it is one of them. Call Build first.
+  void ShowRecord(std::size_t record);
+  [[nodiscard]] const Explorer& What() const { return explorer_; }
+  [[nodiscard]] std::optional<std::size_t> Figure() const override;
+
   // The record of the chosen row.
   [[nodiscard]] std::optional<std::size_t> ChosenRecord() const;
 

@@ -38,6 +38,11 @@ void ListPanel::Return(Offset here) {
   if (here >= 0) list_->Select(static_cast<std::size_t>(here));
 }
 
+std::optional<std::size_t> ListPanel::Figure() const {
+  if (list_->RowCount() == 0) return {};
+  return list_->RowCount();
+}
+
 wxWindow& ListPanel::FirstFocus() { return list_->Control(); }
 
 const PanelCommands* ListPanel::Commands() {

@@ -32,6 +32,8 @@ class ListPanel : public Panel {
   // The chosen row; -1: none.
   [[nodiscard]] Offset Here() const override;
   void Return(Offset here) override;
+  // The number of rows.
+  [[nodiscard]] std::optional<std::size_t> Figure() const override;
 
   [[nodiscard]] ListView& List() const { return *list_; }
 

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <numeric>
 #include <string_view>
 
 #include "resources/messages.h"
@@ -94,6 +93,7 @@ ListView::ListView(wxWindow* parent)
   emptyHint_->Hide();
   SetSizer(column);
 
+  next_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { WorkOn(); });
   filterLine_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Filter(Utf8(filterLine_->GetValue())); });
   control_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
     if (const auto row = Selected(); row && onSelect) onSelect(*row);
@@ -134,6 +134,7 @@ wxPoint ListView::MenuPlace() const {
 
 void ListView::SetRows(TableRows rows) {
   control_->UnselectAll();
+  work_.reset();
   filter_.clear();
   filterLine_->ChangeValue(wxString());
   sortColumn_.reset();
@@ -147,11 +148,15 @@ void ListView::ReplaceRows(TableRows rows) {
   Arrange();
 }
 
-TableRows ListView::ShownRows() const {
+TableRows ListView::ShownRows() {
+  FinishOrder();
   return {rows_.captions, order_.size(), [this](std::size_t i) { return Row(order_[i]); }};
 }
 
-bool ListView::IsListed(std::size_t row) const { return std::ranges::find(order_, row) != order_.end(); }
+bool ListView::IsListed(std::size_t row) {
+  FinishOrder();
+  return std::ranges::find(order_, row) != order_.end();
+}
 
 const Table::Row& ListView::Row(std::size_t row) const {
   if (!made_ || madeIndex_ != row) made_ = rows_.row(row);
@@ -181,7 +186,7 @@ void ListView::SetCaptions(std::vector<std::string> captions) {
 
 void ListView::Reword(TableRows rows) {
   ReplaceRows(std::move(rows));
-  SelectRows(Selection());
+  if (!work_) SelectRows(Selection());
 }
 
 // Makes the columns as wide as the texts of the first rows; figures are padded to the same width in all rows.
@@ -200,53 +205,6 @@ void ListView::FitColumns() {
       control_->GetColumn(i)->SetWidth(width);
   }
   ShowCaptions();
-}
-
-bool ListView::RowHolds(std::size_t row, const std::string& upperText, std::optional<unsigned> column) const {
-  const auto holds = [&](const std::string& cell) {
-    return ToUpper(cell).find(upperText) != std::string::npos;
-  };
-  const auto& cells = Row(row).cells;
-  return column ? holds(cells[*column]) : std::ranges::any_of(cells, holds);
-}
-
-// Puts the rows on the screen in order. Those selected stay so if they are still listed.
-void ListView::Arrange() {
-  const std::vector<std::size_t> selected = Selection();
-  order_.clear();
-  if (filter_.empty()) order_.reserve(rows_.count);
-  for (std::size_t row = 0; row < rows_.count; ++row)
-    if (filter_.empty() || RowHolds(row, filter_)) order_.push_back(row);
-  if (sortColumn_) {
-    std::vector<std::pair<std::string, std::size_t>> cells;  // with their rows, which break ties
-    cells.reserve(order_.size());
-    for (const std::size_t row : order_)
-      cells.emplace_back(Row(row).cells[*sortColumn_].substr(0, longestDrawn), row);
-    std::ranges::sort(cells, [&](const auto& a, const auto& b) {
-      if (a.first == b.first) return a.second < b.second;
-      return descending_ ? b.first < a.first : a.first < b.first;
-    });
-    std::ranges::transform(cells, order_.begin(), [](const auto& cell) { return cell.second; });
-  }
-  control_->OnInternalIdle();  // scrolls to a row, for which GTK waits: that row may be gone later
-  model_->Reset(static_cast<unsigned>(order_.size()));
-  Choose(selected);
-}
-
-// Selects the listed ones of these rows and scrolls to the first of them, which becomes the current one.
-void ListView::Choose(const std::vector<std::size_t>& rows) {
-  control_->UnselectAll();
-  if (rows.empty()) return;
-  std::vector<std::size_t> places(rows_.count, order_.size());
-  for (std::size_t place = 0; place < order_.size(); ++place) places[order_[place]] = place;
-  wxDataViewItemArray items;
-  for (const std::size_t row : rows)
-    if (row < rows_.count && places[row] < order_.size())
-      items.Add(model_->GetItem(static_cast<unsigned>(places[row])));
-  if (items.empty()) return;
-  control_->SetCurrentItem(items.front());
-  control_->SetSelections(items);
-  control_->EnsureVisible(items.front());
 }
 
 std::optional<std::size_t> ListView::Selected() const {
@@ -277,12 +235,14 @@ std::vector<std::size_t> ListView::Selection() const {
 }
 
 void ListView::SelectRows(const std::vector<std::size_t>& rows) {
+  FinishOrder();
   Choose(rows);
   if (const auto current = Selected(); current && onSelect) onSelect(*current);
 }
 
 void ListView::Select(std::size_t row) {
   if (row >= rows_.count) return;
+  FinishOrder();
   if (std::ranges::find(order_, row) == order_.end()) {
     filterLine_->ChangeValue(wxString());
     Filter({});
@@ -291,6 +251,7 @@ void ListView::Select(std::size_t row) {
 }
 
 void ListView::Step(int rows) {
+  FinishOrder();
   if (order_.empty()) return;
   const auto current = Selected();
   if (!current) return Select(order_.front());
@@ -299,8 +260,9 @@ void ListView::Step(int rows) {
 }
 
 bool ListView::Find(const std::string& text, SearchFrom from, std::optional<unsigned> column) {
+  FinishOrder();
   const std::string upper = ToUpper(text);
-  const auto holds = [&](std::size_t row) { return RowHolds(row, upper, column); };
+  const auto holds = [&](std::size_t row) { return RowHolds(Row(row), upper, column); };
   const auto current = from == SearchFrom::Top ? std::nullopt : Selected();
   const auto place = current ? std::ranges::find(order_, *current) : order_.begin();
   std::optional<std::size_t> found;

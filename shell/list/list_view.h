@@ -1,15 +1,18 @@
 // The list in every explorer's panel: a table with sorting, a filter line, search, and copying of rows. Rows
-// are made only when they are drawn, so thousands of rows cost nothing.
+// are made only when they are drawn, so thousands of rows cost nothing. Long lists are sorted and filtered in
+// steps while the window stays usable; what needs all rows in order waits for the last step.
 #pragma once
 
 #include <wx/dataview.h>
 #include <wx/panel.h>
+#include <wx/timer.h>
 
 #include <functional>
 #include <optional>
 #include <vector>
 
 #include "core/table.h"
+#include "shell/list/row_order.h"
 #include "shell/services/text_search.h"
 
 class wxSearchCtrl;
@@ -44,8 +47,8 @@ class ListView final : public wxPanel {
   void SetMarkedColumns(unsigned count) { markedColumns_ = count; }
 
   // The rows as they are on the screen: in its order, and only those that the filter shows.
-  [[nodiscard]] TableRows ShownRows() const;
-  [[nodiscard]] bool IsListed(std::size_t row) const;
+  [[nodiscard]] TableRows ShownRows();
+  [[nodiscard]] bool IsListed(std::size_t row);
   // The number of rows in the list, shown or not.
   [[nodiscard]] std::size_t RowCount() const { return rows_.count; }
   // A row of the list. Valid until the next call.
@@ -95,23 +98,29 @@ class ListView final : public wxPanel {
   [[nodiscard]] wxPoint MenuPlace() const;
   void FitColumns();
   void Arrange();
+  void WorkOn();
+  void FinishOrder();
+  void ShowOrder();
+  void ResetModel();
   void Choose(const std::vector<std::size_t>& rows);
-  [[nodiscard]] bool RowHolds(std::size_t row, const std::string& upperText,
-                              std::optional<unsigned> column = {}) const;
   void ShowCaptions();
 
   TableRows rows_;
   mutable std::size_t madeIndex_ = 0;  // the index of the row made last
   mutable std::optional<Table::Row> made_;
   unsigned markedColumns_ = static_cast<unsigned>(-1);
-  std::vector<std::size_t> order_;  // the table's rows in the order on the screen
-  std::string filter_;              // in upper case
+  std::vector<std::uint32_t> order_;  // the table's rows in the order on the screen
+  std::optional<RowOrder> work_;      // the order to come
+  std::vector<std::size_t> kept_;     // the rows to select then
+  wxTimer next_;                      // goes on with it
+  std::string filter_;                // in upper case
+  std::string shownFilter_;           // that order_ was made with
   std::optional<unsigned> sortColumn_;
   bool descending_ = false;
   wxSearchCtrl* filterLine_;
   wxStaticText* emptyHint_;
   wxDataViewCtrl* control_;
-  wxObjectDataPtr<Model> model_;
+  wxObjectDataPtr<wxDataViewVirtualListModel> model_;
 };
 
 }  // namespace tarvelo

@@ -15,6 +15,7 @@
 #include "shell/map/image_strip.h"
 #include "shell/map/map_legend.h"
 #include "shell/services/ids.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
@@ -75,14 +76,19 @@ void DumpPanel::MakeMap() {
   std::vector<Offset> chosen;
   for (const std::size_t row : List().Selection()) chosen.push_back(Regions()[row].offset);
   auto map = std::make_shared<const DumpMap>();
+  bool isStopped = false;
   try {
-    map = bench_.document.Map(bench_.status);
+    SearchProgress progress(bench_);
+    map = bench_.document.Map(progress);
     isStale_ = false;
+  } catch (const Stopped&) {
+    isStopped = true;
   } catch (const std::length_error&) {
     bench_.talk.TellFault(Wx(bench_.texts.Msg(Traits().name)), Wx(bench_.texts.Msg(Text::TooManyBlocks)));
   }
   map_ = std::move(map);
   ShowMap(true);
+  List().SetEmptyHint(isStopped ? Wx(bench_.texts.Msg(Text::SearchStopped)) : wxString());
   if (chosen.empty()) chosen.push_back(0);
   std::vector<std::size_t> rows;
   for (const Offset offset : chosen)

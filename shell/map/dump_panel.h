@@ -21,6 +21,9 @@ class DumpPanel final : public ListPanel {
   // Shows the map of the current image. If a search fails, there is no map and the program says so each time.
   void Build() override;
   void Clear() override;
+  [[nodiscard]] std::optional<std::size_t> Figure() const override {
+    return isStale_ ? std::nullopt : ListPanel::Figure();
+  }
   void Recaption(const Messages& messages) override;
 
   [[nodiscard]] ImageStrip& Strip() { return *strip_; }

@@ -33,7 +33,7 @@ std::int64_t MillisecondsSince(Clock::time_point begin) {
 class InputGuard final : public wxEventFilter {
  public:
   InputGuard(Frame& frame, std::function<void()> stop)
-      : frame_(frame), window_(frame.Parent()), stop_(std::move(stop)) {
+      : frame_(frame), window_(*wxGetTopLevelParent(&frame.Parent())), stop_(std::move(stop)) {
     wxEvtHandler::AddFilter(this);
   }
   ~InputGuard() override {

@@ -17,6 +17,9 @@ class HitsPanel final : public ListPanel {
   // Searches again if the image has changed since the last search.
   void Build() override;
   void Clear() override;
+  [[nodiscard]] std::optional<std::size_t> Figure() const override {
+    return isStale_ ? std::nullopt : ListPanel::Figure();
+  }
   void Recaption(const Messages& messages) override;
 
   // Asks for a pattern, searches the whole image, adds the hits to the information text and lists them.

@@ -2,7 +2,7 @@
 
 #include "document/code_change.h"
 #include "shell/base/strings.h"
-#include "shell/services/status_bar.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 
@@ -11,7 +11,8 @@ namespace tarvelo {
 void ShowChangeAsCode(Workbench& bench, const Change& change) {
   Document& document = bench.document;
   if (!document.Image().PageMode()) return bench.talk.Complain(Text::NoCodeInLargeImage);
-  const std::string text = InstructionsOf(change, document.Image(), *document.Functions(bench.status));
+  SearchProgress progress(bench);
+  const std::string text = InstructionsOf(change, document.Image(), *document.Functions(progress));
   if (text.empty()) return bench.talk.Complain(Text::DataOutsideImage);
   bench.talk.Announce(Wx(bench.texts.Msg(Text::ChangeAsCode)), Wx(text));
 }

@@ -34,6 +34,12 @@ enum : int {
   SecondDemonstration,
   GoBack,
   GoForward,
+  PanelBar,
+  OpenInNewWindow,
+  Continue,
+  CompareRecent,  // a submenu of these
+  CompareRecent1,
+  CompareRecent5 = CompareRecent1 + 4,
 
   // --- panels ---
   Info,
@@ -59,6 +65,7 @@ enum : int {
   NamePlace,
   CommentPlace,
   ShowInPatch,
+  WhatLiesHere,
   CopyOffset,
   CopyAddress,
   CopyRows,

@@ -1,6 +1,9 @@
 // A view of the open fullflash. The main window shows one panel at a time.
 #pragma once
 
+#include <cstddef>
+#include <optional>
+
 #include "resources/texts.h"
 #include "text/bytes.h"
 
@@ -40,6 +43,11 @@ class Panel {
   // Return goes there, if that place still exists.
   [[nodiscard]] virtual Offset Here() const { return 0; }
   virtual void Return(Offset here) { (void)here; }
+
+  // How many things the panel has, if that is known; never searches.
+  [[nodiscard]] virtual std::optional<std::size_t> Figure() const { return {}; }
+  // Puts the caret into the panel's own line for going to a place. False if it has none.
+  virtual bool StartGoTo() { return false; }
 
   // Prepares the panel's content. Called each time before the panel becomes visible; the panel decides what
   // needs to be done.

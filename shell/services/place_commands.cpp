@@ -44,6 +44,8 @@ std::vector<PanelCommand> PlaceCommands(Workbench& bench, std::function<std::opt
        with([&bench](const Region& region) { bench.frame.ShowCode(region.offset, 0); }), any},
       {Id::WhoRefers, Text::WhoRefers, Text::HelpWhoRefers, "Ctrl+U",
        with([&bench](const Region& region) { bench.frame.ShowReferences(region.offset); }), any},
+      {Id::WhatLiesHere, Text::WhatLiesHere, Text::HelpWhatLiesHere, "Ctrl+Shift+L",
+       with([&bench](const Region& region) { bench.frame.ShowWhatLies(region.offset); }), any},
       {Id::NamePlace, Text::NamePlace, Text::HelpNamePlace, "Ctrl+N",
        with([&bench](const Region& region) { AskAboutPlace(bench, region.offset, true); }), any},
       {Id::CommentPlace, Text::CommentPlace, Text::HelpCommentPlace, "Ctrl+M",

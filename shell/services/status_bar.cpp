@@ -102,6 +102,8 @@ void StatusBar::Start(std::int64_t first, std::int64_t last) {
   first_ = first;
   span_ = std::max<std::int64_t>(1, last - first);
   nextMove_ = Clock::now() + betweenMoves;
+  nextAsk_ = {};
+  isStopAsked_ = false;
   ProgressBar->SetValue(0);
   PlaceProgressBar();
   ProgressBar->Show();
@@ -120,7 +122,13 @@ void StatusBar::At(std::int64_t position) {
 
 void StatusBar::Finish() { ProgressBar->Hide(); }
 
-bool StatusBar::StopAsked() { return wxTheApp->IsActive() && wxGetKeyState(WXK_ESCAPE); }
+// Asking the system for a key takes long, too.
+bool StatusBar::StopAsked() {
+  const Clock::time_point now = Clock::now();
+  if (now >= nextAsk_) isStopAsked_ = wxTheApp->IsActive() && wxGetKeyState(WXK_ESCAPE);
+  if (now >= nextAsk_) nextAsk_ = now + betweenMoves;
+  return isStopAsked_;
+}
 
 void StatusBar::FitPanels() {
   int widths[panels] = {};

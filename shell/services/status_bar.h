@@ -68,22 +68,27 @@ class StatusBar final : public wxStatusBar, public Progress {
   std::int64_t first_ = 0;
   std::int64_t span_ = 1;
   Clock::time_point nextMove_;
+  Clock::time_point nextAsk_;
+  bool isStopAsked_ = false;
   int hovered_ = 0;
 };
 
-// Shows a hint in the second panel during its lifetime.
+// Shows a hint in the second panel during its lifetime. A text that replaces the hint stays.
 class StatusHint {
  public:
-  StatusHint(StatusBar& bar, const wxString& hint) : bar_(bar), before_(bar.Panel(2)) {
-    bar_.SetPanel(2, hint);
+  StatusHint(StatusBar& bar, const wxString& hint) : bar_(bar), before_(bar.Panel(2)), hint_(hint) {
+    bar_.SetPanel(2, hint_);
   }
-  ~StatusHint() { bar_.SetPanel(2, before_); }
+  ~StatusHint() {
+    if (bar_.Panel(2) == hint_) bar_.SetPanel(2, before_);
+  }
   StatusHint(const StatusHint&) = delete;
   StatusHint& operator=(const StatusHint&) = delete;
 
  private:
   StatusBar& bar_;
   wxString before_;
+  wxString hint_;
 };
 
 }  // namespace tarvelo

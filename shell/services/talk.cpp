@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "core/progress.h"
 #include "resources/messages.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
@@ -74,6 +75,8 @@ std::optional<ReviewAnswer> Talk::Show(const Review& review) { return dialogs_.S
 
 void Talk::Guard(const wxString& command, const std::function<void()>& run) try {
   run();
+} catch (const Stopped&) {
+  // as the user wished
 } catch (const FileError& error) {
   TellFileError(error);
 } catch (const std::out_of_range& fault) {

@@ -66,6 +66,8 @@ class Frame {
   virtual void ShowInPatch(Offset offset) = 0;
   // Searches the whole image for a pattern (patch/pattern.h) and lists its hits.
   virtual void ShowHits(const std::string& pattern) = 0;
+  // Shows all that is known about a place.
+  virtual void ShowWhatLies(Offset offset) = 0;
   // Goes to a region in the hex view if that is visible.
   virtual void FollowInHex(Offset start, Offset size) = 0;
 

@@ -6,9 +6,9 @@
 
 namespace tarvelo {
 
-std::filesystem::path ProgramFolder() {
-  return PathFrom(wxStandardPaths::Get().GetExecutablePath()).parent_path();
-}
+std::filesystem::path ProgramFile() { return PathFrom(wxStandardPaths::Get().GetExecutablePath()); }
+
+std::filesystem::path ProgramFolder() { return ProgramFile().parent_path(); }
 
 std::filesystem::path DataFolder() {
   const std::filesystem::path program = ProgramFolder();

@@ -5,7 +5,8 @@
 
 namespace tarvelo {
 
-// The folder of the running program.
+// The running program, and its folder.
+[[nodiscard]] std::filesystem::path ProgramFile();
 [[nodiscard]] std::filesystem::path ProgramFolder();
 
 // The folder of its data files, such as the help pages: "../share/tarvelo" if that exists (the program is

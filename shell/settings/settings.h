@@ -2,9 +2,12 @@
 //
 //   [General]      Language     two-letter code of the interface language
 //   [History]      File1..5     the most recently opened files
+//                  Phone1..5    what they hold
+//   [Session]      File, Panel, Place   where the user left off (dump_commands.h)
 //   [Integration]  HexEditor, Quillo, Calculator   other programs, edited by the user (external_tools.h)
 //   [HexView]      how the hex view looks (hex_look.h)
 //   [Window]       Left, Top, Width, Height, Maximized   the main window's place
+//                  PanelBar     0: hidden
 //
 // A file that cannot be read counts as empty; one that cannot be written stays unchanged. The program
 // keeps keys that it does not know.

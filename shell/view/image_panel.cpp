@@ -27,6 +27,7 @@ void ImagePanel::Arrange(RowCanvas& rows, wxSizer* content) {
   all->Add(content, 1, wxEXPAND);
   all->Add(information_, 0, wxEXPAND | wxALL, gap);
   window_->SetSizer(all);
+  place_->from = [this] { return Here(); };
   place_->onGo = [this](Offset offset) {
     GoTo(offset);
     rows_->SetFocus();
@@ -49,6 +50,12 @@ void ImagePanel::PressKey(wxKeyEvent& event) {
 wxWindow& ImagePanel::Window() { return *window_; }
 
 wxWindow& ImagePanel::FirstFocus() { return *rows_; }
+
+bool ImagePanel::StartGoTo() {
+  if (!rows_->HasRows()) return false;
+  place_->Start();
+  return true;
+}
 
 void ImagePanel::Recaption(const Messages& messages) {
   place_->Recaption(messages);

@@ -20,6 +20,7 @@ class ImagePanel : public Panel {
  public:
   [[nodiscard]] wxWindow& Window() override;
   [[nodiscard]] wxWindow& FirstFocus() override;
+  bool StartGoTo() override;
   void Recaption(const Messages& messages) override;
 
   [[nodiscard]] PlaceLine& Place() { return *place_; }

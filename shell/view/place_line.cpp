@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "document/what_lies.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
@@ -36,16 +37,16 @@ PlaceLine::PlaceLine(wxWindow* parent, Workbench& bench, ColonForm form)
   const int gap = FromDIP(6);
   auto* line = new wxBoxSizer(wxHORIZONTAL);
   line->Add(caption_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-  line->Add(place_, 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
+  line->Add(place_, 2, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
   line->Add(kind_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
-  line->Add(fault_, 1, wxALIGN_CENTRE_VERTICAL);
+  line->Add(fault_, 3, wxALIGN_CENTRE_VERTICAL);
   SetSizer(line);
   place_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { Enter(); });
   place_->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
-    ClearFault();
+    ShowBeside(Wx(Understood()), false);
     event.Skip();
   });
-  kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ClearFault(); });
+  kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowBeside(Wx(Understood()), false); });
 }
 
 void PlaceLine::Start() {
@@ -53,12 +54,30 @@ void PlaceLine::Start() {
   place_->SelectAll();
 }
 
+std::optional<Offset> PlaceLine::Read(const std::string& text) const {
+  const auto kind = kind_->GetSelection() == 1 ? PlaceKind::AsAddress : PlaceKind::AsOffset;
+  return FindPlace(text, kind, form_, bench_.document.Get(), from ? from() : 0);
+}
+
+// The place that the text names so far, and what lies there; empty if it names none.
+std::string PlaceLine::Understood() const try {
+  const Document& document = bench_.document;
+  const std::string text = Utf8(place_->GetValue());
+  const auto offset = document.IsOpen() && !text.empty() ? Read(text) : std::nullopt;
+  if (!offset) return {};
+  const std::string what = WhatLiesText(document, *offset, bench_.texts);
+  return PlaceText(document.Image(), *offset) + (what.empty() ? "" : "  ") + what;
+} catch (const std::invalid_argument&) {
+  return {};
+} catch (const std::overflow_error&) {
+  return {};
+}
+
 void PlaceLine::Enter() {
   if (!bench_.document.IsOpen()) return;
   const std::string text = Utf8(place_->GetValue());
-  const auto kind = kind_->GetSelection() == 1 ? PlaceKind::AsAddress : PlaceKind::AsOffset;
   try {
-    const auto offset = FindPlace(text, kind, form_, bench_.document.Get());
+    const auto offset = Read(text);
     if (!offset) return ShowFault(Wx(bench_.texts.Msg(Text::DataOutsideImage)));
     ClearFault();
     if (onGo) onGo(*offset);
@@ -72,13 +91,15 @@ void PlaceLine::Enter() {
 void PlaceLine::ClearFault() { ShowFault(wxString()); }
 
 // Shows an error beside the line; an empty text removes it.
-void PlaceLine::ShowFault(const wxString& text) {
+void PlaceLine::ShowFault(const wxString& text) { ShowBeside(text, !text.empty()); }
+
+void PlaceLine::ShowBeside(const wxString& text, bool isFault) {
   if (fault_->GetLabelText() == text) return;
   fault_->SetLabelText(text);
   fault_->SetToolTip(text);
   const wxColour tinted =
       Blend(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW), wxColour(0xFF, 0x40, 0x40), 0.7);
-  place_->SetBackgroundColour(text.empty() ? wxNullColour : tinted);
+  place_->SetBackgroundColour(isFault ? tinted : wxNullColour);
   place_->Refresh();
 }
 
@@ -89,7 +110,7 @@ void PlaceLine::Recaption(const Messages& messages) {
   place_->SetToolTip(hint);
   platform::SetAccessibleName(*place_, hint);
   const int needed = place_->GetTextExtent(hint).x + FromDIP(24);
-  place_->SetMinSize(wxSize(std::min(needed, FromDIP(380)), -1));
+  place_->SetMinSize(wxSize(std::min(needed, FromDIP(260)), -1));
   platform::SetAccessibleName(*kind_, Wx(messages.Msg(Text::GoTo)));
   const int kind = std::max(0, kind_->GetSelection());
   kind_->Set({Wx(messages.Msg(Text::ColumnOffset)), Wx(messages.Msg(Text::PhoneAddress))});

@@ -25,6 +25,7 @@ class RowCanvas : public wxWindow {
 
   bool SetFont(const wxFont& font) override;
 
+  [[nodiscard]] bool HasRows() const { return scene_.cursor.Units() > 0; }
   void SelectAll() { SelectUnits({0, scene_.cursor.Units()}); }
 
   std::function<void()> onSelect;                           // the cursor or the selection has changed

@@ -95,6 +95,10 @@ TEST(Places, AreFoundByNameSegmentOrPage) {
   };
   for (const auto& [text, form, offset] : cases)
     EXPECT_EQ(FindPlace(text, PlaceKind::AsOffset, form, dump), offset) << text;
+  for (const auto& [text, offset] : std::initializer_list<std::pair<const char*, std::optional<Offset>>>{
+           {"+10", 0x1010}, {" -20h", 0xFE0}, {"-2000", {}}, {"+800000", {}}, {"12Ah", 0x12A}})
+    EXPECT_EQ(FindPlace(text, PlaceKind::AsOffset, Page, dump, 0x1000), offset) << text;
+  EXPECT_THROW((void)FindPlace("+", PlaceKind::AsOffset, Page, dump), std::invalid_argument);
   EXPECT_THROW((void)FindPlace("x:1", PlaceKind::AsOffset, Page, dump), std::invalid_argument);
   EXPECT_EQ(SegmentText(dump.image, 0x12345), "81:2345");
   dump.image = Erased(0x1000000);  // both forms are in the image

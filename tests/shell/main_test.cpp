@@ -127,7 +127,6 @@ TEST_F(Desk, OpensWhatTheCommandLineNames) {
   for (const auto& [name, said] :
        {std::pair<std::string, std::string>("my.adr", "!Address books can't be opened.\n\nmy.adr"),
         {"", "!Can't open file !\n\n" + ReadAdvice()},
-        {"--help", "itarvelo FILE opens a fullflash, tarvelo 166 the address calculator alone."},
         {PathText(WriteDump("dump.bin")), ""}}) {
     main->Dumps().OpenNamed(name);
     EXPECT_EQ(script.TakeSaid(), said);
