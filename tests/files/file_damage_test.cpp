@@ -80,6 +80,11 @@ const Damage damages[] = {
        v.image.Word(v.SlotOf(6030) + 2, 20);
      },
      {whole[0], whole[1], whole[2], "30 FFS/\u044F\u044F\u044F\u044F 4 1"}},
+    {"sizes of pieces, together more than the volume",
+     [](Volume& v) {
+       for (const int piece : {6023, 6025, 6027}) v.image.Word(v.SlotOf(piece) + 2, 0xFFFF);
+     },
+     {whole[0], whole[1], "22 FFS/Pics/a.bmp 196605 3", whole[3]}},
     {"a record of 0 bytes",
      [](Volume& v) { v.image.Word(v.SlotOf(6031) + 2, 0); },
      {whole[0], whole[1], whole[2], "30 FFS/b.txt 0 1"}},
