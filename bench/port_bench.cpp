@@ -36,7 +36,8 @@ struct Versions {
 std::vector<std::uint8_t> ImageOf(const FirmwareModel& firmware) {
   std::vector<std::uint8_t> bytes = firmware.Link(0x1000000).image;
   std::mt19937 random(1);
-  for (std::size_t i = bytes.size() / 2; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(random());
+  for (std::size_t i = bytes.size() / 2; i < bytes.size(); ++i)
+    bytes[i] = static_cast<std::uint8_t>(random());
   return bytes;
 }
 
@@ -51,9 +52,9 @@ const Versions& Large() {
 // The same short function again and again.
 const Versions& Clones() {
   static const Versions versions = [] {
-    const std::vector<std::uint8_t> one{0xE6, 0xFC, 0x12, 0x34, 0xF0, 0xCD, 0x00, 0xCD, 0xF2, 0xF4, 0x00, 0x80,
-                                        0x48, 0x41, 0x2D, 0x02, 0xE0, 0x14, 0x98, 0x90, 0xDA, 0x80, 0x00, 0x00,
-                                        0x98, 0x80, 0xDB, 0x00};
+    const std::vector<std::uint8_t> one{0xE6, 0xFC, 0x12, 0x34, 0xF0, 0xCD, 0x00, 0xCD, 0xF2, 0xF4,
+                                        0x00, 0x80, 0x48, 0x41, 0x2D, 0x02, 0xE0, 0x14, 0x98, 0x90,
+                                        0xDA, 0x80, 0x00, 0x00, 0x98, 0x80, 0xDB, 0x00};
     std::vector<std::uint8_t> bytes;
     while (bytes.size() < 0x800000) bytes.insert(bytes.end(), one.begin(), one.end());
     bytes.resize(0x800000);
@@ -99,8 +100,7 @@ void Port(benchmark::State& state, const Versions& (*make)(), int count, Offset 
   const std::vector<PatchChange> changes = Changes(versions, count, size, from, step);
   std::size_t ported = 0;
   for (auto _ : state)
-    for (const PortedChange& change :
-         PortChanges(changes, versions.old.image, versions.now.image, pairing))
+    for (const PortedChange& change : PortChanges(changes, versions.old.image, versions.now.image, pairing))
       ported += !change.refusal;
   state.counters["ported"] = static_cast<double>(ported);
   state.counters["goal ms"] = 2000;

@@ -6,12 +6,12 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset reach = 512;        // bytes around a place that are compared
-constexpr Offset lookAround = 96;    // bytes around a place that are looked up
+constexpr Offset reach = 512;      // bytes around a place that are compared
+constexpr Offset lookAround = 96;  // bytes around a place that are looked up
 constexpr Offset fewestAgreeing = 24;
-constexpr Offset fewestVoted = 8;    // if code says where the place is
-constexpr int fewestValues = 6;      // different bytes
-constexpr Offset votedNear = 2048;   // bytes behind the start of an object
+constexpr Offset fewestVoted = 8;         // if code says where the place is
+constexpr int fewestValues = 6;           // different bytes
+constexpr Offset votedNear = 2048;        // bytes behind the start of an object
 constexpr std::size_t mostPointers = 64;  // places that point to one function
 
 bool Has(const Fullflash& image, Offset from, Offset size) {
@@ -72,8 +72,8 @@ std::optional<Offset> DataPlaces::PointerAround(Offset old, Offset shift) const 
 DataPlaces::Window DataPlaces::Agreeing(const Region& region, Offset there, bool isOwn) const {
   const Offset shift = there - region.offset;
   const Offset least = std::max({region.offset - reach, Offset{0}, -shift});
-  const Offset end = std::min({region.End() + reach, std::ssize(old_.ff()),
-                               std::ssize(isOwn ? old_.ff() : now_.ff()) - shift});
+  const Offset end = std::min(
+      {region.End() + reach, std::ssize(old_.ff()), std::ssize(isOwn ? old_.ff() : now_.ff()) - shift});
   Window window{region.offset, region.offset};
   while (window.end < end) {
     if (Agree(window.end, window.end + shift, isOwn)) {
@@ -120,8 +120,7 @@ std::vector<Offset> DataPlaces::Candidates(const Region& region, bool isOwn) con
     while (last != pointers_.end() && last->first == first->first) ++last;
     if (first == pointers_.end() || first->first != pairing_.NewOf(unit)) continue;
     if (static_cast<std::size_t>(last - first) > mostPointers) continue;
-    for (auto pointer = first; pointer != last; ++pointer)
-      add(Offset{pointer->second} - at + region.offset);
+    for (auto pointer = first; pointer != last; ++pointer) add(Offset{pointer->second} - at + region.offset);
   }
   std::ranges::sort(candidates);
   candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
@@ -132,7 +131,8 @@ std::vector<Offset> DataPlaces::Candidates(const Region& region, bool isOwn) con
 std::optional<Offset> DataPlaces::Voted(const Region& region) const {
   const auto moved = pairing_.Votes().Before({Movable::Kind::Address, old_.PhoneAddress(region.offset)});
   if (!moved || old_.PhoneAddress(region.offset) - moved->first > votedNear) return {};
-  const Offset there = region.offset + Offset{moved->second} - moved->first + old_.CorrBase() - now_.CorrBase();
+  const Offset there =
+      region.offset + Offset{moved->second} - moved->first + old_.CorrBase() - now_.CorrBase();
   if (!Has(now_, there, region.size)) return {};
   return there;
 }
@@ -141,20 +141,25 @@ std::optional<Offset> DataPlaces::Voted(const Region& region) const {
 DataPlaces::Beside DataPlaces::BesideCode(const Region& region) const {
   const auto& old = pairing_.Old().units;
   const auto& now = pairing_.New().units;
-  const auto next = std::ranges::upper_bound(old, region.offset, {}, [](const CodeUnit& u) { return u.code.offset; });
+  const auto next =
+      std::ranges::upper_bound(old, region.offset, {}, [](const CodeUnit& u) { return u.code.offset; });
   std::optional<Offset> before, behind;
   if (next != old.begin()) {
     const auto unit = static_cast<int>(next - old.begin()) - 1;
     const Offset end = old[static_cast<std::size_t>(unit)].code.End();
-    if (const int pair = pairing_.NewOf(unit); pair >= 0 && region.offset >= end && region.offset - end <= votedNear)
+    if (const int pair = pairing_.NewOf(unit);
+        pair >= 0 && region.offset >= end && region.offset - end <= votedNear)
       before = now[static_cast<std::size_t>(pair)].code.End() + region.offset - end;
   }
   if (next != old.end()) {
     const Offset start = next->code.offset;
-    if (const int pair = pairing_.NewOf(static_cast<int>(next - old.begin())); pair >= 0 && start - region.offset <= votedNear)
+    if (const int pair = pairing_.NewOf(static_cast<int>(next - old.begin()));
+        pair >= 0 && start - region.offset <= votedNear)
       behind = now[static_cast<std::size_t>(pair)].code.offset + region.offset - start;
   }
-  const auto fits = [&](const std::optional<Offset>& place) { return place && Has(now_, *place, region.size); };
+  const auto fits = [&](const std::optional<Offset>& place) {
+    return place && Has(now_, *place, region.size);
+  };
   if (!fits(before) && !fits(behind)) return {};
   return {fits(before) ? before : behind, fits(before) && before == behind};
 }

@@ -24,8 +24,8 @@ class DataPlaces {
       : old_(old), now_(now), pairing_(pairing) {}
 
   struct Found {
-    Offset offset = 0;   // in the new dump
-    Offset agreeing = 0; // bytes of it and around it
+    Offset offset = 0;    // in the new dump
+    Offset agreeing = 0;  // bytes of it and around it
     bool isUnique = false;
     bool isUniqueInOld = false;
   };

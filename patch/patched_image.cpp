@@ -36,7 +36,8 @@ PatchedImage::PatchedImage(std::span<const PatchChange> changes, const Fullflash
   for (std::size_t i = 0; i < changes.size(); ++i) {
     const Change& change = changes[i].change;
     const Region region = OldRegion(change);
-    if (!HasRegion(old, region) || !std::ranges::equal(old.Region(region.offset, region.size), change.oldBytes))
+    if (!HasRegion(old, region) ||
+        !std::ranges::equal(old.Region(region.offset, region.size), change.oldBytes))
       continue;
     std::ranges::copy(change.newBytes, bytes_.begin() + change.offset);
     order.push_back(i);
@@ -56,7 +57,8 @@ void PatchedImage::Cut(std::span<const std::size_t> order, const CodeUnits& unit
     const auto kind = isErased ? Erased : isCode ? Code : Data;
     bool joins = false;
     if (last && last->kind == kind) {
-      if (isErased) joins = gap <= erasedGap && (gap <= 0 || IsErasedRun(old_, last->region.End(), region.offset));
+      if (isErased)
+        joins = gap <= erasedGap && (gap <= 0 || IsErasedRun(old_, last->region.End(), region.offset));
       if (isCode) joins = gap < 0;
       if (kind == Data) joins = gap <= 0 && last->region.size + region.size <= longestData;
     }
@@ -80,7 +82,8 @@ void PatchedImage::Lengthen(PatchedPiece& piece, Offset end, const CodeUnits& un
 }
 
 const PatchedPiece* PatchedImage::ErasedAt(Offset offset) const {
-  auto after = std::ranges::upper_bound(pieces_, offset, {}, [](const PatchedPiece& p) { return p.region.offset; });
+  auto after =
+      std::ranges::upper_bound(pieces_, offset, {}, [](const PatchedPiece& p) { return p.region.offset; });
   if (after == pieces_.begin()) return nullptr;
   --after;
   return after->kind == PatchedPiece::Kind::Erased && after->region.Holds(offset) ? &*after : nullptr;

@@ -27,6 +27,7 @@ class Porter {
         nearby_(old, noFunctions_),
         ported_(changes.size()) {
     maps_.code = [this](std::uint32_t address) { return Mapped(address, true); };
+    maps_.jump = [this](std::uint32_t address) { return places_.CodeInside(address); };
     maps_.data = [this](std::uint32_t address) { return Mapped(address, false); };
   }
 

@@ -19,7 +19,9 @@ struct Decoded {
   ExtRange range;
 };
 
-std::uint32_t AllBits(const Instruction& instruction) { return instruction.Size() == 4 ? 0xFFFFFFFF : 0xFFFF; }
+std::uint32_t AllBits(const Instruction& instruction) {
+  return instruction.Size() == 4 ? 0xFFFFFFFF : 0xFFFF;
+}
 
 class Carrier {
  public:
@@ -44,9 +46,7 @@ class Carrier {
   }
 
  private:
-  void Fail(std::size_t i) {
-    carried_.failed.push_back({decoded_[i].at, decoded_[i].instruction.Size()});
-  }
+  void Fail(std::size_t i) { carried_.failed.push_back({decoded_[i].at, decoded_[i].instruction.Size()}); }
 
   // The bytes of the new dump at what is at `at` in the old one.
   [[nodiscard]] Bytes There(Offset at, int size) const {
@@ -55,7 +55,15 @@ class Carrier {
     return now_.Region(there, size);
   }
 
+  // Whether an instruction of the old dump begins there; what is inside one is new, whatever its bytes.
+  [[nodiscard]] bool IsOldStart(Offset at) const {
+    const CodeUnits& old = pairing_.Old();
+    const int instruction = old.InstructionAt(at);
+    return instruction >= 0 && old.instructions[static_cast<std::size_t>(instruction)].offset == at;
+  }
+
   [[nodiscard]] bool IsUnchanged(const Decoded& decoded) const {
+    if (!IsOldStart(decoded.at)) return false;
     const auto size = static_cast<std::size_t>(decoded.instruction.Size());
     return std::ranges::equal(code_.patched.subspan(static_cast<std::size_t>(decoded.at), size),
                               old_.Region(decoded.at, decoded.instruction.Size()));
@@ -79,6 +87,7 @@ class Carrier {
     const Instruction before = Instruction::Decode(old_.ff(), decoded.at);
     const std::uint32_t moving = ~FixedBits(instruction, decoded.range) & AllBits(instruction);
     if (moving == 0) return true;
+    if (!IsOldStart(decoded.at)) return false;
     if (before.IsData() || before.Size() != instruction.Size()) return false;
     if ((~FixedBits(before, decoded.range) & AllBits(before)) != moving) return false;
     const Bytes there = There(decoded.at, instruction.Size());
@@ -152,6 +161,8 @@ class Carrier {
   [[nodiscard]] std::optional<std::uint32_t> Inside(std::uint32_t target) const {
     const Offset offset = Offset{target} - old_.CorrBase();
     if (code_.region.Holds(offset)) return NewAddress(offset);
+    const int unit = pairing_.Old().UnitAt(offset);
+    if (unit >= 0 && unit == pairing_.Old().UnitAt(code_.region.offset)) return maps_.jump(target);
     return maps_.code(target);
   }
 
@@ -167,7 +178,9 @@ class Carrier {
     const std::uint32_t word = instruction.Byte(place);
     if (word >= 0x80) return true;
     const std::uint32_t last = instruction.Byte(3);
-    const std::uint32_t bit = arg == Arg::OpcodeBit ? instruction.Op() >> 4 : arg == Arg::BitQ ? last >> 4 : last & 0xF;
+    const std::uint32_t bit = arg == Arg::OpcodeBit ? instruction.Op() >> 4
+                              : arg == Arg::BitQ    ? last >> 4
+                                                    : last & 0xF;
     const auto now = pairing_.Votes().Sure({Movable::Kind::Bit, word * 16 + bit});
     if (!now) return false;
     Byte(at + place, *now >> 4);
@@ -201,7 +214,8 @@ class Carrier {
     const Offset first = word * 16 + form.firstBit + *moved;
     const int low = std::countr_zero(mask);
     const int high = 7 - std::countl_zero(static_cast<std::uint8_t>(mask));
-    if ((first + low) >> 3 != (first + high) >> 3 || first + low < 0 || first + high >= 0x80 * 16) return false;
+    if ((first + low) >> 3 != (first + high) >> 3 || first + low < 0 || first + high >= 0x80 * 16)
+      return false;
     PutField(at, instruction, form, first, low);
     return true;
   }
@@ -234,8 +248,10 @@ class Carrier {
     const Instruction& instruction = decoded_[i].instruction;
     const int bits = (instruction.Byte(1) & 0x40) != 0 ? 14 : 16;
     std::optional<std::uint32_t> space;
-    for (std::size_t k = i + 1; k < decoded_.size() && k <= i + static_cast<std::size_t>(instruction.RangeLength()); ++k) {
-      const Movable movable = MovableOf(decoded_[k].instruction, old_.PhoneAddress(decoded_[k].at), decoded_[k].range);
+    for (std::size_t k = i + 1;
+         k < decoded_.size() && k <= i + static_cast<std::size_t>(instruction.RangeLength()); ++k) {
+      const Movable movable =
+          MovableOf(decoded_[k].instruction, old_.PhoneAddress(decoded_[k].at), decoded_[k].range);
       if (movable.kind != Movable::Kind::Address) continue;
       const auto now = maps_.data(movable.value);
       if (!now || (space && *space != *now >> bits)) return false;

@@ -13,9 +13,9 @@ namespace tarvelo {
 // A piece of patched code. Around it, `patched` and `old` are read where operands of several instructions
 // belong together.
 struct PatchedCode {
-  Bytes patched;  // the old dump with the patch in it
-  Region region;  // whole instructions of it
-  Region around;  // what is in step with the region
+  Bytes patched;     // the old dump with the patch in it
+  Region region;     // whole instructions of it
+  Region around;     // what is in step with the region
   Offset there = 0;  // where the region is in the new dump
 };
 
@@ -29,6 +29,7 @@ using MapAddress = std::function<std::optional<std::uint32_t>(std::uint32_t addr
 
 struct CarryMaps {
   MapAddress code;
+  MapAddress jump;  // within a function, whose beginning is an instruction like any other
   MapAddress data;
 };
 

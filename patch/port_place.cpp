@@ -12,10 +12,10 @@ constexpr int fewestAround = 20;   // instructions that must agree
 constexpr int fewestInside = 16;   // of them in the same unit, unless it is shorter
 constexpr int proofByLength = 40;  // so many need no evidence from elsewhere
 constexpr int mostContext = 60;
-constexpr int near = 4;      // no contradiction so near
-constexpr int far = 12;      // at most a quarter of the judged ones contradict within this
+constexpr int near = 4;        // no contradiction so near
+constexpr int far = 12;        // at most a quarter of the judged ones contradict within this
 constexpr int rivalReach = 8;  // instructions on each side that a rival shares
-constexpr int repeated = 4;  // a stretch that agrees this far on both sides may be a repetition
+constexpr int repeated = 4;    // a stretch that agrees this far on both sides may be a repetition
 
 int SizeOf(std::span<const UnitInstruction> code) { return static_cast<int>(code.size()); }
 const UnitInstruction& At(std::span<const UnitInstruction> code, int i) {
@@ -205,7 +205,11 @@ std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) con
   }
   const int around = pairing_.Old().UnitAt(offset);
   if (around < 0 || !pairing_.IsSure(around)) return {};
-  const NewPlace place = Find({offset, 2});
+  return CodeInside(address);
+}
+
+std::optional<std::uint32_t> PlaceFinder::CodeInside(std::uint32_t address) const {
+  const NewPlace place = Find({Offset{address} - old_.CorrBase(), 2});
   if (place.refusal) return {};
   return now_.PhoneAddress(place.offset);
 }

@@ -49,6 +49,8 @@ class PlaceFinder {
   // Addresses outside the image are those of internal memory.
   [[nodiscard]] std::optional<std::uint32_t> CodeAddress(std::uint32_t address) const;
   [[nodiscard]] std::optional<std::uint32_t> DataAddress(std::uint32_t address) const;
+  // Likewise of an instruction, also if a function begins with it.
+  [[nodiscard]] std::optional<std::uint32_t> CodeInside(std::uint32_t address) const;
 
  private:
   struct Match {
@@ -69,8 +71,8 @@ class PlaceFinder {
   [[nodiscard]] bool HasEvidence(const Match& match) const;
   [[nodiscard]] bool IsAmbiguous(const Match& match) const;
   [[nodiscard]] bool HasRival(const Match& match) const;
-  [[nodiscard]] bool IsRival(std::span<const UnitInstruction> old, int oldUnit, std::span<const UnitInstruction> now,
-                             int own) const;
+  [[nodiscard]] bool IsRival(std::span<const UnitInstruction> old, int oldUnit,
+                             std::span<const UnitInstruction> now, int own) const;
   [[nodiscard]] Verdict JudgeAt(const Match& match, int instruction, int shift) const;
 
   const Fullflash& old_;

@@ -9,7 +9,6 @@ namespace {
 
 using Field = ModelInstruction::Field;
 
-
 ModelInstruction Two(int a, int b) { return {{static_cast<std::uint8_t>(a), static_cast<std::uint8_t>(b)}}; }
 
 ModelInstruction Four(int a, int b, int word = 0) {

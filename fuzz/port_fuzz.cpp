@@ -1,0 +1,66 @@
+// Carries an arbitrary patch from arbitrary bytes to what an editor made of them: text, a zero, edits, bytes.
+#include <vector>
+
+#include "code/code_pairing.h"
+#include "fuzz/target.h"
+#include "patch/port.h"
+#include "patch/port_text.h"
+
+namespace {
+
+using namespace tarvelo;
+using namespace tarvelo::fuzz;
+
+// Up to seven pieces are put in, taken out or changed. Each has a place, a length and a byte.
+std::vector<std::uint8_t> Edited(Bytes bytes, Input& input) {
+  std::vector<std::uint8_t> edited(bytes.begin(), bytes.end());
+  for (int count = input.Byte() & 7; count > 0; --count) {
+    const int manner = input.Byte();
+    const auto at = edited.begin() + static_cast<Offset>(input.Word() % (edited.size() + 1));
+    const Offset size = std::min<Offset>(input.Byte(), edited.end() - at);
+    if (manner % 3 == 0)
+      edited.insert(at, static_cast<std::size_t>(size), input.Byte());
+    else if (manner % 3 == 1)
+      edited.erase(at, at + size);
+    else
+      std::fill_n(at, size, input.Byte());
+  }
+  return edited;
+}
+
+void CheckPorted(const PatchChange& change, const PortedChange& ported, const Fullflash& old,
+                 const Fullflash& now) {
+  if (ported.refusal) return Check(!ReasonOf(*ported.refusal).empty(), "a refusal has a reason");
+  const Offset size = std::ssize(change.change.newBytes);
+  Check(ported.offset >= 0 && ported.offset + size <= std::ssize(now.ff()), "a place is in the new dump");
+  Check(std::ranges::equal(ported.oldBytes, now.Region(ported.offset, size)), "its bytes stand there");
+  Check(std::ssize(ported.newBytes) == size, "as many bytes are written");
+  if (!std::ranges::equal(old.ff(), now.ff())) return;
+  Check(ported.offset == change.change.offset, "in the same dump a place stays");
+  Check(ported.newBytes == change.change.newBytes, "and so do the bytes");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Input input({data, size});
+  const std::string text = input.Text();
+  // The edits are read once the old dump, which is behind them, is known.
+  Input edits = input;
+  (void)Edited({}, input);
+  const Fullflash old = ImageOf(input.Rest());
+  if (!old.IsOpen() || old.ff().size() > 0x20000) return 0;
+  const Fullflash now(Bytes(Edited(old.ff(), edits)));
+  NoProgress progress;
+  const CodeUnits before = GetCodeUnits(old, GetFunctions(old, progress));
+  const CodeUnits after = GetCodeUnits(now, GetFunctions(now, progress));
+  const CodePairing pairing(before, old.PhoneAddress(0), after, now.PhoneAddress(0), progress);
+  const ReadPatch patch = ReadPatchText(text);
+  const std::vector<PortedChange> ported = PortChanges(patch.changes, old, now, pairing);
+  Check(ported.size() == patch.changes.size(), "each change has a result");
+  for (std::size_t i = 0; i < ported.size(); ++i) CheckPorted(patch.changes[i], ported[i], old, now);
+  const ReadPatch again = ReadPatchText(PortedText(text, patch.changes, ported));
+  const auto carried = std::ranges::count_if(ported, [](const PortedChange& p) { return !p.refusal; });
+  Check(again.invalid.empty() && std::ssize(again.changes) == carried, "the carried lines are a patch");
+  return 0;
+}

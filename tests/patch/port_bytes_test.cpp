@@ -1,0 +1,220 @@
+// What new bytes become in another version: a firmware written by hand, and the same one with everything
+// elsewhere. Expected bytes are the same source, linked for the other version.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <sstream>
+
+#include "core/fullflash.h"
+#include "patch/port.h"
+
+namespace tarvelo {
+namespace {
+
+constexpr Offset imageSize = 0x20000;
+constexpr std::uint32_t base = 0x1000000 - imageSize;
+
+struct Item {
+  std::string name;
+  std::string source;  // bytes, or references to names, separated by blanks; see Linked::Bytes
+  bool isFunction = true;
+};
+
+// Twenty instructions that no other function has in this order, and what it refers to.
+std::string Body(int number, const std::string& source) {
+  std::ostringstream body;
+  for (int k = 0; k < 20; ++k) body << "E0 " << std::hex << ((number * 37 + k * k * 5 + k * 11) & 0xFF) << ' ';
+  return body.str() + source + " DB 0";
+}
+
+// Each variable, bit and outer function is used by two functions, which is what makes it sure.
+std::vector<Item> Items() {
+  const std::string uses =
+      "F2 F4 word:near D7 40 word:page:far F2 F5 word:pof:far set:a set:b low:a:3:1 DA far:outer DA far:leaf "
+      "E6 FC word:pof:text E6 FD word:page:text";
+  return {{"leaf", Body(0, "")},
+          {"first", Body(1, uses)},
+          {"second", Body(2, uses)},
+          {"between", "12 34 56 78 9A BC", false},
+          {"third", Body(3, "DA far:second DA far:first E6 FC word:pof:text E6 FD word:page:text")},
+          {"fifth", Body(5, "F2 F5 word:near F2 F6 word:near")},
+          {"fourth", Body(4, "D7 40 word:page:far F2 F5 word:pof:far F2 F5 word:near")},
+          {"gone", Body(6, "F2 F4 word:u")},
+          {"twin", Body(6, "F2 F4 word:v")},
+          {"table", "word:off:first word:seg:first word:off:second word:seg:second word:off:third word:seg:third "
+                    "word:pof:text word:page:text word:pof:other word:page:other", false},
+          {"text", "4D 65 6E 75 20 6F 6E 65 0 53 65 74 75 70 20 74 77 6F 0 41 42 43 44 45 46 47 0", false},
+          {"other", "53 6F 6D 65 20 6F 74 68 65 72 20 77 6F 72 64 73 20 68 65 72 65 0", false}};
+}
+
+class Linked {
+ public:
+  // `values` are what is in no item: variables, bits, outer functions.
+  Linked(const std::vector<Item>& items, std::map<std::string, std::uint32_t> values)
+      : values_(std::move(values)), bytes_(imageSize, 0xFF) {
+    Offset at = 0x1000;
+    for (const Item& item : items) {
+      values_[item.name] = base + static_cast<std::uint32_t>(at);
+      const Offset size = std::ssize(Bytes(item.source));
+      if (item.isFunction) functions_.push_back({{at, size}, 1});
+      at += size + (size & 1);
+    }
+    for (const Item& item : items)
+      std::ranges::copy(Bytes(item.source), bytes_.begin() + (values_.at(item.name) - base));
+  }
+
+  // Hexadecimal bytes; far:NAME segment and offset as in CALLS; word:FORM:NAME a word of an address, its
+  // off, seg, pof or page; word:NAME; set:BIT a BSET; mov:BIT:BIT a BMOV; low:BIT:MASK:DATA a BFLDL.
+  [[nodiscard]] std::vector<std::uint8_t> Bytes(const std::string& source) const {
+    std::vector<std::uint8_t> bytes;
+    std::istringstream words(source);
+    for (std::string word; words >> word;) Append(bytes, Split(word));
+    return bytes;
+  }
+  [[nodiscard]] Offset At(const std::string& name) const { return values_.at(name) - base; }
+  [[nodiscard]] FunctionList Functions() const { return {functions_, {}}; }
+  [[nodiscard]] std::vector<std::uint8_t>& Image() { return bytes_; }
+
+ private:
+  static std::vector<std::string> Split(const std::string& word) {
+    std::vector<std::string> parts;
+    std::istringstream stream(word);
+    for (std::string part; std::getline(stream, part, ':');) parts.push_back(part);
+    return parts;
+  }
+  [[nodiscard]] std::uint32_t Value(const std::string& name) const {
+    const auto found = values_.find(name);
+    return found == values_.end() ? 0 : found->second;
+  }
+  void Append(std::vector<std::uint8_t>& bytes, const std::vector<std::string>& parts) const {
+    const auto put = [&](std::uint32_t byte) { bytes.push_back(static_cast<std::uint8_t>(byte)); };
+    const auto word = [&](std::uint32_t value) { put(value), put(value >> 8); };
+    const auto number = [](const std::string& text) { return static_cast<std::uint32_t>(std::stoul(text, nullptr, 16)); };
+    const std::uint32_t value = parts.size() > 1 ? Value(parts.back()) : 0;
+    if (parts.size() == 1) {
+      put(number(parts[0]));
+    } else if (parts[0] == "far") {
+      put(value >> 16), word(value);
+    } else if (parts[0] == "set") {
+      put((value & 0xF) << 4 | 0xF), put(value >> 4);
+    } else if (parts[0] == "mov") {
+      const std::uint32_t from = Value(parts[1]);
+      put(0x4A), put(from >> 4), put(value >> 4), put((from & 0xF) << 4 | (value & 0xF));
+    } else if (parts[0] == "low") {
+      const std::uint32_t bit = Value(parts[1]);
+      put(0x0A), put(bit >> 4), put(number(parts[2]) << (bit & 7)), put(number(parts[3]) << (bit & 7));
+    } else {
+      const std::string form = parts.size() == 3 ? parts[1] : "";
+      word(form == "pof" ? value & 0x3FFF : form == "page" ? value >> 14 : form == "seg" ? value >> 16 : value);
+    }
+  }
+
+  std::map<std::string, std::uint32_t> values_;
+  std::vector<std::uint8_t> bytes_;
+  std::vector<Function> functions_;
+};
+
+// The later version has its items in another order, behind something new.
+std::vector<Item> LaterItems() {
+  std::vector<Item> items = Items();
+  std::ranges::rotate(items, items.begin() + 2);
+  std::erase_if(items, [](const Item& item) { return item.name == "gone"; });
+  std::ranges::find(items, "fifth", &Item::name)->source.insert(0, "A8 12 ");  // an instruction in front
+  items.insert(items.begin(), {"new", Body(9, "CC 0 CC 0")});
+  return items;
+}
+
+struct Line {
+  const char* name;       // of the place
+  Offset at;              // bytes behind it
+  const char* source;     // the new bytes
+  bool isRefused = false;
+  Offset moved = 0;       // within what the name names
+};
+
+// Offsets: the 20 instructions of a body have 40 bytes; then come F2 at 40, EXTP 44, F2 48, BSET 52 and 54,
+// BFLDL 56, CALLS 60 and 64, the pair 68 and 72.
+constexpr Line lines[] = {
+    {"first", 60, "DA far:third"},
+    {"first", 64, "DA far:outer"},
+    {"second", 60, "DA 00 34 12", true},            // nothing says where 1234h went
+    {"first", 48, "F2 F6 word:pof:far"},            // in the range of an EXTP that stays
+    {"first", 50, "00 01", true},                   // there, another variable
+    {"first", 40, "D7 40 word:page:far F2 F6 word:pof:far"},
+    {"second", 40, "mov:a:b"},
+    {"second", 52, "set:b set:a"},
+    {"second", 56, "low:a:3:2"},
+    {"second", 68, "E6 FC word:pof:other"},         // half of a pair, whose page is the same in both
+    {"third", 40, "E6 FC word:off:leaf E6 FD word:seg:leaf"},
+    {"fourth", 0, "0D 13 CC"},                      // 19 words on: "F2 F5 near"; ends inside an instruction
+    {"table", 4, "word:off:fourth word:seg:fourth"},
+    {"table", 12, "word:pof:other word:page:other"},
+    {"text", 5, "5A 5A"},
+    {"first", 40, "CC 0 CC 0"},                     // the second NOP has the bytes of the address 00CCh
+    {"fifth", 40, "D EB CC 0", false, 2},           // 21 words back: to the first instruction, no more the entry
+    {"between", 2, "55"},
+    {"gone", 2, "CC 0", true},                      // only its twin is left
+};
+
+std::vector<PortedChange> Port(const Linked& old, const std::vector<std::uint8_t>& oldBytes, const Linked& now,
+                               const std::vector<std::uint8_t>& newBytes, const std::vector<PatchChange>& changes) {
+  const Fullflash before{tarvelo::Bytes(oldBytes)};
+  const Fullflash after{tarvelo::Bytes(newBytes)};
+  const CodeUnits oldUnits = GetCodeUnits(before, old.Functions());
+  const CodeUnits newUnits = GetCodeUnits(after, now.Functions());
+  NoProgress progress;
+  const CodePairing pairing(oldUnits, base, newUnits, base, progress);
+  return PortChanges(changes, before, after, pairing);
+}
+
+class PortBytes : public testing::Test {
+ protected:
+  PatchChange ChangeOf(Offset at, std::vector<std::uint8_t> bytes) {
+    const auto from = old.Image().begin() + at;
+    return {0, {at, {from, from + std::ssize(bytes)}, std::move(bytes)}};
+  }
+  std::vector<PortedChange> Ported(const std::vector<PatchChange>& changes) {
+    return Port(old, old.Image(), now, now.Image(), changes);
+  }
+
+  Linked old{Items(), {{"near", 0xCC}, {"far", 0x184010}, {"outer", 0x2000}, {"a", 0x123}, {"b", 0x210}, {"u", 0x9000}, {"v", 0x9100}}};
+  Linked now{LaterItems(), {{"near", 0x8244}, {"far", 0x188030}, {"outer", 0x2468}, {"a", 0x133}, {"b", 0x31F}, {"v", 0x9200}}};
+};
+
+TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
+  for (const Line& line : lines) {
+    SCOPED_TRACE(std::string(line.name) + " + " + std::to_string(line.at) + ": " + line.source);
+    const PortedChange ported = Ported({ChangeOf(old.At(line.name) + line.at, old.Bytes(line.source))})[0];
+    EXPECT_EQ(ported.refusal.has_value(), line.isRefused);
+    if (ported.refusal || line.isRefused) continue;
+    EXPECT_EQ(ported.offset, now.At(line.name) + line.at + line.moved);
+    EXPECT_EQ(ported.newBytes, now.Bytes(line.source));
+  }
+}
+
+// Code in an erased area, cut into lines inside its instructions, and a text behind it that looks like JMPA.
+TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
+  const std::string source = "F2 F4 word:near 2D 2 DA far:third DB 0 EA 0 20 41 0";
+  const std::vector<std::uint8_t> code = old.Bytes(source);
+  const std::vector<std::uint8_t> wanted = now.Bytes(source);
+  constexpr Offset erased = 0x18000;
+  std::vector<PatchChange> changes{ChangeOf(old.At("first") + 60, {0xDA, 0xFF, 0x00, 0x80})};
+  for (Offset at = 0; at < std::ssize(code); at += 7) {
+    const auto end = std::min<Offset>(at + 7, std::ssize(code));
+    changes.push_back(ChangeOf(erased + at, {code.begin() + at, code.begin() + end}));
+  }
+  const std::vector<PortedChange> ported = Ported(changes);
+  EXPECT_EQ(ported[0].newBytes, changes[0].change.newBytes);
+  for (std::size_t i = 1; i < ported.size(); ++i) {
+    EXPECT_EQ(ported[i].offset, changes[i].change.offset);
+    const auto first = wanted.begin() + (ported[i].offset - erased);
+    EXPECT_EQ(ported[i].newBytes, std::vector<std::uint8_t>(first, first + std::ssize(changes[i].change.newBytes)));
+  }
+  now.Image()[erased + 3] = 0;
+  for (const PortedChange& change : Ported({changes[1], changes[2]}))
+    EXPECT_EQ(change.refusal, PortRefusal::NotEmpty);
+}
+
+}  // namespace
+}  // namespace tarvelo
