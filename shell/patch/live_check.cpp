@@ -1,7 +1,5 @@
 #include "shell/patch/live_check.h"
 
-#include <wx/app.h>
-
 #include <utility>
 
 #include "document/document.h"
@@ -14,6 +12,11 @@ constexpr int longDocument = 1 << 20;  // bytes
 constexpr int pauseTime = 400;         // milliseconds
 constexpr std::size_t linesPerStep = 5000;
 
+// Makes the loop become idle once more.
+void WakeUp(wxWindow& window) {
+  window.CallAfter([] {});
+}
+
 }  // namespace
 
 LiveCheck::LiveCheck(Document& document, PatchEditor& editor, std::function<void()> done)
@@ -24,14 +27,14 @@ LiveCheck::LiveCheck(Document& document, PatchEditor& editor, std::function<void
     return check->At(line);
   };
   editor_.Bind(wxEVT_IDLE, &LiveCheck::Step, this);
-  pause_.Bind(wxEVT_TIMER, [](wxTimerEvent&) { wxWakeUpIdle(); });
+  pause_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { WakeUp(editor_); });
 }
 
 void LiveCheck::Restart() {
   check_.reset();
   isWanted_ = document_.IsOpen();
   if (isWanted_ && editor_.GetLength() > longDocument) pause_.StartOnce(pauseTime);
-  wxWakeUpIdle();
+  WakeUp(editor_);
   done_();
 }
 

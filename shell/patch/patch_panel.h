@@ -16,6 +16,7 @@
 class wxPanel;
 class wxSplitterWindow;
 class wxStaticText;
+class wxStyledTextCtrl;
 
 namespace tarvelo {
 
@@ -80,6 +81,7 @@ class PatchPanel final : public Panel {
   void ShowTotals();
   void ShowCaretLine();
   [[nodiscard]] std::optional<Change> CaretChange() const;
+  [[nodiscard]] wxStyledTextCtrl& Focused();
   [[nodiscard]] PanelCommands MakeCommands();
   [[nodiscard]] std::vector<PanelCommand> EditCommands();
   [[nodiscard]] std::vector<PanelCommand> LineCommands();

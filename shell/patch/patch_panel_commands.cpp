@@ -11,6 +11,7 @@
 #include "shell/patch/patch_work.h"
 #include "shell/services/ids.h"
 #include "shell/services/place_commands.h"
+#include "shell/view/change_view.h"
 
 namespace tarvelo {
 
@@ -22,9 +23,16 @@ PanelCommands PatchPanel::MakeCommands() {
   return PanelCommands(std::move(commands), Id::SavePatch);
 }
 
+// The text that copying and selecting are about.
+wxStyledTextCtrl& PatchPanel::Focused() {
+  if (preview_->HasFocus()) return *preview_;
+  return *Patch_;
+}
+
 std::vector<PanelCommand> PatchPanel::EditCommands() {
   const auto any = [this] { return !Patch_->IsEmpty(); };
   const auto selected = [this] { return !Patch_->GetSelectionEmpty(); };
+  const auto canCopy = [this] { return !Focused().GetSelectionEmpty(); };
   const auto canUndo = [this] { return Patch_->CanUndo(); };
   const auto canRedo = [this] { return Patch_->CanRedo(); };
   const auto canPaste = [this] { return Patch_->CanPaste(); };
@@ -33,9 +41,9 @@ std::vector<PanelCommand> PatchPanel::EditCommands() {
       {Id::Redo, Text::Redo, Text::HelpRedo, "Ctrl+Y", [this] { Patch_->Redo(); }, canRedo},
       {},
       {Id::Cut, Text::Cut, Text::HelpCut, "Ctrl+X", [this] { Patch_->Cut(); }, selected},
-      {Id::Copy, Text::Copy, Text::HelpCopy, "Ctrl+C", [this] { Patch_->Copy(); }, selected},
+      {Id::Copy, Text::Copy, Text::HelpCopy, "Ctrl+C", [this] { Focused().Copy(); }, canCopy},
       {Id::Paste, Text::Paste, Text::HelpPaste, "Ctrl+V", [this] { Patch_->Paste(); }, canPaste},
-      {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { Patch_->SelectAll(); }, any},
+      {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { Focused().SelectAll(); }, any},
       {},
       {Id::Find, Text::SearchInPatch, Text::HelpSearchText, "Ctrl+F", [this] { search_.Find(); }, any},
       {Id::FindMore, Text::SearchAgain, Text::HelpSearchAgain, "Ctrl+G", [this] { search_.FindMore(); }, any},

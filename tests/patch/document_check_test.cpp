@@ -66,6 +66,9 @@ TEST(DocumentCheck, LooksAtTheImageAsItWasOpened) {
     EXPECT_EQ(check.NextProblem(line, false), next) << line;
     EXPECT_EQ(check.NextProblem(line, true), previous) << line;
   }
+  DocumentCheck single("rubbish\n;", Sheet(image.ff()));
+  EXPECT_FALSE(single.Step(9));
+  EXPECT_EQ(single.NextProblem(1, false), 1u);
   EXPECT_EQ(check.LineOf(0x40), 2u);
   EXPECT_EQ(check.LineOf(0x3F), 1u);
   EXPECT_FALSE(check.LineOf(0x41) || check.LineOf(-1));
