@@ -71,7 +71,8 @@ TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
             "Comment on this place; Switch between hex and text; Undo; Redo; Paste; "
             "Fill with byte; Changes to patch; Changes in selection to patch;");
   EXPECT_EQ(MenuAt(3),
-            "Tools: Search for bytes; Compare with another fullflash; Apply patch file; Standard functions; "
+            "Tools: Search for bytes; Compare with another fullflash; Apply patch file; Take names "
+            "from another fullflash; Find names by patterns; Standard functions; "
             "Standard patches; Address calculator; Calculator; Open patch in Quillo;");
   EXPECT_EQ(MenuAt(5), "Help: Help; Author !;");
   const std::string copy =
