@@ -205,8 +205,8 @@ void AddOtherCommands(CLI::App& app, Command& chosen) {
   Subcommand(app, "demo", "Write the demonstration fullflash", Demo, chosen)
       .Needs("FILE", &DemoArguments::file, "The file to write")
       .Flag("--large", &DemoArguments::large, "A large image of 32 MiB instead of one of 8")
-      .Takes("--version", &DemoArguments::version, "Of the phone's firmware, to compare and carry patches",
-             {"1", "2"});
+      .Takes("--version", &DemoArguments::version,
+             "2: the later firmware of the phone, to compare with the first", {"1", "2"});
 }
 
 // --- arguments that the parser would misread ---

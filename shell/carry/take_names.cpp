@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -105,8 +106,10 @@ void OfferNames(Workbench& bench, Text title, const std::vector<FoundName>& foun
        .acceptSelected = Text::TakeSelectedNames});
   if (!answer) return;
   std::vector<Name> taken;
+  std::set<std::uint32_t> places;  // the first name of a place counts
   for (const std::size_t row : answer->selected ? *answer->selected : usual)
-    if (offers[row].CanBeTaken()) taken.push_back(offers[row].ToTake());
+    if (offers[row].CanBeTaken() && places.insert(offers[row].ToTake().address).second)
+      taken.push_back(offers[row].ToTake());
   Take(bench, taken);
 }
 

@@ -159,14 +159,15 @@ TEST_F(CarryDesk, NamesAreTakenAndFound) {
 
   Open().ReadNames();
   script.file =
-      folder.Write("list.txt", std::string("Key = F2F4???? 46FC0200 ED??\nAny = DB00\nNo = 12345678\n-\n"));
+      folder.Write("list.txt", std::string("Key = F2F4???? 46FC0200 ED??\nAny = DB00\nNo = 12345678\n-\n"
+                                           "Again = F2F4???? 46FC0200 ED??\n"));
   script.reviewed = ReviewAnswer();
   const std::string said = Said(Id::FindNames);
-  EXPECT_NE(said.find("new: 1 / 4\n"), std::string::npos) << said;
+  EXPECT_NE(said.find("new: 2 / 5\n"), std::string::npos) << said;
   for (const char* row : {"\nKey\tB16478\t316478\tnew\t\n", "\nAny\t\t\tfound more than once\t\n",
                           "\nNo\t\t\tfound nowhere\t\n"})
     EXPECT_NE(said.find(row), std::string::npos) << said;
-  EXPECT_EQ(Open().PlaceNames().NameAt(0xB16478), "Key");
+  EXPECT_EQ(ReadAll(folder / "second.names.tsv"), "B16478\tKey\r\n");  // one name for a place
   script.file = folder.Write("list.txt", std::string("; empty\n"));
   EXPECT_TRUE(SaidAtLast(Id::FindNames).starts_with("iThe file holds no patterns."));
 }
