@@ -65,11 +65,13 @@ TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
       MenuAt(1),
       "Panels: Info; Menu; EEPROM; Langpack; Pictures; Ringtones; Files; Dump; Address book; Functions; "
       "Code; References; Hex view; Search results; Comparison; Patch; Back; Forward;");
-  EXPECT_EQ(MenuAt(2),
-            "Hex view: Go to; Search for bytes; Search again; Previous hit; Copy as hex; Copy as text; "
-            "Copy offset to clipboard; Select all; Show as code; Who refers to this; Name this place; "
-            "Comment on this place; Switch between hex and text; Undo; Redo; Paste; "
-            "Fill with byte; Changes to patch; Changes in selection to patch;");
+  EXPECT_EQ(
+      MenuAt(2),
+      "Hex view: Go to; Search for bytes; Search again; Previous hit; Copy as hex; Copy as text; Copy as; "
+      "Select all; Select region; Show as code; Who refers to this; Name this place; "
+      "Comment on this place; Next change; Previous change; Next named place; Previous named place; "
+      "Switch between hex and text; Undo; Redo; Paste; Fill with bytes; Write a file here; "
+      "Changes to patch; Changes in selection to patch; Values at the cursor; Edit value; Appearance;");
   EXPECT_EQ(MenuAt(3),
             "Tools: Search for bytes; Compare with another fullflash; Apply patch file; Standard functions; "
             "Standard patches; Address calculator; Calculator; Open patch in Quillo;");
