@@ -13,7 +13,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr auto lineBytesShown = static_cast<std::size_t>(longestPatchLine);
 constexpr std::size_t patternAround = 4;         // instructions on each side that a similar place has, too
 constexpr std::size_t mostSimilar = 100;         // are counted
 constexpr Offset dataAround = 64, dataRow = 16;  // bytes

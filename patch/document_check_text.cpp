@@ -8,7 +8,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr auto lineBytesShown = static_cast<std::size_t>(longestPatchLine);
 constexpr std::string_view gap = "    ";
 constexpr Text verdictNames[lineVerdicts] = {{},
                                              Text::LineFits,

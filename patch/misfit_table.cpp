@@ -8,7 +8,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr auto bytesShown = static_cast<std::size_t>(longestPatchLine);
 
 }  // namespace
 
@@ -57,8 +56,8 @@ Table::Row MisfitTable::ChangeRow(std::size_t index) const {
   const CheckedChange& checked = check_.changes[index];
   const bool isOutside = checked.fit == Fit::Outside;
   return {{LineText(line), OffsetText(image_, change.offset),
-           isOutside ? "" : AddressText(image_, change.offset), FirstBytes(change.oldBytes, bytesShown),
-           isOutside ? Msg(Text::DataOutsideImage) : FirstBytes(checked.found, bytesShown)}};
+           isOutside ? "" : AddressText(image_, change.offset), FirstBytes(change.oldBytes, lineBytesShown),
+           isOutside ? Msg(Text::DataOutsideImage) : FirstBytes(checked.found, lineBytesShown)}};
 }
 
 // Pads line numbers to the width of the last one, so that they sort as text.

@@ -11,7 +11,8 @@ namespace tarvelo {
 // The most bytes that one line changes.
 constexpr Offset longestPatchLine = 16;
 
-// The most bytes of each side that a list shows for a difference.
+// The most bytes of each side that a list shows for a patch line, and for a difference.
+constexpr auto lineBytesShown = static_cast<std::size_t>(longestPatchLine);
 constexpr std::size_t differenceBytesShown = 8;
 
 // An offset as in patch lines: at least six hexadecimal digits.

@@ -3,14 +3,13 @@
 #include <optional>
 #include <utility>
 
-#include "core/stoppable.h"
 #include "patch/carried_lines.h"
 #include "patch/patch_document.h"
 #include "patch/port_text.h"
 #include "shell/base/strings.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/review.h"
-#include "shell/services/status_bar.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 
@@ -63,16 +62,12 @@ void CarryPatch(Workbench& bench, const std::string& document) {
   const std::optional<Dump> other = AskForOtherVersion(bench, Text::CarryPatch, path);
   if (!other) return;
   const Fullflash opened = AsOpened(bench.document);
-  try {
-    StoppableProgress progress(bench.status);
-    const CodeVersions versions(opened, other->image, progress);
-    const std::vector<PortedChange> ported =
-        PortChanges(patch.changes, opened, other->image, versions.Pairing());
-    const CarriedLines lines(patch, ported, versions, bench.texts);
-    if (IsAccepted(bench, lines)) Save(bench, PortedText(document, patch.changes, ported), *other, path);
-  } catch (const Stopped&) {
-    return;
-  }
+  SearchProgress progress(bench);
+  const CodeVersions versions(opened, other->image, progress);
+  const std::vector<PortedChange> ported =
+      PortChanges(patch.changes, opened, other->image, versions.Pairing());
+  const CarriedLines lines(patch, ported, versions, bench.texts);
+  if (IsAccepted(bench, lines)) Save(bench, PortedText(document, patch.changes, ported), *other, path);
 }
 
 }  // namespace tarvelo

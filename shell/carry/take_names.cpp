@@ -9,14 +9,13 @@
 
 #include "core/notation.h"
 #include "core/places.h"
-#include "core/stoppable.h"
 #include "patch/carried_lines.h"
 #include "patch/carry_names.h"
 #include "patch/name_pattern.h"
 #include "shell/base/strings.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/review.h"
-#include "shell/services/status_bar.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 #include "text/unicode.h"
@@ -130,18 +129,14 @@ void TakeNamesFrom(Workbench& bench) {
   if (!other) return;
   if (other->names.Count() == 0) return bench.talk.Tell(Text::OtherHasNoNames, NamesFile(path));
   std::vector<FoundName> found;
-  try {
-    StoppableProgress progress(bench.status);
-    const CodeVersions versions(other->image, bench.document.Image(), progress);
-    for (const CarriedName& carried : CarryNames(other->names, versions, progress)) {
-      found.push_back({.name = carried.name, .comment = carried.comment});
-      if (carried.refusal)
-        found.back().problem = RefusalText(*carried.refusal, bench.texts);
-      else
-        found.back().address = carried.address;
-    }
-  } catch (const Stopped&) {
-    return;
+  SearchProgress progress(bench);
+  const CodeVersions versions(other->image, bench.document.Image(), progress);
+  for (const CarriedName& carried : CarryNames(other->names, versions, progress)) {
+    found.push_back({.name = carried.name, .comment = carried.comment});
+    if (carried.refusal)
+      found.back().problem = RefusalText(*carried.refusal, bench.texts);
+    else
+      found.back().address = carried.address;
   }
   OfferNames(bench, Text::TakeNamesFrom, found);
 }
@@ -156,15 +151,13 @@ void FindNames(Workbench& bench) {
       ReadNamedPatterns({reinterpret_cast<const char*>(bytes.data.get()), bytes.size});
   if (patterns.empty()) return bench.talk.Tell(Text::NoPatterns, *path);
   std::vector<FoundName> found;
-  try {
-    StoppableProgress progress(bench.status);
+  {
+    SearchProgress progress(bench);
     ProgressRun run(progress, 0, std::ssize(patterns));
     for (const NamedPattern& named : patterns) {
       run.At(std::ssize(found));
       found.push_back(FoundBy(named, bench.document.Image(), bench.texts));
     }
-  } catch (const Stopped&) {
-    return;
   }
   OfferNames(bench, Text::FindNames, found);
 }

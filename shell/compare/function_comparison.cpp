@@ -2,9 +2,8 @@
 
 #include <utility>
 
-#include "core/stoppable.h"
 #include "patch/function_table.h"
-#include "shell/services/status_bar.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 
@@ -15,7 +14,7 @@ bool FunctionComparison::Compare(const Fullflash& other, const std::filesystem::
   if (bench_.talk.fOpenErr([&] { names = ReadNames(path); })) names = Names();
   std::unique_ptr<const CodeVersions> versions;  // meanwhile the list may draw the old ones
   try {
-    StoppableProgress progress(bench_.status);
+    SearchProgress progress(bench_);
     const auto functions = bench_.document.Functions(progress);
     versions = std::make_unique<CodeVersions>(bench_.document.Image(), other, progress, functions.get());
   } catch (const Stopped&) {

@@ -27,6 +27,7 @@ void HexCanvas::SetImage(const Fullflash* image, const ImageEdits* edits) {
   CompareWith(nullptr, 0);
   const bool isOpen = image && image->IsOpen();
   Show(isOpen ? image : nullptr, isOpen ? std::ssize(image->ff()) : 0);
+  kept_ = nullptr;
 }
 
 void HexCanvas::SetOther(std::shared_ptr<const Fullflash> image, Offset shift, const Fullflash& with,

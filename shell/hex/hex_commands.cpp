@@ -192,7 +192,6 @@ void HexPanel::ShowValues_Click() {
   HexLook look = look_;
   look.showsValues = !look.showsValues;
   SetLook(look);
-  CursorMoved();
   if (look.showsValues)
     values_->SetFocus();
   else

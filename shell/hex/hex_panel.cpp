@@ -43,7 +43,7 @@ HexPanel::HexPanel(Workbench& bench)
   LayOut();
   Bind();
   BindBar();
-  SetLook(look_);
+  ApplyLook();
   watch_ = bench.document.OnChange([this] { ImageChanged(); });
   nameWatch_ = bench.document.OnNames([this] {
     canvas_->Refresh();
@@ -79,7 +79,7 @@ void HexPanel::Bind() {
   other_->Canvas().onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
   canvas_->Bind(wxEVT_CHAR_HOOK, &HexPanel::PressKey, this);
   Window().Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-    values_->Show(look_.showsValues && HasRoomForValues());
+    ShowValues();
     event.Skip();
   });
 }
@@ -135,7 +135,7 @@ void HexPanel::Clear() {
   canvas_->SetImage(nullptr, nullptr);
   other_->Clear();
   other_->Hide();
-  values_->Read(0);
+  values_->Clear();
   Place().ClearFault();
   ShowInformation();
 }
@@ -157,13 +157,13 @@ void HexPanel::Go(Offset start, Offset size) { canvas_->Go(start, size); }
 void HexPanel::ImageChanged() {
   canvas_->ImageChanged();
   other_->ImageChanged();
-  if (values_->IsShown()) values_->Read(canvas_->Selection().offset);
+  ReadValues();
   ShowInformation();
 }
 
 void HexPanel::CursorMoved() {
   other_->Follow();
-  if (values_->IsShown()) values_->Read(canvas_->Selection().offset);
+  ReadValues();
   ShowInformation();
   search_.Forget();
 }
@@ -185,6 +185,10 @@ void HexPanel::SetLook(const HexLook& look) {
   look_ = look;
   look_.zoom = std::clamp(look.zoom, HexLook::smallest, HexLook::largest);
   StoreLook(bench_.settings, look_);
+  ApplyLook();
+}
+
+void HexPanel::ApplyLook() {
   canvas_->SetLook(look_);
   other_->SetLook(look_);
   ShowParts();
@@ -197,8 +201,16 @@ void HexPanel::ShowParts() {
   else
     other_->Clear();
   other_->Show(other_->HasDump());
-  values_->Show(look_.showsValues && HasRoomForValues());
+  ShowValues();
   Window().Layout();
+}
+
+void HexPanel::ShowValues() {
+  if (values_->Show(look_.showsValues && HasRoomForValues())) ReadValues();
+}
+
+void HexPanel::ReadValues() {
+  if (values_->IsShown() && canvas_->HasImage()) values_->Read(canvas_->Selection().offset);
 }
 
 // The map of before a change stays until another one is known: typing must not put out the colours.

@@ -82,9 +82,12 @@ class HexPanel final : public ImagePanel {
   // The text field in this panel that has the keyboard; null if none has.
   [[nodiscard]] wxTextCtrl* FocusedField() const;
   [[nodiscard]] bool HasRoomForValues() const;
-  // Looks otherwise from now on.
+  // Looks otherwise from now on, also after the next start.
   void SetLook(const HexLook& look);
+  void ApplyLook();
   void ShowParts();
+  void ShowValues();
+  void ReadValues();
   void ShowMap();
   void ImageChanged();
   void CursorMoved();

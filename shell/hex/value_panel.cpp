@@ -50,8 +50,13 @@ void ValuePanel::PressKey(wxKeyEvent& event) {
 
 void ValuePanel::Read(Offset at) {
   at_ = at;
+  values_ = ReadValues(bench_.document.Get(), at, bench_.texts);
+  ShowValues();
+}
+
+void ValuePanel::Clear() {
+  at_ = 0;
   values_.clear();
-  if (bench_.document.IsOpen()) values_ = ReadValues(bench_.document.Get(), at, bench_.texts);
   ShowValues();
 }
 
@@ -77,7 +82,7 @@ void ValuePanel::ShowValues() {
 
 void ValuePanel::Recaption(const Messages& messages) {
   platform::SetAccessibleName(*list_, Wx(messages.Msg(Text::ValuesAtCursor)));
-  Read(at_);
+  if (!values_.empty()) Read(at_);
 }
 
 void ValuePanel::Follow_Click() {

@@ -18,8 +18,9 @@ class ValuePanel final : public wxPanel {
  public:
   ValuePanel(wxWindow* parent, Workbench& bench);
 
-  // Reads the values at an offset of the image; without an image, the list is empty.
+  // Reads the values at an offset of the open image.
   void Read(Offset at);
+  void Clear();
   void Recaption(const Messages& messages);
 
   // Follows the chosen value if it is a pointer, or else edits it.

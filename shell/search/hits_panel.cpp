@@ -71,19 +71,28 @@ void HitsPanel::Recaption(const Messages& messages) {
 void HitsPanel::Search_Click() {
   const auto answer = bench_.talk.AskPattern();
   if (!answer) return;
-  Search(ToUpper(*answer));
-}
-
-void HitsPanel::Search(const std::string& pattern) {
-  ShowHits(FindHits(pattern));
-  if (found_.hits.empty()) return bench_.talk.Complain(Wx(NotFound(pattern, bench_.texts)));
+  if (!Find(ToUpper(*answer))) return;
   if (TextIsWanted()) {
-    const std::string name = std::string(bench_.texts.Msg(Text::Search)) + " \"" + pattern + "\" :";
+    const std::string name = std::string(bench_.texts.Msg(Text::Search)) + " \"" + found_.text + "\" :";
     if (const auto text = HitsAsText())
       bench_.frame.AddInformation(name, *text);
     else
       bench_.talk.Complain(Text::NotEnoughMemory);
   }
+  ShowList();
+}
+
+void HitsPanel::Search(const std::string& pattern) {
+  if (Find(pattern)) ShowList();
+}
+
+bool HitsPanel::Find(const std::string& pattern) {
+  ShowHits(FindHits(pattern));
+  if (found_.hits.empty()) bench_.talk.Complain(Wx(NotFound(pattern, bench_.texts)));
+  return !found_.hits.empty();
+}
+
+void HitsPanel::ShowList() {
   bench_.frame.ShowPanel(*this);
   List().Select(0);
 }

@@ -41,6 +41,9 @@ class HitsPanel final : public ListPanel {
     bool cutOff = false;       // the image holds more hits
   };
 
+  // Searches for a pattern. False if there is no hit, which the user learns.
+  [[nodiscard]] bool Find(const std::string& pattern);
+  void ShowList();
   [[nodiscard]] FoundHits FindHits(const std::string& pattern);
   void ShowHits(FoundHits found);
   [[nodiscard]] bool TextIsWanted() const;

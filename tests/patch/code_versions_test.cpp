@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/stoppable.h"
+#include "core/progress.h"
 #include "demo_versions.h"
 
 namespace tarvelo {
@@ -22,7 +22,7 @@ class Impatient final : public Progress {
 TEST(CodeVersions, AreStoppedAtOnce) {
   const Fullflash image{Bytes(PartOfDemo(DemoKind::First))};
   Impatient user;
-  StoppableProgress progress(user);
+  Interruptible progress(user);
   EXPECT_THROW(CodeVersions(image, image, progress), Stopped);
   EXPECT_EQ(user.positions, 3);
 }
