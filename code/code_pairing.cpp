@@ -5,13 +5,10 @@
 #include <unordered_map>
 #include <utility>
 
-#include "code/alignment.h"
-
 namespace tarvelo {
 namespace {
 
 constexpr std::uint32_t fewestUnique = 12;  // instructions that make a unit its own proof
-constexpr int votingRun = 24;               // agreeing instructions that may vote
 constexpr double likeEnough = 0.6;          // share of instructions that edited units have in common
 constexpr int longestGap = 40;              // units between pairs that are compared with each other
 constexpr std::size_t largestFamily = 64;   // twins that are compared with each other
@@ -278,91 +275,6 @@ void CodePairing::GiveUpContradicted() {
   }
   refused_.insert(refused_.end(), given.begin(), given.end());
   std::ranges::sort(refused_);
-}
-
-void CodePairing::CollectVotes() {
-  OperandVotes votes;
-  for (std::size_t i = 0; i < newOf_.size(); ++i) {
-    if (newOf_[i] < 0) continue;
-    const int unit = static_cast<int>(i);
-    const auto old = OldCode(unit);
-    const auto now = NewCode(newOf_[i]);
-    const bool isSame = IsSame(unit);
-    const std::vector<int> pairs = isSame ? std::vector<int>() : Aligned(unit, newOf_[i]);
-    const auto pairOf = [&](std::size_t k) { return isSame ? static_cast<int>(k) : pairs[k]; };
-    for (std::size_t from = 0; from < old.size();) {
-      std::size_t end = from + 1;
-      while (end < old.size() && pairOf(from) >= 0 && pairOf(end) == pairOf(end - 1) + 1) ++end;
-      if (pairOf(from) >= 0 && (isSame || static_cast<int>(end - from) >= votingRun))
-        for (std::size_t k = from; k < end; ++k)
-          if (const Movable& movable = old[k].movable; movable.kind != Movable::Kind::None &&
-                                                       movable.kind != Movable::Kind::Member &&
-                                                       movable.kind != Movable::Kind::Constant)
-            votes.Add(movable, now[At(pairOf(k))].movable, unit);
-      from = end;
-    }
-  }
-  votes.Count();
-  votes_ = std::move(votes);
-}
-
-std::vector<int> CodePairing::Aligned(int oldUnit, int newUnit) const {
-  return Align(OldCode(oldUnit), NewCode(newUnit),
-               [&](const UnitInstruction& old, const UnitInstruction& now) {
-                 return Judge(old, oldUnit, now) != Verdict::Contradicts;
-               });
-}
-
-Verdict CodePairing::JudgeUnits(int oldUnit, int newUnit) const {
-  if (newOf_[At(oldUnit)] == newUnit) return Verdict::Agrees;
-  return newOf_[At(oldUnit)] >= 0 || oldOf_[At(newUnit)] >= 0 ? Verdict::Contradicts : Verdict::Unknown;
-}
-
-Verdict CodePairing::Judge(const UnitInstruction& old, int oldUnit, const UnitInstruction& now) const {
-  using enum Movable::Kind;
-  if (old.movable.kind != now.movable.kind) return Verdict::Unknown;
-  switch (old.movable.kind) {
-    case None:
-    case Member:
-    case Constant: return Verdict::Unknown;
-    case Code: {
-      const int oldTarget = OldUnitFrom(old.movable.value);
-      const int newTarget = NewUnitFrom(now.movable.value);
-      if (oldTarget >= 0 && newTarget >= 0) return JudgeUnits(oldTarget, newTarget);
-      break;
-    }
-    case Near:
-    case Address:
-    case Bit: break;
-  }
-  const OperandVotes::Tally tally = votes_.On(old.movable, now.movable, oldUnit);
-  if (tally.agreeing > 0 && tally.agreeing * 2 > tally.all) return Verdict::Agrees;
-  if (tally.agreeing == 0 && tally.all >= 2) return Verdict::Contradicts;
-  return Verdict::Unknown;
-}
-
-CodePairing::Balance CodePairing::Weigh(int oldUnit, int newUnit) const {
-  const auto old = OldCode(oldUnit);
-  const auto now = NewCode(newUnit);
-  Balance balance;
-  const auto weigh = [&](const UnitInstruction& a, const UnitInstruction& b) {
-    const Verdict verdict = Judge(a, oldUnit, b);
-    if (verdict == Verdict::Agrees) ++balance.agreeing;
-    if (verdict == Verdict::Contradicts) ++balance.contradicting;
-  };
-  const bool isSame = old_.units[At(oldUnit)].hash == now_.units[At(newUnit)].hash;
-  if (isSame) {
-    for (std::size_t k = 0; k < old.size(); ++k) weigh(old[k], now[k]);
-    // Who calls it speaks, too.
-    const OperandVotes::Tally tally = CallsOf(oldUnit, newUnit);
-    balance.agreeing += tally.agreeing;
-    balance.contradicting += tally.all - tally.agreeing;
-    return balance;
-  }
-  const std::vector<int> pairs = Aligned(oldUnit, newUnit);
-  for (std::size_t k = 0; k < pairs.size(); ++k)
-    if (pairs[k] >= 0) weigh(old[k], now[At(pairs[k])]);
-  return balance;
 }
 
 }  // namespace tarvelo

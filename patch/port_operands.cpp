@@ -1,11 +1,11 @@
 #include "patch/port_operands.h"
 
 #include <algorithm>
-#include <bit>
 #include <span>
 
 #include "code/movable.h"
 #include "code/sweep.h"
+#include "patch/moved_field.h"
 #include "patch/patched_image.h"
 
 namespace tarvelo {
@@ -194,53 +194,11 @@ class Carrier {
     return true;
   }
 
-  // BFLDL, BFLDH: all bits of the mask must move by as much, and stay in one byte.
   bool CarryField(Offset at, const Instruction& instruction) {
-    const std::uint32_t word = instruction.Byte(1);
-    if (word >= 0x80) return true;
-    const FieldForm form = FormOf(instruction);
-    const std::uint32_t mask = instruction.Byte(form.mask);
-    if (mask == 0) return false;
-    std::optional<Offset> moved;
-    for (int bit = 0; bit < 8; ++bit) {
-      if ((mask >> bit & 1) == 0) continue;
-      const std::uint32_t old = word * 16 + static_cast<std::uint32_t>(form.firstBit + bit);
-      const auto now = pairing_.Votes().Sure({Movable::Kind::Bit, old});
-      if (!now) continue;
-      if (moved && *moved != Offset{*now} - old) return false;
-      moved = Offset{*now} - old;
-    }
+    const auto moved = MovedField(instruction, pairing_.Votes());
     if (!moved) return false;
-    const Offset first = word * 16 + form.firstBit + *moved;
-    const int low = std::countr_zero(mask);
-    const int high = 7 - std::countl_zero(static_cast<std::uint8_t>(mask));
-    if ((first + low) >> 3 != (first + high) >> 3 || first + low < 0 || first + high >= 0x80 * 16)
-      return false;
-    PutField(at, instruction, form, first, low);
+    for (std::size_t k = 0; k < moved->size(); ++k) Byte(at + static_cast<Offset>(k), (*moved)[k]);
     return true;
-  }
-
-  struct FieldForm {
-    int firstBit, mask, data;  // the last two: bytes of the instruction
-  };
-  static FieldForm FormOf(const Instruction& instruction) {
-    return instruction.Op() == op::bitFieldHigh ? FieldForm{8, 3, 2} : FieldForm{0, 2, 3};
-  }
-
-  // `first`: where bit 0 of the mask goes; `low`: the lowest bit of the mask.
-  void PutField(Offset at, const Instruction& instruction, const FieldForm& form, Offset first, int low) {
-    const auto put = [&](int byte) {
-      const Offset shift = ((first + low) & 7) - low;
-      const std::uint32_t bits = instruction.Byte(byte);
-      return shift >= 0 ? bits << shift : bits >> -shift;
-    };
-    const bool isHigh = ((first + low) & 8) != 0;
-    const std::uint32_t mask = put(form.mask);
-    const std::uint32_t data = put(form.data) & mask;
-    Byte(at, isHigh ? op::bitFieldHigh : op::bitFieldLow);
-    Byte(at + 1, static_cast<std::uint32_t>((first + low) >> 4));
-    Byte(at + (isHigh ? 3 : 2), mask);
-    Byte(at + (isHigh ? 2 : 3), data);
   }
 
   // EXTP and EXTS with a number: the page or segment that all operands of the range need.
