@@ -34,6 +34,10 @@ ChangeView::ChangeView(wxWindow* parent, Workbench& bench) : wxStyledTextCtrl(pa
   SetReadOnly(true);
   SetCaretWidth(0);
   ChooseColours();
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    FitScrollWidth();
+    event.Skip();
+  });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     ChooseColours();
     event.Skip();
@@ -60,11 +64,16 @@ void ChangeView::ChooseColours() {
   SetSelForeground(true, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT));
 }
 
+// No scrollbar until a longer line is drawn.
+void ChangeView::FitScrollWidth() {
+  SetScrollWidth(std::max(1, GetClientSize().x - GetMarginLeft() - GetMarginRight()));
+}
+
 void ChangeView::ShowChange(const std::optional<Change>& change) {
   const std::string text = change ? TextOf(*change) : std::string();
   SetReadOnly(false);
   SetText(Wx(text));
-  SetScrollWidth(std::max(1, GetClientSize().x - GetMarginLeft()));  // until a longer line is drawn
+  FitScrollWidth();
   StartStyling(0);
   for (int line = 0; line < GetLineCount(); ++line) {
     const int start = PositionFromLine(line), end = PositionFromLine(line + 1);

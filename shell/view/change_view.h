@@ -21,6 +21,7 @@ class ChangeView final : public wxStyledTextCtrl {
 
  private:
   void ChooseColours();
+  void FitScrollWidth();
   [[nodiscard]] std::string TextOf(const Change& change);
 
   Workbench& bench_;
