@@ -12,8 +12,14 @@
 #include "shell/list/list_view.h"
 #include "shell/services/change_as_code.h"
 #include "shell/services/ids.h"
+#include "shell/view/change_view.h"
 
 namespace tarvelo {
+namespace {
+
+constexpr Offset mostAsCode = 64;  // bytes of a difference that are shown as instructions
+
+}  // namespace
 
 // --- functions ---
 
@@ -37,21 +43,27 @@ void ComparePanel::CompareFunctionsAgain() {
 void ComparePanel::ForgetRows() {
   List().SetRows({});
   sides_->SetRows({});
+  change_->ShowChange({});
   comparison_ = Comparison();
   functions_.Clear();
 }
 
-// A small window has room for one list only.
+// A small window has room for the list only.
 void ComparePanel::ShowSides() {
   const bool isHigh = window_->GetClientSize().y >= window_->FromDIP(360);
+  const bool holdsCode = HasSecond() && bench_.document.Image().PageMode();
   compared_->GetSizer()->Show(sides_, ShowsFunctions() && isHigh);
+  compared_->GetSizer()->Show(change_, !ShowsFunctions() && holdsCode && isHigh);
 }
 
 void ComparePanel::ShowRow(std::size_t row) {
   if (ShowsFunctions()) {
     sides_->SetRows(functions_.Sides(row));
   } else if (row < comparison_.differences.size()) {
-    strip_->Mark(comparison_.differences[row].offset, comparison_.differences[row].size);
+    Difference difference = comparison_.differences[row];
+    strip_->Mark(difference.offset, difference.size);
+    difference.size = std::min(difference.size, mostAsCode);
+    change_->ShowChange(ChangeOf(difference));
   }
 }
 

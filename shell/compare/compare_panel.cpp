@@ -24,6 +24,7 @@
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
+#include "shell/view/change_view.h"
 
 namespace tarvelo {
 namespace {
@@ -65,6 +66,7 @@ ComparePanel::ComparePanel(Workbench& bench, wxPanel* window, wxPanel* none, wxP
       figures_(new wxStaticText(compared_, wxID_ANY, wxString())),
       strip_(new ImageStrip(compared_)),
       sides_(new ListView(compared_)),
+      change_(new ChangeView(compared_, bench)),
       functions_(bench) {
   chooseAnother_->MoveBeforeInTabOrder(&List());
   fromStart_->MoveBeforeInTabOrder(&List());
@@ -97,6 +99,7 @@ void ComparePanel::Layout() {
   column->Add(strip_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);
   column->Add(&List(), 3, wxEXPAND);
   column->Add(sides_, 2, wxEXPAND | wxTOP, gap);
+  column->Add(change_, 1, wxEXPAND | wxTOP, gap);
   strip_->SetMinSize(window_->FromDIP(wxSize(-1, 24)));
   compared_->SetSizer(column);
 

@@ -23,6 +23,7 @@ class wxStaticText;
 
 namespace tarvelo {
 
+class ChangeView;
 class ImageStrip;
 
 class ComparePanel final : public ListPanel {
@@ -56,6 +57,8 @@ class ComparePanel final : public ListPanel {
   [[nodiscard]] ImageStrip& Strip() { return *strip_; }
   // Both versions of the chosen function.
   [[nodiscard]] ListView& Sides() { return *sides_; }
+  // The chosen difference as instructions.
+  [[nodiscard]] ChangeView& ShownChange() { return *change_; }
   // The texts above the list: the second dump's path, and the figures of the comparison.
   [[nodiscard]] wxString Head() const;
   [[nodiscard]] wxString Figures() const;
@@ -101,6 +104,7 @@ class ComparePanel final : public ListPanel {
   wxStaticText* figures_;
   ImageStrip* strip_;
   ListView* sides_;  // both versions of the chosen function
+  ChangeView* change_;
 
   std::filesystem::path path_;  // of the second dump
   std::shared_ptr<const Fullflash> second_ = std::make_shared<const Fullflash>();

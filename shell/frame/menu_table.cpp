@@ -55,7 +55,7 @@ const std::vector<MenuEntry> lastPanels = {
     {Id::GoForward, Text::GoForward, Text::HelpGoForward, "Alt+Right", true},
     {Id::GoTo, Text::GoTo, Text::HelpGoTo, "Ctrl+L", true},
     {},
-    {Id::PanelBar, Text::PanelBar, Text::HelpPanelBar, "F9", false, wxITEM_CHECK},
+    {Id::PanelBar, Text::PanelBar, Text::HelpPanelBar, "Ctrl+Shift+B", false, wxITEM_CHECK},
 };
 
 MenuEntry EntryOf(const PlacedPanel& panel) {

@@ -93,7 +93,7 @@ TEST_F(CarryDesk, APatchIsCarriedAndTheOtherDumpOpened) {
     }));
     EXPECT_EQ(RowOf(dialog.List(), 1), "    3\trefused\t31408C\t\t\tE01C\tE02C\tThere is no such place.\n");
     EXPECT_EQ(Shown(*dialog.Details(), 3), "31408C\tMOV R12, #1h\t!\t\t\n");  // its function is gone
-    EXPECT_EQ(RowOf(dialog.List(), 2), "    4\tcarried\t3401B9\t3425B9\t 33\t42\t62\t\n");
+    EXPECT_EQ(RowOf(dialog.List(), 2), "    4\tcarried\t3401B9\t3425B9\t1025\t42\t62\t\n");
     EXPECT_EQ(Shown(*dialog.Details(), 4).substr(0, 13), "3401B9\t426174");  // its bytes
     EXPECT_EQ(RowOf(dialog.List(), 3),
               "    5\trefused\t\t\t\t\t\tThis is not a line of a patch. \"rubbish\"\n");

@@ -6,6 +6,7 @@
 #include "shell/desk.h"
 #include "shell/map/image_strip.h"
 #include "shell/patch/patch_editor.h"
+#include "shell/view/change_view.h"
 
 namespace tarvelo {
 namespace {
@@ -57,6 +58,9 @@ TEST_F(CompareDesk, ListsDifferencesWithTheirLabels) {
   CompareTo(other);
   EXPECT_EQ(Title(), "Tarvelo - Comparison");
   EXPECT_EQ(Figures(), "Number of differences: 2    Number of differing bytes: 11");
+  const std::string instructions = Utf8(Panel().ShownChange().GetText());
+  EXPECT_TRUE(instructions.starts_with("- 80:0700  FFFF      BSET R15.15\n")) << instructions;
+  EXPECT_NE(instructions.find("+ 80:0700  0001      ADD R0, R1\n"), std::string::npos) << instructions;
   for (const std::string& text : {"Compared with: " + PathText(folder / "second.bin"), Figures()})
     EXPECT_TRUE(Shows(text)) << text;
   EXPECT_EQ(List().Selected(), 0u);
