@@ -4,8 +4,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/disk_names.h"
 #include "core/file.h"
-#include "files/disk_names.h"
 #include "files/file_content.h"
 #include "files/file_text.h"
 

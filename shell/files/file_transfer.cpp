@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/disk_names.h"
 #include "core/file.h"
-#include "files/disk_names.h"
 #include "files/file_export.h"
 #include "files/file_text.h"
 #include "resources/texts.h"

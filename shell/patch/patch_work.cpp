@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "core/disk_names.h"
 #include "core/file.h"
-#include "files/disk_names.h"
 #include "patch/document_check_text.h"
 #include "patch/patch_text.h"
 #include "resources/texts.h"

@@ -6,8 +6,8 @@
 #include <map>
 
 #include "cli/call.h"
+#include "core/disk_names.h"
 #include "core/file.h"
-#include "files/disk_names.h"
 #include "files/volume_builder.h"
 #include "temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "files/disk_names.h"
+#include "core/disk_names.h"
 
 #include <algorithm>
 #include <array>
