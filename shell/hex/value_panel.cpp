@@ -17,8 +17,6 @@ namespace {
 
 constexpr unsigned textColumn = 1;
 
-wxString NameInList(const HexValue& value) { return Wx(value.name); }
-
 }  // namespace
 
 ValuePanel::ValuePanel(wxWindow* parent, Workbench& bench)
@@ -35,7 +33,9 @@ ValuePanel::ValuePanel(wxWindow* parent, Workbench& bench)
   SetMinSize(FromDIP(wxSize(350, -1)));
   // The handler may change the list, so it waits until the click is over.
   list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) {
-    CallAfter([this] { bench_.talk.Guard(list_->GetName(), [this] { Follow_Click(); }); });
+    CallAfter([this] {
+      bench_.talk.Guard(Wx(bench_.texts.Msg(Text::ValuesAtCursor)), [this] { Follow_Click(); });
+    });
   });
   list_->Bind(wxEVT_CHAR_HOOK, &ValuePanel::PressKey, this);
 }
@@ -65,7 +65,7 @@ void ValuePanel::ShowValues() {
   const auto rows = static_cast<std::size_t>(list_->GetItemCount());
   if (values_.size() != rows) list_->DeleteAllItems();
   for (std::size_t i = 0; i < values_.size(); ++i) {
-    const wxString name = NameInList(values_[i]);
+    const wxString name = Wx(values_[i].name);
     const wxString text = Wx(values_[i].text);
     const auto row = static_cast<unsigned>(i);
     if (values_.size() != rows) {

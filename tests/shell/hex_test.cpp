@@ -3,6 +3,7 @@
 #include <wx/image.h>
 #include <wx/settings.h>
 
+#include "document/map_kinds.h"
 #include "shell/hex/find_bar.h"
 #include "shell/hex/hex_paint.h"
 #include "shell/hex_desk.h"
@@ -178,7 +179,8 @@ TEST_F(HexDesk, IsEmptyWithoutADocument) {
 // How much redder than grey a colour is.
 int Redness(const wxColour& colour) { return colour.Red() - colour.Green(); }
 
-// Of 16 bytes 00, 2 and 5 are changed, and 4 and 5 are selected.
+// Of 16 bytes 00, 2 and 5 are changed, 4 and 5 are selected, 8 has a name, 9 differs from another dump, and
+// 12 and the following are known to be text.
 TEST_F(HexDesk, PaintsChangesAndTheSelection) {
   OpenBytes("zeros.bin", std::vector<std::uint8_t>(0x4000), Id::HexView);
   for (const Offset changed : {2, 5}) Open().Write(changed, std::vector<std::uint8_t>{0x88});
@@ -190,6 +192,13 @@ TEST_F(HexDesk, PaintsChangesAndTheSelection) {
   scene.rowHeight = 24;
   scene.cursor = RowCursor(End(), 16);
   scene.cursor.Select({4, 2});
+  Open().NamePlace(8, "Name", "");
+  scene.names = &Open().PlaceNames();
+  const Fullflash other(
+      Bytes(std::vector<std::uint8_t>{0, 0, 0x88, 0, 0, 0x88, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0}));
+  scene.other = &other;
+  scene.map = std::make_shared<const DumpMap>(
+      DumpMap{{{0, 12, &map::unknown, Sureness::Unknown}, {12, 4, &map::text, Sureness::Guessed}}});
   wxBitmap bitmap(scene.X(scene.columns.End()), 2 * scene.rowHeight);
   {
     wxMemoryDC dc(bitmap);
@@ -221,7 +230,13 @@ TEST_F(HexDesk, PaintsChangesAndTheSelection) {
     EXPECT_GT(Redness(ground(5)), Redness(ground(4)) + 10);
     EXPECT_GT(Redness(ink(2)), Redness(ink(0)) + 50);
     EXPECT_NE(at(left(4) - 1, scene.rowHeight / 2), ground(0));  // the cursor
+    EXPECT_GT(ground(9).Blue() - ground(9).Red(), ground(0).Blue() - ground(0).Red() + 10);
   }
+  const auto below = [&](int byte) { return at(scene.X(scene.columns.Hex(byte)) + 3, scene.rowHeight - 1); };
+  EXPECT_EQ(below(12), wxColour(0xE6, 0x9F, 0x00));
+  EXPECT_EQ(below(11), colour(wxSYS_COLOUR_WINDOW));
+  const auto before = [&](int byte) { return at(scene.X(scene.columns.Hex(byte)) - 2, scene.rowHeight / 2); };
+  EXPECT_NE(before(8), before(7));  // the bar of a name
 }
 
 }  // namespace
