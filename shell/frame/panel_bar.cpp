@@ -1,5 +1,6 @@
 #include "shell/frame/panel_bar.h"
 
+#include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -55,6 +56,13 @@ PanelBar::PanelBar(wxWindow* parent, const std::vector<int>& panels)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                        wxVSCROLL | wxTAB_TRAVERSAL | wxBORDER_NONE),
       panelCount_(panels.size()) {
+  // One ground for the bar and its buttons; the theme's own may be a picture.
+  const auto colour = [this] { SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)); };
+  colour();
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [colour](wxSysColourChangedEvent& event) {
+    colour();
+    event.Skip();
+  });
   auto* column = new wxBoxSizer(wxVERTICAL);
   auto* places = new wxBoxSizer(wxHORIZONTAL);
   column->Add(places, 0, wxEXPAND);
