@@ -1,6 +1,8 @@
 #include "document/what_lies.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "code/instruction_text.h"
 #include "code/sweep.h"
@@ -34,9 +36,12 @@ void AddFromMap(const Document& document, Offset offset, const Messages& message
   const auto map = document.KnownMap();
   if (!map) return;
   for (const Claim& region : map->Within(offset, 1)) {
-    const std::string what = WhatOf(region, messages);
+    std::string what = WhatOf(region, messages);
     const bool isTold = std::ranges::find(things, what, &KnownThing::what) != things.end();
-    if (!isTold && region.sure != Sureness::Unknown) things.push_back({what, {region.offset, region.size}});
+    if (isTold || region.sure == Sureness::Unknown) continue;
+    if (region.sure == Sureness::Guessed)
+      what.append(" (").append(messages.Msg(Text::SureGuessed)).append(")");
+    things.push_back({std::move(what), {region.offset, region.size}});
   }
 }
 

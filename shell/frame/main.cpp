@@ -4,6 +4,7 @@
 #include <wx/app.h>
 #include <wx/dnd.h>
 #include <wx/sizer.h>
+#include <wx/textctrl.h>
 
 #include <algorithm>
 #include <utility>

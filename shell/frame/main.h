@@ -3,6 +3,7 @@
 
 #include <wx/eventfilter.h>
 #include <wx/frame.h>
+#include <wx/panel.h>
 
 #include <functional>
 #include <map>
@@ -24,8 +25,6 @@
 #include "shell/services/workbench.h"
 #include "shell/settings/settings.h"
 #include "shell/settings/window_place.h"
-
-class wxPanel;
 
 namespace tarvelo {
 

@@ -1,8 +1,10 @@
 #include "shell/frame/panel_bar.h"
 
+#include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "document/explorers.h"
 #include "resources/messages.h"
@@ -55,6 +57,13 @@ PanelBar::PanelBar(wxWindow* parent, const std::vector<int>& panels)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                        wxVSCROLL | wxTAB_TRAVERSAL | wxBORDER_NONE),
       panelCount_(panels.size()) {
+  // One ground for the bar and its buttons; the theme's own may be a picture.
+  const auto colour = [this] { SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)); };
+  colour();
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [colour](wxSysColourChangedEvent& event) {
+    colour();
+    event.Skip();
+  });
   auto* column = new wxBoxSizer(wxVERTICAL);
   auto* places = new wxBoxSizer(wxHORIZONTAL);
   column->Add(places, 0, wxEXPAND);
@@ -76,6 +85,14 @@ PanelButton& PanelBar::Add(int id, const std::string& icon, char letter, wxBoxSi
   auto* button = new PanelButton(this, {id, icon, letter});
   button->onClick = [this, id] { onRun(id); };
   button->Bind(wxEVT_KEY_DOWN, [this, button](wxKeyEvent& event) { Key(event, *button); });
+  // GTK gives the focus to the first button, whichever one is the tab stop.
+  button->Bind(wxEVT_SET_FOCUS, [this, button](wxFocusEvent& event) {
+    event.Skip();
+    if (button == std::exchange(stepTo_, nullptr) || button->AcceptsFocusFromKeyboard()) return;
+    const auto stop = std::ranges::find_if(
+        buttons_, [](const PanelButton* each) { return each->AcceptsFocusFromKeyboard(); });
+    if (stop != buttons_.end()) (*stop)->CallAfter([stop = *stop] { stop->SetFocus(); });
+  });
   sizer.Add(button, 0, wxEXPAND);
   buttons_.push_back(button);
   return *button;
@@ -104,7 +121,8 @@ void PanelBar::Step(PanelButton& from, int direction) {
   auto at = static_cast<std::size_t>(std::ranges::find(buttons_, &from) - buttons_.begin());
   do at = (at + (direction > 0 ? 1 : count - 1)) % count;
   while (!buttons_[at]->IsEnabled() && buttons_[at] != &from);
-  buttons_[at]->SetFocus();
+  stepTo_ = buttons_[at];
+  stepTo_->SetFocus();
 }
 
 void PanelBar::Recaption(const Messages& messages) {

@@ -48,6 +48,7 @@ class PanelBar final : public wxScrolledWindow {
   void Step(PanelButton& from, int direction);
 
   std::vector<PanelButton*> buttons_;  // from top to bottom
+  PanelButton* stepTo_ = nullptr;      // where an arrow key is going
   std::size_t panelCount_ = 0;
   wxSize window_;
 };

@@ -1,6 +1,8 @@
 #include "shell/frame/panel_icons.h"
 
+#include <wx/brush.h>
 #include <wx/graphics.h>
+#include <wx/pen.h>
 
 #include <algorithm>
 #include <sstream>

@@ -21,7 +21,7 @@ void RecentFiles::Read(const Settings& settings) {
       if (ToUpper(key) == ToUpper(Key("Phone", i))) files_[i].phone = value;
     }
   // Closes gaps that were made by hand.
-  std::ranges::stable_partition(files_, [](const File& file) { return !file.path.empty(); });
+  std::stable_partition(files_.begin(), files_.end(), [](const File& file) { return !file.path.empty(); });
 }
 
 void RecentFiles::Write(Settings& settings) const {
@@ -51,7 +51,7 @@ void RecentFiles::Put(const File& file) {
     same->phone = file.phone;
     return;
   }
-  std::ranges::rotate(files_, files_.end() - 1);
+  std::rotate(files_.begin(), files_.end() - 1, files_.end());
   files_.front() = file;
 }
 
