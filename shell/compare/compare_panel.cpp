@@ -21,7 +21,7 @@
 #include "shell/list/list_view.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/ids.h"
-#include "shell/services/status_bar.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 #include "shell/view/change_view.h"
@@ -210,10 +210,13 @@ OtherDump ComparePanel::Other() const {
 
 Offset ComparePanel::AddressShift() const { return tarvelo::AddressShift(bench_.document.Image(), *second_); }
 
-// If a search of the image fails, it is still compared, but without labels.
+// If a search of the image fails or is stopped, it is still compared, but without labels.
 void ComparePanel::MakeMap() {
   try {
-    map_ = bench_.document.Map(bench_.status);
+    SearchProgress progress(bench_);
+    map_ = bench_.document.Map(progress);
+  } catch (const Stopped&) {
+    map_ = std::make_shared<const DumpMap>();
   } catch (const std::length_error&) {
     map_ = std::make_shared<const DumpMap>();
     if (!std::exchange(mapFailed_, true)) bench_.talk.Complain(Text::TooManyBlocks);

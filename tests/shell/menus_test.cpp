@@ -75,7 +75,8 @@ TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
             "at the cursor; Edit value; Appearance;");
   EXPECT_EQ(MenuAt(3),
             "Tools: Search for bytes; Compare with another fullflash; Compare with recent; Open patch file; "
-            "Apply patch file; Take names from another fullflash; Find names by patterns; Standard functions; "
+            "Apply patch file; Take names from another fullflash; Find names by patterns; "
+            "Standard functions; "
             "Standard patches; Address calculator; Calculator; Open patch in Quillo;");
   EXPECT_EQ(MenuAt(5), "Help: Help; Author !;");
   const std::string copy =
