@@ -6,10 +6,7 @@
 #include "text/unicode.h"
 
 namespace tarvelo {
-namespace {
-
-
-}  // namespace
+namespace {}  // namespace
 
 MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
                          const Messages& messages, Text applied)
