@@ -6,8 +6,6 @@
 #include "text/unicode.h"
 
 namespace tarvelo {
-namespace {}  // namespace
-
 MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
                          const Messages& messages, Text applied)
     : patch_(patch),
