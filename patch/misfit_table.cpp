@@ -6,6 +6,7 @@
 #include "text/unicode.h"
 
 namespace tarvelo {
+
 MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
                          const Messages& messages, Text applied)
     : patch_(patch),
