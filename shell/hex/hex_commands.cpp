@@ -123,8 +123,8 @@ std::vector<PanelCommand> HexPanel::LookCommands() {
   PanelCommand look{.caption = Text::HexLook, .help = Text::HelpHexLook};
   look.entries = LookEntries();
   return {{Id::ShowValues, Text::ValuesAtCursor, Text::HelpValuesAtCursor, "Ctrl+I",
-           [this] { ShowValues_Click(); }, [this] { return canvas_->HasImage() && HasRoomForValues(); },
-           [this] { return look_.showsValues; }},
+           [this] { ShowValues_Click(); }, [this] { return canvas_->HasImage() && HasRoomForValues(false); },
+           [this] { return values_->IsShown(); }},
           {Id::EditValue, Text::EditValue, Text::HelpEditValue, "Ctrl+E", [this] { values_->Edit_Click(); },
            [this] { return canvas_->HasImage() && values_->IsShown(); }},
           look};
@@ -190,9 +190,9 @@ std::vector<PanelCommand> HexPanel::LookEntries() {
 // Shown anew, the list gets the keyboard.
 void HexPanel::ShowValues_Click() {
   HexLook look = look_;
-  look.showsValues = !look.showsValues;
+  look.showsValues = valuesFirst_ = !values_->IsShown();
   SetLook(look);
-  if (look.showsValues)
+  if (values_->IsShown())
     values_->SetFocus();
   else
     canvas_->SetFocus();

@@ -21,7 +21,7 @@ struct HexLook {
   TextEncoding encoding = TextEncoding::Windows1251;
   int zoom = 0;             // smallest .. largest
   bool mapColours = true;   // underlines in the colours of the dump map, as far as it is known
-  bool showsValues = true;  // the values at the cursor, if the window is wide enough
+  bool showsValues = true;  // the values at the cursor
   bool showsOther = true;   // the dump that this one was compared with
 };
 

@@ -22,7 +22,7 @@
 namespace tarvelo {
 namespace {
 
-constexpr int roomForRows = 400;  // pixels beside the values, at 96 dots per inch
+constexpr int roomForRows = 400;  // pixels beside the values at least, at 96 dots per inch
 
 }  // namespace
 
@@ -177,8 +177,9 @@ void HexPanel::Recaption(const Messages& messages) {
   ImagePanel::Recaption(messages);
 }
 
-bool HexPanel::HasRoomForValues() const {
-  return canvas_->GetParent()->GetClientSize().x >= values_->GetMinSize().x + canvas_->FromDIP(roomForRows);
+bool HexPanel::HasRoomForValues(bool besideWhole) const {
+  const int rows = besideWhole ? canvas_->WholeWidth() : canvas_->FromDIP(roomForRows);
+  return canvas_->GetParent()->GetClientSize().x >= values_->GetMinSize().x + rows;
 }
 
 void HexPanel::SetLook(const HexLook& look) {
@@ -206,7 +207,8 @@ void HexPanel::ShowParts() {
 }
 
 void HexPanel::ShowValues() {
-  if (values_->Show(look_.showsValues && HasRoomForValues())) ReadValues();
+  const bool mustFit = !valuesFirst_ && look_.bytes > 0;  // 0: the rows become shorter
+  if (values_->Show(look_.showsValues && HasRoomForValues(mustFit))) ReadValues();
 }
 
 void HexPanel::ReadValues() {

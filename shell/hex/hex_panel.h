@@ -81,7 +81,8 @@ class HexPanel final : public ImagePanel {
   [[nodiscard]] const Fullflash& Image() const;
   // The text field in this panel that has the keyboard; null if none has.
   [[nodiscard]] wxTextCtrl* FocusedField() const;
-  [[nodiscard]] bool HasRoomForValues() const;
+  // Whether the values fit beside the rows: beside whole ones, or beside a part of them.
+  [[nodiscard]] bool HasRoomForValues(bool besideWhole) const;
   // Looks otherwise from now on, also after the next start.
   void SetLook(const HexLook& look);
   void ApplyLook();
@@ -95,6 +96,7 @@ class HexPanel final : public ImagePanel {
 
   PanelCommands commands_;
   HexLook look_;
+  bool valuesFirst_ = false;  // the user wants the values even if they cover a part of the rows
   HexCanvas* canvas_;
   OtherPane* other_;
   FindBar* bar_;

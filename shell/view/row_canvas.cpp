@@ -4,6 +4,7 @@
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -79,6 +80,11 @@ void RowCanvas::GoTo(Offset unit, Offset size) {
   placeWhenSized_ = RowsSeen() <= 1;
   ShowCursor(true);
   Moved();
+}
+
+int RowCanvas::WholeWidth() const {
+  const int scrollbar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
+  return 2 * scene_.margin + static_cast<int>(std::ceil(Columns() * scene_.columnWidth)) + scrollbar;
 }
 
 void RowCanvas::SelectUnits(const Region& units) {

@@ -25,6 +25,8 @@ class RowCanvas : public wxWindow {
 
   bool SetFont(const wxFont& font) override;
 
+  // The width that shows all columns.
+  [[nodiscard]] int WholeWidth() const;
   [[nodiscard]] bool HasRows() const { return scene_.cursor.Units() > 0; }
   void SelectAll() { SelectUnits({0, scene_.cursor.Units()}); }
 

@@ -46,6 +46,11 @@ class HexToolsDesk : public HexDesk {
 };
 
 TEST_F(HexToolsDesk, ShowsValuesAndChangesThem) {
+  main->SetSize(main->FromDIP(wxSize(1000, 600)));
+  Settle();
+  EXPECT_FALSE(Panel().Values().IsShown());  // they would cover a part of the rows
+  main->Run(Id::ShowValues);
+  EXPECT_TRUE(Panel().Values().IsShown());
   Panel().Go(0x10, 0);
   EXPECT_EQ(Value("page pointer"), "3FF:1234  -> 001234");
   EXPECT_EQ(Said(Id::EditValue, "3FF:10"), "ask New value: 3FF:1234");
@@ -68,6 +73,8 @@ TEST_F(HexToolsDesk, ShowsValuesAndChangesThem) {
   Restart();
   OpenBytes("tools.bin", Content(), Id::HexView);
   EXPECT_FALSE(Panel().Values().IsShown());  // remembered
+  main->SetSize(main->FromDIP(wxSize(1000, 600)));
+  Settle();
   main->Run(Id::ShowValues);
   EXPECT_TRUE(Panel().Values().IsShown());
   main->SetSize(main->GetMinSize());  // no room
