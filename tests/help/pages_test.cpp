@@ -89,7 +89,7 @@ TEST(HelpPages, NameCaptionsAsTheProgramHasThem) {
   for (const char* code : {"EN", "RU"}) {
     const Messages messages(*FindLanguage(code));
     std::set<std::string> captions;
-    for (int n = 0; n < 2000; ++n) captions.insert(Caption(messages.Msg(Text{n})));
+    for (int n = 0; n < 1000; ++n) captions.insert(Caption(messages.Msg(Text{n})));
     const std::vector<std::string> named =
         Between(ReadAll(folder / messages.Msg(Text::ManualFile)), "<b>", "</b>");
     EXPECT_GT(named.size(), 100u) << code;
