@@ -158,8 +158,10 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
 
 TEST_F(Desk, RestoresItsPlace) {
   const wxSize size = main->GetSize() + wxSize(-40, 30);
-  main->SetSize(size);
-  Settle();
+  for (int i = 0; i < 2; ++i) {  // a slow machine places the new window only now
+    main->SetSize(size);
+    Settle();
+  }
   Restart();
   EXPECT_EQ(main->GetSize(), size);
   // A place on a larger screen.
