@@ -53,9 +53,9 @@ std::vector<AreaMove> Offers(std::span<const PortedChange> ported, std::span<con
 
 void SayOffers(std::span<const AreaMove> offers, const PortArguments& arguments, Context& context) {
   for (const AreaMove& offer : offers)
-    context.err << PrintableLine(arguments.now) << ": not empty where " << PrintableLine(arguments.old)
-                << " is, at " << TextOf(offer.from)
-                << (arguments.moveAreas ? "; carried to " : "; --move-areas would carry it to ")
+    context.err << PrintableLine(arguments.now) << ": in use where " << PrintableLine(arguments.old)
+                << " is empty (" << TextOf(offer.from)
+                << (arguments.moveAreas ? "); carried to " : "); --move-areas would carry that to ")
                 << TextOf({offer.to, offer.from.size}) << '\n';
 }
 

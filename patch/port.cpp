@@ -119,48 +119,59 @@ class Porter {
 
   void TakeData(const PatchedPiece& piece, const NewPlace& place) {
     if (IsCodeWithAddresses(piece.region)) return Refuse(piece, PortRefusal::NoAddress);
-    CarriedCode carried;
-    const Bytes bytes = image_.Patched().subspan(static_cast<std::size_t>(piece.region.offset),
-                                                 static_cast<std::size_t>(piece.region.size));
-    carried.bytes.assign(bytes.begin(), bytes.end());
-    const PointerPlace there{piece.region, place.offset};
-    carried.failed = CarryPointers(carried.bytes, there, image_.Patched(), old_, now_, pairing_, maps_);
-    Take(piece, place, carried);
+    Take(piece, place, AsData(piece.region, place.offset));
   }
 
   // Code that a patch brings into an empty area.
   void Erased(const PatchedPiece& piece) {
     const auto there = maps_.areas.NewOf(piece.region.offset);
     if (!there) return Refuse(piece, PortRefusal::NotEmpty);
-    const NewPlace place{{}, *there, 0};
     const bool moves = maps_.areas.MovedAt(old_.PhoneAddress(piece.region.offset)) != nullptr;
     const Offset smallestData = moves ? 1 : 4;
-    const auto newOf = [&](Offset old) { return old - piece.region.offset + *there; };
     CarriedCode carried;
-    const Bytes bytes = image_.Patched().subspan(static_cast<std::size_t>(piece.region.offset),
-                                                 static_cast<std::size_t>(piece.region.size));
-    carried.bytes.assign(bytes.begin(), bytes.end());
+    carried.bytes = PatchedBytes(piece.region);
+    const auto take = [&](const Region& region, const CarriedCode& part) {
+      std::ranges::copy(part.bytes, carried.bytes.begin() + (region.offset - piece.region.offset));
+      carried.failed.insert(carried.failed.end(), part.failed.begin(), part.failed.end());
+    };
+    const auto newOf = [&](Offset old) { return old - piece.region.offset + *there; };
     Offset dataFrom = piece.region.offset;
     const auto data = [&](Offset end) {
       const Region region{dataFrom, end - dataFrom};
-      if (region.size < smallestData) return;
-      std::vector<std::uint8_t> part(carried.bytes.begin() + (region.offset - piece.region.offset),
-                                     carried.bytes.begin() + (region.End() - piece.region.offset));
-      const PointerPlace to{region, newOf(region.offset)};
-      const auto failed = CarryPointers(part, to, image_.Patched(), old_, now_, pairing_, maps_);
-      std::ranges::copy(part, carried.bytes.begin() + (region.offset - piece.region.offset));
-      carried.failed.insert(carried.failed.end(), failed.begin(), failed.end());
+      if (region.size >= smallestData) take(region, AsData(region, newOf(region.offset)));
     };
     for (const Region& run : brought_.In(piece)) {
       data(run.offset);
       dataFrom = run.End();
       const PatchedCode code{image_.Patched(), run, run, newOf(run.offset)};
-      const CarriedCode part = CarryOperands(code, old_, now_, pairing_, maps_);
-      std::ranges::copy(part.bytes, carried.bytes.begin() + (run.offset - piece.region.offset));
-      carried.failed.insert(carried.failed.end(), part.failed.begin(), part.failed.end());
+      take(run, CarryOperands(code, old_, now_, pairing_, maps_));
     }
     data(piece.region.End());
-    Take(piece, place, std::move(carried));
+    if (moves && brought_.IsAssumed(piece)) FailAsData(piece.region, *there, carried);
+    Take(piece, {{}, *there, 0}, std::move(carried));
+  }
+
+  [[nodiscard]] std::vector<std::uint8_t> PatchedBytes(const Region& region) const {
+    const auto first = image_.Patched().begin() + region.offset;
+    return {first, first + region.size};
+  }
+
+  [[nodiscard]] CarriedCode AsData(const Region& region, Offset there) {
+    CarriedCode carried;
+    carried.bytes = PatchedBytes(region);
+    carried.failed =
+        CarryPointers(carried.bytes, {region, there}, image_.Patched(), old_, now_, pairing_, maps_);
+    return carried;
+  }
+
+  // Fails what would be carried in another way if it were data.
+  void FailAsData(const Region& region, Offset there, CarriedCode& carried) {
+    const CarriedCode data = AsData(region, there);
+    carried.failed.insert(carried.failed.end(), data.failed.begin(), data.failed.end());
+    const std::vector<std::uint8_t> patched = PatchedBytes(region);
+    for (std::size_t k = 0; k < patched.size(); ++k)
+      if (data.bytes[k] != patched[k] && data.bytes[k] != carried.bytes[k])
+        carried.failed.push_back({region.offset + static_cast<Offset>(k), 1});
   }
 
   // Gives each change of a piece its part. Bytes of a piece that no change has must be what the new dump has.
