@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "core/fullflash.h"
+#include "patch/moved_pair.h"
 #include "patch/port.h"
 
 namespace tarvelo {
@@ -76,6 +77,7 @@ class Linked {
     return bytes;
   }
   [[nodiscard]] Offset At(const std::string& name) const { return values_.at(name) - base; }
+  void Put(const std::string& name, Offset at) { values_[name] = base + static_cast<std::uint32_t>(at); }
   [[nodiscard]] FunctionList Functions() const { return {functions_, {}}; }
   [[nodiscard]] std::vector<std::uint8_t>& Image() { return bytes_; }
 
@@ -207,19 +209,9 @@ class PortBytes : public testing::Test {
               {"v", 0x9100},
               {"area", base + 0x18000},
               {"mark", base + 0x18400}}};
-  // `area` and `mark` are where an area of the patch and data behind it go.
-  static Linked Later(std::uint32_t area, std::uint32_t mark) {
-    return {LaterItems(),
-            {{"near", 0x8244},
-             {"far", 0x188030},
-             {"outer", 0x2468},
-             {"a", 0x135},
-             {"b", 0x31F},
-             {"v", 0x9200},
-             {"area", base + area},
-             {"mark", base + mark}}};
-  }
-  Linked now = Later(0, 0);
+  Linked now{
+      LaterItems(),
+      {{"near", 0x8244}, {"far", 0x188030}, {"outer", 0x2468}, {"a", 0x135}, {"b", 0x31F}, {"v", 0x9200}}};
 };
 
 TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
@@ -257,7 +249,7 @@ TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
     EXPECT_EQ(change.refusal, PortRefusal::NotEmpty);
 }
 
-// The new dump is full where the patch has its area. Of the first 64 KiB all behind the items is erased.
+// The new dump is full where the patch has its area. All behind the items is erased but for that.
 TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
   struct Case {
     std::vector<Region> used;
@@ -291,12 +283,13 @@ TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
       {"fifth", 40, "E6 F5 word:page:area", Half::Page},
       {"table", 8, "word:page:mark word:pof:mark", Half::Page},
   };
+  std::fill_n(now.Image().begin() + 0x18000, 0x500, 0);
   std::vector<PatchChange> changes;
   for (const Place& place : places)
     changes.push_back(ChangeOf(old.At(place.name) + place.at, old.Bytes(place.source)));
   for (const Case& each : cases) {
-    now = Later(each.area, each.mark);
-    std::fill(now.Image().begin() + 0x10000, now.Image().end(), 0);
+    now.Put("area", each.area);
+    now.Put("mark", each.mark);
     const auto ported = Ported(changes, each.used);
     for (std::size_t i = 0; i < ported.size(); ++i) {
       const auto& [name, at, source, half] = places[i];
@@ -316,6 +309,31 @@ TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
     EXPECT_EQ(Ported({changes[4]}, each.used)[0].refusal, PortRefusal::NotEmpty);  // nothing refers to it
     EXPECT_EQ(Ported(changes)[0].refusal, PortRefusal::NoAddress);                 // unless the user wants it
   }
+}
+
+// In 16 MiB two words may be an address with a segment as well as one with a page.
+TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
+  const std::vector<std::uint8_t> bytes(0x1000000, 0xFF), erased(4, 0xFF);
+  const Fullflash image{tarvelo::Bytes(bytes)};
+  const CodeUnits none;
+  NoProgress progress;
+  const CodePairing pairing(none, 0, none, 0, progress);
+  const std::vector<PatchChange> changes{{1, {0x301234, erased, {1, 2, 3, 4}}},
+                                         {2, {0xC1234, erased, {5, 6, 7, 8}}}};
+  const std::vector<AreaMove> moves{{{0x301234, 4}, 0x411234}, {{0xC1234, 4}, 0xD1234}};
+  Fullflash now{tarvelo::Bytes(bytes)};
+  CarryMaps maps;
+  maps.code = maps.data = [&](std::uint32_t address) {
+    return static_cast<std::uint32_t>(maps.areas.NewOf(address).value_or(0));
+  };
+  const auto moved = [&](std::uint32_t high) { return MovePair(0x1234, high, image, pairing, maps).words; };
+  now.Write(0x301234, std::vector<std::uint8_t>{0});
+  maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
+  EXPECT_EQ(moved(0x30), std::pair(0x1234u, 0x41u));
+  EXPECT_EQ(moved(0xC0), std::pair(0x1234u, 0x104u));
+  now.Write(0xC1234, std::vector<std::uint8_t>{0});  // page 30h moves, too
+  maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
+  EXPECT_FALSE(moved(0x30));
 }
 
 }  // namespace
