@@ -263,7 +263,7 @@ TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
   };
   const std::string code =  // a near and a far call, a near jump back, a pair, an EXTP, a table
       "2D 4 DA far:third EA 0 word:area E6 FC word:pof:mark E6 FD word:page:mark D7 40 word:page:mark "
-      "F2 F4 word:pof:mark E6 F1 34 12 CA 0 word:area DB 0 word:area word:seg:area word:pof:mark "
+      "F2 F4 word:pof:mark E6 F1 F0 02 CA 0 word:area DB 0 word:area word:seg:area word:pof:mark "
       "word:page:mark";
   // A word may be half of an address: of its offset, which only the first case keeps, or of the page.
   enum class Half { None, Offset, Page };
