@@ -5,13 +5,16 @@
 #include "patch/patch_lines.h"
 
 namespace tarvelo {
-
-std::string TextOf(const Region& area) {
-  return PatchAddress(area.offset) + "-" + PatchAddress(area.End() - 1);
-}
+namespace {
 
 bool HasErased(const Fullflash& image, const Region& region) {
   return HasRegion(image, region) && IsErased(image, region);
+}
+
+}  // namespace
+
+std::string TextOf(const Region& area) {
+  return PatchAddress(area.offset) + "-" + PatchAddress(area.End() - 1);
 }
 
 BroughtAreas::BroughtAreas(const PatchedImage& image, const Fullflash& now, std::span<const AreaMove> moves)

@@ -22,9 +22,6 @@ struct AreaMove {
 // The first and last offset: "01F000-01F0FF".
 [[nodiscard]] std::string TextOf(const Region& area);
 
-// Whether a region of a dump is in it and erased (IsErased).
-[[nodiscard]] bool HasErased(const Fullflash& image, const Region& region);
-
 class BroughtAreas {
  public:
   static constexpr Offset page = 0x4000;  // of phone addresses

@@ -95,6 +95,7 @@ class PointerCarrier {
   // A word alone may be an offset that moves, as in the table of a switch.
   void FailLoneOffset(Offset at) {
     const std::uint16_t word = WordAt(patched_, at);
+    if (at + 1 < region_.offset) return;  // it belongs to what is in front
     if (word != WordAt(old_.ff(), at) && maps_.areas.MayBeOffset(word)) failed_.push_back({at, 2});
   }
   [[nodiscard]] bool IsNamed(std::uint32_t address) const {

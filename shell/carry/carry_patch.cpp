@@ -56,9 +56,8 @@ void Save(Workbench& bench, const std::string& text, const Dump& other, const st
 
 // Asks whether what finds its area used in the other dump may go into empty ones. Returns them, or nothing.
 std::vector<AreaMove> AskMoves(Workbench& bench, const ReadPatch& patch, std::span<const PortedChange> ported,
-                               const CodeVersions& versions, const Dump& other) {
+                               const CodeVersions& versions, const Dump& other, Progress& progress) {
   if (!FindsAreasUsed(ported)) return {};
-  SearchProgress progress(bench);
   std::vector<AreaMove> moves = OfferAreas(patch.changes, versions.Old(), versions.New(), versions.Pairing(),
                                            UsedAreas(other, progress));
   if (moves.empty()) return {};
@@ -80,7 +79,7 @@ void CarryPatch(Workbench& bench, const std::string& document) {
   SearchProgress progress(bench);
   const CodeVersions versions(opened, other->image, progress);
   std::vector<PortedChange> ported = PortChanges(patch.changes, opened, other->image, versions.Pairing());
-  const std::vector<AreaMove> moves = AskMoves(bench, patch, ported, versions, *other);
+  const std::vector<AreaMove> moves = AskMoves(bench, patch, ported, versions, *other, progress);
   if (!moves.empty()) ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), moves);
   const CarriedLines lines(patch, ported, versions, bench.texts);
   if (IsAccepted(bench, lines)) Save(bench, PortedText(document, patch.changes, ported), *other, path);
