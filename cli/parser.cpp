@@ -179,7 +179,9 @@ void AddPatchCommands(CLI::App& app, Command& chosen) {
       .Needs("NEW", &PortArguments::now, "Dump of another version")
       .Needs("PATCH", &PortArguments::patch, "Patch file")
       .Takes("--output", &PortArguments::output, "The patch file to write (default: standard output)")
-      .Flag("--json", &PortArguments::json, "One JSON object a change and line");
+      .Flag("--json", &PortArguments::json, "One JSON object a change and line")
+      .Flag("--move-areas", &PortArguments::moveAreas,
+            "Carry what the patch brings into an area that is not empty in NEW into an empty one");
   Subcommand(app, "names", "Print names for the places of a dump", Names, chosen)
       .Needs("FILE", &NamesArguments::file, "Dump")
       .Takes("PATTERNS", &NamesArguments::patterns,

@@ -6,6 +6,7 @@
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
+#include "document/used_areas.h"
 #include "patch/code_versions.h"
 #include "patch/pattern.h"
 #include "patch/port_text.h"
@@ -42,6 +43,22 @@ void Warn(const PortArguments& arguments, const Dump& old, const Dump& now, std:
                 << PrintableLine(arguments.old) << '\n';
 }
 
+// Empty areas for what finds its own not empty.
+std::vector<AreaMove> Offers(std::span<const PortedChange> ported, std::span<const PatchChange> changes,
+                             const CodeVersions& versions, const Dump& now, Context& context) {
+  if (!FindsAreasUsed(ported)) return {};
+  return OfferAreas(changes, versions.Old(), versions.New(), versions.Pairing(),
+                    UsedAreas(now, context.progress));
+}
+
+void SayOffers(std::span<const AreaMove> offers, const PortArguments& arguments, Context& context) {
+  for (const AreaMove& offer : offers)
+    context.err << PrintableLine(arguments.now) << ": in use where " << PrintableLine(arguments.old)
+                << " is empty (" << TextOf(offer.from)
+                << (arguments.moveAreas ? "); carried to " : "); --move-areas would carry that to ")
+                << TextOf({offer.to, offer.from.size}) << '\n';
+}
+
 }  // namespace
 
 void Port(const PortArguments& arguments, Context& context) {
@@ -54,8 +71,11 @@ void Port(const PortArguments& arguments, Context& context) {
   const std::string text = ReadText(arguments.patch, context.progress);
   const ReadPatch patch = ReadPatchText(text);
   const CodeVersions versions(old->image, now->image, context.progress);
-  const std::vector<PortedChange> ported =
-      PortChanges(patch.changes, old->image, now->image, versions.Pairing());
+  std::vector<PortedChange> ported = PortChanges(patch.changes, old->image, now->image, versions.Pairing());
+  const std::vector<AreaMove> offers = Offers(ported, patch.changes, versions, *now, context);
+  SayOffers(offers, arguments, context);
+  if (arguments.moveAreas && !offers.empty())
+    ported = PortChanges(patch.changes, old->image, now->image, versions.Pairing(), offers);
 
   const std::string result = PortedText(text, patch.changes, ported);
   if (arguments.output)

@@ -80,6 +80,7 @@ struct PortArguments {
   std::string patch;
   std::optional<std::string> output;
   bool json = false;
+  bool moveAreas = false;
 };
 void Port(const PortArguments& arguments, Context& context);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/erased_runs.h"
 #include "document/explorers.h"
 #include "document/guesses.h"
 #include "document/map_kinds.h"

@@ -1,7 +1,6 @@
 #include "document/guesses.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "document/map_kinds.h"
 #include "document/settle_claims.h"
@@ -9,7 +8,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset shortestErased = 256;
 constexpr Offset shortestText = 512;
 constexpr Offset longestFilling = 3;
 constexpr int mostZeros = 3;
@@ -17,17 +15,6 @@ constexpr Offset pageSize = 0x1000;
 constexpr int fewestReturns = 8;
 
 std::uint8_t At(Bytes image, Offset p) { return image[static_cast<std::size_t>(p)]; }
-
-Offset EndOfErased(Bytes image, Offset p) {
-  const auto end = static_cast<Offset>(image.size());
-  constexpr std::uint64_t erased = ~std::uint64_t{0};
-  for (std::uint64_t word = erased; p + 8 <= end; p += 8) {
-    std::memcpy(&word, image.data() + p, 8);
-    if (word != erased) break;
-  }
-  while (p < end && At(image, p) == 0xFF) ++p;
-  return p;
-}
 
 bool IsLetterOrBlank(std::uint8_t b) { return b == ' ' || (b >= 'A' && b <= 'Z') || (b >= 'a' && b <= 'z'); }
 
@@ -136,20 +123,6 @@ class Guesser {
 };
 
 }  // namespace
-
-std::vector<Region> ErasedRuns(Bytes image) {
-  std::vector<Region> runs;
-  Offset known = 0;  // the end of the last run looked at
-  // A run that is long enough contains one of these offsets.
-  for (Offset p = shortestErased - 1; p < static_cast<Offset>(image.size()); p += shortestErased) {
-    if (p < known || At(image, p) != 0xFF) continue;
-    Offset begin = p;
-    while (begin > known && At(image, begin - 1) == 0xFF) --begin;
-    known = EndOfErased(image, p);
-    if (known - begin >= shortestErased) runs.push_back({begin, known - begin});
-  }
-  return runs;
-}
 
 std::vector<Claim> Guess(Bytes image, std::span<const Claim> regions, bool mayHoldCode) {
   return Guesser(image, mayHoldCode).Run(regions);

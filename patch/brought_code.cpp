@@ -15,6 +15,7 @@ BroughtCode::BroughtCode(const PatchedImage& image, const CodeUnits& units)
   for (const PatchedPiece& piece : image_.Pieces()) {
     if (piece.kind != Erased) continue;
     if (In(piece).empty()) {
+      assumed_.push_back(piece.region.offset);
       Open(piece.region.offset);
       Walk();
     }
@@ -93,6 +94,10 @@ void BroughtCode::WalkFrom(Offset place) {
     isStart_[static_cast<std::size_t>(region.offset) / 2] = true;
     FollowReferences(region);
   }
+}
+
+bool BroughtCode::IsAssumed(const PatchedPiece& piece) const {
+  return std::ranges::find(assumed_, piece.region.offset) != assumed_.end();
 }
 
 bool BroughtCode::IsStart(Offset place) const { return isStart_[static_cast<std::size_t>(place) / 2]; }

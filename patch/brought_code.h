@@ -14,6 +14,8 @@ class BroughtCode {
 
   // The runs of instructions in an erased piece, by offset.
   [[nodiscard]] std::vector<Region> In(const PatchedPiece& piece) const;
+  // Whether nothing leads into an erased piece, so that its code may as well be data.
+  [[nodiscard]] bool IsAssumed(const PatchedPiece& piece) const;
 
  private:
   void FollowReferences(const Region& region);
@@ -27,7 +29,8 @@ class BroughtCode {
   const PatchedImage& image_;
   const CodeUnits& units_;
   std::vector<Offset> open_;
-  std::vector<bool> isStart_;  // for each even offset
+  std::vector<Offset> assumed_;  // where such pieces begin
+  std::vector<bool> isStart_;    // for each even offset
 };
 
 }  // namespace tarvelo

@@ -6,6 +6,7 @@
 #include "code/nearby_code.h"
 #include "code/sweep.h"
 #include "patch/brought_code.h"
+#include "patch/free_areas.h"
 #include "patch/port_operands.h"
 #include "patch/port_pointers.h"
 
@@ -17,7 +18,7 @@ constexpr int instructionsAround = 8;  // of a piece of code, that operands may 
 class Porter {
  public:
   Porter(std::span<const PatchChange> changes, const Fullflash& old, const Fullflash& now,
-         const CodePairing& pairing)
+         const CodePairing& pairing, std::span<const AreaMove> moves)
       : old_(old),
         now_(now),
         pairing_(pairing),
@@ -29,17 +30,24 @@ class Porter {
     maps_.code = [this](std::uint32_t address) { return Mapped(address, true); };
     maps_.jump = [this](std::uint32_t address) { return places_.CodeInside(address); };
     maps_.data = [this](std::uint32_t address) { return Mapped(address, false); };
+    maps_.areas = BroughtAreas(image_, now, moves);
   }
 
-  std::vector<PortedChange> Run() && {
+  std::vector<PortedChange> Run() {
     for (PortedChange& ported : ported_) ported.refusal = PortRefusal::NotOld;
-    for (const PatchedPiece& piece : image_.Pieces()) switch (piece.kind) {
+    for (const PatchedPiece& piece : image_.Pieces()) {
+      piece_ = piece.region;
+      switch (piece.kind) {
         case PatchedPiece::Kind::Code: Code(piece); break;
         case PatchedPiece::Kind::Data: Data(piece); break;
         case PatchedPiece::Kind::Erased: Erased(piece); break;
       }
+    }
     return std::move(ported_);
   }
+
+  // The moved areas that carried changes elsewhere refer to.
+  [[nodiscard]] const std::vector<AreaMove>& Referred() const { return referred_; }
 
  private:
   void Refuse(const PatchedPiece& piece, PortRefusal refusal) {
@@ -111,45 +119,59 @@ class Porter {
 
   void TakeData(const PatchedPiece& piece, const NewPlace& place) {
     if (IsCodeWithAddresses(piece.region)) return Refuse(piece, PortRefusal::NoAddress);
-    CarriedCode carried;
-    const Bytes bytes = image_.Patched().subspan(static_cast<std::size_t>(piece.region.offset),
-                                                 static_cast<std::size_t>(piece.region.size));
-    carried.bytes.assign(bytes.begin(), bytes.end());
-    const PointerPlace there{piece.region, place.offset};
-    carried.failed = CarryPointers(carried.bytes, there, image_.Patched(), old_, now_, pairing_, maps_);
-    Take(piece, place, carried);
+    Take(piece, place, AsData(piece.region, place.offset));
   }
 
-  // Code that a patch brings into an empty area stays where it is.
+  // Code that a patch brings into an empty area.
   void Erased(const PatchedPiece& piece) {
-    const Region there{NewErased(piece.region.offset), piece.region.size};
-    if (!HasRegion(now_, there) || !IsErased(now_, there)) return Refuse(piece, PortRefusal::NotEmpty);
-    const NewPlace place{{}, there.offset, 0};
+    const auto there = maps_.areas.NewOf(piece.region.offset);
+    if (!there) return Refuse(piece, PortRefusal::NotEmpty);
+    const bool moves = maps_.areas.MovedAt(old_.PhoneAddress(piece.region.offset)) != nullptr;
+    const Offset smallestData = moves ? 1 : 4;
     CarriedCode carried;
-    const Bytes bytes = image_.Patched().subspan(static_cast<std::size_t>(piece.region.offset),
-                                                 static_cast<std::size_t>(piece.region.size));
-    carried.bytes.assign(bytes.begin(), bytes.end());
+    carried.bytes = PatchedBytes(piece.region);
+    const auto take = [&](const Region& region, const CarriedCode& part) {
+      std::ranges::copy(part.bytes, carried.bytes.begin() + (region.offset - piece.region.offset));
+      carried.failed.insert(carried.failed.end(), part.failed.begin(), part.failed.end());
+    };
+    const auto newOf = [&](Offset old) { return old - piece.region.offset + *there; };
     Offset dataFrom = piece.region.offset;
     const auto data = [&](Offset end) {
       const Region region{dataFrom, end - dataFrom};
-      if (region.size < 4) return;
-      std::vector<std::uint8_t> part(carried.bytes.begin() + (region.offset - piece.region.offset),
-                                     carried.bytes.begin() + (region.End() - piece.region.offset));
-      const PointerPlace to{region, NewErased(region.offset)};
-      const auto failed = CarryPointers(part, to, image_.Patched(), old_, now_, pairing_, maps_);
-      std::ranges::copy(part, carried.bytes.begin() + (region.offset - piece.region.offset));
-      carried.failed.insert(carried.failed.end(), failed.begin(), failed.end());
+      if (region.size >= smallestData) take(region, AsData(region, newOf(region.offset)));
     };
     for (const Region& run : brought_.In(piece)) {
       data(run.offset);
       dataFrom = run.End();
-      const PatchedCode code{image_.Patched(), run, run, NewErased(run.offset)};
-      const CarriedCode part = CarryOperands(code, old_, now_, pairing_, maps_);
-      std::ranges::copy(part.bytes, carried.bytes.begin() + (run.offset - piece.region.offset));
-      carried.failed.insert(carried.failed.end(), part.failed.begin(), part.failed.end());
+      const PatchedCode code{image_.Patched(), run, run, newOf(run.offset)};
+      take(run, CarryOperands(code, old_, now_, pairing_, maps_));
     }
     data(piece.region.End());
-    Take(piece, place, std::move(carried));
+    if (moves && brought_.IsAssumed(piece)) FailAsData(piece.region, *there, carried);
+    Take(piece, {{}, *there, 0}, std::move(carried));
+  }
+
+  [[nodiscard]] std::vector<std::uint8_t> PatchedBytes(const Region& region) const {
+    const auto first = image_.Patched().begin() + region.offset;
+    return {first, first + region.size};
+  }
+
+  [[nodiscard]] CarriedCode AsData(const Region& region, Offset there) {
+    CarriedCode carried;
+    carried.bytes = PatchedBytes(region);
+    carried.failed =
+        CarryPointers(carried.bytes, {region, there}, image_.Patched(), old_, now_, pairing_, maps_);
+    return carried;
+  }
+
+  // Fails what would be carried in another way if it were data.
+  void FailAsData(const Region& region, Offset there, CarriedCode& carried) {
+    const CarriedCode data = AsData(region, there);
+    carried.failed.insert(carried.failed.end(), data.failed.begin(), data.failed.end());
+    const std::vector<std::uint8_t> patched = PatchedBytes(region);
+    for (std::size_t k = 0; k < patched.size(); ++k)
+      if (data.bytes[k] != patched[k] && data.bytes[k] != carried.bytes[k])
+        carried.failed.push_back({region.offset + static_cast<Offset>(k), 1});
   }
 
   // Gives each change of a piece its part. Bytes of a piece that no change has must be what the new dump has.
@@ -206,15 +228,15 @@ class Porter {
   }
 
   // A new address for an old one, or for what the patch brings along.
-  [[nodiscard]] std::optional<std::uint32_t> Mapped(std::uint32_t address, bool isCode) const {
+  [[nodiscard]] std::optional<std::uint32_t> Mapped(std::uint32_t address, bool isCode) {
     const Offset offset = Offset{address} - old_.CorrBase();
-    if (image_.ErasedAt(offset)) return now_.PhoneAddress(NewErased(offset));
+    const AreaMove* const moved = maps_.areas.MovedAt(address);
+    if (moved && moved->from != piece_) referred_.push_back(*moved);
+    if (moved || image_.ErasedAt(offset)) {
+      const auto there = maps_.areas.NewOf(offset);
+      return there ? std::optional(now_.PhoneAddress(*there)) : std::nullopt;
+    }
     return isCode ? places_.CodeAddress(address) : places_.DataAddress(address);
-  }
-
-  // Erased areas stay at their phone addresses.
-  [[nodiscard]] Offset NewErased(Offset offset) const {
-    return Offset{old_.PhoneAddress(offset)} - now_.CorrBase();
   }
 
   const Fullflash& old_;
@@ -226,8 +248,34 @@ class Porter {
   FunctionList noFunctions_;
   NearbyCode nearby_;
   CarryMaps maps_;
+  Region piece_;  // that is being carried
+  std::vector<AreaMove> referred_;
   std::vector<PortedChange> ported_;
 };
+
+// A free place for each erased piece that cannot stay; all by the same distance if possible.
+std::vector<AreaMove> FreePlaces(const PatchedImage& image, const Fullflash& now,
+                                 std::span<const Region> used) {
+  const BroughtAreas staying(image, now, {});
+  std::optional<FreeAreas> areas;
+  std::vector<AreaMove> moves;
+  for (const PatchedPiece& piece : image.Pieces()) {
+    const Region& region = piece.region;
+    if (piece.kind != PatchedPiece::Kind::Erased || staying.NewOf(region.offset)) continue;
+    if (!areas) {
+      areas.emplace(now, used);
+      for (const AreaMove& area : staying.All()) areas->Take({area.to, area.from.size});
+    }
+    const Offset from = image.Old().PhoneAddress(region.offset);
+    std::optional<Offset> to;
+    if (!moves.empty()) to = moves.back().to + region.offset - moves.back().from.offset;
+    if (!to || !areas->Suits(from, region.size, *to)) to = areas->Find(from, region.size);
+    if (!to) continue;
+    moves.push_back({region, *to});
+    areas->Take({*to, region.size});
+  }
+  return moves;
+}
 
 }  // namespace
 
@@ -244,8 +292,27 @@ std::string_view ReasonOf(PortRefusal refusal) {
 }
 
 std::vector<PortedChange> PortChanges(std::span<const PatchChange> changes, const Fullflash& old,
-                                      const Fullflash& now, const CodePairing& pairing) {
-  return Porter(changes, old, now, pairing).Run();
+                                      const Fullflash& now, const CodePairing& pairing,
+                                      std::span<const AreaMove> moves) {
+  return Porter(changes, old, now, pairing, moves).Run();
+}
+
+bool FindsAreasUsed(std::span<const PortedChange> ported) {
+  return std::ranges::any_of(
+      ported, [](const PortedChange& change) { return change.refusal == PortRefusal::NotEmpty; });
+}
+
+std::vector<AreaMove> OfferAreas(std::span<const PatchChange> changes, const Fullflash& old,
+                                 const Fullflash& now, const CodePairing& pairing,
+                                 std::span<const Region> used) {
+  std::vector<AreaMove> moves = FreePlaces(PatchedImage(changes, old, pairing.Old()), now, used);
+  if (moves.empty()) return moves;
+  Porter porter(changes, old, now, pairing, moves);
+  porter.Run();
+  std::erase_if(moves, [&](const AreaMove& move) {
+    return std::ranges::find(porter.Referred(), move) == porter.Referred().end();
+  });
+  return moves;
 }
 
 }  // namespace tarvelo

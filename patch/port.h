@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "patch/brought_areas.h"
 #include "patch/patch_apply.h"
 #include "patch/port_place.h"
 
@@ -24,9 +25,20 @@ struct PortedChange {
 [[nodiscard]] std::string_view ReasonOf(PortRefusal refusal);
 
 // Carries changes over, one result for each, in order. A change of erased bytes goes to the same phone
-// address if the new dump is erased there, too.
+// address if the new dump is erased there, too, or else where `moves` says, and all references to it follow.
 [[nodiscard]] std::vector<PortedChange> PortChanges(std::span<const PatchChange> changes,
                                                     const Fullflash& old, const Fullflash& now,
-                                                    const CodePairing& pairing);
+                                                    const CodePairing& pairing,
+                                                    std::span<const AreaMove> moves = {});
+
+// Whether something was refused because the new dump is not erased where the old one is.
+[[nodiscard]] bool FindsAreasUsed(std::span<const PortedChange> ported);
+
+// Erased areas of the new dump for what finds its own not erased there, for PortChanges: by their old place.
+// Nothing knows what a phone writes into an erased area: ask the user first. Only what carried changes refer
+// to has one. `used` are regions of the new dump to keep away from.
+[[nodiscard]] std::vector<AreaMove> OfferAreas(std::span<const PatchChange> changes, const Fullflash& old,
+                                               const Fullflash& now, const CodePairing& pairing,
+                                               std::span<const Region> used = {});
 
 }  // namespace tarvelo

@@ -6,6 +6,7 @@
 #include "code/movable.h"
 #include "code/sweep.h"
 #include "patch/moved_field.h"
+#include "patch/moved_pair.h"
 #include "patch/patched_image.h"
 
 namespace tarvelo {
@@ -41,7 +42,10 @@ class Carrier {
   CarriedCode Run() && {
     for (std::size_t i = 0; i < decoded_.size(); ++i)
       if (code_.region.Holds(decoded_[i].at) && !Carry(i)) Fail(i);
+    isInPair_.resize(decoded_.size());
     for (std::size_t i = 0; i < decoded_.size(); ++i) CarryPair(i);
+    for (std::size_t i = 0; i < decoded_.size(); ++i)
+      if (code_.region.Holds(decoded_[i].at) && HasLonePart(i)) Fail(i);
     return std::move(carried_);
   }
 
@@ -253,8 +257,10 @@ class Carrier {
     if (!partner) return;
     const std::size_t k = *partner;
     if (IsUnchanged(decoded_[i]) && IsUnchanged(decoded_[k])) return;
-    const auto moved = MovedPair(decoded_[i].instruction.Word(), decoded_[k].instruction.Word());
+    const MovedPair moved =
+        MovePair(decoded_[i].instruction.Word(), decoded_[k].instruction.Word(), old_, pairing_, maps_);
     if (moved.isPlain) return;
+    isInPair_[i] = isInPair_[k] = true;
     if (!moved.words || !Put(i, moved.words->first) || !Put(k, moved.words->second)) {
       Fail(i);
       Fail(k);
@@ -277,27 +283,13 @@ class Carrier {
     return {};
   }
 
-  struct Pair {
-    bool isPlain = false;  // two constants
-    std::optional<std::pair<std::uint32_t, std::uint32_t>> words;
-  };
-  [[nodiscard]] Pair MovedPair(std::uint32_t low, std::uint32_t high) const {
-    const auto isInside = [&](std::uint32_t address) {
-      return HasRegion(old_, {Offset{address} - old_.CorrBase(), 1});
-    };
-    const std::uint32_t far = high << 16 | low;
-    const std::uint32_t paged = high << 14 | low;
-    const bool isPage = low < 0x4000 && high < 0x400 && isInside(paged);
-    const bool isFar = high < 0x100 && isInside(far);
-    Pair pair;
-    if (isFar && (!isPage || pairing_.OldUnitFrom(far) >= 0)) {
-      if (const auto now = maps_.code(far)) pair.words.emplace(*now & 0xFFFF, *now >> 16);
-    } else if (isPage) {
-      if (const auto now = maps_.data(paged)) pair.words.emplace(*now & 0x3FFF, *now >> 14);
-    } else {
-      pair.isPlain = true;
-    }
-    return pair;
+  // Whether a new constant may be half of an address that moves, and nothing near is the other half.
+  [[nodiscard]] bool HasLonePart(std::size_t i) const {
+    const Decoded& decoded = decoded_[i];
+    if (isInPair_[i] || IsUnchanged(decoded)) return false;
+    const Movable movable = MovableOf(decoded.instruction, old_.PhoneAddress(decoded.at), decoded.range);
+    const bool isPart = movable.kind == Movable::Kind::Constant || movable.kind == Movable::Kind::Member;
+    return isPart && (maps_.areas.MayBeNumber(movable.value) || maps_.areas.MayBeOffset(movable.value));
   }
 
   // Puts a constant; outside the region the new dump must have it.
@@ -330,6 +322,7 @@ class Carrier {
   const CodePairing& pairing_;
   const CarryMaps& maps_;
   std::vector<Decoded> decoded_;
+  std::vector<bool> isInPair_;  // of an address
   CarriedCode carried_;
 };
 

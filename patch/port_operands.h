@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "patch/brought_areas.h"
 #include "patch/port_place.h"
 
 namespace tarvelo {
@@ -31,6 +32,7 @@ struct CarryMaps {
   MapAddress code;
   MapAddress jump;  // within a function, whose beginning is an instruction like any other
   MapAddress data;
+  BroughtAreas areas;  // what else moves
 };
 
 // Replaces the addresses in the patched bytes by those of the new version. Operands that the patch does not

@@ -37,6 +37,13 @@ class PointerCarrier {
     const std::uint32_t before = DWordAt(old_.ff(), at);
     if (now == before) return false;
     const std::uint32_t target = Paged(now);
+    const std::uint32_t reversed = now >> 16 | now << 16;
+    const bool farMoves = FarMoves(now);
+    const bool pageMoves = PageMoves(now);
+    if (FarMoves(reversed) || PageMoves(reversed) || (farMoves && pageMoves)) return Put(at, {}, 16);
+    if (farMoves) return Put(at, maps_.code(now), 16);
+    if (pageMoves) return Put(at, maps_.data(target), 14);
+    FailLoneOffset(at);
     if (IsEntry(now)) return Put(at, maps_.code(now), 16);
     if (IsEntry(before) && IsInside(now)) return Put(at, maps_.code(now), 16);
     if (!IsPaged(now)) return false;
@@ -73,8 +80,23 @@ class PointerCarrier {
     return far <= 0xFFFFFF && far != 0 && pairing_.OldUnitFrom(far) >= 0;
   }
   static std::uint32_t Paged(std::uint32_t words) { return words >> 16 << 14 | (words & 0xFFFF); }
+  static bool MayBePaged(std::uint32_t words) {
+    return (words & 0xFFFF) < 0x4000 && words >> 16 < 0x400 && words != 0;
+  }
   [[nodiscard]] bool IsPaged(std::uint32_t words) const {
-    return (words & 0xFFFF) < 0x4000 && words >> 16 < 0x400 && words != 0 && IsInside(Paged(words));
+    return MayBePaged(words) && IsInside(Paged(words));
+  }
+  [[nodiscard]] bool FarMoves(std::uint32_t words) const {
+    return words <= 0xFFFFFF && maps_.areas.MovedAt(words);
+  }
+  [[nodiscard]] bool PageMoves(std::uint32_t words) const {
+    return MayBePaged(words) && maps_.areas.MovedAt(Paged(words));
+  }
+  // A word alone may be an offset that moves, as in the table of a switch.
+  void FailLoneOffset(Offset at) {
+    const std::uint16_t word = WordAt(patched_, at);
+    if (at + 1 < region_.offset) return;  // it belongs to what is in front
+    if (word != WordAt(old_.ff(), at) && maps_.areas.MayBeOffset(word)) failed_.push_back({at, 2});
   }
   [[nodiscard]] bool IsNamed(std::uint32_t address) const {
     return pairing_.Votes().Best({Movable::Kind::Address, address}, -1).tally.agreeing > 0 || IsText(address);

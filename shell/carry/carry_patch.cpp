@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "document/used_areas.h"
 #include "patch/carried_lines.h"
 #include "patch/patch_document.h"
 #include "patch/port_text.h"
@@ -53,6 +54,19 @@ void Save(Workbench& bench, const std::string& text, const Dump& other, const st
     bench.frame.OpenDump(dump);
 }
 
+// Asks whether what finds its area used in the other dump may go into empty ones. Returns them, or nothing.
+std::vector<AreaMove> AskMoves(Workbench& bench, const ReadPatch& patch, std::span<const PortedChange> ported,
+                               const CodeVersions& versions, const Dump& other, Progress& progress) {
+  if (!FindsAreasUsed(ported)) return {};
+  std::vector<AreaMove> moves = OfferAreas(patch.changes, versions.Old(), versions.New(), versions.Pairing(),
+                                           UsedAreas(other, progress));
+  if (moves.empty()) return {};
+  wxString question = Wx(bench.texts.Msg(Text::AskMoveAreas)) + "\n";
+  for (const AreaMove& move : moves)
+    question += "\n" + Wx(TextOf(move.from)) + " -> " + Wx(TextOf({move.to, move.from.size}));
+  return bench.talk.Confirm(question) ? moves : std::vector<AreaMove>();
+}
+
 }  // namespace
 
 void CarryPatch(Workbench& bench, const std::string& document) {
@@ -64,8 +78,9 @@ void CarryPatch(Workbench& bench, const std::string& document) {
   const Fullflash opened = AsOpened(bench.document);
   SearchProgress progress(bench);
   const CodeVersions versions(opened, other->image, progress);
-  const std::vector<PortedChange> ported =
-      PortChanges(patch.changes, opened, other->image, versions.Pairing());
+  std::vector<PortedChange> ported = PortChanges(patch.changes, opened, other->image, versions.Pairing());
+  const std::vector<AreaMove> moves = AskMoves(bench, patch, ported, versions, *other, progress);
+  if (!moves.empty()) ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), moves);
   const CarriedLines lines(patch, ported, versions, bench.texts);
   if (IsAccepted(bench, lines)) Save(bench, PortedText(document, patch.changes, ported), *other, path);
 }

@@ -61,6 +61,27 @@ TEST_F(Versions, APatchIsCarriedToTheSecondFirmware) {
   EXPECT_EQ(Call({"apply", two, carried, "--check"}).status, done);
 }
 
+// The second firmware uses 360000h. Behind it all is erased up to the last 64 KiB, 7F0000h; its middle is
+// 5A8080h.
+TEST_F(Versions, CodeMovesIntoAnEmptyAreaOnlyIfWanted) {
+  std::vector<std::uint8_t> bytes = PartOfDemo(DemoKind::Second);
+  std::fill_n(bytes.begin() + 0x360000, 0x100, 0);
+  folder.Write("two.bin", bytes);
+  const auto patch = PathText(folder.Write(
+      "own.qpt", std::string("314078: DAB11A40 DAB60000\n360000: FFFFFFFFFFFFFFFF E00CDAB11A40DB00\n")));
+  const std::string where = two + ": in use where " + one + " is empty (360000-360007); ";
+  const Result refused = Call({"port", one, two, patch});
+  EXPECT_EQ(refused.status, nothingFound);
+  EXPECT_EQ(refused.out,
+            ";an address in the new bytes could not be carried over: 314078: DAB11A40 DAB60000\r\n"
+            ";the new dump is not empty there: 360000: FFFFFFFFFFFFFFFF E00CDAB11A40DB00\r\n");
+  EXPECT_TRUE(refused.err.starts_with(where + "--move-areas would carry that to 5B0000-5B0007\n"));
+  const Result moved = Call({"port", one, two, patch, "--move-areas"});
+  EXPECT_EQ(moved.status, done);
+  EXPECT_EQ(moved.out, "316470: DAB11A64 DADB0000\r\n5B0000: FFFFFFFFFFFFFFFF E00CDAB11A64DB00\r\n");
+  EXPECT_EQ(moved.err, where + "carried to 5B0000-5B0007\n");
+}
+
 // A function, a place in one, a text, a variable in RAM, a register, and a function that is gone.
 TEST_F(Versions, NamesAreCarried) {
   folder.Write("one.names.tsv", std::string("B14094\tOnKey\tup, down, choose\r\nB140B0\tChoose\r\n"

@@ -11,6 +11,7 @@
 #include "crafted_images.h"
 #include "document/map_kinds.h"
 #include "document/map_table.h"
+#include "document/used_areas.h"
 #include "eeprom/blocks.h"
 #include "eeprom/eeprom_explorer.h"
 #include "images.h"
@@ -92,6 +93,12 @@ TEST(DumpMap, HasHeadersBlocksErasedRegionsAndTheT9Area) {
              "61020 32 EEPROM 5076 (deleted)", "61040 32 EEPROM 5076 (deleted)", "61060 288 erased",
              "61180 126336 unknown", "7ff00 256 firmware header", "80000 65280 unknown", "8ff00 256 erased",
              "90000 131072 empty blocks", "b0000 256 erased", "b0100 327424 unknown"}));
+  // Nothing else goes into free space of T9 or a flash block with EEPROM.
+  Dump dump{ImageOf(image), {}, {}};
+  dump.info = Identify(dump.image);
+  const std::vector<Region> used = UsedAreas(dump, noProgress);
+  for (const Region& region : {Region{0x2F000, 0x1000}, {0x60000, 0x10000}})
+    EXPECT_NE(std::ranges::find(used, region), used.end()) << region.offset;
 }
 
 // Nine plain monochrome pictures 4 x 4, which take 4 bytes each; the third is the second, once more.

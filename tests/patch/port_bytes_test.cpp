@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "core/fullflash.h"
+#include "patch/moved_pair.h"
 #include "patch/port.h"
 
 namespace tarvelo {
@@ -76,6 +77,7 @@ class Linked {
     return bytes;
   }
   [[nodiscard]] Offset At(const std::string& name) const { return values_.at(name) - base; }
+  void Put(const std::string& name, Offset at) { values_[name] = base + static_cast<std::uint32_t>(at); }
   [[nodiscard]] FunctionList Functions() const { return {functions_, {}}; }
   [[nodiscard]] std::vector<std::uint8_t>& Image() { return bytes_; }
 
@@ -172,14 +174,17 @@ constexpr Line lines[] = {
 
 std::vector<PortedChange> Port(const Linked& old, const std::vector<std::uint8_t>& oldBytes,
                                const Linked& now, const std::vector<std::uint8_t>& newBytes,
-                               const std::vector<PatchChange>& changes) {
+                               const std::vector<PatchChange>& changes,
+                               const std::optional<std::vector<Region>>& used) {
   const Fullflash before{tarvelo::Bytes(oldBytes)};
   const Fullflash after{tarvelo::Bytes(newBytes)};
   const CodeUnits oldUnits = GetCodeUnits(before, old.Functions());
   const CodeUnits newUnits = GetCodeUnits(after, now.Functions());
   NoProgress progress;
   const CodePairing pairing(oldUnits, base, newUnits, base, progress);
-  return PortChanges(changes, before, after, pairing);
+  const std::vector<AreaMove> moves =
+      used ? OfferAreas(changes, before, after, pairing, *used) : std::vector<AreaMove>();
+  return PortChanges(changes, before, after, pairing, moves);
 }
 
 class PortBytes : public testing::Test {
@@ -188,8 +193,10 @@ class PortBytes : public testing::Test {
     const auto from = old.Image().begin() + at;
     return {0, {at, {from, from + std::ssize(bytes)}, std::move(bytes)}};
   }
-  std::vector<PortedChange> Ported(const std::vector<PatchChange>& changes) {
-    return Port(old, old.Image(), now, now.Image(), changes);
+  // With `used`, areas move as offered.
+  std::vector<PortedChange> Ported(const std::vector<PatchChange>& changes,
+                                   const std::optional<std::vector<Region>>& used = {}) {
+    return Port(old, old.Image(), now, now.Image(), changes, used);
   }
 
   Linked old{Items(),
@@ -199,7 +206,9 @@ class PortBytes : public testing::Test {
               {"a", 0x123},
               {"b", 0x210},
               {"u", 0x9000},
-              {"v", 0x9100}}};
+              {"v", 0x9100},
+              {"area", base + 0x18000},
+              {"mark", base + 0x18400}}};
   Linked now{
       LaterItems(),
       {{"near", 0x8244}, {"far", 0x188030}, {"outer", 0x2468}, {"a", 0x135}, {"b", 0x31F}, {"v", 0x9200}}};
@@ -238,6 +247,94 @@ TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
   now.Image()[erased + 3] = 0;
   for (const PortedChange& change : Ported({changes[1], changes[2]}))
     EXPECT_EQ(change.refusal, PortRefusal::NotEmpty);
+}
+
+// The new dump is full where the patch has its area. All behind the items is erased but for that.
+TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
+  struct Case {
+    std::vector<Region> used;
+    Offset area, mark;  // 0: none
+  };
+  const Case cases[] = {
+      {{}, 0x8000, 0x8400},                               // the same offsets in the segment
+      {{{0x7F00, 0x200}}, 0xC000, 0xC400},                // in the page
+      {{{0, 0xE000}, {0xE800, 0x1800}}, 0xE400, 0xE200},  // 100h bytes from all; not by one distance
+      {{{0, 0xE000}, {0xE207, 0x1DF9}}, 0, 0},            // 207h bytes are too few for 8 and margins
+  };
+  const std::string code =  // a near and a far call, a near jump back, a pair, an EXTP, a table
+      "2D 4 DA far:third EA 0 word:area E6 FC word:pof:mark E6 FD word:page:mark D7 40 word:page:mark "
+      "F2 F4 word:pof:mark E6 F1 F0 02 CA 0 word:area DB 0 word:area word:seg:area word:pof:mark "
+      "word:page:mark";
+  // A word may be half of an address: of its offset, which only the first case keeps, or of the page.
+  enum class Half { None, Offset, Page };
+  struct Place {
+    std::string name;
+    tarvelo::Offset at;
+    std::string source;
+    Half half = Half::None;
+  };
+  const Place places[] = {
+      {"first", 56, "DA far:area"},
+      {"second", 64, "E6 FC word:pof:mark E6 FD word:page:mark"},
+      {"table", 4, "word:area word:seg:area"},
+      {"table", 12, "word:pof:mark word:page:mark"},
+      {"area", 0, code},
+      {"area", 0x7E, "word:area", Half::Offset},
+      {"mark", 0, "word:area 12 34 FF FF 41 42", Half::Offset},
+      {"fifth", 40, "E6 F5 word:page:area", Half::Page},
+      {"table", 8, "word:page:mark word:pof:mark", Half::Page},
+  };
+  std::fill_n(now.Image().begin() + 0x18000, 0x500, 0);
+  std::vector<PatchChange> changes;
+  for (const Place& place : places)
+    changes.push_back(ChangeOf(old.At(place.name) + place.at, old.Bytes(place.source)));
+  for (const Case& each : cases) {
+    now.Put("area", each.area);
+    now.Put("mark", each.mark);
+    const auto ported = Ported(changes, each.used);
+    for (std::size_t i = 0; i < ported.size(); ++i) {
+      const auto& [name, at, source, half] = places[i];
+      SCOPED_TRACE(std::to_string(each.area) + ": " + source);
+      const bool isBrought = name == "area" || name == "mark";
+      if (each.area == 0 && isBrought) {
+        EXPECT_EQ(ported[i].refusal, PortRefusal::NotEmpty);
+      } else if (half == Half::None ? each.area == 0
+                                    : each.area != 0 && (half == Half::Page || each.area != 0x8000)) {
+        EXPECT_EQ(ported[i].refusal, PortRefusal::NoAddress);
+      } else if (each.area != 0) {
+        ASSERT_FALSE(ported[i].refusal);
+        EXPECT_EQ(ported[i].offset, now.At(name) + at);
+        EXPECT_EQ(ported[i].newBytes, now.Bytes(source));
+      }
+    }
+    EXPECT_EQ(Ported({changes[4]}, each.used)[0].refusal, PortRefusal::NotEmpty);  // nothing refers to it
+    EXPECT_EQ(Ported(changes)[0].refusal, PortRefusal::NoAddress);                 // unless the user wants it
+  }
+}
+
+// In 16 MiB two words may be an address with a segment as well as one with a page.
+TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
+  const std::vector<std::uint8_t> bytes(0x1000000, 0xFF), erased(4, 0xFF);
+  const Fullflash image{tarvelo::Bytes(bytes)};
+  const CodeUnits none;
+  NoProgress progress;
+  const CodePairing pairing(none, 0, none, 0, progress);
+  const std::vector<PatchChange> changes{{1, {0x301234, erased, {1, 2, 3, 4}}},
+                                         {2, {0xC1234, erased, {5, 6, 7, 8}}}};
+  const std::vector<AreaMove> moves{{{0x301234, 4}, 0x411234}, {{0xC1234, 4}, 0xD1234}};
+  Fullflash now{tarvelo::Bytes(bytes)};
+  CarryMaps maps;
+  maps.code = maps.data = [&](std::uint32_t address) {
+    return static_cast<std::uint32_t>(maps.areas.NewOf(address).value_or(0));
+  };
+  const auto moved = [&](std::uint32_t high) { return MovePair(0x1234, high, image, pairing, maps).words; };
+  now.Write(0x301234, std::vector<std::uint8_t>{0});
+  maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
+  EXPECT_EQ(moved(0x30), std::pair(0x1234u, 0x41u));
+  EXPECT_EQ(moved(0xC0), std::pair(0x1234u, 0x104u));
+  now.Write(0xC1234, std::vector<std::uint8_t>{0});  // page 30h moves, too
+  maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
+  EXPECT_FALSE(moved(0x30));
 }
 
 }  // namespace

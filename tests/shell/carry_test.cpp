@@ -131,6 +131,18 @@ TEST_F(CarryDesk, FarAndForeignDumpsAreNamed) {
   EXPECT_EQ(Carry(";nothing\n"), "iThe patch holds no changes.");
 }
 
+TEST_F(CarryDesk, AnAreaInUseIsExchangedIfWanted) {
+  std::vector<std::uint8_t> bytes = PartOfDemo(DemoKind::Second);
+  std::fill_n(bytes.begin() + 0x360000, 0x100, 0);
+  script.file = folder.Write("second.bin", bytes);
+  const std::string patch = "314078: DAB11A40 DAB60000\n360000: FFFFFFFFFFFFFFFF E00CDAB11A40DB00\n";
+  const std::string asked =
+      "Nothing else may need them.\n\n360000-360007 -> 5B0000-5B0007 | review Lines carried over: ";
+  EXPECT_NE(Carry(patch).find(asked + "0 / 2"), std::string::npos);
+  script.confirm = true;
+  EXPECT_NE(Carry(patch).find(asked + "2 / 2"), std::string::npos);
+}
+
 TEST_F(CarryDesk, NamesAreTakenAndFound) {
   folder.Write("demo.names.tsv", std::string("B14094\tOnKey\tup\nB140D2\tStart\nB14038\tPlayMelody\n"
                                              "B14048\tReadBlock\nB1400E\tShow\n"));
