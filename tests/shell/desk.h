@@ -7,6 +7,8 @@
 #include <wx/dataview.h>
 #include <wx/dnd.h>
 #include <wx/menu.h>
+#include <wx/stopwatch.h>
+#include <wx/utils.h>
 
 #include <deque>
 #include <map>
@@ -150,6 +152,18 @@ class Desk : public testing::Test {
                      std::make_unique<RecordingLauncher>(script), std::make_unique<ScriptedDialogs>(script),
                      folder / "documents"});
     main->Show();
+    sinceShown.Start();
+    Settle();
+  }
+
+  // Changes the size of the window, once the program has put the new window into its place.
+  void Resize(const wxSize& size) {
+    while (sinceShown.Time() < 700) {
+      wxMilliSleep(20);
+      Settle();
+    }
+    Settle();
+    main->SetSize(size);
     Settle();
   }
 
@@ -342,6 +356,7 @@ class Desk : public testing::Test {
   TemporaryFolder folder;
   Script script;
   Main* main = nullptr;
+  wxStopWatch sinceShown;
 };
 
 }  // namespace tarvelo

@@ -96,8 +96,7 @@ TEST_F(HexDesk, FollowsTheMouse) {
 }
 
 TEST_F(HexDesk, FollowsTheWheel) {
-  main->SetSize(main->GetMinSize());  // narrower than a row
-  Settle();
+  Resize(main->GetMinSize());  // narrower than a row
   for (const auto& [rotation, shift, axis, row, column] :
        {std::tuple(-120, false, wxMOUSE_WHEEL_VERTICAL, 3, 0),
         {-120, true, wxMOUSE_WHEEL_VERTICAL, 3, 3},

@@ -46,8 +46,7 @@ class HexToolsDesk : public HexDesk {
 };
 
 TEST_F(HexToolsDesk, ShowsValuesAndChangesThem) {
-  main->SetSize(main->FromDIP(wxSize(1000, 600)));
-  Settle();
+  Resize(main->FromDIP(wxSize(1000, 600)));
   EXPECT_FALSE(Panel().Values().IsShown());  // they would cover a part of the rows
   main->Run(Id::ShowValues);
   EXPECT_TRUE(Panel().Values().IsShown());
@@ -73,12 +72,10 @@ TEST_F(HexToolsDesk, ShowsValuesAndChangesThem) {
   Restart();
   OpenBytes("tools.bin", Content(), Id::HexView);
   EXPECT_FALSE(Panel().Values().IsShown());  // remembered
-  main->SetSize(main->FromDIP(wxSize(1000, 600)));
-  Settle();
+  Resize(main->FromDIP(wxSize(1000, 600)));
   main->Run(Id::ShowValues);
   EXPECT_TRUE(Panel().Values().IsShown());
-  main->SetSize(main->GetMinSize());  // no room
-  Settle();
+  Resize(main->GetMinSize());  // no room
   EXPECT_FALSE(Panel().Values().IsShown());
 }
 

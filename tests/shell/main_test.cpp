@@ -158,10 +158,7 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
 
 TEST_F(Desk, RestoresItsPlace) {
   const wxSize size = main->GetSize() + wxSize(-40, 30);
-  for (int i = 0; i < 2; ++i) {  // a slow machine places the new window only now
-    main->SetSize(size);
-    Settle();
-  }
+  Resize(size);
   Restart();
   EXPECT_EQ(main->GetSize(), size);
   // A place on a larger screen.

@@ -60,8 +60,7 @@ TEST_F(WindowDesk, HasABarOfPanels) {
   EXPECT_TRUE(On(ringtones).IsMarked());
 
   const int wide = main->Bar().GetSize().x;
-  main->SetSize(main->FromDIP(wxSize(520, 340)));
-  Settle();
+  Resize(main->FromDIP(wxSize(520, 340)));
   EXPECT_LT(main->Bar().GetSize().x, wide / 2);
   EXPECT_TRUE(main->Bar().GetClientRect().Contains(On(Id::PatchMenu).GetRect()));
   Choose(Id::PanelBar);
