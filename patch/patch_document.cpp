@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view lineBreak = "\r\n";
 constexpr std::string_view blanks = " \t";
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t longestAddress = 8;
 
 std::string Separator() { return std::string(80, '*'); }
@@ -100,6 +101,8 @@ std::string PatchFile(std::string_view phone, std::string_view document) {
 
 PatchLine ReadPatchLine(std::string_view line) {
   PatchLine read;
+  while (Take(line, byteOrderMark)) {
+  }
   SkipBlanks(line);
   if (line.empty()) return read;
   if (line.front() == ';')
@@ -115,7 +118,6 @@ std::string CommentOf(std::string_view line) {
 }
 
 PatchLineReader::PatchLineReader(std::string_view text) : rest_(text) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
   constexpr char endOfFile = 0x1A;  // of old editors
   Take(rest_, byteOrderMark);
   while (rest_.ends_with(endOfFile)) rest_.remove_suffix(1);

@@ -44,9 +44,9 @@ struct PatchLine {
 };
 
 // Parses a line without its end. A change has an address of 1 to 8 digits and at least one byte. Blanks are
-// spaces and tabs: at least one between the old and the new bytes, any number elsewhere, also in front. A
-// line with unequal numbers of old and new bytes is invalid, because its effect on the bytes behind them is
-// unclear.
+// spaces and tabs: at least one between the old and the new bytes, any number elsewhere, also in front. UTF-8
+// byte order marks may precede a line: joined files have them inside. A line with unequal numbers of old and
+// new bytes is invalid, because its effect on the bytes behind them is unclear.
 [[nodiscard]] PatchLine ReadPatchLine(std::string_view line);
 
 // The comment behind a change, from its ";" on, with a blank in front; empty if the line has none.

@@ -17,6 +17,7 @@ TEST(ReversedText, SwapsBytesAndKeepsAllElse) {
       {"10: 00 01 ;a\n20: 0000 0102 ;b\n10: 01 03 ;c\n22: 0000 0304\n21: 0203 0505 ;d",
        "10: 03 01 ;c\r\n21: 0505 0203 ;d\r\n10: 01 00 ;a\r\n22: 0304 0000\r\n20: 0102 0000 ;b\r\n"},
       {"10: 0000 0101\n12: 00 01", "10: 0101 0000\r\n12: 01 00\r\n"},  // neighbours
+      {"\xEF\xBB\xBF\xEF\xBB\xBF 1: 00 01", "\xEF\xBB\xBF 1: 01 00\r\n"},
   };
   for (const auto& [text, reversed] : rows) EXPECT_EQ(ReversedText(text), reversed);
 }
