@@ -31,12 +31,9 @@ Style StyleOfVerdict(LineVerdict verdict) {
 
 }  // namespace
 
-PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
-  SetLexer(wxSTC_LEX_CONTAINER);
+PatchEditor::PatchEditor(wxWindow* parent) : TextPane(parent) {
   SetEOLMode(wxSTC_EOL_CRLF);
-  UsePopUp(wxSTC_POPUP_NEVER);
   SetModEventMask(wxSTC_MOD_INSERTTEXT | wxSTC_MOD_DELETETEXT);  // a mark is no change of the text
-  SetScrollWidthTracking(true);
   ChooseColours();
   SetMarginType(numberMargin, wxSTC_MARGIN_NUMBER);
   FitNumbers();
@@ -45,39 +42,23 @@ PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
   SetMarginWidth(symbolMargin, FromDIP(16));
   for (const int key : {'D', 'L', 'M', 'N', 'T', 'U'})
     CmdKeyClear(key, wxSTC_KEYMOD_CTRL);  // of the menu bar
-  SetMarginLeft(FromDIP(6));
   Bind(wxEVT_STC_STYLENEEDED, &PatchEditor::StyleLines, this);
   Bind(wxEVT_STC_UPDATEUI, [this](wxStyledTextEvent& event) {
     UpdateSeen();
     event.Skip();
   });
-  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-    FitScrollWidth();
-    event.Skip();
-  });
-  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
-    ChooseColours();
-    event.Skip();
-  });
 }
 
 void PatchEditor::ChooseColours() {
-  const auto system = [](wxSystemColour colour) { return wxSystemSettings::GetColour(colour); };
-  const wxColour window = system(wxSYS_COLOUR_WINDOW);
-  const wxColour text = system(wxSYS_COLOUR_WINDOWTEXT);
-  StyleSetFont(wxSTC_STYLE_DEFAULT, wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
-  StyleSetBackground(wxSTC_STYLE_DEFAULT, window);
-  StyleSetForeground(wxSTC_STYLE_DEFAULT, text);
-  StyleClearAll();
+  TextPane::ChooseColours();
+  const wxColour window = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+  const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
   StyleSetForeground(CommentStyle, Blend(wxColour(0, 160, 0), Blend(window, text, 0.35), 0.35));
   StyleSetForeground(InvalidStyle, Blend(wxColour(230, 40, 40), text, 0.75));
   StyleSetForeground(MisfitStyle, Blend(wxColour(230, 40, 40), text, 0.75));
   StyleSetForeground(OverlapStyle, Blend(wxColour(210, 130, 0), text, 0.8));
   StyleSetForeground(wxSTC_STYLE_LINENUMBER, Blend(window, text, 0.55));
   DefineMarks(text, window);
-  SetCaretForeground(text);
-  SetSelBackground(true, system(wxSYS_COLOUR_HIGHLIGHT));
-  SetSelForeground(true, system(wxSYS_COLOUR_HIGHLIGHTTEXT));
 }
 
 // Signs differ in form, not in colour alone.
@@ -100,15 +81,6 @@ void PatchEditor::DefineMarks(const wxColour& text, const wxColour& window) {
 void PatchEditor::FitNumbers() {
   const wxString widest = "_" + std::to_string(std::max(99999, GetLineCount()));
   SetMarginWidth(numberMargin, TextWidth(wxSTC_STYLE_LINENUMBER, widest));
-}
-
-// The scrollable width is the visible width until a longer line makes it wider. The control's own guess would
-// always show a scrollbar.
-void PatchEditor::FitScrollWidth() {
-  const int margins =
-      GetMarginWidth(numberMargin) + GetMarginWidth(symbolMargin) + GetMarginLeft() + GetMarginRight();
-  const int seen = std::max(1, GetClientSize().x - margins);
-  if (GetXOffset() == 0 || seen > GetScrollWidth()) SetScrollWidth(seen);
 }
 
 // Called for the lines about to be drawn and those above them that were never drawn.

@@ -2,8 +2,6 @@
 // lines by what was found out about them.
 #pragma once
 
-#include <wx/stc/stc.h>
-
 #include <functional>
 #include <map>
 #include <optional>
@@ -12,10 +10,11 @@
 #include <vector>
 
 #include "patch/document_check.h"
+#include "shell/view/text_pane.h"
 
 namespace tarvelo {
 
-class PatchEditor final : public wxStyledTextCtrl {
+class PatchEditor final : public TextPane {
  public:
   explicit PatchEditor(wxWindow* parent);
 
@@ -58,9 +57,8 @@ class PatchEditor final : public wxStyledTextCtrl {
   bool SelectNext(std::string_view wanted, bool backwards);
 
  private:
-  void ChooseColours();
+  void ChooseColours() override;
   void FitNumbers();
-  void FitScrollWidth();
   void DefineMarks(const wxColour& text, const wxColour& window);
   void StyleLines(wxStyledTextEvent& event);
   void StyleLine(int line);

@@ -2,7 +2,6 @@
 
 #include <wx/settings.h>
 
-#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -25,23 +24,11 @@ Ink InkOf(char first) {
 
 }  // namespace
 
-ChangeView::ChangeView(wxWindow* parent, Workbench& bench) : wxStyledTextCtrl(parent), bench_(bench) {
-  SetLexer(wxSTC_LEX_CONTAINER);
-  UsePopUp(wxSTC_POPUP_NEVER);
-  SetScrollWidthTracking(true);
+ChangeView::ChangeView(wxWindow* parent, Workbench& bench) : TextPane(parent), bench_(bench) {
   for (int margin = 0; margin < 3; ++margin) SetMarginWidth(margin, 0);
-  SetMarginLeft(FromDIP(6));
   SetReadOnly(true);
   SetCaretWidth(0);
   ChooseColours();
-  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-    FitScrollWidth();
-    event.Skip();
-  });
-  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
-    ChooseColours();
-    event.Skip();
-  });
   // The keys that leave the pane, which the control would take as text.
   Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_TAB)
@@ -52,27 +39,17 @@ ChangeView::ChangeView(wxWindow* parent, Workbench& bench) : wxStyledTextCtrl(pa
 }
 
 void ChangeView::ChooseColours() {
-  const wxColour window = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+  TextPane::ChooseColours();
   const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
-  StyleSetFont(wxSTC_STYLE_DEFAULT, wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));
-  StyleSetBackground(wxSTC_STYLE_DEFAULT, window);
-  StyleSetForeground(wxSTC_STYLE_DEFAULT, text);
-  StyleClearAll();
   StyleSetForeground(BeforeInk, Blend(wxColour(230, 40, 40), text, 0.6));
   StyleSetForeground(AfterInk, Blend(wxColour(0, 160, 0), text, 0.6));
-  SetSelBackground(true, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
-  SetSelForeground(true, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT));
-}
-
-// No scrollbar until a longer line is drawn.
-void ChangeView::FitScrollWidth() {
-  SetScrollWidth(std::max(1, GetClientSize().x - GetMarginLeft() - GetMarginRight()));
 }
 
 void ChangeView::ShowChange(const std::optional<Change>& change) {
   const std::string text = change ? TextOf(*change) : std::string();
   SetReadOnly(false);
   SetText(Wx(text));
+  SetXOffset(0);
   FitScrollWidth();
   StartStyling(0);
   for (int line = 0; line < GetLineCount(); ++line) {

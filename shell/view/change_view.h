@@ -1,17 +1,17 @@
 // A pane that shows a change of bytes as instructions, before and after.
 #pragma once
 
-#include <wx/stc/stc.h>
-
 #include <optional>
+#include <string>
 
 #include "core/image_edits.h"
+#include "shell/view/text_pane.h"
 
 namespace tarvelo {
 
 struct Workbench;
 
-class ChangeView final : public wxStyledTextCtrl {
+class ChangeView final : public TextPane {
  public:
   ChangeView(wxWindow* parent, Workbench& bench);
 
@@ -20,8 +20,7 @@ class ChangeView final : public wxStyledTextCtrl {
   void ShowChange(const std::optional<Change>& change);
 
  private:
-  void ChooseColours();
-  void FitScrollWidth();
+  void ChooseColours() override;
   [[nodiscard]] std::string TextOf(const Change& change);
 
   Workbench& bench_;
