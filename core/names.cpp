@@ -38,13 +38,19 @@ bool IsForReader(std::string_view line) { return Trimmed(line).empty() || line.s
 
 Names::Names(std::string text) : text_(std::move(text)) { Read(); }
 
+std::size_t Names::Start() const { return text_.starts_with(byteOrderMark) ? byteOrderMark.size() : 0; }
+
+std::string_view Names::LineEnd() const {
+  return text_.empty() || text_.find("\r\n") != text_.npos ? "\r\n" : "\n";
+}
+
 void Names::Read() {
   entries_.clear();
   badLines_.clear();
   std::vector<std::pair<Entry, std::size_t>> found;  // with the numbers of their lines
   std::vector<std::size_t> bad;
   std::size_t number = 0;
-  std::size_t start = text_.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+  std::size_t start = Start();
   while (start < text_.size()) {
     ++number;
     const std::size_t feed = std::min(text_.find('\n', start), text_.size());
@@ -121,7 +127,7 @@ void Names::Set(std::uint32_t address, std::string_view name, std::string_view c
 }
 
 void Names::Set(std::span<const Name> names) {
-  const std::string lineEnd = text_.empty() || text_.find("\r\n") != text_.npos ? "\r\n" : "\n";
+  const std::string_view lineEnd = LineEnd();
   std::vector<std::pair<const Entry*, std::string>> replaced;
   std::string added;
   for (const Name& name : names) {
@@ -130,7 +136,7 @@ void Names::Set(std::span<const Name> names) {
     if (i < Count() && entries_[i].address == name.address)
       replaced.emplace_back(&entries_[i], std::move(line));
     else if (!line.empty())
-      added += line + lineEnd;
+      added.append(line).append(lineEnd);
   }
   std::ranges::sort(replaced, {}, [](const auto& each) { return each.first->line; });
   std::string text;
@@ -146,6 +152,33 @@ void Names::Set(std::span<const Name> names) {
   else if (!added.empty() && !text.empty() && !text.ends_with('\n'))
     text += lineEnd;
   text_ = text + added;
+  Read();
+}
+
+std::string RemarkStart(std::string_view key) { return "# " + std::string(key) + ": "; }
+
+std::size_t Names::FindRemark(std::string_view key) const {
+  const std::string start = RemarkStart(key);
+  std::size_t at = text_.find(start, Start());
+  while (at != text_.npos && at != Start() && text_[at - 1] != '\n') at = text_.find(start, at + 1);
+  return at;
+}
+
+std::string_view Names::Remark(std::string_view key) const {
+  const std::size_t at = FindRemark(key);
+  if (at == text_.npos) return {};
+  const std::string_view line = std::string_view(text_).substr(at, text_.find('\n', at) - at);
+  return Trimmed(line.substr(RemarkStart(key).size()));
+}
+
+void Names::SetRemark(std::string_view key, std::string_view value) {
+  std::string line;
+  if (!value.empty()) line.append(RemarkStart(key)).append(value).append(LineEnd());
+  const std::size_t at = FindRemark(key);
+  if (at == text_.npos)
+    text_.insert(Start(), line);
+  else
+    text_.replace(at, std::min(text_.find('\n', at), text_.size() - 1) + 1 - at, line);
   Read();
 }
 

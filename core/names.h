@@ -3,8 +3,9 @@
 //   phone address, hexadecimal   tab   name   tab   comment
 //
 // Either text may be missing, not both; a comment may hold further tabs. Empty lines and lines that begin
-// with "#" are for the reader. UTF-8. A line of any other form, or for an address that an earlier line
-// names, is a bad line: it has no effect, but stays in the file.
+// with "#" are for the reader; of those, "# KEY: VALUE" are remarks that the program keeps there. UTF-8. A
+// line of any other form, or for an address that an earlier line names, is a bad line: it has no effect, but
+// stays in the file.
 #pragma once
 
 #include <cstdint>
@@ -57,6 +58,11 @@ class Names {
   // The same for several addresses, each once.
   void Set(std::span<const Name> names);
 
+  // The value of the first remark with this key; empty if there is none.
+  [[nodiscard]] std::string_view Remark(std::string_view key) const;
+  // Gives the remark another value. A new one becomes the first line; an empty value removes the line.
+  void SetRemark(std::string_view key, std::string_view value);
+
  private:
   // Positions in the text.
   struct Entry {
@@ -70,6 +76,11 @@ class Names {
 
   void Read();
   [[nodiscard]] std::optional<Entry> ReadLine(std::size_t start, std::size_t end) const;
+  // Where the lines begin.
+  [[nodiscard]] std::size_t Start() const;
+  [[nodiscard]] std::string_view LineEnd() const;
+  // The position of the remark's line; npos if there is none.
+  [[nodiscard]] std::size_t FindRemark(std::string_view key) const;
 
   std::string text_;
   std::vector<Entry> entries_;

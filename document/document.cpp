@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "code/functions_explorer.h"
+#include "document/dpp_text.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -55,7 +56,18 @@ std::filesystem::path Document::Beside(std::string_view ending) const {
 
 void Document::ReadNames() {
   dump_.names = Names();
+  dpps_ = DppPages();
   dump_.names = tarvelo::ReadNames(path_);
+  dpps_ = DppsOf(dump_.names);
+  Call(nameWatches_);
+}
+
+void Document::ChangeNames(const std::function<void(Names& names)>& change) {
+  Names names = tarvelo::ReadNames(path_);
+  const std::string before = names.Text();
+  change(names);
+  if (names.Text() != before) ReplaceFile(NamesFile(path_), names.Text());
+  dump_.names = std::move(names);
   Call(nameWatches_);
 }
 
@@ -65,11 +77,7 @@ void Document::NamePlace(Offset offset, std::string_view name, std::string_view 
 }
 
 void Document::NamePlaces(std::span<const Name> named) {
-  Names names = tarvelo::ReadNames(path_);
-  names.Set(named);
-  ReplaceFile(NamesFile(path_), names.Text());
-  dump_.names = std::move(names);
-  Call(nameWatches_);
+  ChangeNames([named](Names& names) { names.Set(named); });
 }
 
 void Document::TakeNamesAlong() {
@@ -81,7 +89,8 @@ void Document::TakeNamesAlong() {
 
 void Document::StateDpps(const DppPages& pages) {
   dpps_ = pages;
-  Call(nameWatches_);
+  Call(nameWatches_);  // whether or not the file can be written
+  ChangeNames([&pages](Names& names) { KeepDpps(pages, names); });
 }
 
 Document::Watch Document::OnNames(std::function<void()> named) { return Add(nameWatches_, std::move(named)); }

@@ -76,8 +76,9 @@ class Document {
   // Call after SetPath: takes the names along, unless a names file is there already, which it reads then.
   // Throws FileError.
   void TakeNamesAlong();
-  // The pages that the user states for DPP0 .. DPP3, until the dump is closed.
+  // The pages that the user states for DPP0 .. DPP3. The names file keeps them.
   [[nodiscard]] const DppPages& Dpps() const { return dpps_; }
+  // States them, and writes the file. They hold also if it throws FileError.
   void StateDpps(const DppPages& pages);
   // Calls `named` after names or DPP pages have changed, as long as the result lives.
   using Watch = std::shared_ptr<const std::function<void()>>;
@@ -125,6 +126,8 @@ class Document {
   static void Call(Watches& watches);
   void Changed();
   void Forget();
+  // Changes what the names file holds now, and writes it. Throws FileError.
+  void ChangeNames(const std::function<void(Names& names)>& change);
 
   Dump dump_;
   ImageEdits edits_;

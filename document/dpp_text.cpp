@@ -10,6 +10,7 @@ namespace tarvelo {
 namespace {
 
 constexpr std::uint32_t lastPage = 0x3FF;
+constexpr std::string_view remark = "DPP0 to DPP3";
 
 }  // namespace
 
@@ -31,6 +32,19 @@ DppPages ReadDpps(std::string_view text) {
     page = static_cast<std::uint16_t>(number);
   }
   return pages;
+}
+
+DppPages DppsOf(const Names& names) {
+  try {
+    return ReadDpps(names.Remark(remark));
+  } catch (const std::invalid_argument&) {
+  } catch (const std::overflow_error&) {
+  }
+  return {};
+}
+
+void KeepDpps(const DppPages& pages, Names& names) {
+  names.SetRemark(remark, pages == DppPages() ? "" : DppText(pages));
 }
 
 }  // namespace tarvelo

@@ -132,7 +132,8 @@ void CodePanel::StateDpps_Click() {
   const auto answer = bench_.talk.AskLine(Text::AskDpps, DppText(document.Dpps()));
   if (!answer) return;
   try {
-    document.StateDpps(ReadDpps(*answer));
+    const DppPages pages = ReadDpps(*answer);
+    (void)bench_.talk.fOpenErr([&] { document.StateDpps(pages); });
   } catch (const std::invalid_argument&) {
     bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::NotANumber, *answer)));
   } catch (const std::overflow_error&) {

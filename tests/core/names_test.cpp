@@ -68,6 +68,23 @@ TEST(Names, SetTakesSeveralAtOnce) {
   EXPECT_EQ(names.Count(), 4u);
 }
 
+TEST(Names, RemarksStandInLinesForTheReader) {
+  Names names(
+      "\xEF\xBB\xBF"
+      "10\tTen # Key: no\n# Keys: 1\n# Key:  old \n# Key: second");
+  EXPECT_EQ(names.Remark("Key"), "old");
+  names.SetRemark("Key", "new");
+  EXPECT_EQ(names.Text(),
+            "\xEF\xBB\xBF"
+            "10\tTen # Key: no\n# Keys: 1\n# Key: new\n# Key: second");
+  names.SetRemark("Key", "");
+  names.SetRemark("Key", "");
+  EXPECT_EQ(names.Remark("Key"), "");
+  names.SetRemark("Key", "first");
+  EXPECT_EQ(names.Text(), "\xEF\xBB\xBF# Key: first\n10\tTen # Key: no\n# Keys: 1\n");
+  EXPECT_EQ(names.NameAt(0x10), "Ten # Key: no");
+}
+
 TEST(Names, LargeAndHostileFilesAreRead) {
   std::string many;
   for (int i = 0; i < 400000; ++i) many += std::to_string(10000000 + i) + "\tname of a place\n";

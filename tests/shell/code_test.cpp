@@ -286,7 +286,11 @@ TEST_F(CodeDesk, StatedDppsGiveDataAddresses) {
   EXPECT_EQ(RowAt(a + 8), "001008  F0:1008  F2F40052  MOV R4, 5200h  ; F0:1200  \"Hello world\"");
   EXPECT_NE(Said(Id::StateDpps, "400").find(" | !"), std::string::npos);
   EXPECT_NE(Said(Id::StateDpps, "3 x").find(" | !"), std::string::npos);
+  OpenBytes("dump.bin", image, Id::CodeView);  // the names file keeps them
   EXPECT_EQ(Open().Dpps()[1], 0x3C0);
+  (void)Said(Id::StateDpps, "-");
+  OpenBytes("dump.bin", image, Id::CodeView);
+  EXPECT_EQ(Open().Dpps(), DppPages());
 }
 
 TEST_F(CodeDesk, FollowsEditsAndStays) {
