@@ -15,7 +15,12 @@ using Data = std::vector<std::uint8_t>;
 
 inline NoProgress noProgress;
 
+inline constexpr std::size_t mebi = 0x100000;
+
 inline Fullflash ImageOf(ImageBuilder builder) { return Fullflash(Bytes(std::move(builder).Take())); }
+
+// An image of erased bytes.
+inline Fullflash Erased(std::size_t size) { return ImageOf(ImageBuilder(size)); }
 
 // A firmware header of version 24 at the first place that is searched for one.
 inline void PutHeader(ImageBuilder& image, std::string_view model) {

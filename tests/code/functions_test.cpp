@@ -62,7 +62,7 @@ std::string Listed(const Parts& parts) {
   return text.str();
 }
 
-struct Case {
+struct FunctionCase {
   const char* name;
   Parts parts;
   const char* listed;
@@ -73,7 +73,7 @@ const char* const nops =
     "CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00";
 
 TEST(Functions, AreNamedByCallsAndTables) {
-  const Case cases[] = {
+  const FunctionCase cases[] = {
       {"CALLS", {{0x100, "DA FE 00 02 DB 00"}, {0x200, "CC 00 DB 00"}}, "200 4 1, "},
       {"CALLS to an odd place", {{0x100, "DA FE 01 02 DB 00"}, {0x200, "CC 00 DB 00"}}, ""},
       {"CALLS out of the image", {{0x100, "DA 00 00 02 DB 00"}, {0x200, "CC 00 DB 00"}}, ""},
@@ -121,7 +121,7 @@ TEST(Functions, AreNamedByCallsAndTables) {
        {{0x300, "00 01 FE 00 00 02 FE 00"}, {0x100, "EA 00 06 02"}, {0x200, "CC 00 DB 00 CC 00 DB 00"}},
        "100 4 0, 200 4 0, "},
   };
-  for (const Case& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
+  for (const FunctionCase& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
 }
 
 TEST(Functions, BeginBehindAnEnd) {
@@ -140,7 +140,7 @@ TEST(Functions, BeginBehindAnEnd) {
 }
 
 TEST(Functions, HaveACleanFlow) {
-  const Case cases[] = {
+  const FunctionCase cases[] = {
       {"reserved", {{0x200, "8C 00 DB 00"}}, ""},
       {"reserved behind a branch", {{0x200, "2D 01 DB 00 8C 00"}}, ""},
       {"reserved behind an end", {{0x200, "DB 00 8C 00"}}, "200 2 0, "},
@@ -160,7 +160,7 @@ TEST(Functions, HaveACleanFlow) {
       {"JNB", {{0x200, "9A 10 01 20 DB 00 DB 00"}}, "200 8 0, "},
       {"in front of the entry", {{0x200, "2D FD DB 00"}}, "200 4 0, "},
   };
-  for (const Case& each : cases) {
+  for (const FunctionCase& each : cases) {
     Parts parts = each.parts;
     parts.push_back({0x300, "00 02 FE 00"});
     EXPECT_EQ(Listed(parts), each.listed) << each.name;
@@ -168,7 +168,7 @@ TEST(Functions, HaveACleanFlow) {
 }
 
 TEST(Functions, EndWithTheirSegment) {
-  const Case cases[] = {
+  const FunctionCase cases[] = {
       {"up to the border", {{0x300, "FC FF FE 00"}, {0xFFFC, "CC 00 DB 00 DB 00"}}, "fffc 4 0, "},
       {"on behind it", {{0x300, "FC FF FE 00"}, {0xFFFC, "CC 00 CC 00 DB 00"}}, ""},
       {"an instruction across it", {{0x300, "FC FF FE 00"}, {0xFFFC, "CC 00 E6 F4 00 00 DB 00"}}, ""},
@@ -180,7 +180,7 @@ TEST(Functions, EndWithTheirSegment) {
        {{0x300, "F0 FF FE 00"}, {0xFFF0, "BB 17 DB 00"}, {0x20, "DB 00"}},
        "20 2 1, fff0 4 0, "},
   };
-  for (const Case& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
+  for (const FunctionCase& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
 }
 
 // A function with a switch of three cases; the default is in front of it. With its cases it has 30 bytes.
@@ -271,7 +271,7 @@ TEST(Functions, AreNoneOfLargeImages) {
   image.Data(0x300, Data{0x00, 0x02, 0x00, 0x00});
   EXPECT_TRUE(GetFunctions(ImageOf(std::move(image)), noProgress).All().empty());
   for (const std::size_t size : {2u, 3u, 4u, 7u}) {
-    const Fullflash small = ImageOf(ImageBuilder(size));
+    const Fullflash small = Erased(size);
     ExpectSound(GetFunctions(small, noProgress), small);
   }
 }

@@ -9,7 +9,7 @@ namespace {
 
 // An image of 128 KiB, which begins at phone address FE0000h. The target is at FF1234h: offset 1234h of
 // segment FFh and of page 3FCh.
-constexpr std::size_t imageSize = 0x20000;
+constexpr std::size_t dumpSize = 0x20000;
 constexpr Offset target = 0x11234;
 constexpr Offset place = 0x100;        // of the bytes of a case
 constexpr Offset nearPlace = 0x11100;  // likewise, in the target's segment
@@ -33,7 +33,7 @@ const Data rets{0xDB, 0x00};
 
 // Bytes within a function in erased memory.
 Fullflash InCode(const Data& bytes, Offset at = place) {
-  ImageBuilder builder(imageSize);
+  ImageBuilder builder(dumpSize);
   std::size_t end = builder.Data(static_cast<std::size_t>(at) - someCode.size(), someCode);
   end = builder.Data(end, bytes);
   builder.Data(builder.Data(end, someCode), rets);
@@ -42,19 +42,19 @@ Fullflash InCode(const Data& bytes, Offset at = place) {
 
 // Bytes between others that are repeated around them.
 Fullflash Among(const Data& others, const Data& bytes) {
-  ImageBuilder builder(imageSize);
+  ImageBuilder builder(dumpSize);
   for (std::size_t at = 0; at < 0x1000; at += others.size()) builder.Data(at, others);
   builder.Data(place, bytes);
   return ImageOf(std::move(builder));
 }
 
-struct Case {
+struct ReferenceCase {
   Data bytes;
   std::vector<std::string> found;
 };
 
 TEST(GetReferences, FindsEveryFormInCode) {
-  for (const auto& [bytes, found] : std::vector<Case>{
+  for (const auto& [bytes, found] : std::vector<ReferenceCase>{
            {{0xDA, 0xFF, 0x34, 0x12}, {"0 call certain CALLS 0FFh, 1234h"}},
            {{0xFA, 0xFF, 0x34, 0x12}, {"0 jump certain JMPS 0FFh, 1234h"}},
            {{0xDA, 0xFE, 0x34, 0x12}, {}},  // another segment
@@ -108,7 +108,7 @@ TEST(GetReferences, FindsEveryFormInCode) {
 }
 
 TEST(GetReferences, FindsNearCallsAndBranchesInTheSegment) {
-  for (const auto& [bytes, found] : std::vector<Case>{
+  for (const auto& [bytes, found] : std::vector<ReferenceCase>{
            {{0xCA, 0x20, 0x34, 0x12}, {"0 call likely CALLA cc_Z, 1234h"}},
            {{0xEA, 0x00, 0x34, 0x12}, {"0 jump likely JMPA cc_UC, 1234h"}},
            {{0xE2, 0xF4, 0x34, 0x12}, {"0 call likely PCALL R4, 1234h"}},
@@ -116,7 +116,7 @@ TEST(GetReferences, FindsNearCallsAndBranchesInTheSegment) {
        })
     EXPECT_EQ(Find(InCode(bytes, nearPlace), nearPlace), found);
   // 11238h + 2 - 6 and 111C0h + 4 + 112
-  ImageBuilder builder(imageSize);
+  ImageBuilder builder(dumpSize);
   builder.Data(builder.Data(target, Data{0xA8, 0x45, 0xB8, 0x56, 0x3D, 0xFD}), rets);
   builder.Data(0x111C0, Data{0x8A, 0xF4, 0x38, 0x50, 0xE6, 0xF4, 0x3D, 0x36, 0xBB, 0x35, 0xDB, 0x00});
   const Fullflash image = ImageOf(std::move(builder));
@@ -126,7 +126,7 @@ TEST(GetReferences, FindsNearCallsAndBranchesInTheSegment) {
 }
 
 TEST(GetReferences, FollowsBranchesAroundTheSegment) {
-  ImageBuilder builder(imageSize);
+  ImageBuilder builder(dumpSize);
   builder.Data(0x10000, Data{0xA8, 0x45, 0x0D, 0xFC});  // back to the segment's end: FFh:FFFEh
   builder.Data(0x1FFF6, Data{0xA8, 0x45, 0x3D, 0x03, 0xA8, 0x45, 0xDB, 0x00, 0xDB, 0x00});
   const Fullflash image = ImageOf(std::move(builder));
@@ -166,7 +166,7 @@ TEST(GetReferences, IsNotCertainOutsideCode) {
   // Within an instruction of code: MOV R4, #0FFDAh and what the next begins with
   EXPECT_EQ(Find(InCode({0xE6, 0xF4, 0xDA, 0xFF, 0x34, 0x12, 0xA8, 0x45}), place),
             std::vector<std::string>{});
-  ImageBuilder odd(imageSize);
+  ImageBuilder odd(dumpSize);
   odd.Data(odd.Data(odd.Data(place + 1, call), someCode), rets);
   EXPECT_EQ(Find(ImageOf(std::move(odd)), place), std::vector<std::string>{});
 }
@@ -201,11 +201,11 @@ TEST(GetReferences, CountsFromTheCorrectedBase) {
 }
 
 TEST(GetReferences, ReachesTheImagesEnds) {
-  ImageBuilder builder(imageSize);
+  ImageBuilder builder(dumpSize);
   builder.Data(builder.Data(0, Data{0xDA, 0xFF, 0xFF, 0xFF}), rets);  // the last byte, at an odd address
-  builder.Data(imageSize - 4, Data{0xFF, 0xFF, 0xFF, 0x00});
+  builder.Data(dumpSize - 4, Data{0xFF, 0xFF, 0xFF, 0x00});
   const Fullflash image = ImageOf(std::move(builder));
-  EXPECT_EQ(Written(GetReferences(image, imageSize - 1, {}, {}, noProgress), image, 0),
+  EXPECT_EQ(Written(GetReferences(image, dumpSize - 1, {}, {}, noProgress), image, 0),
             (std::vector<std::string>{"0 call certain CALLS 0FFh, 0FFFFh",
                                       "131068 pointer likely DW 0FFFFh, 0FFh"}));
 }

@@ -10,7 +10,7 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-BlockStore Sample() {
+BlockStore SomeBlocks() {
   return StoreOf({
       {67, 5, 0x1234, 22, true, 0xFC, 0x7FC000},
       {5076, 1, 0x76ABCD, 5375, false, 0xF0, 0x40},
@@ -22,7 +22,7 @@ BlockStore Sample() {
 const Descriptions known{{1, "about 1"}, {5076, "about 5076"}};
 
 TEST(BlockTable, HasARowForEachBlock) {
-  const BlockStore store = Sample();
+  const BlockStore store = SomeBlocks();
   const Table table = ShowEE(store, known).All();
   EXPECT_EQ(table.captions, (Cells{"Block", "Description", "EIT", "V", "Offset", "Size", "i", "-"}));
   ASSERT_EQ(table.rows.size(), 4);
@@ -37,9 +37,9 @@ TEST(BlockTable, HasARowForEachBlock) {
 
 TEST(BlockTable, ReportsTheCounts) {
   const Messages messages;
-  EXPECT_EQ(BlockInformation(Sample(), messages),
+  EXPECT_EQ(BlockInformation(SomeBlocks(), messages),
             "Number of EEPROM-blocks: 3\nNumber of deleted blocks: 1\n");
-  EXPECT_EQ(BlockStatus(Sample()), "3 / 1");
+  EXPECT_EQ(BlockStatus(SomeBlocks()), "3 / 1");
 
   // Deleted blocks alone count as blocks too.
   const BlockStore deleted = StoreOf({{1, 0, 0, 0, false, 0xF0, 0}});

@@ -4,10 +4,10 @@
 
 #include <stdexcept>
 
+#include "images.h"
+
 namespace tarvelo {
 namespace {
-
-using Data = std::vector<std::uint8_t>;
 
 TEST(EncodeLangpack, WritesAPageByteWhereThePageChanges) {
   EXPECT_EQ(EncodeLangpack(u"AB"), (Data{0x95, 0x41, 0x42}));
