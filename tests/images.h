@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/byte_text.h"
 #include "core/fullflash.h"
 #include "core/progress.h"
 #include "image_builder.h"
@@ -12,6 +13,9 @@
 namespace tarvelo {
 
 using Data = std::vector<std::uint8_t>;
+
+// Bytes in hexadecimal digits, with or without blanks between them.
+inline Data operator""_hex(const char* digits, std::size_t size) { return ReadHex({digits, size}).value(); }
 
 inline NoProgress noProgress;
 
