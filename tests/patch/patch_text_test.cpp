@@ -47,6 +47,7 @@ TEST(SplitPatchText, CutsAtSeparators) {
 }
 
 TEST(PatchFileText, ComesBackAsItWas) {
+  using namespace std::string_view_literals;
   const std::string own =
       ";C55 24 - Patch made by \"Tarvelo\", explorer of fullflash images\r\n"
       ";Lines: address in the fullflash, old bytes, new bytes\r\n\r\n" +
@@ -68,23 +69,13 @@ TEST(PatchFileText, ComesBackAsItWas) {
     EXPECT_EQ(PatchFileBytes(read, "C55 24"), bytes);
   }
   // What a document has no place for: the byte order mark, the end mark, other line ends.
-  for (const std::string& bytes : {std::string("\xEF\xBB\xBF;т\n10: 00 01\x1A\x1A"),
-                                   std::string("\xFF\xFE;\0\x42\x04\n\0"
-                                               "1\0"
-                                               "0\0:\0 \0"
-                                               "0\0"
-                                               "0\0 \0"
-                                               "0\0"
-                                               "1\0",
-                                               26),
-                                   std::string("\xFE\xFF\0;\x04\x42\0\r\0"
-                                               "1\0"
-                                               "0\0:\0 \0"
-                                               "0\0"
-                                               "0\0 \0"
-                                               "0\0"
-                                               "1",
-                                               26)})
+  std::string little, big;
+  for (const char16_t c : u"\uFEFF;т\n10: 00 01"sv) {
+    const char low = static_cast<char>(c), high = static_cast<char>(c >> 8);
+    little.append({low, high});
+    big.append({high, low});
+  }
+  for (const std::string& bytes : {std::string("\xEF\xBB\xBF;т\r10: 00 01\x1A\x1A"), little, big})
     EXPECT_EQ(ReadPatchFileText(bytes, "C55 24").document, ";т\r\n10: 00 01");
   EXPECT_EQ(PatchFileBytes({"1: 0 ;\xE2\x82\xAC \xE4\xB8\xAD", PatchEncoding::Windows1251, false}, ""),
             "1: 0 ;\xE2\x82\xAC \xE4\xB8\xAD");  // no such character there
