@@ -8,10 +8,8 @@
 #include "tests/temporary_folder.h"
 #include "text/unicode.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 // 2 KiB with an EEPROM block, two pictures and the fewest ringtones that make a table.
 std::vector<std::uint8_t> Dump() {
@@ -68,16 +66,17 @@ bool MakesDemonstration(const std::vector<std::string>& arguments) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Run(Bytes data) {
   static const Desk desk;
-  const std::vector<std::string> arguments = Split({data, size});
-  if (MakesDemonstration(arguments)) return 0;
+  const std::vector<std::string> arguments = Split(data);
+  if (MakesDemonstration(arguments)) return;
   std::ostringstream out, err;
   const int status = desk.Run(arguments, out, err);
   Check(status >= cli::done && status <= cli::scanFault, "the exit status is one of five");
   const std::string printed = out.str();
-  Check(ToUtf8(ToUtf16(printed)) == printed, "what is printed is UTF-8");
+  Check(IsUtf8(printed), "what is printed is UTF-8");
   const std::string said = err.str();
   if (status >= cli::wrongArguments) Check(said.ends_with('\n'), "a failure says what is wrong");
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

@@ -7,10 +7,8 @@
 #include "fuzz/target.h"
 #include "patch/pattern.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 // The sizes of instructions by the low nibble of their first byte.
 constexpr std::string_view sizes = "2244444422422222";
@@ -49,21 +47,20 @@ void Walk(const Fullflash& image, Offset from) {
 
 // DWord at 0: the byte that is referred to, which is also where the walk begins. Byte 4: which DPPs have a
 // stated page; their words follow. Then the image.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Input input({data, size});
+void Run(Bytes data) {
+  Input input(data);
   const auto wanted = static_cast<std::uint32_t>(input.DWord());
   const int stated = input.Byte();
   DppPages dpps;
   for (std::size_t i = 0; i < dpps.size(); ++i)
     if ((stated >> i & 1) != 0) dpps[i] = static_cast<std::uint16_t>(input.Word() & 0x3FF);
   const Fullflash image = ImageOf(input.Rest());
-  if (!image.IsOpen()) return 0;
+  if (!image.IsOpen()) return;
   const Offset target = wanted % image.ff().size();
   Walk(image, target);
 
-  NoProgress progress;
   Offset last = 0;
-  for (const Reference& reference : GetReferences(image, target, {}, dpps, progress)) {
+  for (const Reference& reference : GetReferences(image, target, {}, dpps, noProgress)) {
     Check(reference.offset >= last && reference.offset < image.ffEnd(), "references are in order");
     last = reference.offset;
     const std::string text = TextOf(reference, image);
@@ -71,5 +68,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool isPointer = reference.kind == ReferenceKind::Pointer;
     Check(isPointer == text.starts_with("DW"), "only a pointer is data");
   }
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

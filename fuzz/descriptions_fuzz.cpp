@@ -4,10 +4,8 @@
 #include "fuzz/target.h"
 #include "text/unicode.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 void CheckText(const std::string& text) {
   const std::u16string units = ToUtf16(text);
@@ -19,8 +17,8 @@ void CheckText(const std::string& text) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view file = TextOf({data, size});
+void Run(Bytes data) {
+  const std::string_view file = TextOf(data);
   const Descriptions read = ParseDescriptions(file);
   const Descriptions all = GetDescriptions(file);
   std::string written;
@@ -31,5 +29,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     written.append(std::to_string(number)).append("\t").append(text).append("\n");
   }
   Check(ParseDescriptions(written) == read, "what was read is read again");
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

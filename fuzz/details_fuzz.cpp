@@ -14,10 +14,8 @@
 #include "ringtones/ringtone_search.h"
 #include "text/unicode.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 // Limits that keep an input fast: block reports, at either end of the list; pixels of all pictures together,
 // and of one packed as PNG; milliseconds of sound and records of all melodies together.
@@ -54,12 +52,11 @@ void Report(const BlockStore& store, std::size_t record, const Fullflash& image)
   Check(DumpByte(data, line, DumpColumn(some)) == some, "a byte is found where it stands");
   for (const std::size_t start : {std::size_t{0}, some})
     for (const BlockReading& reading : ReadAsText(data.bytes, start))
-      Check(ToUtf8(ToUtf16(reading.text)) == reading.text, "a text is UTF-8");
+      Check(IsUtf8(reading.text), "a text is UTF-8");
 }
 
 void ReportBlocks(const Fullflash& image, std::string_view model) try {
-  NoProgress progress;
-  const BlockStore store = GetEE(image, model, progress);
+  const BlockStore store = GetEE(image, model, noProgress);
   const std::size_t count = store.records.size();
   Check(count <= mostBlocks, "there are no more blocks than the directory holds");
   CheckRecords(store, image);
@@ -81,8 +78,7 @@ void ReportBlocks(const Fullflash& image, std::string_view model) try {
 }
 
 void DrawPictures(const Fullflash& image) {
-  NoProgress progress;
-  const PictureList list = GetP(image, progress);
+  const PictureList list = GetP(image, noProgress);
   Check(list.tables.size() <= 99, "there are at most 99 tables");
   PictureDecoder decoder(image.ff());
   std::size_t drawn = 0;
@@ -102,8 +98,7 @@ void DrawPictures(const Fullflash& image) {
 }
 
 void PlayMelodies(const Fullflash& image) {
-  NoProgress progress;
-  const RingtoneList list = GetRingtones(image, progress);
+  const RingtoneList list = GetRingtones(image, noProgress);
   Check(list.ringtones.size() <= 256, "there is one ringtone a number");
   std::int64_t played = 0;
   Offset notes = 0;
@@ -133,14 +128,15 @@ void CheckLength(Bytes file) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  CheckLength(Bytes(data, size).subspan(std::min<std::size_t>(size, 4)));  // the content
-  Fullflash image = ImageOf({data, size});
-  if (!image.IsOpen()) return 0;
+void Run(Bytes data) {
+  CheckLength(data.subspan(std::min<std::size_t>(data.size(), 4)));  // the content
+  Fullflash image = ImageOf(data);
+  if (!image.IsOpen()) return;
   const Identification info = Identify(image);
   ReportBlocks(image, info.Model);
   if (image.ff().size() > 0x800001) ReportBlocks(image, "C60");
   DrawPictures(image);
   PlayMelodies(image);
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

@@ -9,16 +9,12 @@
 #include "fuzz/target.h"
 #include "text/unicode.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 // Limits that keep an input fast: the characters of all rows of a list, and the bytes behind one row.
 constexpr std::size_t mostCharacters = 1 << 21;
 constexpr Offset mostBytes = 1 << 19;
-
-bool IsUtf8(const std::string& text) { return ToUtf8(ToUtf16(text)) == text; }
 
 void CheckInformation(const Fullflash& image, const Identification& info) {
   Check(info.SigPos.has_value() || info.Model.empty(), "a model comes with a signature");
@@ -86,15 +82,14 @@ void CheckRegions(const DumpMap& map, const Fullflash& image) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) try {
-  Dump dump{ImageOf({data, size}), {}, {}};
-  if (!dump.image.IsOpen()) return 0;
+void Run(Bytes data) try {
+  Dump dump{ImageOf(data), {}, {}};
+  if (!dump.image.IsOpen()) return;
   dump.info = Identify(dump.image);
   CheckInformation(dump.image, dump.info);
-  NoProgress progress;
   std::optional<Findings> last;
   const DumpMap map = MapDump(dump, [&](const Explorer& explorer) -> const Findings& {
-    const Findings& found = last.emplace(explorer.search(dump, progress));
+    const Findings& found = last.emplace(explorer.search(dump, noProgress));
     List(explorer, dump, found, true);
     if (explorer.hasDeleted) List(explorer, dump, found, false);
     CheckLines(explorer, found);
@@ -102,7 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return found;
   });
   CheckRegions(map, dump.image);
-  return 0;
 } catch (const std::length_error&) {
-  return 0;  // an explorer found more than its limit
+  return;  // an explorer found more than its limit
 }
+
+}  // namespace tarvelo::fuzz

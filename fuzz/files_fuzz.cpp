@@ -10,10 +10,8 @@
 #include "fuzz/target.h"
 #include "text/unicode.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 constexpr std::size_t unitSize = 0x10000;
 constexpr std::size_t imageSize = 2 * unitSize;
@@ -77,14 +75,14 @@ void CheckFolders(const FileList& list) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Fullflash image = VolumeOf({data, size});
-  NoProgress progress;
-  const FileList list = FindFiles(image, progress);
+void Run(Bytes data) {
+  const Fullflash image = VolumeOf(data);
+  const FileList list = FindFiles(image, noProgress);
   for (std::uint32_t i = 0; i < list.entries.size(); ++i) CheckEntry(image, list, i);
   CheckFolders(list);
   const TableRows rows = FileRows(list, image, Messages(), 0x10000, true);
   for (std::size_t i = 0; i < rows.count; ++i)
-    for (const std::string& cell : rows.row(i).cells) Check(ToUtf8(ToUtf16(cell)) == cell, "a cell is UTF-8");
-  return 0;
+    for (const std::string& cell : rows.row(i).cells) Check(IsUtf8(cell), "a cell is UTF-8");
 }
+
+}  // namespace tarvelo::fuzz

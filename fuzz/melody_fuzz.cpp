@@ -6,10 +6,8 @@
 #include "ringtones/ringtone_files.h"
 #include "ringtones/ringtone_length.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 std::int64_t TimeOf(const std::vector<Tone>& melody) {
   return std::accumulate(melody.begin(), melody.end(), std::int64_t{0},
@@ -59,11 +57,11 @@ void RoundTrip(Bytes records) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Bytes bytes(data, size);
-  const std::vector<Tone> melody = Read(TextOf(bytes));
+void Run(Bytes data) {
+  const std::vector<Tone> melody = Read(TextOf(data));
   WriteMidi(melody);
   if (TimeOf(melody) < 3000) WriteWave(melody);  // longer ones take long and are no different
-  RoundTrip(bytes);
-  return 0;
+  RoundTrip(data);
 }
+
+}  // namespace tarvelo::fuzz

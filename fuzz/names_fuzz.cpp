@@ -2,10 +2,8 @@
 #include "core/names.h"
 #include "fuzz/target.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 void CheckOrder(const Names& names) {
   for (std::size_t i = 0; i < names.Count(); ++i) {
@@ -20,12 +18,12 @@ void CheckOrder(const Names& names) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view file = TextOf({data, size});
+void Run(Bytes data) {
+  const std::string_view file = TextOf(data);
   Names names{std::string(file)};
   Check(names.Text() == file, "the file stays as it is");
   CheckOrder(names);
-  const std::uint32_t address = size > 0 ? data[size / 2] : 0;
+  const std::uint32_t address = data.empty() ? 0 : data[data.size() / 2];
   const std::size_t bad = names.BadCount();
   names.Set(address, "new", file.substr(0, 20));
   CheckOrder(names);
@@ -33,5 +31,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check(names.BadCount() == bad, "no other line changes");
   names.Set(address, "", "");
   CheckOrder(names);
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

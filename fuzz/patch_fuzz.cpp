@@ -8,10 +8,8 @@
 #include "patch/patch_lines.h"
 #include "patch/patch_text.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 std::vector<Change> SortedChanges(const ReadPatch& patch) {
   std::vector<Change> changes;
@@ -47,8 +45,8 @@ bool IsSame(const Fullflash& image, Bytes bytes) { return std::ranges::equal(ima
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Input input({data, size});
+void Run(Bytes data) {
+  Input input(data);
   const std::string text = input.Text();
   const ReadPatch patch = ReadPatchText(text);
   CheckTexts(text, patch);
@@ -71,5 +69,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   edits.Undo(image);
   CheckLines(text, check, image);
   Check(IsSame(image, bytes), "a patch can be taken back in one step");
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

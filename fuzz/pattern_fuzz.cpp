@@ -6,10 +6,8 @@
 #include "patch/pattern_walk.h"
 #include "tests/patch/plain_search.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 // Repeats the bytes, because the search handles many at a time.
 std::vector<std::uint8_t> Repeated(Bytes bytes, int times) {
@@ -22,8 +20,8 @@ std::vector<std::uint8_t> Repeated(Bytes bytes, int times) {
 
 // Byte 0: how often to repeat the bytes, and which vectors to use. Word at 1: where the search starts. Then
 // the pattern's text, a zero, and the bytes.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Input input({data, size});
+void Run(Bytes data) {
+  Input input(data);
   const int choice = input.Byte();
   const Offset start = input.Word();
   const std::string text = input.Text();
@@ -34,11 +32,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Pattern pattern(text);
   const auto plain = PlainPattern(text);
   if (plain) Check(pattern.PatCount() == static_cast<int>(plain->size()), "a pair is a byte");
-  if (!image.IsOpen()) return 0;
+  if (!image.IsOpen()) return;
   Check(pattern.FindPat(image, start) == PlainFindPat(bytes, plain, start), "a search finds the first hit");
 
-  NoProgress progress;
-  const std::vector<Offset> hits = FindAll(image, pattern, progress);
+  const std::vector<Offset> hits = FindAll(image, pattern, noProgress);
   Check(hits == PlainFindAll(bytes, plain), "all hits are found");
   for (std::size_t i = 0; i < std::min<std::size_t>(hits.size(), 8); ++i) {
     const std::string line = LineOfHit(image, pattern, i + 1, hits[i]);
@@ -47,5 +44,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(LastBefore(image, pattern, hits[i] + 1) == hits[i], "a walk backwards finds a hit");
   }
   (void)NotFound(text, Messages());
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

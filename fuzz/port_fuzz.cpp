@@ -6,10 +6,8 @@
 #include "patch/port.h"
 #include "patch/port_text.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 // Up to seven pieces are put in, taken out or changed. Each has a place, a length and a byte.
 std::vector<std::uint8_t> Edited(Bytes bytes, Input& input) {
@@ -42,19 +40,18 @@ void CheckPorted(const PatchChange& change, const PortedChange& ported, const Fu
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Input input({data, size});
+void Run(Bytes data) {
+  Input input(data);
   const std::string text = input.Text();
   // The edits are read once the old dump, which is behind them, is known.
   Input edits = input;
   (void)Edited({}, input);
   const Fullflash old = ImageOf(input.Rest());
-  if (!old.IsOpen() || old.ff().size() > 0x20000) return 0;
+  if (!old.IsOpen() || old.ff().size() > 0x20000) return;
   const Fullflash now(Bytes(Edited(old.ff(), edits)));
-  NoProgress progress;
-  const CodeUnits before = GetCodeUnits(old, GetFunctions(old, progress));
-  const CodeUnits after = GetCodeUnits(now, GetFunctions(now, progress));
-  const CodePairing pairing(before, old.PhoneAddress(0), after, now.PhoneAddress(0), progress);
+  const CodeUnits before = GetCodeUnits(old, GetFunctions(old, noProgress));
+  const CodeUnits after = GetCodeUnits(now, GetFunctions(now, noProgress));
+  const CodePairing pairing(before, old.PhoneAddress(0), after, now.PhoneAddress(0), noProgress);
   const ReadPatch patch = ReadPatchText(text);
   const std::vector<PortedChange> ported = PortChanges(patch.changes, old, now, pairing);
   Check(ported.size() == patch.changes.size(), "each change has a result");
@@ -62,5 +59,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const ReadPatch again = ReadPatchText(PortedText(text, patch.changes, ported));
   const auto carried = std::ranges::count_if(ported, [](const PortedChange& p) { return !p.refusal; });
   Check(again.invalid.empty() && std::ssize(again.changes) == carried, "the carried lines are a patch");
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

@@ -6,10 +6,8 @@
 #include "tests/temporary_folder.h"
 #include "text/unicode.h"
 
+namespace tarvelo::fuzz {
 namespace {
-
-using namespace tarvelo;
-using namespace tarvelo::fuzz;
 
 struct Setting {
   const char* section;
@@ -60,9 +58,9 @@ void CheckWritten(const std::filesystem::path& file, const Setting& setting, con
 }  // namespace
 
 // Byte 0 chooses the key. Then its value, a zero, and the file.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Run(Bytes data) {
   static const TemporaryFolder folder;
-  Input input({data, size});
+  Input input(data);
   const Setting& setting = settings[input.Byte() % std::size(settings)];
   std::string value = input.Text();
   std::ranges::replace_if(
@@ -76,11 +74,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string after = ReadAll(file);
   if (before.find('\0') != before.npos) {
     Check(after == before, "what is no text is left alone");
-    return 0;
+    return;
   }
   CheckOtherLines(Lines(before), Lines(after));
   CheckWritten(file, setting, value);
   platform::WriteIni(file, setting.section, setting.key, value);
   Check(ReadAll(file) == after, "a second write changes nothing");
-  return 0;
 }
+
+}  // namespace tarvelo::fuzz

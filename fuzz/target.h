@@ -9,9 +9,16 @@
 #include <string_view>
 
 #include "core/fullflash.h"
+#include "core/progress.h"
 #include "core/scan/vector_scan.h"
+#include "text/unicode.h"
 
 namespace tarvelo::fuzz {
+
+// Each target defines what it does with an input.
+void Run(Bytes data);
+
+inline NoProgress noProgress;
 
 // Ends the run as a finding if a condition does not hold.
 inline void Check(bool holds, const char* what) {
@@ -23,6 +30,8 @@ inline void Check(bool holds, const char* what) {
 inline std::string_view TextOf(Bytes bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
+
+inline bool IsUtf8(const std::string& text) { return ToUtf8(ToUtf16(text)) == text; }
 
 // Takes values from the front of an input; zeros after its end.
 class Input {
@@ -91,3 +100,8 @@ inline Fullflash ImageOf(Bytes data) {
 }
 
 }  // namespace tarvelo::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  tarvelo::fuzz::Run({data, size});
+  return 0;
+}

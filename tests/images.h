@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/byte_text.h"
 #include "core/fullflash.h"
 #include "core/progress.h"
 #include "image_builder.h"
@@ -13,9 +14,17 @@ namespace tarvelo {
 
 using Data = std::vector<std::uint8_t>;
 
+// Bytes in hexadecimal digits, with or without blanks between them.
+inline Data operator""_hex(const char* digits, std::size_t size) { return ReadHex({digits, size}).value(); }
+
 inline NoProgress noProgress;
 
+inline constexpr std::size_t mebi = 0x100000;
+
 inline Fullflash ImageOf(ImageBuilder builder) { return Fullflash(Bytes(std::move(builder).Take())); }
+
+// An image of erased bytes.
+inline Fullflash Erased(std::size_t size) { return ImageOf(ImageBuilder(size)); }
 
 // A firmware header of version 24 at the first place that is searched for one.
 inline void PutHeader(ImageBuilder& image, std::string_view model) {

@@ -10,8 +10,6 @@
 namespace tarvelo {
 namespace {
 
-using Kind = CodeRow::Kind;
-
 // One row as "code 4 at 10".
 std::string Say(const CodeRow& row) {
   const char* const kinds[] = {"heading", "code", "data"};
@@ -36,14 +34,14 @@ FunctionList Functions(const std::vector<Region>& code, const std::vector<Offset
 }
 
 // DA is CALLS with 4 bytes, 08 ADD with 2, DB 00 RETS, 8C reserved.
-const std::vector<std::uint8_t> code = {0x08, 0x01, 0xDA, 0x80, 0x08, 0x01, 0x8C, 0x00,
-                                        0xDA, 0x80, 0x00, 0x00, 0xDB, 0x00, 0xDA, 0x80};
+const std::vector<std::uint8_t> sweptBytes = {0x08, 0x01, 0xDA, 0x80, 0x08, 0x01, 0x8C, 0x00,
+                                              0xDA, 0x80, 0x00, 0x00, 0xDB, 0x00, 0xDA, 0x80};
 
 TEST(CodeRows, SweepInstructionsAndCutWhatReachesIntoFunctions) {
-  EXPECT_EQ(All(CodeRows(code, FunctionList(), {}, {})),
+  EXPECT_EQ(All(CodeRows(sweptBytes, FunctionList(), {}, {})),
             "code 2 at 0, code 4 at 2, code 2 at 6, code 4 at 8, code 2 at 12, code 2 at 14");
   // The function begins at 4, in the middle of what a sweep takes for CALLS.
-  const CodeRows rows(code, Functions({{4, 4}}, {4}), {}, {});
+  const CodeRows rows(sweptBytes, Functions({{4, 4}}, {4}), {}, {});
   EXPECT_EQ(All(rows),
             "code 2 at 0, code 2 at 2, heading 0 at 4, code 2 at 4, code 2 at 6, code 4 at 8, code 2 at 12, "
             "code 2 at 14");
@@ -55,7 +53,7 @@ TEST(CodeRows, SweepInstructionsAndCutWhatReachesIntoFunctions) {
 TEST(CodeRows, LabelsCutGuessesButNoFunctions) {
   const Offset labels[] = {4, 5, 10, 100};
   EXPECT_EQ(
-      All(CodeRows(code, Functions({{8, 6}}, {8, 12}), {}, labels)),
+      All(CodeRows(sweptBytes, Functions({{8, 6}}, {8, 12}), {}, labels)),
       "code 2 at 0, code 2 at 2, heading 0 at 4, code 2 at 4, code 2 at 6, heading 0 at 8, code 4 at 8, "
       "code 2 at 12, code 2 at 14");
 }

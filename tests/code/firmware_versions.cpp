@@ -23,7 +23,7 @@ ModelInstruction With(ModelInstruction made, Field field, int symbol) {
   return made;
 }
 
-void PutWord(std::uint8_t* at, std::uint32_t word) {
+void SetWord(std::uint8_t* at, std::uint32_t word) {
   at[0] = static_cast<std::uint8_t>(word);
   at[1] = static_cast<std::uint8_t>(word >> 8);
 }
@@ -233,8 +233,8 @@ LinkedModel FirmwareModel::Link(std::size_t imageSize) const {
   for (const int id : inTables_)
     if (const auto found = linked.functions.find(id); found != linked.functions.end()) {
       const auto address = static_cast<std::uint32_t>(found->second) + base;
-      PutWord(&linked.image[static_cast<std::size_t>(at)], address & 0xFFFF);
-      PutWord(&linked.image[static_cast<std::size_t>(at) + 2], address >> 16);
+      SetWord(&linked.image[static_cast<std::size_t>(at)], address & 0xFFFF);
+      SetWord(&linked.image[static_cast<std::size_t>(at) + 2], address >> 16);
       at += 4;
     }
   for (const ModelFunction& function : functions_) {
@@ -252,7 +252,7 @@ LinkedModel FirmwareModel::Link(std::size_t imageSize) const {
           if (found == linked.functions.end()) found = linked.functions.find(made.symbol % 20);
           const auto address = static_cast<std::uint32_t>(found->second) + base;
           bytes[1] = static_cast<std::uint8_t>(address >> 16);
-          PutWord(&bytes[2], address & 0xFFFF);
+          SetWord(&bytes[2], address & 0xFFFF);
           break;
         }
         case Field::Label: {
@@ -260,7 +260,7 @@ LinkedModel FirmwareModel::Link(std::size_t imageSize) const {
           bytes[1] = static_cast<std::uint8_t>(std::clamp<Offset>(distance, -128, 127));
           break;
         }
-        case Field::Variable: PutWord(&bytes[2], static_cast<std::uint32_t>(variableAt[symbol])); break;
+        case Field::Variable: SetWord(&bytes[2], static_cast<std::uint32_t>(variableAt[symbol])); break;
         case Field::Bit:
           bytes[1] = static_cast<std::uint8_t>(bitAt[symbol] / 16);
           if (made.size == 2)
@@ -270,12 +270,12 @@ LinkedModel FirmwareModel::Link(std::size_t imageSize) const {
             bytes[3] = static_cast<std::uint8_t>((bitAt[symbol] % 16) << 4);
           }
           break;
-        case Field::Member: PutWord(&bytes[2], static_cast<std::uint32_t>(memberAt[symbol])); break;
+        case Field::Member: SetWord(&bytes[2], static_cast<std::uint32_t>(memberAt[symbol])); break;
         case Field::TextOffset:
-          PutWord(&bytes[2], (static_cast<std::uint32_t>(linked.texts[made.symbol]) + base) & 0x3FFF);
+          SetWord(&bytes[2], (static_cast<std::uint32_t>(linked.texts[made.symbol]) + base) & 0x3FFF);
           break;
         case Field::TextPage:
-          PutWord(&bytes[2], (static_cast<std::uint32_t>(linked.texts[made.symbol]) + base) >> 14);
+          SetWord(&bytes[2], (static_cast<std::uint32_t>(linked.texts[made.symbol]) + base) >> 14);
           break;
       }
       std::copy_n(bytes.begin(), made.size, linked.image.begin() + place);

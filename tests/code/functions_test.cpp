@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "code/functions_explorer.h"
-#include "code/instruction.h"
 #include "code/made_firmware.h"
+#include "code/sound_functions.h"
 #include "images.h"
 
 namespace tarvelo {
@@ -20,35 +20,11 @@ using Parts = std::vector<std::pair<std::size_t, std::string>>;  // offset and b
 // The image has 128 KiB: the segments FEh and FFh, pages from 3F8h on. The rest of it is erased.
 Fullflash ImageOfParts(const Parts& parts) {
   ImageBuilder image(0x20000);
-  for (auto [at, text] : parts) {
-    std::istringstream bytes(text);
-    for (unsigned byte = 0; bytes >> std::hex >> byte;) at = image.Byte(at, static_cast<std::uint8_t>(byte));
-  }
+  for (const auto& [at, digits] : parts) image.Data(at, *ReadHex(digits));
   return ImageOf(std::move(image));
 }
 
-// What holds for any image: functions are in order, within a segment, and consist of instructions.
-void ExpectSound(const FunctionList& list, const Fullflash& image) {
-  Offset end = 0;
-  for (const Function& function : list.All()) {
-    const Region code = function.code;
-    ASSERT_GE(code.offset, end);
-    ASSERT_GT(code.size, 0);
-    end = code.End();
-    ASSERT_LE(end, std::ssize(image.ff()));
-    ASSERT_EQ(image.PhoneAddress(code.offset) >> 16, image.PhoneAddress(end - 1) >> 16);
-    ASSERT_TRUE(list.IsInstruction(code.offset));
-    ASSERT_EQ(list.Entry(code.offset), &function);
-    ASSERT_EQ(list.At(end - 1), &function);
-  }
-  for (Offset p = 0; p < std::ssize(image.ff()); p += 2)
-    if (list.IsInstruction(p)) {
-      const Instruction instruction = Instruction::Decode(image.ff(), p);
-      ASSERT_FALSE(instruction.IsData()) << p;
-      ASSERT_NE(list.At(p), nullptr) << p;
-      ASSERT_TRUE(instruction.Size() == 2 || !list.IsInstruction(p + 2)) << p;
-    }
-}
+void ExpectSound(const FunctionList& list, const Fullflash& image) { ASSERT_EQ(FaultOf(list, image), ""); }
 
 // "offset size calls, " of each function; the offset in hexadecimal.
 std::string Listed(const Parts& parts) {
@@ -62,7 +38,7 @@ std::string Listed(const Parts& parts) {
   return text.str();
 }
 
-struct Case {
+struct FunctionCase {
   const char* name;
   Parts parts;
   const char* listed;
@@ -73,7 +49,7 @@ const char* const nops =
     "CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00 CC 00";
 
 TEST(Functions, AreNamedByCallsAndTables) {
-  const Case cases[] = {
+  const FunctionCase cases[] = {
       {"CALLS", {{0x100, "DA FE 00 02 DB 00"}, {0x200, "CC 00 DB 00"}}, "200 4 1, "},
       {"CALLS to an odd place", {{0x100, "DA FE 01 02 DB 00"}, {0x200, "CC 00 DB 00"}}, ""},
       {"CALLS out of the image", {{0x100, "DA 00 00 02 DB 00"}, {0x200, "CC 00 DB 00"}}, ""},
@@ -121,7 +97,7 @@ TEST(Functions, AreNamedByCallsAndTables) {
        {{0x300, "00 01 FE 00 00 02 FE 00"}, {0x100, "EA 00 06 02"}, {0x200, "CC 00 DB 00 CC 00 DB 00"}},
        "100 4 0, 200 4 0, "},
   };
-  for (const Case& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
+  for (const FunctionCase& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
 }
 
 TEST(Functions, BeginBehindAnEnd) {
@@ -140,7 +116,7 @@ TEST(Functions, BeginBehindAnEnd) {
 }
 
 TEST(Functions, HaveACleanFlow) {
-  const Case cases[] = {
+  const FunctionCase cases[] = {
       {"reserved", {{0x200, "8C 00 DB 00"}}, ""},
       {"reserved behind a branch", {{0x200, "2D 01 DB 00 8C 00"}}, ""},
       {"reserved behind an end", {{0x200, "DB 00 8C 00"}}, "200 2 0, "},
@@ -160,7 +136,7 @@ TEST(Functions, HaveACleanFlow) {
       {"JNB", {{0x200, "9A 10 01 20 DB 00 DB 00"}}, "200 8 0, "},
       {"in front of the entry", {{0x200, "2D FD DB 00"}}, "200 4 0, "},
   };
-  for (const Case& each : cases) {
+  for (const FunctionCase& each : cases) {
     Parts parts = each.parts;
     parts.push_back({0x300, "00 02 FE 00"});
     EXPECT_EQ(Listed(parts), each.listed) << each.name;
@@ -168,7 +144,7 @@ TEST(Functions, HaveACleanFlow) {
 }
 
 TEST(Functions, EndWithTheirSegment) {
-  const Case cases[] = {
+  const FunctionCase cases[] = {
       {"up to the border", {{0x300, "FC FF FE 00"}, {0xFFFC, "CC 00 DB 00 DB 00"}}, "fffc 4 0, "},
       {"on behind it", {{0x300, "FC FF FE 00"}, {0xFFFC, "CC 00 CC 00 DB 00"}}, ""},
       {"an instruction across it", {{0x300, "FC FF FE 00"}, {0xFFFC, "CC 00 E6 F4 00 00 DB 00"}}, ""},
@@ -180,45 +156,37 @@ TEST(Functions, EndWithTheirSegment) {
        {{0x300, "F0 FF FE 00"}, {0xFFF0, "BB 17 DB 00"}, {0x20, "DB 00"}},
        "20 2 1, fff0 4 0, "},
   };
-  for (const Case& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
+  for (const FunctionCase& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
 }
 
 // A function with a switch of three cases; the default is in front of it. With its cases it has 30 bytes.
 TEST(Functions, HoldTheCasesOfTheirSwitches) {
+  const Parts usual{{0x300, "00 02 FE 00"},       {0x200, "0D 01 DB 00"},
+                    {0x204, "46 F4 02 00 ED FC"}, {0x20A, "5C 14 06 F4 10 00 A8 44 9C 04"},
+                    {0x214, "CC 00 DB 00"},       {0x218, "CC 00 DB 00 DB 00"},
+                    {0x4010, "14 02 18 02 1C 02"}};
   const struct {
     const char* name;
-    const char* compare;  // 0x204, with the jump
-    const char* shift;    // 0x20A
-    const char* read;     // up to 0x212, with the ADD
-    const char* jump;     // 0x212
-    const char* table;    // 0x4010
+    Parts instead;
     bool isFound;
-  } cases[] = {
-      {"usual", "46 F4 02 00 ED FC", "5C 14", "06 F4 10 00 A8 44", "9C 04", "14 02 18 02 1C 02", true},
-      {"other order", "46 F4 02 00 ED FC", "5C 14", "06 F4 10 00 A8 44", "9C 04", "1C 02 18 02 14 02", true},
-      {"other register", "46 F5 02 00 ED FC", "5C 15", "06 F5 10 00 A8 75", "9C 07", "14 02 18 02 1C 02",
-       true},
-      {"short CMP", "CC 00 48 42 ED FC", "5C 14", "06 F4 10 00 A8 44", "9C 04", "14 02 18 02 1C 02", true},
-      {"CMP of another register", "46 F5 02 00 ED FC", "5C 14", "06 F4 10 00 A8 44", "9C 04",
-       "14 02 18 02 1C 02", false},
-      {"ULE", "46 F4 02 00 FD FC", "5C 14", "06 F4 10 00 A8 44", "9C 04", "14 02 18 02 1C 02", false},
-      {"shift by 2", "46 F4 02 00 ED FC", "5C 24", "06 F4 10 00 A8 44", "9C 04", "14 02 18 02 1C 02", false},
-      {"SUB", "46 F4 02 00 ED FC", "5C 14", "26 F4 10 00 A8 44", "9C 04", "14 02 18 02 1C 02", false},
-      {"jump by another register", "46 F4 02 00 ED FC", "5C 14", "06 F4 10 00 A8 54", "9C 04",
-       "14 02 18 02 1C 02", false},
-      {"odd case", "46 F4 02 00 ED FC", "5C 14", "06 F4 10 00 A8 44", "9C 04", "14 02 19 02 1C 02", false},
-      {"case in front of the function", "46 F4 02 00 ED FC", "5C 14", "06 F4 10 00 A8 44", "9C 04",
-       "14 02 F8 01 1C 02", false},
-      {"no case behind JMPI", "46 F4 02 00 ED FC", "5C 14", "06 F4 10 00 A8 44", "9C 04", "1C 02 18 02 1C 02",
-       false},
-  };
-  for (const auto& each : cases)
+  } cases[] = {{"usual", {}, true},
+               {"other order", {{0x4010, "1C 02 18 02 14 02"}}, true},
+               {"other registers", {{0x205, "F5"}, {0x20A, "5C 15 06 F5 10 00 A8 75 9C 07"}}, true},
+               {"short CMP", {{0x204, "CC 00 48 42"}}, true},
+               {"CMP of another register", {{0x205, "F5"}}, false},
+               {"ULE", {{0x208, "FD"}}, false},
+               {"shift by 2", {{0x20B, "24"}}, false},
+               {"SUB", {{0x20C, "26"}}, false},
+               {"jump by another register", {{0x211, "54"}}, false},
+               {"odd case", {{0x4012, "19"}}, false},
+               {"case in front of the function", {{0x4012, "F8 01"}}, false},
+               {"no case behind JMPI", {{0x4010, "1C"}}, false}};
+  for (const auto& [name, instead, isFound] : cases)
     for (const char* load : {"E6 00 F9 03", "E6 00 FA 03"}) {  // the table's page, or another one
-      const Parts parts{{0x300, "00 02 FE 00"}, {0x100, load},          {0x200, "0D 01 DB 00"},
-                        {0x204, each.compare},  {0x20A, each.shift},    {0x20C, each.read},
-                        {0x212, each.jump},     {0x214, "CC 00 DB 00"}, {0x218, "CC 00 DB 00 DB 00"},
-                        {0x4010, each.table}};
-      EXPECT_EQ(Listed(parts), each.isFound ? "200 30 0, " : "200 20 0, ") << each.name << ' ' << load;
+      Parts parts = usual;
+      parts.push_back({0x100, load});
+      parts.insert(parts.end(), instead.begin(), instead.end());
+      EXPECT_EQ(Listed(parts), isFound ? "200 30 0, " : "200 20 0, ") << name << ' ' << load;
     }
   for (const char* read : {"06 F4 10 00 D7 40 F9 03 A8 44", "06 F4 10 40 D7 00 FE 00 A8 44"}) {
     const Parts parts{{0x300, "00 02 FE 00"},
@@ -271,7 +239,7 @@ TEST(Functions, AreNoneOfLargeImages) {
   image.Data(0x300, Data{0x00, 0x02, 0x00, 0x00});
   EXPECT_TRUE(GetFunctions(ImageOf(std::move(image)), noProgress).All().empty());
   for (const std::size_t size : {2u, 3u, 4u, 7u}) {
-    const Fullflash small = ImageOf(ImageBuilder(size));
+    const Fullflash small = Erased(size);
     ExpectSound(GetFunctions(small, noProgress), small);
   }
 }

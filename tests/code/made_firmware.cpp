@@ -6,8 +6,8 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t imageSize = 0x100000;
-constexpr std::size_t base = 0x1000000 - imageSize;
+constexpr std::size_t firmwareSize = 0x100000;
+constexpr std::size_t firmwareBase = 0x1000000 - firmwareSize;
 constexpr std::size_t constants = 0xE0000;  // offset of the data; two pages of it are for switches
 constexpr std::size_t functionCount = 1500;
 constexpr unsigned uc = 0x0, z = 0x2, ugt = 0xE;  // conditions
@@ -57,7 +57,7 @@ struct Body {
 class Maker {
  public:
   explicit Maker(std::uint32_t seed) : random_(seed) {
-    made_.bytes.assign(imageSize, 0xFF);
+    made_.bytes.assign(firmwareSize, 0xFF);
     functions_.resize(functionCount);
   }
 
@@ -94,8 +94,8 @@ class Maker {
   }
 
   void Reset() {
-    Four(0xE6, 0, (base + constants) >> 14);
-    Four(0xE6, 1, ((base + constants) >> 14) + 1);
+    Four(0xE6, 0, (firmwareBase + constants) >> 14);
+    Four(0xE6, 1, ((firmwareBase + constants) >> 14) + 1);
     Four(0xE6, 2, 4);
   }
 
@@ -172,7 +172,7 @@ class Maker {
   void Access() {
     const std::size_t target = constants + 0x8000 + random_.Below(0x10000);
     body_.fixes.push_back({Kind::Access, Here(), target});
-    Four(0xD7, 0x40, (base + target) >> 14);
+    Four(0xD7, 0x40, (firmwareBase + target) >> 14);
     Four(0xF2, 0xF4, target % 0x4000);
   }
 
@@ -180,7 +180,7 @@ class Maker {
     const std::size_t target = constants + 0x8000 + random_.Below(0x10000);
     body_.fixes.push_back({Kind::Pair, Here(), target});
     Four(0xE6, 0xFC, target % 0x4000);
-    Four(0xE6, 0xFD, (base + target) >> 14);
+    Four(0xE6, 0xFD, (firmwareBase + target) >> 14);
   }
 
   // Returns the number of instructions inside, about.
@@ -260,13 +260,13 @@ class Maker {
         MadeFunction& callee = functions_[fix.target];
         ++callee.calls;
         made.target = callee.offset;
-        PutByte(made_.bytes, made.place + 1, static_cast<std::uint8_t>((base + made.target) >> 16));
-        PutWord(made_.bytes, made.place + 2, base + made.target);
+        PutByte(made_.bytes, made.place + 1, static_cast<std::uint8_t>((firmwareBase + made.target) >> 16));
+        PutWord(made_.bytes, made.place + 2, firmwareBase + made.target);
       } else if (fix.kind == Kind::Near) {
-        PutWord(made_.bytes, made.place + 2, base + made.target);
+        PutWord(made_.bytes, made.place + 2, firmwareBase + made.target);
       } else if (fix.kind == Kind::Case) {
         made.place = fix.place;
-        PutWord(made_.bytes, made.place, base + made.target);
+        PutWord(made_.bytes, made.place, firmwareBase + made.target);
       } else {
         made.target = fix.target;
       }
@@ -290,10 +290,10 @@ class Maker {
       --run;
       function.isNamed = true;
       made_.references.push_back({Kind::Pointer, at, function.offset});
-      at = PutWord(made_.bytes, PutWord(made_.bytes, at, base + function.offset),
-                   (base + function.offset) >> 16);
+      at = PutWord(made_.bytes, PutWord(made_.bytes, at, firmwareBase + function.offset),
+                   (firmwareBase + function.offset) >> 16);
     }
-    while (at + 0x400 < imageSize) at = Noise(at);
+    while (at + 0x400 < firmwareSize) at = Noise(at);
   }
 
   // Words of any kind, and the bytes of a call of any place.

@@ -89,7 +89,7 @@ class Faults : public testing::Test {
     return error.what();
   }
 
-  static inline const Fullflash image = ImageOf(ImageBuilder(0x10000));
+  static inline const Fullflash image = Erased(0x10000);
   TemporaryFolder folder;
   std::string dump, changed, patch;
 };

@@ -11,7 +11,7 @@ TEST(Fullflash, TakesItsBaseFromItsSize) {
   constexpr std::pair<std::size_t, std::uint32_t> bases[] = {
       {2, 0xFFFFFE}, {0x600000, 0xA00000}, {0x1000000, 0}, {0x1000001, 0xA0000000}};
   for (const auto& [size, base] : bases) {
-    const Fullflash image = ImageOf(ImageBuilder(size));
+    const Fullflash image = Erased(size);
     const int unit = size > 0x1000000 ? 2 : 1;  // of pointers
     EXPECT_EQ(image.LoadBase(), static_cast<std::int32_t>(base)) << size;
     EXPECT_EQ(image.CorrBase(), image.LoadBase()) << size;

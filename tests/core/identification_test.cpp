@@ -7,8 +7,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t mebi = 0x100000;
-
 ImageBuilder WithHeader(std::size_t size, std::string_view model) {
   ImageBuilder builder(size);
   PutHeader(builder, model);

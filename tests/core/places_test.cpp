@@ -7,8 +7,6 @@
 namespace tarvelo {
 namespace {
 
-Fullflash Erased(std::size_t size) { return Fullflash(Bytes(std::vector<std::uint8_t>(size, 0xFF))); }
-
 TEST(Places, WritePlaces) {
   const Fullflash paged = Erased(0x800000);  // offset 0 is at 800000
   EXPECT_EQ(OffsetText(paged, 0x1A2B4), "01A2B4");

@@ -158,7 +158,7 @@ TEST_F(DocumentTest, AnUnknownModelComesFromTheGreeting) {
         Summary("", document.Image(), document.Info(), Messages()).find("Mobile: " + document.Info().Model),
         std::string::npos);
   }
-  document.Open(ImageOf(ImageBuilder(0x10000)), "dump.bin");
+  document.Open(Erased(0x10000), "dump.bin");
   EXPECT_EQ(document.Info().Model, "");
 }
 

@@ -8,8 +8,6 @@
 namespace tarvelo {
 namespace {
 
-Fullflash Erased(std::size_t size) { return Fullflash(Bytes(std::vector<std::uint8_t>(size, 0xFF))); }
-
 TEST(HexColumns, FindTheByteAtEachColumn) {
   const HexColumns columns(Erased(2));
   for (int i = 0; i < columns.Bytes(); ++i) {

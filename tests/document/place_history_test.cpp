@@ -5,50 +5,50 @@
 namespace tarvelo {
 namespace {
 
-constexpr int hex = 1;
-constexpr int code = 2;
-constexpr int list = 3;
+constexpr int hexPanel = 1;
+constexpr int codePanel = 2;
+constexpr int listPanel = 3;
 
 TEST(PlaceHistory, GoesBackAndForth) {
   PlaceHistory history;
-  EXPECT_FALSE(history.Back({code, 0}));
-  history.Jump({code, 10}, {code, 20});
-  history.Jump({code, 24}, {hex, 24});  // moved on by hand before the second jump
-  EXPECT_EQ(history.Back({hex, 30}), (VisitedPlace{code, 24}));
-  EXPECT_EQ(history.Back({code, 24}), (VisitedPlace{code, 10}));
-  EXPECT_FALSE(history.Back({code, 10}));
-  EXPECT_EQ(history.Forward({code, 12}), (VisitedPlace{code, 24}));
-  EXPECT_EQ(history.Forward({code, 24}), (VisitedPlace{hex, 30}));
-  EXPECT_FALSE(history.Forward({hex, 30}));
-  EXPECT_EQ(history.Back({hex, 30}), (VisitedPlace{code, 24}));
-  history.Jump({code, 24}, {code, 99});  // forgets the hex view
+  EXPECT_FALSE(history.Back({codePanel, 0}));
+  history.Jump({codePanel, 10}, {codePanel, 20});
+  history.Jump({codePanel, 24}, {hexPanel, 24});  // moved on by hand before the second jump
+  EXPECT_EQ(history.Back({hexPanel, 30}), (VisitedPlace{codePanel, 24}));
+  EXPECT_EQ(history.Back({codePanel, 24}), (VisitedPlace{codePanel, 10}));
+  EXPECT_FALSE(history.Back({codePanel, 10}));
+  EXPECT_EQ(history.Forward({codePanel, 12}), (VisitedPlace{codePanel, 24}));
+  EXPECT_EQ(history.Forward({codePanel, 24}), (VisitedPlace{hexPanel, 30}));
+  EXPECT_FALSE(history.Forward({hexPanel, 30}));
+  EXPECT_EQ(history.Back({hexPanel, 30}), (VisitedPlace{codePanel, 24}));
+  history.Jump({codePanel, 24}, {codePanel, 99});  // forgets the hex view
   EXPECT_FALSE(history.CanGoForward());
-  EXPECT_EQ(history.Back({code, 99}), (VisitedPlace{code, 24}));
+  EXPECT_EQ(history.Back({codePanel, 99}), (VisitedPlace{codePanel, 24}));
 }
 
 // The user may show another panel by the menu, which is no jump.
 TEST(PlaceHistory, RemembersWhereAPanelWasShownByHand) {
   PlaceHistory history;
-  history.Jump({list, 3}, {code, 20});
-  EXPECT_EQ(history.Back({hex, 5}), (VisitedPlace{code, 20}));
-  EXPECT_EQ(history.Forward({code, 20}), (VisitedPlace{hex, 5}));
-  history.Jump({list, 4}, {code, 30});
-  EXPECT_EQ(history.Back({code, 30}), (VisitedPlace{list, 4}));
-  EXPECT_EQ(history.Back({list, 4}), (VisitedPlace{hex, 5}));
+  history.Jump({listPanel, 3}, {codePanel, 20});
+  EXPECT_EQ(history.Back({hexPanel, 5}), (VisitedPlace{codePanel, 20}));
+  EXPECT_EQ(history.Forward({codePanel, 20}), (VisitedPlace{hexPanel, 5}));
+  history.Jump({listPanel, 4}, {codePanel, 30});
+  EXPECT_EQ(history.Back({codePanel, 30}), (VisitedPlace{listPanel, 4}));
+  EXPECT_EQ(history.Back({listPanel, 4}), (VisitedPlace{hexPanel, 5}));
 }
 
 TEST(PlaceHistory, ForgetsTheOldestPlaces) {
   PlaceHistory history;
-  for (Offset at = 0; at < 2000; ++at) history.Jump({code, at}, {code, at + 1});
+  for (Offset at = 0; at < 2000; ++at) history.Jump({codePanel, at}, {codePanel, at + 1});
   std::size_t steps = 0;
-  VisitedPlace place{code, 2000};
+  VisitedPlace place{codePanel, 2000};
   while (const auto back = history.Back(place)) {
     place = *back;
     ++steps;
   }
   EXPECT_EQ(steps, PlaceHistory::longest - 1);
   history.Clear();
-  EXPECT_FALSE(history.CanGoBack({hex, 0}));
+  EXPECT_FALSE(history.CanGoBack({hexPanel, 0}));
 }
 
 }  // namespace

@@ -8,8 +8,6 @@
 namespace tarvelo {
 namespace {
 
-using Kind = BlockDifference::Kind;
-
 // Generations of block 5079 and one of another block, in an image of 64 KiB.
 class Generations : public testing::Test {
  protected:
@@ -45,17 +43,18 @@ class Generations : public testing::Test {
 };
 
 TEST_F(Generations, AreComparedWithTheOneShown) {
+  using enum BlockDifference::Kind;
   EXPECT_EQ(Report(2).record, store_.records[2]);
   EXPECT_EQ(Report(2).address, 0xFF1010u);
   EXPECT_EQ(Report(5).address, 0xFEFFFEu);
-  EXPECT_EQ(OthersOf(2), (Others{{0, {Kind::Differing, 2, 1}},  // one byte differs, and one is extra
-                                 {3, {Kind::Same}},
-                                 {4, {Kind::Outside}},
-                                 {5, {Kind::Outside}},
-                                 {6, {Kind::Outside}},
-                                 {7, {Kind::Differing, 5, 0}}}));
-  EXPECT_EQ(OthersOf(4)[0].second.kind, Kind::Unknown);
-  EXPECT_EQ(OthersOf(4)[3].second.kind, Kind::Outside);
+  EXPECT_EQ(OthersOf(2), (Others{{0, {Differing, 2, 1}},  // one byte differs, and one is extra
+                                 {3, {Same}},
+                                 {4, {Outside}},
+                                 {5, {Outside}},
+                                 {6, {Outside}},
+                                 {7, {Differing, 5, 0}}}));
+  EXPECT_EQ(OthersOf(4)[0].second.kind, Unknown);
+  EXPECT_EQ(OthersOf(4)[3].second.kind, Outside);
   EXPECT_TRUE(OthersOf(1).empty());
 }
 

@@ -16,18 +16,18 @@ using Header = std::array<std::uint8_t, 12>;
 // A live header of block 654: V 5, 0x1234 bytes at phone address 0xF65678.
 constexpr Header good{0xFC, 0x05, 0x34, 0x12, 0x78, 0x56, 0xF6, 0x00, 0x8E, 0x02, 0x77, 0xFC};
 
-struct Change {
+struct OtherByte {
   std::size_t at;
   int value;
 };
 
-Header With(std::initializer_list<Change> changes) {
+Header GoodWith(std::initializer_list<OtherByte> changes) {
   Header header = good;
   for (const auto& [at, value] : changes) header[at] = static_cast<std::uint8_t>(value);
   return header;
 }
 
-Header Numbered(int number) { return With({{8, number}, {9, number >> 8}}); }
+Header Numbered(int number) { return GoodWith({{8, number}, {9, number >> 8}}); }
 
 Header Deleted(Header header) {
   header[0] = header[11] = 0xF0;
@@ -73,8 +73,9 @@ TEST(GetEE, SearchesTheEndOfLongImages) {
 }
 
 TEST(GetEE, KeepsTheLastLiveGeneration) {
-  const BlockStore store = ScanHeaders({With({{1, 1}, {2, 0x10}}), With({{1, 2}, {2, 0x20}, {4, 0x00}}),
-                                        Deleted(With({{1, 3}, {2, 0x30}, {4, 0x88}}))});
+  const BlockStore store =
+      ScanHeaders({GoodWith({{1, 1}, {2, 0x10}}), GoodWith({{1, 2}, {2, 0x20}, {4, 0x00}}),
+                   Deleted(GoodWith({{1, 3}, {2, 0x30}, {4, 0x88}}))});
   EXPECT_EQ(store.LiveCount(), 2);
   EXPECT_EQ(store.DeletedCount, 1);
   EXPECT_EQ(store.BlockV[654], 2);

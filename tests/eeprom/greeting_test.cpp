@@ -7,8 +7,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t size = 0x100000;
-
 std::string ModelOf(ImageBuilder builder) {
   const Fullflash image = ImageOf(std::move(builder));
   return GreetingModel(image, GetEE(image, "", noProgress));
@@ -29,7 +27,7 @@ TEST(Greeting, NamesTheModelBeforeItsFirstBlank) {
       {{}, ""},
   };
   for (const auto& [greeting, model] : cases) {
-    ImageBuilder image(size);
+    ImageBuilder image(mebi);
     image.Fill(0x90000, 0x100, 'x');  // what lies behind the block is no part of it
     image.Data(0x90000, greeting);
     PutBlock(image, 0x1000, liveBlockState, 5076, 0x90000, static_cast<std::uint16_t>(greeting.size()));
@@ -38,17 +36,17 @@ TEST(Greeting, NamesTheModelBeforeItsFirstBlank) {
 }
 
 TEST(Greeting, IsTheLastLiveBlock) {
-  ImageBuilder image(size);
+  ImageBuilder image(mebi);
   image.Text(image.Text(image.Text(0x90000, "OLD"), "NEW"), "DEL");
   PutBlock(image, 0x1000, liveBlockState, 5076, 0x90000, 4);
   PutBlock(image, 0x100C, liveBlockState, 5076, 0x90004, 4);
   PutBlock(image, 0x1018, deletedBlockState, 5076, 0x90008, 4);
   PutBlock(image, 0x1024, liveBlockState, 5077, 0x90008, 4);
   EXPECT_EQ(ModelOf(image), "NEW");
-  image.Data(size - 3, Data{'N', 'E', 'W'});
-  PutBlock(image, 0x100C, liveBlockState, 5076, size - 3, 4);  // not wholly in the image
+  image.Data(mebi - 3, Data{'N', 'E', 'W'});
+  PutBlock(image, 0x100C, liveBlockState, 5076, mebi - 3, 4);  // not wholly in the image
   EXPECT_EQ(ModelOf(image), "");
-  EXPECT_EQ(ModelOf(ImageBuilder(size)), "");
+  EXPECT_EQ(ModelOf(ImageBuilder(mebi)), "");
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ const Deletion deletions[] = {
 
 TEST(FindFiles, FindsDeletedFilesAndOlderGenerations) {
   for (const Deletion& deletion : deletions) {
-    ImageBuilder image(imageSize);
+    ImageBuilder image(volumeSize);
     VolumeBuilder files(image, "FFS");
     files.Unit(firstUnit);
     files.Unit(firstUnit + 0x10000);

@@ -44,7 +44,8 @@ TEST(ReplaceContent, RefusesWhatIsNotTheFilesAlone) {
                {"FFS/shares", FileRefusal::Shared},
                {"FFS/Pics/a.bmp", FileRefusal::Damaged},
                {"FFS/gone", FileRefusal::Deleted}};
-  for (const auto& [path, refusal] : cases) {
+  for (const auto& [name, refusal] : cases) {
+    const std::string_view path = name;
     const auto entry = std::ranges::find_if(
         list.entries, [&](const FileEntry& e) { return PathOf(image, list, e) == path; });
     ASSERT_NE(entry, list.entries.end()) << path;

@@ -13,7 +13,7 @@
 
 namespace tarvelo {
 
-inline constexpr std::size_t imageSize = 0x400000;
+inline constexpr std::size_t volumeSize = 0x400000;
 inline constexpr std::size_t mapAt = 0x12346;
 inline constexpr std::size_t firstUnit = 0x100000;
 
@@ -48,7 +48,7 @@ inline constexpr std::uint8_t gone = VolumeBuilder::deleted;
 
 // Root 6: folder 20 with file 22 of pieces 22, 24, 26; file 30.
 struct Volume {
-  explicit Volume() : image(imageSize), files(image, "FFS") {
+  explicit Volume() : image(volumeSize), files(image, "FFS") {
     for (const std::size_t unit : {firstUnit, firstUnit + 0x10000}) files.Unit(unit);
     files.Folder(0, {.number = 6}, {20, 30});
     files.Folder(0, {.number = 20, .name = "Pics"}, {22});

@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Shapes, FindFilesInEachShape,
 
 TEST_P(FindFilesInEachShape, PutsPiecesTogether) {
   const auto [isWide, unitSize, sizeCode] = GetParam();
-  ImageBuilder image(imageSize);
+  ImageBuilder image(volumeSize);
   VolumeBuilder volume(image, "FFS_B", isWide);
   for (std::size_t i = 0; i < 3; ++i) volume.Unit(firstUnit + i * unitSize, unitSize);
   std::mt19937 random(static_cast<unsigned>(unitSize + sizeCode));
@@ -149,7 +149,7 @@ TEST(FindFiles, DecodesNamesAndTimes) {
   };
   for (const bool isWide : {false, true})
     for (const auto& [name, time, attributes, shownName, shownTime, shownAttributes] : cases) {
-      ImageBuilder image(imageSize);
+      ImageBuilder image(volumeSize);
       VolumeBuilder volume(image, "FFS", isWide);
       volume.Unit(firstUnit);
       volume.Folder(0, {.number = 6}, {10});

@@ -21,7 +21,7 @@ std::string Help(Words command) {
 }
 
 // Every text that the expression's parentheses match.
-std::set<std::string> All(const std::string& text, const char* expression) {
+std::set<std::string> Matches(const std::string& text, const char* expression) {
   const std::regex pattern(expression);
   std::set<std::string> found;
   for (std::sregex_iterator at(text.begin(), text.end(), pattern), end; at != end; ++at)
@@ -32,7 +32,7 @@ std::set<std::string> All(const std::string& text, const char* expression) {
 // The commands in a help text: indented, after its title.
 std::set<std::string> CommandsOf(const std::string& help) {
   const auto title = help.find("Subcommands:");
-  return title == help.npos ? std::set<std::string>() : All(help.substr(title), "\n  ([a-z]+) ");
+  return title == help.npos ? std::set<std::string>() : Matches(help.substr(title), "\n  ([a-z]+) ");
 }
 
 // The page's source without changes of typeface, in small parts: the line of a command with its text.
@@ -57,7 +57,7 @@ void ExpectDescribed(const std::string& page, const Words& command) {
   const auto begin = page.find(".TP\n" + name + " ");
   ASSERT_NE(begin, page.npos) << name;
   const std::string entry = page.substr(begin, page.find('\n', begin + 4) - begin);
-  for (const std::string& option : All(help, "(--[a-z]+)"))
+  for (const std::string& option : Matches(help, "(--[a-z]+)"))
     EXPECT_TRUE(option == "--help" || entry.find(option) != entry.npos) << name << ' ' << option;
 }
 

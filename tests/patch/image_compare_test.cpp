@@ -74,7 +74,7 @@ TEST(Compare, FollowsAShift) {
 
 TEST(Compare, AlignsDumpsByPhoneAddress) {
   const auto shift = [](std::size_t one, std::size_t other) {
-    return AddressShift(ImageOf(ImageBuilder(one)), ImageOf(ImageBuilder(other)));
+    return AddressShift(Erased(one), Erased(other));
   };
   EXPECT_EQ(shift(0x800000, 0x600000), -0x200000);
   EXPECT_EQ(shift(0x600000, 0x1000000), 0xA00000);

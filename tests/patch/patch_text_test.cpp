@@ -7,7 +7,7 @@
 namespace tarvelo {
 namespace {
 
-const std::string stars = ";" + std::string(80, '*') + "\r\n";
+const std::string separator = ";" + std::string(80, '*') + "\r\n";
 
 TEST(ReversedText, SwapsBytesAndKeepsAllElse) {
   const std::pair<const char*, const char*> rows[] = {
@@ -29,15 +29,15 @@ TEST(MergePatchTexts, AddsWhatTheDocumentLacks) {
   EXPECT_EQ(merged.text,
             ";own\r\n10: 00 0a ;first ;second\r\n20: 00 02 ;y\r\n\r\n;other\r\n\r\n;c\r\n"
             "20: 00 03 ;x\r\nrubbish\r\n\r\n\r\n" +
-                stars);
+                separator);
   EXPECT_EQ(merged.added, 2u);
   EXPECT_EQ(merged.same, 3u);
   EXPECT_EQ(MergePatchTexts(own, "other", ";c\n20: 00 02").text, ";own\r\n10: 00 0a ;first\r\n20: 00 02\r\n");
 }
 
 TEST(SplitPatchText, CutsAtSeparators) {
-  const std::string text = ";C55\r\n" + stars + "\r\n;; one \r\n\r\n10: 00 01 ;x\r\n;two\r\n" + stars +
-                           "20: 00 01\r\n " + stars + ";end\r\n;***\r\n";
+  const std::string text = ";C55\r\n" + separator + "\r\n;; one \r\n\r\n10: 00 01 ;x\r\n;two\r\n" +
+                           separator + "20: 00 01\r\n " + separator + ";end\r\n;***\r\n";
   const std::vector<PatchPart> parts = SplitPatchText(text);
   ASSERT_EQ(parts.size(), 2u);
   EXPECT_EQ(parts[0].name, "one");
@@ -47,10 +47,11 @@ TEST(SplitPatchText, CutsAtSeparators) {
 }
 
 TEST(PatchFileText, ComesBackAsItWas) {
+  using namespace std::string_view_literals;
   const std::string own =
       ";C55 24 - Patch made by \"Tarvelo\", explorer of fullflash images\r\n"
       ";Lines: address in the fullflash, old bytes, new bytes\r\n\r\n" +
-      stars;
+      separator;
   const std::tuple<std::string, std::string, bool> rows[] = {
       {"10: 00 01 ;\xD1\x82\r\n", "10: 00 01 ;\xD1\x82\r\n", false},  // UTF-8
       {"10: 00 01 ;\xF2\x98\xC0\r\n",
@@ -68,23 +69,13 @@ TEST(PatchFileText, ComesBackAsItWas) {
     EXPECT_EQ(PatchFileBytes(read, "C55 24"), bytes);
   }
   // What a document has no place for: the byte order mark, the end mark, other line ends.
-  for (const std::string& bytes : {std::string("\xEF\xBB\xBF;т\n10: 00 01\x1A\x1A"),
-                                   std::string("\xFF\xFE;\0\x42\x04\n\0"
-                                               "1\0"
-                                               "0\0:\0 \0"
-                                               "0\0"
-                                               "0\0 \0"
-                                               "0\0"
-                                               "1\0",
-                                               26),
-                                   std::string("\xFE\xFF\0;\x04\x42\0\r\0"
-                                               "1\0"
-                                               "0\0:\0 \0"
-                                               "0\0"
-                                               "0\0 \0"
-                                               "0\0"
-                                               "1",
-                                               26)})
+  std::string little, big;
+  for (const char16_t c : u"\uFEFF;т\n10: 00 01"sv) {
+    const char low = static_cast<char>(c), high = static_cast<char>(c >> 8);
+    little.append({low, high});
+    big.append({high, low});
+  }
+  for (const std::string& bytes : {std::string("\xEF\xBB\xBF;т\r10: 00 01\x1A\x1A"), little, big})
     EXPECT_EQ(ReadPatchFileText(bytes, "C55 24").document, ";т\r\n10: 00 01");
   EXPECT_EQ(PatchFileBytes({"1: 0 ;\xE2\x82\xAC \xE4\xB8\xAD", PatchEncoding::Windows1251, false}, ""),
             "1: 0 ;\xE2\x82\xAC \xE4\xB8\xAD");  // no such character there

@@ -128,7 +128,7 @@ class Linked {
 // The later version has its items in another order, behind something new.
 std::vector<Item> LaterItems() {
   std::vector<Item> items = Items();
-  std::ranges::rotate(items, items.begin() + 2);
+  std::rotate(items.begin(), items.begin() + 2, items.end());
   // The twin of what is gone takes its place.
   const auto gone = std::ranges::find(items, "gone", &Item::name);
   const auto twin = std::ranges::find(items, "twin", &Item::name);

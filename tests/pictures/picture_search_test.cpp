@@ -8,8 +8,6 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t size = 0x100000;  // loading base 0xF00000
-
 PictureList Find(ImageBuilder builder) { return GetP(ImageOf(std::move(builder)), noProgress); }
 
 std::size_t Entry(ImageBuilder& builder, std::size_t at, std::uint8_t width, std::uint8_t height,
@@ -27,7 +25,7 @@ std::size_t PutTable(ImageBuilder& builder, std::size_t at, std::uint8_t type, i
 using Cells = std::vector<std::string>;
 
 TEST(GetP, ListsATableAndItsColumns) {
-  ImageBuilder builder(size);
+  ImageBuilder builder(mebi);
   std::size_t at = Entry(builder, 0x1002, 4, 4, 0x81, 0x80000);
   at = Entry(builder, at, 101, 80, 0x88, 0x80010);
   Entry(builder, at, 200, 100, 5, 0x12345);
@@ -64,7 +62,7 @@ TEST(PictureRows, CutNumbersOnTheLeft) {
 }
 
 TEST(GetP, ListsTheLargestAndSmallestPictures) {
-  ImageBuilder builder(size);
+  ImageBuilder builder(mebi);
   std::size_t at = Entry(builder, 0x1000, 4, 4, 1);
   at = Entry(builder, at, 254, 255, 8);
   at = Entry(builder, at, 0, 1, 8);
@@ -79,22 +77,22 @@ TEST(GetP, ListsTheLargestAndSmallestPictures) {
 TEST(GetP, EndsATableByEachRule) {
   const std::array<std::uint8_t, 4> ends[] = {{8, 0, 1, 0}, {255, 8, 1, 0}, {8, 8, 1, 1}, {4, 4, 1, 0}};
   for (const auto& end : ends) {
-    ImageBuilder builder(size);
+    ImageBuilder builder(mebi);
     const std::size_t at = PutTable(builder, 0x1000, 1, 2);
     builder.Data(at, end);
     builder.Fill(at + 4, 4, 0);
     Entry(builder, at + 8, 8, 8, 1);
     EXPECT_EQ(Find(builder).pictures.size(), 3u) << int{end[0]} << int{end[1]};
   }
-  ImageBuilder compressed(size);  // a 4 x 4 picture of type 81 does not end a table
+  ImageBuilder compressed(mebi);  // a 4 x 4 picture of type 81 does not end a table
   Entry(compressed, PutTable(compressed, 0x1000, 1, 2), 4, 4, 0x81);
   EXPECT_EQ(Find(compressed).pictures.size(), 4u);
 }
 
 TEST(GetP, ReadsATableToTheEndOfTheImage) {
   for (const int others : {2, 1}) {  // four bytes remain after a table of two
-    ImageBuilder builder(size);
-    PutTable(builder, others == 2 ? size - 24 : size - 20, 1, others);
+    ImageBuilder builder(mebi);
+    PutTable(builder, others == 2 ? mebi - 24 : mebi - 20, 1, others);
     EXPECT_EQ(Find(builder).pictures.size(), 1u + static_cast<std::size_t>(others));
   }
 }
@@ -103,12 +101,12 @@ TEST(GetP, LooksForFurtherTablesOnceColourWasSeen) {
   constexpr std::tuple<std::uint8_t, std::size_t, std::size_t> cases[] = {
       {3, 0x50000, 2}, {8, 0x50002, 1}, {1, 0x4000, 1}, {0x81, 0x4000, 1}, {2, 0x4000, 1}};
   for (const auto& [type, distance, tables] : cases) {
-    ImageBuilder builder(size);
+    ImageBuilder builder(mebi);
     PutTable(builder, 0x1000, type);
     PutTable(builder, 0x1000 + distance, 1);
     EXPECT_EQ(Find(builder).tables.size(), tables) << int{type} << ' ' << distance;
   }
-  ImageBuilder adjacent(size);  // a table right after another
+  ImageBuilder adjacent(mebi);  // a table right after another
   PutTable(adjacent, PutTable(adjacent, 0x1000, 5), 5);
   const PictureList list = Find(adjacent);
   EXPECT_EQ(list.tables.size(), 2u);
@@ -119,13 +117,13 @@ TEST(GetP, LooksForFurtherTablesOnceColourWasSeen) {
 }
 
 TEST(GetP, StopsAfterNinetyNineTables) {
-  ImageBuilder builder(size);
+  ImageBuilder builder(mebi);
   for (std::size_t i = 0, at = 0x1000; i < 120; ++i) at = PutTable(builder, at, 5);
   EXPECT_EQ(Find(builder).tables.size(), 99u);
 }
 
 TEST(GetP, WrapsAddressesBelowTheBase) {
-  ImageBuilder builder(size);
+  ImageBuilder builder(mebi);
   const std::size_t second = Entry(builder, 0x1000, 4, 4, 1) + 4;
   Entry(builder, 0x1008, 8, 8, 1);
   builder.Word(builder.Word(second, 0x0123), 0xF00000 / 0x4000 - 1);  // 0x4000 - 0x123 below the base
@@ -133,21 +131,21 @@ TEST(GetP, WrapsAddressesBelowTheBase) {
 }
 
 TEST(GetP, ListsStandAloneHeadersAfterAMonochromeTable) {
-  ImageBuilder builder(size);
+  ImageBuilder builder(mebi);
   Entry(builder, 0x800, 8, 8, 0x81);  // before the table: not found
   PutTable(builder, 0x1000, 1);
   Entry(builder, 0x3002, 101, 80, 0x81, 1);
-  Entry(builder, 0x300A, 1, 1, 0x81, size - 1);
+  Entry(builder, 0x300A, 1, 1, 0x81, mebi - 1);
   Entry(builder, 0x4000, 102, 1, 0x81);   // too wide
   Entry(builder, 0x4008, 1, 81, 0x81);    // too high
   Entry(builder, 0x4010, 1, 1, 0x81, 0);  // data at offset 0
-  Entry(builder, size - 8, 9, 9, 0x81, 0x80000);
+  Entry(builder, mebi - 8, 9, 9, 0x81, 0x80000);
   const PictureList list = Find(builder);
   EXPECT_EQ(list.outsideCount, 3);
   ASSERT_EQ(list.pictures.size(), 5u);
   EXPECT_EQ(PictureRows(list).row(3).cells,
             (Cells{"9", "001", "   3", "  1", "  1", " 1", "0FFFFF", "    1", "    1", "00300A"}));
-  EXPECT_EQ(list.pictures[4].entry, Offset{size - 8});
+  EXPECT_EQ(list.pictures[4].entry, Offset{mebi - 8});
   EXPECT_EQ(PictureInformation(list, Messages()),
             "1: Address of PIT-table 1000\nNumber of pictures: 5\nPictures outside of PIT-area: 3\n");
   builder.Byte(0x1008 + 2, 5);  // one picture in colour hides them

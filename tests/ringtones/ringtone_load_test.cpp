@@ -17,9 +17,9 @@ namespace {
 using Tones = std::vector<Tone>;
 using Reason = RefusedRingtone::Reason;
 
-constexpr std::size_t imageSize = 0x4000;
+constexpr std::size_t endOfImage = 0x4000;
 constexpr std::size_t firstMelody = 0x400;
-enum Number : std::size_t { whole, tail, toTheEnd, midi, wave, outside };
+enum Number : std::size_t { tenNotes, tail, toTheEnd, midi, wave, outside };
 
 Data Records(const Tones& tones) {
   ImageBuilder builder(4 * tones.size());
@@ -37,15 +37,15 @@ Tones Scale(std::size_t count, std::uint16_t first = 400) {
 // A melody of ten notes, one that is its last six notes, one up to the end of the image, a MIDI and a WAVE
 // file, and a melody past the end of the image.
 Data TestImage() {
-  ImageBuilder image(imageSize);
+  ImageBuilder image(endOfImage);
   image.Data(firstMelody, Records(Scale(10)));
   image.Data(firstMelody + 40, Records({{0xFFFD, 7}}));
-  image.Data(imageSize - 20, Records(Scale(5)));
+  image.Data(endOfImage - 20, Records(Scale(5)));
   image.Data(0x600, MelodyMidi(Scale(8)));
   image.Data(0x900, MelodyWave(Scale(3)));
   image.Pointer(0x300, 0x600);
   image.Pointer(0x304, 0x900);
-  const std::size_t targets[] = {firstMelody, firstMelody + 16, imageSize - 20, 0x300, 0x304, 0};
+  const std::size_t targets[] = {firstMelody, firstMelody + 16, endOfImage - 20, 0x300, 0x304, 0};
   const std::uint8_t kinds[] = {0, 0, 0, 6, 7, 0};
   std::size_t at = 0x100;
   for (std::uint8_t n = 0; n < 6; ++n) at = PutRingtone(image, at, n, kinds[n], targets[n]);
@@ -107,15 +107,15 @@ TEST_F(LoadedRingtones, MelodiesAreReadBack) {
 }
 
 TEST_F(LoadedRingtones, ShorterMelodiesEndAsTheOldOneDid) {
-  EXPECT_EQ(Load(whole, Records(Scale(2, 700))), std::nullopt);
-  EXPECT_EQ(BytesOf(whole), Records(Scale(2, 700)));
+  EXPECT_EQ(Load(tenNotes, Records(Scale(2, 700))), std::nullopt);
+  EXPECT_EQ(BytesOf(tenNotes), Records(Scale(2, 700)));
   EXPECT_EQ(image.DWord(firstMelody + 8), 7 << 16 | 0xFFFD);
   EXPECT_EQ(image.Word(firstMelody + 12), 403);
   EXPECT_EQ(list[tail].size, 24);  // the melody that keeps its remaining notes keeps its end
-  EXPECT_EQ(Load(whole, Records(Scale(3))), Reason::TooLong);
+  EXPECT_EQ(Load(tenNotes, Records(Scale(3))), Reason::TooLong);
 
   EXPECT_EQ(Load(toTheEnd, Records(Scale(4))), std::nullopt);
-  EXPECT_EQ(image.DWord(imageSize - 4), 0xFFFC);
+  EXPECT_EQ(image.DWord(endOfImage - 4), 0xFFFC);
 }
 
 TEST_F(LoadedRingtones, FilesThatDoNotFitAreRefused) {
@@ -128,12 +128,12 @@ TEST_F(LoadedRingtones, FilesThatDoNotFitAreRefused) {
   cutWave.pop_back();
   otherRiff[8] = 'X';
   const std::tuple<const char*, std::size_t, Data, std::optional<Reason>> cases[] = {
-      {"no melody", whole, {}, Reason::Damaged},
-      {"a note too many", whole, Records(Scale(11)), Reason::TooLong},
-      {"a cut note", whole, Data(39, 7), Reason::OddSize},
-      {"notes behind the end", whole, ended, Reason::EndsEarly},
-      {"MIDI for a melody", whole, shortMidi, Reason::OtherKind},
-      {"RIFF for a melody", whole, otherRiff, Reason::OtherKind},
+      {"no melody", tenNotes, {}, Reason::Damaged},
+      {"a note too many", tenNotes, Records(Scale(11)), Reason::TooLong},
+      {"a cut note", tenNotes, Data(39, 7), Reason::OddSize},
+      {"notes behind the end", tenNotes, ended, Reason::EndsEarly},
+      {"MIDI for a melody", tenNotes, shortMidi, Reason::OtherKind},
+      {"RIFF for a melody", tenNotes, otherRiff, Reason::OtherKind},
       {"a note where none has room", outside, Records(Scale(1)), Reason::TooLong},
       {"nothing for nothing", outside, {}, {}},
       {"an end for nothing", outside, Records({{0xFFFC, 0}}), {}},

@@ -8,18 +8,18 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::size_t table = 0x100;
-constexpr std::size_t melody = 0x40;  // two notes, 300 ms
+constexpr std::size_t tableAt = 0x100;
+constexpr std::size_t melodyAt = 0x40;  // two notes, 300 ms
 constexpr std::size_t small = 0x400;
 
 // The six entries that identify a table and three more, all for one melody.
-ImageBuilder WithTable(std::size_t size = small, std::size_t at = table) {
+ImageBuilder WithTable(std::size_t size = small, std::size_t at = tableAt) {
   ImageBuilder image(size);
-  std::size_t p = melody;
+  std::size_t p = melodyAt;
   for (const std::uint16_t word : {440, 100, 880, 200, 0xFFFC, 0})
     p = image.Word(p, static_cast<std::uint16_t>(word));
   for (std::uint8_t number = 0; number < 9 && at + 8 <= size; ++number)
-    at = PutRingtone(image, at, number, 0, melody);
+    at = PutRingtone(image, at, number, 0, melodyAt);
   return image;
 }
 
@@ -37,8 +37,8 @@ TEST(GetRingtones, ReadsMelodies) {
     const RingtoneList list = Found(WithTable(size));
     ASSERT_EQ(Numbers(list), "012345678");
     const Ringtone& third = list.ringtones[2];
-    EXPECT_EQ(third.data, melody);
-    EXPECT_EQ(third.entry, table + 16);
+    EXPECT_EQ(third.data, melodyAt);
+    EXPECT_EQ(third.entry, tableAt + 16);
     EXPECT_EQ(third.Notes(), 2);
     EXPECT_EQ(third.time, 300);
   }
@@ -56,25 +56,26 @@ TEST(GetRingtones, ObeysEachByteOfATable) {
   };
   for (const auto& [what, offset, value, numbers] : cases) {
     ImageBuilder image = WithTable();
-    image.Byte(table + offset, value);
+    image.Byte(tableAt + offset, value);
     EXPECT_EQ(Numbers(Found(image)), numbers) << what;
   }
 }
 
 TEST(GetRingtones, ReadsATableToTheEndOfTheImage) {
   for (const std::size_t at : {0x7FF8, 0x8000}) EXPECT_EQ(Found(WithTable(0x20000, at)).table, at);
-  EXPECT_EQ(Numbers(Found(WithTable(table + 72))), "012345678");
-  EXPECT_EQ(Numbers(Found(WithTable(table + 71))), "01234567");
+  EXPECT_EQ(Numbers(Found(WithTable(tableAt + 72))), "012345678");
+  EXPECT_EQ(Numbers(Found(WithTable(tableAt + 71))), "01234567");
 }
 
 TEST(GetRingtones, PassesOverEights) {
   ImageBuilder image = WithTable();
-  for (std::size_t p = table + 48; p < table + 54; p += 2) image.Word(p, 0x0800);
-  image.DWord(PutRingtone(image, PutRingtone(image, table + 54, 0xA, 3, melody), 0xB, 0, melody), 0xFFFFFFFF);
+  for (std::size_t p = tableAt + 48; p < tableAt + 54; p += 2) image.Word(p, 0x0800);
+  image.DWord(PutRingtone(image, PutRingtone(image, tableAt + 54, 0xA, 3, melodyAt), 0xB, 0, melodyAt),
+              0xFFFFFFFF);
   EXPECT_EQ(Numbers(Found(image)), "012345AB");
   for (const std::size_t odd : {0, 1}) {  // to the very end
     ImageBuilder run = WithTable(small + odd);
-    for (std::size_t p = table + 49; p < small + odd; p += 2) run.Byte(p, 8);
+    for (std::size_t p = tableAt + 49; p < small + odd; p += 2) run.Byte(p, 8);
     EXPECT_EQ(Numbers(Found(run)), "012345");
   }
 }
@@ -82,8 +83,8 @@ TEST(GetRingtones, PassesOverEights) {
 TEST(GetRingtones, SkipsRingtonesOutsideTheImage) {
   const auto list = [](std::uint8_t kind, std::uint32_t pointer) {
     ImageBuilder image = WithTable();
-    image.Byte(table + 50, kind);
-    image.DWord(table + 52, pointer);
+    image.Byte(tableAt + 50, kind);
+    image.DWord(tableAt + 52, pointer);
     image.Byte(0, 'M');
     return Numbers(Found(image));
   };
@@ -98,9 +99,9 @@ TEST(GetRingtones, SkipsRingtonesOutsideTheImage) {
 
 TEST(GetRingtones, AnEntryThatIsNotListedLeavesItsNumberFree) {
   ImageBuilder image = WithTable();
-  image.DWord(PutRingtone(image, table + 48, 6, 1, melody) + 4, 0);
-  image.Byte(table + 56, 6);
-  PutRingtone(image, table + 64, 6, 2, melody);
+  image.DWord(PutRingtone(image, tableAt + 48, 6, 1, melodyAt) + 4, 0);
+  image.Byte(tableAt + 56, 6);
+  PutRingtone(image, tableAt + 64, 6, 2, melodyAt);
   const RingtoneList list = Found(image);
   ASSERT_EQ(Numbers(list), "0123456");
   EXPECT_EQ(list.ringtones[6].kind, 2);
@@ -109,7 +110,7 @@ TEST(GetRingtones, AnEntryThatIsNotListedLeavesItsNumberFree) {
 TEST(GetRingtones, FollowsTwoPointersToAFile) {
   const auto found = [](std::uint8_t kind, char first, std::uint32_t second = 0x03FF3F00) {
     ImageBuilder image = WithTable();
-    PutRingtone(image, table + 48, 6, kind, 0x2F0);
+    PutRingtone(image, tableAt + 48, 6, kind, 0x2F0);
     image.DWord(0x2F0, second);
     for (const std::size_t file : {0, 0x300, 0x3FF}) image.Byte(file, static_cast<std::uint8_t>(first));
     const RingtoneList list = Found(image);
@@ -137,7 +138,7 @@ TEST(GetRingtones, MeasuresMelodiesThatShareTheirEnd) {
       {0x200, 128, 128}, {0x204, 127, 127}, {0x203, 127, 127 * 256},  // reads 0x0100 twice
       {0x202, 127, 127}, {0x3FC, 1, 1},     {0x3FD, 0, 0},           {0x200, 128, 128},
   };
-  std::size_t at = table + 4;
+  std::size_t at = tableAt + 4;
   for (const auto& [start, notes, time] : melodies) at = image.Pointer(at, start) + 4;
   const RingtoneList list = Found(image);
   for (std::size_t i = 0; const auto& [start, notes, time] : melodies) {
@@ -148,14 +149,14 @@ TEST(GetRingtones, MeasuresMelodiesThatShareTheirEnd) {
 
 TEST(RingtoneTable, HasEightColumns) {
   ImageBuilder image = WithTable();
-  image.Byte(table + 2, 0xF);
-  PutRingtone(image, table + 8, 1, 7, 0x200);
+  image.Byte(tableAt + 2, 0xF);
+  PutRingtone(image, tableAt + 8, 1, 7, 0x200);
   image.Pointer(0x200, 0x210);
   image.Data(0x210, Data{'R', 'I', 'F', 'F', 12, 0, 0, 0});
-  image.DWord(melody, 0);  // numbers 0 to 8 now point to an empty melody
+  image.DWord(melodyAt, 0);  // numbers 0 to 8 now point to an empty melody
   image.DWord(0x80, 0x2710FFFA);
   image.DWord(0x84, 0);
-  image.Pointer(table + 20, 0x80);
+  image.Pointer(tableAt + 20, 0x80);
   const Fullflash fullflash = ImageOf(image);
   const RingtoneList list = GetRingtones(fullflash, noProgress);
   const Table rows = RingtoneRows(list, fullflash).All();
@@ -172,8 +173,8 @@ TEST(RingtoneTable, HasEightColumns) {
 TEST(RingtoneTable, BoundsItsTexts) {
   // 0x50000 records without an end, 12 characters each, shared by nine entries.
   ImageBuilder image = WithTable(0x140200);
-  for (std::size_t i = 0; i < 9; ++i) image.Pointer(table + 8 * i + 4, 0x200);
-  image.Pointer(table + 68, melody);
+  for (std::size_t i = 0; i < 9; ++i) image.Pointer(tableAt + 8 * i + 4, 0x200);
+  image.Pointer(tableAt + 68, melodyAt);
   const Fullflash fullflash = ImageOf(image);
   const RingtoneList list = GetRingtones(fullflash, noProgress);
   const Table rows = RingtoneRows(list, fullflash).All();

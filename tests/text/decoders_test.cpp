@@ -2,21 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include "images.h"
 
 namespace tarvelo {
 namespace {
 
-using Data = std::vector<std::uint8_t>;
-
-struct Case {
+struct DecoderCase {
   Data data;
   std::u16string text;  // "fault" if the decoder passes a fault on
   Offset end;           // where the decoder leaves the offset
 };
 
 template <typename Decoder>
-void Expect(Decoder decoder, const std::vector<Case>& cases, Offset start = 0) {
+void Expect(Decoder decoder, const std::vector<DecoderCase>& cases, Offset start = 0) {
   for (const auto& [data, text, end] : cases) {
     Offset at = start;
     std::u16string decoded;

@@ -4,10 +4,10 @@
 
 #include <stdexcept>
 
+#include "images.h"
+
 namespace tarvelo {
 namespace {
-
-using Data = std::vector<std::uint8_t>;
 
 TEST(EncodeLangpack, WritesAPageByteWhereThePageChanges) {
   EXPECT_EQ(EncodeLangpack(u"AB"), (Data{0x95, 0x41, 0x42}));
@@ -17,27 +17,16 @@ TEST(EncodeLangpack, WritesAPageByteWhereThePageChanges) {
   EXPECT_EQ(EncodeLangpack(u""), Data{});
 }
 
-// Byte 0x41 of each page, from tag 80 on. Tags without a page of their own choose page 0.
-constexpr char16_t byPage[] =
-    u"AAAAAAAAAAAAAAAAAAAAA"                                                     // 80 .. 94
-    u"\u0041\u00C1\u0141\u01C1"                                                  // 95 .. 98
-    u"\u0341\u03C1\u0441\u04C1\u0541\u05C1\u0641\u06C1"                          // 99 .. A0
-    u"AAAAAAAAA"                                                                 // A1 .. A9
-    u"\u4E41\u4EC1\u4F41\u4FC1\u5041\u50C1\u5141\u51C1\u5241\u52C1\u5341\u53C1"  // AA .. B5
-    u"\u5441\u54C1\u5541\u55C1\u5641\u56C1\u5741\u57C1\u5841\u58C1\u5941\u59C1"  // B6 .. C1
-    u"\u5A41\u5AC1\u5B41\u5BC1\u5C41\u5CC1\u5D41\u5DC1\u5E41\u5EC1\u5F41\u5FC1"  // C2 .. CD
-    u"\u6041\u60C1\u6141\u61C1\u6241\u62C1\u6341\u63C1\u6441\u64C1\u6541\u65C1"  // CE .. D9
-    u"\u6641\u66C1\u6741\u67C1\u6841\u68C1\u6941\u69C1\u6A41\u6AC1\u6B41\u6BC1"  // DA .. E5
-    u"\u6C41\u6CC1\u6D41\u6DC1\u6E41\u6EC1\u6F41\u6FC1\u7041\u70C1"              // E6 .. EF
-    u"AAAAAAAAAAAAAAAA";                                                         // F0 .. FF
-
+// Byte 0x41 of each page. Tags without a page of their own choose page 0.
 TEST(Langpack, KnowsEveryPage) {
+  constexpr char16_t letters[] = u"\u0041\u00C1\u0141\u01C1\u0341\u03C1\u0441\u04C1\u0541\u05C1\u0641\u06C1";
   for (unsigned tag = 0x80; tag <= 0xFF; ++tag) {
-    const char16_t unit = byPage[tag - 0x80];
+    const bool isEncoded = tag >= 0x95 && tag <= 0xA0, isIdeograph = tag >= 0xAA && tag <= 0xEF;
+    const unsigned unit = isEncoded ? letters[tag - 0x95] : isIdeograph ? 0x4E41 + (tag - 0xAA) * 0x80 : u'A';
+    const std::u16string text(1, static_cast<char16_t>(unit));
     const Data bytes{static_cast<std::uint8_t>(tag), 0x41};
-    EXPECT_EQ(DecodeLangpack(bytes).substr(4), std::u16string(1, unit)) << std::hex << tag;
-    const bool isEncoded = tag >= 0x95 && tag <= 0xA0;
-    EXPECT_TRUE(!isEncoded || EncodeLangpack(std::u16string(1, unit)) == bytes) << std::hex << tag;
+    EXPECT_EQ(DecodeLangpack(bytes).substr(4), text) << std::hex << tag;
+    EXPECT_TRUE(!isEncoded || EncodeLangpack(text) == bytes) << std::hex << tag;
   }
 }
 
