@@ -29,9 +29,9 @@ struct IconOfPanel {
 };
 
 constexpr IconOfPanel panelIcons[] = {
-    {Id::GoBack, "back"},          {Id::GoForward, "forward"},     {Id::Info, "info"},   {Id::Dump, "map"},
-    {Id::CodeView, "code"},        {Id::References, "references"}, {Id::HexView, "hex"}, {Id::Hits, "hits"},
-    {Id::ComparePanel, "compare"}, {Id::PatchMenu, "patch"},
+    {Id::GoBack, "back"},   {Id::GoForward, "forward"},     {Id::Info, "info"},        {Id::Dump, "map"},
+    {Id::CodeView, "code"}, {Id::References, "references"}, {Id::PlaceNames, "names"}, {Id::HexView, "hex"},
+    {Id::Hits, "hits"},     {Id::ComparePanel, "compare"},  {Id::PatchMenu, "patch"},
 };
 
 const Explorer* ExplorerOf(int id) {
