@@ -303,9 +303,11 @@ void Main::ShowInPatch(Offset offset) {
   });
 }
 
-void Main::ShowHits(const std::string& pattern) {
-  Jump([&] { hits_->Search(pattern); });
+void Main::ShowPanel(Panel& panel) {
+  Jump([&] { panels_->ShowPanel(panel); });
 }
+
+void Main::ShowHits(const std::string& pattern) { hits_->Search(pattern); }
 
 void Main::ShowWhatLies(Offset offset) {
   if (!IsInside(offset)) return;
