@@ -45,6 +45,8 @@ PatchEditor::PatchEditor(wxWindow* parent) : wxStyledTextCtrl(parent) {
   SetMarginWidth(symbolMargin, FromDIP(16));
   for (const int key : {'D', 'L', 'M', 'N', 'T', 'U'})
     CmdKeyClear(key, wxSTC_KEYMOD_CTRL);  // of the menu bar
+  for (const int key : {'L', 'T', 'U'})   // of other panels; here they would delete, copy and change a line
+    CmdKeyClear(key, wxSTC_KEYMOD_CTRL | wxSTC_KEYMOD_SHIFT);
   SetMarginLeft(FromDIP(6));
   Bind(wxEVT_STC_STYLENEEDED, &PatchEditor::StyleLines, this);
   Bind(wxEVT_STC_UPDATEUI, [this](wxStyledTextEvent& event) {
