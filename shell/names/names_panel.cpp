@@ -1,6 +1,7 @@
 #include "shell/names/names_panel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/places.h"
 #include "document/what_lies.h"
@@ -14,7 +15,10 @@ namespace tarvelo {
 
 NamesPanel::NamesPanel(Workbench& bench)
     : ListPanel(bench, {.menuEntry = Id::PlaceNames, .name = Text::PlaceNames}, 'N') {
-  nameWatch_ = bench.document.OnNames([this] { Renew(); });
+  nameWatch_ = bench.document.OnNames([this] {
+    isStale_ = true;
+    if (bench_.frame.IsVisible(*this)) Build();
+  });
   changeWatch_ = bench.document.OnChange([this] { List().Reword(Rows()); });
   List().Control().Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_DELETE && event.GetModifiers() == wxMOD_NONE)
@@ -25,6 +29,7 @@ NamesPanel::NamesPanel(Workbench& bench)
 }
 
 void NamesPanel::Clear() {
+  isStale_ = false;
   addresses_.clear();
   List().SetRows(Rows());
   List().SetEmptyHint(wxString());
@@ -36,8 +41,14 @@ void NamesPanel::Recaption(const Messages& messages) {
   if (!List().EmptyHint().empty()) List().SetEmptyHint(Wx(messages.Msg(Text::NoNames)));
 }
 
+std::optional<std::size_t> NamesPanel::Figure() const {
+  const std::size_t count = bench_.document.IsOpen() ? bench_.document.PlaceNames().Count() : 0;
+  return count > 0 ? std::optional(count) : std::nullopt;
+}
+
 // The selected places stay selected; if all are gone, the one behind the first of them is selected.
-void NamesPanel::Renew() {
+void NamesPanel::Build() {
+  if (!std::exchange(isStale_, false)) return;
   std::vector<std::uint32_t> chosen;
   for (const std::size_t row : List().Selection()) chosen.push_back(addresses_[row]);
   const Names& names = bench_.document.PlaceNames();

@@ -14,9 +14,10 @@ class NamesPanel final : public ListPanel {
  public:
   explicit NamesPanel(Workbench& bench);
 
-  void Build() override {}
+  void Build() override;
   void Clear() override;
   void Recaption(const Messages& messages) override;
+  [[nodiscard]] std::optional<std::size_t> Figure() const override;
 
  protected:
   // Outside the image for a name of, say, a variable in RAM.
@@ -24,13 +25,13 @@ class NamesPanel final : public ListPanel {
   [[nodiscard]] PanelCommands MakeCommands() override;
 
  private:
-  void Renew();
   [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] Table::Row RowOf(std::uint32_t address) const;
   [[nodiscard]] Offset OffsetAt(std::uint32_t address) const;
   void Remove_Click();
 
   std::vector<std::uint32_t> addresses_;  // of the phone, ascending: one for each row
+  bool isStale_ = false;
   Document::Watch changeWatch_;
   Document::Watch nameWatch_;
 };
