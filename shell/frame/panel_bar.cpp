@@ -12,6 +12,7 @@
 #include "shell/frame/menu_table.h"
 #include "shell/frame/panel_button.h"
 #include "shell/list/explorer_panel.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/services/ids.h"
 
 namespace tarvelo {
@@ -21,7 +22,7 @@ namespace {
 constexpr int narrowWindow = 720;
 constexpr int narrowBar = 38;
 constexpr int tallButton = 28;
-constexpr int lowButton = 18;
+constexpr int lowButton = 17;
 
 struct IconOfPanel {
   int id;
@@ -126,6 +127,7 @@ void PanelBar::Step(PanelButton& from, int direction) {
 }
 
 void PanelBar::Recaption(const Messages& messages) {
+  platform::SetAccessibleName(*this, Wx(messages.Msg(Text::PanelBar)));
   for (PanelButton* button : buttons_) {
     const MenuEntry* entry = EntryOf(button->Traits().id);
     if (entry) button->SetCaption(Wx(messages.Msg(entry->caption)), Wx(entry->shortcut));
