@@ -19,6 +19,7 @@
 #include "shell/base/strings.h"
 #include "shell/compare/difference_strip.h"
 #include "shell/list/list_view.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/ids.h"
 #include "shell/services/search_progress.h"
@@ -305,6 +306,8 @@ void ComparePanel::Recaption(const Messages& messages) {
   asFunctions_->SetLabel(Wx(messages.Msg(Text::CompareFunctions)));
   asFunctions_->SetToolTip(Wx(messages.Msg(Text::HelpCompareFunctions)));
   sides_->Recaption(messages, Text::Code);
+  platform::SetAccessibleName(*strip_, Wx(messages.Msg(Traits().name)));
+  platform::SetAccessibleName(*change_, Wx(messages.Msg(Text::ChangeAsCode)));
   if (const auto row = List().Selected()) ShowRow(*row);
   chooseAnother_->SetLabel(Wx(messages.Msg(Text::ChooseAnotherFullflash)));
   LayOutTexts();

@@ -27,6 +27,7 @@
 #include "shell/info/info_panel.h"
 #include "shell/list/explorer_panel.h"
 #include "shell/map/dump_panel.h"
+#include "shell/names/names_panel.h"
 #include "shell/patch/patch_panel.h"
 #include "shell/platform/temporary_folder.h"
 #include "shell/search/hits_panel.h"
@@ -178,6 +179,7 @@ void Main::AddPanels() {
   hex_ = &panels_->Add(std::make_unique<HexPanel>(bench_));
   code_ = &panels_->Add(std::make_unique<CodePanel>(bench_));
   references_ = &panels_->Add(std::make_unique<ReferencesPanel>(bench_));
+  panels_->Add(std::make_unique<NamesPanel>(bench_));
   hits_ = &panels_->Add(std::make_unique<HitsPanel>(bench_));
   compare_ = &panels_->Add(std::make_unique<ComparePanel>(bench_));
   patch_ = &panels_->Add(std::make_unique<PatchPanel>(bench_));
@@ -301,9 +303,11 @@ void Main::ShowInPatch(Offset offset) {
   });
 }
 
-void Main::ShowHits(const std::string& pattern) {
-  Jump([&] { hits_->Search(pattern); });
+void Main::ShowPanel(Panel& panel) {
+  Jump([&] { panels_->ShowPanel(panel); });
 }
+
+void Main::ShowHits(const std::string& pattern) { hits_->Search(pattern); }
 
 void Main::ShowWhatLies(Offset offset) {
   if (!IsInside(offset)) return;

@@ -82,7 +82,7 @@ class Main final : public wxFrame, private Frame {
   wxWindow& Parent() override { return *sheet_; }
   void PopUpCommands(const wxPoint& place) override { Run(panels_->PopUp(place)); }
   void AcceptDrops(wxWindow& window) override;
-  void ShowPanel(Panel& panel) override { panels_->ShowPanel(panel); }
+  void ShowPanel(Panel& panel) override;
   void RenewMenu(Panel& panel) override { panels_->RenewMenu(panel); }
   [[nodiscard]] bool IsVisible(const Panel& panel) const override { return panels_->Visible() == &panel; }
   void ShowBl(Offset start, Offset size) override;

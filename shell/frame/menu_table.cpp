@@ -46,6 +46,7 @@ const std::vector<MenuEntry> lastPanels = {
     {},
     {Id::CodeView, Text::Code, Text::HelpCode, "Ctrl+D", true, wxITEM_CHECK},
     {Id::References, Text::References, Text::HelpReferences, "Ctrl+Shift+U", true, wxITEM_CHECK},
+    {Id::PlaceNames, Text::PlaceNames, Text::HelpPlaceNames, "Ctrl+Shift+M", true, wxITEM_CHECK},
     {Id::HexView, Text::HexView, Text::HelpHexView, "Ctrl+H", true, wxITEM_CHECK},
     {Id::Hits, Text::SearchResults, Text::HelpSearchResults, "Ctrl+R", true, wxITEM_CHECK},
     {Id::ComparePanel, Text::Comparison, Text::HelpComparison, "Ctrl+K", true, wxITEM_CHECK},

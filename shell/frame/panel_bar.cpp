@@ -12,6 +12,7 @@
 #include "shell/frame/menu_table.h"
 #include "shell/frame/panel_button.h"
 #include "shell/list/explorer_panel.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/services/ids.h"
 
 namespace tarvelo {
@@ -21,7 +22,7 @@ namespace {
 constexpr int narrowWindow = 720;
 constexpr int narrowBar = 38;
 constexpr int tallButton = 28;
-constexpr int lowButton = 18;
+constexpr int lowButton = 17;
 
 struct IconOfPanel {
   int id;
@@ -29,9 +30,9 @@ struct IconOfPanel {
 };
 
 constexpr IconOfPanel panelIcons[] = {
-    {Id::GoBack, "back"},          {Id::GoForward, "forward"},     {Id::Info, "info"},   {Id::Dump, "map"},
-    {Id::CodeView, "code"},        {Id::References, "references"}, {Id::HexView, "hex"}, {Id::Hits, "hits"},
-    {Id::ComparePanel, "compare"}, {Id::PatchMenu, "patch"},
+    {Id::GoBack, "back"},   {Id::GoForward, "forward"},     {Id::Info, "info"},        {Id::Dump, "map"},
+    {Id::CodeView, "code"}, {Id::References, "references"}, {Id::PlaceNames, "names"}, {Id::HexView, "hex"},
+    {Id::Hits, "hits"},     {Id::ComparePanel, "compare"},  {Id::PatchMenu, "patch"},
 };
 
 const Explorer* ExplorerOf(int id) {
@@ -126,6 +127,7 @@ void PanelBar::Step(PanelButton& from, int direction) {
 }
 
 void PanelBar::Recaption(const Messages& messages) {
+  platform::SetAccessibleName(*this, Wx(messages.Msg(Text::PanelBar)));
   for (PanelButton* button : buttons_) {
     const MenuEntry* entry = EntryOf(button->Traits().id);
     if (entry) button->SetCaption(Wx(messages.Msg(entry->caption)), Wx(entry->shortcut));

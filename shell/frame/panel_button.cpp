@@ -90,7 +90,7 @@ bool PanelButton::Enable(bool enable) {
 void PanelButton::Explain() {
   wxString text = caption_;
   if (count_) text << ": " << wxString::Format("%zu", *count_);
-  platform::SetAccessibleName(*this, text);
+  platform::SetAccessibleButton(*this, text);
   if (!shortcut_.empty()) text << " (" << shortcut_ << ")";
   SetToolTip(text);
   Refresh();

@@ -17,6 +17,10 @@ namespace {
 
 constexpr unsigned long longestQuery = 4096;  // characters
 
+// In device-independent pixels.
+constexpr int narrowBar = 600;
+constexpr int narrowKind = 110;
+
 }  // namespace
 
 FindBar::FindBar(wxWindow* parent)
@@ -46,6 +50,10 @@ FindBar::FindBar(wxWindow* parent)
   wanted_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { onNext(); });
   replacement_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { onReplace(); });
   Bind(wxEVT_CHAR_HOOK, &FindBar::PressKey, this);
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    FitKind(event.GetSize().x);
+    event.Skip();
+  });
 }
 
 // Two lines, so that the bar fits the smallest window.
@@ -66,6 +74,11 @@ void FindBar::Arrange() {
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(lines, 0, wxEXPAND | wxLEFT | wxBOTTOM, gap);
   SetSizer(all);
+}
+
+// In a narrow window the fields need the room more than the kind of search.
+void FindBar::FitKind(int width) {
+  kind_->SetMinSize(wxSize(width < FromDIP(narrowBar) ? FromDIP(narrowKind) : -1, -1));
 }
 
 void FindBar::PressKey(wxKeyEvent& event) {
@@ -110,6 +123,7 @@ void FindBar::Recaption(const Messages& messages) {
   for (const auto& [button, text] :
        {std::pair(all_, Text::AllHits), {replace_, Text::Replace}, {replaceAll_, Text::ReplaceAll}})
     button->SetLabel(Wx(messages.Msg(text)));
+  FitKind(GetSize().x);
   Layout();
 }
 

@@ -44,6 +44,7 @@ class FindBar final : public wxPanel {
 
  private:
   void Arrange();
+  void FitKind(int width);
   void PressKey(wxKeyEvent& event);
 
   wxChoice* kind_;

@@ -175,7 +175,7 @@ std::vector<PanelCommand> HexPanel::LookEntries() {
   };
   zoom(Id::ZoomIn, Text::ZoomIn, "Ctrl++", [](HexLook& look) { ++look.zoom; });
   zoom(Id::ZoomOut, Text::ZoomOut, "Ctrl+-", [](HexLook& look) { --look.zoom; });
-  zoom(Id::UsualSize, Text::UsualSize, "", [](HexLook& look) { look.zoom = 0; });
+  zoom(Id::UsualSize, Text::UsualSize, "Alt+0", [](HexLook& look) { look.zoom = 0; });
   entries.push_back({});
   entries.push_back({Id::MapColours, Text::MapColours, Text::HelpMapColours, "",
                      [this] { MapColours_Click(); }, Any(),

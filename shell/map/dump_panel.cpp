@@ -14,6 +14,7 @@
 #include "shell/list/list_view.h"
 #include "shell/map/image_strip.h"
 #include "shell/map/map_legend.h"
+#include "shell/platform/accessible_name.h"
 #include "shell/services/ids.h"
 #include "shell/services/search_progress.h"
 #include "shell/services/status_bar.h"
@@ -24,6 +25,7 @@ namespace tarvelo {
 namespace {
 
 constexpr int countPanel = 8;  // a panel of the status bar
+constexpr int lowPanel = 320;  // in device-independent pixels; the list needs the legend's room
 
 }  // namespace
 
@@ -52,6 +54,10 @@ void DumpPanel::Layout() {
 }
 
 void DumpPanel::Bind() {
+  window_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    legend_->Show(event.GetSize().y >= window_->FromDIP(lowPanel));
+    event.Skip();
+  });
   List().onSelect = [this](std::size_t row) {
     if (row < Regions().size()) strip_->Mark(Regions()[row].offset, Regions()[row].size);
   };
@@ -150,7 +156,7 @@ void DumpPanel::ImageChanged() {
 void DumpPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
   List().Reword(Rows());
-  strip_->SetName(Wx(messages.Msg(Traits().name)));
+  platform::SetAccessibleName(*strip_, Wx(messages.Msg(Traits().name)));
   legend_->Recaption(messages);
   window_->Layout();
 }

@@ -97,11 +97,14 @@ void PicturesPanel::ListChanged(bool) {
   if (count > 0) return;
   Pic_->Show(std::nullopt);
   Frame->SetLabel(wxString());
+  platform::SetAccessibleName(*Pic_, Wx(bench_.texts.Msg(Traits().name)));
 }
 
 void PicturesPanel::Recaption(const Messages& messages) {
   ExplorerPanel::Recaption(messages);
-  platform::SetAccessibleName(*gallery_, Wx(messages.Msg(Traits().name)));
+  const wxString name = Wx(messages.Msg(Traits().name));
+  platform::SetAccessibleName(*gallery_, name);
+  if (!ChosenPicture()) platform::SetAccessibleName(*Pic_, name);
 }
 
 const PictureList& PicturesPanel::Pictures() const {

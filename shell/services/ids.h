@@ -52,6 +52,7 @@ enum : int {
   CodeView,
   References,
   Hits,
+  PlaceNames,
   PatchMenu,
   FirstExplorer,  // in the order of Explorers()
   LastExplorer = FirstExplorer + 31,
@@ -74,6 +75,7 @@ enum : int {
   Next,
   Previous,
   ShowDel,
+  RemoveNames,
 
   // --- of single panels ---
   ShowPic,

@@ -80,10 +80,11 @@ WindowPlace::WindowPlace(wxFrame& window, const Settings& settings)
 }
 
 // Some window managers place a new window themselves, and one that is maximised before it is shown would not
-// know its normal size.
+// know its normal size. Another size is the user's doing.
 void WindowPlace::Arrive() {
   if (std::exchange(hasArrived_, true)) return;
-  if (window_.GetRect() != normal_ && !window_.IsMaximized()) window_.SetSize(normal_);
+  if (window_.GetPosition() != normal_.GetPosition() && !window_.IsMaximized())
+    window_.Move(normal_.GetPosition());
   if (isMaximized_) window_.Maximize();
 }
 

@@ -20,6 +20,7 @@ namespace tarvelo {
 namespace {
 
 constexpr unsigned long placeLength = 200;
+constexpr int narrowLine = 640;  // in device-independent pixels
 
 }  // namespace
 
@@ -40,13 +41,40 @@ PlaceLine::PlaceLine(wxWindow* parent, Workbench& bench, ColonForm form)
   line->Add(place_, 2, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
   line->Add(kind_, 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, gap);
   line->Add(fault_, 3, wxALIGN_CENTRE_VERTICAL);
-  SetSizer(line);
+  auto* lines = new wxBoxSizer(wxVERTICAL);
+  lines->Add(line, 0, wxEXPAND);
+  SetSizer(lines);
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    if (IsNarrow() != isFaultBelow_) CallAfter([this] { PlaceFault(); });
+  });
   place_->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { Enter(); });
   place_->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
     ShowBeside(Wx(Understood()), false);
     event.Skip();
   });
   kind_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowBeside(Wx(Understood()), false); });
+}
+
+bool PlaceLine::IsNarrow() const { return GetSize().x < FromDIP(narrowLine); }
+
+// In a narrow window the text has no room beside the line.
+void PlaceLine::PlaceFault() {
+  isFaultBelow_ = IsNarrow();
+  fault_->GetContainingSizer()->Detach(fault_);
+  wxSizer& lines = *GetSizer();
+  if (isFaultBelow_)
+    lines.Add(fault_, 0, wxEXPAND | wxTOP, FromDIP(4));
+  else
+    lines.GetItem(std::size_t{0})->GetSizer()->Add(fault_, 3, wxALIGN_CENTRE_VERTICAL);
+  FitFault();
+}
+
+// Below the line, the text takes room only while there is one.
+void PlaceLine::FitFault() {
+  const bool isShown = !isFaultBelow_ || !fault_->GetLabelText().empty();
+  const bool changed = fault_->Show(isShown);
+  if (changed || !isFaultBelow_) GetParent()->Layout();
 }
 
 void PlaceLine::Start() {
@@ -101,6 +129,7 @@ void PlaceLine::ShowBeside(const wxString& text, bool isFault) {
       Blend(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW), wxColour(0xFF, 0x40, 0x40), 0.7);
   place_->SetBackgroundColour(isFault ? tinted : wxNullColour);
   place_->Refresh();
+  if (isFaultBelow_) FitFault();
 }
 
 void PlaceLine::Recaption(const Messages& messages) {

@@ -46,6 +46,9 @@ class PlaceLine final : public wxPanel {
   [[nodiscard]] std::string Understood() const;
   void ShowFault(const wxString& text);
   void ShowBeside(const wxString& text, bool isFault);
+  [[nodiscard]] bool IsNarrow() const;
+  void PlaceFault();
+  void FitFault();
 
   Workbench& bench_;
   ColonForm form_;
@@ -53,6 +56,7 @@ class PlaceLine final : public wxPanel {
   wxTextCtrl* place_;
   wxChoice* kind_;
   wxStaticText* fault_;
+  bool isFaultBelow_ = false;
 };
 
 }  // namespace tarvelo

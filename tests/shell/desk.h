@@ -152,17 +152,11 @@ class Desk : public testing::Test {
                      std::make_unique<RecordingLauncher>(script), std::make_unique<ScriptedDialogs>(script),
                      folder / "documents"});
     main->Show();
-    sinceShown.Start();
     Settle();
   }
 
-  // Changes the size of the window, once the program has put the new window into its place.
+  // Changes the size of the window.
   void Resize(const wxSize& size) {
-    while (sinceShown.Time() < 700) {
-      wxMilliSleep(20);
-      Settle();
-    }
-    Settle();
     main->SetSize(size);
     Settle();
   }
@@ -356,7 +350,6 @@ class Desk : public testing::Test {
   TemporaryFolder folder;
   Script script;
   Main* main = nullptr;
-  wxStopWatch sinceShown;
 };
 
 }  // namespace tarvelo

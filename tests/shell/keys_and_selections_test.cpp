@@ -138,6 +138,23 @@ TEST_F(MenuKeyDesk, MenuOfThePatchOpensBelowTheCaret) {
   EXPECT_LT(editor.BelowCaret().x, end.x);
 }
 
+TEST_F(Desk, KeysOfOtherPanelsChangeNoPatch) {
+  main->Dumps().OpenF(WriteDump("phone.bin"));
+  Choose(Id::PatchMenu);
+  PatchEditor& editor = Patch().Patch();
+  editor.Append("one\ntwo\n");
+  editor.GotoPos(0);
+  const auto type = [&](char key) {
+    return PressUntil(editor, key, wxMOD_NONE,
+                      [&] { return editor.GetText().Contains(wxString(key).Lower()); });
+  };
+  ASSERT_TRUE(type('X'));
+  for (const int key : {'L', 'T'}) wxUIActionSimulator().Char(key, wxMOD_CONTROL | wxMOD_SHIFT);
+  ASSERT_TRUE(type('Y'));
+  EXPECT_EQ(editor.GetLine(1), "two\n");
+  EXPECT_EQ(editor.GetLineCount(), 3);
+}
+
 // --- selections ---
 
 class SelectionDesk : public Desk {

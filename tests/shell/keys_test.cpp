@@ -52,6 +52,30 @@ TEST_F(Desk, DialogsTakeTheKeyboard) {
   EXPECT_FALSE(dialogs.SaveFile("Save", "All files|*.*", folder / "dump.bin"));
 }
 
+#ifdef __WXGTK__
+// The types of the visible widgets that take the keyboard and have no name for screen readers.
+std::string Nameless(GtkWidget* widget) {
+  if (!gtk_widget_get_mapped(widget)) return {};
+  const char* name = atk_object_get_name(gtk_widget_get_accessible(widget));
+  std::string all;
+  if (gtk_widget_get_can_focus(widget) && (!name || !*name))
+    all = std::string(G_OBJECT_TYPE_NAME(widget)) + " ";
+  if (!GTK_IS_CONTAINER(widget) || GTK_IS_COMBO_BOX(widget)) return all;
+  const auto add = [](GtkWidget* child, void* to) { *static_cast<std::string*>(to) += Nameless(child); };
+  gtk_container_forall(GTK_CONTAINER(widget), add, &all);
+  return all;
+}
+
+TEST_F(Desk, WhatTakesTheKeyboardHasANameForScreenReaders) {
+  main->Dumps().OpenF(WriteDump("phone.bin"));
+  for (const MenuEntry& panel : PanelEntries()) {
+    if (panel.kind != wxITEM_CHECK || panel.id == Id::PanelBar || !Enabled(panel.id)) continue;
+    Choose(panel.id);
+    EXPECT_EQ(Nameless(main->GetHandle()), "") << Title();
+  }
+}
+#endif
+
 // Whether a menu shows an entry as its default.
 bool IsDefault(const wxMenu& menu, const wxMenuItem& entry) {
 #ifdef __WXGTK__

@@ -158,7 +158,9 @@ TEST_F(Desk, RemembersFiveFilesOverARestart) {
 
 TEST_F(Desk, RestoresItsPlace) {
   const wxSize size = main->GetSize() + wxSize(-40, 30);
-  Resize(size);
+  Resize(size);  // at once: the program is still waiting for the window manager
+  for (const wxStopWatch since; since.Time() < 700; Settle()) wxMilliSleep(20);
+  EXPECT_EQ(main->GetSize(), size);
   Restart();
   EXPECT_EQ(main->GetSize(), size);
   // A place on a larger screen.

@@ -65,7 +65,8 @@ TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
   EXPECT_EQ(
       MenuAt(1),
       "Panels: Info; Menu; EEPROM; Langpack; Pictures; Ringtones; Files; Dump; Address book; Functions; "
-      "Code; References; Hex view; Search results; Comparison; Patch; Back; Forward; Go to; Bar of panels;");
+      "Code; References; Names; Hex view; Search results; Comparison; Patch; Back; Forward; Go to; Bar of "
+      "panels;");
   EXPECT_EQ(MenuAt(2),
             "Hex view: Search for bytes; Search again; Previous hit; Copy as hex; Copy as text; Copy "
             "as; Select all; Select region; Show as code; Who refers to this; What lies here; Name "

@@ -44,6 +44,8 @@ TEST_F(SearchDesk, HitsAreAddedToTheTextAndListed) {
   EXPECT_EQ(Found().Selected(), 0u);
   EXPECT_EQ(Row(0), "1\t002345\t3C0:2345\tE6FF4100E6\n");
   EXPECT_EQ(Row(1), "2\t01A2B4\t3C6:22B4\tE6124100E6\n");
+  Choose(Id::GoBack);
+  EXPECT_EQ(Title(), "Tarvelo - Info");
 }
 
 TEST_F(SearchDesk, ListIsWalkedWithTheKeys) {
