@@ -20,7 +20,8 @@ endfunction()
 
 install(TARGETS tarvelo-cli)
 tarvelo_install_manual(tarvelo-cli.1)
-install(FILES ${CMAKE_SOURCE_DIR}/docs/command-line.md ${CMAKE_SOURCE_DIR}/docs/formats.md DESTINATION ${doc})
+install(FILES ${CMAKE_SOURCE_DIR}/docs/command-line.md ${CMAKE_SOURCE_DIR}/docs/many-dumps.md
+              ${CMAKE_SOURCE_DIR}/docs/formats.md DESTINATION ${doc})
 
 if(TARVELO_DESKTOP)
   install(TARGETS tarvelo)
