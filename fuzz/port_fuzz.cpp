@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const CodeUnits after = GetCodeUnits(now, GetFunctions(now, progress));
   const CodePairing pairing(before, old.PhoneAddress(0), after, now.PhoneAddress(0), progress);
   const ReadPatch patch = ReadPatchText(text);
-  const std::vector<PortedChange> ported = PortChanges(patch.changes, old, now, pairing);
+  const std::vector<PortedChange> ported = PortChanges(patch.changes, old, now, pairing, progress);
   Check(ported.size() == patch.changes.size(), "each change has a result");
   for (std::size_t i = 0; i < ported.size(); ++i) CheckPorted(patch.changes[i], ported[i], old, now);
   const ReadPatch again = ReadPatchText(PortedText(text, patch.changes, ported));
