@@ -68,6 +68,8 @@ class CodePairing {
   void PairTwins();
   void GiveUpContradicted();
   void CollectVotes();
+  void AddSecondBits(OperandVotes& votes, int oldUnit, std::size_t from, std::size_t end, int shift) const;
+  [[nodiscard]] bool AreFunctions(int oldUnit, int newUnit) const;
   bool Pair(int oldUnit, int newUnit);
   [[nodiscard]] double Likeness(int oldUnit, int newUnit) const;
   [[nodiscard]] Verdict JudgeUnits(int oldUnit, int newUnit) const;
