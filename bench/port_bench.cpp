@@ -99,8 +99,10 @@ void Port(benchmark::State& state, const Versions& (*make)(), int count, Offset 
   const CodePairing pairing = Paired(versions);
   const std::vector<PatchChange> changes = Changes(versions, count, size, from, step);
   std::size_t ported = 0;
+  NoProgress progress;
   for (auto _ : state)
-    for (const PortedChange& change : PortChanges(changes, versions.old.image, versions.now.image, pairing))
+    for (const PortedChange& change :
+         PortChanges(changes, versions.old.image, versions.now.image, pairing, progress))
       ported += !change.refusal;
   state.counters["ported"] = static_cast<double>(ported);
   state.counters["goal ms"] = 2000;

@@ -48,7 +48,7 @@ std::vector<AreaMove> Offers(std::span<const PortedChange> ported, std::span<con
                              const CodeVersions& versions, const Dump& now, Context& context) {
   if (!FindsAreasUsed(ported)) return {};
   return OfferAreas(changes, versions.Old(), versions.New(), versions.Pairing(),
-                    UsedAreas(now, context.progress));
+                    context.progress, UsedAreas(now, context.progress));
 }
 
 void SayOffers(std::span<const AreaMove> offers, const PortArguments& arguments, Context& context) {
@@ -71,11 +71,11 @@ void Port(const PortArguments& arguments, Context& context) {
   const std::string text = ReadText(arguments.patch, context.progress);
   const ReadPatch patch = ReadPatchText(text);
   const CodeVersions versions(old->image, now->image, context.progress);
-  std::vector<PortedChange> ported = PortChanges(patch.changes, old->image, now->image, versions.Pairing());
+  std::vector<PortedChange> ported = PortChanges(patch.changes, old->image, now->image, versions.Pairing(), context.progress);
   const std::vector<AreaMove> offers = Offers(ported, patch.changes, versions, *now, context);
   SayOffers(offers, arguments, context);
   if (arguments.moveAreas && !offers.empty())
-    ported = PortChanges(patch.changes, old->image, now->image, versions.Pairing(), offers);
+    ported = PortChanges(patch.changes, old->image, now->image, versions.Pairing(), context.progress, offers);
 
   const std::string result = PortedText(text, patch.changes, ported);
   if (arguments.output)

@@ -1,6 +1,7 @@
 #include "code/code_pairing.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <unordered_map>
 #include <utility>
@@ -15,6 +16,7 @@ constexpr std::size_t largestFamily = 64;   // twins that are compared with each
 constexpr int mostRounds = 8;
 constexpr std::uint32_t sureUnique = 24;  // instructions that need no other evidence
 constexpr int sureAgreeing = 3;           // operands that are enough
+constexpr int farthestUnique = 8;         // units to one that has no twin
 
 std::uint64_t PairKey(int oldUnit, int newUnit) {
   return static_cast<std::uint64_t>(oldUnit) << 32 | static_cast<std::uint32_t>(newUnit);
@@ -87,12 +89,25 @@ bool CodePairing::IsSure(int oldUnit) const {
   if (newUnit < 0) return false;
   const OperandVotes::Tally calls = CallsOf(oldUnit, newUnit);
   if (calls.all > 0) return calls.agreeing * 4 >= calls.all * 3;
+  if (IsSame(oldUnit) && IsBetweenPairs(oldUnit, -1) && IsBetweenPairs(oldUnit, 1))
+    return Weigh(oldUnit, newUnit).contradicting == 0;
   if (HasTwins(oldUnit)) return false;
   const Balance balance = Weigh(oldUnit, newUnit);
   if (IsSame(oldUnit))
     return balance.contradicting == 0 &&
            (balance.agreeing >= sureAgreeing || old_.units[At(oldUnit)].count >= sureUnique);
   return Aligned(oldUnit, newUnit)[0] == 0 && balance.agreeing >= sureAgreeing;
+}
+
+// Whether units in one direction are pairs one by one, up to one that nothing else is like.
+bool CodePairing::IsBetweenPairs(int oldUnit, int step) const {
+  const int newUnit = NewOf(oldUnit);
+  for (int k = step; std::abs(k) <= farthestUnique; k += step) {
+    const int old = oldUnit + k;
+    if (old < 0 || At(old) >= newOf_.size() || NewOf(old) != newUnit + k || !IsSame(old)) return false;
+    if (!HasTwins(old) && old_.units[At(old)].count >= fewestUnique) return true;
+  }
+  return false;
 }
 
 bool CodePairing::Pair(int oldUnit, int newUnit) {

@@ -34,7 +34,7 @@ class CodePairing {
   [[nodiscard]] bool IsSame(int oldUnit) const;
 
   // Whether a call of the old unit can be sent to its pair: other code calls both at the same places, or they
-  // are the same and nothing else is like them.
+  // are the same and nothing else is like them, or they are between other pairs that are.
   [[nodiscard]] bool IsSure(int oldUnit) const;
 
   // For each instruction of an old unit the index of its pair in the new unit, or -1. The units need not be
@@ -68,6 +68,8 @@ class CodePairing {
   void PairTwins();
   void GiveUpContradicted();
   void CollectVotes();
+  void AddSecondBits(OperandVotes& votes, int oldUnit, std::size_t from, std::size_t end, int shift) const;
+  [[nodiscard]] bool AreFunctions(int oldUnit, int newUnit) const;
   bool Pair(int oldUnit, int newUnit);
   [[nodiscard]] double Likeness(int oldUnit, int newUnit) const;
   [[nodiscard]] Verdict JudgeUnits(int oldUnit, int newUnit) const;
@@ -79,6 +81,7 @@ class CodePairing {
   [[nodiscard]] Balance Weigh(int oldUnit, int newUnit) const;
   [[nodiscard]] OperandVotes::Tally CallsOf(int oldUnit, int newUnit) const;
   [[nodiscard]] bool HasTwins(int oldUnit) const;
+  [[nodiscard]] bool IsBetweenPairs(int oldUnit, int step) const;
 
   const CodeUnits& old_;
   const CodeUnits& now_;

@@ -1,6 +1,7 @@
 #include "code/code_units.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "code/sweep.h"
@@ -10,11 +11,20 @@ namespace {
 
 constexpr std::uint32_t fewestBetween = 3;  // instructions of a unit that is no function
 
-std::uint32_t TokenOf(const Instruction& instruction, const ExtRange& range) {
+// The same for a bit field wherever it is in its word.
+std::uint32_t TokenBytes(const BitField& field) {
+  const int lowest = std::countr_zero(field.mask);
+  return op::bitFieldLow | static_cast<std::uint32_t>(field.mask >> lowest) << 16 |
+         static_cast<std::uint32_t>(field.data >> lowest) << 24;
+}
+
+std::uint32_t TokenOf(const Instruction& instruction, const ExtRange& range, const Movable& movable) {
   std::uint32_t bytes = 0;
   for (int i = 0; i < instruction.Size(); ++i) bytes |= std::uint32_t{instruction.Byte(i)} << 8 * i;
   // The size is that of the opcode, except for data.
   bytes &= FixedBits(instruction, range);
+  if (movable.kind == Movable::Kind::Bit)
+    if (const auto field = BitFieldOf(instruction)) bytes = TokenBytes(*field);
   return bytes * 0x9E3779B1 ^ (bytes >> 15) ^ (instruction.IsData() ? 0x5A5A5A5A : 0);
 }
 
@@ -74,8 +84,10 @@ class Cutter {
   }
 
   void Add(Offset at, const Instruction& instruction, const ExtRange& range) {
-    UnitInstruction added{static_cast<std::uint32_t>(at), TokenOf(instruction, range),
-                          MovableOf(instruction, image_.PhoneAddress(at), range)};
+    const Movable movable = MovableOf(instruction, image_.PhoneAddress(at), range);
+    UnitInstruction added{static_cast<std::uint32_t>(at), TokenOf(instruction, range, movable), movable};
+    if (const Movable second = SecondBitOf(instruction); second.kind != Movable::Kind::None)
+      result_.secondBits.push_back({static_cast<std::uint32_t>(result_.instructions.size()), second});
     // The offset and the page of a text or a table, in two registers.
     const bool isLoad = instruction.LoadsConstant();
     if (isLoad && wasLoad_ && instruction.Byte(1) == lastRegister_ + 1) {
@@ -100,7 +112,11 @@ class Cutter {
     result_.units.push_back(unit_);
   }
 
-  void Cancel() { result_.instructions.resize(unit_.first); }
+  void Cancel() {
+    result_.instructions.resize(unit_.first);
+    while (!result_.secondBits.empty() && result_.secondBits.back().instruction >= unit_.first)
+      result_.secondBits.pop_back();
+  }
 
   const Fullflash& image_;
   CodeUnits result_;

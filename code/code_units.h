@@ -17,6 +17,12 @@ struct UnitInstruction {
   Movable movable;
 };
 
+// The second bit of an instruction that has two, such as BMOV.
+struct SecondBit {
+  std::uint32_t instruction = 0;  // its index
+  Movable bit;
+};
+
 struct CodeUnit {
   std::uint32_t first = 0;  // its instructions: first .. first + count - 1 of CodeUnits::instructions
   std::uint32_t count = 0;
@@ -28,6 +34,7 @@ struct CodeUnit {
 struct CodeUnits {
   std::vector<UnitInstruction> instructions;  // by offset
   std::vector<CodeUnit> units;                // by offset
+  std::vector<SecondBit> secondBits;          // by instruction
 
   // The unit with the byte at `offset`, and the unit that begins there; -1: none.
   [[nodiscard]] int UnitAt(Offset offset) const;

@@ -33,27 +33,21 @@ std::uint32_t MovingBits(const Instruction& instruction, Arg arg, const ExtRange
   }
 }
 
-// The lowest bit that BFLDL or BFLDH writes.
-int LowestOfField(const Instruction& instruction) {
-  const bool isHigh = instruction.Op() == op::bitFieldHigh;
-  const int lowest = std::countr_zero(instruction.Byte(isHigh ? 3 : 2));
-  return (lowest & 7) + (isHigh ? 8 : 0);
+Movable BitOf(int bitoff, int number) {
+  if (!IsVariableBit(bitoff)) return {};
+  return {Movable::Kind::Bit, static_cast<std::uint32_t>(bitoff * 16 + number)};
 }
 
 Movable OfArg(const Instruction& instruction, Arg arg, std::uint32_t address, const ExtRange& range) {
   using enum Movable::Kind;
-  const auto bit = [](int bitoff, int number) -> Movable {
-    if (!IsVariableBit(bitoff)) return {};
-    return {Bit, static_cast<std::uint32_t>(bitoff * 16 + number)};
-  };
   switch (arg) {
     case Arg::Far:
     case Arg::Near: return {Code, *instruction.Target(address)};
     case Arg::IndexedLow: return {Member, instruction.Word()};
     case Arg::Data16: return {Constant, instruction.Word()};
-    case Arg::OpcodeBit: return bit(instruction.Byte(1), instruction.Op() >> 4);
-    case Arg::BitQ: return bit(instruction.Byte(1), instruction.Byte(3) >> 4);
-    case Arg::BitWord: return bit(instruction.Byte(1), LowestOfField(instruction));
+    case Arg::OpcodeBit: return BitOf(instruction.Byte(1), instruction.Op() >> 4);
+    case Arg::BitQ: return BitOf(instruction.Byte(1), instruction.Byte(3) >> 4);
+    case Arg::BitWord: return BitOf(instruction.Byte(1), BitFieldOf(instruction)->LowestBit());
     case Arg::Mem:
       if (IsSpecial(instruction.Word()) && !range.ReplacesDpp()) return {};
       if (const auto data = range.Address(instruction.Word())) return {Address, *data};
@@ -77,6 +71,21 @@ Movable MovableOf(const Instruction& instruction, std::uint32_t address, const E
   for (const Arg arg : instruction.Row().args)
     if (const Movable movable = OfArg(instruction, arg, address, range); movable.kind != Movable::Kind::None)
       return movable;
+  return {};
+}
+
+Movable SecondBitOf(const Instruction& instruction) {
+  if (instruction.IsData() || std::ranges::find(instruction.Row().args, Arg::BitZ) == instruction.Row().args.end())
+    return {};
+  return BitOf(instruction.Byte(2), instruction.Byte(3) & 0xF);
+}
+
+int BitField::LowestBit() const { return (std::countr_zero(mask) & 7) + (isHigh ? 8 : 0); }
+
+std::optional<BitField> BitFieldOf(const Instruction& instruction) {
+  if (instruction.IsData()) return {};
+  if (instruction.Op() == op::bitFieldLow) return BitField{instruction.Byte(2), instruction.Byte(3), false};
+  if (instruction.Op() == op::bitFieldHigh) return BitField{instruction.Byte(3), instruction.Byte(2), true};
   return {};
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "code/ext_range.h"
 #include "code/instruction.h"
@@ -33,7 +34,20 @@ struct Movable {
   [[nodiscard]] bool operator==(const Movable&) const = default;
 };
 
-// What can move in an instruction at phone address `address`, in an EXT range.
+// What can move in an instruction at phone address `address`, in an EXT range. Of two bits, the first one.
 [[nodiscard]] Movable MovableOf(const Instruction& instruction, std::uint32_t address, const ExtRange& range);
+// The second bit of BMOV and its like.
+[[nodiscard]] Movable SecondBitOf(const Instruction& instruction);
+
+// BFLDL and BFLDH: what they write to the byte of the word that they are for.
+struct BitField {
+  std::uint8_t mask = 0;
+  std::uint8_t data = 0;
+  bool isHigh = false;
+
+  [[nodiscard]] int LowestBit() const;  // of the word, 0 .. 15
+};
+// Nothing: another instruction.
+[[nodiscard]] std::optional<BitField> BitFieldOf(const Instruction& instruction);
 
 }  // namespace tarvelo

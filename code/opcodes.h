@@ -80,6 +80,7 @@ namespace op {
 inline constexpr std::uint8_t bitFieldLow = 0x0A;
 inline constexpr std::uint8_t bitFieldHigh = 0x1A;
 inline constexpr std::uint8_t jumpIndirect = 0x9C;
+inline constexpr std::uint8_t switchContext = 0xC6;  // SCXT reg, #data16
 inline constexpr std::uint8_t callAbsolute = 0xCA;
 inline constexpr std::uint8_t atomicOrExtend = 0xD1;
 inline constexpr std::uint8_t extendByNumber = 0xD7;

@@ -14,8 +14,8 @@ std::uint64_t KeyOf(const Movable& movable) {
 
 }  // namespace
 
-void OperandVotes::Add(const Movable& old, const Movable& now, int unit) {
-  if (old.kind == now.kind) votes_.push_back({KeyOf(old), now.value, unit});
+void OperandVotes::Add(const Movable& old, const Movable& now, int unit, bool isFunction) {
+  if (old.kind == now.kind) votes_.push_back({KeyOf(old), now.value, unit, isFunction});
 }
 
 void OperandVotes::Count() {
@@ -42,7 +42,7 @@ std::span<const OperandVotes::Pair> OperandVotes::PairsOf(const Movable& old) co
 int OperandVotes::CountOf(const Pair& pair, int without) const {
   const auto first = votes_.begin() + pair.first;
   const auto last = votes_.begin() + pair.end;
-  const auto own = std::lower_bound(first, last, Vote{pair.old, pair.now, without});
+  const auto own = std::lower_bound(first, last, Vote{pair.old, pair.now, without, false});
   return static_cast<int>(pair.end - pair.first) - (own != last && own->unit == without ? 1 : 0);
 }
 
@@ -68,17 +68,39 @@ OperandVotes::Winner OperandVotes::Best(const Movable& old, int without) const {
   return winner;
 }
 
-std::optional<std::uint32_t> OperandVotes::Sure(const Movable& old) const {
+std::optional<std::uint32_t> OperandVotes::Voted(const Movable& old) const {
   const Winner winner = Best(old, -1);
   if (winner.tally.agreeing < fewestVotes || winner.tally.agreeing * 10 < winner.tally.all * 9) return {};
   return winner.value;
+}
+
+std::optional<std::uint32_t> OperandVotes::Sure(const Movable& old) const {
+  if (const auto now = Voted(old)) return now;
+  const std::span<const Pair> pairs = PairsOf(old);
+  if (pairs.size() != 1 || !IsMovedAlike(pairs[0])) return {};
+  return pairs[0].now;
+}
+
+// Whether the only vote on an operand is a function's and moves it as far as a sure operand near it.
+bool OperandVotes::IsMovedAlike(const Pair& pair) const {
+  if (pair.end - pair.first != 1 || !votes_[pair.first].isFunction) return false;
+  const auto distance = [](const Pair& each) { return each.now - static_cast<std::uint32_t>(each.old); };
+  const auto isAlike = [&](const Pair& other) {
+    if (other.old >> 32 != pair.old >> 32 || distance(other) != distance(pair)) return false;
+    const auto kind = static_cast<Movable::Kind>(other.old >> 32);
+    return Voted({kind, static_cast<std::uint32_t>(other.old)}) == other.now;
+  };
+  const auto at = &pair - pairs_.data();
+  const auto first = pairs_.begin() + std::max<std::ptrdiff_t>(at - neighbours, 0);
+  const auto last = pairs_.begin() + std::min<std::ptrdiff_t>(at + neighbours + 1, std::ssize(pairs_));
+  return std::any_of(first, last, isAlike);
 }
 
 std::optional<std::pair<std::uint32_t, std::uint32_t>> OperandVotes::Before(const Movable& old) const {
   auto pair = std::ranges::upper_bound(pairs_, KeyOf(old), {}, &Pair::old);
   while (pair != pairs_.begin() && (--pair)->old >> 32 == KeyOf(old) >> 32) {
     const auto value = static_cast<std::uint32_t>(pair->old);
-    if (const auto now = Sure({old.kind, value})) return std::pair(value, *now);
+    if (const auto now = Voted({old.kind, value})) return std::pair(value, *now);
   }
   return {};
 }

@@ -14,8 +14,8 @@ namespace tarvelo {
 
 class OperandVotes {
  public:
-  // A vote of an old unit's instruction.
-  void Add(const Movable& old, const Movable& now, int unit);
+  // A vote of an old unit's instruction. Of a unit that may be data, one vote is never enough.
+  void Add(const Movable& old, const Movable& now, int unit, bool isFunction);
   // Sorts the votes; to be called before asking.
   void Count();
   [[nodiscard]] bool IsEmpty() const { return pairs_.empty(); }
@@ -33,7 +33,8 @@ class OperandVotes {
   };
   // The new operand with the most votes; none: agreeing is 0.
   [[nodiscard]] Winner Best(const Movable& old, int without) const;
-  // The new operand that at least two votes and nine tenths of all speak for.
+  // The new operand that at least two votes and nine tenths of all speak for; or the single vote of a
+  // function, if a sure operand near it moved by the same distance.
   [[nodiscard]] std::optional<std::uint32_t> Sure(const Movable& old) const;
   // The sure operand nearest to `old`, at or in front of it, and its new value.
   [[nodiscard]] std::optional<std::pair<std::uint32_t, std::uint32_t>> Before(const Movable& old) const;
@@ -46,6 +47,7 @@ class OperandVotes {
     std::uint64_t old = 0;  // kind and value
     std::uint32_t now = 0;
     int unit = 0;
+    bool isFunction = false;
 
     auto operator<=>(const Vote&) const = default;
   };
@@ -57,6 +59,9 @@ class OperandVotes {
     std::uint32_t end = 0;
   };
 
+  // By votes on the operand alone.
+  [[nodiscard]] std::optional<std::uint32_t> Voted(const Movable& old) const;
+  [[nodiscard]] bool IsMovedAlike(const Pair& pair) const;
   [[nodiscard]] std::span<const Pair> PairsOf(const Movable& old) const;
   [[nodiscard]] int CountOf(const Pair& pair, int without) const;
 

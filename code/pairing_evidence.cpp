@@ -21,22 +21,44 @@ void CodePairing::CollectVotes() {
     const auto old = OldCode(unit);
     const auto now = NewCode(newOf_[i]);
     const bool isSame = IsSame(unit);
+    const bool areFunctions = AreFunctions(unit, newOf_[i]);
     const std::vector<int> pairs = isSame ? std::vector<int>() : Aligned(unit, newOf_[i]);
     const auto pairOf = [&](std::size_t k) { return isSame ? static_cast<int>(k) : pairs[k]; };
     for (std::size_t from = 0; from < old.size();) {
       std::size_t end = from + 1;
       while (end < old.size() && pairOf(from) >= 0 && pairOf(end) == pairOf(end - 1) + 1) ++end;
-      if (pairOf(from) >= 0 && (isSame || static_cast<int>(end - from) >= votingRun))
+      if (pairOf(from) >= 0 && (isSame || static_cast<int>(end - from) >= votingRun)) {
         for (std::size_t k = from; k < end; ++k)
           if (const Movable& movable = old[k].movable; movable.kind != Movable::Kind::None &&
                                                        movable.kind != Movable::Kind::Member &&
                                                        movable.kind != Movable::Kind::Constant)
-            votes.Add(movable, now[Index(pairOf(k))].movable, unit);
+            votes.Add(movable, now[Index(pairOf(k))].movable, unit, areFunctions);
+        AddSecondBits(votes, unit, from, end, pairOf(from) - static_cast<int>(from));
+      }
       from = end;
     }
   }
   votes.Count();
   votes_ = std::move(votes);
+}
+
+bool CodePairing::AreFunctions(int oldUnit, int newUnit) const {
+  return old_.units[Index(oldUnit)].isFunction && now_.units[Index(newUnit)].isFunction;
+}
+
+// Of the instructions from .. end - 1 of a unit, which its pair has `shift` further on.
+void CodePairing::AddSecondBits(OperandVotes& votes, int oldUnit, std::size_t from, std::size_t end,
+                                int shift) const {
+  const std::size_t first = old_.units[Index(oldUnit)].first;
+  const std::size_t newFirst = now_.units[Index(newOf_[Index(oldUnit)])].first;
+  const auto at = [](const CodeUnits& units, std::size_t instruction) {
+    return std::ranges::lower_bound(units.secondBits, instruction, {}, &SecondBit::instruction);
+  };
+  for (auto old = at(old_, first + from); old != old_.secondBits.end() && old->instruction < first + end; ++old) {
+    const std::size_t there = old->instruction - first + newFirst + static_cast<std::size_t>(shift);
+    if (const auto now = at(now_, there); now != now_.secondBits.end() && now->instruction == there)
+      votes.Add(old->bit, now->bit, oldUnit, AreFunctions(oldUnit, newOf_[Index(oldUnit)]));
+  }
 }
 
 std::vector<int> CodePairing::Aligned(int oldUnit, int newUnit) const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "code/opcodes.h"
 #include "patch/patch_lines.h"
 
 namespace tarvelo {
@@ -29,6 +30,31 @@ BroughtAreas::BroughtAreas(const PatchedImage& image, const Fullflash& now, std:
     }
     areas_.push_back(area);
   }
+  FindNearPages(image.Patched());
+}
+
+// MOV DPPn, #page and SCXT DPPn, #page anywhere, whether or not it is known to be code.
+void BroughtAreas::FindNearPages(Bytes patched) {
+  std::vector<bool> isMoved(0x10000);  // by page
+  bool any = false;
+  for (const AreaMove& area : areas_) {
+    const Offset end = (area.from.End() + oldBase_) / page;
+    for (Offset number = (area.from.offset + oldBase_) / page; Moves(area) && number <= end; ++number)
+      isMoved[static_cast<std::size_t>(number)] = any = true;
+  }
+  for (Offset at = 0; any && at + 4 <= std::ssize(patched); at += 2) {
+    const std::uint32_t words = DWordAt(patched, at);
+    const NearPage found{words >> 8 & 0xFF, words >> 16};
+    if (((words & 0xFF) != op::moveConstant && (words & 0xFF) != op::switchContext) || found.dpp > 3) continue;
+    if (isMoved[found.page] && std::ranges::find(nearPages_, found) == nearPages_.end())
+      nearPages_.push_back(found);
+  }
+}
+
+bool BroughtAreas::MayBeNear(std::uint32_t word) const {
+  return std::ranges::any_of(nearPages_, [&](const NearPage& each) {
+    return word >> 14 == each.dpp && MovedAt(each.page << 14 | (word & 0x3FFF)) != nullptr;
+  });
 }
 
 Offset BroughtAreas::Shift(const AreaMove& area) const {
@@ -61,7 +87,7 @@ bool BroughtAreas::MayBeNumber(std::uint32_t word) const {
 }
 
 bool BroughtAreas::MayBeOffset(std::uint32_t word) const {
-  return std::ranges::any_of(areas_, [&](const AreaMove& area) {
+  return MayBeNear(word) || std::ranges::any_of(areas_, [&](const AreaMove& area) {
     const Offset first = area.from.offset + oldBase_;
     const auto isIn = [&](Offset unit) {
       return Shift(area) % unit != 0 && (word - first % unit + unit) % unit <= area.from.size;

@@ -38,15 +38,26 @@ class BroughtAreas {
   // The moved area with an old phone address, or its end; null: none.
   [[nodiscard]] const AreaMove* MovedAt(std::uint32_t address) const;
   // Whether a word may be the page or segment of an old address in a moved area, or the offset in one, and
-  // that becomes another.
+  // that becomes another. A near pointer goes through a DPP that something in the dump sets to its page.
   [[nodiscard]] bool MayBeNumber(std::uint32_t word) const;
   [[nodiscard]] bool MayBeOffset(std::uint32_t word) const;
 
  private:
   [[nodiscard]] bool Moves(const AreaMove& area) const { return Shift(area) != 0; }
   [[nodiscard]] Offset Shift(const AreaMove& area) const;  // of phone addresses
+  void FindNearPages(Bytes patched);
+  [[nodiscard]] bool MayBeNear(std::uint32_t word) const;
+
+  // A DPP that is set to a page of a moved area.
+  struct NearPage {
+    std::uint32_t dpp = 0;
+    std::uint32_t page = 0;
+
+    [[nodiscard]] bool operator==(const NearPage&) const = default;
+  };
 
   std::vector<AreaMove> areas_;
+  std::vector<NearPage> nearPages_;
   Offset oldBase_ = 0;
   Offset newBase_ = 0;
 };

@@ -26,9 +26,7 @@ std::optional<int> Distance(int first, unsigned mask, const OperandVotes& votes)
 
 std::optional<std::array<std::uint8_t, 4>> MovedField(const Instruction& instruction,
                                                       const OperandVotes& votes) {
-  const bool isHigh = instruction.Op() == op::bitFieldHigh;
-  const std::uint8_t mask = instruction.Byte(isHigh ? 3 : 2);
-  const std::uint8_t data = instruction.Byte(isHigh ? 2 : 3);
+  const auto [mask, data, isHigh] = *BitFieldOf(instruction);
   const int word = instruction.Byte(1);
   if (word >= variableWords)
     return std::array{instruction.Op(), instruction.Byte(1), instruction.Byte(2), instruction.Byte(3)};

@@ -18,8 +18,9 @@ constexpr int instructionsAround = 8;  // of a piece of code, that operands may 
 class Porter {
  public:
   Porter(std::span<const PatchChange> changes, const Fullflash& old, const Fullflash& now,
-         const CodePairing& pairing, std::span<const AreaMove> moves)
-      : old_(old),
+         const CodePairing& pairing, Progress& progress, std::span<const AreaMove> moves)
+      : run_(progress, 0, std::ssize(changes)),
+        old_(old),
         now_(now),
         pairing_(pairing),
         places_(old, now, pairing),
@@ -37,6 +38,7 @@ class Porter {
     for (PortedChange& ported : ported_) ported.refusal = PortRefusal::NotOld;
     for (const PatchedPiece& piece : image_.Pieces()) {
       piece_ = piece.region;
+      Step();
       switch (piece.kind) {
         case PatchedPiece::Kind::Code: Code(piece); break;
         case PatchedPiece::Kind::Data: Data(piece); break;
@@ -50,7 +52,11 @@ class Porter {
   [[nodiscard]] const std::vector<AreaMove>& Referred() const { return referred_; }
 
  private:
+  // Reports the progress; long pieces report it, too, and can be stopped.
+  void Step() { run_.At(done_); }
+
   void Refuse(const PatchedPiece& piece, PortRefusal refusal) {
+    done_ += std::ssize(piece.changes);
     for (const std::size_t i : piece.changes) ported_[i].refusal = refusal;
   }
 
@@ -86,6 +92,7 @@ class Porter {
     const NewPlace place = InData(piece.region);
     if (!place.refusal) return TakeData(piece, place);
     for (const std::size_t i : piece.changes) {
+      Step();
       const Change& change = image_.Changes()[i].change;
       const PatchedPiece one{piece.kind, {change.offset, std::ssize(change.oldBytes)}, {i}};
       const NewPlace there = piece.changes.size() == 1 ? place : InData(one.region);
@@ -176,6 +183,7 @@ class Porter {
 
   // Gives each change of a piece its part. Bytes of a piece that no change has must be what the new dump has.
   void Take(const PatchedPiece& piece, const NewPlace& place, CarriedCode carried) {
+    done_ += std::ssize(piece.changes);
     FailUncovered(piece, place, carried);
     for (const std::size_t i : piece.changes) {
       const Change& change = image_.Changes()[i].change;
@@ -239,6 +247,8 @@ class Porter {
     return isCode ? places_.CodeAddress(address) : places_.DataAddress(address);
   }
 
+  ProgressRun run_;
+  std::int64_t done_ = 0;  // changes
   const Fullflash& old_;
   const Fullflash& now_;
   const CodePairing& pairing_;
@@ -292,9 +302,9 @@ std::string_view ReasonOf(PortRefusal refusal) {
 }
 
 std::vector<PortedChange> PortChanges(std::span<const PatchChange> changes, const Fullflash& old,
-                                      const Fullflash& now, const CodePairing& pairing,
+                                      const Fullflash& now, const CodePairing& pairing, Progress& progress,
                                       std::span<const AreaMove> moves) {
-  return Porter(changes, old, now, pairing, moves).Run();
+  return Porter(changes, old, now, pairing, progress, moves).Run();
 }
 
 bool FindsAreasUsed(std::span<const PortedChange> ported) {
@@ -303,11 +313,11 @@ bool FindsAreasUsed(std::span<const PortedChange> ported) {
 }
 
 std::vector<AreaMove> OfferAreas(std::span<const PatchChange> changes, const Fullflash& old,
-                                 const Fullflash& now, const CodePairing& pairing,
+                                 const Fullflash& now, const CodePairing& pairing, Progress& progress,
                                  std::span<const Region> used) {
   std::vector<AreaMove> moves = FreePlaces(PatchedImage(changes, old, pairing.Old()), now, used);
   if (moves.empty()) return moves;
-  Porter porter(changes, old, now, pairing, moves);
+  Porter porter(changes, old, now, pairing, progress, moves);
   porter.Run();
   std::erase_if(moves, [&](const AreaMove& move) {
     return std::ranges::find(porter.Referred(), move) == porter.Referred().end();

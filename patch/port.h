@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/progress.h"
 #include "patch/brought_areas.h"
 #include "patch/patch_apply.h"
 #include "patch/port_place.h"
@@ -26,9 +27,10 @@ struct PortedChange {
 
 // Carries changes over, one result for each, in order. A change of erased bytes goes to the same phone
 // address if the new dump is erased there, too, or else where `moves` says, and all references to it follow.
+// The progress counts changes.
 [[nodiscard]] std::vector<PortedChange> PortChanges(std::span<const PatchChange> changes,
                                                     const Fullflash& old, const Fullflash& now,
-                                                    const CodePairing& pairing,
+                                                    const CodePairing& pairing, Progress& progress,
                                                     std::span<const AreaMove> moves = {});
 
 // Whether something was refused because the new dump is not erased where the old one is.
@@ -39,6 +41,6 @@ struct PortedChange {
 // to has one. `used` are regions of the new dump to keep away from.
 [[nodiscard]] std::vector<AreaMove> OfferAreas(std::span<const PatchChange> changes, const Fullflash& old,
                                                const Fullflash& now, const CodePairing& pairing,
-                                               std::span<const Region> used = {});
+                                               Progress& progress, std::span<const Region> used = {});
 
 }  // namespace tarvelo

@@ -24,6 +24,12 @@ std::uint32_t AllBits(const Instruction& instruction) {
   return instruction.Size() == 4 ? 0xFFFFFFFF : 0xFFFF;
 }
 
+// Whether an instruction loads a constant into a register as the one-byte `reg` of a MOV names it.
+bool LoadsRegister(const Instruction& instruction, int reg) {
+  if (instruction.LoadsConstant()) return instruction.Byte(1) == reg;
+  return instruction.Op() == op::moveShort && ((instruction.Byte(1) & 0xF) | 0xF0) == reg;
+}
+
 class Carrier {
  public:
   Carrier(const PatchedCode& code, const Fullflash& old, const Fullflash& now, const CodePairing& pairing,
@@ -95,6 +101,7 @@ class Carrier {
     if (before.IsData() || before.Size() != instruction.Size()) return false;
     if ((~FixedBits(before, decoded.range) & AllBits(before)) != moving) return false;
     const Bytes there = There(decoded.at, instruction.Size());
+    if (BitFieldOf(before) && !there.empty() && !IsInSameBits(before, there)) return false;
     for (std::size_t k = 0; k < there.size(); ++k) {
       const int byte = static_cast<int>(k);
       if (((instruction.Byte(byte) ^ before.Byte(byte)) & (moving >> 8 * k) & 0xFF) != 0) return false;
@@ -105,6 +112,11 @@ class Carrier {
            (instruction.Byte(static_cast<int>(k)) & ~mask) | (there[k] & mask));
     }
     return !there.empty();
+  }
+
+  // Whether a bit field of the old dump has the same bits of its word in the new one.
+  static bool IsInSameBits(const Instruction& before, Bytes there) {
+    return before.Op() == there[0] && before.Word() == WordAt(there, 2);
   }
 
   bool CarryOperand(std::size_t i) {
@@ -261,20 +273,32 @@ class Carrier {
         MovePair(decoded_[i].instruction.Word(), decoded_[k].instruction.Word(), old_, pairing_, maps_);
     if (moved.isPlain) return;
     isInPair_[i] = isInPair_[k] = true;
+    if (IsOffsetOfNext(k)) return Fail(i);
     if (!moved.words || !Put(i, moved.words->first) || !Put(k, moved.words->second)) {
       Fail(i);
       Fail(k);
     }
   }
 
-  // The load of the next register that belongs to a load: the nearest one without a jump or call between.
+  // Whether what may be a page may as well be the offset of an address in the next two registers.
+  [[nodiscard]] bool IsOffsetOfNext(std::size_t i) const {
+    const auto next = PartnerOf(i);
+    if (!next) return false;
+    const Instruction& page = decoded_[*next].instruction;
+    return !MovePair(decoded_[i].instruction.Word(), page.Word(), old_, pairing_, maps_).isPlain;
+  }
+
+  // The load of the next register that belongs to a load: the nearest one without a jump or call, or another
+  // constant for the same register, between.
   [[nodiscard]] std::optional<std::size_t> PartnerOf(std::size_t i) const {
-    const int wanted = decoded_[i].instruction.Byte(1) + 1;
+    const int own = decoded_[i].instruction.Byte(1);
+    const int wanted = own + 1;
     const auto fits = [&](std::size_t k) {
       return decoded_[k].instruction.LoadsConstant() && decoded_[k].instruction.Byte(1) == wanted;
     };
     const auto passes = [&](std::size_t k) {
-      return !decoded_[k].instruction.IsData() && decoded_[k].instruction.GetFlow() == Flow::Next;
+      const Instruction& instruction = decoded_[k].instruction;
+      return !instruction.IsData() && instruction.GetFlow() == Flow::Next && !LoadsRegister(instruction, own);
     };
     for (std::size_t k = i + 1; k < decoded_.size() && k <= i + farthestPartner && passes(k); ++k)
       if (fits(k)) return k;

@@ -203,6 +203,7 @@ std::optional<std::uint32_t> PlaceFinder::CodeAddress(std::uint32_t address) con
     if (now < 0 || !pairing_.IsSure(unit)) return {};
     return now_.PhoneAddress(pairing_.New().units[static_cast<std::size_t>(now)].code.offset);
   }
+  if (const auto now = pairing_.Votes().Sure({Movable::Kind::Code, address})) return now;
   const int around = pairing_.Old().UnitAt(offset);
   if (around < 0 || !pairing_.IsSure(around)) return {};
   return CodeInside(address);

@@ -59,7 +59,7 @@ std::vector<AreaMove> AskMoves(Workbench& bench, const ReadPatch& patch, std::sp
                                const CodeVersions& versions, const Dump& other, Progress& progress) {
   if (!FindsAreasUsed(ported)) return {};
   std::vector<AreaMove> moves = OfferAreas(patch.changes, versions.Old(), versions.New(), versions.Pairing(),
-                                           UsedAreas(other, progress));
+                                           progress, UsedAreas(other, progress));
   if (moves.empty()) return {};
   wxString question = Wx(bench.texts.Msg(Text::AskMoveAreas)) + "\n";
   for (const AreaMove& move : moves)
@@ -78,9 +78,9 @@ void CarryPatch(Workbench& bench, const std::string& document) {
   const Fullflash opened = AsOpened(bench.document);
   SearchProgress progress(bench);
   const CodeVersions versions(opened, other->image, progress);
-  std::vector<PortedChange> ported = PortChanges(patch.changes, opened, other->image, versions.Pairing());
+  std::vector<PortedChange> ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), progress);
   const std::vector<AreaMove> moves = AskMoves(bench, patch, ported, versions, *other, progress);
-  if (!moves.empty()) ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), moves);
+  if (!moves.empty()) ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), progress, moves);
   const CarriedLines lines(patch, ported, versions, bench.texts);
   if (IsAccepted(bench, lines)) Save(bench, PortedText(document, patch.changes, ported), *other, path);
 }

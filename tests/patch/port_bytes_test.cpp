@@ -183,8 +183,8 @@ std::vector<PortedChange> Port(const Linked& old, const std::vector<std::uint8_t
   NoProgress progress;
   const CodePairing pairing(oldUnits, base, newUnits, base, progress);
   const std::vector<AreaMove> moves =
-      used ? OfferAreas(changes, before, after, pairing, *used) : std::vector<AreaMove>();
-  return PortChanges(changes, before, after, pairing, moves);
+      used ? OfferAreas(changes, before, after, pairing, progress, *used) : std::vector<AreaMove>();
+  return PortChanges(changes, before, after, pairing, progress, moves);
 }
 
 class PortBytes : public testing::Test {
@@ -283,7 +283,10 @@ TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
       {"mark", 0, "word:area 12 34 FF FF 41 42", Half::Offset},
       {"fifth", 40, "E6 F5 word:page:area", Half::Page},
       {"table", 8, "word:page:mark word:pof:mark", Half::Page},
+      {"fifth", 44, "E6 F6 04 40", Half::Page},     // the area through DPP1
+      {"fourth", 48, "E6 F6 04 80", Half::Offset},  // a plain number
   };
+  std::ranges::copy(old.Bytes("E6 01 word:page:area"), old.Image().begin() + 0x10000);
   std::fill_n(now.Image().begin() + 0x18000, 0x500, 0);
   std::vector<PatchChange> changes;
   for (const Place& place : places)

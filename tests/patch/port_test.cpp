@@ -50,7 +50,8 @@ struct Versions {
     return {1, {at, {bytes.begin(), bytes.end()}, std::move(newBytes)}};
   }
   [[nodiscard]] std::vector<PortedChange> Ported(const std::vector<PatchChange>& changes) const {
-    return PortChanges(changes, old.image, now.image, pairing);
+    NoProgress none;
+    return PortChanges(changes, old.image, now.image, pairing, none);
   }
 
   NoProgress progress;
