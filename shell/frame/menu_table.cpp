@@ -100,6 +100,10 @@ const std::vector<MenuEntry> languages = {{Id::FirstLanguage, {}, Text::HelpLang
 
 const std::vector<MenuEntry> help = {
     {Id::Help, Text::Help, Text::HelpManual, "F1"},
+    {},
+    {Id::Demonstration, Text::TryDemonstration, Text::HelpDemonstration},
+    {Id::SecondDemonstration, Text::TrySecondDemonstration, Text::HelpDemonstration},
+    {},
     {Id::About, Text::Author, Text::HelpAuthor},
 };
 

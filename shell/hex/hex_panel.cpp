@@ -78,6 +78,10 @@ void HexPanel::Bind() {
   for (HexCanvas* canvas : {canvas_, &other_->Canvas()}) canvas->onZoom = zoom;
   other_->Canvas().onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
   canvas_->Bind(wxEVT_CHAR_HOOK, &HexPanel::PressKey, this);
+  Window().Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+    if (!event.IsShown()) search_.Forget();
+    event.Skip();
+  });
   Window().Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     ShowValues();
     event.Skip();
