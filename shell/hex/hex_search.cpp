@@ -78,7 +78,7 @@ void HexSearch::Previous() {
 
 void HexSearch::Show(const std::string& pattern, Offset hit) {
   if (hit >= 0) return canvas_.Go(hit, PatternSize(pattern));
-  const bool isPattern = bar_.Kind() == QueryKind::Bytes;  // of which case does not matter
+  const bool isPattern = bar_.Kind() == QueryKind::Digits;  // of which case does not matter
   bench_.talk.Complain(Wx(isPattern ? NotFound(bar_.Wanted(), bench_.texts)
                                     : bench_.texts.MsgS(Text::StringNotFound, bar_.Wanted())));
 }
