@@ -54,6 +54,7 @@ class DataPlaces {
     bool isSure = false;  // the code on both sides says so
   };
   [[nodiscard]] Beside BesideCode(const Region& region) const;
+  [[nodiscard]] Region TextAround(const Region& region) const;
   [[nodiscard]] bool TellsEnough(const Window& window) const;
   [[nodiscard]] int FunctionAt(const Fullflash& image, Offset offset, bool isOld) const;
   void MakeIndexes() const;

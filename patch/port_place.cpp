@@ -79,7 +79,7 @@ int PlaceFinder::Context(const Match& match) const {
   const auto neighbour = [&](int step) {
     const int old = match.oldUnit + step;
     const int now = match.newUnit + step;
-    const bool exists = old >= 0 && old < static_cast<int>(pairing_.Old().units.size());
+    const bool exists = old >= 0 && now >= 0 && old < static_cast<int>(pairing_.Old().units.size());
     if (!exists || pairing_.NewOf(old) != now) return 0;
     const auto a = pairing_.OldCode(old);
     const auto b = pairing_.NewCode(now);
