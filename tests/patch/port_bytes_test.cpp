@@ -321,7 +321,7 @@ TEST(PortFirst, HasNothingInFront) {
   Linked old({{"gone", Body(6, "F2 F4 word:u")}, {"first", source}}, {{"near", 0x8000}});
   Linked now({{"first", source}}, {{"near", 0x8002}});
   const Offset at = old.At("first");
-  const PatchChange change{0, {at, old.Bytes("E0 2A"), {0xCC, 0}}};
+  const PatchChange change{0, {at, old.Bytes("E0 25"), {0xCC, 0}}};
   const auto ported = Port(old, old.Image(), now, now.Image(), {change}, {});
   EXPECT_EQ(ported[0].refusal, PortRefusal::NotUnique);  // 22 instructions and no evidence
 }
