@@ -11,6 +11,7 @@ constexpr Offset lookAround = 96;  // bytes around a place that are looked up
 constexpr Offset fewestAgreeing = 24;
 constexpr Offset fewestVoted = 8;         // if code says where the place is
 constexpr Offset longestText = 64;        // bytes on each side
+constexpr Offset fewestAtEdge = 6;        // from each end of what agrees to the far end of a region
 constexpr int fewestValues = 6;           // different bytes
 constexpr Offset votedNear = 2048;        // bytes behind the start of an object
 constexpr std::size_t mostPointers = 64;  // places that point to one function
@@ -213,7 +214,10 @@ std::optional<DataPlaces::Found> DataPlaces::Find(const Region& region) const {
   if (!isSure && (best.Size() < fewest || !TellsEnough(best))) return {};
   if (best.Size() == 0) return {};
   if (const Region text = TextAround(region); best.from > text.offset || best.end < text.End()) return {};
+  // At an edge of what agrees, a few bytes agree by chance.
+  if (!isSure && std::min(region.End() - best.from, best.end - region.offset) < fewestAtEdge) return {};
   found.agreeing = best.Size();
+  found.before = region.offset - best.from;
   found.isUnique = isSure || second * 2 <= best.Size();
   Offset other = 0;
   for (const Offset candidate : Candidates(region, true))

@@ -26,6 +26,7 @@ class DataPlaces {
   struct Found {
     Offset offset = 0;    // in the new dump
     Offset agreeing = 0;  // bytes of it and around it
+    Offset before = 0;    // those of them in front of it
     bool isUnique = false;
     bool isUniqueInOld = false;
   };

@@ -368,7 +368,7 @@ TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
   maps.code = maps.data = [&](std::uint32_t address) {
     return static_cast<std::uint32_t>(maps.areas.NewOf(address).value_or(0));
   };
-  const auto moved = [&](std::uint32_t high) { return MovePair(0x1234, high, image, pairing, maps).words; };
+  const auto moved = [&](std::uint32_t high) { return MovePair(0x1234, high, true, image, pairing, maps).words; };
   now.Write(0x301234, std::vector<std::uint8_t>{0});
   maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
   EXPECT_EQ(moved(0x30), std::pair(0x1234u, 0x41u));
