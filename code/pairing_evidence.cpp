@@ -27,7 +27,9 @@ void CodePairing::CollectVotes() {
     for (std::size_t from = 0; from < old.size();) {
       std::size_t end = from + 1;
       while (end < old.size() && pairOf(from) >= 0 && pairOf(end) == pairOf(end - 1) + 1) ++end;
-      if (pairOf(from) >= 0 && (isSame || static_cast<int>(end - from) >= votingRun)) {
+      // A short piece between functions may as well be data.
+      const bool isWhole = isSame && areFunctions;
+      if (pairOf(from) >= 0 && (isWhole || static_cast<int>(end - from) >= votingRun)) {
         for (std::size_t k = from; k < end; ++k)
           if (const Movable& movable = old[k].movable; movable.kind != Movable::Kind::None &&
                                                        movable.kind != Movable::Kind::Member &&

@@ -10,6 +10,8 @@ constexpr Offset reach = 512;      // bytes around a place that are compared
 constexpr Offset lookAround = 96;  // bytes around a place that are looked up
 constexpr Offset fewestAgreeing = 24;
 constexpr Offset fewestVoted = 8;         // if code says where the place is
+constexpr Offset longestText = 64;        // bytes on each side
+constexpr Offset fewestAtEdge = 6;        // from each end of what agrees to the far end of a region
 constexpr int fewestValues = 6;           // different bytes
 constexpr Offset votedNear = 2048;        // bytes behind the start of an object
 constexpr std::size_t mostPointers = 64;  // places that point to one function
@@ -164,6 +166,21 @@ DataPlaces::Beside DataPlaces::BesideCode(const Region& region) const {
   return {fits(before) ? before : behind, fits(before) && before == behind};
 }
 
+// A region with the rest of the text that it is in: other texts may begin or end alike.
+Region DataPlaces::TextAround(const Region& region) const {
+  const auto isText = [&](Offset at) {
+    const int byte = old_.ff()[static_cast<std::size_t>(at)];
+    return byte >= 0x20 && byte < 0x7F;
+  };
+  Region text = region;
+  if (!isText(region.offset) || !isText(region.End() - 1)) return text;
+  while (text.offset > 0 && region.offset - text.offset < longestText && isText(text.offset - 1)) --text.offset;
+  text.size = region.End() - text.offset;
+  const Offset most = std::min(region.End() + longestText, std::ssize(old_.ff()));
+  while (text.End() < most && isText(text.End())) ++text.size;
+  return text;
+}
+
 bool DataPlaces::TellsEnough(const Window& window) const {
   std::array<bool, 256> has{};
   for (const std::uint8_t byte : old_.Region(window.from, window.Size())) has[byte] = true;
@@ -196,7 +213,11 @@ std::optional<DataPlaces::Found> DataPlaces::Find(const Region& region) const {
   const Offset fewest = voted == found.offset || isBeside ? fewestVoted : fewestAgreeing;
   if (!isSure && (best.Size() < fewest || !TellsEnough(best))) return {};
   if (best.Size() == 0) return {};
+  if (const Region text = TextAround(region); best.from > text.offset || best.end < text.End()) return {};
+  // At an edge of what agrees, a few bytes agree by chance.
+  if (!isSure && std::min(region.End() - best.from, best.end - region.offset) < fewestAtEdge) return {};
   found.agreeing = best.Size();
+  found.before = region.offset - best.from;
   found.isUnique = isSure || second * 2 <= best.Size();
   Offset other = 0;
   for (const Offset candidate : Candidates(region, true))

@@ -26,6 +26,7 @@ class DataPlaces {
   struct Found {
     Offset offset = 0;    // in the new dump
     Offset agreeing = 0;  // bytes of it and around it
+    Offset before = 0;    // those of them in front of it
     bool isUnique = false;
     bool isUniqueInOld = false;
   };
@@ -54,6 +55,7 @@ class DataPlaces {
     bool isSure = false;  // the code on both sides says so
   };
   [[nodiscard]] Beside BesideCode(const Region& region) const;
+  [[nodiscard]] Region TextAround(const Region& region) const;
   [[nodiscard]] bool TellsEnough(const Window& window) const;
   [[nodiscard]] int FunctionAt(const Fullflash& image, Offset offset, bool isOld) const;
   void MakeIndexes() const;

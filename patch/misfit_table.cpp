@@ -8,12 +8,12 @@
 namespace tarvelo {
 
 MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
-                         const Messages& messages, Text applied)
+                         const Messages& messages, const MisfitWords& words)
     : patch_(patch),
       check_(check),
       image_(image),
       messages_(messages),
-      appliedLabel_(applied),
+      words_(words),
       fitting_(check.Count(Fit::Fine)),
       applied_(check.Count(Fit::Applied)),
       count_(CountMisfits(patch, check)),
@@ -22,7 +22,7 @@ MisfitTable::MisfitTable(const ReadPatch& patch, const PatchCheck& check, const 
 std::string MisfitTable::Summary() const {
   std::string text = Msg(Text::MisfitLinesLabel) + std::to_string(count_) + "\n" +
                      Msg(Text::FittingLinesLabel) + std::to_string(fitting_);
-  if (applied_ > 0) text += "\n" + Msg(appliedLabel_) + std::to_string(applied_);
+  if (applied_ > 0) text += "\n" + Msg(words_.applied) + std::to_string(applied_);
   if (listed_.size() < count_) text += "\n" + Msg(Text::PatchLinesCutOff);
   return text;
 }

@@ -11,14 +11,23 @@
 
 namespace tarvelo {
 
+// What the list calls what is to be done: applying a patch, unless it says otherwise.
+struct MisfitWords {
+  Text title = Text::ApplyPatchFile;
+  Text accept = Text::ApplyFittingLines;
+  Text leave = Text::DontApply;
+  Text applied = Text::AppliedLinesLabel;  // of the number of lines that need nothing
+};
+
 class MisfitTable {
  public:
   static constexpr std::size_t mostListed = 1000000;
 
-  // The patch, its check and the image must outlive the table. `applied` is the label of the number of lines
-  // that were already applied.
+  // The patch, its check and the image must outlive the table.
   MisfitTable(const ReadPatch& patch, const PatchCheck& check, const Fullflash& image,
-              const Messages& messages, Text applied = Text::AppliedLinesLabel);
+              const Messages& messages, const MisfitWords& words = {});
+
+  [[nodiscard]] const MisfitWords& Words() const { return words_; }
 
   // The number of lines that do not fit, that can be applied, and that were already applied.
   [[nodiscard]] std::size_t Count() const { return count_; }
@@ -44,7 +53,7 @@ class MisfitTable {
   const PatchCheck& check_;
   const Fullflash& image_;
   Messages messages_;
-  Text appliedLabel_;
+  MisfitWords words_;
   std::size_t fitting_;
   std::size_t applied_;
   std::size_t count_;

@@ -1,11 +1,36 @@
 #include "patch/moved_pair.h"
 
+#include <algorithm>
+
 #include "patch/patched_image.h"
 
 namespace tarvelo {
+namespace {
 
-MovedPair MovePair(std::uint32_t low, std::uint32_t high, const Fullflash& old, const CodePairing& pairing,
-                   const CarryMaps& maps) {
+constexpr Offset textLength = 4;  // printable bytes that make a text
+
+// Whether code that has a pair refers to something in a page.
+bool IsUsed(std::uint32_t page, const CodePairing& pairing) {
+  const auto last = pairing.Votes().Before({Movable::Kind::Address, page << 14 | 0x3FFF});
+  return last && last->first >> 14 == page;
+}
+
+}  // namespace
+
+bool IsTextAt(std::uint32_t address, const Fullflash& image) {
+  const Offset at = Offset{address} - image.CorrBase();
+  if (at < 1 || at + textLength > std::ssize(image.ff())) return false;
+  const auto isPrintable = [](std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; };
+  return !isPrintable(image.ff()[static_cast<std::size_t>(at - 1)]) &&
+         std::ranges::all_of(image.Region(at, textLength), isPrintable);
+}
+
+bool IsKnownData(std::uint32_t address, const Fullflash& old, const CodePairing& pairing) {
+  return pairing.Votes().Best({Movable::Kind::Address, address}, -1).tally.agreeing > 0 || IsTextAt(address, old);
+}
+
+MovedPair MovePair(std::uint32_t low, std::uint32_t high, bool isInOrder, const Fullflash& old,
+                   const CodePairing& pairing, const CarryMaps& maps) {
   const auto isInside = [&](std::uint32_t address) {
     return HasRegion(old, {Offset{address} - old.CorrBase(), 1});
   };
@@ -20,10 +45,10 @@ MovedPair MovePair(std::uint32_t low, std::uint32_t high, const Fullflash& old, 
   if (pageMoves && (farMoves || isEntry)) return pair;
   if (farMoves || isEntry || (isFar && !isPage)) {
     if (const auto now = maps.code(far)) pair.words.emplace(*now & 0xFFFF, *now >> 16);
-  } else if (isPage || pageMoves) {
+  } else if (pageMoves || (isPage && IsKnownData(paged, old, pairing))) {
     if (const auto now = maps.data(paged)) pair.words.emplace(*now & 0x3FFF, *now >> 14);
   } else {
-    pair.isPlain = true;
+    pair.isPlain = !isPage || (!isInOrder && !IsUsed(high, pairing));
   }
   return pair;
 }

@@ -15,8 +15,16 @@ struct MovedPair {
       words;  // low and high; nothing: it cannot be carried
 };
 
-// The words of an address, offset and page or offset and segment, of what they name in the new dump.
-[[nodiscard]] MovedPair MovePair(std::uint32_t low, std::uint32_t high, const Fullflash& old,
+// The words of an address, offset and page or offset and segment, of what they name in the new dump. Any two
+// numbers may look like a page and an offset in it: they are carried only if code or a text is known there.
+// Otherwise they are plain if code does not use the page and does not load them as addresses are loaded, the
+// offset and at once the page; if it does, they cannot be carried.
+[[nodiscard]] MovedPair MovePair(std::uint32_t low, std::uint32_t high, bool isInOrder, const Fullflash& old,
                                  const CodePairing& pairing, const CarryMaps& maps);
+
+// Whether printable text begins at a phone address.
+[[nodiscard]] bool IsTextAt(std::uint32_t address, const Fullflash& image);
+// Whether that is so, or code that has a pair refers to it.
+[[nodiscard]] bool IsKnownData(std::uint32_t address, const Fullflash& old, const CodePairing& pairing);
 
 }  // namespace tarvelo

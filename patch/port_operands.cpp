@@ -269,8 +269,7 @@ class Carrier {
     if (!partner) return;
     const std::size_t k = *partner;
     if (IsUnchanged(decoded_[i]) && IsUnchanged(decoded_[k])) return;
-    const MovedPair moved =
-        MovePair(decoded_[i].instruction.Word(), decoded_[k].instruction.Word(), old_, pairing_, maps_);
+    const MovedPair moved = MovedPairOf(i, k);
     if (moved.isPlain) return;
     isInPair_[i] = isInPair_[k] = true;
     if (IsOffsetOfNext(k)) return Fail(i);
@@ -280,12 +279,16 @@ class Carrier {
     }
   }
 
+  [[nodiscard]] MovedPair MovedPairOf(std::size_t low, std::size_t high) const {
+    return MovePair(decoded_[low].instruction.Word(), decoded_[high].instruction.Word(), high == low + 1, old_,
+                    pairing_, maps_);
+  }
+
   // Whether what may be a page may as well be the offset of an address in the next two registers.
   [[nodiscard]] bool IsOffsetOfNext(std::size_t i) const {
     const auto next = PartnerOf(i);
     if (!next) return false;
-    const Instruction& page = decoded_[*next].instruction;
-    return !MovePair(decoded_[i].instruction.Word(), page.Word(), old_, pairing_, maps_).isPlain;
+    return !MovedPairOf(i, *next).isPlain;
   }
 
   // The load of the next register that belongs to a load: the nearest one without a jump or call, or another

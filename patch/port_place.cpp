@@ -15,6 +15,7 @@ constexpr int mostContext = 60;
 constexpr int near = 4;        // no contradiction so near
 constexpr int far = 12;        // at most a quarter of the judged ones contradict within this
 constexpr int rivalReach = 8;  // instructions on each side that a rival shares
+constexpr Offset bytesOfData = 16;  // on each side of an address that nothing votes on
 constexpr int repeated = 4;    // a stretch that agrees this far on both sides may be a repetition
 
 int SizeOf(std::span<const UnitInstruction> code) { return static_cast<int>(code.size()); }
@@ -79,7 +80,7 @@ int PlaceFinder::Context(const Match& match) const {
   const auto neighbour = [&](int step) {
     const int old = match.oldUnit + step;
     const int now = match.newUnit + step;
-    const bool exists = old >= 0 && old < static_cast<int>(pairing_.Old().units.size());
+    const bool exists = old >= 0 && now >= 0 && old < static_cast<int>(pairing_.Old().units.size());
     if (!exists || pairing_.NewOf(old) != now) return 0;
     const auto a = pairing_.OldCode(old);
     const auto b = pairing_.NewCode(now);
@@ -233,10 +234,11 @@ std::optional<std::uint32_t> PlaceFinder::DataAddress(std::uint32_t address) con
   const Offset offset = Offset{address} - old_.CorrBase();
   if (IsElsewhere(address)) return Outside({Movable::Kind::Address, address});
   if (const auto now = pairing_.Votes().Sure({Movable::Kind::Address, address})) return now;
-  const Offset size = std::min<Offset>(16, old_.ffEnd() + 1 - offset);
-  const NewPlace place = Find({offset, size});
-  if (place.refusal) return {};
-  return now_.PhoneAddress(place.offset);
+  if (pairing_.Old().UnitAt(offset) >= 0) return CodeInside(address);
+  // What stands in front of it must agree, too: it may have grown at its beginning.
+  const auto found = data_.Find({offset, std::min(bytesOfData, old_.ffEnd() + 1 - offset)});
+  if (!found || !found->isUnique || !found->isUniqueInOld || found->before < bytesOfData) return {};
+  return now_.PhoneAddress(found->offset);
 }
 
 }  // namespace tarvelo

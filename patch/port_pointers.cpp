@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <optional>
 
+#include "patch/moved_pair.h"
 #include "patch/patched_image.h"
 
 namespace tarvelo {
 namespace {
-
-constexpr Offset textLength = 4;  // printable bytes that make a text
 
 class PointerCarrier {
  public:
@@ -47,8 +46,8 @@ class PointerCarrier {
     if (IsEntry(now)) return Put(at, maps_.code(now), 16);
     if (IsEntry(before) && IsInside(now)) return Put(at, maps_.code(now), 16);
     if (!IsPaged(now)) return false;
-    const bool wasPointer = IsPaged(before) && IsNamed(Paged(before));
-    if (wasPointer || IsText(target)) return Put(at, maps_.data(target), 14);
+    const bool wasPointer = IsPaged(before) && IsKnownData(Paged(before), old_, pairing_);
+    if (wasPointer || IsTextAt(target, old_)) return Put(at, maps_.data(target), 14);
     return false;
   }
 
@@ -97,16 +96,6 @@ class PointerCarrier {
     const std::uint16_t word = WordAt(patched_, at);
     if (at + 1 < region_.offset) return;  // it belongs to what is in front
     if (word != WordAt(old_.ff(), at) && maps_.areas.MayBeOffset(word)) failed_.push_back({at, 2});
-  }
-  [[nodiscard]] bool IsNamed(std::uint32_t address) const {
-    return pairing_.Votes().Best({Movable::Kind::Address, address}, -1).tally.agreeing > 0 || IsText(address);
-  }
-  [[nodiscard]] bool IsText(std::uint32_t address) const {
-    const Offset at = Offset{address} - old_.CorrBase();
-    if (at < 1 || at + textLength > std::ssize(old_.ff())) return false;
-    const auto isPrintable = [](std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; };
-    return !isPrintable(old_.ff()[static_cast<std::size_t>(at - 1)]) &&
-           std::ranges::all_of(old_.Region(at, textLength), isPrintable);
   }
 
   std::vector<std::uint8_t>& bytes_;

@@ -51,7 +51,7 @@ void Save(Workbench& bench, const std::string& text, const Dump& other, const st
   ReplaceFile(*file, PatchFile(other.info.StatusText(), text));
   bench.talk.Tell(Text::PatchSaved, *file);
   if (bench.talk.Confirm(Wx(bench.texts.Msg(Text::AskOpenOther)) + "\n\n" + WxPath(dump)))
-    bench.frame.OpenDump(dump);
+    bench.frame.OpenInNewWindow(dump, *file);
 }
 
 // Asks whether what finds its area used in the other dump may go into empty ones. Returns them, or nothing.

@@ -7,6 +7,7 @@
 #include "shell/base/strings.h"
 #include "shell/calculator/calc166.h"
 #include "shell/frame/main.h"
+#include "shell/patch/apply_patch.h"
 #include "shell/platform/arguments.h"
 #include "shell/platform/launcher.h"
 #include "shell/settings/interface_language.h"
@@ -19,6 +20,18 @@ std::optional<std::string> AnswerTo(std::string_view argument, const Messages& m
   if (argument != "--help" && argument != "-h") return {};
   return std::string(messages.Msg(Text::ProgramUsage)) + "\n" +
          std::string(messages.Msg(Text::ProgramOptions));
+}
+
+std::vector<FilesOfWindow> WindowsFor(const std::vector<std::string>& files) {
+  std::vector<FilesOfWindow> windows;
+  for (const std::string& file : files) {
+    const bool isPatch = IsPatchFile(PathOf(file));
+    if (isPatch && !windows.empty() && windows.back().size() == 1 && !IsPatchFile(PathOf(windows.back()[0])))
+      windows.back().push_back(file);
+    else
+      windows.push_back({file});
+  }
+  return windows;
 }
 
 bool App::OnInit() {
@@ -41,10 +54,12 @@ bool App::OnInit() {
     }
   auto* window = new Main({std::move(settings)});
   window->Show();
-  if (!arguments.empty()) window->OpenWhenShown(arguments.front());
-  // Each further file gets a window of its own.
-  for (std::size_t i = 1; i < arguments.size(); ++i)
-    window->Bench().programs.shel(quot(PathText(ProgramFile())) + " " + quot(arguments[i]));
+  const std::vector<FilesOfWindow> windows = WindowsFor(arguments);
+  for (const FilesOfWindow& files : windows)
+    if (&files == &windows.front())
+      window->OpenWhenShown(files);
+    else
+      window->Bench().frame.OpenInNewWindow(PathOf(files[0]), files.size() > 1 ? PathOf(files[1]) : PathOf(""));
   return true;
 }
 

@@ -66,8 +66,8 @@ class Main final : public wxFrame, private Frame {
   // The address calculator's window; null while it is closed.
   [[nodiscard]] tarvelo::Calc166* AddressCalculator() const { return calculator_; }
 
-  // Opens a file named on the command line once the window is shown.
-  void OpenWhenShown(const std::string& name);
+  // Opens files named on the command line once the window is shown.
+  void OpenWhenShown(const std::vector<std::string>& names);
 
   // Switches everything to a language: fonts, settings, captions, menu tick.
   void ApplyLang(const Language& language);
@@ -96,6 +96,7 @@ class Main final : public wxFrame, private Frame {
   void ShowWhatLies(Offset offset) override;
   void FollowInHex(Offset start, Offset size) override;
   void OpenDump(const std::filesystem::path& path) override { dumps_->OpenChosen(path); }
+  void OpenInNewWindow(const std::filesystem::path& dump, const std::filesystem::path& patch) override;
   void AddInformation(const std::string& lines) override;
   void AddInformation(const std::string& name, const std::string& body) override;
   void AddPatch(Text command, Offset changedBytes, std::size_t all,
@@ -169,7 +170,7 @@ class Main final : public wxFrame, private Frame {
   WhatLiesWindow* whatLies_ = nullptr;
   std::unique_ptr<wxEventFilter> mouseButtons_;
   Document::Watch watch_;
-  std::string openWhenIdle_;
+  std::vector<std::string> openWhenIdle_;
   std::optional<WindowPlace> place_;
 };
 

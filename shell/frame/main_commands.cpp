@@ -85,11 +85,11 @@ void Main::Run(int id) {
   panels_->CheckMenu();
 }
 
-void Main::OpenWhenShown(const std::string& name) {
-  openWhenIdle_ = name;
+void Main::OpenWhenShown(const std::vector<std::string>& names) {
+  openWhenIdle_ = names;
   Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
     event.Skip();
-    if (const std::string file = std::exchange(openWhenIdle_, {}); !file.empty()) dumps_->OpenNamed(file);
+    for (const std::string& file : std::exchange(openWhenIdle_, {})) dumps_->OpenNamed(file);
   });
 }
 
@@ -134,10 +134,16 @@ void Main::PanelBar_Click() {
   sheet_->Layout();
 }
 
-// The new window belongs to a process of its own, which keeps a fault in one from the other.
 void Main::OpenInNewWindow_Click() {
   const auto path = AskForDump(bench_, Text::OpenInNewWindow, document_.Path());
-  if (path) launcher_->shel(quot(PathText(ProgramFile())) + " " + quot(PathText(*path)));
+  if (path) OpenInNewWindow(*path, {});
+}
+
+// The new window belongs to a process of its own, which keeps a fault in one from the other.
+void Main::OpenInNewWindow(const std::filesystem::path& dump, const std::filesystem::path& patch) {
+  std::string command = quot(PathText(ProgramFile())) + " " + quot(PathText(dump));
+  if (!patch.empty()) command += " " + quot(PathText(patch));
+  launcher_->shel(command);
 }
 
 void Main::SaveText_Click() {

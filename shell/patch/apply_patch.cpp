@@ -34,11 +34,14 @@ std::optional<ReadPatch> ReadPatchFile(Workbench& bench, const std::filesystem::
 struct Words {
   Text done;
   Text allThere;
-  Text thereLabel;  // of the number of lines that need nothing
+  MisfitWords misfits;
 };
 
-constexpr Words applying{Text::PatchAppliedLabel, Text::PatchAlreadyApplied, Text::AppliedLinesLabel};
-constexpr Words takingOut{Text::PatchTakenOutLabel, Text::PatchNotCarried, Text::NotCarriedLinesLabel};
+constexpr Words applying{Text::PatchAppliedLabel, Text::PatchAlreadyApplied, {}};
+constexpr Words takingOut{
+    Text::PatchTakenOutLabel,
+    Text::PatchNotCarried,
+    {Text::TakeOutPatch, Text::TakeOutFittingLines, Text::Cancel, Text::NotCarriedLinesLabel}};
 
 // Tells about a patch with the name of its file, if it has one.
 void TellAbout(Workbench& bench, const std::string& text, const std::filesystem::path& file) {
@@ -58,7 +61,7 @@ void WriteChanges(Workbench& bench, const std::vector<Change>& changes, const Mi
   const auto tellNumber = [&](Text message, std::size_t number) {
     if (number > 0) told.append("\n").append(texts.Msg(message)).append(std::to_string(number));
   };
-  tellNumber(words.thereLabel, misfits.Applied());
+  tellNumber(words.misfits.applied, misfits.Applied());
   tellNumber(Text::MisfitLinesLabel, misfits.Count());
   TellAbout(bench, told, file);
 }
@@ -67,7 +70,7 @@ void Apply(Workbench& bench, const ReadPatch& patch, const Words& words, const s
   std::optional<wxBusyCursor> wait(std::in_place);
   const Fullflash& image = bench.document.Image();
   const PatchCheck check = CheckPatch(patch.changes, image);
-  const MisfitTable misfits(patch, check, image, bench.texts, words.thereLabel);
+  const MisfitTable misfits(patch, check, image, bench.texts, words.misfits);
   wait.reset();
   const auto tell = [&](Text text) { TellAbout(bench, std::string(bench.texts.Msg(text)), file); };
   if (misfits.Count() == 0 && patch.changes.empty()) return tell(Text::PatchWithoutChanges);

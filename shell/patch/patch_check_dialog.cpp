@@ -19,11 +19,11 @@
 namespace tarvelo {
 
 PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, const MisfitTable& misfits)
-    : wxDialog(parent, wxID_ANY, wxString(productName) + " - " + Wx(messages.Msg(Text::ApplyPatchFile)),
+    : wxDialog(parent, wxID_ANY, wxString(productName) + " - " + Wx(messages.Msg(misfits.Words().title)),
                wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       list_(new ListView(this)) {
   list_->SetMinSize(FromDIP(wxSize(300, 140)));
-  list_->Recaption(messages, Text::ApplyPatchFile);
+  list_->Recaption(messages, misfits.Words().title);
   list_->SetRows(misfits.Rows());
   const int gap = FromDIP(8);
   auto* column = new wxBoxSizer(wxVERTICAL);
@@ -31,7 +31,7 @@ PatchCheckDialog::PatchCheckDialog(wxWindow* parent, const Messages& messages, c
     column->Add(MakeHeader(messages, Wx(header)), 0, wxEXPAND | wxLEFT | wxTOP | wxRIGHT, gap);
   column->Add(new wxStaticText(this, wxID_ANY, Wx(misfits.Summary())), 0, wxEXPAND | wxALL, gap);
   column->Add(list_, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
-  column->Add(MakeButtons(messages, misfits.Fitting() > 0), 0, wxEXPAND | wxALL, gap);
+  column->Add(MakeButtons(messages, misfits), 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(column);  // the minimum size
   FitScreen();
 }
@@ -47,10 +47,10 @@ wxTextCtrl* PatchCheckDialog::MakeHeader(const Messages& messages, const wxStrin
   return header;
 }
 
-wxSizer* PatchCheckDialog::MakeButtons(const Messages& messages, bool canApply) {
-  auto* apply = new wxButton(this, wxID_OK, Wx(messages.Msg(Text::ApplyFittingLines)));
-  auto* leave = new wxButton(this, wxID_CANCEL, Wx(messages.Msg(Text::DontApply)));
-  apply->Enable(canApply);
+wxSizer* PatchCheckDialog::MakeButtons(const Messages& messages, const MisfitTable& misfits) {
+  auto* apply = new wxButton(this, wxID_OK, Wx(messages.Msg(misfits.Words().accept)));
+  auto* leave = new wxButton(this, wxID_CANCEL, Wx(messages.Msg(misfits.Words().leave)));
+  apply->Enable(misfits.Fitting() > 0);
   SetEscapeId(wxID_CANCEL);
   leave->SetDefault();
   leave->SetFocus();

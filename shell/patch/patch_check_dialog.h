@@ -1,4 +1,4 @@
-// Lists the lines of a patch that do not fit and asks whether to apply the others.
+// Lists the lines of a patch that do not fit and asks whether to apply the others, or to take them out.
 #pragma once
 
 #include <wx/dialog.h>
@@ -9,7 +9,7 @@ class ListView;
 class Messages;
 class MisfitTable;
 
-// ShowModal returns wxID_OK if the lines that fit are to be applied.
+// ShowModal returns wxID_OK if the lines that fit are to be written.
 class PatchCheckDialog final : public wxDialog {
  public:
   // The misfits must outlive the dialog; `parent` may be null.
@@ -19,7 +19,7 @@ class PatchCheckDialog final : public wxDialog {
 
  private:
   [[nodiscard]] wxTextCtrl* MakeHeader(const Messages& messages, const wxString& text);
-  [[nodiscard]] wxSizer* MakeButtons(const Messages& messages, bool canApply);
+  [[nodiscard]] wxSizer* MakeButtons(const Messages& messages, const MisfitTable& misfits);
   void FitScreen();
 
   ListView* list_;

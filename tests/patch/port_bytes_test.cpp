@@ -315,6 +315,44 @@ TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
   }
 }
 
+// The function in front of it is gone, so that it is the first one.
+TEST(PortFirst, HasNothingInFront) {
+  const std::string source = Body(1, "F2 F4 word:near");
+  Linked old({{"gone", Body(6, "F2 F4 word:u")}, {"first", source}}, {{"near", 0x8000}});
+  Linked now({{"first", source}}, {{"near", 0x8002}});
+  const Offset at = old.At("first");
+  const PatchChange change{0, {at, old.Bytes("E0 25"), {0xCC, 0}}};
+  const auto ported = Port(old, old.Image(), now, now.Image(), {change}, {});
+  EXPECT_EQ(ported[0].refusal, PortRefusal::NotUnique);  // 22 instructions and no evidence
+}
+
+// Three lines, the last two in data of one piece.
+TEST_F(PortBytes, AreNotMadeAfterAStop) {
+  struct Stopper final : Progress {
+    void Start(std::int64_t, std::int64_t end) override { changes = end; }
+    void At(std::int64_t position) override { at.push_back(position); }
+    void Finish() override { ++finished; }
+    bool StopAsked() override { return at.size() == 2; }
+
+    std::int64_t changes = 0;
+    std::vector<std::int64_t> at;
+    int finished = 0;
+  };
+  const Fullflash before{tarvelo::Bytes(old.Image())}, after{tarvelo::Bytes(now.Image())};
+  const CodeUnits oldUnits = GetCodeUnits(before, old.Functions());
+  const CodeUnits newUnits = GetCodeUnits(after, now.Functions());
+  NoProgress none;
+  const CodePairing pairing(oldUnits, base, newUnits, base, none);
+  const std::vector<PatchChange> changes{ChangeOf(old.At("first"), {0xCC, 0}),
+                                         ChangeOf(old.At("text") + 4, {1}), ChangeOf(old.At("text") + 5, {2})};
+  Stopper stopper;
+  Interruptible progress(stopper);
+  EXPECT_THROW((void)PortChanges(changes, before, after, pairing, progress), Stopped);
+  EXPECT_EQ(stopper.at, (std::vector<std::int64_t>{0, 1}));
+  EXPECT_EQ(stopper.changes, 3);
+  EXPECT_EQ(stopper.finished, 1);
+}
+
 // In 16 MiB two words may be an address with a segment as well as one with a page.
 TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
   const std::vector<std::uint8_t> bytes(0x1000000, 0xFF), erased(4, 0xFF);
@@ -330,7 +368,7 @@ TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
   maps.code = maps.data = [&](std::uint32_t address) {
     return static_cast<std::uint32_t>(maps.areas.NewOf(address).value_or(0));
   };
-  const auto moved = [&](std::uint32_t high) { return MovePair(0x1234, high, image, pairing, maps).words; };
+  const auto moved = [&](std::uint32_t high) { return MovePair(0x1234, high, true, image, pairing, maps).words; };
   now.Write(0x301234, std::vector<std::uint8_t>{0});
   maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
   EXPECT_EQ(moved(0x30), std::pair(0x1234u, 0x41u));

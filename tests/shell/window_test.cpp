@@ -171,6 +171,8 @@ TEST(Options, AreAnswered) {
   EXPECT_EQ(AnswerTo("--version", Messages()), "Tarvelo v" TARVELO_VERSION);
   EXPECT_TRUE(AnswerTo("--help", Messages())->starts_with("tarvelo FILE"));
   EXPECT_FALSE(AnswerTo("dump.bin", Messages()));
+  EXPECT_EQ(WindowsFor({"a.qpt", "b.qpt", "c.bin", "d.QPT", "e.qpt", "f.fls"}),
+            (std::vector<FilesOfWindow>{{"a.qpt"}, {"b.qpt"}, {"c.bin", "d.QPT"}, {"e.qpt"}, {"f.fls"}}));
 }
 
 // Texts that differ only behind their first 16 or 32 bytes, and equal ones, which keep their order.
