@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "core/byte_text.h"
+#include "core/dump.h"
 #include "core/fullflash.h"
+#include "core/identification.h"
 #include "core/progress.h"
 #include "image_builder.h"
 
@@ -22,6 +24,12 @@ inline NoProgress noProgress;
 inline constexpr std::size_t mebi = 0x100000;
 
 inline Fullflash ImageOf(ImageBuilder builder) { return Fullflash(Bytes(std::move(builder).Take())); }
+
+inline Dump DumpOf(ImageBuilder builder) {
+  Dump dump{ImageOf(std::move(builder)), {}, {}};
+  dump.info = Identify(dump.image);
+  return dump;
+}
 
 // An image of erased bytes.
 inline Fullflash Erased(std::size_t size) { return ImageOf(ImageBuilder(size)); }

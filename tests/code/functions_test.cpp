@@ -247,36 +247,23 @@ TEST(Functions, AreNoneOfLargeImages) {
 // Each takes a moment, however its instructions hang together.
 TEST(Functions, OfAnyBytesAreSound) {
   std::mt19937 random(1);
-  const auto target = [&] { return (random() % 0x100000) & 0xFFFF8; };
+  const auto any = [&] { return static_cast<std::uint32_t>(random()); };
+  const auto place = [&] { return any() % 0x100000 & 0xFFFF8; };
+  const auto call = [&](std::uint32_t to) { return 0xF0DA + (to >> 16 << 8) + (to << 16); };
+  constexpr std::uint8_t usual[] = {0xDB, 0, 0xDA, 0xF0, 0x0D, 0xE6, 0xEA, 0xCC, 0x9C, 2, 4, 0xED};
+  const auto byte = [&] { return std::uint32_t{usual[any() % std::size(usual)]}; };
   const std::pair<const char*, std::function<std::uint32_t(std::size_t)>> images[] = {
-      {"random", [&](std::size_t) { return static_cast<std::uint32_t>(random()); }},
+      {"random", [&](std::size_t) { return any(); }},
       {"returns", [](std::size_t) { return 0x00DB00DBu; }},
-      {"calls",
-       [&](std::size_t) {
-         const auto t = target();
-         return 0xF0DAu + (t >> 16 << 8) + (t << 16);
-       }},
-      {"calls and returns",
-       [&](std::size_t p) {
-         const auto t = target();
-         return p % 8 == 4 ? 0x00DB00CCu : static_cast<std::uint32_t>(0xF0DAu + (t >> 16 << 8) + (t << 16));
-       }},
-      {"pointers",
-       [&](std::size_t) {
-         const auto t = target();
-         return (t & 0xFFFF) + ((0xF0 + (t >> 16)) << 16);
-       }},
-      {"jumps", [&](std::size_t) { return 0x003D00BBu + (random() % 256 << 8) + (random() % 256 << 24); }},
-      {"usual bytes", [&](std::size_t) {
-         constexpr std::uint8_t usual[] = {0xDB, 0, 0xDA, 0xF0, 0x0D, 0xE6, 0xEA, 0xCC, 0x9C, 2, 4, 0xED};
-         std::uint32_t word = 0;
-         for (int i = 0; i < 4; ++i) word = word << 8 | usual[random() % std::size(usual)];
-         return word;
-       }}};
+      {"calls", [&](std::size_t) { return call(place()); }},
+      {"calls and returns", [&](std::size_t p) { return p % 8 == 4 ? 0x00DB00CCu : call(place()); }},
+      {"pointers", [&](std::size_t) { return place() + 0xF00000; }},
+      {"jumps", [&](std::size_t) { return 0x003D00BBu + (any() & 0xFF00FF00); }},
+      {"usual bytes", [&](std::size_t) { return byte() << 24 | byte() << 16 | byte() << 8 | byte(); }}};
   for (const auto& [name, word] : images) {
     SCOPED_TRACE(name);
     ImageBuilder builder(0x100000);
-    for (std::size_t p = 0; p < builder.Size(); p += 4) builder.DWord(p, static_cast<std::uint32_t>(word(p)));
+    for (std::size_t p = 0; p < builder.Size(); p += 4) builder.DWord(p, word(p));
     const Fullflash image = ImageOf(std::move(builder));
     ExpectSound(GetFunctions(image, noProgress), image);
   }

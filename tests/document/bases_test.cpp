@@ -32,9 +32,7 @@ Dump DumpOf(const char* model, std::size_t size) {
   for (std::size_t p = 0x2100; p < 0x2160; p += 4) image.DWord(p, p % 16 == 0 ? 0x00640064 : 0);
   image.Pointer(0x2130, 0x2200);
   image.Text(0x2200, "MThd");
-  Dump dump{ImageOf(std::move(image)), {}, {}};
-  dump.info = Identify(dump.image);
-  return dump;
+  return DumpOf(std::move(image));
 }
 
 class Bases : public testing::TestWithParam<std::pair<const char*, std::size_t>> {
@@ -87,8 +85,7 @@ TEST(BasesOfALargeImage, Differ) {
   PutHeader(image, "A52");
   PutBlock(image, 0x1000010 - 0x100, liveBlockState, 71, 0, 0x20);
   image.DWord(0x1000010 - 0x100 + 4, 0xF65678);
-  Dump dump{ImageOf(std::move(image)), {}, {}};
-  dump.info = Identify(dump.image);
+  const Dump dump = DumpOf(std::move(image));
   ASSERT_EQ(dump.image.CorrBase(), 0x800000);
   const Findings found = FindExplorer("eeprom")->search(dump, noProgress);
   const BlockStore& store = found.As<EepromFindings>().store;
@@ -103,8 +100,7 @@ TEST(EepromExplorer, SearchesAC60Whole) {
     ImageBuilder image(0x900000);
     PutHeader(image, model);
     PutBlock(image, 0x1000, liveBlockState, 71, 0x8F0000, 0x20);
-    Dump dump{ImageOf(std::move(image)), {}, {}};
-    dump.info = Identify(dump.image);
+    const Dump dump = DumpOf(std::move(image));
     const Explorer& eeprom = *FindExplorer("eeprom");
     EXPECT_EQ(eeprom.count(eeprom.search(dump, noProgress)), model == std::string_view("C60") ? 1u : 0u)
         << model;
