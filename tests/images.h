@@ -21,6 +21,17 @@ inline Data operator""_hex(const char* digits, std::size_t size) { return ReadHe
 
 inline NoProgress noProgress;
 
+// A user who stops a run after some positions.
+struct Impatient final : Progress {
+  explicit Impatient(int most) : patience(most) {}
+  void Start(std::int64_t, std::int64_t) override {}
+  void At(std::int64_t) override { ++positions; }
+  void Finish() override { ++finished; }
+  bool StopAsked() override { return positions >= patience; }
+
+  int patience, positions = 0, finished = 0;
+};
+
 inline constexpr std::size_t mebi = 0x100000;
 
 inline Fullflash ImageOf(ImageBuilder builder) { return Fullflash(Bytes(std::move(builder).Take())); }

@@ -2,7 +2,6 @@
 // the user sees from the corrected one.
 #include <gtest/gtest.h>
 
-#include "core/calculator.h"
 #include "core/places.h"
 #include "document/dump_map.h"
 #include "document/explorers.h"
@@ -72,11 +71,6 @@ TEST_P(Bases, PlacesCountFromTheCorrectedBase) {
   EXPECT_EQ(AddressText(dump.image, 0x12345), "204:2345");
   EXPECT_EQ(ReadPlace("204:2345", PlaceKind::AsOffset, dump.image), 0x12345);
   EXPECT_EQ(ReadPlace("812345", PlaceKind::AsAddress, dump.image), 0x12345);
-  const std::string fields = "204 2345 812345 12345";
-  for (const AddressFields& f :
-       {FromAddr(0x812345, dump.image.CorrBase()), FromPage(0x204, 0x2345, dump.image.CorrBase()),
-        FromAdFF(0x12345, dump.image.CorrBase())})
-    EXPECT_EQ(f.Page + " " + f.Offs + " " + f.Addr + " " + f.AdFF, fields);
 }
 
 // A linear pointer counts from the corrected base, what it leads to from the loading base.

@@ -35,7 +35,7 @@ TEST(GetP, ListsATableAndItsColumns) {
   EXPECT_EQ(TabSeparated(PictureRows(list).All(), "\n"),
             "P\tN/P\tN\tX\tY\tB\tOffset\tSize\tUncomp\tPIT\n"
             "1\t000\t   0\t  4\t  4\t 1\t080000\t    1\t    4\t001002\n"
-            "1\t001\t   1\t101\t 80\t16\t080010\t    0\t16160\t00100A\n"
+            "1\t001\t   1\t101\t 80\t16\t080010\t24240\t16160\t00100A\n"  // FF: one pixel, 3 bytes
             "1\t002\t   2\t200\t100\t 8\t012345\t20000\t\t001012\n");
   EXPECT_EQ(list.pictures[1].Caption(), " 1.  101 * 80 * 16 (comp) ");
   EXPECT_EQ(list.pictures[2].Caption(), " 2.  200 * 100 * 8 ");
