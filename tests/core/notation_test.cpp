@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "core/byte_text.h"
+#include "core/calculator.h"
 #include "core/table.h"
 
 namespace tarvelo {
