@@ -6,7 +6,6 @@
 #include "fuzz/target.h"
 #include "tests/images.h"
 #include "tests/temporary_folder.h"
-#include "text/unicode.h"
 
 namespace tarvelo::fuzz {
 namespace {

@@ -7,7 +7,6 @@
 #include "document/map_kinds.h"
 #include "document/map_table.h"
 #include "fuzz/target.h"
-#include "text/unicode.h"
 
 namespace tarvelo::fuzz {
 namespace {

@@ -8,7 +8,6 @@
 #include "files/file_table.h"
 #include "files/file_text.h"
 #include "fuzz/target.h"
-#include "text/unicode.h"
 
 namespace tarvelo::fuzz {
 namespace {

@@ -1,6 +1,5 @@
 // Arbitrary bytes as a settings file: reads it, then writes one key, which must leave all other lines
 // unchanged.
-#include "core/file.h"
 #include "fuzz/target.h"
 #include "shell/platform/ini.h"
 #include "tests/temporary_folder.h"

@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "core/byte_text.h"
+#include "core/dump.h"
 #include "core/fullflash.h"
+#include "core/identification.h"
 #include "core/progress.h"
 #include "image_builder.h"
 
@@ -19,9 +21,26 @@ inline Data operator""_hex(const char* digits, std::size_t size) { return ReadHe
 
 inline NoProgress noProgress;
 
+// A user who stops a run after some positions.
+struct Impatient final : Progress {
+  explicit Impatient(int most) : patience(most) {}
+  void Start(std::int64_t, std::int64_t) override {}
+  void At(std::int64_t) override { ++positions; }
+  void Finish() override { ++finished; }
+  bool StopAsked() override { return positions >= patience; }
+
+  int patience, positions = 0, finished = 0;
+};
+
 inline constexpr std::size_t mebi = 0x100000;
 
 inline Fullflash ImageOf(ImageBuilder builder) { return Fullflash(Bytes(std::move(builder).Take())); }
+
+inline Dump DumpOf(ImageBuilder builder) {
+  Dump dump{ImageOf(std::move(builder)), {}, {}};
+  dump.info = Identify(dump.image);
+  return dump;
+}
 
 // An image of erased bytes.
 inline Fullflash Erased(std::size_t size) { return ImageOf(ImageBuilder(size)); }

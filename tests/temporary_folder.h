@@ -6,7 +6,6 @@
 #include <iterator>
 #include <random>
 #include <string>
-#include <string_view>
 
 namespace tarvelo {
 

@@ -74,17 +74,10 @@ TEST_F(CodeCommands, RefsPrintsPlaces) {
 }
 
 TEST_F(CodeCommands, RefuseWhatTheyCannotDo) {
-  for (const std::vector<std::string>& wrong :
-       std::vector<std::vector<std::string>>{{"disasm", dump, "xyz"},
-                                             {"disasm", dump, ""},
-                                             {"disasm", dump, "0", "--count", "0"},
-                                             {"disasm", dump, "0", "--count", "-1"},
-                                             {"refs", dump},
-                                             {"refs", dump, ""},
-                                             {"refs", dump, "0", "--dpp1", ""},
-                                             {"refs", dump, "0", "--dpp3", "400"},
-                                             {"disasm", "-", "0"}})
-    EXPECT_EQ(Call(wrong).status, wrongArguments) << wrong.back();
+  for (const char* wrong :
+       {"disasm DUMP xyz", "disasm DUMP NONE", "disasm DUMP 0 --count 0", "disasm DUMP 0 --count -1",
+        "refs DUMP", "refs DUMP NONE", "refs DUMP 0 --dpp1 NONE", "refs DUMP 0 --dpp3 400", "disasm - 0"})
+    EXPECT_EQ(Call(WordsOf(wrong, {{"DUMP", dump}, {"NONE", ""}})).status, wrongArguments) << wrong;
   for (const std::string command : {"disasm", "refs"}) {
     const Result outside = Call({command, dump, "800000"});
     EXPECT_EQ(outside.status, scanFault);

@@ -297,12 +297,8 @@ TEST_F(CommandLine, WrongArgumentsEndWithTwoAndOneLine) {
       {"export eeprom DUMP", {"--number 0x10", "--format bmp"}},
   };
   for (const auto& [command, rests] : wrong)
-    for (const std::string rest : rests) {
-      std::istringstream words(command + (" " + rest));
-      std::vector<std::string>& call = calls.emplace_back();
-      for (std::string word; words >> word;)
-        call.push_back(word == "DUMP" ? dump : word == "BOOK" ? book : word);
-    }
+    for (const std::string rest : rests)
+      calls.push_back(WordsOf(command + (" " + rest), {{"DUMP", dump}, {"BOOK", book}}));
   for (const auto& call : calls) {
     SCOPED_TRACE(testing::PrintToString(call));
     const Result result = Call(call);

@@ -128,17 +128,14 @@ TEST_F(PatchCommands, NothingIsWrittenIfALineDoesNotFit) {
 
 TEST_F(PatchCommands, InputFilesAreNotOverwritten) {
   ASSERT_EQ(Call({"diff", one, other, "--patch", patch}), done);
-  const std::vector<std::string> calls[] = {
-      {"apply", one, patch, "--output", one},
-      {"apply", one, patch, "--output", PathText(folder / "." / "a.qpt")},
-      {"apply", one, patch, "--output", "-"},
-      {"apply", one, patch},
-      {"apply", one, "-", "--output", made},
-      {"diff", one, other, "--patch", other},
-      {"diff", one, other, "--patch", ""},
-      {"diff", one},
-      {"diff", one, "-"}};
-  for (const auto& call : calls) EXPECT_EQ(Call(call), wrongArguments) << call[0] << " " << call.back();
+  const std::map<std::string, std::string> files{
+      {"ONE", one}, {"OTHER", other}, {"PATCH", patch},
+      {"NONE", ""}, {"MADE", made},   {"SAME", PathText(folder / "." / "a.qpt")}};
+  for (const char* call :
+       {"apply ONE PATCH --output ONE", "apply ONE PATCH --output SAME", "apply ONE PATCH --output -",
+        "apply ONE PATCH", "apply ONE - --output MADE", "diff ONE OTHER --patch OTHER",
+        "diff ONE OTHER --patch NONE", "diff ONE", "diff ONE -"})
+    EXPECT_EQ(Call(WordsOf(call, files)), wrongArguments) << call;
   EXPECT_EQ(Call({"apply", one, made, "--output", made}), fileTrouble);
   EXPECT_EQ(Call({"diff", one, made}), fileTrouble);
   EXPECT_EQ(Call({"diff", one, other, "--patch", PathText(folder / "no" / "a")}), fileTrouble);

@@ -107,14 +107,11 @@ TEST_F(Versions, TheSecondFirmwareIsWritten) {
 }
 
 TEST_F(Versions, ContradictingArgumentsAreRefused) {
-  for (const std::vector<std::string>& call :
-       {std::vector<std::string>{"diff", "--code", "--from-start", one, two},
-        {"diff", "--code", one, two, "--patch", one + ".qpt"},
-        {"demo", one + "x", "--version", "2", "--large"},
-        {"demo", one + "x", "--version", "3"},
-        {"names", two},
-        {"names", two, one, "--from", one}})
-    EXPECT_EQ(Call(call).status, wrongArguments) << call.back();
+  for (const char* call :
+       {"diff --code --from-start ONE TWO", "diff --code ONE TWO --patch NEW", "demo NEW --version 2 --large",
+        "demo NEW --version 3", "names TWO", "names TWO ONE --from ONE"})
+    EXPECT_EQ(Call(WordsOf(call, {{"ONE", one}, {"TWO", two}, {"NEW", one + "x"}})).status, wrongArguments)
+        << call;
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "core/progress.h"
 #include "image_builder.h"
 
 namespace tarvelo {

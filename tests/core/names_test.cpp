@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/file.h"
 #include "temporary_folder.h"
 
 namespace tarvelo {

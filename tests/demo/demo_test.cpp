@@ -4,7 +4,6 @@
 #include <numeric>
 #include <span>
 
-#include "code/functions.h"
 #include "core/identification.h"
 #include "demo/demo_image.h"
 #include "demo/demo_random.h"
@@ -37,24 +36,6 @@ TEST(DemoImage, IsIdentifiedAndTheSameEverywhere) {
     EXPECT_FALSE(info.buildDate.empty());
     EXPECT_EQ(info.t9.has_value(), kind != DemoKind::Large);
   }
-}
-
-// The service menu: helpers, tests that only a table names, the loop that the system starts.
-TEST(DemoImage, HasFunctionsThatCallOneAnother) {
-  const Fullflash image{Bytes(DemoImage())};
-  NoProgress progress;
-  const FunctionList functions = GetFunctions(image, progress);
-  constexpr Function expected[] = {{{0x314000, 14}, 1}, {{0x31400E, 12}, 4}, {{0x31401A, 30}, 1},
-                                   {{0x314038, 16}, 1}, {{0x314048, 8}, 1},  {{0x314050, 26}, 0},
-                                   {{0x31406A, 22}, 0}, {{0x314080, 20}, 0}, {{0x314094, 38}, 1},
-                                   {{0x3140BA, 24}, 1}, {{0x3140D2, 30}, 0}};
-  for (const Function& each : expected) {
-    const Function* const function = functions.Entry(each.code.offset);
-    ASSERT_NE(function, nullptr) << each.code.offset;
-    EXPECT_EQ(function->code.size, each.code.size) << each.code.offset;
-    EXPECT_EQ(function->calls, each.calls) << each.code.offset;
-  }
-  EXPECT_GT(functions.All().size(), 15000u);
 }
 
 Bitmap Decoded(const EncodedPicture& encoded) {

@@ -2,7 +2,6 @@
 // the user sees from the corrected one.
 #include <gtest/gtest.h>
 
-#include "core/calculator.h"
 #include "core/places.h"
 #include "document/dump_map.h"
 #include "document/explorers.h"
@@ -32,9 +31,7 @@ Dump DumpOf(const char* model, std::size_t size) {
   for (std::size_t p = 0x2100; p < 0x2160; p += 4) image.DWord(p, p % 16 == 0 ? 0x00640064 : 0);
   image.Pointer(0x2130, 0x2200);
   image.Text(0x2200, "MThd");
-  Dump dump{ImageOf(std::move(image)), {}, {}};
-  dump.info = Identify(dump.image);
-  return dump;
+  return DumpOf(std::move(image));
 }
 
 class Bases : public testing::TestWithParam<std::pair<const char*, std::size_t>> {
@@ -74,11 +71,6 @@ TEST_P(Bases, PlacesCountFromTheCorrectedBase) {
   EXPECT_EQ(AddressText(dump.image, 0x12345), "204:2345");
   EXPECT_EQ(ReadPlace("204:2345", PlaceKind::AsOffset, dump.image), 0x12345);
   EXPECT_EQ(ReadPlace("812345", PlaceKind::AsAddress, dump.image), 0x12345);
-  const std::string fields = "204 2345 812345 12345";
-  for (const AddressFields& f :
-       {FromAddr(0x812345, dump.image.CorrBase()), FromPage(0x204, 0x2345, dump.image.CorrBase()),
-        FromAdFF(0x12345, dump.image.CorrBase())})
-    EXPECT_EQ(f.Page + " " + f.Offs + " " + f.Addr + " " + f.AdFF, fields);
 }
 
 // A linear pointer counts from the corrected base, what it leads to from the loading base.
@@ -87,8 +79,7 @@ TEST(BasesOfALargeImage, Differ) {
   PutHeader(image, "A52");
   PutBlock(image, 0x1000010 - 0x100, liveBlockState, 71, 0, 0x20);
   image.DWord(0x1000010 - 0x100 + 4, 0xF65678);
-  Dump dump{ImageOf(std::move(image)), {}, {}};
-  dump.info = Identify(dump.image);
+  const Dump dump = DumpOf(std::move(image));
   ASSERT_EQ(dump.image.CorrBase(), 0x800000);
   const Findings found = FindExplorer("eeprom")->search(dump, noProgress);
   const BlockStore& store = found.As<EepromFindings>().store;
@@ -103,8 +94,7 @@ TEST(EepromExplorer, SearchesAC60Whole) {
     ImageBuilder image(0x900000);
     PutHeader(image, model);
     PutBlock(image, 0x1000, liveBlockState, 71, 0x8F0000, 0x20);
-    Dump dump{ImageOf(std::move(image)), {}, {}};
-    dump.info = Identify(dump.image);
+    const Dump dump = DumpOf(std::move(image));
     const Explorer& eeprom = *FindExplorer("eeprom");
     EXPECT_EQ(eeprom.count(eeprom.search(dump, noProgress)), model == std::string_view("C60") ? 1u : 0u)
         << model;

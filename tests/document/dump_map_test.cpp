@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <map>
 #include <numeric>
-#include <random>
 #include <set>
 #include <sstream>
 
@@ -26,16 +24,13 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-DumpMap MapOf(Fullflash image) {
-  Dump dump{std::move(image), {}, {}};
-  dump.info = Identify(dump.image);
+DumpMap MapOf(const ImageBuilder& image) {
+  const Dump dump = DumpOf(image);
   std::map<const Explorer*, Findings> found;
   return MapDump(dump, [&](const Explorer& explorer) -> const Findings& {
     return found.emplace(&explorer, explorer.search(dump, noProgress)).first->second;
   });
 }
-
-DumpMap MapOf(const ImageBuilder& image) { return MapOf(ImageOf(image)); }
 
 // "offset size what" of each region, the offset in hexadecimal.
 Lines LinesOf(const DumpMap& map) {
@@ -95,9 +90,7 @@ TEST(DumpMap, HasHeadersBlocksErasedRegionsAndTheT9Area) {
              "61180 126336 unknown", "7ff00 256 firmware header", "80000 65280 unknown", "8ff00 256 erased",
              "90000 131072 empty blocks", "b0000 256 erased", "b0100 327424 unknown"}));
   // Nothing else goes into free space of T9 or a flash block with EEPROM.
-  Dump dump{ImageOf(image), {}, {}};
-  dump.info = Identify(dump.image);
-  const std::vector<Region> used = UsedAreas(dump, noProgress);
+  const std::vector<Region> used = UsedAreas(DumpOf(image), noProgress);
   for (const Region& region : {Region{0x2F000, 0x1000}, {0x60000, 0x10000}})
     EXPECT_NE(std::ranges::find(used, region), used.end()) << region.offset;
 }
@@ -231,18 +224,7 @@ TEST(DumpMap, TilesEveryImage) {
     SCOPED_TRACE(crafted.name);
     ExpectTiles(MapOf(crafted.Build()), crafted.size);
   }
-  constexpr std::array<std::uint8_t, 14> usual{0, 0, 0, 1, 2, 4, 4, 0x81, 0x34, 0xFF, 0xFC, 0xF6, 'T', '9'};
-  std::mt19937 random(8);
-  for (int round = 0; round < 300; ++round) {
-    Data bytes(2 + random() % 0x22000);
-    for (std::uint8_t& byte : bytes) byte = usual[random() % usual.size()];
-    for (int run = 0; run < 5; ++run) {
-      const std::size_t begin = random() % bytes.size();
-      std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(begin),
-                  std::min<std::size_t>(bytes.size() - begin, random() % 0x3000), usual[random() % 14]);
-    }
-    ExpectTiles(MapOf(Fullflash(bytes)), bytes.size());
-  }
+  for (std::size_t size = 2; size < 0x100; ++size) ExpectTiles(MapOf(ImageBuilder(size)), size);
 }
 
 }  // namespace

@@ -14,12 +14,6 @@
 namespace tarvelo {
 namespace {
 
-Dump DumpOf(const CraftedImage& crafted) {
-  Dump dump{ImageOf(crafted.Build()), {}, {}};
-  dump.info = Identify(dump.image);
-  return dump;
-}
-
 std::vector<Claim> ClaimsOf(const Explorer& explorer, const Dump& dump, const Findings& found) {
   std::vector<Claim> claims;
   if (explorer.claim) explorer.claim(dump, found, [&](const Claim& claim) { claims.push_back(claim); });
@@ -81,7 +75,7 @@ void ExpectListed(const Explorer& explorer, const Dump& dump, const Findings& fo
 
 TEST(Explorers, ListEachRecordAndClaimBytesAsTheirOwnKindsOnly) {
   for (const CraftedImage& crafted : CraftedImages()) {
-    const Dump dump = DumpOf(crafted);
+    const Dump dump = DumpOf(crafted.Build());
     for (const Explorer* explorer : Explorers()) {
       SCOPED_TRACE(std::string(explorer->key) + " in " + crafted.name);
       const Findings found = explorer->search(dump, noProgress);
@@ -96,7 +90,7 @@ TEST(Explorers, ListEachRecordAndClaimBytesAsTheirOwnKindsOnly) {
 
 // In the first image each explorer finds something of every kind that it claims.
 TEST(Explorers, FindSomethingOfEachKind) {
-  const Dump dump = DumpOf(CraftedImages()[0]);
+  const Dump dump = DumpOf(CraftedImages()[0].Build());
   for (const Explorer* explorer : Explorers()) {
     SCOPED_TRACE(explorer->key);
     const Findings found = explorer->search(dump, noProgress);
@@ -121,7 +115,7 @@ TEST(Explorers, KnowWholeOffsetsAbove16MiB) {
   PutPicture(image, PutPicture(image, 0x1100000, 0x34, 0x34, 0x88, 0x1101000), 8, 8, 8, 0x1102000);
   image.Fill(0x1100010, 8, 0);
   for (std::uint8_t i = 0; i < 6; ++i) PutRingtone(image, 0x1103000 + 8u * i, i, 2, 0x1104000 + 8u * i);
-  const Dump dump{ImageOf(std::move(image)), {}, {}};
+  const Dump dump = DumpOf(std::move(image));
   constexpr std::tuple<const char*, std::size_t, Offset, Offset> cases[] = {
       {"eeprom", 0, 0x1170000, 0x60F60000},
       {"pictures", 0, 0x1100000, 0x1101000},
@@ -159,7 +153,7 @@ Explored Explore(const Explorer& explorer, const Dump& dump, VectorUnit unit) {
 
 TEST_P(ExplorersOnEachUnit, FindTheSame) {
   for (const CraftedImage& crafted : CraftedImages()) {
-    const Dump dump = DumpOf(crafted);
+    const Dump dump = DumpOf(crafted.Build());
     for (const Explorer* explorer : Explorers())
       EXPECT_TRUE(Explore(*explorer, dump, VectorUnit::None) == Explore(*explorer, dump, GetParam()))
           << explorer->key << " in " << crafted.name;

@@ -4,7 +4,7 @@
 
 #include "document/document.h"
 #include "document/explorers.h"
-#include "image_builder.h"
+#include "images.h"
 
 namespace tarvelo {
 namespace {
@@ -45,20 +45,12 @@ TEST(Layers, AreAllThatCoversAPlace) {
   EXPECT_EQ(at(100), "");
 }
 
-struct Impatient final : Progress {
-  void Start(std::int64_t, std::int64_t) override {}
-  void At(std::int64_t) override {}
-  void Finish() override { ++finished; }
-  bool StopAsked() override { return true; }
-  int finished = 0;
-};
-
 TEST(Document, KnowsNothingOfAStoppedSearch) {
   const std::vector<std::uint8_t> bytes = ImageBuilder(0x100000).Take();
   Document document;
   document.Open(Fullflash(Bytes(bytes)), "a.bin");
   for (const Explorer* each : Explorers()) {
-    Impatient progress;
+    Impatient progress(0);
     Interruptible stopping(progress);
     EXPECT_THROW((void)document.Find(*each, stopping), Stopped) << each->key;
     EXPECT_EQ(progress.finished, 1);

@@ -15,7 +15,7 @@ namespace {
 // The map and the records of "again.mid" are those of a phone. The root is added.
 TEST(FindFiles, ReadsARewrittenFile) {
   ImageBuilder image(0xE00000);
-  image.Data(0x4269B4, Data{0x20, 0, 0, 0, 0x01, 0, 0xF4, 0x28, 0x89, 0x01});
+  image.Data(0x4269B4, "20000000 0100F428 8901"_hex);
   for (std::uint16_t i = 0; i < 32; ++i) {
     image.Data(0x426834 + 6u * i, Data{0, 0, static_cast<std::uint8_t>(0xD0 + i), 0, 0x40, 0});
     image.Word(image.Word(image.Word(0x4268F4 + 6u * i, 1), static_cast<std::uint16_t>(0x2834 + 6 * i)),
@@ -26,20 +26,16 @@ TEST(FindFiles, ReadsARewrittenFile) {
     image.Data(unit + 0x80, header);
     if (unit != 0xB00000) image.Fill(unit + 0xFFE8, 24, 0);  // two slots of no known state
   }
-  image.Data(0xB9FFDC, Data{0xFC, 0, 0x1A, 0, 0xC6, 0, 0xD9, 0, 0xBC, 0x17, 0, 0xFC});
-  image.Text(image.Data(0xB900C6,
-                        Data{0x4C, 0, 6, 0, 0x55, 0x8F, 0x78, 0x2F, 0x4D, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF}),
-             "again.mid");
-  image.Data(0xB8FFDC, Data{0xFC, 0, 0x4D, 0x01, 0x24, 0x01, 0xD8, 0, 0xBD, 0x17, 0, 0xFC});
-  image.Data(0xB7FFDC, Data{0xF0, 0, 0x1A, 0, 0xBC, 0, 0xD7, 0, 0xBC, 0x17, 0, 0xF0});
-  image.Text(
-      image.Data(0xB700BC, Data{0x4C, 0, 6, 0, 0x01, 0x80, 0x78, 0x2F, 0x4D, 0, 0, 0, 0, 0, 0xFF, 0xFF}),
-      "again.mid");
-  image.Data(0xB6FFDC, Data{0xF0, 0, 0xBC, 0x01, 0xB2, 0x01, 0xD6, 0, 0xBD, 0x17, 0, 0xF0});
+  image.Data(0xB9FFDC, "FC001A00 C600D900 BC1700FC"_hex);
+  image.Text(image.Data(0xB900C6, "4C000600 558F782F 4D000000 FFFFFFFF"_hex), "again.mid");
+  image.Data(0xB8FFDC, "FC004D01 2401D800 BD1700FC"_hex);
+  image.Data(0xB7FFDC, "F0001A00 BC00D700 BC1700F0"_hex);
+  image.Text(image.Data(0xB700BC, "4C000600 0180782F 4D000000 0000FFFF"_hex), "again.mid");
+  image.Data(0xB6FFDC, "F000BC01 B201D600 BD1700F0"_hex);
   // Record 6006 at B00090: the root; record 6007 behind it: its only item is 76.
-  image.Data(0xB0FFF4, Data{0xFC, 0, 0x10, 0, 0x90, 0, 0xD0, 0, 0x76, 0x17, 0, 0xFC});
-  image.Data(0xB0FFE8, Data{0xFC, 0, 0x04, 0, 0xA0, 0, 0xD0, 0, 0x77, 0x17, 0, 0xFC});
-  image.Data(0xB00090, Data{6, 0, 0, 0, 0, 0, 0, 0, 7, 0, 0x10, 0, 0, 0, 0xFF, 0xFF, 76, 0, 0xAB, 0xCD});
+  image.Data(0xB0FFF4, "FC001000 9000D000 761700FC"_hex);
+  image.Data(0xB0FFE8, "FC000400 A000D000 771700FC"_hex);
+  image.Data(0xB00090, "06000000 00000000 07001000 0000FFFF 4C00ABCD"_hex);
 
   const Fullflash flash = ImageOf(std::move(image));
   const FileList list = FindFiles(flash, noProgress);

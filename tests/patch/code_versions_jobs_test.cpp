@@ -2,26 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "core/progress.h"
 #include "demo_versions.h"
+#include "images.h"
 
 namespace tarvelo {
 namespace {
 
-// The user stops a run after a few positions.
-class Impatient final : public Progress {
- public:
-  void Start(std::int64_t, std::int64_t) override {}
-  void At(std::int64_t) override { ++positions; }
-  void Finish() override {}
-  [[nodiscard]] bool StopAsked() override { return positions == 3; }
-
-  int positions = 0;
-};
-
 TEST(CodeVersions, AreStoppedAtOnce) {
   const Fullflash image{Bytes(PartOfDemo(DemoKind::First))};
-  Impatient user;
+  Impatient user(3);
   Interruptible progress(user);
   EXPECT_THROW(CodeVersions(image, image, progress), Stopped);
   EXPECT_EQ(user.positions, 3);

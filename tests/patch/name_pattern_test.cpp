@@ -13,15 +13,15 @@ namespace {
 Fullflash NamedImage() {
   ImageBuilder image(0x100000);
   image.Data(0x1000,
-             Data{0xF0, 0x48, 0xDA, 0xF0, 0x00, 0x20, 0xDB, 0x00});  // MOV R4, R8; CALLS F0:2000; RETS
-  image.Data(0x2000, Data{0xE0, 0x14, 0xDB, 0x00});                  // MOV R4, #1; RETS
+             "F048DAF0 0020DB00"_hex);  // MOV R4, R8; CALLS F0:2000; RETS
+  image.Data(0x2000, "E014DB00"_hex);   // MOV R4, #1; RETS
   image.Data(0x3000,
-             Data{0xE6, 0xFC, 0x34, 0x12, 0xE6, 0xFD, 0xC1, 0x03});  // MOV R12, #1234h; MOV R13, #3C1h
-  image.Data(0x4000, Data{0xD7, 0x40, 0xC2, 0x03, 0xF2, 0xF4, 0x78, 0x56});  // EXTP #3C2h, #1; MOV R4, 5678h
-  image.Data(0x5000, Data{0x77, 0x66, 0x00, 0x20, 0xF0, 0x00});  // behind 7766 a pointer to F0:2000
-  image.Data(0x6000, Data{0xBB, 0x7E, 0x99, 0x88});              // CALLR 60FEh
-  image.Data(0x60FE, Data{0xC0, 0xDE});
-  image.Data(0x7000, Data{0xAB, 0xCD, 0xAB, 0xCD});
+             "E6FC3412 E6FDC103"_hex);          // MOV R12, #1234h; MOV R13, #3C1h
+  image.Data(0x4000, "D740C203 F2F47856"_hex);  // EXTP #3C2h, #1; MOV R4, 5678h
+  image.Data(0x5000, "77660020 F000"_hex);      // behind 7766 a pointer to F0:2000
+  image.Data(0x6000, "BB7E9988"_hex);           // CALLR 60FEh
+  image.Data(0x60FE, "C0DE"_hex);
+  image.Data(0x7000, "ABCDABCD"_hex);
   return ImageOf(std::move(image));
 }
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "images.h"
 #include "patch/patch_lines.h"
 
@@ -84,33 +82,6 @@ TEST(CheckPatch, ReportsTheBytesFound) {
   EXPECT_FALSE(check.Fits());
   EXPECT_FALSE(check.CarriesAll());
   EXPECT_FALSE(CheckPatch({}, image).CarriesAll());
-}
-
-// A patch without misfits leaves the bytes that writing it line by line would leave, and then counts as
-// applied.
-TEST(CheckPatch, AgreesWithWritingLineByLine) {
-  std::mt19937 random(5);
-  int fitting = 0;
-  for (int i = 0; i < 20000; ++i) {
-    std::string text;
-    Data expected(6);
-    for (int line = 0; line < 3; ++line) {
-      const std::size_t offset = random() % 4, size = 1 + random() % 2;
-      std::string from, to;
-      for (std::size_t k = offset; k < offset + size; ++k) {
-        from += random() % 3 ? "00" : "01";
-        expected[k] = random() % 2;
-        to += expected[k] ? "01" : "00";
-      }
-      text += std::to_string(offset) + ": " + from + " " + to + "\n";
-    }
-    Data written;
-    if (FitsOf(text, Data(6), &written).find('M') != std::string::npos) continue;
-    ++fitting;
-    ASSERT_EQ(written, expected) << text;
-    ASSERT_EQ(FitsOf(text, written), "AAA") << text;
-  }
-  EXPECT_GT(fitting, 1000);
 }
 
 }  // namespace
