@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "document/short_texts.h"
+
 namespace tarvelo {
 namespace {
 
@@ -9,16 +11,22 @@ bool IsData(const ClaimKind& kind) {
   return kind.key != "code" && kind.key != "function" && kind.key != "unknown";
 }
 
-// What the map knows to be no code, without its gaps.
-std::vector<Region> DataOf(const DumpMap* map) {
+// What the map knows to be no code, without its gaps, and short texts outside functions.
+std::vector<Region> DataOf(Bytes image, const DumpMap* map) {
   std::vector<Region> data;
   if (!map) return data;
-  for (const Claim& claim : map->regions) {
-    if (!IsData(*claim.kind)) continue;
-    if (!data.empty() && data.back().End() == claim.offset)
-      data.back().size += claim.size;
+  const auto add = [&data](const Region& region) {
+    if (!data.empty() && data.back().End() == region.offset)
+      data.back().size += region.size;
     else
-      data.push_back({claim.offset, claim.size});
+      data.push_back(region);
+  };
+  for (const Claim& claim : map->regions) {
+    const Region region{claim.offset, claim.size};
+    if (IsData(*claim.kind))
+      add(region);
+    else if (claim.kind->key != "function")
+      for (const Region& text : ShortTexts(image, region)) add(text);
   }
   return data;
 }
@@ -39,7 +47,7 @@ CodeView::CodeView(const Dump& dump, const Messages& texts, std::shared_ptr<cons
     : dump_(dump),
       functions_(std::move(functions)),
       map_(std::move(map)),
-      rows_(dump.image.ff(), *functions_, DataOf(map_.get()), LabelsOf(dump)),
+      rows_(dump.image.ff(), *functions_, DataOf(dump.image.ff(), map_.get()), LabelsOf(dump)),
       reader_({&dump_, &rows_, functions_.get(), map_.get(), dpps}, texts) {}
 
 const std::vector<FunctionJump>& CodeView::JumpsAt(Offset offset) const {

@@ -79,7 +79,7 @@ TEST_F(MenusDesk, HaveTheCaptionsOfTheirCommands) {
             "Apply patch file; Take names from another fullflash; Find names by patterns; "
             "Standard functions; "
             "Standard patches; Address calculator; Calculator; Open patch in Quillo;");
-  EXPECT_EQ(MenuAt(5), "Help: Help; Author !;");
+  EXPECT_EQ(MenuAt(5), "Help: Help; Try the demonstration fullflash; Try its second firmware; Author !;");
   const std::string copy =
       "Open in hex view; Show as code; Who refers to this; What lies here; Name this place; Comment on this "
       "place; Line of the patch; "
