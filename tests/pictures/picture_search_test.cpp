@@ -71,6 +71,17 @@ TEST(GetP, ListsTheLargestAndSmallestPictures) {
   EXPECT_EQ(list.pictures[2].height, 1);
 }
 
+TEST(GetP, StartsATableByEachRule) {
+  constexpr std::pair<std::size_t, std::uint8_t> wrong[] = {{0, 5}, {1, 5}, {2, 2}, {3, 1},
+                                                            {8, 0}, {9, 0}, {11, 1}};
+  for (const auto& [at, value] : wrong) {
+    ImageBuilder builder(mebi);
+    PutTable(builder, 0x1000, 1);
+    builder.Byte(0x1000 + at, value);
+    EXPECT_TRUE(Find(builder).tables.empty()) << at;
+  }
+}
+
 TEST(GetP, EndsATableByEachRule) {
   const std::array<std::uint8_t, 4> ends[] = {{8, 0, 1, 0}, {255, 8, 1, 0}, {8, 8, 1, 1}, {4, 4, 1, 0}};
   for (const auto& end : ends) {
@@ -136,6 +147,11 @@ TEST(GetP, ListsStandAloneHeadersAfterAMonochromeTable) {
   Entry(builder, 0x4000, 102, 1, 0x81);   // too wide
   Entry(builder, 0x4008, 1, 81, 0x81);    // too high
   Entry(builder, 0x4010, 1, 1, 0x81, 0);  // data at offset 0
+  Entry(builder, 0x4018, 1, 1, 0x80);
+  Entry(builder, 0x4020, 0, 1, 0x81);
+  Entry(builder, 0x4028, 1, 0, 0x81);
+  builder.DWord(Entry(builder, 0x4030, 1, 1, 0x81) - 4, 0x04000000);  // behind the image
+  builder.Byte(Entry(builder, 0x4038, 1, 1, 0x81) - 5, 1);            // no 0 behind the type
   Entry(builder, mebi - 8, 9, 9, 0x81, 0x80000);
   const PictureList list = Find(builder);
   EXPECT_EQ(list.outsideCount, 3);

@@ -168,5 +168,28 @@ TEST_F(LoadedRingtones, FilesDoNotGoOnInTheOldOne) {
   EXPECT_EQ(Load(midi, file), Reason::Damaged);
 }
 
+TEST_F(LoadedRingtones, DamagedFilesAreRefusedOrReadBack) {
+  std::mt19937 random(7);
+  int accepted = 0;
+  for (int round = 0; round < 2000; ++round) {
+    const std::size_t number = round % 2 == 0 ? midi : wave;
+    Data file = number == midi ? MelodyMidi(Scale(1 + random() % 8)) : MelodyWave(Scale(1 + random() % 3));
+    for (std::size_t i = random() % 3; i > 0; --i)
+      file[random() % std::min<std::size_t>(file.size(), 24)] = static_cast<std::uint8_t>(random());
+    file.resize(file.size() - std::min<std::size_t>(file.size(), random() % 4));
+    const Ringtone place = list[number];
+    if (!Load(number, file)) {
+      ++accepted;
+      ASSERT_EQ(list.size(), 6u) << round;
+      EXPECT_EQ(list[number].data, place.data);
+      EXPECT_LE(list[number].size, std::ssize(file)) << round;
+      EXPECT_LE(std::ssize(file), place.size);
+    }
+    UndoAll();
+    ASSERT_TRUE(std::ranges::equal(image.ff(), TestImage()));
+  }
+  EXPECT_GT(accepted, 100);
+}
+
 }  // namespace
 }  // namespace tarvelo

@@ -46,6 +46,9 @@ TEST(GetRingtones, ReadsMelodies) {
 
 TEST(GetRingtones, ObeysEachByteOfATable) {
   constexpr std::tuple<const char*, std::size_t, std::uint8_t, const char*> cases[] = {
+      {"a number of two bytes", 1, 1, ""},
+      {"no 0 behind the kind", 3, 1, ""},
+      {"another number in the sixth entry", 40, 6, ""},
       {"no kind of ringtone at the start", 34, 16, ""},
       {"the last kind", 34, 15, "012345678"},
       {"no kind of ringtone in the sixth entry", 42, 16, "01234"},
@@ -63,6 +66,9 @@ TEST(GetRingtones, ObeysEachByteOfATable) {
 
 TEST(GetRingtones, ReadsATableToTheEndOfTheImage) {
   for (const std::size_t at : {0x7FF8, 0x8000}) EXPECT_EQ(Found(WithTable(0x20000, at)).table, at);
+  ImageBuilder shortest = WithTable(tableAt + 41);
+  shortest.Byte(tableAt + 40, 5);
+  EXPECT_EQ(Found(shortest).table, tableAt);
   EXPECT_EQ(Numbers(Found(WithTable(tableAt + 72))), "012345678");
   EXPECT_EQ(Numbers(Found(WithTable(tableAt + 71))), "01234567");
 }
