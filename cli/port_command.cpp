@@ -47,8 +47,8 @@ void Warn(const PortArguments& arguments, const Dump& old, const Dump& now, std:
 std::vector<AreaMove> Offers(std::span<const PortedChange> ported, std::span<const PatchChange> changes,
                              const CodeVersions& versions, const Dump& now, Context& context) {
   if (!FindsAreasUsed(ported)) return {};
-  return OfferAreas(changes, versions.Old(), versions.New(), versions.Pairing(),
-                    context.progress, UsedAreas(now, context.progress));
+  return OfferAreas(changes, versions.Old(), versions.New(), versions.Pairing(), context.progress,
+                    UsedAreas(now, context.progress));
 }
 
 void SayOffers(std::span<const AreaMove> offers, const PortArguments& arguments, Context& context) {
@@ -71,7 +71,8 @@ void Port(const PortArguments& arguments, Context& context) {
   const std::string text = ReadText(arguments.patch, context.progress);
   const ReadPatch patch = ReadPatchText(text);
   const CodeVersions versions(old->image, now->image, context.progress);
-  std::vector<PortedChange> ported = PortChanges(patch.changes, old->image, now->image, versions.Pairing(), context.progress);
+  std::vector<PortedChange> ported =
+      PortChanges(patch.changes, old->image, now->image, versions.Pairing(), context.progress);
   const std::vector<AreaMove> offers = Offers(ported, patch.changes, versions, *now, context);
   SayOffers(offers, arguments, context);
   if (arguments.moveAreas && !offers.empty())

@@ -75,7 +75,8 @@ Movable MovableOf(const Instruction& instruction, std::uint32_t address, const E
 }
 
 Movable SecondBitOf(const Instruction& instruction) {
-  if (instruction.IsData() || std::ranges::find(instruction.Row().args, Arg::BitZ) == instruction.Row().args.end())
+  if (instruction.IsData() ||
+      std::ranges::find(instruction.Row().args, Arg::BitZ) == instruction.Row().args.end())
     return {};
   return BitOf(instruction.Byte(2), instruction.Byte(3) & 0xF);
 }

@@ -56,7 +56,8 @@ void CodePairing::AddSecondBits(OperandVotes& votes, int oldUnit, std::size_t fr
   const auto at = [](const CodeUnits& units, std::size_t instruction) {
     return std::ranges::lower_bound(units.secondBits, instruction, {}, &SecondBit::instruction);
   };
-  for (auto old = at(old_, first + from); old != old_.secondBits.end() && old->instruction < first + end; ++old) {
+  for (auto old = at(old_, first + from); old != old_.secondBits.end() && old->instruction < first + end;
+       ++old) {
     const std::size_t there = old->instruction - first + newFirst + static_cast<std::size_t>(shift);
     if (const auto now = at(now_, there); now != now_.secondBits.end() && now->instruction == there)
       votes.Add(old->bit, now->bit, oldUnit, AreFunctions(oldUnit, newOf_[Index(oldUnit)]));

@@ -45,7 +45,8 @@ void BroughtAreas::FindNearPages(Bytes patched) {
   for (Offset at = 0; any && at + 4 <= std::ssize(patched); at += 2) {
     const std::uint32_t words = DWordAt(patched, at);
     const NearPage found{words >> 8 & 0xFF, words >> 16};
-    if (((words & 0xFF) != op::moveConstant && (words & 0xFF) != op::switchContext) || found.dpp > 3) continue;
+    if (((words & 0xFF) != op::moveConstant && (words & 0xFF) != op::switchContext) || found.dpp > 3)
+      continue;
     if (isMoved[found.page] && std::ranges::find(nearPages_, found) == nearPages_.end())
       nearPages_.push_back(found);
   }
@@ -88,12 +89,12 @@ bool BroughtAreas::MayBeNumber(std::uint32_t word) const {
 
 bool BroughtAreas::MayBeOffset(std::uint32_t word) const {
   return MayBeNear(word) || std::ranges::any_of(areas_, [&](const AreaMove& area) {
-    const Offset first = area.from.offset + oldBase_;
-    const auto isIn = [&](Offset unit) {
-      return Shift(area) % unit != 0 && (word - first % unit + unit) % unit <= area.from.size;
-    };
-    return isIn(page) || isIn(segment);
-  });
+           const Offset first = area.from.offset + oldBase_;
+           const auto isIn = [&](Offset unit) {
+             return Shift(area) % unit != 0 && (word - first % unit + unit) % unit <= area.from.size;
+           };
+           return isIn(page) || isIn(segment);
+         });
 }
 
 }  // namespace tarvelo

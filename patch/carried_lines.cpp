@@ -74,7 +74,7 @@ TableRows CarriedLines::Rows() const {
             return {{WholeDecimal(static_cast<std::int64_t>(line), width),
                      Msg(isCarried ? Text::LineCarried : Text::LineRefused), PatchAddress(change.offset),
                      isCarried ? PatchAddress(ported.offset) : "",
-                     isCarried ? WholeDecimal(ported.context, 3) : "",
+                     isCarried ? WholeDecimal(ported.context, 4) : "",
                      FirstBytes(isCarried ? ported.oldBytes : change.oldBytes, lineBytesShown),
                      FirstBytes(isCarried ? ported.newBytes : change.newBytes, lineBytesShown),
                      isCarried ? "" : RefusalText(*ported.refusal, messages_)},

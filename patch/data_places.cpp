@@ -174,7 +174,8 @@ Region DataPlaces::TextAround(const Region& region) const {
   };
   Region text = region;
   if (!isText(region.offset) || !isText(region.End() - 1)) return text;
-  while (text.offset > 0 && region.offset - text.offset < longestText && isText(text.offset - 1)) --text.offset;
+  while (text.offset > 0 && region.offset - text.offset < longestText && isText(text.offset - 1))
+    --text.offset;
   text.size = region.End() - text.offset;
   const Offset most = std::min(region.End() + longestText, std::ssize(old_.ff()));
   while (text.End() < most && isText(text.End())) ++text.size;

@@ -26,7 +26,8 @@ bool IsTextAt(std::uint32_t address, const Fullflash& image) {
 }
 
 bool IsKnownData(std::uint32_t address, const Fullflash& old, const CodePairing& pairing) {
-  return pairing.Votes().Best({Movable::Kind::Address, address}, -1).tally.agreeing > 0 || IsTextAt(address, old);
+  return pairing.Votes().Best({Movable::Kind::Address, address}, -1).tally.agreeing > 0 ||
+         IsTextAt(address, old);
 }
 
 MovedPair MovePair(std::uint32_t low, std::uint32_t high, bool isInOrder, const Fullflash& old,
@@ -42,7 +43,8 @@ MovedPair MovePair(std::uint32_t low, std::uint32_t high, bool isInOrder, const 
   const bool pageMoves = low < 0x4000 && high < 0x400 && maps.areas.MovedAt(paged) != nullptr;
   const bool isEntry = isFar && pairing.OldUnitFrom(far) >= 0;
   MovedPair pair;
-  if (pageMoves && (farMoves || isEntry)) return pair;
+  const bool isData = isPage && (IsUsed(high, pairing) || IsKnownData(paged, old, pairing));
+  if ((pageMoves && (farMoves || isEntry)) || (isEntry && isData)) return pair;
   if (farMoves || isEntry || (isFar && !isPage)) {
     if (const auto now = maps.code(far)) pair.words.emplace(*now & 0xFFFF, *now >> 16);
   } else if (pageMoves || (isPage && IsKnownData(paged, old, pairing))) {

@@ -15,10 +15,12 @@ struct MovedPair {
       words;  // low and high; nothing: it cannot be carried
 };
 
-// The words of an address, offset and page or offset and segment, of what they name in the new dump. Any two
-// numbers may look like a page and an offset in it: they are carried only if code or a text is known there.
-// Otherwise they are plain if code does not use the page and does not load them as addresses are loaded, the
-// offset and at once the page; if it does, they cannot be carried.
+// The words of an address, offset and page or offset and segment, of what they name in the new dump.
+//
+// Any two numbers may look like an offset and a page, so they are carried only if code or a text is known
+// there. If nothing is known there, they are plain, unless they are loaded as addresses are (`isInOrder`: the
+// offset, and at once the page) or code uses the page: then they cannot be carried. Neither can what may be
+// an address of both kinds.
 [[nodiscard]] MovedPair MovePair(std::uint32_t low, std::uint32_t high, bool isInOrder, const Fullflash& old,
                                  const CodePairing& pairing, const CarryMaps& maps);
 

@@ -280,8 +280,8 @@ class Carrier {
   }
 
   [[nodiscard]] MovedPair MovedPairOf(std::size_t low, std::size_t high) const {
-    return MovePair(decoded_[low].instruction.Word(), decoded_[high].instruction.Word(), high == low + 1, old_,
-                    pairing_, maps_);
+    return MovePair(decoded_[low].instruction.Word(), decoded_[high].instruction.Word(), high == low + 1,
+                    old_, pairing_, maps_);
   }
 
   // Whether what may be a page may as well be the offset of an address in the next two registers.

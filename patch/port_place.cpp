@@ -12,11 +12,11 @@ constexpr int fewestAround = 20;   // instructions that must agree
 constexpr int fewestInside = 16;   // of them in the same unit, unless it is shorter
 constexpr int proofByLength = 40;  // so many need no evidence from elsewhere
 constexpr int mostContext = 60;
-constexpr int near = 4;        // no contradiction so near
-constexpr int far = 12;        // at most a quarter of the judged ones contradict within this
-constexpr int rivalReach = 8;  // instructions on each side that a rival shares
+constexpr int near = 4;             // no contradiction so near
+constexpr int far = 12;             // at most a quarter of the judged ones contradict within this
+constexpr int rivalReach = 8;       // instructions on each side that a rival shares
 constexpr Offset bytesOfData = 16;  // on each side of an address that nothing votes on
-constexpr int repeated = 4;    // a stretch that agrees this far on both sides may be a repetition
+constexpr int repeated = 4;         // a stretch that agrees this far on both sides may be a repetition
 
 int SizeOf(std::span<const UnitInstruction> code) { return static_cast<int>(code.size()); }
 const UnitInstruction& At(std::span<const UnitInstruction> code, int i) {

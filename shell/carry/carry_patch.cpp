@@ -78,9 +78,11 @@ void CarryPatch(Workbench& bench, const std::string& document) {
   const Fullflash opened = AsOpened(bench.document);
   SearchProgress progress(bench);
   const CodeVersions versions(opened, other->image, progress);
-  std::vector<PortedChange> ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), progress);
+  std::vector<PortedChange> ported =
+      PortChanges(patch.changes, opened, other->image, versions.Pairing(), progress);
   const std::vector<AreaMove> moves = AskMoves(bench, patch, ported, versions, *other, progress);
-  if (!moves.empty()) ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), progress, moves);
+  if (!moves.empty())
+    ported = PortChanges(patch.changes, opened, other->image, versions.Pairing(), progress, moves);
   const CarriedLines lines(patch, ported, versions, bench.texts);
   if (IsAccepted(bench, lines)) Save(bench, PortedText(document, patch.changes, ported), *other, path);
 }

@@ -59,7 +59,8 @@ bool App::OnInit() {
     if (&files == &windows.front())
       window->OpenWhenShown(files);
     else
-      window->Bench().frame.OpenInNewWindow(PathOf(files[0]), files.size() > 1 ? PathOf(files[1]) : PathOf(""));
+      window->Bench().frame.OpenInNewWindow(PathOf(files[0]),
+                                            files.size() > 1 ? PathOf(files[1]) : PathOf(""));
   return true;
 }
 

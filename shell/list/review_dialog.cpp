@@ -5,6 +5,8 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
+
 #include "resources/messages.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
@@ -46,7 +48,10 @@ void ReviewDialog::ShowDetails(std::size_t row) {
   const ReviewDetails shown = review_.details(row);
   text_->SetLabelText(shown.text);
   details_->SetRows(shown.rows);
-  if (shown.middle) details_->Select(*shown.middle);
+  if (!shown.middle) return;
+  constexpr std::size_t rowsBefore = 3;  // that must be in view, too
+  details_->Select(*shown.middle - std::min(*shown.middle, rowsBefore));
+  details_->Select(*shown.middle);
 }
 
 wxSizer* ReviewDialog::MakeButtons(const Messages& messages) {

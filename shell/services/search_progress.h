@@ -21,11 +21,14 @@ class SearchProgress final : public Progress {
     progress_.Start(first, last);
   }
   void At(std::int64_t position) override { progress_.At(position); }
-  void Finish() override { progress_.Finish(); }
+  void Finish() override {
+    progress_.Finish();
+    hint_.reset();
+  }
 
  private:
   Workbench& bench_;
-  std::optional<StatusHint> hint_;  // once something is searched
+  std::optional<StatusHint> hint_;  // while something is searched
   Interruptible progress_;
 };
 

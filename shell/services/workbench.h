@@ -76,7 +76,8 @@ class Frame {
   // Opens a dump in place of the open one. Asks about unsaved data first.
   virtual void OpenDump(const std::filesystem::path& path) = 0;
   // Opens a dump in a window of its own, and a patch file in it, if one is given.
-  virtual void OpenInNewWindow(const std::filesystem::path& dump, const std::filesystem::path& patch = {}) = 0;
+  virtual void OpenInNewWindow(const std::filesystem::path& dump,
+                               const std::filesystem::path& patch = {}) = 0;
 
   // Adds lines to the information text. Each must end with a line feed.
   virtual void AddInformation(const std::string& lines) = 0;

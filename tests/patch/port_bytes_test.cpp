@@ -344,7 +344,8 @@ TEST_F(PortBytes, AreNotMadeAfterAStop) {
   NoProgress none;
   const CodePairing pairing(oldUnits, base, newUnits, base, none);
   const std::vector<PatchChange> changes{ChangeOf(old.At("first"), {0xCC, 0}),
-                                         ChangeOf(old.At("text") + 4, {1}), ChangeOf(old.At("text") + 5, {2})};
+                                         ChangeOf(old.At("text") + 4, {1}),
+                                         ChangeOf(old.At("text") + 5, {2})};
   Stopper stopper;
   Interruptible progress(stopper);
   EXPECT_THROW((void)PortChanges(changes, before, after, pairing, progress), Stopped);
@@ -368,7 +369,9 @@ TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
   maps.code = maps.data = [&](std::uint32_t address) {
     return static_cast<std::uint32_t>(maps.areas.NewOf(address).value_or(0));
   };
-  const auto moved = [&](std::uint32_t high) { return MovePair(0x1234, high, true, image, pairing, maps).words; };
+  const auto moved = [&](std::uint32_t high) {
+    return MovePair(0x1234, high, true, image, pairing, maps).words;
+  };
   now.Write(0x301234, std::vector<std::uint8_t>{0});
   maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
   EXPECT_EQ(moved(0x30), std::pair(0x1234u, 0x41u));

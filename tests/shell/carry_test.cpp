@@ -85,7 +85,7 @@ TEST_F(CarryDesk, FunctionsAreCompared) {
 TEST_F(CarryDesk, APatchIsCarriedAndTheOtherDumpOpened) {
   const auto file = folder / "carried.qpt";
   Look([&](ReviewDialog& dialog) {
-    EXPECT_EQ(RowOf(dialog.List(), 0), "    2\tcarried\t314078\t316470\t 14\tDAB11A64\tDAB14064\t\n");
+    EXPECT_EQ(RowOf(dialog.List(), 0), "    2\tcarried\t314078\t316470\t  14\tDAB11A64\tDAB14064\t\n");
     EXPECT_EQ(dialog.Details()->Selected(), 4u);  // of seven instructions
     EXPECT_EQ(Shown(*dialog.Details(), 4), "314078\tCALLS 0B1h, 401Ah\t~\t316470\tCALLS 0B1h, 641Ah\n");
     EXPECT_TRUE(FirstIn<wxStaticText>(dialog, [](const wxStaticText& text) {
