@@ -32,13 +32,18 @@ void NamesPanel::Clear() {
   isStale_ = false;
   addresses_.clear();
   List().SetRows(Rows());
-  List().SetEmptyHint(wxString());
+  ShowHint();
+}
+
+void NamesPanel::ShowHint() {
+  List().SetEmptyHint(addresses_.empty() ? HowToFill(Text::NamePlace, "Ctrl+N", Text::HelpNamePlace)
+                                         : wxString());
 }
 
 void NamesPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
   List().Reword(Rows());
-  if (!List().EmptyHint().empty()) List().SetEmptyHint(Wx(messages.Msg(Text::NoNames)));
+  ShowHint();
 }
 
 std::optional<std::size_t> NamesPanel::Figure() const {
@@ -55,7 +60,7 @@ void NamesPanel::Build() {
   addresses_.clear();
   for (std::size_t i = 0; i < names.Count(); ++i) addresses_.push_back(names[i].address);
   List().ReplaceRows(Rows());
-  List().SetEmptyHint(addresses_.empty() ? Wx(bench_.texts.Msg(Text::NoNames)) : wxString());
+  ShowHint();
   if (addresses_.empty()) return;
   std::vector<std::size_t> rows;
   for (const std::uint32_t address : chosen)
