@@ -106,11 +106,9 @@ void ReferencesPanel::Search() {
 
 // Above the list: what it is about.
 void ReferencesPanel::ShowHint() {
-  std::string hint;
-  if (target_) {
-    hint = std::string(bench_.texts.Msg(Text::ReferencesToLabel)) + NameOfTarget();
-    if (found_.empty()) hint = hint + ". " + std::string(bench_.texts.Msg(Text::NothingRefers));
-  }
+  if (!target_) return List().SetEmptyHint(HowToFill(Text::WhoRefers, "Ctrl+U", Text::HelpWhoRefers));
+  std::string hint = std::string(bench_.texts.Msg(Text::ReferencesToLabel)) + NameOfTarget();
+  if (found_.empty()) hint = hint + ". " + std::string(bench_.texts.Msg(Text::NothingRefers));
   List().SetEmptyHint(Wx(hint));
 }
 

@@ -5,6 +5,7 @@
 #include "core/notation.h"
 #include "core/places.h"
 #include "resources/texts.h"
+#include "shell/base/strings.h"
 #include "shell/list/list_view.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/dump_files.h"
@@ -58,6 +59,11 @@ void ListPanel::Save() { SaveList(bench_, list_->ShownRows(), list_->RowCount(),
 void ListPanel::Recaption(const Messages& messages) { list_->Recaption(messages, Traits().name); }
 
 std::string ListPanel::AddressOf(Offset offset) const { return AddressText(bench_.document.Image(), offset); }
+
+wxString ListPanel::HowToFill(Text command, const char* shortcut, Text help) const {
+  const Messages& texts = bench_.texts;
+  return Wx(texts.Msg(command)) + " (" + shortcut + ")\n" + Wx(texts.Msg(help));
+}
 
 // --- commands ---
 

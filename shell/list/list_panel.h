@@ -56,6 +56,8 @@ class ListPanel : public Panel {
   [[nodiscard]] std::vector<PanelCommand> CopyCommands();
   [[nodiscard]] std::vector<PanelCommand> FindCommands(Text search);
   [[nodiscard]] std::vector<PanelCommand> StepCommands(Text next, Text previous);
+  // A hint for an empty list: the command that fills it.
+  [[nodiscard]] wxString HowToFill(Text command, const char* shortcut, Text help) const;
   // Whether a row is chosen, and whether there are any rows. For PanelCommand::enabled.
   [[nodiscard]] std::function<bool()> Chosen();
   [[nodiscard]] std::function<bool()> Any();

@@ -32,13 +32,18 @@ void NamesPanel::Clear() {
   isStale_ = false;
   addresses_.clear();
   List().SetRows(Rows());
-  List().SetEmptyHint(wxString());
+  ShowHint();
+}
+
+void NamesPanel::ShowHint() {
+  List().SetEmptyHint(addresses_.empty() ? HowToFill(Text::NamePlace, "Ctrl+N", Text::HelpNamePlace)
+                                         : wxString());
 }
 
 void NamesPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
   List().Reword(Rows());
-  if (!List().EmptyHint().empty()) List().SetEmptyHint(Wx(messages.Msg(Text::NoNames)));
+  ShowHint();
 }
 
 std::optional<std::size_t> NamesPanel::Figure() const {
@@ -46,23 +51,17 @@ std::optional<std::size_t> NamesPanel::Figure() const {
   return count > 0 ? std::optional(count) : std::nullopt;
 }
 
-// The selected places stay selected; if all are gone, the one behind the first of them is selected.
+// The current place stays current; if it is gone, the one behind it becomes current.
 void NamesPanel::Build() {
   if (!std::exchange(isStale_, false)) return;
-  std::vector<std::uint32_t> chosen;
-  for (const std::size_t row : List().Selection()) chosen.push_back(addresses_[row]);
+  const auto row = List().Selected();
+  const std::uint32_t current = row ? addresses_[*row] : 0;
   const Names& names = bench_.document.PlaceNames();
   addresses_.clear();
   for (std::size_t i = 0; i < names.Count(); ++i) addresses_.push_back(names[i].address);
   List().ReplaceRows(Rows());
-  List().SetEmptyHint(addresses_.empty() ? Wx(bench_.texts.Msg(Text::NoNames)) : wxString());
-  if (addresses_.empty()) return;
-  std::vector<std::size_t> rows;
-  for (const std::uint32_t address : chosen)
-    if (const std::size_t row = names.From(address); names.At(address)) rows.push_back(row);
-  if (rows.empty())
-    rows.push_back(chosen.empty() ? 0 : std::min(names.From(chosen.front()), names.Count() - 1));
-  List().SelectRows(rows);
+  ShowHint();
+  if (names.Count() > 0) List().SelectRows({std::min(names.From(current), names.Count() - 1)});
 }
 
 TableRows NamesPanel::Rows() const {

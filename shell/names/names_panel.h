@@ -25,6 +25,7 @@ class NamesPanel final : public ListPanel {
   [[nodiscard]] PanelCommands MakeCommands() override;
 
  private:
+  void ShowHint();
   [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] Table::Row RowOf(std::uint32_t address) const;
   [[nodiscard]] Offset OffsetAt(std::uint32_t address) const;

@@ -66,6 +66,7 @@ void HitsPanel::Build() {
 void HitsPanel::Recaption(const Messages& messages) {
   ListPanel::Recaption(messages);
   List().SetCaptions(HitCaptions(messages, bench_.document.PlaceNames()));
+  ShowHint();
 }
 
 void HitsPanel::Search_Click() {
@@ -111,6 +112,13 @@ void HitsPanel::ShowHits(FoundHits found) {
   found_ = std::move(found);
   isStale_ = false;
   List().SetRows(Rows());
+  ShowHint();
+}
+
+void HitsPanel::ShowHint() {
+  const bool isNew = found_.text.empty();
+  List().SetEmptyHint(isNew ? HowToFill(Text::SearchForBytes, "Ctrl+Shift+F", Text::HelpSearchForBytes)
+                            : wxString());
 }
 
 // Whether to add the hits to the information text. Asks the user if they would flood it.

@@ -46,6 +46,7 @@ class HitsPanel final : public ListPanel {
   void ShowList();
   [[nodiscard]] FoundHits FindHits(const std::string& pattern);
   void ShowHits(FoundHits found);
+  void ShowHint();
   [[nodiscard]] bool TextIsWanted() const;
   [[nodiscard]] std::optional<std::string> HitsAsText();
   [[nodiscard]] Table::Row RowOf(std::size_t number) const;

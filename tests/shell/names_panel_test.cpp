@@ -7,7 +7,8 @@ namespace {
 TEST_F(Desk, NamesAreListed) {
   main->Dumps().OpenF(WriteDump("dump.bin"));
   Choose(Id::PlaceNames);
-  EXPECT_EQ(List().EmptyHint(), "No place in the fullflash has a name.");
+  EXPECT_EQ(List().EmptyHint(),
+            "Name this place (Ctrl+N)\n" + std::string(Messages().Msg(Text::HelpNamePlace)));
   const Name named[] = {{0xF00020, "Table", "of texts"}, {0xF00040, "", "why?"}};
   Open().NamePlaces(named);
   EXPECT_EQ(List().EmptyHint(), "");

@@ -35,12 +35,14 @@ class SearchDesk : public Desk {
 TEST_F(SearchDesk, HitsAreAddedToTheTextAndListed) {
   OpenImage(0x100000, {{0x2345, 0xE6}, {0x2346, 0xFF}, {0x2347, 0x41}, {0x2349, 0xE6}});
   Open().Write(0x1A2B4, std::vector<std::uint8_t>{0xE6, 0x12, 0x41, 0x00, 0xE6});
+  EXPECT_TRUE(Found().EmptyHint().StartsWith("Search for bytes (Ctrl+Shift+F)\n"));
   const std::string name = "Search \"E6??41,00 E6\" :";
   const std::string lines = "  1. 002345: E6FF4100E6\n  2. 01A2B4: E6124100E6";
   EXPECT_EQ(SearchFor("e6??41,00 e6"),
             "[Tarvelo - Was added information \"" + name + "\"]" + name + "\n\n" + lines);
   EXPECT_EQ(Added(), "\n" + name + "\n\n" + lines + "\n\n" + stars + "\n");
   EXPECT_EQ(Title(), "Tarvelo - Search results");
+  EXPECT_EQ(Found().EmptyHint(), "");
   EXPECT_EQ(Found().Selected(), 0u);
   EXPECT_EQ(Row(0), "1\t002345\t3C0:2345\tE6FF4100E6\n");
   EXPECT_EQ(Row(1), "2\t01A2B4\t3C6:22B4\tE6124100E6\n");
