@@ -42,6 +42,7 @@ TEST_F(Misfits, HaveRowsForTheUser) {
             "3\t000020\t3FC:0020\t01\t00\n"
             "4\t010000\t\t00\tThe data lies outside the image.\n"
             "7\t\t\t\tThis is not a line of a patch. \"more\"\n");
+  EXPECT_EQ(misfits.Rows().row(0).cells[4], "This is not a line of a patch. \"rub bish\"");
 }
 
 TEST(MisfitTable, GivesTheHeaderOfThePatch) {
