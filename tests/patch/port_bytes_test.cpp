@@ -356,13 +356,13 @@ TEST(PortFirst, HasNothingInFront) {
   EXPECT_EQ(ported[0].refusal, PortRefusal::NotUnique);  // 22 instructions and no evidence
 }
 
-// Three lines, the last two in data of one piece.
+// Three lines, the last two in a text that has changed.
 TEST_F(PortBytes, AreNotMadeAfterAStop) {
   struct Stopper final : Progress {
     void Start(std::int64_t, std::int64_t end) override { changes = end; }
     void At(std::int64_t position) override { at.push_back(position); }
     void Finish() override { ++finished; }
-    bool StopAsked() override { return at.size() == 2; }
+    bool StopAsked() override { return at.size() == 4; }
 
     std::int64_t changes = 0;
     std::vector<std::int64_t> at;
@@ -374,12 +374,12 @@ TEST_F(PortBytes, AreNotMadeAfterAStop) {
   NoProgress none;
   const CodePairing pairing(oldUnits, base, newUnits, base, none);
   const std::vector<PatchChange> changes{ChangeOf(old.At("first"), {0xCC, 0}),
-                                         ChangeOf(old.At("text") + 4, {1}),
-                                         ChangeOf(old.At("text") + 5, {2})};
+                                         ChangeOf(old.At("tail") + 4, {1}),
+                                         ChangeOf(old.At("tail") + 5, {2})};
   Stopper stopper;
   Interruptible progress(stopper);
   EXPECT_THROW((void)PortChanges(changes, before, after, pairing, progress), Stopped);
-  EXPECT_EQ(stopper.at, (std::vector<std::int64_t>{0, 1}));
+  EXPECT_EQ(stopper.at, (std::vector<std::int64_t>{0, 1, 1, 2}));
   EXPECT_EQ(stopper.changes, 3);
   EXPECT_EQ(stopper.finished, 1);
 }
