@@ -22,8 +22,12 @@ std::optional<std::size_t> PartnerOf(std::span<const DecodedCode> code, std::siz
     const Instruction& instruction = code[k].instruction;
     return !instruction.IsData() && instruction.GetFlow() == Flow::Next && !LoadsRegister(instruction, own);
   };
-  for (std::size_t k = load + 1; k < code.size() && k <= load + farthestPartner && passes(k); ++k)
-    if (fits(k)) return k;
+  for (std::size_t k = load + 1; k < code.size() && k <= load + farthestPartner && passes(k); ++k) {
+    if (!fits(k)) continue;
+    for (std::size_t other = k + 1; other < code.size() && other - k < k - load; ++other)
+      if (LoadsRegister(code[other].instruction, own)) return {};
+    return k;
+  }
   for (std::size_t k = load; k > 0 && k + farthestPartner > load && passes(k - 1); --k)
     if (fits(k - 1)) return k - 1;
   return {};

@@ -17,7 +17,8 @@ struct DecodedCode {
 };
 
 // The load of the next register that belongs to a load (MOV Rn, #data16): the nearest one without a jump or
-// call, or another constant for the same register, between.
+// call, or another constant for the same register, between. Nothing if another load of the register is nearer
+// to it.
 [[nodiscard]] std::optional<std::size_t> PartnerOf(std::span<const DecodedCode> code, std::size_t load);
 
 }  // namespace tarvelo

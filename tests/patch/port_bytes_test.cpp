@@ -173,6 +173,7 @@ constexpr Line lines[] = {
     {"first", 56, "DA far:alike"},        // one of two, between functions that are pairs
     {"third", 44, "E6 FC 10 0"},          // before the same register is loaded with half of an address
     {"third", 40, "E6 F5 FA 3 E6 F4 10 0"},
+    {"third", 40, "E6 F4 0 80 E6 F5 FF 0", true},  // FF:8000 is inside, and no function
     {"third", 40, "E6 F4 10 0 E6 F5 FA 3", true},  // as an address is loaded
     {"tail", 0, "51", true},                       // the text has become another one
     {"second", 64, "E6 FC word:pof:other"},        // half of a pair, whose page is the same in both
@@ -257,7 +258,8 @@ TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
 
 // Code in an erased area, cut into lines inside its instructions, and a text behind it that looks like JMPA.
 TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
-  const std::string source = "F2 F4 word:near 2D 2 DA far:third DB 0 EA 0 20 41 0";
+  const std::string source =
+      "F2 F4 word:near 2D 2 DA far:third E6 FC 14 0 E6 FD FE 3 DB 0 EA 0 20 41 0";  // the text behind it
   const std::vector<std::uint8_t> code = old.Bytes(source);
   const std::vector<std::uint8_t> wanted = now.Bytes(source);
   constexpr Offset erased = 0x18000;
