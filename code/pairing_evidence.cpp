@@ -1,4 +1,5 @@
 // What paired code says about other code: votes on where its operands went, and verdicts from them.
+#include <algorithm>
 #include <utility>
 
 #include "code/alignment.h"

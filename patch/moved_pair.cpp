@@ -9,13 +9,12 @@ namespace {
 
 constexpr Offset textLength = 4;  // printable bytes that make a text
 
-// Whether code that has a pair refers to something in a page.
-bool IsUsed(std::uint32_t page, const CodePairing& pairing) {
+}  // namespace
+
+bool IsUsedPage(std::uint32_t page, const CodePairing& pairing) {
   const auto last = pairing.Votes().Before({Movable::Kind::Address, page << 14 | 0x3FFF});
   return last && last->first >> 14 == page;
 }
-
-}  // namespace
 
 bool IsTextAt(std::uint32_t address, const Fullflash& image) {
   const Offset at = Offset{address} - image.CorrBase();
@@ -35,22 +34,30 @@ MovedPair MovePair(std::uint32_t low, std::uint32_t high, bool isInOrder, const 
   const auto isInside = [&](std::uint32_t address) {
     return HasRegion(old, {Offset{address} - old.CorrBase(), 1});
   };
+  const auto isBrought = [&](std::uint32_t address) {
+    return maps.areas.NewOf(Offset{address} - old.CorrBase()).has_value();
+  };
   const std::uint32_t far = high << 16 | low;
   const std::uint32_t paged = high << 14 | low;
-  const bool isPage = low < 0x4000 && high < 0x400 && isInside(paged);
+  const bool mayBePage = low < 0x4000 && high < 0x400;
+  const bool isPage = mayBePage && isInside(paged);
   const bool isFar = high < 0x100 && isInside(far);
   const bool farMoves = high < 0x100 && maps.areas.MovedAt(far) != nullptr;
-  const bool pageMoves = low < 0x4000 && high < 0x400 && maps.areas.MovedAt(paged) != nullptr;
-  const bool isEntry = isFar && pairing.OldUnitFrom(far) >= 0;
+  const bool pageMoves = mayBePage && maps.areas.MovedAt(paged) != nullptr;
+  const bool isEntry = isFar && (pairing.OldUnitFrom(far) >= 0 ||
+                                 pairing.Votes().Best({Movable::Kind::Code, far}, -1).tally.agreeing > 0);
+  const bool isKnown = isPage && IsKnownData(paged, old, pairing);
+  const bool isUsed = isPage && IsUsedPage(high, pairing);
   MovedPair pair;
-  const bool isData = isPage && (IsUsed(high, pairing) || IsKnownData(paged, old, pairing));
-  if ((pageMoves && (farMoves || isEntry)) || (isEntry && isData)) return pair;
-  if (farMoves || isEntry || (isFar && !isPage)) {
+  if ((pageMoves && (farMoves || isEntry)) || (isEntry && (isKnown || isUsed))) return pair;
+  if (farMoves || isEntry) {
     if (const auto now = maps.code(far)) pair.words.emplace(*now & 0xFFFF, *now >> 16);
-  } else if (pageMoves || (isPage && IsKnownData(paged, old, pairing))) {
+  } else if (pageMoves || isKnown || (mayBePage && isBrought(paged))) {
     if (const auto now = maps.data(paged)) pair.words.emplace(*now & 0x3FFF, *now >> 14);
+  } else if (high < 0x100 && isBrought(far)) {
+    pair.words.emplace(low, high);
   } else {
-    pair.isPlain = !isPage || (!isInOrder && !IsUsed(high, pairing));
+    pair.isPlain = (!isPage && !isFar) || (!isInOrder && !isUsed);
   }
   return pair;
 }

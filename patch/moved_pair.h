@@ -24,6 +24,8 @@ struct MovedPair {
 [[nodiscard]] MovedPair MovePair(std::uint32_t low, std::uint32_t high, bool isInOrder, const Fullflash& old,
                                  const CodePairing& pairing, const CarryMaps& maps);
 
+// Whether code that has a pair refers to something in a page.
+[[nodiscard]] bool IsUsedPage(std::uint32_t page, const CodePairing& pairing);
 // Whether printable text begins at a phone address.
 [[nodiscard]] bool IsTextAt(std::uint32_t address, const Fullflash& image);
 // Whether that is so, or code that has a pair refers to it.

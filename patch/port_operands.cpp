@@ -5,6 +5,7 @@
 
 #include "code/movable.h"
 #include "code/sweep.h"
+#include "patch/load_pairs.h"
 #include "patch/moved_field.h"
 #include "patch/moved_pair.h"
 #include "patch/patched_image.h"
@@ -12,22 +13,8 @@
 namespace tarvelo {
 namespace {
 
-constexpr int farthestPartner = 8;  // instructions between the two MOVs of an address
-
-struct Decoded {
-  Offset at = 0;  // in the old dump
-  Instruction instruction;
-  ExtRange range;
-};
-
 std::uint32_t AllBits(const Instruction& instruction) {
   return instruction.Size() == 4 ? 0xFFFFFFFF : 0xFFFF;
-}
-
-// Whether an instruction loads a constant into a register as the one-byte `reg` of a MOV names it.
-bool LoadsRegister(const Instruction& instruction, int reg) {
-  if (instruction.LoadsConstant()) return instruction.Byte(1) == reg;
-  return instruction.Op() == op::moveShort && ((instruction.Byte(1) & 0xF) | 0xF0) == reg;
 }
 
 class Carrier {
@@ -72,7 +59,7 @@ class Carrier {
     return instruction >= 0 && old.instructions[static_cast<std::size_t>(instruction)].offset == at;
   }
 
-  [[nodiscard]] bool IsUnchanged(const Decoded& decoded) const {
+  [[nodiscard]] bool IsUnchanged(const DecodedCode& decoded) const {
     if (!IsOldStart(decoded.at)) return false;
     const auto size = static_cast<std::size_t>(decoded.instruction.Size());
     return std::ranges::equal(code_.patched.subspan(static_cast<std::size_t>(decoded.at), size),
@@ -80,7 +67,7 @@ class Carrier {
   }
 
   bool Carry(std::size_t i) {
-    const Decoded& decoded = decoded_[i];
+    const DecodedCode& decoded = decoded_[i];
     const Instruction& instruction = decoded.instruction;
     if (IsUnchanged(decoded)) {
       const Bytes there = There(decoded.at, instruction.Size());
@@ -92,7 +79,7 @@ class Carrier {
   }
 
   // Whether the patch leaves what moves in an instruction; then it becomes what the new dump has.
-  bool KeepsOperand(const Decoded& decoded) {
+  bool KeepsOperand(const DecodedCode& decoded) {
     const Instruction& instruction = decoded.instruction;
     const Instruction before = Instruction::Decode(old_.ff(), decoded.at);
     const std::uint32_t moving = ~FixedBits(instruction, decoded.range) & AllBits(instruction);
@@ -249,7 +236,7 @@ class Carrier {
 
   // The page or segment of the range that an instruction is in, in the new version.
   [[nodiscard]] std::optional<std::uint32_t> SpaceOf(Offset at) const {
-    const auto here = std::ranges::find(decoded_, at, &Decoded::at);
+    const auto here = std::ranges::find(decoded_, at, &DecodedCode::at);
     for (auto it = here; it != decoded_.begin();) {
       --it;
       if (!it->instruction.BeginsRange()) continue;
@@ -265,7 +252,7 @@ class Carrier {
   // MOV Rn, #offset and MOV Rn+1, #page or #segment, of which the patch changes one at least.
   void CarryPair(std::size_t i) {
     if (!decoded_[i].instruction.LoadsConstant()) return;
-    const auto partner = PartnerOf(i);
+    const auto partner = PartnerOf(decoded_, i);
     if (!partner) return;
     const std::size_t k = *partner;
     if (IsUnchanged(decoded_[i]) && IsUnchanged(decoded_[k])) return;
@@ -286,33 +273,14 @@ class Carrier {
 
   // Whether what may be a page may as well be the offset of an address in the next two registers.
   [[nodiscard]] bool IsOffsetOfNext(std::size_t i) const {
-    const auto next = PartnerOf(i);
+    const auto next = PartnerOf(decoded_, i);
     if (!next) return false;
     return !MovedPairOf(i, *next).isPlain;
   }
 
-  // The load of the next register that belongs to a load: the nearest one without a jump or call, or another
-  // constant for the same register, between.
-  [[nodiscard]] std::optional<std::size_t> PartnerOf(std::size_t i) const {
-    const int own = decoded_[i].instruction.Byte(1);
-    const int wanted = own + 1;
-    const auto fits = [&](std::size_t k) {
-      return decoded_[k].instruction.LoadsConstant() && decoded_[k].instruction.Byte(1) == wanted;
-    };
-    const auto passes = [&](std::size_t k) {
-      const Instruction& instruction = decoded_[k].instruction;
-      return !instruction.IsData() && instruction.GetFlow() == Flow::Next && !LoadsRegister(instruction, own);
-    };
-    for (std::size_t k = i + 1; k < decoded_.size() && k <= i + farthestPartner && passes(k); ++k)
-      if (fits(k)) return k;
-    for (std::size_t k = i; k > 0 && k + farthestPartner > i && passes(k - 1); --k)
-      if (fits(k - 1)) return k - 1;
-    return {};
-  }
-
   // Whether a new constant may be half of an address that moves, and nothing near is the other half.
   [[nodiscard]] bool HasLonePart(std::size_t i) const {
-    const Decoded& decoded = decoded_[i];
+    const DecodedCode& decoded = decoded_[i];
     if (isInPair_[i] || IsUnchanged(decoded)) return false;
     const Movable movable = MovableOf(decoded.instruction, old_.PhoneAddress(decoded.at), decoded.range);
     const bool isPart = movable.kind == Movable::Kind::Constant || movable.kind == Movable::Kind::Member;
@@ -348,7 +316,7 @@ class Carrier {
   const Fullflash& now_;
   const CodePairing& pairing_;
   const CarryMaps& maps_;
-  std::vector<Decoded> decoded_;
+  std::vector<DecodedCode> decoded_;
   std::vector<bool> isInPair_;  // of an address
   CarriedCode carried_;
 };

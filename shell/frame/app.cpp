@@ -2,6 +2,7 @@
 
 #include <wx/msgdlg.h>
 
+#include "core/file.h"
 #include "resources/texts.h"
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
@@ -9,9 +10,7 @@
 #include "shell/frame/main.h"
 #include "shell/patch/apply_patch.h"
 #include "shell/platform/arguments.h"
-#include "shell/platform/launcher.h"
 #include "shell/settings/interface_language.h"
-#include "shell/settings/program_files.h"
 
 namespace tarvelo {
 

@@ -7,7 +7,6 @@
 #include <sstream>
 
 #include "core/fullflash.h"
-#include "patch/moved_pair.h"
 #include "patch/port.h"
 
 namespace tarvelo {
@@ -34,22 +33,28 @@ std::string Body(int number, const std::string& source) {
 std::vector<Item> Items() {
   const std::string uses =
       "F2 F4 word:near D7 40 word:page:far F2 F5 word:pof:far set:a set:b DA far:outer DA far:leaf "
-      "E6 FC word:pof:text E6 FD word:page:text";
-  return {{"leaf", Body(0, "")},
-          {"first", Body(1, uses)},
-          {"second", Body(2, uses)},
-          {"third", Body(3, "DA far:second DA far:first E6 FC word:pof:text E6 FD word:page:text")},
-          {"between", "12 34 56 78 9A BC", false},
-          {"fifth", Body(5, "F2 F5 word:near F2 F6 word:near")},
-          {"gone", Body(6, "F2 F4 word:u")},
-          {"fourth", Body(4, "D7 40 word:page:far F2 F5 word:pof:far F2 F5 word:near")},
-          {"twin", Body(6, "F2 F4 word:v")},
-          {"table",
-           "word:off:first word:seg:first word:off:second word:seg:second word:off:third word:seg:third "
-           "word:pof:text word:page:text word:pof:other word:page:other",
-           false},
-          {"text", "4D 65 6E 75 20 6F 6E 65 0 53 65 74 75 70 20 74 77 6F 0 41 42 43 44 45 46 47 0", false},
-          {"other", "53 6F 6D 65 20 6F 74 68 65 72 20 77 6F 72 64 73 20 68 65 72 65 0", false}};
+      "E6 FC word:pof:text E6 FD word:page:text mov:a:c low:d:3:1";
+  return {
+      {"leaf", Body(0, "")},
+      {"first", Body(1, uses)},
+      {"second", Body(2, uses)},
+      {"small", "E0 11 E0 22 DB 0"},
+      {"alike", "E0 11 E0 22 DB 0"},
+      {"third", Body(3, "DA far:second DA far:first E6 FC word:pof:text E6 FD word:page:text")},
+      {"between", "12 34 56 78 9A BC", false},
+      {"fifth", Body(5, "F2 F5 word:near F2 F6 word:near")},
+      {"gone", Body(6, "F2 F4 word:u")},
+      {"fourth", Body(4, "D7 40 word:page:far F2 F5 word:pof:far F2 F5 word:near F2 F5 word:w F2 F5 word:x")},
+      {"twin", Body(6, "F2 F4 word:v")},
+      {"picture", Body(10, "F2 F4 word:k"), false},  // looks like code
+      {"sound", Body(11, "F2 F4 word:k"), false},
+      {"table",
+       "word:off:first word:seg:first word:off:second word:seg:second word:off:third word:seg:third "
+       "word:pof:text word:page:text word:pof:other word:page:other",
+       false},
+      {"text", "4D 65 6E 75 20 6F 6E 65 0 53 65 74 75 70 20 74 77 6F 0 41 42 43 44 45 46 47 0", false},
+      {"other", "53 6F 6D 65 20 6F 74 68 65 72 20 77 6F 72 64 73 20 68 65 72 65 0", false},
+      {"tail", "50 6C 61 79 20 6D 65 6C 6F 64 79 20 6E 6F 77 0", false}};
 }
 
 class Linked {
@@ -135,6 +140,7 @@ std::vector<Item> LaterItems() {
   std::swap(*gone, *twin);
   items.erase(twin);
   std::ranges::find(items, "fifth", &Item::name)->source.insert(0, "A8 12 ");  // an instruction in front
+  std::ranges::find(items, "tail", &Item::name)->source.replace(36, 8, "6F 66 66");  // another word
   items.insert(items.begin(), {"new", Body(9, "CC 0 CC 0")});
   return items;
 }
@@ -159,7 +165,18 @@ constexpr Line lines[] = {
     {"second", 40, "mov:a:b"},
     {"second", 52, "set:b set:a"},
     {"second", 56, "low:a:3:2"},
-    {"second", 64, "E6 FC word:pof:other"},  // half of a pair, whose page is the same in both
+    {"second", 52, "set:c set:a"},
+    {"second", 76, "low:d:3:2"},          // the same bits with other data
+    {"first", 40, "F2 F4 word:w"},        // one vote, and what is next to it moved as far
+    {"first", 40, "F2 F4 word:x", true},  // and something else
+    {"first", 40, "F2 F4 word:k", true},  // only data says so
+    {"first", 56, "DA far:alike"},        // one of two, between functions that are pairs
+    {"third", 44, "E6 FC 10 0"},          // before the same register is loaded with half of an address
+    {"third", 40, "E6 F5 FA 3 E6 F4 10 0"},
+    {"third", 40, "E6 F4 0 80 E6 F5 FF 0", true},  // FF:8000 is inside, and no function
+    {"third", 40, "E6 F4 10 0 E6 F5 FA 3", true},  // as an address is loaded
+    {"tail", 0, "51", true},                       // the text has become another one
+    {"second", 64, "E6 FC word:pof:other"},        // half of a pair, whose page is the same in both
     {"third", 40, "E6 FC word:off:leaf E6 FD word:seg:leaf"},
     {"fourth", 0, "0D 13 CC"},  // 19 words on: "F2 F5 near"; ends inside an instruction
     {"table", 4, "word:off:fourth word:seg:fourth"},
@@ -205,13 +222,27 @@ class PortBytes : public testing::Test {
               {"outer", 0x2000},
               {"a", 0x123},
               {"b", 0x210},
+              {"c", 0x230},
+              {"d", 0x240},
+              {"w", 0xCE},
+              {"x", 0xD0},
+              {"k", 0x9300},
               {"u", 0x9000},
               {"v", 0x9100},
               {"area", base + 0x18000},
               {"mark", base + 0x18400}}};
-  Linked now{
-      LaterItems(),
-      {{"near", 0x8244}, {"far", 0x188030}, {"outer", 0x2468}, {"a", 0x135}, {"b", 0x31F}, {"v", 0x9200}}};
+  Linked now{LaterItems(),
+             {{"near", 0x8244},
+              {"far", 0x188030},
+              {"outer", 0x2468},
+              {"a", 0x135},
+              {"b", 0x31F},
+              {"v", 0x9200},
+              {"c", 0x232},
+              {"d", 0x252},
+              {"w", 0x8246},
+              {"x", 0x9000},
+              {"k", 0x9300}}};
 };
 
 TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
@@ -227,7 +258,8 @@ TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
 
 // Code in an erased area, cut into lines inside its instructions, and a text behind it that looks like JMPA.
 TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
-  const std::string source = "F2 F4 word:near 2D 2 DA far:third DB 0 EA 0 20 41 0";
+  const std::string source =
+      "F2 F4 word:near 2D 2 DA far:third E6 FC 14 0 E6 FD FE 3 DB 0 EA 0 20 41 0";  // the text behind it
   const std::vector<std::uint8_t> code = old.Bytes(source);
   const std::vector<std::uint8_t> wanted = now.Bytes(source);
   constexpr Offset erased = 0x18000;
@@ -326,13 +358,13 @@ TEST(PortFirst, HasNothingInFront) {
   EXPECT_EQ(ported[0].refusal, PortRefusal::NotUnique);  // 22 instructions and no evidence
 }
 
-// Three lines, the last two in data of one piece.
+// Three lines, the last two in a text that has changed.
 TEST_F(PortBytes, AreNotMadeAfterAStop) {
   struct Stopper final : Progress {
     void Start(std::int64_t, std::int64_t end) override { changes = end; }
     void At(std::int64_t position) override { at.push_back(position); }
     void Finish() override { ++finished; }
-    bool StopAsked() override { return at.size() == 2; }
+    bool StopAsked() override { return at.size() == 4; }
 
     std::int64_t changes = 0;
     std::vector<std::int64_t> at;
@@ -344,41 +376,14 @@ TEST_F(PortBytes, AreNotMadeAfterAStop) {
   NoProgress none;
   const CodePairing pairing(oldUnits, base, newUnits, base, none);
   const std::vector<PatchChange> changes{ChangeOf(old.At("first"), {0xCC, 0}),
-                                         ChangeOf(old.At("text") + 4, {1}),
-                                         ChangeOf(old.At("text") + 5, {2})};
+                                         ChangeOf(old.At("tail") + 4, {1}),
+                                         ChangeOf(old.At("tail") + 5, {2})};
   Stopper stopper;
   Interruptible progress(stopper);
   EXPECT_THROW((void)PortChanges(changes, before, after, pairing, progress), Stopped);
-  EXPECT_EQ(stopper.at, (std::vector<std::int64_t>{0, 1}));
+  EXPECT_EQ(stopper.at, (std::vector<std::int64_t>{0, 1, 1, 2}));
   EXPECT_EQ(stopper.changes, 3);
   EXPECT_EQ(stopper.finished, 1);
-}
-
-// In 16 MiB two words may be an address with a segment as well as one with a page.
-TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
-  const std::vector<std::uint8_t> bytes(0x1000000, 0xFF), erased(4, 0xFF);
-  const Fullflash image{tarvelo::Bytes(bytes)};
-  const CodeUnits none;
-  NoProgress progress;
-  const CodePairing pairing(none, 0, none, 0, progress);
-  const std::vector<PatchChange> changes{{1, {0x301234, erased, {1, 2, 3, 4}}},
-                                         {2, {0xC1234, erased, {5, 6, 7, 8}}}};
-  const std::vector<AreaMove> moves{{{0x301234, 4}, 0x411234}, {{0xC1234, 4}, 0xD1234}};
-  Fullflash now{tarvelo::Bytes(bytes)};
-  CarryMaps maps;
-  maps.code = maps.data = [&](std::uint32_t address) {
-    return static_cast<std::uint32_t>(maps.areas.NewOf(address).value_or(0));
-  };
-  const auto moved = [&](std::uint32_t high) {
-    return MovePair(0x1234, high, true, image, pairing, maps).words;
-  };
-  now.Write(0x301234, std::vector<std::uint8_t>{0});
-  maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
-  EXPECT_EQ(moved(0x30), std::pair(0x1234u, 0x41u));
-  EXPECT_EQ(moved(0xC0), std::pair(0x1234u, 0x104u));
-  now.Write(0xC1234, std::vector<std::uint8_t>{0});  // page 30h moves, too
-  maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
-  EXPECT_FALSE(moved(0x30));
 }
 
 }  // namespace
