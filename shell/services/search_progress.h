@@ -1,7 +1,7 @@
 // The progress of a search in the status bar, with the hint that Escape stops it.
 #pragma once
 
-#include <optional>
+#include <memory>
 
 #include "resources/messages.h"
 #include "resources/texts.h"
@@ -17,7 +17,7 @@ class SearchProgress final : public Progress {
   explicit SearchProgress(Workbench& bench) : bench_(bench), progress_(bench.status) {}
 
   void Start(std::int64_t first, std::int64_t last) override {
-    if (!hint_) hint_.emplace(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
+    if (!hint_) hint_ = std::make_unique<StatusHint>(bench_.status, Wx(bench_.texts.Msg(Text::EscapeStops)));
     progress_.Start(first, last);
   }
   void At(std::int64_t position) override { progress_.At(position); }
@@ -28,7 +28,7 @@ class SearchProgress final : public Progress {
 
  private:
   Workbench& bench_;
-  std::optional<StatusHint> hint_;  // while something is searched
+  std::unique_ptr<StatusHint> hint_;  // while something is searched
   Interruptible progress_;
 };
 
