@@ -85,6 +85,7 @@ void CodePanel::Browse(const Function& function) {
 }
 
 void CodePanel::CursorMoved() {
+  Place().ClearFault();
   ShowInformation();
   if (view_ && IsSideShown()) side_->Follow(canvas_->At());
 }

@@ -166,6 +166,7 @@ void HexPanel::ImageChanged() {
 }
 
 void HexPanel::CursorMoved() {
+  Place().ClearFault();
   other_->Follow();
   ReadValues();
   ShowInformation();
