@@ -53,7 +53,7 @@ void Run(Bytes data) {
   const CodeUnits after = GetCodeUnits(now, GetFunctions(now, noProgress));
   const CodePairing pairing(before, old.PhoneAddress(0), after, now.PhoneAddress(0), noProgress);
   const ReadPatch patch = ReadPatchText(text);
-  const std::vector<PortedChange> ported = PortChanges(patch.changes, old, now, pairing, progress);
+  const std::vector<PortedChange> ported = PortChanges(patch.changes, old, now, pairing, noProgress);
   Check(ported.size() == patch.changes.size(), "each change has a result");
   for (std::size_t i = 0; i < ported.size(); ++i) CheckPorted(patch.changes[i], ported[i], old, now);
   const ReadPatch again = ReadPatchText(PortedText(text, patch.changes, ported));
