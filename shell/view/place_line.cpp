@@ -74,7 +74,9 @@ void PlaceLine::PlaceFault() {
 void PlaceLine::FitFault() {
   const bool isShown = !isFaultBelow_ || !fault_->GetLabelText().empty();
   const bool changed = fault_->Show(isShown);
-  if (changed || !isFaultBelow_) GetParent()->Layout();
+  if (!changed && isFaultBelow_) return;
+  GetParent()->Layout();
+  GetParent()->Refresh();  // Windows copies what moves, together with what covers it
 }
 
 void PlaceLine::Start() {
