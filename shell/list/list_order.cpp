@@ -53,7 +53,11 @@ void ListView::ShowOrder() {
 
 void ListView::ResetModel() {
   control_->OnInternalIdle();  // scrolls to a row, for which GTK waits: that row may be gone later
-  model_->Reset(static_cast<unsigned>(order_.size()));
+  const auto count = static_cast<unsigned>(order_.size());
+  if (onlySorts_ && count == model_->GetCount())
+    control_->Refresh();  // a reset takes GTK long
+  else
+    model_->Reset(count);
 }
 
 // Selects the listed ones of these rows and scrolls to the first of them, which becomes the current one.

@@ -143,6 +143,7 @@ void ListView::SetRows(TableRows rows) {
 
 void ListView::ReplaceRows(TableRows rows) {
   rows_ = std::move(rows);
+  onlySorts_ = false;
   made_.reset();
   FitColumns();
   Arrange();
@@ -280,6 +281,7 @@ bool ListView::Find(const std::string& text, SearchFrom from, std::optional<unsi
 void ListView::SortBy(unsigned column) {
   descending_ = sortColumn_ == column && !descending_;
   sortColumn_ = column;
+  onlySorts_ = filter_ == shownFilter_;
   Arrange();
   ShowCaptions();
 }
@@ -300,6 +302,7 @@ void ListView::ShowCaptions() {
 
 void ListView::Filter(const std::string& text) {
   filter_ = ToUpper(text);
+  onlySorts_ = false;
   Arrange();
 }
 

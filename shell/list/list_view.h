@@ -115,6 +115,7 @@ class ListView final : public wxPanel {
   wxTimer next_;                      // goes on with it
   std::string filter_;                // in upper case
   std::string shownFilter_;           // that order_ was made with
+  bool onlySorts_ = false;            // the rows on the screen only change their places
   std::optional<unsigned> sortColumn_;
   bool descending_ = false;
   wxSearchCtrl* filterLine_;
