@@ -34,6 +34,8 @@ std::string LineOf(const Name& name) {
 
 bool IsForReader(std::string_view line) { return Trimmed(line).empty() || line.starts_with('#'); }
 
+std::string RemarkStart(std::string_view key) { return "# " + std::string(key) + ": "; }
+
 }  // namespace
 
 Names::Names(std::string text) : text_(std::move(text)) { Read(); }
@@ -154,8 +156,6 @@ void Names::Set(std::span<const Name> names) {
   text_ = text + added;
   Read();
 }
-
-std::string RemarkStart(std::string_view key) { return "# " + std::string(key) + ": "; }
 
 std::size_t Names::FindRemark(std::string_view key) const {
   const std::string start = RemarkStart(key);
