@@ -14,6 +14,7 @@
 #include "core/summary.h"
 #include "demo/demo_image.h"
 #include "document/explorers.h"
+#include "document/joint_search.h"
 #include "eeprom/block_store.h"
 #include "files/file_search.h"
 #include "files/unit_maps.h"
@@ -101,6 +102,8 @@ void Explore(const Explorer& explorer, const Dump& dump) {
 
 void OpenAndExplore(Dump& dump) {
   Open(dump);
+  NoProgress progress;
+  const JointSearch joint(dump, Explorers(), progress);
   for (const Explorer* explorer : Explorers())
     if (!explorer->isOfC166) Explore(*explorer, dump);  // functions_bench.cpp
 }

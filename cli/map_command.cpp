@@ -6,6 +6,8 @@
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
+#include "document/explorers.h"
+#include "document/joint_search.h"
 
 namespace tarvelo::cli {
 namespace {
@@ -24,7 +26,8 @@ void PrintJson(const DumpMap& map, const Fullflash& image, std::ostream& out) {
 }
 
 void MapOne(const std::string& file, const MapArguments& arguments, Context& context) {
-  const Dump dump = OpenDump(file, context.progress);
+  Dump dump = OpenDump(file, context.progress);
+  const JointSearch joint(dump, Explorers(), context.progress);
   std::optional<Findings> found;  // findings of one explorer at a time
   const DumpMap map = MapDump(dump, [&](const Explorer& explorer) -> const Findings& {
     return found.emplace(Search(explorer, dump, file, context.progress));

@@ -6,6 +6,7 @@
 #include "core/fullflash.h"
 #include "core/identification.h"
 #include "core/names.h"
+#include "core/sieve_marks.h"
 
 namespace tarvelo {
 
@@ -15,6 +16,7 @@ struct Dump {
   // The folder of the user's own files, which add to what the program knows. Empty: none.
   std::filesystem::path usersFolder;
   Names names = {};
+  SieveMarks marks = {};  // while several explorers search (document/joint_search.h); otherwise none
 };
 
 }  // namespace tarvelo

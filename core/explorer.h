@@ -91,8 +91,11 @@ struct Explorer {
   int place = 0;           // in the menu of panels, 1 .. 9, opened by Ctrl and the digit; 0: after these
 
   // --- what it finds
-  // Searches an image. Throws std::length_error if it holds more records than it may; no other image content
-  // makes it throw.
+  // The sieve of the search's first pass over the image, so that one pass can serve several explorers; null:
+  // no such pass.
+  const SieveForm* (*sieve)(const Dump& dump) = nullptr;
+  // Searches an image, at the marks of that sieve if the dump has them. Throws std::length_error if it holds
+  // more records than it may; no other image content makes it throw.
   Findings (*search)(const Dump& dump, Progress& progress);
   std::optional<Text> tooMany = {};  // shown to the user in that case
   std::size_t (*count)(const Findings& found);

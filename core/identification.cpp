@@ -1,11 +1,10 @@
 #include "core/identification.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 
 #include "core/header_date.h"
 #include "core/notation.h"
+#include "core/scan/vector_scan.h"
 #include "text/decoders.h"
 #include "text/unicode.h"
 
@@ -44,19 +43,6 @@ std::optional<T9Area> FindT9(const Fullflash& image) {
     }
   }
   return {};
-}
-
-bool IsErased(Bytes block) {
-  // Compares whole groups, so that the compiler can use vectors. Most blocks fail in the first group.
-  constexpr std::size_t group = 512;
-  for (std::size_t at = 0; at < block.size(); at += group) {
-    std::array<std::uint64_t, group / 8> words;
-    std::memcpy(words.data(), block.data() + at, group);
-    std::uint64_t all = ~std::uint64_t{0};
-    for (const std::uint64_t word : words) all &= word;
-    if (all != ~std::uint64_t{0}) return false;
-  }
-  return true;
 }
 
 std::string ListEmptyBlocks(const Fullflash& image) {

@@ -4,6 +4,8 @@
 
 #include "code/functions_explorer.h"
 #include "document/dpp_text.h"
+#include "document/joint_search.h"
+#include "document/what_lies.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
@@ -196,9 +198,10 @@ std::shared_ptr<const FunctionList> Document::KnownFunctions() const {
 }
 
 std::shared_ptr<const DumpMap> Document::Map(Progress& progress) {
-  if (!map_)
-    map_ = std::make_shared<const DumpMap>(MapDump(
-        dump_, [&](const Explorer& explorer) -> const Findings& { return Find(explorer, progress); }));
+  if (map_) return map_;
+  const JointSearch joint(dump_, NotSearchedYet(*this), progress);
+  map_ = std::make_shared<const DumpMap>(
+      MapDump(dump_, [&](const Explorer& explorer) -> const Findings& { return Find(explorer, progress); }));
   return map_;
 }
 

@@ -50,6 +50,8 @@ constexpr Probe headerProbes[] = {
     {.offset = 0, .value = 0x000000F0, .mask = 0xE000C0F3},  // byte 0 a state, 1 and 3 below 0x40 and 0x20
 };
 
+constexpr SieveForm headers{step, headerProbes};
+
 Offset ScanStart(Offset last, std::string_view model) {
   // A C60 is scanned whole on purpose, however long its image is.
   if (model == "C60" || last <= lastOfWholeScan) return 0;
@@ -58,14 +60,14 @@ Offset ScanStart(Offset last, std::string_view model) {
 
 class Scan {
  public:
-  Scan(const Fullflash& image, std::string_view model, Progress& progress)
+  Scan(const Fullflash& image, std::string_view model, const SieveMarks& marks, Progress& progress)
       : image_(image),
+        sieve_(headers, marks.Of(headers)),
         start_(ScanStart(image.ffEnd(), model)),
         last_(Offset{image.ffEnd()} - (blockHeaderLength - 1)),
         progress_(progress, start_, image.ffEnd()) {}
 
   BlockStore Run() {
-    const Sieve sieve(step, headerProbes);
     for (Offset p = start_; p <= last_;) {
       // Several progress steps are reported at once, so that the sieve gets long runs.
       Offset pieceEnd = p;
@@ -73,7 +75,7 @@ class Scan {
         progress_.At(pieceEnd);
         pieceEnd = NextPosition((pieceEnd / progressStep + 1) * progressStep);
       }
-      sieve.Each(image_.ff(), p, std::min(pieceEnd - step, last_), [&](Offset candidate) {
+      sieve_.Each(image_.ff(), p, std::min(pieceEnd - step, last_), [&](Offset candidate) {
         Take(candidate);
         return false;
       });
@@ -121,6 +123,7 @@ class Scan {
   }
 
   const Fullflash& image_;
+  const Sieve sieve_;
   const Offset start_;
   const Offset last_;  // the last position at which a header fits
   Offset next_ = 0;    // the end of the last accepted header
@@ -148,8 +151,13 @@ ViewerSet EnabledViewers(const ViewerSet& before, const ViewerSet& found) {
   return (before & stay) | found;
 }
 
-BlockStore GetEE(const Fullflash& image, std::string_view model, Progress& progress) {
-  return Scan(image, model, progress).Run();
+const SieveForm* HeaderSieve(const Fullflash& image, std::string_view model) {
+  return ScanStart(image.ffEnd(), model) == 0 ? &headers : nullptr;
+}
+
+BlockStore GetEE(const Fullflash& image, std::string_view model, Progress& progress,
+                 const SieveMarks& marks) {
+  return Scan(image, model, marks, progress).Run();
 }
 
 }  // namespace tarvelo

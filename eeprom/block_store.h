@@ -19,6 +19,7 @@
 #include "core/fullflash.h"
 #include "core/progress.h"
 #include "core/record_slot.h"
+#include "core/sieve_marks.h"
 
 namespace tarvelo {
 
@@ -103,6 +104,10 @@ struct BlockStore {
 //
 // Throws std::length_error at the header that would be record 2001; no other image content makes it throw.
 // Runs close to memory speed.
-[[nodiscard]] BlockStore GetEE(const Fullflash& image, std::string_view model, Progress& progress);
+[[nodiscard]] BlockStore GetEE(const Fullflash& image, std::string_view model, Progress& progress,
+                               const SieveMarks& marks = {});
+
+// The sieve of that scan if it passes over the whole image.
+[[nodiscard]] const SieveForm* HeaderSieve(const Fullflash& image, std::string_view model);
 
 }  // namespace tarvelo

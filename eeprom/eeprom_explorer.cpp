@@ -21,8 +21,10 @@ std::string UsersDescriptions(const std::filesystem::path& folder) try {
   return {};
 }
 
+const SieveForm* SieveOf(const Dump& dump) { return HeaderSieve(dump.image, dump.info.Model); }
+
 Findings Search(const Dump& dump, Progress& progress) {
-  return Findings(EepromFindings{GetEE(dump.image, dump.info.Model, progress),
+  return Findings(EepromFindings{GetEE(dump.image, dump.info.Model, progress, dump.marks),
                                  GetDescriptions(UsersDescriptions(dump.usersFolder))});
 }
 
@@ -96,6 +98,7 @@ constinit const Explorer eepromExplorer{
     .name = Text::Eeprom,
     .help = Text::HelpEeprom,
     .place = 3,
+    .sieve = SieveOf,
     .search = Search,
     .tooMany = Text::TooManyBlocks,
     .count = Count,

@@ -18,9 +18,9 @@ void Append(FileList& list, std::vector<FileEntry> deleted) {
 
 }  // namespace
 
-FileList FindFiles(const Fullflash& image, Progress& progress) {
+FileList FindFiles(const Fullflash& image, Progress& progress, const SieveMarks& marks) {
   FileList list;
-  VolumeList found = FindVolumes(image, progress);
+  VolumeList found = FindVolumes(image, progress, marks);
   list.maps = std::move(found.maps);
   std::vector<std::vector<FileEntry>> deleted;
   for (const FileVolume& volume : found.volumes) {

@@ -7,6 +7,7 @@
 #include "files/file_export.h"
 #include "files/file_search.h"
 #include "files/file_table.h"
+#include "files/unit_maps.h"
 #include "files/volume_records.h"
 
 namespace tarvelo {
@@ -14,7 +15,11 @@ namespace {
 
 const FileList& ListOf(const Findings& found) { return found.As<FileList>(); }
 
-Findings Search(const Dump& dump, Progress& progress) { return Findings(FindFiles(dump.image, progress)); }
+const SieveForm* SieveOf(const Dump&) { return &unitMapPointers; }
+
+Findings Search(const Dump& dump, Progress& progress) {
+  return Findings(FindFiles(dump.image, progress, dump.marks));
+}
 
 std::size_t Count(const Findings& found) { return ListOf(found).entries.size(); }
 
@@ -104,6 +109,7 @@ constinit const Explorer filesExplorer{
     .name = Text::Files,
     .help = Text::HelpFiles,
     .place = 7,
+    .sieve = SieveOf,
     .search = Search,
     .count = Count,
     .item = ItemOf,

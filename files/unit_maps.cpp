@@ -26,8 +26,9 @@ constexpr Probe pointerProbes[] = {
 
 class MapSearch {
  public:
-  MapSearch(const Fullflash& image, Progress& progress)
+  MapSearch(const Fullflash& image, const SieveMarks& marks, Progress& progress)
       : image_(image.ff()),
+        sieve_(unitMapPointers, marks.Of(unitMapPointers)),
         end_(static_cast<Offset>(image_.size())),
         groupsLeft_(0x10000 + end_ / 64),
         progress_(progress, 0, end_) {}
@@ -44,7 +45,7 @@ class MapSearch {
 
   std::vector<std::uint32_t> FindPointers() {
     std::vector<std::uint32_t> pointers;
-    ScanWithProgress(image_, Sieve(2, pointerProbes), 2, 0, end_ - pointerSize, progress_, [&](Offset p) {
+    ScanWithProgress(image_, sieve_, 2, 0, end_ - pointerSize, progress_, [&](Offset p) {
       const std::uint8_t* const bytes = image_.data() + p;
       if (bytes[0] == 0 || bytes[4] < 1 || bytes[4] > 4) return false;
       const Offset table = PagePointerAt(image_, p + 6);
@@ -111,6 +112,7 @@ class MapSearch {
   }
 
   const Bytes image_;
+  const Sieve sieve_;
   const Offset end_;
   Offset groupsLeft_;
   ProgressRun progress_;
@@ -120,6 +122,10 @@ class MapSearch {
 
 }  // namespace
 
-UnitMaps FindUnitMaps(const Fullflash& image, Progress& progress) { return MapSearch(image, progress).Run(); }
+const SieveForm unitMapPointers{2, pointerProbes};
+
+UnitMaps FindUnitMaps(const Fullflash& image, Progress& progress, const SieveMarks& marks) {
+  return MapSearch(image, marks, progress).Run();
+}
 
 }  // namespace tarvelo

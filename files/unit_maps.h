@@ -6,6 +6,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
+#include "core/sieve_marks.h"
 #include "files/volume.h"
 
 namespace tarvelo {
@@ -22,6 +23,9 @@ struct UnitMaps {
 
 // All maps, from the highest map pointer to the lowest; several pointers to one group table count once. The
 // search looks at a limited number of groups, so that a hostile image takes no longer than an ordinary one.
-[[nodiscard]] UnitMaps FindUnitMaps(const Fullflash& image, Progress& progress);
+[[nodiscard]] UnitMaps FindUnitMaps(const Fullflash& image, Progress& progress, const SieveMarks& marks = {});
+
+// The sieve for the map pointers.
+extern const SieveForm unitMapPointers;
 
 }  // namespace tarvelo

@@ -17,8 +17,10 @@ constexpr Offset unitSizes[] = {0x10000, 0x20000, 0x40000};
 
 class HeaderSearch {
  public:
-  HeaderSearch(const Fullflash& image, Progress& progress)
-      : image_(image.ff()), end_(static_cast<Offset>(image_.size())), maps_(FindUnitMaps(image, progress)) {}
+  HeaderSearch(const Fullflash& image, const SieveMarks& marks, Progress& progress)
+      : image_(image.ff()),
+        end_(static_cast<Offset>(image_.size())),
+        maps_(FindUnitMaps(image, progress, marks)) {}
 
   VolumeList Run() {
     for (const std::vector<MappedUnit>& map : maps_.maps) TakeMap(map);
@@ -115,8 +117,8 @@ class HeaderSearch {
 
 }  // namespace
 
-VolumeList FindVolumes(const Fullflash& image, Progress& progress) {
-  return HeaderSearch(image, progress).Run();
+VolumeList FindVolumes(const Fullflash& image, Progress& progress, const SieveMarks& marks) {
+  return HeaderSearch(image, marks, progress).Run();
 }
 
 }  // namespace tarvelo

@@ -3,6 +3,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
+#include "core/sieve_marks.h"
 #include "files/volume.h"
 
 namespace tarvelo {
@@ -26,6 +27,7 @@ namespace tarvelo {
 // 64, 128 or 256 KiB long: as long as the units' distances allow and most record directories confirm.
 //
 // Never throws because of the image's content. Passes over the image once.
-[[nodiscard]] VolumeList FindVolumes(const Fullflash& image, Progress& progress);
+[[nodiscard]] VolumeList FindVolumes(const Fullflash& image, Progress& progress,
+                                     const SieveMarks& marks = {});
 
 }  // namespace tarvelo

@@ -23,13 +23,17 @@ constexpr Probe largeSignature[] = {{.offset = 0, .value = 0x3434},
                                     {.offset = 2, .value = 0x0088},
                                     {.offset = 10, .value = 0, .mask = 0xFF00}};
 
+constexpr SieveForm pageModeTable{2, pageModeSignature};
+constexpr SieveForm largeTable{2, largeSignature};
+
 // The first bytes of a header outside the tables: width and height below 0x80, type 0x81, then 0.
 constexpr Probe outsideHeader[] = {{.offset = 2, .value = 0x0081}, {.offset = 0, .value = 0, .mask = 0x8080}};
 
 class Search {
  public:
-  Search(const Fullflash& image, Progress& progress)
+  Search(const Fullflash& image, const SieveMarks& marks, Progress& progress)
       : image_(image),
+        tables_(TableSieve(image), marks.Of(TableSieve(image))),
         end_(static_cast<Offset>(image.ff().size())),
         sizes_(image.ff()),
         progress_(progress, 0, end_) {}
@@ -55,13 +59,13 @@ class Search {
   // Calls take(position) for the matches at from .. last, step 2, until it returns true. Works in pieces and
   // reports progress between them.
   template <typename Take>
-  void EachMatch(std::span<const Probe> probes, Offset from, Offset last, Take take) {
-    ScanWithProgress(image_.ff(), Sieve(2, probes), 2, from, last, progress_, take);
+  void EachMatch(const Sieve& sieve, Offset from, Offset last, Take take) {
+    ScanWithProgress(image_.ff(), sieve, 2, from, last, progress_, take);
   }
 
   std::optional<Offset> FindTable(Offset from, Offset last) {
     std::optional<Offset> found;
-    EachMatch(image_.PageMode() ? pageModeSignature : largeSignature, from, last, [&](Offset p) {
+    EachMatch(tables_, from, last, [&](Offset p) {
       const bool hasSecondEntry = image_.Byte(p + 8) != 0 && image_.Byte(p + 9) != 0;
       if (hasSecondEntry) found = p;
       return hasSecondEntry;
@@ -115,7 +119,7 @@ class Search {
 
   template <typename Take>
   void EachHeader(Offset from, Take take) {
-    EachMatch(outsideHeader, from, end_ - Picture::entrySize, [&](Offset p) {
+    EachMatch(Sieve(2, outsideHeader), from, end_ - Picture::entrySize, [&](Offset p) {
       const Picture picture = ReadHeader(p);
       if (picture.width >= 1 && picture.width <= 101 && picture.height >= 1 && picture.height <= 80 &&
           picture.data >= 1 && picture.data < end_)
@@ -143,6 +147,7 @@ class Search {
   }
 
   const Fullflash& image_;
+  const Sieve tables_;
   const Offset end_;
   PictureDecoder sizes_;
   ProgressRun progress_;
@@ -151,6 +156,10 @@ class Search {
 
 }  // namespace
 
-PictureList GetP(const Fullflash& image, Progress& progress) { return Search(image, progress).Run(); }
+const SieveForm& TableSieve(const Fullflash& image) { return image.PageMode() ? pageModeTable : largeTable; }
+
+PictureList GetP(const Fullflash& image, Progress& progress, const SieveMarks& marks) {
+  return Search(image, marks, progress).Run();
+}
 
 }  // namespace tarvelo

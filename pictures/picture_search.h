@@ -3,6 +3,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
+#include "core/sieve_marks.h"
 #include "pictures/picture.h"
 
 namespace tarvelo {
@@ -16,6 +17,9 @@ namespace tarvelo {
 // monochrome pictures, up to 101 x 80, from the end of the table on.
 //
 // Never throws because of the image's content. Passes over the image once.
-[[nodiscard]] PictureList GetP(const Fullflash& image, Progress& progress);
+[[nodiscard]] PictureList GetP(const Fullflash& image, Progress& progress, const SieveMarks& marks = {});
+
+// The sieve for the tables.
+[[nodiscard]] const SieveForm& TableSieve(const Fullflash& image);
 
 }  // namespace tarvelo

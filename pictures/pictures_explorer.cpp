@@ -13,7 +13,11 @@ namespace {
 
 const PictureList& ListOf(const Findings& found) { return found.As<PictureList>(); }
 
-Findings Search(const Dump& dump, Progress& progress) { return Findings(GetP(dump.image, progress)); }
+const SieveForm* SieveOf(const Dump& dump) { return &TableSieve(dump.image); }
+
+Findings Search(const Dump& dump, Progress& progress) {
+  return Findings(GetP(dump.image, progress, dump.marks));
+}
 
 std::size_t Count(const Findings& found) { return ListOf(found).pictures.size(); }
 
@@ -119,6 +123,7 @@ constinit const Explorer picturesExplorer{
     .name = Text::Pictures,
     .help = Text::HelpPictures,
     .place = 5,
+    .sieve = SieveOf,
     .search = Search,
     .count = Count,
     .item = ItemOf,

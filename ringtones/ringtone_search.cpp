@@ -21,8 +21,11 @@ constexpr Probe entryNumbers[] = {{.offset = 8, .value = 1},
 
 class Search {
  public:
-  Search(const Fullflash& image, Progress& progress)
-      : image_(image), end_(static_cast<Offset>(image.ff().size())), progress_(progress, 0, end_) {}
+  Search(const Fullflash& image, const SieveMarks& marks, Progress& progress)
+      : image_(image),
+        sieve_(ringtoneTables, marks.Of(ringtoneTables)),
+        end_(static_cast<Offset>(image.ff().size())),
+        progress_(progress, 0, end_) {}
 
   RingtoneList Run() {
     list_.table = FindTable();
@@ -37,7 +40,7 @@ class Search {
   std::optional<Offset> FindTable() {
     const Offset last = end_ - RingtoneList::startEntries * Ringtone::entrySize - 1;
     std::optional<Offset> found;
-    ScanWithProgress(image_.ff(), Sieve(2, entryNumbers), 2, 0, last, progress_, [&](Offset p) {
+    ScanWithProgress(image_.ff(), sieve_, 2, 0, last, progress_, [&](Offset p) {
       if (IsTable(p)) found = p;
       return found.has_value();
     });
@@ -119,6 +122,7 @@ class Search {
   }
 
   const Fullflash& image_;
+  const Sieve sieve_;
   const Offset end_;
   ProgressRun progress_;
   std::array<bool, 256> listed_{};
@@ -127,8 +131,10 @@ class Search {
 
 }  // namespace
 
-RingtoneList GetRingtones(const Fullflash& image, Progress& progress) {
-  return Search(image, progress).Run();
+const SieveForm ringtoneTables{2, entryNumbers};
+
+RingtoneList GetRingtones(const Fullflash& image, Progress& progress, const SieveMarks& marks) {
+  return Search(image, marks, progress).Run();
 }
 
 }  // namespace tarvelo

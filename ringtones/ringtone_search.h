@@ -3,6 +3,7 @@
 
 #include "core/fullflash.h"
 #include "core/progress.h"
+#include "core/sieve_marks.h"
 #include "ringtones/ringtone.h"
 
 namespace tarvelo {
@@ -16,6 +17,10 @@ namespace tarvelo {
 // first one that can be listed is. If the end of the image cuts a melody off, its whole records count.
 //
 // Never throws because of the image's content. Passes over the image once.
-[[nodiscard]] RingtoneList GetRingtones(const Fullflash& image, Progress& progress);
+[[nodiscard]] RingtoneList GetRingtones(const Fullflash& image, Progress& progress,
+                                        const SieveMarks& marks = {});
+
+// The sieve for the table.
+extern const SieveForm ringtoneTables;
 
 }  // namespace tarvelo

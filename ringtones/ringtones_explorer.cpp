@@ -13,7 +13,11 @@ namespace {
 
 const RingtoneList& ListOf(const Findings& found) { return found.As<RingtoneList>(); }
 
-Findings Search(const Dump& dump, Progress& progress) { return Findings(GetRingtones(dump.image, progress)); }
+const SieveForm* SieveOf(const Dump&) { return &ringtoneTables; }
+
+Findings Search(const Dump& dump, Progress& progress) {
+  return Findings(GetRingtones(dump.image, progress, dump.marks));
+}
 
 std::size_t Count(const Findings& found) { return ListOf(found).ringtones.size(); }
 
@@ -102,6 +106,7 @@ constinit const Explorer ringtonesExplorer{
     .name = Text::Ringtones,
     .help = Text::HelpRingtones,
     .place = 6,
+    .sieve = SieveOf,
     .search = Search,
     .count = Count,
     .item = ItemOf,

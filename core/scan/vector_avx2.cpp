@@ -37,6 +37,6 @@ struct Avx2Vector {
 
 }  // namespace
 
-const SieveLoops avx2Loops{SieveOver<Avx2Vector, 1>, SieveOver<Avx2Vector, 2>, SieveOver<Avx2Vector, 4>};
+const SieveLoops avx2Loops = loopsOver<Avx2Vector>;
 
 }  // namespace tarvelo

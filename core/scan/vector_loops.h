@@ -61,7 +61,7 @@ Vector FirstMatches(const VectorProbe<Vector, step> (&probes)[count], const std:
 template <class Vector, int step, int count>
 const std::uint8_t* SieveWith(const VectorProbe<Vector, step> (&compared)[count], const std::uint8_t* block,
                               const std::uint8_t* end, const SieveProbes& probes, SieveBits& bits) {
-  constexpr int ahead = 4096;
+  constexpr int ahead = 512;
   for (; end - block >= SieveBits::positions; block += SieveBits::positions) {
     Vector::Prefetch(block + ahead);
     Vector::Prefetch(block + ahead + 64);
@@ -88,6 +88,38 @@ const std::uint8_t* SieveOver(const std::uint8_t* block, const std::uint8_t* end
   const Compared three[] = {first, second, third};
   return SieveWith(three, block, end, probes, bits);
 }
+
+template <class Vector, int step>
+std::uint64_t MarkBlocks(const std::uint8_t* block, const SieveProbes& probes) {
+  const VectorProbe<Vector, step> compared[] = {{probes, 0}, {probes, 1}};
+  std::uint64_t marks = 0;
+  for (int i = 0; i < 64; ++i, block += SieveBits::positions) {
+    Vector any = FirstMatches(compared, block);
+    for (int at = Vector::width; at < SieveBits::positions; at += Vector::width)
+      any = any | FirstMatches(compared, block + at);
+    marks |= std::uint64_t{Vector::Bits(any) != 0} << i;
+  }
+  return marks;
+}
+
+template <class Vector>
+bool AllErased(const std::uint8_t* p, const std::uint8_t* end) {
+  constexpr int group = 256;
+  const Vector erased = Vector::template Splat<1>(0xFF);
+  const std::uint32_t allBits = Vector::Bits(erased);
+  for (; end - p >= group; p += group) {
+    Vector all = Vector::Load(p);
+    for (int at = Vector::width; at < group; at += Vector::width) all = all & Vector::Load(p + at);
+    if (Vector::Bits(Vector::template Equal<1>(all, erased)) != allBits) return false;
+  }
+  while (p < end && *p == 0xFF) ++p;
+  return p == end;
+}
+
+template <class Vector>
+constexpr SieveLoops loopsOver{SieveOver<Vector, 1>,  SieveOver<Vector, 2>,  SieveOver<Vector, 4>,
+                               MarkBlocks<Vector, 1>, MarkBlocks<Vector, 2>, MarkBlocks<Vector, 4>,
+                               AllErased<Vector>};
 
 }  // namespace
 }  // namespace tarvelo

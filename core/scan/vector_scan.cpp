@@ -50,7 +50,22 @@ const std::uint8_t* PlainLoop(const std::uint8_t* block, const std::uint8_t* end
   return block;
 }
 
-constexpr SieveLoops plainLoops{PlainLoop<1>, PlainLoop<2>, PlainLoop<4>};
+template <int step>
+std::uint64_t PlainMarks(const std::uint8_t* block, const SieveProbes& probes) {
+  std::uint64_t marks = 0;
+  for (int i = 0; i < 64; ++i, block += SieveBits::positions) {
+    const SieveBits bits = PlainBits<step>(block, block + SieveBits::positions, probes);
+    marks |= std::uint64_t{(bits.words[0] | bits.words[1]) != 0} << i;
+  }
+  return marks;
+}
+
+bool PlainErased(const std::uint8_t* p, const std::uint8_t* end) {
+  return std::all_of(p, end, [](std::uint8_t byte) { return byte == 0xFF; });
+}
+
+constexpr SieveLoops plainLoops{PlainLoop<1>,  PlainLoop<2>,  PlainLoop<4>, PlainMarks<1>,
+                                PlainMarks<2>, PlainMarks<4>, PlainErased};
 
 const SieveLoops& Loops() {
 #ifdef TARVELO_X86_VECTORS
@@ -72,10 +87,13 @@ VectorUnit BestVectorUnit() { return std::min(mostVectors.load(), OfThisMachine(
 
 void LimitVectorUnit(VectorUnit most) { mostVectors = most; }
 
+bool IsErased(Bytes bytes) { return Loops().erased(bytes.data(), bytes.data() + bytes.size()); }
+
 Sieve::Sieve(int step, std::span<const Probe> probes, int everywhere) : step_(step) {
   probes_.everywhere = everywhere;
   const SieveLoops& loops = Loops();
   loop_ = step == 1 ? loops.step1 : step == 2 ? loops.step2 : loops.step4;
+  mark_ = step == 1 ? loops.mark1 : step == 2 ? loops.mark2 : loops.mark4;
   for (std::size_t i = 0; i < SieveProbes::count; ++i) {
     const Probe& probe = i < probes.size() ? probes[i] : probes[0];  // missing probes repeat the first
     probes_.offset[i] = probe.offset;
@@ -84,7 +102,30 @@ Sieve::Sieve(int step, std::span<const Probe> probes, int everywhere) : step_(st
   }
 }
 
+Sieve::Sieve(const SieveForm& form, std::span<const std::uint64_t> marks) : Sieve(form.step, form.probes) {
+  marks_ = marks;
+}
+
+// The first position from `from` on in a block that is marked or lies behind the marks.
+Offset Sieve::SkipUnmarked(Offset from) const {
+  const auto block = static_cast<std::size_t>(from / SieveBits::positions);
+  std::size_t word = block / 64;
+  if (word >= marks_.size()) return from;
+  std::uint64_t marks = marks_[word] >> block % 64 << block % 64;
+  while (marks == 0 && ++word < marks_.size()) marks = marks_[word];
+  const std::size_t next = word * 64 + (marks == 0 ? 0 : static_cast<std::size_t>(std::countr_zero(marks)));
+  return std::max(from, static_cast<Offset>(next) * SieveBits::positions);
+}
+
 Offset Sieve::NextBlock(const std::uint8_t* start, Offset from, Offset last, SieveBits& bits) const {
+  if (marks_.empty() || from % step_ != 0) return NextOfAll(start, from, last, bits);
+  from = SkipUnmarked(from);
+  bits = {};
+  if (from <= last) NextOfAll(start, from, std::min(last, from + SieveBits::positions - step_), bits);
+  return from;
+}
+
+Offset Sieve::NextOfAll(const std::uint8_t* start, Offset from, Offset last, SieveBits& bits) const {
   const Offset positions = (last - from) / step_ + 1;
   const std::uint8_t* const end = start + from + positions * step_;
   const std::uint8_t* const block = loop_(start + from, end, probes_, bits);

@@ -33,12 +33,28 @@ struct Probe {
   std::uint32_t mask = 0xFFFFFFFF;  // the bits that count; all of them in single bytes
 };
 
+// A sieve as an explorer names it, a constant object. Its address tells it from others (core/sieve_marks.h).
+struct SieveForm {
+  int step;
+  std::span<const Probe> probes;
+};
+
+// Whether all bytes are 0xFF.
+[[nodiscard]] bool IsErased(Bytes bytes);
+
 class Sieve {
  public:
   // Examines positions `step` apart; `step` is 1, 2 or 4 and is also the size of the probes' words in bytes.
   // There are one to four probes. The first `everywhere` (2 to 4) are compared at every position, the others
   // only where those match: put the rarest first.
   Sieve(int step, std::span<const Probe> probes, int everywhere = 2);
+  // With its marks in the bytes that Each will get, it looks only at the marked blocks. None: at all of them.
+  explicit Sieve(const SieveForm& form, std::span<const std::uint64_t> marks = {});
+
+  // The marks of 64 blocks: bit i is set if a match may begin at the positions 128 * i to 128 * i + 127,
+  // which must be readable with all probes. Counts the positions that are multiples of the step from `block`
+  // on.
+  [[nodiscard]] std::uint64_t Mark(const std::uint8_t* block) const { return mark_(block, probes_); }
 
   // Calls take(position) for each of the positions from, from + step, ... `last` at which all probes match,
   // in order, until it returns true. Returns whether it did. All probes of all positions must be within the
@@ -57,10 +73,14 @@ class Sieve {
 
  private:
   Offset NextBlock(const std::uint8_t* start, Offset from, Offset last, SieveBits& bits) const;
+  Offset NextOfAll(const std::uint8_t* start, Offset from, Offset last, SieveBits& bits) const;
+  [[nodiscard]] Offset SkipUnmarked(Offset from) const;
 
   SieveProbes probes_{};
   int step_;
   SieveLoop loop_;
+  MarkLoop mark_;
+  std::span<const std::uint64_t> marks_;
 };
 
 }  // namespace tarvelo

@@ -37,6 +37,6 @@ struct Sse2Vector {
 
 }  // namespace
 
-const SieveLoops sse2Loops{SieveOver<Sse2Vector, 1>, SieveOver<Sse2Vector, 2>, SieveOver<Sse2Vector, 4>};
+const SieveLoops sse2Loops = loopsOver<Sse2Vector>;
 
 }  // namespace tarvelo

@@ -27,9 +27,18 @@ struct SieveBits {
 using SieveLoop = const std::uint8_t* (*)(const std::uint8_t* block, const std::uint8_t* end,
                                           const SieveProbes& probes, SieveBits& bits);
 
-// One loop for each step between positions.
+// Looks at the positions of 64 blocks from `block` on. Returns a bit for each block that may have matches: at
+// least those at whose positions the first two probes match.
+using MarkLoop = std::uint64_t (*)(const std::uint8_t* block, const SieveProbes& probes);
+
+// Whether all bytes from p up to `end` are 0xFF.
+using ErasedLoop = bool (*)(const std::uint8_t* p, const std::uint8_t* end);
+
+// One sieve and one marking loop for each step between positions.
 struct SieveLoops {
   SieveLoop step1, step2, step4;
+  MarkLoop mark1, mark2, mark4;
+  ErasedLoop erased;
 };
 
 // Only for machines of the x86 family; avx2Loops only if the processor has AVX2.

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "crafted_images.h"
+#include "document/joint_search.h"
 #include "document/map_kinds.h"
 #include "eeprom/block_store.h"
 #include "on_each_unit.h"
@@ -151,12 +152,20 @@ Explored Explore(const Explorer& explorer, const Dump& dump, VectorUnit unit) {
   return explored;
 }
 
-TEST_P(ExplorersOnEachUnit, FindTheSame) {
+TEST_P(ExplorersOnEachUnit, FindTheSameAloneAndTogether) {
   for (const CraftedImage& crafted : CraftedImages()) {
-    const Dump dump = DumpOf(crafted.Build());
-    for (const Explorer* explorer : Explorers())
-      EXPECT_TRUE(Explore(*explorer, dump, VectorUnit::None) == Explore(*explorer, dump, GetParam()))
-          << explorer->key << " in " << crafted.name;
+    Dump dump = DumpOf(crafted.Build());
+    std::vector<Explored> plain;
+    for (const Explorer* explorer : Explorers()) plain.push_back(Explore(*explorer, dump, VectorUnit::None));
+    const auto expectSame = [&](const char* how) {
+      for (std::size_t i = 0; i < plain.size(); ++i)
+        EXPECT_TRUE(Explore(*Explorers()[i], dump, GetParam()) == plain[i])
+            << Explorers()[i]->key << how << crafted.name;
+    };
+    expectSame(" alone in ");
+    LimitVectorUnit(GetParam());
+    const JointSearch joint(dump, Explorers(), noProgress);
+    expectSame(" together in ");
   }
 }
 
