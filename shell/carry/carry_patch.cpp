@@ -9,6 +9,7 @@
 #include "patch/port_text.h"
 #include "shell/base/strings.h"
 #include "shell/services/dump_files.h"
+#include "shell/services/kept_file.h"
 #include "shell/services/review.h"
 #include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
@@ -48,9 +49,12 @@ void Save(Workbench& bench, const std::string& text, const Dump& other, const st
   const wxString filter = Wx(bench.texts.Msg(Text::Patch)) + " (*.qpt)|*.qpt";
   const auto file = bench.talk.SaveFile(Text::SavePatch, filter, suggested);
   if (!file) return;
+  wxString told = Wx(bench.texts.Msg(Text::PatchSaved)) + "\n\n" + WxPath(*file);
+  if (KeepOld(*file, bench.status))
+    told += "\n\n" + Wx(bench.texts.MsgS(Text::FileKeptAs, PathText(BackupOf(*file).filename())));
   ReplaceFile(*file, PatchFile(other.info.StatusText(), text));
-  bench.talk.Tell(Text::PatchSaved, *file);
-  if (bench.talk.Confirm(Wx(bench.texts.Msg(Text::AskOpenOther)) + "\n\n" + WxPath(dump)))
+  bench.talk.Tell(told);
+  if (bench.talk.Offer(Wx(bench.texts.Msg(Text::AskOpenOther)) + "\n\n" + WxPath(dump)))
     bench.frame.OpenInNewWindow(dump, *file);
 }
 
@@ -64,7 +68,7 @@ std::vector<AreaMove> AskMoves(Workbench& bench, const ReadPatch& patch, std::sp
   wxString question = Wx(bench.texts.Msg(Text::AskMoveAreas)) + "\n";
   for (const AreaMove& move : moves)
     question += "\n" + Wx(TextOf(move.from)) + " -> " + Wx(TextOf({move.to, move.from.size}));
-  return bench.talk.Confirm(question) ? moves : std::vector<AreaMove>();
+  return bench.talk.Offer(question) ? moves : std::vector<AreaMove>();
 }
 
 }  // namespace

@@ -143,6 +143,7 @@ void Main::OpenInNewWindow_Click() {
 void Main::OpenInNewWindow(const std::filesystem::path& dump, const std::filesystem::path& patch) {
   std::string command = quot(PathText(ProgramFile())) + " " + quot(PathText(dump));
   if (!patch.empty()) command += " " + quot(PathText(patch));
+  place_->StoreForNext(settings_);
   launcher_->shel(command);
 }
 

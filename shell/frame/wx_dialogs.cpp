@@ -113,6 +113,13 @@ void WxDialogs::Announce(const wxString& title, const wxString& text) {
 
 bool WxDialogs::Confirm(const wxString& text) { return AnswerTo(text) == wxID_YES; }
 
+bool WxDialogs::Offer(const wxString& text) {
+  // With a button to cancel, Escape closes the dialog everywhere.
+  MessageDialog dialog(parent_, BreakLongLines(text), productName, wxOK | wxCANCEL | wxICON_QUESTION);
+  dialog.SetOKCancelLabels(Wx(messages_.Msg(Text::Yes)), Wx(messages_.Msg(Text::No)));
+  return dialog.ShowModal() == wxID_OK;
+}
+
 int WxDialogs::AnswerTo(const wxString& question) {
   MessageDialog dialog(parent_, BreakLongLines(question), productName,
                        wxYES_NO | wxNO_DEFAULT | wxCANCEL | wxICON_EXCLAMATION);

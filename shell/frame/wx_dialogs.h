@@ -26,6 +26,7 @@ class WxDialogs final : public Dialogs {
   void Message(const wxString& text, Icon icon) override;
   void Announce(const wxString& title, const wxString& text) override;
   bool Confirm(const wxString& text) override;
+  bool Offer(const wxString& text) override;
   // The same, but returns the button: wxID_YES, wxID_NO (the default) or wxID_CANCEL (Escape).
   int AnswerTo(const wxString& question);
   std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override;

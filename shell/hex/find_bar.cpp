@@ -91,7 +91,8 @@ void FindBar::PressKey(wxKeyEvent& event) {
     event.Skip();
 }
 
-void FindBar::Start() {
+void FindBar::Start(bool inText) {
+  if (inText && Kind() == QueryKind::Digits) kind_->SetSelection(static_cast<int>(QueryKind::Windows1251));
   wanted_->SetFocus();
   wanted_->SelectAll();
 }

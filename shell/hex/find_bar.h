@@ -22,8 +22,8 @@ class FindBar final : public wxPanel {
   explicit FindBar(wxWindow* parent);
 
   void Recaption(const Messages& messages);
-  // Moves the keyboard to what is searched for.
-  void Start();
+  // Moves the keyboard to what is searched for. In the text of the hex view, that is text rather than digits.
+  void Start(bool inText);
 
   [[nodiscard]] QueryKind Kind() const;
   [[nodiscard]] std::string Wanted() const;

@@ -215,7 +215,7 @@ void HexPanel::MapColours_Click() {
 void HexPanel::Find_Click() {
   bar_->Show();
   Window().Layout();
-  bar_->Start();
+  bar_->Start(canvas_->CursorInText());
 }
 
 void HexPanel::Step_Click(bool isNext) {

@@ -29,7 +29,8 @@ void HexSearch::Guarded(const std::string& text, const std::function<void()>& ru
   try {
     run();
   } catch (const std::invalid_argument&) {
-    bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::NoSuchValue, text)));
+    bench_.talk.Complain(
+        Wx(bench_.texts.MsgS(Text::NoSuchValue, text) + "\n\n" + QueryName(bar_.Kind(), bench_.texts)));
   } catch (const std::overflow_error&) {
     bench_.talk.Complain(Wx(bench_.texts.MsgS(Text::NumberTooLarge, text)));
   }

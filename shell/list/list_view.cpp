@@ -94,6 +94,10 @@ ListView::ListView(wxWindow* parent)
   SetSizer(column);
 
   next_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { WorkOn(); });
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    if (!hint_.empty()) WrapHint();
+  });
   filterLine_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Filter(Utf8(filterLine_->GetValue())); });
   control_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
     if (const auto row = Selected(); row && onSelect) onSelect(*row);
@@ -166,18 +170,20 @@ const Table::Row& ListView::Row(std::size_t row) const {
 }
 
 void ListView::SetEmptyHint(const wxString& hint) {
-  emptyHint_->SetLabelText(hint);
+  hint_ = hint;
   emptyHint_->Show(!hint.empty());
+  WrapHint();
+}
+
+void ListView::WrapHint() {
+  emptyHint_->SetLabelText(hint_);
+  emptyHint_->Wrap(std::max(1, GetClientSize().x - FromDIP(12)));
   Layout();
 }
 
 void ListView::HideFilter() {
   filterLine_->Hide();
   Layout();
-}
-
-wxString ListView::EmptyHint() const {
-  return emptyHint_->IsShown() ? emptyHint_->GetLabelText() : wxString();
 }
 
 void ListView::SetCaptions(std::vector<std::string> captions) {

@@ -38,7 +38,7 @@ class ListView final : public wxPanel {
 
   // Shows a text above a list without rows; an empty text hides it.
   void SetEmptyHint(const wxString& hint);
-  [[nodiscard]] wxString EmptyHint() const;
+  [[nodiscard]] const wxString& EmptyHint() const { return hint_; }
 
   // Leaves out the filter line, for a short list beside another one.
   void HideFilter();
@@ -102,6 +102,7 @@ class ListView final : public wxPanel {
   void FinishOrder();
   void ShowOrder();
   void ResetModel();
+  void WrapHint();
   void Choose(const std::vector<std::size_t>& rows);
   void ShowCaptions();
 
@@ -120,6 +121,7 @@ class ListView final : public wxPanel {
   bool descending_ = false;
   wxSearchCtrl* filterLine_;
   wxStaticText* emptyHint_;
+  wxString hint_;  // before it was wrapped
   wxDataViewCtrl* control_;
   wxObjectDataPtr<wxDataViewVirtualListModel> model_;
 };

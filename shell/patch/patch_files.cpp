@@ -6,6 +6,7 @@
 #include "core/file.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
+#include "shell/services/kept_file.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
@@ -20,8 +21,6 @@ bool AreSame(const std::filesystem::path& one, const std::filesystem::path& othe
   std::error_code error;
   return std::filesystem::equivalent(one, other, error) && !error;
 }
-
-std::filesystem::path BackupOf(std::filesystem::path file) { return file += ".bak"; }
 
 }  // namespace
 
@@ -92,14 +91,11 @@ void PatchFiles::Save(const std::filesystem::path& file, const PatchFileText& te
 
 bool PatchFiles::Write(const std::filesystem::path& file, const PatchFileText& text) {
   const auto isThis = [&](const std::filesystem::path& other) { return AreSame(file, other); };
-  const bool keep = FileExist(file) && std::ranges::none_of(written_, isThis);
-  if (keep) {
-    const FileBytes old = ReadFile(file, Fullflash::sizeLimit, bench_.status);
-    ReplaceFile(BackupOf(file), {old.data.get(), old.size});
-  }
+  const bool isNew = std::ranges::none_of(written_, isThis);
+  const bool kept = isNew && KeepOld(file, bench_.status);
   ReplaceFile(file, PatchFileBytes(text, Phone()));
-  if (std::ranges::none_of(written_, isThis)) written_.push_back(file);
-  return keep;
+  if (isNew && std::ranges::none_of(written_, isThis)) written_.push_back(file);
+  return kept;
 }
 
 }  // namespace tarvelo

@@ -23,8 +23,10 @@ class Dialogs {
   virtual void Message(const wxString& text, Icon icon) = 0;
   // Shows a text of any length under a title that says what happened. The dialog fits the screen.
   virtual void Announce(const wxString& title, const wxString& text) = 0;
-  // Asks with Yes, No and Cancel; true only for Yes.
+  // Warns and asks with Yes, No and Cancel, No by default; true only for Yes.
   virtual bool Confirm(const wxString& text) = 0;
+  // Asks about something harmless with Yes and No, Yes by default.
+  virtual bool Offer(const wxString& text) = 0;
   // Asks for a line of text. Nothing if the user cancels.
   virtual std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) = 0;
   // Asks for a file to open, or to write to, which includes a warning if it exists. The filter is a list of

@@ -57,8 +57,6 @@ std::optional<std::string> Talk::AskPattern() {
   return lastPattern_;
 }
 
-bool Talk::Confirm(const wxString& question) { return dialogs_.Confirm(question); }
-
 std::optional<std::filesystem::path> Talk::OpenFile(Text title, const wxString& filter,
                                                     const std::filesystem::path& current) {
   return dialogs_.OpenFile(Msg(title), filter, current);

@@ -39,8 +39,9 @@ class Talk {
   [[nodiscard]] std::optional<std::string> AskLine(Text prompt, const std::string& initial);
   // Asks for a byte pattern and suggests the last one.
   [[nodiscard]] std::optional<std::string> AskPattern();
-  // Asks a question. True only for Yes.
-  [[nodiscard]] bool Confirm(const wxString& question);
+  // Asks before something that may be regretted, or about something harmless (dialogs.h).
+  [[nodiscard]] bool Confirm(const wxString& question) { return dialogs_.Confirm(question); }
+  [[nodiscard]] bool Offer(const wxString& question) { return dialogs_.Offer(question); }
   // Asks for a file (dialogs.h).
   [[nodiscard]] std::optional<std::filesystem::path> OpenFile(Text title, const wxString& filter,
                                                               const std::filesystem::path& current);

@@ -18,6 +18,7 @@ namespace {
 constexpr char section[] = "Window";
 constexpr int longestArrival = 500;  // milliseconds
 constexpr int soon = 100;
+constexpr int windowStep = 32;  // in device-independent pixels
 constexpr int shortestArrival = 30;
 constexpr std::array keys{"Left", "Top", "Width", "Height"};
 
@@ -88,11 +89,14 @@ void WindowPlace::Arrive() {
   if (isMaximized_) window_.Maximize();
 }
 
-void WindowPlace::Store(Settings& settings) const {
+void WindowPlace::StoreForNext(Settings& settings) { Store(settings, ++next_ * window_.FromDIP(windowStep)); }
+
+void WindowPlace::Store(Settings& settings, int shift) const {
   settings.SetIni(section, "Maximized", window_.IsMaximized() || (!hasArrived_ && isMaximized_) ? "1" : "0");
   const bool isNormal = hasArrived_ && !window_.IsMaximized() && !window_.IsIconized();
   wxRect place = isNormal ? window_.GetRect() : normal_;
   if (!hasArrived_ && !window_.IsMaximized()) place.SetSize(window_.GetSize());
+  place.Offset(shift, shift);
   const std::array values{place.x, place.y, place.width, place.height};
   for (std::size_t i = 0; i < keys.size(); ++i) settings.SetIni(section, keys[i], std::to_string(values[i]));
 }

@@ -17,10 +17,14 @@ class WindowPlace {
   WindowPlace(wxFrame& window, const Settings& settings);
 
   // Stores the place of the window. Of a maximised or minimised one, stores the place it had before.
-  void Store(Settings& settings) const;
+  void Store(Settings& settings) const { Store(settings, 0); }
+  // Stores a place a little lower and to the right for the next window that starts, so that the title bars of
+  // both are in sight. Each call gives another place.
+  void StoreForNext(Settings& settings);
 
  private:
   void Arrive();
+  void Store(Settings& settings, int shift) const;
 
   wxFrame& window_;
   wxRect normal_;     // while the window is neither maximised nor minimised
@@ -28,6 +32,7 @@ class WindowPlace {
   bool isShown_ = false;
   bool hasArrived_ = false;  // the window system has placed the window
   wxTimer arrival_;
+  int next_ = 0;  // places stored for other windows
 };
 
 }  // namespace tarvelo

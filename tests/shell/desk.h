@@ -71,7 +71,8 @@ struct ScriptedDialogs final : Scripted, Dialogs {
   void Announce(const wxString& title, const wxString& text) override {
     script.said.push_back("[" + Utf8(title) + "]" + Utf8(text));
   }
-  bool Confirm(const wxString& text) override {
+  bool Confirm(const wxString& text) override { return Offer(text); }
+  bool Offer(const wxString& text) override {
     script.said.push_back("?" + Utf8(text));
     return script.confirm;
   }

@@ -83,6 +83,10 @@ TEST_F(HexToolsDesk, FindsAndReplaces) {
   FindBar& bar = Panel().Bar();
   main->Run(Id::Find);
   EXPECT_TRUE(bar.IsShown());
+  EXPECT_EQ(bar.Kinds().GetSelection(), 0);  // digits
+  main->Run(Id::SwitchSide);
+  main->Run(Id::Find);
+  EXPECT_EQ(Utf8(bar.Kinds().GetStringSelection()), "Windows-1251");
   Ask(QueryKind::Windows1251, "Ab");
   bar.onNext();
   EXPECT_EQ(Selected(), (Region{0x14, 2}));
@@ -106,7 +110,7 @@ TEST_F(HexToolsDesk, FindsAndReplaces) {
   Ask(QueryKind::Number16Little, "99999");
   EXPECT_EQ(SaidBy(bar.onNext), "!Number too large: \"99999\"");
   Ask(QueryKind::Number16Little, "x");
-  EXPECT_EQ(SaidBy(bar.onPrevious), "!This is no value of this kind: \"x\"");
+  EXPECT_EQ(SaidBy(bar.onPrevious), "!This is no value of this kind: \"x\"\n\nint16 LE");
   Ask(QueryKind::PagePointer, "FFD234");
   bar.onPrevious();
   EXPECT_EQ(Selected(), (Region{0x10, 4}));

@@ -144,6 +144,8 @@ TEST_F(WindowDesk, ContinuesWhereTheUserLeftOff) {
   script.file = folder / "c55.bin";
   Choose(Id::OpenInNewWindow);
   EXPECT_NE(script.started.back().find("c55.bin"), std::string::npos);
+  const int nextLeft = main->GetPosition().x + main->FromDIP(32);  // both title bars are in sight
+  EXPECT_EQ(Settings(SettingsFile()).GetIni("Window", "Left"), std::to_string(nextLeft));
   EXPECT_EQ(Open().Path(), folder / "a b.bin");
   main->Dumps().OpenNamed("file://" + PathText(folder / "a%20b.bin"));
   EXPECT_EQ(Open().Path(), folder / "a b.bin");
