@@ -168,7 +168,7 @@ Offset NamePattern::FixedBytes() const {
 std::vector<std::uint32_t> NamePattern::Find(const Fullflash& image, std::size_t most) const {
   std::vector<std::uint32_t> found;
   const auto take = [&](Offset at) {
-    if (!Matches(image, at, elements_, 0)) return false;
+    if (!Matches(image, at, elements_)) return false;
     if (const auto address = ResultAt(image, at)) found.push_back(*address);
     return found.size() >= most;
   };
@@ -192,21 +192,39 @@ std::vector<Probe> NamePattern::WholeBytes() const {
   return probes;
 }
 
-bool NamePattern::Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements,
-                          std::size_t first) {
-  for (std::size_t i = first; i < elements.size(); ++i) {
-    const Element& element = elements[i];
-    if (element.isFollowed) {
-      if (Follows(image, at, element))
-        at += Instruction::Decode(image.ff(), at).Size();
-      else if (!Follows(image, at - 4, element, 4) && !Follows(image, at - 2, element, 2))
-        return false;
+// Braces can be read in two ways, so several places may have to be followed at once. Each pair of braces adds
+// one at most, which bounds the work.
+bool NamePattern::Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements) {
+  const auto isByte = [&](Offset place, const Element& element) {
+    return place >= 0 && place <= image.ffEnd() && (image.Byte(place) & element.mask) == element.value;
+  };
+  auto element = elements.begin();
+  for (; element != elements.end() && !element->isFollowed; ++element, ++at)
+    if (!isByte(at, *element)) return false;
+  std::vector<Offset> places{at};
+  for (; element != elements.end() && !places.empty(); ++element) {
+    if (element->isFollowed) {
+      places = Behind(image, places, *element);
     } else {
-      if (at < 0 || at > image.ffEnd() || (image.Byte(at) & element.mask) != element.value) return false;
-      ++at;
+      std::erase_if(places, [&](Offset place) { return !isByte(place, *element); });
+      for (Offset& place : places) ++place;
     }
   }
-  return true;
+  return !places.empty();
+}
+
+// Where a pattern goes on behind braces: behind the call or jump in whose place they stand, or where they
+// stand if one ends there.
+std::vector<Offset> NamePattern::Behind(const Fullflash& image, const std::vector<Offset>& places,
+                                        const Element& braces) {
+  std::vector<Offset> behind;
+  for (const Offset at : places) {
+    if (Follows(image, at, braces)) behind.push_back(at + Instruction::Decode(image.ff(), at).Size());
+    if (Follows(image, at - 4, braces, 4) || Follows(image, at - 2, braces, 2)) behind.push_back(at);
+  }
+  std::ranges::sort(behind);
+  behind.erase(std::unique(behind.begin(), behind.end()), behind.end());
+  return behind;
 }
 
 // Whether a call or jump at `at`, of `size` bytes unless 0, leads to what stands in the braces.
@@ -215,7 +233,7 @@ bool NamePattern::Follows(const Fullflash& image, Offset at, const Element& elem
   const Instruction instruction = Instruction::Decode(image.ff(), at);
   if (instruction.IsData() || (size != 0 && instruction.Size() != size)) return false;
   const auto target = instruction.Target(image.PhoneAddress(at));
-  return target && Matches(image, Offset{*target} - image.CorrBase(), element.there, 0);
+  return target && Matches(image, Offset{*target} - image.CorrBase(), element.there);
 }
 
 std::optional<std::uint32_t> NamePattern::ResultAt(const Fullflash& image, Offset at) const {

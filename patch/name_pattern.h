@@ -45,8 +45,9 @@ class NamePattern {
     Offset distance = 0;
   };
 
-  static bool Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements,
-                      std::size_t first);
+  static bool Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements);
+  static std::vector<Offset> Behind(const Fullflash& image, const std::vector<Offset>& places,
+                                    const Element& braces);
   static bool Follows(const Fullflash& image, Offset at, const Element& element, int size = 0);
   [[nodiscard]] std::optional<std::uint32_t> ResultAt(const Fullflash& image, Offset at) const;
   [[nodiscard]] Offset FixedBytes() const;

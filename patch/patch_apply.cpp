@@ -57,10 +57,17 @@ bool PatchJudge::LiesWithin(const Change& change) const {
 }
 
 void PatchJudge::Expect(const Change& change) {
-  if (LiesWithin(change)) afterAll_.Write(change.offset, change.newBytes);
+  if (LiesWithin(change)) {
+    fitsInOrder_ = fitsInOrder_ && afterAll_.Holds(change.offset, change.oldBytes);
+    afterAll_.Write(change.offset, change.newBytes);
+  } else {
+    fitsInOrder_ = false;
+  }
 }
 
 CheckedChange PatchJudge::Judge(const Change& change) {
+  if (!makesAll_) makesAll_ = fitsInOrder_ && !now_.EqualsLater(afterAll_);
+  if (*makesAll_ && change.oldBytes != change.newBytes) return {Fit::Fine, {}};
   if (!LiesWithin(change)) return {Fit::Outside, {}};
   if (now_.Holds(change.offset, change.newBytes) || now_.Equals(afterAll_, change.offset, change.Size()))
     return {Fit::Applied, {}};

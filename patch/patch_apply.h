@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -75,7 +76,8 @@ struct PatchCheck {
 
 // Judges changes in order, each against the image as the fine changes before it leave it. A change also
 // counts as applied if the image has, in its place, the bytes that the whole patch would leave there;
-// overlapping changes need this.
+// overlapping changes need this. But if all changes can be made one after the other and leave other bytes,
+// all are fine: a later change may bring back bytes that an earlier one overwrites.
 class PatchJudge {
  public:
   explicit PatchJudge(const Sheet& image) : now_(image), afterAll_(image) {}
@@ -89,6 +91,8 @@ class PatchJudge {
 
   Sheet now_;
   Sheet afterAll_;
+  bool fitsInOrder_ = true;
+  std::optional<bool> makesAll_;  // known from the first change that is judged
 };
 
 // Checks all changes of a patch (PatchJudge).

@@ -48,6 +48,13 @@ bool Sheet::Equals(const Sheet& other, Offset offset, Offset size) const {
   return true;
 }
 
+bool Sheet::EqualsLater(const Sheet& later) const {
+  return std::ranges::all_of(later.pages_, [&](const auto& page) {
+    const auto start = static_cast<Offset>(page.first * pageSize);
+    return Equals(later, start, std::min(Offset{pageSize}, Size() - start));
+  });
+}
+
 std::vector<std::uint8_t> Sheet::Copy(Offset offset, Offset size) const {
   std::vector<std::uint8_t> copy;
   for (auto left = static_cast<std::size_t>(size); left > 0;) {

@@ -24,6 +24,8 @@ class Sheet {
   [[nodiscard]] bool Holds(Offset offset, Bytes bytes) const;
   // Whether another sheet over the same bytes has the same contents in a region.
   [[nodiscard]] bool Equals(const Sheet& other, Offset offset, Offset size) const;
+  // Whether a later version of this sheet, with more written over it, has the same contents everywhere.
+  [[nodiscard]] bool EqualsLater(const Sheet& later) const;
   [[nodiscard]] std::vector<std::uint8_t> Copy(Offset offset, Offset size) const;
 
  private:

@@ -22,6 +22,7 @@ Fullflash NamedImage() {
   image.Data(0x6000, "BB7E9988"_hex);           // CALLR 60FEh
   image.Data(0x60FE, "C0DE"_hex);
   image.Data(0x7000, "ABCDABCD"_hex);
+  image.Data(0x8000, "DAF00020 DAF00020 E011"_hex);  // two calls in a row
   return ImageOf(std::move(image));
 }
 
@@ -36,6 +37,9 @@ TEST(NamePattern, FindsAddresses) {
       {"F048 {E014} DB00", {0xF01000}},             // in the place of the call
       {"F048 DA?????? { E014 } DB00", {0xF01000}},  // behind it
       {"F048 {E015} DB00", {}},
+      {"DA?????? {E014} DA?????? E011", {0xF08000}},   // in front of a call
+      {"DA?????? {E014} {E014} E011", {0xF08000}},     // behind the first, in the place of the second
+      {"DA?????? {E014} E011", {0xF08000, 0xF08004}},  // either
       {"?? 7E {C0DE} 9988", {0xF06000}},
       {"F048 + 2", {0xF01002}},
       {"E014 - 0x10", {0xF01FF0}},

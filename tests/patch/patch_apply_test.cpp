@@ -64,6 +64,11 @@ TEST(CheckPatch, TellsHowEachChangeFits) {
       {"0: 0101 0202\n1: 0203 0404", {2, 4, 4}, "AA", {2, 4, 4}},
       // The old bytes of the second change are there only until the first is made.
       {"0: 0000 0101\n0: 01 00", {0, 0}, "FF", {0, 1}},
+      // A later change brings back what an earlier one overwrites: not applied, taken out again, applied.
+      {"0: 02 00\n0: 0002 0201", {2, 2}, "FF", {2, 1}},
+      {"0: 00 02\n0: 0202 0001", {0, 2}, "FF", {0, 1}},
+      {"0: 02 00\n0: 0002 0201", {2, 1}, "AA", {2, 1}},
+      {"0: 01 02\n0: 02 01\n1: 00 03", {1, 0}, "FFF", {1, 3}},
   };
   for (const auto& [text, bytes, fits, after] : cases) {
     Data written;
