@@ -38,7 +38,6 @@ TEST(NamePattern, FindsAddresses) {
       {"F048 DA?????? { E014 } DB00", {0xF01000}},  // behind it
       {"F048 {E015} DB00", {}},
       {"DA?????? {E014} DA?????? E011", {0xF08000}},   // in front of a call
-      {"DA?????? {E014} {E014} E011", {0xF08000}},     // behind the first, in the place of the second
       {"DA?????? {E014} E011", {0xF08000, 0xF08004}},  // either
       {"?? 7E {C0DE} 9988", {0xF06000}},
       {"F048 + 2", {0xF01002}},
