@@ -6,8 +6,8 @@
 
 #include "core/notation.h"
 #include "core/places.h"
+#include "shell/base/blend.h"
 #include "shell/base/strings.h"
-#include "shell/view/blend.h"
 
 namespace tarvelo {
 namespace {

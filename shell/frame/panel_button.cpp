@@ -10,9 +10,9 @@
 #include <memory>
 #include <utility>
 
+#include "shell/base/blend.h"
 #include "shell/frame/panel_icons.h"
 #include "shell/platform/accessible_name.h"
-#include "shell/view/blend.h"
 
 namespace tarvelo {
 namespace {

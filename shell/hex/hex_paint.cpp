@@ -9,8 +9,8 @@
 #include "core/notation.h"
 #include "core/places.h"
 #include "document/map_kinds.h"
+#include "shell/base/blend.h"
 #include "shell/base/strings.h"
-#include "shell/view/blend.h"
 #include "text/unicode.h"
 
 namespace tarvelo {

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "patch/patch_document.h"
+#include "shell/base/blend.h"
 #include "shell/base/strings.h"
-#include "shell/view/blend.h"
 #include "text/unicode.h"
 
 namespace tarvelo {

@@ -4,17 +4,11 @@
 
 #include <algorithm>
 
+#include "shell/base/blend.h"
 #include "shell/ringtones/piano_roll.h"
 
 namespace tarvelo {
 namespace {
-
-wxColour Blend(const wxColour& under, const wxColour& over, double share) {
-  const auto mix = [share](unsigned char a, unsigned char b) {
-    return static_cast<unsigned char>(a + (b - a) * share);
-  };
-  return {mix(under.Red(), over.Red()), mix(under.Green(), over.Green()), mix(under.Blue(), over.Blue())};
-}
 
 bool IsBlack(int key) {
   constexpr int blackKeys = 1 << 1 | 1 << 3 | 1 << 6 | 1 << 8 | 1 << 10;
@@ -28,13 +22,13 @@ struct PianoRoll::Paints {
   wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
   wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
   // The highlight colour of dark themes is itself dark.
-  wxColour note = Blend(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), ink,
+  wxColour note = Blend(ink, wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT),
                         ground.GetLuminance() < ink.GetLuminance() ? 0.3 : 0);
-  wxColour blackRow = Blend(ground, ink, 0.06);
-  wxColour octave = Blend(ground, ink, 0.25);
-  wxColour second = Blend(ground, ink, 0.12);
-  wxColour quiet = Blend(ground, ink, 0.6);
-  wxColour sounding = Blend(note, ink, 0.45);
+  wxColour blackRow = Blend(ink, ground, 0.06);
+  wxColour octave = Blend(ink, ground, 0.25);
+  wxColour second = Blend(ink, ground, 0.12);
+  wxColour quiet = Blend(ink, ground, 0.6);
+  wxColour sounding = Blend(ink, note, 0.45);
   wxColour line{0xE0, 0x40, 0x30};
 };
 

@@ -7,10 +7,10 @@
 
 #include "document/code_change.h"
 #include "resources/texts.h"
+#include "shell/base/blend.h"
 #include "shell/base/strings.h"
 #include "shell/services/status_bar.h"
 #include "shell/services/workbench.h"
-#include "shell/view/blend.h"
 
 namespace tarvelo {
 namespace {

@@ -11,10 +11,10 @@
 
 #include "document/what_lies.h"
 #include "resources/texts.h"
+#include "shell/base/blend.h"
 #include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/services/workbench.h"
-#include "shell/view/blend.h"
 
 namespace tarvelo {
 namespace {
