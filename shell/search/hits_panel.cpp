@@ -127,7 +127,7 @@ bool HitsPanel::TextIsWanted() const {
   const auto message = [this](Text text) { return Wx(bench_.texts.Msg(text)); };
   wxString question = message(Text::HitCountLabel) + std::to_string(found_.hits.size()) + "\n";
   if (found_.cutOff) question += message(Text::HitsCutOff) + "\n";
-  return bench_.talk.Offer(question + message(Text::AskAddToInformation));
+  return bench_.talk.Confirm(question + message(Text::AskAddToInformation));
 }
 
 // A line for each hit. Nothing if the text would be too long.
