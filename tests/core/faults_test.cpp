@@ -6,6 +6,7 @@
 
 #include "cli/call.h"
 #include "core/file.h"
+#include "document/document.h"
 #include "eeprom/block_files.h"
 #include "eeprom/blocks.h"
 #include "file_faults.h"
@@ -63,6 +64,12 @@ class Faults : public testing::Test {
     SaveRingtone(image, ringtone, to, stem, RingtoneFormat::Raw);
   }
 
+  static void NameAPlace(const fs::path& to, const std::string& stem) {
+    Document document;
+    document.Open(Fullflash(image.ff()), to / PathOf(stem + ".bin"));
+    document.NamePlace(0x100, "name", "comment");
+  }
+
   [[nodiscard]] std::vector<Saver> Savers() const {
     using Text = const std::string&;
     const auto named = [](const fs::path& to, Text name) { return PathText(to / PathOf(name)); };
@@ -78,6 +85,11 @@ class Faults : public testing::Test {
          [=, this](const fs::path& to, Text stem) {
            CommandLine({"apply", dump, patch, "--output", named(to, stem + ".bin")});
          }},
+        {"port", "dump.qpt", false,
+         [=, this](const fs::path& to, Text stem) {
+           CommandLine({"port", dump, changed, patch, "--output", named(to, stem + ".qpt")});
+         }},
+        {"names", "dump.names.tsv", false, NameAPlace},
     };
   }
 
