@@ -131,10 +131,8 @@ Exported FileExport::Write(std::size_t index) {
   room_ -= size;
   const std::filesystem::path path = places_->PathFor(index);
   MakeFolder(path.parent_path());
-  // Deleted, not overwritten: a link of that name would lead to another file.
-  if (FileExist(path)) RemoveFile(path);
-  NoProgress progress;
-  WriteFile(path, ContentOf(image_, list_, entry), progress);
+  // Not overwritten: a link of that name would lead to another file.
+  ReplaceFile(path, ContentOf(image_, list_, entry));
   return {path, {}};
 }
 

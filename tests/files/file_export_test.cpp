@@ -112,6 +112,27 @@ TEST(FileExport, StaysInItsFolder) {
   EXPECT_EQ(FilesIn(folder.Path()).size(), all.size() + 1);
 }
 
+// What an earlier export wrote stays.
+TEST(FileExport, LeavesNoHalfOfAFileOnAFullDisk) {
+  if (!FullDisk::isPossible) GTEST_SKIP();
+  const TemporaryFolder folder;
+  ImageBuilder image(0x100000);
+  VolumeBuilder files(image, "FFS");
+  files.Unit(0x40000);
+  files.Folder(0, {.number = 6}, {10});
+  files.File(0, {.number = 10, .name = "a.txt"}, std::string(1000, 'a'));
+  const fs::path dump = folder.Write("dump.bin", std::move(image).Take());
+  const std::vector<std::string> words{"export", "files", PathText(dump), "--to", PathText(folder / "out")};
+  for (const bool isThere : {false, true}) {
+    if (isThere) WriteFile(folder / "out" / "FFS" / "a.txt", "old");
+    const FullDisk full;
+    const cli::Result called = cli::Call(words);
+    EXPECT_EQ(called.status, cli::fileTrouble);
+    EXPECT_NE(called.err.find("a.txt"), std::string::npos) << called.err;
+    EXPECT_EQ(FilesIn(folder / "out"), isThere ? Texts({{"FFS/a.txt", "old"}}) : Texts());
+  }
+}
+
 // Seventeen folders in each other; names of 300 bytes, of which 240 stay.
 TEST(FileExport, ShortensPathsThatAreTooLong) {
   const TemporaryFolder folder;
