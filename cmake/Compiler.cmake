@@ -14,6 +14,11 @@ if(TARVELO_SANITIZE)
     -D_GLIBCXX_ASSERTIONS)
   target_link_options(tarvelo_compiler INTERFACE -fsanitize=${TARVELO_SANITIZE})
 endif()
+# What people install checks its stack and the sizes it gives the C library. The presets link it with full RELRO.
+if(NOT WIN32 AND NOT TARVELO_SANITIZE)
+  target_compile_options(tarvelo_compiler INTERFACE
+    "$<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+endif()
 if(WIN32)
   target_link_options(tarvelo_compiler INTERFACE $<$<CONFIG:Release>:-s>)  # strip the symbols
   target_compile_definitions(tarvelo_compiler INTERFACE
