@@ -74,7 +74,7 @@ std::optional<Offset> DataPlaces::PointerAround(Offset old, Offset shift) const 
 DataPlaces::Window DataPlaces::Agreeing(const Region& region, Offset there, bool isOwn) const {
   const Offset shift = there - region.offset;
   const Offset least = std::max({region.offset - reach, Offset{0}, -shift});
-  const Offset end = std::min(
+  const Offset end = std::min<Offset>(
       {region.End() + reach, std::ssize(old_.ff()), std::ssize(isOwn ? old_.ff() : now_.ff()) - shift});
   Window window{region.offset, region.offset};
   while (window.end < end) {
@@ -177,7 +177,7 @@ Region DataPlaces::TextAround(const Region& region) const {
   while (text.offset > 0 && region.offset - text.offset < longestText && isText(text.offset - 1))
     --text.offset;
   text.size = region.End() - text.offset;
-  const Offset most = std::min(region.End() + longestText, std::ssize(old_.ff()));
+  const Offset most = std::min<Offset>(region.End() + longestText, std::ssize(old_.ff()));
   while (text.End() < most && isText(text.End())) ++text.size;
   return text;
 }

@@ -8,7 +8,7 @@ namespace tarvelo {
 
 GramIndex::GramIndex(Bytes bytes) : bytes_(bytes) {
   const Offset end = std::ssize(bytes) - size + 1;
-  const auto count = static_cast<std::size_t>(std::max<Offset>(end, 0)) / size + 1;
+  const auto count = static_cast<std::size_t>(std::max<Offset>(end, 0) / size) + 1;
   const int bits = std::max(1, static_cast<int>(std::bit_width(count)));
   shift_ = 64 - bits;
   firsts_.resize((std::size_t{1} << bits) + 1);
