@@ -7,22 +7,18 @@
 namespace tarvelo {
 namespace {
 
-TEST(Align, PairsEqualTokensInOrder) {
-  const auto units = [](std::string_view tokens) {
-    std::vector<UnitInstruction> instructions;
-    for (const char token : tokens) instructions.push_back({.token = static_cast<std::uint32_t>(token)});
-    return instructions;
-  };
-  const struct {
-    const char *old, *now;
-    std::vector<int> pairs;
-  } cases[] = {
+TEST(Align, PairsEqualTokensInOrderAndRuns) {
+  const std::tuple<std::string_view, std::string_view, std::vector<int>> cases[] = {
       {"abc", "ab", {0, 1, -1}},
       {"ab", "abc", {0, 1}},
       {"axbc", "aybc", {0, -1, 2, 3}},
       {"pax", "aqy", {-1, 0, -1}},
       {"xabcy", "wabzcv", {-1, 1, 2, 4, -1}},
-      {"xaby", "waqabv", {-1, 3, 4, -1}},  // in one run
+      {"xaby", "waqabv", {-1, 3, 4, -1}}};
+  const auto units = [](std::string_view tokens) {
+    std::vector<UnitInstruction> instructions;
+    for (const char token : tokens) instructions.push_back({.token = static_cast<std::uint32_t>(token)});
+    return instructions;
   };
   const auto always = [](const UnitInstruction&, const UnitInstruction&) { return true; };
   for (const auto& [old, now, pairs] : cases) EXPECT_EQ(Align(units(old), units(now), always), pairs) << old;
