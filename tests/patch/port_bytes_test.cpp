@@ -21,7 +21,7 @@ std::string Body(int number, const std::string& source) {
 }
 
 // Each variable, bit and outer function is used by two functions, which is what makes it sure.
-std::vector<Item> Items() {
+std::vector<LinkedItem> Items() {
   const std::string uses =
       "F2 F4 word:near D7 40 word:page:far F2 F5 word:pof:far set:a set:b DA far:outer DA far:leaf "
       "E6 FC word:pof:text E6 FD word:page:text mov:a:c low:d:3:1";
@@ -52,16 +52,17 @@ std::vector<Item> Items() {
 }
 
 // The later version has its items in another order, behind something new.
-std::vector<Item> LaterItems() {
-  std::vector<Item> items = Items();
+std::vector<LinkedItem> LaterItems() {
+  std::vector<LinkedItem> items = Items();
   std::rotate(items.begin(), items.begin() + 2, items.end());
   // The twin of what is gone takes its place.
-  const auto gone = std::ranges::find(items, "gone", &Item::name);
-  const auto twin = std::ranges::find(items, "twin", &Item::name);
+  const auto gone = std::ranges::find(items, "gone", &LinkedItem::name);
+  const auto twin = std::ranges::find(items, "twin", &LinkedItem::name);
   std::swap(*gone, *twin);
   items.erase(twin);
-  std::ranges::find(items, "fifth", &Item::name)->source.insert(0, "A8 12 ");  // an instruction in front
-  std::ranges::find(items, "tail", &Item::name)->source.replace(36, 8, "6F 66 66");  // another word
+  std::ranges::find(items, "fifth", &LinkedItem::name)
+      ->source.insert(0, "A8 12 ");  // an instruction in front
+  std::ranges::find(items, "tail", &LinkedItem::name)->source.replace(36, 8, "6F 66 66");  // another word
   items.insert(items.begin(), {"new", Body(9, "CC 0 CC 0")});
   return items;
 }
