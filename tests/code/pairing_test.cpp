@@ -37,8 +37,9 @@ TEST(OperandVotes, AreSureIfNearlyAllAgree) {
   add({Near, 0x40}, 0x140, 1, 1, true);                                        // as far as its neighbours
   add({Near, 0x50}, 0x150, 1);                                                 // by what may be data
   add({Near, 0x60}, 0x168, 1, 1, true), add({Near, 0x60}, 0x168, 1, 1, true);  // one witness
-  for (const std::uint32_t bit : {2, 3, 6, 7, 8, 9}) add({Bit, bit}, bit, 1);
-  add({Bit, 30}, 31, 1);
+  for (const std::uint32_t data : {0x20, 0x21, 0x30, 0x31}) add({Address, data}, data, 1);
+  for (const std::uint32_t bit : {3, 4, 5, 6, 10, 12, 13, 14}) add({Bit, bit}, bit, 1);
+  add({Bit, 2}, 99, 1), add({Bit, 30}, 31, 1);
   votes.Count();
   const std::pair<std::uint32_t, std::optional<std::uint32_t>> sure[] = {
       {0x10, 0x110}, {0x20, 0x120}, {0x30, {}}, {0x40, 0x140}, {0x50, {}}, {0x60, {}}, {0x70, {}}};
@@ -47,8 +48,9 @@ TEST(OperandVotes, AreSureIfNearlyAllAgree) {
   EXPECT_EQ(votes.Before({Near, 0x0F}), std::nullopt);
   EXPECT_EQ(votes.Best({Near, 0x20}, 10).tally.all, 9);
   EXPECT_EQ(votes.On({Near, 0x30}, {Near, 0x300}, 9).agreeing, 0);
-  for (const auto& [bit, stays] : {std::pair(1u, true), {3u, false}, {5u, true}, {10u, false}, {32u, false}})
+  for (const auto& [bit, stays] : {std::pair(1u, false), {3u, false}, {7u, true}, {20u, false}})
     EXPECT_EQ(votes.Stays({Bit, bit}), stays) << bit;
+  EXPECT_TRUE(votes.Stays({Address, 0x25}));
   EXPECT_FALSE(votes.Stays({Near, 0x1000}));
 }
 
