@@ -13,9 +13,10 @@ TEST(PartnerOf, IsTheNearestLoadOfTheNextRegister) {
   std::map<char, std::string> bytesOf{{'4', "E6F43412"}, {'5', "E6F5C103"}, {'6', "E6F6C103"}, {'r', "E014"},
                                       {'s', "E015"},     {'j', "0D00"},     {'.', "CC00"}};
   const std::tuple<std::string_view, std::size_t, std::optional<std::size_t>> cases[] = {
-      {"45", 0, 1},        {"46", 0, {}},         {"54", 1, 0},    {"4.......5", 0, 8}, {"4........5", 0, {}},
-      {"5.......4", 8, 0}, {"5........4", 9, {}}, {"4j5", 0, {}},  {"5j4", 2, {}},      {"4s5", 0, 2},
-      {"4r5", 0, {}},      {"4.54", 0, {}},       {"4.5r", 0, {}}, {"4.5.4", 0, 2}};
+      {"45", 0, 1},          {"46", 0, {}},       {"54", 1, 0},          {"4.......5", 0, 8},
+      {"4........5", 0, {}}, {"5.......4", 8, 0}, {"5........4", 9, {}}, {"4j5", 0, {}},
+      {"5j4", 2, {}},        {"4s5", 0, 2},       {"4r5", 0, {}},        {"4.54", 0, {}},
+      {"4..5.4", 0, {}},     {"4.5r", 0, {}},     {"4.5.4", 0, 2}};
   for (const auto& [instructions, load, partner] : cases) {
     std::vector<DecodedCode> code;
     for (const char each : instructions)
