@@ -143,6 +143,7 @@ TEST(GetReferences, IsNotCertainOutsideCode) {
            {'H', 0, 'e', 0, 'l', 0, 'l', 0, 'o', 0, ' ', 0},
            "FFFF"_hex,
            "0000"_hex,
+           "08FF 18FF 28FF 38FF"_hex,
            "14028403 A2118503"_hex,  // pointers
            picture,
        })

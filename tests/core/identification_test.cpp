@@ -146,11 +146,12 @@ TEST(BuildDate, IsFoundNextToTheSignature) {
   EXPECT_EQ(date({{0x90, "14.11.2002"}, {0xA0, "10:22:31"}}), "14.11.2002 / 10:22:31");
   EXPECT_EQ(date({{0xA0, "Nov 14 2002"}}), "Nov 14 2002");
   EXPECT_EQ(date({{0xA0, "14-Nov-02"}}), "14-Nov-02");
+  EXPECT_EQ(date({{0xA0, "1.2.03"}}), "1.2.03");
   EXPECT_EQ(date({{0x10, "2002-11-14"}}), "2002-11-14");
   EXPECT_EQ(date({{0xF8, "14.11.2002"}}), "");  // would be cut off after 14.11.20
   EXPECT_EQ(date({{0xA0, "10:22"}}), "");       // a time alone is not a date
   EXPECT_EQ(date({{0x60, "01.02.2003"}}), "");  // the second header string is not a date
-  for (const char* text : {"32.01.2002", "14.13.2002", "14.11.1066", "14.11", "1.2.3", "14.11.2002x"})
+  for (const char* text : {"32.01.2002", "14.13.2002", "14.11.1066", "14.011.2002", "1.2.3", "14.11.2002x"})
     EXPECT_EQ(date({{0x90, text}}), "") << text;
 }
 

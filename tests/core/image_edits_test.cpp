@@ -46,7 +46,7 @@ TEST_F(Edits, AreTakenBackAndDoneAgain) {
 TEST_F(Edits, OverlappingOnesInOneStepAreTakenBack) {
   edits.Write(image, std::vector<Change>{{5, {}, {1, 2, 3}}, {6, {}, {0x11}}, {0x2FFF, {}, {8}}});
   EXPECT_EQ(At(5, 3), (Data{1, 0x11, 3}));
-  edits.Undo(image);
+  EXPECT_EQ(edits.Undo(image), (Region{5, 0x2FFB}));
   EXPECT_EQ(At(5, 3), Data(3, 0x11));
   EXPECT_EQ(At(0x2FFF, 1), Data{0x11});
 }

@@ -19,11 +19,11 @@ class CodeReaderTest : public testing::Test {
   std::string Read(const Data& code, const DppPages& dpps = {}) {
     builder.Data(0x100, code);
     dump.image = ImageOf(ImageBuilder(builder));
-    const CodeRows rows(dump.image.ff(), functions, {}, {});
+    const CodeRows rows(dump.image.ff(), functions, data, labels);
     const CodeReader reader({&dump, &rows, &functions, nullptr, dpps}, texts);
     std::string text;
     const Offset end = 0x100 + std::ssize(code);
-    for (Offset row = rows.RowOf(0x100); rows.At(row).offset < end; ++row) {
+    for (Offset row = rows.RowOf(0x100) - std::ssize(labels); rows.At(row).offset < end; ++row) {
       const CodeLine line = reader.Read(row);
       text += line.Text() + (line.meaning.empty() ? "" : " ; " + line.meaning) + "\n";
     }
@@ -33,6 +33,8 @@ class CodeReaderTest : public testing::Test {
   ImageBuilder builder{0x10000};
   Dump dump;
   FunctionList functions;
+  std::vector<Region> data;
+  std::vector<Offset> labels;
   Messages texts;
 };
 
@@ -45,6 +47,19 @@ TEST_F(CodeReaderTest, JoinsTheHalvesOfAddresses) {
   // Not over a call, not with the wrong register.
   EXPECT_EQ(Read("E6FC0012 DB00 E6FDFC03"_hex), "MOV R12, #1200h\nRETS\nMOV R13, #3FCh\n");
   EXPECT_EQ(Read("E6FC0012 E6FEFC03"_hex), "MOV R12, #1200h\nMOV R14, #3FCh\n");
+  // Lines are joined; what has other control characters is no text.
+  builder.Text(0x1210, "Two\nlines");
+  builder.Text(0x1220, "Two\x2lines");
+  EXPECT_EQ(Read("E6FC1012 E6FDFC03"_hex), "MOV R12, #1210h ; FF:1210  \"Two lines\"\nMOV R13, #3FCh\n");
+  EXPECT_EQ(Read("E6FC2012 E6FDFC03"_hex), "MOV R12, #1220h ; FF:1220\nMOV R13, #3FCh\n");
+}
+
+TEST_F(CodeReaderTest, PointersInDataNameTheirTargets) {
+  dump.names = Names("FF1300\tGreet\nFF0100\tTable\tof two");
+  data = {{0x100, 8}};
+  labels = {0x100};
+  EXPECT_EQ(Read("0013FF00 0013FC03"_hex),  // by segment and by page
+            "Table: ; ; of two\nDW 1300h, 0FFh, 1300h, 3FCh ; ..я...ь.  Greet  Greet\n");
 }
 
 TEST_F(CodeReaderTest, DataAddressesGoThroughRangesOrKnownDpps) {

@@ -15,17 +15,22 @@ namespace {
 
 int searches = 0;
 
-// Finds the first byte of the image; 0xEE counts as too many.
-const Explorer firstByte{.key = "first byte",
-                         .about = "",
-                         .letter = '1',
-                         .name = Text::MapText,
-                         .help = Text::MapText,
-                         .search = [](const Dump& dump, Progress&) {
-                           ++searches;
-                           if (dump.image.Byte(0) == 0xEE) throw std::length_error("too much");
-                           return Findings(int{dump.image.Byte(0)});
-                         }};
+// Finds the first byte of the image; 0xEE counts as too many. Lists three records, the second one deleted.
+const Explorer firstByte{
+    .key = "first byte",
+    .about = "",
+    .letter = '1',
+    .name = Text::MapText,
+    .help = Text::MapText,
+    .search =
+        [](const Dump& dump, Progress&) {
+          ++searches;
+          if (dump.image.Byte(0) == 0xEE) throw std::length_error("too much");
+          return Findings(int{dump.image.Byte(0)});
+        },
+    .count = [](const Findings&) -> std::size_t { return 3; },
+    .item = [](const Findings&, std::size_t record) -> Item { return {.isDeleted = record % 2 == 1}; },
+    .hasDeleted = true};
 
 // 64 KiB of zeros.
 class DocumentTest : public testing::Test {
@@ -51,6 +56,7 @@ TEST_F(DocumentTest, KeepsTheFindingsUntilAChange) {
   EXPECT_EQ(&document.Find(firstByte, noProgress), document.Known(firstByte));
   EXPECT_EQ(Find(), 0);
   EXPECT_EQ(searches, 1);
+  EXPECT_EQ(document.KnownCount(firstByte), 2u);
   const std::pair<std::function<void()>, int> changes[] = {
       {[&] { Write(0, {7}); }, 7},
       {[&] { document.Undo(); }, 0},

@@ -31,10 +31,10 @@ TEST(RowCursor, StaysInTheImage) {
   using enum CursorStep;
   // 3 rows, the last one of 5 bytes; a page is 2 rows.
   const std::tuple<Offset, CursorStep, Offset> cases[] = {
-      {0, Left, 0},     {36, Right, 36},   {3, Up, 3},          {20, Up, 4},
-      {18, Down, 34},   {31, Down, 36},    {33, Down, 33},      {33, PageUp, 1},
-      {5, PageUp, 5},   {1, PageDown, 33}, {15, PageDown, 36},  {20, RowStart, 16},
-      {20, RowEnd, 31}, {33, RowEnd, 36},  {20, ImageStart, 0}, {20, ImageEnd, 36},
+      {0, Left, 0},       {36, Right, 36},    {3, Up, 3},       {20, Up, 4},      {18, Down, 34},
+      {31, Down, 36},     {33, Down, 33},     {33, PageUp, 1},  {5, PageUp, 5},   {1, PageDown, 33},
+      {15, PageDown, 36}, {20, RowStart, 16}, {20, RowEnd, 31}, {33, RowEnd, 36}, {20, ImageStart, 0},
+      {20, ImageEnd, 36}, {2, Down, 18},
   };
   for (const auto& [from, step, to] : cases) {
     RowCursor cursor(37, 16);
@@ -43,6 +43,13 @@ TEST(RowCursor, StaysInTheImage) {
     EXPECT_EQ(cursor.At(), to) << from;
     EXPECT_EQ(cursor.Selection(), (Region{std::min(from, to), std::abs(from - to) + 1})) << from;
   }
+  RowCursor full(32, 16);
+  for (const auto& [selected, taken] : {std::pair(Region{5, 5}, Region{5, 5}), {{30, 9}, {30, 2}}}) {
+    full.Select(selected);
+    EXPECT_EQ(full.Selection(), taken);
+  }
+  full.Move(Down, 2, false);
+  EXPECT_EQ(full.At(), 30);
   RowCursor none;
   none.Select({5, 5});
   none.Move(ImageEnd, 2, true);

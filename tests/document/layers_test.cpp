@@ -13,17 +13,19 @@ constexpr ClaimGroup group{Text::MapPicture, {}, 0};
 constexpr ClaimKind table{"table", Text::MapPictureTable, {}, 1, &group};
 constexpr ClaimKind thing{"thing", Text::MapPicture, {}, 2, &group};
 
-// A table at 0 .. 99, thing 3 at 10 .. 29 in it with an entry at 4, and thing 9, which nothing claims.
+// A table at 0 .. 99, thing 0 at 10 .. 29 in it with an entry at 4, and thing 9 within thing 5, which
+// is no record.
 const Explorer explorer{
     .key = "made",
     .count = [](const Findings&) -> std::size_t { return 2; },
     .item = [](const Findings&, std::size_t record) -> Item {
-      if (record == 0) return {.number = 3, .data = {10, 20}, .entry = {4, 2}};
+      if (record == 0) return {.number = 0, .data = {10, 20}, .entry = {4, 2}};
       return {.number = 9, .data = {40, 5}, .entry = {40, 5}};
     },
     .claim =
         [](const Dump&, const Findings&, const TakeClaim& take) {
-          take({10, 20, &thing, Sureness::Certain, 3});
+          take({10, 20, &thing, Sureness::Certain, 0});
+          take({40, 6, &thing, Sureness::Certain, 5});
           take({0, 100, &table, Sureness::Likely});
         },
 };
@@ -41,7 +43,7 @@ TEST(Layers, AreAllThatCoversAPlace) {
   EXPECT_EQ(at(10), "table 0; thing 10#0; ");
   EXPECT_EQ(at(29), "table 0; thing 10#0; ");
   EXPECT_EQ(at(30), "table 0; ");
-  EXPECT_EQ(at(44), "table 0; record 40#1; ");
+  EXPECT_EQ(at(44), "table 0; thing 40; record 40#1; ");
   EXPECT_EQ(at(100), "");
 }
 

@@ -47,6 +47,12 @@ const Deletion deletions[] = {
        f.File(0, {.number = 20, .name = "new"}, "1234");
      },
      {"20 FFS/new 4 1", "20 FFS/new 2 1 -"}},
+    {"a deleted file and older data",
+     [](VolumeBuilder& f) {
+       f.Record(0, 6011, AsBytes("1"), gone);
+       f.File(1, {.number = 10, .name = "a"}, "12", gone);
+     },
+     {"10 FFS/a 2 1 -", "10 FFS/a 1 1 -"}},
     {"a deleted file of pieces",
      [](VolumeBuilder& f) {
        f.File(0, {.number = 10, .name = "a", .next = 12}, "123", gone);

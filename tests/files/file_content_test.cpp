@@ -5,12 +5,15 @@
 #include <algorithm>
 
 #include "files/file_lines.h"
+#include "files/files_explorer.h"
 
 namespace tarvelo {
 namespace {
 
 TEST(ReplaceContent, FillsThePiecesInOrder) {
   Volume volume;
+  const auto address = static_cast<std::uint32_t>(0xC00000 + volume.BytesOf(6025));
+  volume.files.Slot(1, 6025, address, 3);  // a copy
   Fullflash image = ImageOf(std::move(volume.image));
   const FileList list = FindFiles(image, noProgress);
   const FileEntry& file = list.entries[2];
@@ -51,6 +54,20 @@ TEST(ReplaceContent, RefusesWhatIsNotTheFilesAlone) {
     ASSERT_NE(entry, list.entries.end()) << path;
     EXPECT_EQ(ReplaceContent(image, list, *entry, AsBytes("x")).refusal, refusal) << path;
   }
+  const std::string damaged = "Damaged files and folders: 2\n";  // no folder lists "shares"
+  EXPECT_NE(FileInformation(list, Messages()).find(damaged), std::string::npos);
+}
+
+TEST(FilesExplorer, ClaimsRecordsForTheirEntries) {
+  Volume volume;
+  std::map<Offset, int> entries;
+  for (const auto& [record, entry] : {std::pair(6024, 24), {6025, 24}, {6030, 30}, {6031, 30}})
+    entries[static_cast<Offset>(volume.BytesOf(record))] = entry;
+  const Dump dump = DumpOf(std::move(volume.image));
+  filesExplorer.claim(dump, filesExplorer.search(dump, noProgress), [&](const Claim& claim) {
+    if (entries.contains(claim.offset) && entries[claim.offset] == claim.number) entries.erase(claim.offset);
+  });
+  EXPECT_TRUE(entries.empty());
 }
 
 TEST(FolderContents, GivesTheMembersOfEachFolder) {

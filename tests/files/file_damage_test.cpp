@@ -116,6 +116,15 @@ const Damage damages[] = {
     {"no data of a later piece",
      [](Volume& v) { v.Remove(6025); },
      {whole[0], whole[1], "22 FFS/Pics/a.bmp 5 1 !", whole[3], "26 FFS/#26 2 1 !"}},
+    {"pieces of no file, the last one first",
+     [](Volume& v) {
+       v.files.File(1, {.number = 50}, "3");
+       v.files.File(1, {.number = 52, .next = 50}, "12");
+     },
+     {whole[0], whole[1], whole[2], whole[3], "52 FFS/#52 3 2 !"}},
+    {"a unit without its second mark",
+     [](Volume& v) { v.image.Word(firstUnit + 0x1008E, 0); },
+     {"6 FFS/ 1 !", "20 FFS/Pics/ 1 !", "24 FFS/#24 3 1 !"}},
     {"a byte left over in a folder", [](Volume& v) { v.image.Word(v.SlotOf(6007) + 2, 9); }, whole},
     {"half an item at the end of a folder", [](Volume& v) { v.image.Word(v.SlotOf(6007) + 2, 6); }, whole},
     {"cleared and unused items",
@@ -194,6 +203,12 @@ TEST(FindFiles, ReadsAUnitThatTheImageCutsOff) {
   image.Text(0xFF082, "FFS");
   image.Word(0xFF08E, 0xFEFE);
   EXPECT_EQ(Listed(ImageOf(std::move(image))), (Lines{"6 FFS/ 1", "10 FFS/a 1 1"}));
+  ImageBuilder end(0x100000);  // an empty unit is the last one
+  VolumeBuilder atEnd(end, "FFS");
+  atEnd.Unit(0xE0000);
+  atEnd.Unit(0xF0000);
+  atEnd.Folder(0, {.number = 6}, {});
+  EXPECT_EQ(Listed(ImageOf(std::move(end))), Lines{"6 FFS/ 1"});
 }
 
 }  // namespace

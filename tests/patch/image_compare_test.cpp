@@ -82,6 +82,12 @@ TEST(Compare, AlignsDumpsByPhoneAddress) {
   EXPECT_EQ(shift(0x800000, 0x1000001), 0);   // no address in common
 }
 
+TEST(NearestDifference, IsTheOneBeforeOrBehind) {
+  const Differences differences{{10, 5}, {30, 5}};
+  for (const auto& [offset, index] : {std::pair(0, 0u), {10, 0u}, {22, 0u}, {23, 1u}, {30, 1u}, {99, 1u}})
+    EXPECT_EQ(NearestDifference(differences, offset), index) << offset;
+}
+
 TEST(Compare, MakesChangesWithinTheImages) {
   const Data one{1, 2, 3}, other{4, 5, 6};
   EXPECT_EQ(ChangeOf(one, other, {1, 2}), (Change{1, {2, 3}, {5, 6}}));

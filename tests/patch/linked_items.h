@@ -14,7 +14,7 @@ namespace tarvelo {
 inline constexpr Offset imageSize = 0x20000;
 inline constexpr std::uint32_t base = 0x1000000 - imageSize;
 
-struct Item {
+struct LinkedItem {
   std::string name;
   std::string source;  // bytes, or references to names, separated by blanks; see Linked::Bytes
   bool isFunction = true;
@@ -23,16 +23,16 @@ struct Item {
 class Linked {
  public:
   // `values` are what is in no item: variables, bits, outer functions.
-  Linked(const std::vector<Item>& items, std::map<std::string, std::uint32_t> values)
+  Linked(const std::vector<LinkedItem>& items, std::map<std::string, std::uint32_t> values)
       : values_(std::move(values)), bytes_(imageSize, 0xFF) {
     Offset at = 0x1000;
-    for (const Item& item : items) {
+    for (const LinkedItem& item : items) {
       values_[item.name] = base + static_cast<std::uint32_t>(at);
       const Offset size = std::ssize(Bytes(item.source));
       if (item.isFunction) functions_.push_back({{at, size}, 1});
       at += size + (size & 1);
     }
-    for (const Item& item : items)
+    for (const LinkedItem& item : items)
       std::ranges::copy(Bytes(item.source), bytes_.begin() + (values_.at(item.name) - base));
   }
 

@@ -34,6 +34,7 @@ TEST(NamePattern, FindsAddresses) {
       {"E0 14 DB00", {0xF02000}},
       {"e014db00", {0xF02000}},
       {"?0 1? [110110..] 00", {0xF02000}},
+      {"E0 [00010000] DB00", {}},
       {"F048 {E014} DB00", {0xF01000}},             // in the place of the call
       {"F048 DA?????? { E014 } DB00", {0xF01000}},  // behind it
       {"F048 {E015} DB00", {}},

@@ -21,44 +21,48 @@ std::string Body(int number, const std::string& source) {
 }
 
 // Each variable, bit and outer function is used by two functions, which is what makes it sure.
-std::vector<Item> Items() {
+std::vector<LinkedItem> Items() {
   const std::string uses =
       "F2 F4 word:near D7 40 word:page:far F2 F5 word:pof:far set:a set:b DA far:outer DA far:leaf "
       "E6 FC word:pof:text E6 FD word:page:text mov:a:c low:d:3:1";
-  return {
-      {"leaf", Body(0, "")},
-      {"first", Body(1, uses)},
-      {"second", Body(2, uses)},
-      {"small", "E0 11 E0 22 DB 0"},
-      {"alike", "E0 11 E0 22 DB 0"},
-      {"third", Body(3, "DA far:second DA far:first E6 FC word:pof:text E6 FD word:page:text")},
-      {"between", "12 34 56 78 9A BC", false},
-      {"fifth", Body(5, "F2 F5 word:near F2 F6 word:near")},
-      {"gone", Body(6, "F2 F4 word:u")},
-      {"fourth", Body(4, "D7 40 word:page:far F2 F5 word:pof:far F2 F5 word:near F2 F5 word:w F2 F5 word:x")},
-      {"twin", Body(6, "F2 F4 word:v")},
-      {"picture", Body(10, "F2 F4 word:k"), false},  // looks like code
-      {"sound", Body(11, "F2 F4 word:k"), false},
-      {"table",
-       "word:off:first word:seg:first word:off:second word:seg:second word:off:third word:seg:third "
-       "word:pof:text word:page:text word:pof:other word:page:other",
-       false},
-      {"text", "4D 65 6E 75 20 6F 6E 65 0 53 65 74 75 70 20 74 77 6F 0 41 42 43 44 45 46 47 0", false},
-      {"other", "53 6F 6D 65 20 6F 74 68 65 72 20 77 6F 72 64 73 20 68 65 72 65 0", false},
-      {"tail", "50 6C 61 79 20 6D 65 6C 6F 64 79 20 6E 6F 77 0", false}};
+  return {{"leaf", Body(0, "")},
+          {"first", Body(1, uses)},
+          {"second", Body(2, uses)},
+          {"small", "E0 11 E0 22 DB 0"},
+          {"alike", "E0 11 E0 22 DB 0"},
+          {"third", Body(3,
+                         "DA far:second DA far:first E6 FC word:pof:text E6 FD word:page:text D7 40 "
+                         "word:page:far2 F2 F5 word:pof:far2")},
+          {"between", "12 34 56 78 9A BC", false},
+          {"fifth", Body(5, "F2 F5 word:near F2 F6 word:near")},
+          {"gone", Body(6, "F2 F4 word:u")},
+          {"fourth", Body(4,
+                          "D7 40 word:page:far F2 F5 word:pof:far F2 F5 word:near F2 F5 word:w F2 F5 word:x "
+                          "D7 40 word:page:far2 F2 F5 word:pof:far2")},
+          {"twin", Body(6, "F2 F4 word:v")},
+          {"picture", Body(10, "F2 F4 word:k"), false},  // looks like code
+          {"sound", Body(11, "F2 F4 word:k"), false},
+          {"table",
+           "word:off:first word:seg:first word:off:second word:seg:second word:off:third word:seg:third "
+           "word:pof:text word:page:text word:pof:other word:page:other",
+           false},
+          {"text", "4D 65 6E 75 20 6F 6E 65 0 53 65 74 75 70 20 74 77 6F 0 41 42 43 44 45 46 47 0", false},
+          {"other", "53 6F 6D 65 20 6F 74 68 65 72 20 77 6F 72 64 73 20 68 65 72 65 0", false},
+          {"tail", "50 6C 61 79 20 6D 65 6C 6F 64 79 20 6E 6F 77 0", false}};
 }
 
 // The later version has its items in another order, behind something new.
-std::vector<Item> LaterItems() {
-  std::vector<Item> items = Items();
+std::vector<LinkedItem> LaterItems() {
+  std::vector<LinkedItem> items = Items();
   std::rotate(items.begin(), items.begin() + 2, items.end());
   // The twin of what is gone takes its place.
-  const auto gone = std::ranges::find(items, "gone", &Item::name);
-  const auto twin = std::ranges::find(items, "twin", &Item::name);
+  const auto gone = std::ranges::find(items, "gone", &LinkedItem::name);
+  const auto twin = std::ranges::find(items, "twin", &LinkedItem::name);
   std::swap(*gone, *twin);
   items.erase(twin);
-  std::ranges::find(items, "fifth", &Item::name)->source.insert(0, "A8 12 ");  // an instruction in front
-  std::ranges::find(items, "tail", &Item::name)->source.replace(36, 8, "6F 66 66");  // another word
+  std::ranges::find(items, "fifth", &LinkedItem::name)
+      ->source.insert(0, "A8 12 ");  // an instruction in front
+  std::ranges::find(items, "tail", &LinkedItem::name)->source.replace(36, 8, "6F 66 66");  // another word
   items.insert(items.begin(), {"new", Body(9, "CC 0 CC 0")});
   return items;
 }
@@ -78,7 +82,9 @@ constexpr Line lines[] = {
     {"first", 60, "DA far:outer"},
     {"second", 56, "DA 00 34 12", true},  // nothing says where 1234h went
     {"first", 48, "F2 F6 word:pof:far"},  // in the range of an EXTP that stays
-    {"first", 50, "00 01", true},         // there, another variable
+    {"first", 50, "10 01", true},         // there, another variable
+    {"first", 50, "word:pof:far2"},       // one of the same page
+    {"second", 52, "0F 25", true},        // nothing says where the bit 25h.0 went
     {"first", 40, "D7 40 word:page:far F2 F6 word:pof:far"},
     {"second", 40, "mov:a:b"},
     {"second", 52, "set:b set:a"},
@@ -93,6 +99,7 @@ constexpr Line lines[] = {
     {"third", 40, "E6 F5 FA 3 E6 F4 10 0"},
     {"third", 40, "E6 F4 0 80 E6 F5 FF 0", true},  // FF:8000 is inside, and no function
     {"third", 40, "E6 F4 10 0 E6 F5 FA 3", true},  // as an address is loaded
+    {"third", 40, "E6 F4 34 12 E6 F5 10 0"},       // outside the image in both forms
     {"tail", 0, "51", true},                       // the text has become another one
     {"second", 64, "E6 FC word:pof:other"},        // half of a pair, whose page is the same in both
     {"third", 40, "E6 FC word:off:leaf E6 FD word:seg:leaf"},
@@ -100,6 +107,7 @@ constexpr Line lines[] = {
     {"table", 4, "word:off:fourth word:seg:fourth"},
     {"table", 12, "word:pof:other word:page:other"},
     {"text", 5, "5A 5A"},
+    {"first", 62, "7C", true},             // calls the second; the byte behind the line would change, too
     {"first", 40, "CC 0 CC 0"},            // the second NOP has the bytes of the address 00CCh
     {"fifth", 40, "D EB CC 0", false, 2},  // 21 words back: to the first instruction, no more the entry
     {"between", 2, "55"},
@@ -137,6 +145,7 @@ class PortBytes : public testing::Test {
   Linked old{Items(),
              {{"near", 0xCC},
               {"far", 0x184010},
+              {"far2", 0x184100},
               {"outer", 0x2000},
               {"a", 0x123},
               {"b", 0x210},
@@ -152,6 +161,7 @@ class PortBytes : public testing::Test {
   Linked now{LaterItems(),
              {{"near", 0x8244},
               {"far", 0x188030},
+              {"far2", 0x188140},
               {"outer", 0x2468},
               {"a", 0x135},
               {"b", 0x31F},
@@ -177,11 +187,15 @@ TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
 // Code in an erased area, cut into lines inside its instructions, and a text behind it that looks like JMPA.
 TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
   const std::string source =
-      "F2 F4 word:near 2D 2 DA far:third E6 FC 14 0 E6 FD FE 3 DB 0 EA 0 20 41 0";  // the text behind it
+      "F2 F4 word:near 2D 2 DA far:third E6 FC 14 0 E6 FD FE 3 E6 F6 32 80 E6 F7 FF 0 DB 0 "
+      "F2 F4 word:near 0D EF "                        // leads back to the start
+      "F2 F4 CC 0 0D 1 EA 0 20 41 "                   // leads to nothing known: data
+      "F2 F5 word:near DB 0 F2 F6 word:near DB 0 0";  // at 2Ch, which is called, and at 32h
   const std::vector<std::uint8_t> code = old.Bytes(source);
   const std::vector<std::uint8_t> wanted = now.Bytes(source);
   constexpr Offset erased = 0x18000;
-  std::vector<PatchChange> changes{ChangeOf(old.At("first") + 56, {0xDA, 0xFF, 0x00, 0x80})};
+  std::vector<PatchChange> changes{
+      ChangeOf(old.At("first") + 56, {0xDA, 0xFF, 0x00, 0x80, 0xDA, 0xFF, 0x2C, 0x80})};
   for (Offset at = 0; at < std::ssize(code); at += 7) {
     const auto end = std::min<Offset>(at + 7, std::ssize(code));
     changes.push_back(ChangeOf(erased + at, {code.begin() + at, code.begin() + end}));

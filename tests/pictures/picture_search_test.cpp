@@ -4,6 +4,7 @@
 
 #include "images.h"
 #include "pictures/picture_table.h"
+#include "pictures/pictures_explorer.h"
 
 namespace tarvelo {
 namespace {
@@ -91,6 +92,11 @@ TEST(GetP, EndsATableByEachRule) {
     builder.Fill(at + 4, 4, 0);
     Entry(builder, at + 8, 8, 8, 1);
     EXPECT_EQ(Find(builder).pictures.size(), 3u) << int{end[0]} << int{end[1]};
+    const Dump dump = DumpOf(builder);
+    const Offset size = end[0] == 255 || end[1] == 0 ? 32 : 24;  // of the table, with an entry that ends it
+    picturesExplorer.claim(dump, picturesExplorer.search(dump, noProgress), [&](const Claim& claim) {
+      EXPECT_EQ(claim.size, claim.offset == 0x1000 ? size : claim.size) << int{end[0]} << int{end[1]};
+    });
   }
   ImageBuilder compressed(mebi);  // a 4 x 4 picture of type 81 does not end a table
   Entry(compressed, PutTable(compressed, 0x1000, 1, 2), 4, 4, 0x81);
@@ -98,10 +104,10 @@ TEST(GetP, EndsATableByEachRule) {
 }
 
 TEST(GetP, ReadsATableToTheEndOfTheImage) {
-  for (const int others : {2, 1}) {  // four bytes remain after a table of two
+  for (const auto& [size, others, found] : {std::tuple(24, 2, 3u), {20, 1, 2u}, {16, 1, 0u}}) {
     ImageBuilder builder(mebi);
-    PutTable(builder, others == 2 ? mebi - 24 : mebi - 20, 1, others);
-    EXPECT_EQ(Find(builder).pictures.size(), 1u + static_cast<std::size_t>(others));
+    PutTable(builder, mebi - static_cast<std::size_t>(size), 1, others);
+    EXPECT_EQ(Find(builder).pictures.size(), found) << size;  // four bytes remain after a table of two
   }
 }
 

@@ -22,7 +22,15 @@ TEST(Windows1251, IsCyrillicInItsUpperHalf) {
 TEST(ToUpper, KnowsTheInterfacesScripts) {
   EXPECT_EQ(ToUpper("c:\\дамп ё-1 ĥžýęłß.bin ÷ Straße Ελληνικά ώς"),
             "C:\\ДАМП Ё-1 ĤŽÝĘŁß.BIN ÷ STRAßE ΕΛΛΗΝΙΚΆ ΏΣ");
-  EXPECT_EQ(ToUpper("全字库 ĲŸ"), "全字库 ĲŸ");
+  EXPECT_EQ(ToUpper("全字库 ĲŸ έίΰ"), "全字库 ĲŸ ΈΊΰ");
+}
+
+TEST(Utf8, HasOneToFourBytes) {
+  constexpr std::u16string_view text = u"\u007F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF";
+  constexpr std::string_view bytes =
+      "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
+  EXPECT_EQ(ToUtf8(text), bytes);
+  EXPECT_EQ(ToUtf16(bytes), text);
 }
 
 TEST(Utf8, ReplacesUnpairedSurrogates) {

@@ -1,0 +1,55 @@
+// Two parts of carrying a patch: which loads make an address, and where an area may go.
+#include <gtest/gtest.h>
+
+#include "images.h"
+#include "patch/free_areas.h"
+#include "patch/load_pairs.h"
+
+namespace tarvelo {
+namespace {
+
+// A letter for each instruction: loads of R4 .. R6, a short one of R4 or R5, a jump, and NOP.
+TEST(PartnerOf, IsTheNearestLoadOfTheNextRegister) {
+  std::map<char, std::string> bytesOf{{'4', "E6F43412"}, {'5', "E6F5C103"}, {'6', "E6F6C103"}, {'r', "E014"},
+                                      {'s', "E015"},     {'j', "0D00"},     {'.', "CC00"}};
+  const std::tuple<std::string_view, std::size_t, std::optional<std::size_t>> cases[] = {
+      {"45", 0, 1},          {"46", 0, {}},       {"54", 1, 0},          {"4.......5", 0, 8},
+      {"4........5", 0, {}}, {"5.......4", 8, 0}, {"5........4", 9, {}}, {"4j5", 0, {}},
+      {"5j4", 2, {}},        {"4s5", 0, 2},       {"4r5", 0, {}},        {"4.54", 0, {}},
+      {"4..5.4", 0, {}},     {"4.5r", 0, {}},     {"4.5.4", 0, 2}};
+  for (const auto& [instructions, load, partner] : cases) {
+    std::vector<DecodedCode> code;
+    for (const char each : instructions)
+      code.push_back({0, Instruction::Decode(*ReadHex(bytesOf[each]), 0), {}});
+    EXPECT_EQ(PartnerOf(code, load), partner) << instructions << ", " << load;
+  }
+}
+
+// 100h bytes from a phone address in an image of 320 KiB, whose segments begin at offset 0, 10000h and so on.
+TEST(FreeAreas, HaveRoomWithinTheBoundsOfPagesAndSegments) {
+  const std::tuple<std::vector<Region>, Offset, std::optional<Offset>> cases[] = {
+      {{}, 0x801234, 0x21234},  // nearest to the middle with the same offset in the segment
+      {{{0, 0x5000}, {0xF000, 0x31000}}, 0x801234, 0x9234},  // in the page
+      {{{0, 0x5800}, {0x6400, 0x39C00}}, 0x801234, 0x5D34},  // in neither
+      {{{0, 0x5000}, {0x5300, 0x3AD00}}, 0x801000, 0x5100},  // 100h bytes from all
+      {{{0, 0x5000}, {0x52FF, 0x3AD01}}, 0x801000, {}},
+      {{{0, 0x5001}, {0x5300, 0x3AD00}}, 0x801000, {}},
+      {{{0, 0x3FD00}}, 0x801000, 0x3FE00},                   // in front of the last 64 KiB
+      {{{0, 0x7E00}, {0x8200, 0x37E00}}, 0x801080, {}},      // would cross the end of a page
+      {{{0, 0x7E00}, {0x8200, 0x37E00}}, 0x803F80, 0x7F80},  // as it did before
+      {{{0, 0x7E00}, {0x8200, 0xE00}, {0x93C0, 0x36C40}}, 0x801080, 0x9180},
+      {{{0, 0x5000}, {0x6000, 0x2000}, {0xA000, 0x36000}}, 0x801080, 0x9080}};  // the longest
+  const Fullflash image = Erased(0x50000);
+  for (const auto& [used, from, place] : cases) {
+    FreeAreas areas(image, used);
+    EXPECT_EQ(areas.Find(from, 0x100), place) << used.size() << ", " << from;
+    if (!place) continue;
+    EXPECT_TRUE(areas.Suits(from, 0x100, *place)) << *place;
+    EXPECT_FALSE(areas.Suits(from, 0x100, *place + 1)) << *place;
+    areas.Take({*place, 1});
+    EXPECT_FALSE(areas.Suits(from, 0x100, *place)) << *place;
+  }
+}
+
+}  // namespace
+}  // namespace tarvelo
