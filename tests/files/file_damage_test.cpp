@@ -85,9 +85,12 @@ const Damage damages[] = {
        for (const int piece : {6023, 6025, 6027}) v.image.Word(v.SlotOf(piece) + 2, 0xFFFF);
      },
      {whole[0], whole[1], "22 FFS/Pics/a.bmp 196605 3", whole[3]}},
-    {"a record of 0 bytes",
-     [](Volume& v) { v.image.Word(v.SlotOf(6031) + 2, 0); },
-     {whole[0], whole[1], whole[2], "30 FFS/b.txt 0 1"}},
+    {"records of 0 bytes, one of them outside the image",
+     [](Volume& v) {
+       for (const int number : {6025, 6031}) v.image.Word(v.SlotOf(number) + 2, 0);
+       v.image.DWord(v.SlotOf(6025) + 4, 0x00100000);
+     },
+     {whole[0], whole[1], "22 FFS/Pics/a.bmp 7 2", "30 FFS/b.txt 0 1"}},
     {"bytes outside the image",
      [](Volume& v) { v.image.DWord(v.SlotOf(6031) + 4, 0x00100000); },
      {whole[0], whole[1], whole[2], "30 FFS/b.txt 0 0 !"}},
@@ -100,6 +103,23 @@ const Damage damages[] = {
     {"no root",
      [](Volume& v) { v.Remove(6006); },
      {"20 FFS/Pics/ 1", "22 FFS/Pics/a.bmp 10 3", "30 FFS/b.txt 4 1"}},
+    {"no root but a piece of it; folders that hold earlier ones",
+     [](Volume& v) {
+       v.files.Folder(0, {.number = 40, .parent = 42, .name = "A"}, {});
+       v.files.Folder(0, {.number = 42, .name = "B"}, {40, 44});
+       v.files.Folder(0, {.number = 44, .parent = 42}, {46});
+       v.files.File(0, {.number = 46, .parent = 44, .name = "x"}, "1");
+       v.files.Folder(0, {.number = 8}, {42});
+       v.Remove(6006);
+     },
+     {whole[1], whole[2], "42 FFS/B/ 1", "40 FFS/B/A/ 1", "44 FFS/B/#44/ 1", "46 FFS/B/#44/x 1 1", whole[3],
+      "8 FFS/#8/ 1 !"}},
+    {"a deleted root",
+     [](Volume& v) {
+       v.image.Byte(v.SlotOf(6006), gone);
+       v.files.File(0, {.number = 60, .name = "a"}, "1", gone);
+     },
+     {whole[1], whole[2], whole[3], "6 FFS/ 1 -", "60 FFS/a 1 1 -"}},
     {"no items of the root",
      [](Volume& v) { v.Remove(6007); },
      {"6 FFS/ 0", "20 FFS/Pics/ 1 !", whole[2], "30 FFS/b.txt 4 1 !"}},
@@ -194,6 +214,31 @@ TEST(FindFiles, ReadsAUnitThatTheImageCutsOff) {
   image.Text(0xFF082, "FFS");
   image.Word(0xFF08E, 0xFEFE);
   EXPECT_EQ(Listed(ImageOf(std::move(image))), (Lines{"6 FFS/ 1", "10 FFS/a 1 1"}));
+}
+
+// Slot 0 of the units tells nothing, and another store stands behind them.
+TEST(FindFiles, DoesNotTakeTheUnitBehindItsOwn) {
+  const struct {
+    std::size_t count, size;
+    bool isEmpty, hasMarks;
+  } cases[] = {{1, 0x10000, false, false},
+               {1, 0x10000, true, true},
+               {2, 0x10000, true, false},
+               {1, 0x20000, false, true},
+               {1, 0x40000, false, false}};
+  for (const auto& [count, size, isEmpty, hasMarks] : cases)
+    for (const std::uint8_t state : {0xFC, 0xFE, 0xF8, 0xE0, 0xC0, 0x00}) {
+      ImageBuilder image(volumeSize);
+      VolumeBuilder files(image, "FFS"), other(image, "EEFULL");
+      for (std::size_t i = 0; i < count; ++i)
+        files.Slot(files.Unit(firstUnit + i * size, size), 6100, 0, 8, state);
+      if (!isEmpty) files.File(0, {.number = 8, .name = "own"}, "1");
+      other.Unit(firstUnit + count * size);
+      other.File(0, {.number = 10, .name = "other"}, "1");
+      if (!hasMarks) image.Word(firstUnit + count * size + 0x8E, 0);
+      EXPECT_EQ(Listed(ImageOf(std::move(image))), isEmpty ? Lines{} : Lines{"8 FFS/own 1 1"})
+          << count << " " << size << " " << int{state};
+    }
 }
 
 }  // namespace
