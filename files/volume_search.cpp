@@ -61,7 +61,7 @@ class HeaderSearch {
     for (Offset unit = 0; unit + unitDataAt <= end_; unit += unitStep) {
       if (!HasMarks(unit)) continue;
       const auto name = UnitName(image_, unit);
-      if (!name || name->empty()) continue;
+      if (!name) continue;
       allHeaders_.push_back(unit);
       if (NamesFiles(*name) && !volumes_.contains(*name)) headers_[*name].push_back(unit);
     }

@@ -216,28 +216,27 @@ TEST(FindFiles, ReadsAUnitThatTheImageCutsOff) {
   EXPECT_EQ(Listed(ImageOf(std::move(image))), (Lines{"6 FFS/ 1", "10 FFS/a 1 1"}));
 }
 
-// Slot 0 of the units tells nothing, and another store stands behind them.
-TEST(FindFiles, DoesNotTakeTheUnitBehindItsOwn) {
+// Slot 0 of each unit tells nothing; a unit of another store stands somewhere behind the first one.
+TEST(FindFiles, TakesNoRecordsOfAnotherStore) {
   const struct {
-    std::size_t count, size;
+    std::size_t second, size, other;  // second: the distance of another header of the volume; 0: none
     bool isEmpty, hasMarks;
-  } cases[] = {{1, 0x10000, false, false},
-               {1, 0x10000, true, true},
-               {2, 0x10000, true, false},
-               {1, 0x20000, false, true},
-               {1, 0x40000, false, false}};
-  for (const auto& [count, size, isEmpty, hasMarks] : cases)
+  } cases[] = {{0, 0x10000, 0x10000, false, false},      {0, 0x10000, 0x10000, true, true},
+               {0x10000, 0x10000, 0x20000, true, false}, {0x30000, 0x10000, 0x10000, true, true},
+               {0, 0x20000, 0x20000, false, true},       {0, 0x40000, 0x40000, false, false},
+               {0x1000, 0x20000, 0x20000, false, true}};
+  for (const auto& [second, size, behind, isEmpty, hasMarks] : cases)
     for (const std::uint8_t state : {0xFC, 0xFE, 0xF8, 0xE0, 0xC0, 0x00}) {
       ImageBuilder image(volumeSize);
       VolumeBuilder files(image, "FFS"), other(image, "EEFULL");
-      for (std::size_t i = 0; i < count; ++i)
-        files.Slot(files.Unit(firstUnit + i * size, size), 6100, 0, 8, state);
+      files.Slot(files.Unit(firstUnit, size), 6100, 0, 8, state);
+      if (second > 0) files.Slot(files.Unit(firstUnit + second, size), 6100, 0, 8, state);
       if (!isEmpty) files.File(0, {.number = 8, .name = "own"}, "1");
-      other.Unit(firstUnit + count * size);
+      other.Unit(firstUnit + behind);
       other.File(0, {.number = 10, .name = "other"}, "1");
-      if (!hasMarks) image.Word(firstUnit + count * size + 0x8E, 0);
+      if (!hasMarks) image.Word(firstUnit + behind + 0x8E, 0);
       EXPECT_EQ(Listed(ImageOf(std::move(image))), isEmpty ? Lines{} : Lines{"8 FFS/own 1 1"})
-          << count << " " << size << " " << int{state};
+          << second << " " << size << " " << int{state};
     }
 }
 
