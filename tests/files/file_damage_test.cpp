@@ -114,12 +114,14 @@ const Damage damages[] = {
      },
      {whole[1], whole[2], "42 FFS/B/ 1", "40 FFS/B/A/ 1", "44 FFS/B/#44/ 1", "46 FFS/B/#44/x 1 1", whole[3],
       "8 FFS/#8/ 1 !"}},
-    {"a deleted root",
+    {"a deleted root; a deleted header in a second volume, in another record than its own",
      [](Volume& v) {
        v.image.Byte(v.SlotOf(6006), gone);
        v.files.File(0, {.number = 60, .name = "a"}, "1", gone);
+       VolumeBuilder second(v.image, "FFS_B");
+       second.Record(second.Unit(0x300000), 6010, second.Header({.number = 12, .name = "b"}), gone);
      },
-     {whole[1], whole[2], whole[3], "6 FFS/ 1 -", "60 FFS/a 1 1 -"}},
+     {whole[1], whole[2], whole[3], "6 FFS/ 1 -", "60 FFS/a 1 1 -", "12 FFS_B/b 0 0 -"}},
     {"no items of the root",
      [](Volume& v) { v.Remove(6007); },
      {"6 FFS/ 0", "20 FFS/Pics/ 1 !", whole[2], "30 FFS/b.txt 4 1 !"}},
@@ -224,14 +226,14 @@ TEST(FindFiles, TakesNoRecordsOfAnotherStore) {
   } cases[] = {{0, 0x10000, 0x10000, false, false},      {0, 0x10000, 0x10000, true, true},
                {0x10000, 0x10000, 0x20000, true, false}, {0x30000, 0x10000, 0x10000, true, true},
                {0, 0x20000, 0x20000, false, true},       {0, 0x40000, 0x40000, false, false},
-               {0x1000, 0x20000, 0x20000, false, true}};
+               {0x1000, 0x20000, 0x20000, false, true},  {0x30000, 0x10000, 0x10000, false, true}};
   for (const auto& [second, size, behind, isEmpty, hasMarks] : cases)
     for (const std::uint8_t state : {0xFC, 0xFE, 0xF8, 0xE0, 0xC0, 0x00}) {
       ImageBuilder image(volumeSize);
       VolumeBuilder files(image, "FFS"), other(image, "EEFULL");
       files.Slot(files.Unit(firstUnit, size), 6100, 0, 8, state);
       if (second > 0) files.Slot(files.Unit(firstUnit + second, size), 6100, 0, 8, state);
-      if (!isEmpty) files.File(0, {.number = 8, .name = "own"}, "1");
+      if (!isEmpty) files.File(second > size ? 1 : 0, {.number = 8, .name = "own"}, "1");
       other.Unit(firstUnit + behind);
       other.File(0, {.number = 10, .name = "other"}, "1");
       if (!hasMarks) image.Word(firstUnit + behind + 0x8E, 0);
