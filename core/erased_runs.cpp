@@ -7,7 +7,7 @@ namespace {
 
 constexpr Offset shortestErased = 256;
 
-bool IsErasedByte(Bytes image, Offset p) { return image[static_cast<std::size_t>(p)] == 0xFF; }
+bool IsErased(Bytes image, Offset p) { return image[static_cast<std::size_t>(p)] == 0xFF; }
 
 Offset EndOfErased(Bytes image, Offset p) {
   const auto end = static_cast<Offset>(image.size());
@@ -16,7 +16,7 @@ Offset EndOfErased(Bytes image, Offset p) {
     std::memcpy(&word, image.data() + p, 8);
     if (word != erased) break;
   }
-  while (p < end && IsErasedByte(image, p)) ++p;
+  while (p < end && IsErased(image, p)) ++p;
   return p;
 }
 
@@ -27,9 +27,9 @@ std::vector<Region> ErasedRuns(Bytes image) {
   Offset known = 0;  // the end of the last run looked at
   // A run that is long enough contains one of these offsets.
   for (Offset p = shortestErased - 1; p < static_cast<Offset>(image.size()); p += shortestErased) {
-    if (p < known || !IsErasedByte(image, p)) continue;
+    if (p < known || !IsErased(image, p)) continue;
     Offset begin = p;
-    while (begin > known && IsErasedByte(image, begin - 1)) --begin;
+    while (begin > known && IsErased(image, begin - 1)) --begin;
     known = EndOfErased(image, p);
     if (known - begin >= shortestErased) runs.push_back({begin, known - begin});
   }
