@@ -9,6 +9,9 @@ namespace {
 
 constexpr int deepestFolders = 16;
 
+// Headers in the order in which they choose their data.
+enum class HeaderKind { Named, Nameless, OfOther, None };
+
 class DeletedBuilder {
  public:
   DeletedBuilder(const Fullflash& image, const VolumeRecords& records, std::size_t firstLive, FileList& list)
@@ -33,8 +36,8 @@ class DeletedBuilder {
   }
 
   std::vector<FileEntry> Run() {
-    for (const bool isNamed : {true, false})
-      for (std::size_t i = 0; i < volume_.recordCount; ++i) AddHeader(Index(i), isNamed);
+    for (const HeaderKind kind : {HeaderKind::Named, HeaderKind::Nameless, HeaderKind::OfOther})
+      for (std::size_t i = 0; i < volume_.recordCount; ++i) AddHeader(Index(i), kind);
     for (std::size_t i = 0; i < volume_.recordCount; ++i) AddData(Index(i));
     PlaceFolders();
     for (FileEntry& file : files_) {
@@ -57,11 +60,21 @@ class DeletedBuilder {
     if (IsGeneration(record)) used_[record - volume_.firstRecord] = true;
   }
 
+  [[nodiscard]] bool IsRegular(std::uint32_t record, const FileHeader& header) const {
+    return header.number + firstFileRecord == list_.records[record].number;
+  }
   // The header in a deleted record, if the number inside it is the record's.
   [[nodiscard]] std::optional<FileHeader> HeaderIn(std::uint32_t record) const {
     const auto header = ReadHeader(image_, list_.records[record]);
-    if (!header || header->number + firstFileRecord != list_.records[record].number) return {};
+    if (!header || !IsRegular(record, *header)) return {};
     return header;
+  }
+  // Whether a header in a record of another number is still the one that was deleted: bytes in the unit of
+  // their slot are not erased before it.
+  [[nodiscard]] bool IsIntact(std::uint32_t record, const FileHeader& header) const {
+    const Region unit = records_.UnitOf(list_.records[record]), bytes = list_.records[record].Bytes();
+    const bool isInUnit = bytes.offset >= unit.offset + unitDataAt && bytes.End() <= unit.End();
+    return isInUnit && header.name.size > 0 && header.data == header.number + 1;
   }
 
   // --- generations ---
@@ -101,10 +114,15 @@ class DeletedBuilder {
 
   // --- entries ---
 
-  void AddHeader(std::uint32_t record, bool isNamed) {
+  [[nodiscard]] HeaderKind KindOf(std::uint32_t record, const FileHeader& header) const {
+    if (!IsRegular(record, header)) return IsIntact(record, header) ? HeaderKind::OfOther : HeaderKind::None;
+    return header.name.size > 0 ? HeaderKind::Named : HeaderKind::Nameless;
+  }
+
+  void AddHeader(std::uint32_t record, HeaderKind kind) {
     if (!IsGeneration(record) || IsUsed(record)) return;
-    const auto header = HeaderIn(record);
-    if (!header || (header->name.size > 0) != isNamed) return;
+    const auto header = ReadHeader(image_, list_.records[record]);
+    if (!header || KindOf(record, *header) != kind) return;
     Use(record);
     FileEntry entry = EntryOf(record, *header);
     const std::uint32_t data = Partner(header->data + firstFileRecord, record);
@@ -118,8 +136,9 @@ class DeletedBuilder {
     return {.header = record,
             .number = header.number,
             .volume = static_cast<std::uint16_t>(list_.volumes.size() - 1),
-            .isFolder = header.IsFolder(),
-            .isDeleted = true};
+            .isFolder = header.IsFolder() || header.number == rootEntry,
+            .isDeleted = true,
+            .isRoot = header.number == rootEntry};
   }
 
   // The next piece, behind the header `last`, which it replaces.
@@ -143,8 +162,9 @@ class DeletedBuilder {
     const std::uint32_t owner = HeaderFor(record);
     if (owner == noIndex) return;
     const auto header = ReadHeader(image_, list_.records[owner]);
-    if (!header || header->IsFolder() || header->name.size == 0) return;
+    if (!header || header->name.size == 0) return;
     FileEntry entry = EntryOf(owner, *header);
+    if (entry.isFolder) return;
     chain_.Follow(entry, record, noPiece, [](std::uint16_t) { return ChainLink{}; });
     if (header->next != noPiece) entry.damage |= DamageCutOff;
     files_.push_back(entry);
@@ -174,14 +194,14 @@ class DeletedBuilder {
     return {};
   }
 
-  // Each folder after the one it is in. Those in rings stand under the root.
+  // Each folder after the one it is in, which roots are not. Those in rings stand under the root.
   void PlaceFolders() {
     for (int depth = 0; depth <= deepestFolders && !folders_.empty(); ++depth) {
       std::vector<bool> waits(entryNumbers);
       for (const FileEntry& folder : folders_) waits[folder.number] = true;
       std::vector<FileEntry> later;
       for (FileEntry& folder : folders_) {
-        const auto parent = FolderOf(folder);
+        const auto parent = folder.isRoot ? noIndex : FolderOf(folder);
         if (!parent && waits[ParentNumber(folder)] && depth < deepestFolders) {
           later.push_back(folder);
           continue;

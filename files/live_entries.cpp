@@ -137,19 +137,29 @@ class LiveBuilder {
     return members;
   }
 
+  // Whether a head is a folder with or without a name. A piece whose folder is lost is neither: its members
+  // stand where their parent numbers put them.
+  [[nodiscard]] static bool Lists(const Head& head, bool hasName) {
+    if (head.number == rootEntry) return hasName;
+    return head.isFolder && head.hasName == hasName && (hasName || head.isListed);
+  }
+
+  void MarkMembers(std::uint32_t folder) {
+    FileEntry entry{.number = heads_[folder].number};
+    FollowPieces(entry, heads_[folder]);
+    for (const std::uint16_t member : Members(entry))
+      if (const std::uint32_t head = byNumber_[member]; head != noIndex && head != folder)
+        heads_[head].isListed = true;
+  }
+
   void MarkListed() {
     const Offset items = itemsLeft_;
     const std::size_t pieces = list_.pieces.size();
     const PieceChain fresh = chain_;
-    for (const std::uint32_t folder : order_) {
-      if (!heads_[folder].isFolder && heads_[folder].number != rootEntry) continue;
-      FileEntry entry{.number = heads_[folder].number};
-      FollowPieces(entry, heads_[folder]);
-      for (const std::uint16_t member : Members(entry))
-        if (const std::uint32_t head = byNumber_[member]; head != noIndex && head != folder)
-          heads_[head].isListed = true;
-      list_.pieces.resize(pieces);
-    }
+    for (const bool hasName : {true, false})
+      for (const std::uint32_t folder : order_)
+        if (Lists(heads_[folder], hasName)) MarkMembers(folder);
+    list_.pieces.resize(pieces);
     itemsLeft_ = items;
     chain_ = fresh;
     for (Head& head : heads_) head.isPiece = false;

@@ -22,6 +22,8 @@ bool PieceChain::Add(FileEntry& entry, std::uint32_t record) {
   }
   --limits_.pieces;
   if (list_->records[record].hasSecond) Mark(entry, DamageSecond);
+  const bool isNowhere = bytes.size == 0 && bytes.offset >= std::ssize(image_);
+  if (isNowhere) return true;
   list_->pieces.push_back(record);
   ++entry.pieceCount;
   return isWhole;

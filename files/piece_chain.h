@@ -35,7 +35,7 @@ class PieceChain {
 
   // Adds the pieces of an entry to the list and states them in the entry: the record `first`, which may be
   // noIndex (then the file is empty and has no further pieces), and those that follow. link(n) gives the
-  // piece of entry n. Stops at the first damage.
+  // piece of entry n. Stops at the first damage. A record of 0 bytes outside the image is no piece.
   template <typename Link>
   void Follow(FileEntry& entry, std::uint32_t first, std::uint16_t next, Link link) {
     Begin(entry);

@@ -44,7 +44,7 @@ std::optional<FileHeader> ReadHeader(Bytes image, const FileRecord& record) {
 }
 
 VolumeRecords::VolumeRecords(const Fullflash& image, const FileVolume& volume, FileList& list)
-    : list_(list), live_(0x10000, noIndex) {
+    : list_(list), firstUnit_(list.units.size()), live_(0x10000, noIndex) {
   const std::size_t first = list.records.size();
   list.volumes.push_back({.name = volume.name, .firstRecord = first});
   for (std::size_t i = 0; i < volume.units.size(); ++i)

@@ -44,6 +44,10 @@ class VolumeRecords {
   }
   // All deleted records of a number, and the second live ones, in order.
   [[nodiscard]] std::span<const std::uint32_t> Generations(int number) const;
+  // The unit that a record's slot is in.
+  [[nodiscard]] Region UnitOf(const FileRecord& record) const {
+    return list_.units[firstUnit_ + record.unit].unit;
+  }
   // All of them by number.
   [[nodiscard]] std::span<const std::uint32_t> AllGenerations() const { return generations_; }
 
@@ -52,6 +56,7 @@ class VolumeRecords {
   void Add(FileRecord record);
 
   FileList& list_;
+  const std::size_t firstUnit_;  // index in the list's units
   std::vector<std::uint32_t> live_;
   std::vector<std::uint32_t> generations_;
 };

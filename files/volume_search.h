@@ -24,7 +24,8 @@ namespace tarvelo {
 // next unit.
 //
 // Unit headers stand at 0x80 behind multiples of 0x1000; both marks must be there. The units of a volume are
-// 64, 128 or 256 KiB long: as long as the units' distances allow and most record directories confirm.
+// 64, 128 or 256 KiB long: as long as the units' distances allow and most record directories confirm. No unit
+// reaches past the next header, whichever store that belongs to.
 //
 // Never throws because of the image's content. Passes over the image once.
 [[nodiscard]] VolumeList FindVolumes(const Fullflash& image, Progress& progress,

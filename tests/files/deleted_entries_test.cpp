@@ -75,8 +75,21 @@ const Deletion deletions[] = {
        f.Entry(0, {.number = 14, .parent = 12, .name = "G", .attributes = 0x10}, gone);
      },
      {"12 FFS/F/ 0 -", "14 FFS/F/G/ 0 -"}},
+    {"an older root, not marked as a folder",
+     [](VolumeBuilder& f) { f.Entry(0, {.number = 6, .name = "a"}, gone); },
+     {"6 FFS/ 1 -"}},
+    {"headers in other records than their own: of a file, of a piece, in units erased since then",
+     [](VolumeBuilder& f) {
+       f.Record(0, 6010, f.Header({.number = 12, .name = "a"}), gone);
+       f.File(0, {.number = 12, .name = "b"}, "123", gone);
+       f.Record(0, 6014, f.Header({.number = 16}), gone);
+       f.File(1, {.number = 20, .name = "new"}, "1234");
+       f.Slot(0, 6016, f.Address(firstUnit + 0x10090), 20, gone);
+       f.Slot(1, 6018, f.Address(firstUnit + 0xA4), 18, gone);
+     },
+     {"20 FFS/new 4 1", "12 FFS/b 3 1 -", "12 FFS/a 0 0 -"}},
     {"bytes that are a header no more",
-     [](VolumeBuilder& f) { f.Record(0, 6010, AsBytes("something else by now"), gone); },
+     [](VolumeBuilder& f) { f.Record(0, 6010, AsBytes("by now something else"), gone); },
      {}},
 };
 

@@ -85,9 +85,12 @@ const Damage damages[] = {
        for (const int piece : {6023, 6025, 6027}) v.image.Word(v.SlotOf(piece) + 2, 0xFFFF);
      },
      {whole[0], whole[1], "22 FFS/Pics/a.bmp 196605 3", whole[3]}},
-    {"a record of 0 bytes",
-     [](Volume& v) { v.image.Word(v.SlotOf(6031) + 2, 0); },
-     {whole[0], whole[1], whole[2], "30 FFS/b.txt 0 1"}},
+    {"records of 0 bytes, one of them outside the image",
+     [](Volume& v) {
+       for (const int number : {6025, 6031}) v.image.Word(v.SlotOf(number) + 2, 0);
+       v.image.DWord(v.SlotOf(6025) + 4, 0x00100000);
+     },
+     {whole[0], whole[1], "22 FFS/Pics/a.bmp 7 2", "30 FFS/b.txt 0 1"}},
     {"bytes outside the image",
      [](Volume& v) { v.image.DWord(v.SlotOf(6031) + 4, 0x00100000); },
      {whole[0], whole[1], whole[2], "30 FFS/b.txt 0 0 !"}},
@@ -100,6 +103,25 @@ const Damage damages[] = {
     {"no root",
      [](Volume& v) { v.Remove(6006); },
      {"20 FFS/Pics/ 1", "22 FFS/Pics/a.bmp 10 3", "30 FFS/b.txt 4 1"}},
+    {"no root but a piece of it; folders that hold earlier ones",
+     [](Volume& v) {
+       v.files.Folder(0, {.number = 40, .parent = 42, .name = "A"}, {});
+       v.files.Folder(0, {.number = 42, .name = "B"}, {40, 44});
+       v.files.Folder(0, {.number = 44, .parent = 42}, {46});
+       v.files.File(0, {.number = 46, .parent = 44, .name = "x"}, "1");
+       v.files.Folder(0, {.number = 8}, {42});
+       v.Remove(6006);
+     },
+     {whole[1], whole[2], "42 FFS/B/ 1", "40 FFS/B/A/ 1", "44 FFS/B/#44/ 1", "46 FFS/B/#44/x 1 1", whole[3],
+      "8 FFS/#8/ 1 !"}},
+    {"a deleted root; a deleted header in a second volume, in another record than its own",
+     [](Volume& v) {
+       v.image.Byte(v.SlotOf(6006), gone);
+       v.files.File(0, {.number = 60, .name = "a"}, "1", gone);
+       VolumeBuilder second(v.image, "FFS_B");
+       second.Record(second.Unit(0x300000), 6010, second.Header({.number = 12, .name = "b"}), gone);
+     },
+     {whole[1], whole[2], whole[3], "6 FFS/ 1 -", "60 FFS/a 1 1 -", "12 FFS_B/b 0 0 -"}},
     {"no items of the root",
      [](Volume& v) { v.Remove(6007); },
      {"6 FFS/ 0", "20 FFS/Pics/ 1 !", whole[2], "30 FFS/b.txt 4 1 !"}},
@@ -209,6 +231,30 @@ TEST(FindFiles, ReadsAUnitThatTheImageCutsOff) {
   atEnd.Unit(0xF0000);
   atEnd.Folder(0, {.number = 6}, {});
   EXPECT_EQ(Listed(ImageOf(std::move(end))), Lines{"6 FFS/ 1"});
+}
+
+// Slot 0 of each unit tells nothing; a unit of another store stands somewhere behind the first one.
+TEST(FindFiles, TakesNoRecordsOfAnotherStore) {
+  const struct {
+    std::size_t second, size, other;  // second: the distance of another header of the volume; 0: none
+    bool isEmpty, hasMarks;
+  } cases[] = {{0, 0x10000, 0x10000, false, false},      {0, 0x10000, 0x10000, true, true},
+               {0x10000, 0x10000, 0x20000, true, false}, {0x30000, 0x10000, 0x10000, true, true},
+               {0, 0x20000, 0x20000, false, true},       {0, 0x40000, 0x40000, false, false},
+               {0x1000, 0x20000, 0x20000, false, true},  {0x30000, 0x10000, 0x10000, false, true}};
+  for (const auto& [second, size, behind, isEmpty, hasMarks] : cases)
+    for (const std::uint8_t state : {0xFC, 0xFE, 0xF8, 0xE0, 0xC0, 0x00}) {
+      ImageBuilder image(volumeSize);
+      VolumeBuilder files(image, "FFS"), other(image, "EEFULL");
+      files.Slot(files.Unit(firstUnit, size), 6100, 0, 8, state);
+      if (second > 0) files.Slot(files.Unit(firstUnit + second, size), 6100, 0, 8, state);
+      if (!isEmpty) files.File(second > size ? 1 : 0, {.number = 8, .name = "own"}, "1");
+      other.Unit(firstUnit + behind);
+      other.File(0, {.number = 10, .name = "other"}, "1");
+      if (!hasMarks) image.Word(firstUnit + behind + 0x8E, 0);
+      EXPECT_EQ(Listed(ImageOf(std::move(image))), isEmpty ? Lines{} : Lines{"8 FFS/own 1 1"})
+          << second << " " << size << " " << int{state};
+    }
 }
 
 }  // namespace
