@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "code/ext_range.h"
+#include "code/register_pairs.h"
 #include "core/trimmed.h"
 #include "patch/patch_document.h"
 
@@ -20,12 +21,15 @@ int DigitOf(char c) {
 }
 
 // Two words as a pointer: offset and page where the offset fits a page and the place is in the image, else
-// offset and segment.
-std::uint32_t PointerOf(const Fullflash& image, std::uint32_t low, std::uint32_t high) {
-  const std::uint32_t paged = high << 14 | low;
-  const Offset offset = Offset{paged} - image.CorrBase();
-  const bool isPage = low < 0x4000 && high < 0x400 && (offset >= 0 && offset <= image.ffEnd());
-  return isPage || high > 0xFF ? paged : high << 16 | low;
+// offset and segment. Nothing beyond the last page or segment.
+std::optional<std::uint32_t> PointerOf(const Fullflash& image, std::uint32_t low, std::uint32_t high) {
+  if (low < 0x4000 && high < 0x400) {
+    const std::uint32_t paged = high << 14 | low;
+    const Offset offset = Offset{paged} - image.CorrBase();
+    if (high > 0xFF || (offset >= 0 && offset <= image.ffEnd())) return paged;
+  }
+  if (high > 0xFF) return {};
+  return high << 16 | low;
 }
 
 // The address of data that the instruction behind an EXTP or EXTS at `at` names.
@@ -44,9 +48,9 @@ std::optional<std::uint32_t> ReferenceAt(const Fullflash& image, Offset at) {
   if (!instruction.IsData()) {
     if (const auto target = instruction.Target(image.PhoneAddress(at))) return target;
     if (instruction.BeginsRange()) return ExtendedAddress(image, at, instruction);
-    if (instruction.LoadsConstant() && at + 8 <= std::ssize(image.ff())) {
-      const Instruction next = Instruction::Decode(image.ff(), at + 4);
-      if (next.LoadsConstant()) return PointerOf(image, instruction.Word(), next.Word());
+    if (instruction.LoadsConstant()) {
+      const auto pair = PairFrom(image.ff(), at);
+      return pair ? PointerOf(image, pair->offset, pair->pageOrSegment) : std::nullopt;
     }
   }
   return PointerOf(image, image.Word(at), image.Word(at + 2));
