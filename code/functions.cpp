@@ -25,8 +25,7 @@ const Function* FunctionList::Entry(Offset offset) const {
 bool FunctionList::IsInstruction(Offset offset) const {
   const Offset from = offset - firstWord_;
   const auto bit = static_cast<std::uint64_t>(from) / 2;
-  return from >= 0 && from % 2 == 0 && bit / 64 < starts_.size() &&
-         (starts_[bit / 64] >> bit % 64 & 1) != 0;
+  return from >= 0 && from % 2 == 0 && bit / 64 < starts_.size() && (starts_[bit / 64] >> bit % 64 & 1) != 0;
 }
 
 }  // namespace tarvelo

@@ -80,7 +80,8 @@ std::optional<RegisterPair> PairFrom(Bytes bytes, Offset at) {
   const StraightLine line = LineFrom(bytes, at);
   const std::span<const Instruction> code = line.All();
   if (code.empty() || !LoadOf(code[0])) return {};
-  if (const auto high = PartnerOf(code, 0)) return RegisterPair{LoadOf(code[0])->value, LoadOf(code[*high])->value};
+  if (const auto high = PartnerOf(code, 0))
+    return RegisterPair{LoadOf(code[0])->value, LoadOf(code[*high])->value};
   for (std::size_t k = 1; k < code.size(); ++k)
     if (LoadOf(code[k]) && PartnerOf(code, k) == std::size_t{0})
       return RegisterPair{LoadOf(code[k])->value, LoadOf(code[0])->value};

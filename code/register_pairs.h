@@ -40,8 +40,8 @@ struct StraightLine {
 [[nodiscard]] StraightLine LineFrom(Bytes bytes, Offset at);
 
 // Of a line: the load of the next register that is in force together with the load at `load`. The one behind
-// it counts, as no program loads a register in vain; but if the registers seem to be used before that, the one
-// in front does.
+// it counts, as no program loads a register in vain; but if the registers seem to be used before that, the
+// one in front does.
 [[nodiscard]] std::optional<std::size_t> PartnerOf(std::span<const Instruction> line, std::size_t load);
 
 // The two words of an address in two registers.

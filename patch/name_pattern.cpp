@@ -21,15 +21,13 @@ int DigitOf(char c) {
 }
 
 // Two words as a pointer: offset and page where the offset fits a page and the place is in the image, else
-// offset and segment. Nothing beyond the last page or segment.
+// offset and segment. A page may have an offset beyond it; nothing lies beyond the last page.
 std::optional<std::uint32_t> PointerOf(const Fullflash& image, std::uint32_t low, std::uint32_t high) {
-  if (low < 0x4000 && high < 0x400) {
-    const std::uint32_t paged = high << 14 | low;
-    const Offset offset = Offset{paged} - image.CorrBase();
-    if (high > 0xFF || (offset >= 0 && offset <= image.ffEnd())) return paged;
-  }
-  if (high > 0xFF) return {};
-  return high << 16 | low;
+  const std::uint32_t paged = high * 0x4000 + low;
+  if (high >= 0x400 || paged >= Fullflash::BigLimit) return {};
+  const Offset offset = Offset{paged} - image.CorrBase();
+  const bool isPage = low < 0x4000 && offset >= 0 && offset <= image.ffEnd();
+  return isPage || high > 0xFF ? paged : high << 16 | low;
 }
 
 // The address of data that the instruction behind an EXTP or EXTS at `at` names.
