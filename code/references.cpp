@@ -56,6 +56,7 @@ class Finder {
   [[nodiscard]] bool Names(std::uint16_t word, std::uint16_t pageOrSegment) const;
   template <typename Breaks>
   [[nodiscard]] bool LeadsTo(Offset from, Offset to, int most, Breaks breaks) const;
+  [[nodiscard]] bool IsNumberNear(Offset at) const;
   [[nodiscard]] std::optional<std::size_t> Partner(const StraightLine& line) const;
   [[nodiscard]] bool IsCode(Offset at);
   [[nodiscard]] bool IsInTable(Offset at) const;
@@ -220,6 +221,7 @@ bool Finder::TakeAccess(Offset at) {
 
 // A constant that may be an address's offset.
 void Finder::TakeLoad(Offset at) {
+  if (!IsNumberNear(at)) return;
   const StraightLine line = nearby_.LineAround(at);
   const std::optional<std::size_t> other = Partner(line);
   if (!other) return;
@@ -231,6 +233,19 @@ void Finder::TakeLoad(Offset at) {
   if (sign == CodeSign::Inside) return;
   Add(first, ReferenceKind::Pair,
       sign == CodeSign::Data ? ReferenceSureness::Possible : ReferenceSureness::Likely, 0, distance);
+}
+
+// Whether words around a MOV may hold the page or segment that belongs to it. That is quicker than to decode
+// them.
+bool Finder::IsNumberNear(Offset at) const {
+  constexpr Offset farthest = 4 * StraightLine::here;
+  const Offset last = std::min(at + farthest + 2, size_ - 2);
+  for (Offset p = std::max(at - farthest, at & 1); p <= last; p += 2) {
+    const std::uint32_t word = Word(p);
+    if (word == page_ || word == segment_) return true;
+    if ((word & 0xFF) == op::moveShort && (word >> 12 == page_ || word >> 12 == segment_)) return true;
+  }
+  return false;
 }
 
 // The MOV of the page or segment that belongs to the offset that the line's own MOV loads: that for the next

@@ -18,6 +18,8 @@ bool IsOf(const Operand& operand, int reg) {
     case Operand::Kind::Before:
     case Operand::Kind::Indexed: return operand.number == reg;
     case Operand::Kind::ByteRegister: return operand.number / 2 == reg;
+    case Operand::Kind::Bit:
+    case Operand::Kind::BitWord: return operand.isRegister && operand.number == reg;
     default: return false;
   }
 }
