@@ -33,7 +33,8 @@ CodeRows::CodeRows(Bytes bytes, const FunctionList& functions, std::vector<Regio
       size_(static_cast<Offset>(bytes.size())) {
   for (const Offset label : labels)
     if (label % 2 == 0 && label >= 0 && label < size_) Set(headings_, label);
-  for (const Function& function : functions.All()) Set(headings_, function.code.offset);
+  for (const Function& function : functions.All())
+    if (function.code.offset % 2 == 0) Set(headings_, function.code.offset);
   Offset done = 0;
   for (const Region& region : data_) {
     const Offset start = std::clamp<Offset>(region.offset + (region.offset & 1), done, size_);

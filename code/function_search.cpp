@@ -18,6 +18,7 @@ namespace {
 // The first byte of CALLS is DA, that of JMPS is FA.
 constexpr Probe farForms[] = {{.value = 0xDA, .mask = 0xDF}};
 
+// One search. The image must begin at an even phone address, as all code does.
 class FunctionSearch {
  public:
   FunctionSearch(const Fullflash& image, Progress& progress)
@@ -30,13 +31,14 @@ class FunctionSearch {
         tried_(size_),
         calledOnce_(size_) {}
 
-  FunctionList Run() {
+  // The functions, moved to offsets from `start` on.
+  FunctionList Run(Offset start) {
     FindFarForms();
     TryTargets();
     TryPointers();
     TryTables();
     for (const std::uint32_t site : sites_) TryLoneCall(site);
-    return List();
+    return List(start);
   }
 
  private:
@@ -153,7 +155,7 @@ class FunctionSearch {
     }
   }
 
-  FunctionList List() {
+  FunctionList List(Offset start) {
     std::vector<Function> functions;
     FlowWalk again(image_, switches_);
     for (Offset entry = entries_.Next(0, size_); entry < size_;) {
@@ -162,7 +164,8 @@ class FunctionSearch {
       entry = next;
     }
     CountCalls(functions);
-    return {std::move(functions), std::move(walk_.Starts()).Take()};
+    for (Function& function : functions) function.code.offset += start;
+    return {std::move(functions), std::move(walk_.Starts()).Take(), start};
   }
 
   // The end of the function at `entry`. If there is a gap in the code up to the next entry, the code behind
@@ -208,7 +211,11 @@ class FunctionSearch {
 
 FunctionList GetFunctions(const Fullflash& image, Progress& progress) {
   if (!image.IsOpen() || !image.PageMode()) return {};
-  return FunctionSearch(image, progress).Run();
+  if (image.PhoneAddress(0) % 2 == 0) return FunctionSearch(image, progress).Run(0);
+  Fullflash even(image.ff().subspan(1));
+  even.SetCorrBase(image.CorrBase() + 1);
+  if (!even.IsOpen()) return {};
+  return FunctionSearch(even, progress).Run(1);
 }
 
 }  // namespace tarvelo

@@ -5,8 +5,9 @@
 
 namespace tarvelo {
 
-FunctionList::FunctionList(std::vector<Function> functions, std::vector<std::uint64_t> starts)
-    : functions_(std::move(functions)), starts_(std::move(starts)) {}
+FunctionList::FunctionList(std::vector<Function> functions, std::vector<std::uint64_t> starts,
+                           Offset firstWord)
+    : functions_(std::move(functions)), starts_(std::move(starts)), firstWord_(firstWord) {}
 
 const Function* FunctionList::At(Offset offset) const {
   auto after = std::ranges::upper_bound(functions_, offset, {},
@@ -22,9 +23,9 @@ const Function* FunctionList::Entry(Offset offset) const {
 }
 
 bool FunctionList::IsInstruction(Offset offset) const {
-  const auto bit = static_cast<std::uint64_t>(offset) / 2;
-  return offset >= 0 && offset % 2 == 0 && bit / 64 < starts_.size() &&
-         (starts_[bit / 64] >> bit % 64 & 1) != 0;
+  const Offset from = offset - firstWord_;
+  const auto bit = static_cast<std::uint64_t>(from) / 2;
+  return from >= 0 && from % 2 == 0 && bit / 64 < starts_.size() && (starts_[bit / 64] >> bit % 64 & 1) != 0;
 }
 
 }  // namespace tarvelo

@@ -23,8 +23,9 @@ struct Function {
 class FunctionList {
  public:
   FunctionList() = default;
-  // The functions by offset, and a bit for each even offset at which an instruction of one of them begins.
-  FunctionList(std::vector<Function> functions, std::vector<std::uint64_t> starts);
+  // The functions by offset, and a bit for each word at which an instruction of one of them begins. The
+  // first word is at offset 0 or 1: at an even phone address.
+  FunctionList(std::vector<Function> functions, std::vector<std::uint64_t> starts, Offset firstWord = 0);
 
   [[nodiscard]] std::span<const Function> All() const { return functions_; }
   // The function whose code has the byte at `offset`; null if none has.
@@ -37,6 +38,7 @@ class FunctionList {
  private:
   std::vector<Function> functions_;
   std::vector<std::uint64_t> starts_;
+  Offset firstWord_ = 0;
 };
 
 // Finds the functions. An image of more than 16 MiB has none. Never throws because of an image's content.

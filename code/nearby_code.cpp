@@ -272,6 +272,24 @@ std::optional<DppValue> NearbyCode::DppBefore(Offset offset, int dpp) {
   return {};
 }
 
+StraightLine NearbyCode::LineAround(Offset offset) {
+  StraightLine line = LineFrom(image_.ff(), offset);
+  Decode(offset);
+  const int step = StepAt(offset);
+  const bool isInStep = step != none && SignOf(steps_[static_cast<std::size_t>(step)]) != CodeSign::Data;
+  if (!isInStep) {
+    for (Offset at = offset - 4; at >= 0 && line.first > 0; at -= 4) {
+      const Instruction before = InstructionAt(at);
+      if (!before.LoadsConstant()) break;
+      line.code[--line.first] = before;
+    }
+    return line;
+  }
+  for (int i = LineBefore(step); i != none && line.first > 0; i = LineBefore(i))
+    line.code[--line.first] = steps_[static_cast<std::size_t>(i)].instruction;
+  return line;
+}
+
 std::optional<Offset> NearbyCode::RangeBefore(Offset offset) {
   Decode(offset);
   const int step = StepAt(offset);

@@ -11,6 +11,7 @@
 
 #include "code/functions.h"
 #include "code/instruction.h"
+#include "code/register_pairs.h"
 
 namespace tarvelo {
 
@@ -41,6 +42,9 @@ class NearbyCode {
   // The last value that a DPP (0 .. 3) gets in a straight line before the instruction at `offset`; nothing if
   // it gets none there.
   [[nodiscard]] std::optional<DppValue> DppBefore(Offset offset, int dpp);
+  // The straight line around the instruction at `offset`. Where that is not in step with what is in front,
+  // only MOVs of constants side by side count there.
+  [[nodiscard]] StraightLine LineAround(Offset offset);
   // The ATOMIC or EXT* whose range the instruction at `offset` is in: its offset, or nothing.
   [[nodiscard]] std::optional<Offset> RangeBefore(Offset offset);
 

@@ -4,6 +4,7 @@
 
 #include "code/instruction.h"
 #include "code/nearby_code.h"
+#include "code/register_pairs.h"
 #include "core/scan_run.h"
 
 namespace tarvelo {
@@ -12,23 +13,7 @@ namespace {
 constexpr std::uint32_t pageMask = 0x3FFF;
 constexpr std::uint32_t pageCount = 0x400;
 
-constexpr int longestLine = 8;  // instructions between the MOVs of a pair, the second included
 constexpr int longestBranch = 258;
-
-// A constant in a register.
-struct Load {
-  int reg = 0;
-  std::uint16_t value = 0;
-};
-
-std::optional<Load> LoadOf(const Instruction& instruction) {
-  if (instruction.IsData()) return {};
-  if (instruction.Op() == op::moveConstant && instruction.Byte(1) >= 0xF0)
-    return Load{instruction.Low(), instruction.Word()};
-  if (instruction.Op() == op::moveShort)
-    return Load{instruction.Low(), static_cast<std::uint16_t>(instruction.High())};
-  return {};
-}
 
 ReferenceKind KindOf(const Instruction& instruction) {
   return instruction.GetFlow() == Flow::Call ? ReferenceKind::Call : ReferenceKind::Jump;
@@ -63,7 +48,7 @@ class Finder {
   void TakeNear(Offset at, const Instruction& instruction);
   void TakeMemory(Offset at, const Instruction& instruction);
   bool TakeAccess(Offset at);
-  void TakeLoad(Offset at, const Load& load);
+  void TakeLoad(Offset at);
   void TakePointer(Offset at);
   void TakeRelatives();
   void TakeRelative(Offset at);
@@ -71,8 +56,8 @@ class Finder {
   [[nodiscard]] bool Names(std::uint16_t word, std::uint16_t pageOrSegment) const;
   template <typename Breaks>
   [[nodiscard]] bool LeadsTo(Offset from, Offset to, int most, Breaks breaks) const;
-  [[nodiscard]] std::optional<Offset> Partner(Offset at, const Load& load) const;
-  [[nodiscard]] std::optional<Load> LoadBeside(Offset at, int reg, Offset other) const;
+  [[nodiscard]] bool IsNumberNear(Offset at) const;
+  [[nodiscard]] std::optional<std::size_t> Partner(const StraightLine& line) const;
   [[nodiscard]] bool IsCode(Offset at);
   [[nodiscard]] bool IsInTable(Offset at) const;
   [[nodiscard]] bool IsPointerLike(Offset at) const;
@@ -138,8 +123,8 @@ void Finder::Take(Offset at) {
   }
   if (instruction.HasMemory())
     TakeMemory(at - 2, instruction);
-  else if (const std::optional<Load> load = LoadOf(instruction))
-    TakeLoad(at - 2, *load);
+  else if (instruction.LoadsConstant())
+    TakeLoad(at - 2);
 }
 
 // --- calls and jumps ---
@@ -176,8 +161,10 @@ void Finder::TakeRelative(Offset at) {
       std::ranges::any_of(args, [](Arg arg) { return arg == Arg::Relative || arg == Arg::RelativeAt2; });
   if (!isRelative || instruction.Target(image_.PhoneAddress(at)) != address_) return;
   const CodeSign sign = nearby_.At(at);
-  const CodeSign there = nearby_.At(static_cast<Offset>(address_) - image_.CorrBase());
-  if (sign == CodeSign::Data || sign == CodeSign::Inside || there == CodeSign::Inside) return;
+  const Offset target = static_cast<Offset>(address_) - image_.CorrBase();
+  const CodeSign there = nearby_.At(target);
+  if (sign == CodeSign::Data || sign == CodeSign::Inside) return;
+  if (there == CodeSign::Inside && target != at + 2) return;  // JB can lead into itself
   if (sign == CodeSign::Code || there != CodeSign::Data)
     Add(at, KindOf(instruction), ReferenceSureness::Likely);
 }
@@ -232,46 +219,61 @@ bool Finder::TakeAccess(Offset at) {
   return false;
 }
 
-void Finder::TakeLoad(Offset at, const Load& load) {
-  const std::optional<Offset> other = Partner(at, load);
+// A constant that may be an address's offset.
+void Finder::TakeLoad(Offset at) {
+  if (!IsNumberNear(at)) return;
+  const StraightLine line = nearby_.LineAround(at);
+  const std::optional<std::size_t> other = Partner(line);
   if (!other) return;
-  const Offset first = std::min(at, *other);
+  const auto [from, to] = std::minmax(*other, StraightLine::here);
+  Offset distance = 0;
+  for (std::size_t i = from; i < to; ++i) distance += line.code[i].Size();
+  const Offset first = *other < StraightLine::here ? at - distance : at;
   const CodeSign sign = nearby_.At(first);
   if (sign == CodeSign::Inside) return;
   Add(first, ReferenceKind::Pair,
-      sign == CodeSign::Data ? ReferenceSureness::Possible : ReferenceSureness::Likely, 0,
-      std::max(at, *other) - first);
+      sign == CodeSign::Data ? ReferenceSureness::Possible : ReferenceSureness::Likely, 0, distance);
 }
 
-// The MOV of the page or segment that belongs to the offset loaded at `at`: the nearest that fits, but none
-// further away than a constant for the next register, which belongs to it if there is one.
-std::optional<Offset> Finder::Partner(Offset at, const Load& load) const {
-  std::optional<Offset> nearest;
-  for (Offset distance = 2; distance <= 4 * longestLine; distance += 2)
-    for (const Offset other : {at + distance, at - distance}) {
-      const std::optional<Load> found = LoadBeside(at, load.reg, other);
-      if (!found) continue;
-      const bool fits = Names(load.value, found->value);
-      if (found->reg == load.reg + 1) return fits ? other : nearest;
-      if (fits && !nearest) nearest = other;
-    }
-  return nearest;
+// Whether words around a MOV may hold the page or segment that belongs to it. That is quicker than to decode
+// them.
+bool Finder::IsNumberNear(Offset at) const {
+  constexpr Offset farthest = 4 * StraightLine::here;
+  const Offset last = std::min(at + farthest + 2, size_ - 2);
+  for (Offset p = std::max(at - farthest, at & 1); p <= last; p += 2) {
+    const std::uint32_t word = Word(p);
+    if (word == page_ || word == segment_) return true;
+    if ((word & 0xFF) == op::moveShort && (word >> 12 == page_ || word >> 12 == segment_)) return true;
+  }
+  return false;
 }
 
-// The constant that the instruction at `other` loads into a register other than `reg`, which is loaded at
-// `at`: if one of them leads to the other, and the first one's register keeps its constant.
-std::optional<Load> Finder::LoadBeside(Offset at, int reg, Offset other) const {
-  if (other < 0 || other >= size_) return {};
-  const std::uint8_t op = bytes_[static_cast<std::size_t>(other)];
-  if (op != op::moveConstant && op != op::moveShort) return {};
-  const std::optional<Load> load = LoadOf(Instruction::Decode(bytes_, other));
-  if (!load || load->reg == reg) return {};
-  const int kept = other < at ? load->reg : reg;
-  const auto reloads = [&](const Instruction& instruction) {
-    const std::optional<Load> between = LoadOf(instruction);
-    return between && between->reg == kept;
+// The MOV of the page or segment that belongs to the offset that the line's own MOV loads: that for the next
+// register, or one nearer to it that fits.
+std::optional<std::size_t> Finder::Partner(const StraightLine& line) const {
+  constexpr std::size_t here = StraightLine::here;
+  const Load own = *LoadOf(line.code[here]);
+  const auto fits = [&](std::size_t k) {
+    const std::optional<Load> load = LoadOf(line.code[k]);
+    return load && load->reg != own.reg && Names(own.value, load->value);
   };
-  return LeadsTo(std::min(at, other), std::max(at, other), longestLine, reloads) ? load : std::nullopt;
+  std::optional<std::size_t> next = PartnerOf(line.All(), here - line.first);
+  if (next) *next += line.first;
+  if (next && fits(*next)) return next;
+  // Whether the first of two MOVs is still in force behind the second.
+  const auto lasts = [&](std::size_t from, std::size_t to) {
+    const int reg = LoadOf(line.code[from])->reg;
+    return std::none_of(line.code.begin() + from + 1, line.code.begin() + to,
+                        [&](const Instruction& between) { return Replaces(between, reg); });
+  };
+  const std::size_t most = !next ? here + 1 : *next > here ? *next - here : here - *next;
+  for (std::size_t distance = 1; distance < most; ++distance) {
+    if (here + distance < line.end && fits(here + distance) && lasts(here, here + distance))
+      return here + distance;
+    if (here - distance >= line.first && fits(here - distance) && lasts(here - distance, here))
+      return here - distance;
+  }
+  return {};
 }
 
 // --- pointers ---
@@ -290,11 +292,12 @@ void Finder::TakePointer(Offset at) {
 // segment. Tables of pointers often decode as code.
 bool Finder::IsCode(Offset at) {
   if (nearby_.IsListed(at) || nearby_.IsListed(at + 2)) return true;
-  if (LoadOf(Instruction::Decode(bytes_, at))) {
+  if (IsInTable(at)) return false;
+  if (Instruction::Decode(bytes_, at).LoadsConstant()) {
     const CodeSign sign = nearby_.At(at);
     return sign == CodeSign::Code || sign == CodeSign::Unsure;
   }
-  return !IsInTable(at) && (nearby_.IsInCode(at) || nearby_.IsInCode(at + 2));
+  return nearby_.IsInCode(at) || nearby_.IsInCode(at + 2);
 }
 
 bool Finder::IsInTable(Offset at) const {
@@ -304,7 +307,7 @@ bool Finder::IsInTable(Offset at) const {
 
 // Whether the double word can be a pointer into the image.
 bool Finder::IsPointerLike(Offset at) const {
-  if (at < 0 || at + 4 > size_ || LoadOf(Instruction::Decode(bytes_, at))) return false;
+  if (at < 0 || at + 4 > size_ || Instruction::Decode(bytes_, at).LoadsConstant()) return false;
   const Offset word = Word(at), number = Word(at + 2);
   const auto isInside = [&](Offset address) {
     return address >= image_.CorrBase() && address < image_.CorrBase() + size_;

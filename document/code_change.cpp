@@ -17,7 +17,7 @@ constexpr Offset behind = 4;    // bytes behind the change that its last instruc
 
 // A stretch of the image with bytes of a change in place of its own.
 struct Stretch {
-  Offset start = 0;  // in the image; even
+  Offset start = 0;  // in the image; at an even phone address
   std::vector<std::uint8_t> bytes;
 
   [[nodiscard]] Offset End() const { return start + std::ssize(bytes); }
@@ -31,7 +31,7 @@ struct Stretch {
 
 // Where the instruction begins that has the byte at an offset.
 Offset StartOf(const Stretch& stretch, const FunctionList& functions, Offset offset) {
-  const Offset even = offset & ~Offset{1};
+  const Offset even = offset - ((offset - stretch.start) & 1);
   for (const Offset at : {even, even - 2})
     if (functions.IsInstruction(at)) return at;
   Offset start = even;
@@ -70,7 +70,9 @@ std::string InstructionsOf(const Change& change, const Fullflash& image, const F
   if (!image.PageMode() || first < 0 || first >= size || change.newBytes.empty()) return {};
   const Offset end = std::min(size, first + change.Size());
   Stretch stretch;
-  stretch.start = std::max<Offset>(0, (first & ~Offset{1}) - runUp);
+  const Offset parity = image.PhoneAddress(0) & 1;
+  if (first < parity) return {};
+  stretch.start = std::max(parity, first - (image.PhoneAddress(first) & 1) - runUp);
   const Bytes bytes = image.Region(stretch.start, std::min(size, end + behind) - stretch.start);
   stretch.bytes.assign(bytes.begin(), bytes.end());
   stretch.Put(first, change.oldBytes);

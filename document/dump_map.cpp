@@ -51,7 +51,7 @@ DumpMap MapDump(const Dump& dump, const FindingsOf& findingsOf) {
     if (explorer->claim)
       explorer->claim(dump, findingsOf(*explorer), [&](const Claim& claim) { claims.Add(claim); });
   const std::vector<Claim> regions = std::move(claims).Settle(map::unknown);
-  return {Guess(dump.image.ff(), regions, dump.image.PageMode())};
+  return {Guess(dump.image, regions)};
 }
 
 }  // namespace tarvelo

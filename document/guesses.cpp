@@ -49,7 +49,8 @@ TextRun TextRunAt(Bytes image, Offset begin, Offset end) {
 
 class Guesser {
  public:
-  Guesser(Bytes image, bool mayHoldCode) : image_(image), mayHoldCode_(mayHoldCode) {}
+  explicit Guesser(const Fullflash& image)
+      : image_(image.ff()), mayHoldCode_(image.PageMode()), firstWord_(image.PhoneAddress(0) & 1) {}
 
   std::vector<Claim> Run(std::span<const Claim> regions) {
     for (const Claim& region : regions)
@@ -108,7 +109,7 @@ class Guesser {
     if (page == page_) return isCode_;
     int returns = 0;
     const Offset last = std::min((page + 1) * pageSize, static_cast<Offset>(image_.size())) - 2;
-    for (Offset p = page * pageSize; p <= last; p += 2)
+    for (Offset p = page * pageSize + firstWord_; p <= last; p += 2)
       returns += At(image_, p) == 0xDB && At(image_, p + 1) == 0;
     page_ = page;
     isCode_ = returns >= fewestReturns;
@@ -117,6 +118,7 @@ class Guesser {
 
   Bytes image_;
   bool mayHoldCode_;
+  Offset firstWord_;
   Offset page_ = -1;
   bool isCode_ = false;
   std::vector<Claim> regions_;
@@ -124,8 +126,8 @@ class Guesser {
 
 }  // namespace
 
-std::vector<Claim> Guess(Bytes image, std::span<const Claim> regions, bool mayHoldCode) {
-  return Guesser(image, mayHoldCode).Run(regions);
+std::vector<Claim> Guess(const Fullflash& image, std::span<const Claim> regions) {
+  return Guesser(image).Run(regions);
 }
 
 }  // namespace tarvelo

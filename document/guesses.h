@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "core/claim.h"
-#include "text/bytes.h"
+#include "core/fullflash.h"
 
 namespace tarvelo {
 
-// The regions, with the unknown ones split into filling, texts, code (if there may be any) and unknown rest.
-[[nodiscard]] std::vector<Claim> Guess(Bytes image, std::span<const Claim> regions, bool mayHoldCode);
+// The regions, with the unknown ones split into filling, texts, code (not in large images) and unknown rest.
+[[nodiscard]] std::vector<Claim> Guess(const Fullflash& image, std::span<const Claim> regions);
 
 }  // namespace tarvelo

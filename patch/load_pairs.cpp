@@ -1,36 +1,30 @@
 #include "patch/load_pairs.h"
 
+#include <vector>
+
+#include "code/register_pairs.h"
+
 namespace tarvelo {
-namespace {
-
-constexpr std::size_t farthestPartner = 8;  // instructions between the two
-
-// Whether an instruction loads a constant into a register as the one-byte `reg` of a MOV names it.
-bool LoadsRegister(const Instruction& instruction, int reg) {
-  if (instruction.LoadsConstant()) return instruction.Byte(1) == reg;
-  return instruction.Op() == op::moveShort && ((instruction.Byte(1) & 0xF) | 0xF0) == reg;
-}
-
-}  // namespace
 
 std::optional<std::size_t> PartnerOf(std::span<const DecodedCode> code, std::size_t load) {
-  const int own = code[load].instruction.Byte(1);
-  const auto fits = [&](std::size_t k) {
-    return code[k].instruction.LoadsConstant() && code[k].instruction.Byte(1) == own + 1;
-  };
+  constexpr std::size_t farthest = StraightLine::here;  // instructions between the two
   const auto passes = [&](std::size_t k) {
     const Instruction& instruction = code[k].instruction;
-    return !instruction.IsData() && instruction.GetFlow() == Flow::Next && !LoadsRegister(instruction, own);
+    return !instruction.IsData() && instruction.GetFlow() == Flow::Next;
   };
-  for (std::size_t k = load + 1; k < code.size() && k <= load + farthestPartner && passes(k); ++k) {
-    if (!fits(k)) continue;
-    for (std::size_t other = k + 1; other < code.size() && other - k < k - load; ++other)
-      if (LoadsRegister(code[other].instruction, own)) return {};
-    return k;
-  }
-  for (std::size_t k = load; k > 0 && k + farthestPartner > load && passes(k - 1); --k)
-    if (fits(k - 1)) return k - 1;
-  return {};
+  std::size_t first = load, end = load + 1;
+  while (first > 0 && load - first < farthest && passes(first - 1)) --first;
+  while (end < code.size() && end - load <= farthest && passes(end)) ++end;
+  std::vector<Instruction> line;
+  for (std::size_t k = first; k < end; ++k) line.push_back(code[k].instruction);
+  const auto partner = PartnerOf(line, load - first);
+  if (!partner || !line[*partner].LoadsConstant()) return {};
+  const std::size_t found = first + *partner;
+  const auto distance = [&](std::size_t k) { return k < found ? found - k : k - found; };
+  const int own = LoadOf(code[load].instruction)->reg;
+  for (std::size_t k = first; k < code.size() && k < found + distance(load); ++k)
+    if (distance(k) < distance(load) && Replaces(code[k].instruction, own)) return {};
+  return found;
 }
 
 }  // namespace tarvelo

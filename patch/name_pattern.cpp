@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "code/ext_range.h"
+#include "code/register_pairs.h"
 #include "core/trimmed.h"
 #include "patch/patch_document.h"
 
@@ -20,11 +21,12 @@ int DigitOf(char c) {
 }
 
 // Two words as a pointer: offset and page where the offset fits a page and the place is in the image, else
-// offset and segment.
-std::uint32_t PointerOf(const Fullflash& image, std::uint32_t low, std::uint32_t high) {
-  const std::uint32_t paged = high << 14 | low;
+// offset and segment. A page may have an offset beyond it; nothing lies beyond the last page.
+std::optional<std::uint32_t> PointerOf(const Fullflash& image, std::uint32_t low, std::uint32_t high) {
+  const std::uint32_t paged = high * 0x4000 + low;
+  if (high >= 0x400 || paged >= Fullflash::BigLimit) return {};
   const Offset offset = Offset{paged} - image.CorrBase();
-  const bool isPage = low < 0x4000 && high < 0x400 && (offset >= 0 && offset <= image.ffEnd());
+  const bool isPage = low < 0x4000 && offset >= 0 && offset <= image.ffEnd();
   return isPage || high > 0xFF ? paged : high << 16 | low;
 }
 
@@ -44,9 +46,9 @@ std::optional<std::uint32_t> ReferenceAt(const Fullflash& image, Offset at) {
   if (!instruction.IsData()) {
     if (const auto target = instruction.Target(image.PhoneAddress(at))) return target;
     if (instruction.BeginsRange()) return ExtendedAddress(image, at, instruction);
-    if (instruction.LoadsConstant() && at + 8 <= std::ssize(image.ff())) {
-      const Instruction next = Instruction::Decode(image.ff(), at + 4);
-      if (next.LoadsConstant()) return PointerOf(image, instruction.Word(), next.Word());
+    if (instruction.LoadsConstant()) {
+      const auto pair = PairFrom(image.ff(), at);
+      return pair ? PointerOf(image, pair->offset, pair->pageOrSegment) : std::nullopt;
     }
   }
   return PointerOf(image, image.Word(at), image.Word(at + 2));

@@ -18,23 +18,24 @@ namespace {
 using Parts = std::vector<std::pair<std::size_t, std::string>>;  // offset and bytes
 
 // The image has 128 KiB: the segments FEh and FFh, pages from 3F8h on. The rest of it is erased.
-Fullflash ImageOfParts(const Parts& parts) {
-  ImageBuilder image(0x20000);
-  for (const auto& [at, digits] : parts) image.Data(at, *ReadHex(digits));
+// With more bytes in front, its addresses stay the same.
+Fullflash ImageOfParts(const Parts& parts, std::size_t more = 0) {
+  ImageBuilder image(0x20000 + more);
+  for (const auto& [at, digits] : parts) image.Data(at + more, *ReadHex(digits));
   return ImageOf(std::move(image));
 }
 
 void ExpectSound(const FunctionList& list, const Fullflash& image) { ASSERT_EQ(FaultOf(list, image), ""); }
 
-// "offset size calls, " of each function; the offset in hexadecimal.
-std::string Listed(const Parts& parts) {
-  const Fullflash image = ImageOfParts(parts);
+// "offset size calls, " of each function; the offset in hexadecimal, from the first of the parts' on.
+std::string Listed(const Parts& parts, int more = 0) {
+  const Fullflash image = ImageOfParts(parts, static_cast<std::size_t>(more));
   const FunctionList list = GetFunctions(image, noProgress);
   ExpectSound(list, image);
   std::ostringstream text;
   for (const Function& function : list.All())
-    text << std::hex << function.code.offset << std::dec << ' ' << function.code.size << ' ' << function.calls
-         << ", ";
+    text << std::hex << function.code.offset - more << std::dec << ' ' << function.code.size << ' '
+         << function.calls << ", ";
   return text.str();
 }
 
@@ -90,7 +91,8 @@ TEST(Functions, AreNamedByCallsAndTables) {
        {{0x300, "0001 FE00 0002 FE00"}, {0x100, "EA000602"}, {0x200, "CC00 DB00 CC00 DB00"}},
        "100 4 0, 200 4 0, "},
   };
-  for (const FunctionCase& each : cases) EXPECT_EQ(Listed(each.parts), each.listed) << each.name;
+  for (const FunctionCase& each : cases)
+    for (const int more : {0, 1}) EXPECT_EQ(Listed(each.parts, more), each.listed) << each.name << more;
 }
 
 TEST(Functions, BeginBehindAnEnd) {

@@ -76,6 +76,16 @@ TEST(GetReferences, FindsEveryFormInCode) {
            {"E6FC3412 E6FDFB03 E6FFFC03"_hex, ""},  // R13 has another page
            {"E6FC3412 E6FC0011 E6FDFC03"_hex, ""},  // R12 is loaded again
            {"E6FC3412 DB00 E6FDFC03"_hex, ""},      // another function
+           // the second page replaces the first, unless that is used: by MOV R4, R12, or what is called
+           {"E6FDFB03 E6FC3412 E6FDFC03"_hex, "4 pair likely MOV R12, #1234h; MOV R13, #3FCh; "},
+           {"E00D E6FC3412 F012 E6FDFC03"_hex, "2 pair likely MOV R12, #1234h; MOV R13, #3FCh; "},
+           {"E6FDFC03 E6FC3412 E6FDFB03"_hex, ""},
+           {"E6FDFC03 E6FC3412 F04C E6FDFB03"_hex, "0 pair likely MOV R13, #3FCh; MOV R12, #1234h; "},
+           {"E6FDFC03 E6FC3412 DAFE0010 E6FDFB03"_hex, "0 pair likely MOV R13, #3FCh; MOV R12, #1234h; "},
+           {"DAFFE04D E6FC3412 E6FDFC03"_hex, "4 pair likely MOV R12, #1234h; MOV R13, #3FCh; "},
+           {"E6FC3412 F2FC0080 E6FDFC03"_hex, ""},  // R12 or R13 comes from elsewhere
+           {"E6FDFC03 F0D4 E6FC3412"_hex, ""},
+           {"E6FDFC03 08C2 F0C4 E6FC3412"_hex, "0 pair likely MOV R13, #3FCh; MOV R12, #1234h; "},
            // DPPs
            {"F2F43452"_hex, "0 data possible MOV R4, 5234h (DPP1); "},
            {"F2F434D2"_hex, ""},  // DPP3 is 3
@@ -104,6 +114,9 @@ TEST(GetReferences, FindsNearCallsAndBranchesInTheSegment) {
   ImageBuilder builder(dumpSize);
   builder.Data(builder.Data(target, "A845 B856 3DFD"_hex), rets);
   builder.Data(0x111C0, "8AF43850 E6F43D36 BB35 DB00"_hex);
+  const Fullflash self = InCode("8A20FF30"_hex);  // into its own middle
+  EXPECT_EQ(Written(GetReferences(self, place + 2, {}, {}, noProgress), self, place),
+            "0 jump likely JB 0FD40h.3, 102h; ");
   const Fullflash image = ImageOf(std::move(builder));
   EXPECT_EQ(Find(image, target),
             "-116 jump likely JB R4.5, 1234h; "
@@ -129,6 +142,9 @@ TEST(GetReferences, TakesPointersOutsideCode) {
   EXPECT_EQ(Find(Among(noise, segment), place), "0 pointer likely DW 1234h, 0FFh; ");
   EXPECT_EQ(Find(Among(noise, beyond), place), "0 pointer possible DW 5234h, 3FBh; ");
   EXPECT_EQ(Find(InCode(page), place), "0 pointer possible DW 1234h, 3FCh; ");
+  const Fullflash alone = Among("FFFF"_hex, "E026FC03"_hex);  // MOV R6, #2, too
+  EXPECT_EQ(Written(GetReferences(alone, 0x126E0, {}, {}, noProgress), alone, place),
+            "0 pointer likely DW 26E0h, 3FCh; ");
   // A table that decodes as code, too: ADD R1, R0; EXTS R0, #1
   EXPECT_EQ(Find(Among("0010 FE00"_hex, segment), place), "0 pointer likely DW 1234h, 0FFh; ");
 }

@@ -21,7 +21,7 @@ inline std::string FaultOf(const FunctionList& list, const Fullflash& image) {
         !list.IsInstruction(code.offset))
       return "function at " + std::to_string(code.offset);
   }
-  for (Offset p = 0; p < std::ssize(image.ff()); p += 2) {
+  for (Offset p = 0; p < std::ssize(image.ff()); ++p) {
     if (!list.IsInstruction(p)) continue;
     const Instruction instruction = Instruction::Decode(image.ff(), p);
     const bool overlaps = instruction.Size() != 2 && list.IsInstruction(p + 2);

@@ -25,6 +25,10 @@ TEST(CodeChange, ShowsWholeInstructionsBeforeAndAfter) {
   EXPECT_EQ(InstructionsOf({0xFFFF, {0xFF, 0x00}, {0x01, 0x00}}, image, FunctionList()),
             "- FF:FFFE  FFFF      BSET R15.15\n+ FF:FFFE  FF01      BSET 0FD02h.15\n");
   EXPECT_EQ(InstructionsOf({0x10000, {0}, {1}}, image, FunctionList()), "");
+  ImageBuilder odd(0x10001);  // offset 1 is at FF0000
+  odd.Data(0x101, code);
+  EXPECT_EQ(InstructionsOf({0x105, {0xE0}, {0xF0}}, ImageOf(std::move(odd)), FunctionList()),
+            "- FF:0104  E014      MOV R4, #1h\n+ FF:0104  F014      MOV R1, R4\n");
 }
 
 }  // namespace

@@ -134,6 +134,10 @@ TEST(DumpMap, DistinguishesTextFromCode) {
   for (std::size_t p = 0x6001; p < 0x6801; p += 128) image.Word(p, 0x00DB);  // odd
   EXPECT_EQ(LinesOf(MapOf(image)), (Lines{"0 8192 unknown", "2000 768 text", "2300 3328 unknown",
                                           "3000 4096 code", "4000 1032192 unknown"}));
+  ImageBuilder moved(0x100001);  // odd offsets are even addresses
+  moved.Fill(0, moved.Size(), nothing);
+  for (std::size_t p = 0x3001; p < 0x3401; p += 128) moved.Word(p, 0x00DB);
+  EXPECT_EQ(LinesOf(MapOf(moved)), (Lines{"0 12288 unknown", "3000 4096 code", "4000 1032193 unknown"}));
 }
 
 // Erased or zero bytes, three at most, in front of an even offset, between two known regions.

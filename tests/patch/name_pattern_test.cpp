@@ -16,7 +16,9 @@ Fullflash NamedImage() {
              "F048DAF0 0020DB00"_hex);  // MOV R4, R8; CALLS F0:2000; RETS
   image.Data(0x2000, "E014DB00"_hex);   // MOV R4, #1; RETS
   image.Data(0x3000,
-             "E6FC3412 E6FDC103"_hex);          // MOV R12, #1234h; MOV R13, #3C1h
+             "E6FC3412 E6FDC103"_hex);  // MOV R12, #1234h; MOV R13, #3C1h
+  image.Data(0x3100,
+             "E6FDC103 CC00 E6FC7812"_hex);     // MOV R13, #3C1h; NOP; MOV R12, #1278h
   image.Data(0x4000, "D740C203 F2F47856"_hex);  // EXTP #3C2h, #1; MOV R4, 5678h
   image.Data(0x5000, "77660020 F000"_hex);      // behind 7766 a pointer to F0:2000
   image.Data(0x6000, "BB7E9988"_hex);           // CALLR 60FEh
@@ -43,10 +45,13 @@ TEST(NamePattern, FindsAddresses) {
       {"?? 7E {C0DE} 9988", {0xF06000}},
       {"F048 + 2", {0xF01002}},
       {"E014 - 0x10", {0xF01FF0}},
-      {"&(F048 + 2)", {0xF02000}},      // a call
-      {"&(E6FC3412)", {0xF05234}},      // a pair: page 3C1 * 4000 + 1234 = F04000 + 1234 = F05234
-      {"&(D740C203)", {0xF09678}},      // a page: 3C2 * 4000 = F08000, and 5678 & 3FFF = 1678
-      {"&(7766 + 2) + 1", {0xF02001}},  // a pointer
+      {"&(F048 + 2)", {0xF02000}},       // a call
+      {"&(E6FC3412)", {0xF05234}},       // a pair: page 3C1 * 4000 + 1234 = F04000 + 1234 = F05234
+      {"&(E6FDC103 CC00)", {0xF05278}},  // page first, not at once: F04000 + 1278
+      {"&(E6FDC103 + 6)", {}},           // half a pair
+      {"&(C0DE + 2)", {}},               // erased: no page
+      {"&(D740C203)", {0xF09678}},       // a page: 3C2 * 4000 = F08000, and 5678 & 3FFF = 1678
+      {"&(7766 + 2) + 1", {0xF02001}},   // a pointer
       {"ABCD", {0xF07000, 0xF07002}},
       {"123456", {}},
   };
