@@ -115,6 +115,9 @@ TEST_F(CarryDesk, APatchIsCarriedAndTheOtherDumpOpened) {
   EXPECT_TRUE(script.started.back().ends_with(" " + quot(PathText(second)) + " " + quot(PathText(file))));
   EXPECT_NE(ReadAll(file).find("C55 v25"), std::string::npos);
   EXPECT_NE(ReadAll(file).find(";Own\r\n316470: DAB11A64 DAB14064\r\n;"), std::string::npos) << ReadAll(file);
+  WriteFile(file, "old");
+  EXPECT_NE(Carry(patch).find("carried.qpt.bak"), std::string::npos);
+  EXPECT_EQ(ReadAll(folder / "carried.qpt.bak"), "old");
 }
 
 TEST_F(CarryDesk, FarAndForeignDumpsAreNamed) {
