@@ -116,6 +116,7 @@ TEST_F(CarryDesk, APatchIsCarriedAndTheOtherDumpOpened) {
   EXPECT_NE(ReadAll(file).find("C55 v25"), std::string::npos);
   EXPECT_NE(ReadAll(file).find(";Own\r\n316470: DAB11A64 DAB14064\r\n;"), std::string::npos) << ReadAll(file);
   WriteFile(file, "old");
+  script.file = second;
   EXPECT_NE(Carry(patch).find("carried.qpt.bak"), std::string::npos);
   EXPECT_EQ(ReadAll(folder / "carried.qpt.bak"), "old");
 }
