@@ -106,20 +106,22 @@ Sieve::Sieve(const SieveForm& form, std::span<const std::uint64_t> marks) : Siev
   marks_ = marks;
 }
 
-// The first position from `from` on in a block that is marked or lies behind the marks.
-Offset Sieve::SkipUnmarked(Offset from) const {
+// The first position from `from` on in a block that is marked or lies behind the marks; behind `last` it may
+// be any.
+Offset Sieve::SkipUnmarked(Offset from, Offset last) const {
   const auto block = static_cast<std::size_t>(from / SieveBits::positions);
   std::size_t word = block / 64;
   if (word >= marks_.size()) return from;
   std::uint64_t marks = marks_[word] >> block % 64 << block % 64;
-  while (marks == 0 && ++word < marks_.size()) marks = marks_[word];
+  const auto end = std::min(marks_.size(), static_cast<std::size_t>(last / SieveBits::positions / 64) + 1);
+  while (marks == 0 && ++word < end) marks = marks_[word];
   const std::size_t next = word * 64 + (marks == 0 ? 0 : static_cast<std::size_t>(std::countr_zero(marks)));
   return std::max(from, static_cast<Offset>(next) * SieveBits::positions);
 }
 
 Offset Sieve::NextBlock(const std::uint8_t* start, Offset from, Offset last, SieveBits& bits) const {
   if (marks_.empty() || from % step_ != 0) return NextOfAll(start, from, last, bits);
-  from = SkipUnmarked(from);
+  from = SkipUnmarked(from, last);
   bits = {};
   if (from <= last) NextOfAll(start, from, std::min(last, from + SieveBits::positions - step_), bits);
   return from;

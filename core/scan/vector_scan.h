@@ -74,7 +74,7 @@ class Sieve {
  private:
   Offset NextBlock(const std::uint8_t* start, Offset from, Offset last, SieveBits& bits) const;
   Offset NextOfAll(const std::uint8_t* start, Offset from, Offset last, SieveBits& bits) const;
-  [[nodiscard]] Offset SkipUnmarked(Offset from) const;
+  [[nodiscard]] Offset SkipUnmarked(Offset from, Offset last) const;
 
   SieveProbes probes_{};
   int step_;
