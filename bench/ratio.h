@@ -14,8 +14,8 @@ inline constexpr std::uint8_t absentByte = 0xA5;
 // the work's. At 1.00 the work is as fast as the pass.
 [[nodiscard]] double SpeedRatio(const std::function<void()>& pass, const std::function<void()>& work);
 
-// The speed of `work` relative to memchr for the absent byte over the same image. Both begin with an image that
-// is in memory and in no cache, so that the ratio holds from machine to machine.
+// The speed of `work` relative to memchr for the absent byte over the same image. Both begin with an image
+// that is in memory and in no cache, so that the ratio holds from machine to machine.
 [[nodiscard]] double MemoryRatio(Bytes image, const std::function<void()>& work);
 
 }  // namespace tarvelo
