@@ -121,7 +121,7 @@ const std::vector<Line> scans{
     {"map of file units", files, 0.50, 0.30, ScanUnitMaps},
     {"files", files, 0.05, 0.05, ScanFiles},
     {"open", everything, 0.90, 0.80, Open},
-    {"open and every explorer", everything, 0.20, 0.15, OpenAndExplore},
+    {"open and every explorer", everything, 0.35, 0.25, OpenAndExplore},
 };
 
 // Lines for each explorer alone too; none may be slower than all together.
