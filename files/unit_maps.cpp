@@ -1,6 +1,5 @@
 #include "files/unit_maps.h"
 
-#include <algorithm>
 #include <set>
 
 #include "core/scan_run.h"
@@ -81,7 +80,7 @@ class MapSearch {
     if (code > largeCode || begin % unitStep != 0 || begin + unitHeaderAt + 0xE >= end_)
       return UnitState::Invalid;
     const auto name = UnitName(image_, begin);
-    if (!name) return IsErased(begin) ? UnitState::Erased : UnitState::Invalid;
+    if (!name) return HasErasedHeader(begin) ? UnitState::Erased : UnitState::Invalid;
     const Offset size = code == largeCode ? 0x20000 : 0x10000;
     Offset count = WordAt(image_, group);
     if (count == 0 || begin + count * size > end_) count = 1;  // damaged
@@ -89,9 +88,8 @@ class MapSearch {
     return UnitState::Named;
   }
 
-  [[nodiscard]] bool IsErased(Offset unit) const {
-    const auto header = image_.subspan(static_cast<std::size_t>(unit + unitHeaderAt), std::size_t{0xE});
-    return std::ranges::all_of(header, [](std::uint8_t byte) { return byte == 0xFF; });
+  [[nodiscard]] bool HasErasedHeader(Offset unit) const {
+    return IsErased(image_.subspan(static_cast<std::size_t>(unit + unitHeaderAt), std::size_t{0xE}));
   }
 
   void Keep(Offset pointer, Offset table, Offset count, std::vector<MappedUnit> units) {

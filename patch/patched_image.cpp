@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "code/instruction.h"
+#include "core/scan/vector_scan.h"
 
 namespace tarvelo {
 namespace {
@@ -14,7 +15,7 @@ constexpr Offset longestData = 4096;
 Region OldRegion(const Change& change) { return {change.offset, std::ssize(change.oldBytes)}; }
 
 bool IsErasedRun(const Fullflash& image, Offset from, Offset end) {
-  return std::ranges::all_of(image.Region(from, end - from), [](int byte) { return byte == 0xFF; });
+  return IsErased(image.Region(from, end - from));
 }
 
 Offset StartOf(const CodeUnits& units, Offset offset) {
