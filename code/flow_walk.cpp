@@ -76,30 +76,30 @@ bool FlowWalk::Pass(Offset at, const Instruction& instruction) {
   switch (instruction.GetFlow()) {
     case Flow::Jump:
     case Flow::Branch: {
-      const auto target = InImage(*instruction.Target(image_.PhoneAddress(at)));
-      if (instruction.Row().args[0] != Arg::Segment) return target && Goes(*target);
-      if (target) named_.other.push_back(*target);
-      return true;
+      const auto target = CodePlace(*instruction.Target(image_.PhoneAddress(at)));
+      const bool isFar = instruction.Row().args[0] == Arg::Segment;
+      if (target && isFar) named_.other.push_back(*target);
+      if (target && !isFar) Open(*target);
+      return target || isFar;
     }
     case Flow::Call: NoteCall(at, instruction); return true;
     case Flow::IndirectJump:
-      return std::ranges::all_of(switches_.Cases(at, entry_), [&](Offset target) { return Goes(target); });
+      for (const Offset target : switches_.Cases(at, entry_)) Open(target);
+      return true;
     case Flow::Next: NotePair(at, instruction); return true;
     default: return true;
   }
 }
 
 // Jumps to places in front of the entry leave the function.
-bool FlowWalk::Goes(Offset target) {
-  if (target % 2 != 0) return false;
+void FlowWalk::Open(Offset target) {
   if (target >= entry_ && target < end_ && !starts_.Has(target)) open_.push_back(target);
-  return true;
 }
 
 void FlowWalk::NoteCall(Offset at, const Instruction& instruction) {
-  const auto target = InImage(*instruction.Target(image_.PhoneAddress(at)));
+  const auto target = CodePlace(*instruction.Target(image_.PhoneAddress(at)));
   const bool isFar = instruction.Row().args[0] == Arg::Segment;
-  if (target && *target % 2 == 0) (isFar ? named_.far : named_.near).push_back(*target);
+  if (target) (isFar ? named_.far : named_.near).push_back(*target);
 }
 
 // MOV Rn, #offset; MOV Rn+1, #segment.
@@ -108,8 +108,8 @@ void FlowWalk::NotePair(Offset at, const Instruction& instruction) {
   const Instruction second = Instruction::Decode(bytes_, at + 4);
   if (second.Op() != instruction.Op() || second.Byte(1) != instruction.Byte(1) + 1) return;
   if (second.Word() > 0xFF) return;
-  const auto target = InImage(std::uint32_t{second.Word()} << 16 | instruction.Word());
-  if (target && *target % 2 == 0) named_.other.push_back(*target);
+  if (const auto target = CodePlace(std::uint32_t{second.Word()} << 16 | instruction.Word()))
+    named_.other.push_back(*target);
 }
 
 void FlowWalk::Forget() {
@@ -130,9 +130,9 @@ bool FlowWalk::IsFilling(Offset at) const {
   return isEmpty(at) && at + 4 <= limit_ && isEmpty(at + 2);
 }
 
-std::optional<Offset> FlowWalk::InImage(std::uint32_t address) const {
+std::optional<Offset> FlowWalk::CodePlace(std::uint32_t address) const {
   const Offset offset = Offset{address} - image_.CorrBase();
-  if (offset < 0 || offset >= static_cast<Offset>(bytes_.size())) return {};
+  if (offset < 0 || offset >= static_cast<Offset>(bytes_.size()) || offset % 2 != 0) return {};
   return offset;
 }
 

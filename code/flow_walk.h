@@ -44,12 +44,13 @@ class FlowWalk {
  private:
   [[nodiscard]] bool Run(Offset at);
   [[nodiscard]] bool Pass(Offset at, const Instruction& instruction);
-  [[nodiscard]] bool Goes(Offset target);
+  void Open(Offset target);
   void NoteCall(Offset at, const Instruction& instruction);
   void NotePair(Offset at, const Instruction& instruction);
   void Forget();
   [[nodiscard]] bool IsFilling(Offset at) const;
-  [[nodiscard]] std::optional<Offset> InImage(std::uint32_t address) const;
+  // The offset of a phone address at which code can be: in the image, and even.
+  [[nodiscard]] std::optional<Offset> CodePlace(std::uint32_t address) const;
 
   const Fullflash& image_;
   const Bytes bytes_;

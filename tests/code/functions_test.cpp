@@ -124,6 +124,7 @@ TEST(Functions, HaveACleanFlow) {
       {"into the middle of an instruction", {{0x200, "2D01 E6F4DB00 DB00"}}, ""},
       {"over the start of an instruction", {{0x200, "0D02 CC00 E6F42DFE DB00"}}, ""},
       {"to an odd place", {{0x200, "EA200902 DB00 FFFF FFDB 00"}}, ""},
+      {"far to an odd place", {{0x200, "FAFE0902 00FF FFDB 00DB 00"}}, "200 4 0, "},
       {"JMPA over data", {{0x200, "EA000802 8C00 8C00 DB00"}}, "200 10 0, "},
       {"conditional JMPA", {{0x200, "EA200802 DB00 8C00 DB00"}}, "200 10 0, "},
       {"JMPI", {{0x200, "9C04 8C00"}}, "200 2 0, "},
