@@ -49,7 +49,7 @@ class Cutter {
 
   // Code between functions: it ends behind each return; data and filling belong to no unit.
   void Between(Offset from, Offset end) {
-    from += image_.PhoneAddress(from) & 1;
+    if (!image_.BeginsWord(from)) ++from;
     Begin(from, false);
     Sweep(image_.ff(), from, end, [&](Offset at, const Instruction& instruction, const ExtRange& range) {
       const Offset next = at + instruction.Size();

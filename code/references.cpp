@@ -89,8 +89,7 @@ bool Finder::Names(std::uint16_t word, std::uint16_t pageOrSegment) const {
 }
 
 std::vector<Reference> Finder::Find(Progress& progress) {
-  // Words and code lie at even phone addresses.
-  const Offset first = image_.PhoneAddress(0) & 1;
+  const Offset first = image_.FirstWord();
   const Probe probe{0, inPage_, pageMask};
   const Sieve sieve(2, {&probe, 1});
   ProgressRun run(progress, 0, size_);
