@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/byte_text.h"
+
 namespace tarvelo {
 namespace {
 
@@ -170,10 +172,7 @@ DataPlaces::Beside DataPlaces::BesideCode(const Region& region) const {
 
 // A region with the rest of the text that it is in: other texts may begin or end alike.
 Region DataPlaces::TextAround(const Region& region) const {
-  const auto isText = [&](Offset at) {
-    const int byte = old_.ff()[static_cast<std::size_t>(at)];
-    return byte >= 0x20 && byte < 0x7F;
-  };
+  const auto isText = [&](Offset at) { return IsPrintable(old_.ff()[static_cast<std::size_t>(at)]); };
   Region text = region;
   if (!isText(region.offset) || !isText(region.End() - 1)) return text;
   while (text.offset > 0 && region.offset - text.offset < longestText && isText(text.offset - 1))
