@@ -191,6 +191,23 @@ TEST_P(PortBytes, AreThoseOfTheOtherVersion) {
     EXPECT_EQ(ported.offset, now.At(line.name) + line.at + line.moved);
     EXPECT_EQ(ported.newBytes, now.Bytes(line.source));
   }
+  for (const Change& other : {Change{old.At("text"), {1}, {2}}, {imageSize + oldFront - 1, {255, 255}, {}}})
+    EXPECT_EQ(Ported({{0, other}})[0].refusal, PortRefusal::NotOld);
+}
+
+// Nothing but pointers, among erased bytes and at another place in each version.
+TEST_P(PortBytes, OfATableOfPointersAlone) {
+  const std::string table =
+      "word:off:first word:seg:first word:off:second word:seg:second word:off:third word:seg:third "
+      "word:off:leaf word:seg:leaf word:off:fourth word:seg:fourth";
+  const Offset at = 0x10000 + oldFront, there = 0x11000 + newFront;
+  std::ranges::copy(old.Bytes(table), old.Image().begin() + at);
+  std::ranges::copy(now.Bytes(table), now.Image().begin() + there);
+  const std::string source = "word:off:first word:seg:first";
+  const PortedChange ported = Ported({ChangeOf(at + 8, old.Bytes(source))})[0];
+  EXPECT_EQ(ported.refusal, std::nullopt);
+  EXPECT_EQ(ported.offset, there + 8);
+  EXPECT_EQ(ported.newBytes, now.Bytes(source));
 }
 
 // Code in an erased area, cut into lines inside its instructions, and a text behind it that looks like JMPA.
