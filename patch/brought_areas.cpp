@@ -9,7 +9,7 @@ namespace tarvelo {
 namespace {
 
 bool HasErased(const Fullflash& image, const Region& region) {
-  return HasRegion(image, region) && IsErased(image, region);
+  return HasRegion(image, region) && IsInErasedArea(image, region);
 }
 
 }  // namespace
