@@ -109,8 +109,8 @@ CodeLine CodeReader::Heading(const CodeRow& row) const {
 std::string CodeReader::FunctionAt(Offset offset) const {
   const Function* function = from_.functions->At(offset);
   if (!function) return {};
-  const std::string name(from_.dump->names.NameAt(Image().PhoneAddress(function->code.offset)));
-  if (!name.empty()) return name;
+  const std::string_view name = from_.dump->names.NameAt(Image().PhoneAddress(function->code.offset));
+  if (!name.empty()) return std::string(name);
   return std::string(texts_.Msg(Text::MapFunction)) + " " + SegmentText(Image(), function->code.offset);
 }
 
