@@ -1,5 +1,3 @@
-#include "document/map_table.h"
-
 #include <ostream>
 
 #include "cli/each_dump.h"
@@ -8,6 +6,7 @@
 #include "cli/subcommands.h"
 #include "document/explorers.h"
 #include "document/joint_search.h"
+#include "document/map_table.h"
 
 namespace tarvelo::cli {
 namespace {

@@ -20,9 +20,8 @@ void PrintName(const std::string& name, std::uint32_t address, const Fullflash& 
     out << WholeHex(address) << '\t' << PrintableLine(name) << '\n';
     return;
   }
-  const Offset offset = Offset{address} - image.CorrBase();
   Json object{{"name", Printable(name)}, {"address", address}, {"offset", nullptr}};
-  if (offset >= 0 && offset <= image.ffEnd()) object["offset"] = offset;
+  if (const auto offset = OffsetOf(image, address)) object["offset"] = *offset;
   out << JsonLine(object);
 }
 

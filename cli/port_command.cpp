@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <ostream>
 
 #include "cli/code_files.h"
@@ -7,7 +6,7 @@
 #include "cli/output.h"
 #include "cli/subcommands.h"
 #include "document/used_areas.h"
-#include "patch/code_versions.h"
+#include "patch/carried_lines.h"
 #include "patch/pattern.h"
 #include "patch/port_text.h"
 
@@ -29,16 +28,15 @@ Json JsonOf(const Change& change, const PortedChange& ported) {
 }
 
 // What makes one doubt that the dumps belong together.
-void Warn(const PortArguments& arguments, const Dump& old, const Dump& now, std::size_t refused,
-          std::size_t all, Context& context) {
-  constexpr std::size_t largePatch = 20;
+void Warn(const PortArguments& arguments, const Dump& old, const Dump& now, const CarriedLines& lines,
+          Context& context) {
   if (old.info.Model != now.info.Model)
     context.err << PrintableLine(arguments.now) << ": another phone than " << PrintableLine(arguments.old)
                 << '\n';
-  if (refused > 0)
-    context.err << PrintableLine(arguments.patch) << ": " << refused << " of " << all
-                << " changes could not be carried over\n";
-  if (all >= largePatch && refused * 2 > all)
+  if (lines.Carried() < lines.Count())
+    context.err << PrintableLine(arguments.patch) << ": " << lines.Count() - lines.Carried() << " of "
+                << lines.Count() << " changes could not be carried over\n";
+  if (lines.IsFarApart())
     context.err << PrintableLine(arguments.now) << ": its firmware is far from that of "
                 << PrintableLine(arguments.old) << '\n';
 }
@@ -86,10 +84,9 @@ void Port(const PortArguments& arguments, Context& context) {
   if (arguments.json)
     for (std::size_t i = 0; i < ported.size(); ++i)
       context.out << JsonLine(JsonOf(patch.changes[i].change, ported[i]));
-  const auto refused = static_cast<std::size_t>(
-      std::ranges::count_if(ported, [](const PortedChange& change) { return change.refusal.has_value(); }));
-  Warn(arguments, *old, *now, refused + patch.invalid.size(), ported.size() + patch.invalid.size(), context);
-  if (refused + patch.invalid.size() > 0 || ported.empty()) context.status = nothingFound;
+  const CarriedLines lines(patch, ported, versions, context.messages);
+  Warn(arguments, *old, *now, lines, context);
+  if (lines.Carried() < lines.Count() || ported.empty()) context.status = nothingFound;
 }
 
 }  // namespace tarvelo::cli

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <map>
 #include <unordered_map>
 #include <utility>
 
@@ -48,7 +49,7 @@ CodePairing::CodePairing(const CodeUnits& old, std::uint32_t oldBase, const Code
   AddRepeated(now, twins_);
   std::ranges::sort(twins_);
   ProgressRun run(progress, 0, mostRounds);
-  PairUnique(fewestUnique);
+  PairUnique();
   for (int round = 0; round < mostRounds; ++round) {
     run.At(round);
     const std::vector<int> before = newOf_;
@@ -57,7 +58,7 @@ CodePairing::CodePairing(const CodeUnits& old, std::uint32_t oldBase, const Code
     PairCalled();
     PairNeighbours();
     PairTwins();
-    PairUnique(fewestUnique);
+    PairUnique();
     if (newOf_ == before) break;
   }
   CollectVotes();
@@ -118,7 +119,7 @@ bool CodePairing::Pair(int oldUnit, int newUnit) {
   return true;
 }
 
-void CodePairing::PairUnique(std::uint32_t fewest) {
+void CodePairing::PairUnique() {
   struct Found {
     int old = -1;
     int now = -1;
@@ -127,7 +128,7 @@ void CodePairing::PairUnique(std::uint32_t fewest) {
   std::unordered_map<std::uint64_t, Found> byHash;
   const auto collect = [&](const CodeUnits& units, const std::vector<int>& pairs, int Found::*side) {
     for (std::size_t i = 0; i < units.units.size(); ++i) {
-      if (pairs[i] >= 0 || units.units[i].count < fewest) continue;
+      if (pairs[i] >= 0 || units.units[i].count < fewestUnique) continue;
       Found& found = byHash[units.units[i].hash];
       if (found.*side >= 0) found.isUnique = false;
       found.*side = static_cast<int>(i);
@@ -135,10 +136,15 @@ void CodePairing::PairUnique(std::uint32_t fewest) {
   };
   collect(old_, newOf_, &Found::old);
   collect(now_, oldOf_, &Found::now);
-  for (const auto& [hash, found] : byHash)
-    if (found.isUnique && found.old >= 0 && found.now >= 0 &&
-        (votes_.IsEmpty() || Weigh(found.old, found.now).contradicting == 0))
-      Pair(found.old, found.now);
+  // In the order of the units, because each pair is evidence for the next ones.
+  for (std::size_t i = 0; i < newOf_.size(); ++i) {
+    const auto found = byHash.find(old_.units[i].hash);
+    if (found == byHash.end()) continue;
+    const auto& [old, now, isUnique] = found->second;
+    if (old == static_cast<int>(i) && now >= 0 && isUnique &&
+        (votes_.IsEmpty() || Weigh(old, now).contradicting == 0))
+      Pair(old, now);
+  }
 }
 
 void CodePairing::PairNeighbours() {
@@ -179,24 +185,21 @@ void CodePairing::PairEdited(int oldFrom, int oldEnd, int newFrom, int newEnd) {
   if (rows <= 0 || columns <= 0 || rows > longestGap || columns > longestGap) return;
   const auto width = At(columns + 1);
   std::vector<double> best(At(rows + 1) * width, 0);
-  std::vector<double> likeness(At(rows) * At(columns));
   for (int i = 0; i < rows; ++i)
     for (int j = 0; j < columns; ++j) {
       const double alike = Likeness(oldFrom + i, newFrom + j);
-      likeness[At(i) * At(columns) + At(j)] = alike;
       const std::size_t cell = At(i + 1) * width + At(j + 1);
       best[cell] = std::max(best[cell - 1], best[cell - width]);
       if (alike >= likeEnough) best[cell] = std::max(best[cell], best[cell - width - 1] + alike);
     }
   for (int i = rows, j = columns; i > 0 && j > 0;) {
     const std::size_t cell = At(i) * width + At(j);
-    const double alike = likeness[At(i - 1) * At(columns) + At(j - 1)];
     if (best[cell] == best[cell - 1]) {
       --j;
     } else if (best[cell] == best[cell - width]) {
       --i;
     } else {
-      if (alike >= likeEnough) Pair(oldFrom + i - 1, newFrom + j - 1);
+      Pair(oldFrom + i - 1, newFrom + j - 1);
       --i, --j;
     }
   }
@@ -248,7 +251,7 @@ void CodePairing::PairTwins() {
   struct Family {
     std::vector<int> old, now;
   };
-  std::unordered_map<std::uint64_t, Family> families;
+  std::map<std::uint64_t, Family> families;  // in an order that is the same on every machine
   for (std::size_t i = 0; i < newOf_.size(); ++i)
     if (newOf_[i] < 0) families[old_.units[i].hash].old.push_back(static_cast<int>(i));
   for (std::size_t i = 0; i < oldOf_.size(); ++i)

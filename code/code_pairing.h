@@ -60,7 +60,7 @@ class CodePairing {
  private:
   static std::span<const UnitInstruction> CodeOf(const CodeUnits& units, int unit);
 
-  void PairUnique(std::uint32_t fewest);
+  void PairUnique();
   void PairNeighbours();
   void PairGap(int oldFrom, int oldEnd, int newFrom, int newEnd);
   void PairEdited(int oldFrom, int oldEnd, int newFrom, int newEnd);

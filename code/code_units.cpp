@@ -49,11 +49,11 @@ class Cutter {
 
   // Code between functions: it ends behind each return; data and filling belong to no unit.
   void Between(Offset from, Offset end) {
-    from += image_.PhoneAddress(from) & 1;
+    if (!image_.BeginsWord(from)) ++from;
     Begin(from, false);
     Sweep(image_.ff(), from, end, [&](Offset at, const Instruction& instruction, const ExtRange& range) {
       const Offset next = at + instruction.Size();
-      if (instruction.IsData() || IsFilling(instruction)) {
+      if (instruction.IsData() || instruction.IsFilling()) {
         Cancel();
         Begin(next, false);
         return false;
@@ -71,10 +71,6 @@ class Cutter {
   [[nodiscard]] CodeUnits Take() && { return std::move(result_); }
 
  private:
-  static bool IsFilling(const Instruction& instruction) {
-    return instruction.DataWord() == 0xFFFF || instruction.DataWord() == 0;
-  }
-
   void Begin(Offset offset, bool isFunction) {
     unit_ = {};
     unit_.first = static_cast<std::uint32_t>(result_.instructions.size());

@@ -40,9 +40,9 @@ inline void ExtRange::Begin(const Instruction& instruction) {
   left_ = instruction.RangeLength();
   isExtended_ = (instruction.Byte(1) & 0x80) != 0;
   number_ = instruction.Word();
-  if (instruction.Op() == 0xD1)
+  if (instruction.Op() == op::atomicOrExtend)
     space_ = Space::Dpp;
-  else if (instruction.Op() == 0xDC)
+  else if (instruction.Op() == op::extendByRegister)
     space_ = Space::Register;
   else
     space_ = (instruction.Byte(1) & 0x40) != 0 ? Space::Page : Space::Segment;

@@ -9,7 +9,8 @@ namespace {
 // Opcodes after which nothing but the next instruction follows, and which name no code.
 const std::array<bool, 256> isPlain = [] {
   std::array<bool, 256> plain{};
-  for (std::size_t i = 0; i < plain.size(); ++i) plain[i] = opcodes[i].flow == Flow::Next && i != 0xE6;
+  for (std::size_t i = 0; i < plain.size(); ++i)
+    plain[i] = opcodes[i].flow == Flow::Next && i != op::moveConstant;
   return plain;
 }();
 

@@ -56,8 +56,8 @@ class FlowWalk {
   const Bytes bytes_;
   SwitchTables& switches_;
   WordSet starts_, code_;
-  std::int64_t
-      patience_;  // instructions that failed walks may reach before all they reach is remembered as bad
+  // How many instructions failed walks may reach before all that they reach is remembered as bad.
+  std::int64_t patience_;
   WordSet bad_;
   Offset entry_ = 0, end_ = 0, limit_ = 0;  // of the current walk; `limit_`: of its segment
   std::vector<Offset> open_, reached_;

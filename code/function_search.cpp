@@ -18,7 +18,7 @@ namespace {
 // The first byte of CALLS is DA, that of JMPS is FA.
 constexpr Probe farForms[] = {{.value = 0xDA, .mask = 0xDF}};
 
-// One search. The image must begin at an even phone address, as all code does.
+// One search. The image must begin with a word.
 class FunctionSearch {
  public:
   FunctionSearch(const Fullflash& image, Progress& progress)
@@ -211,7 +211,7 @@ class FunctionSearch {
 
 FunctionList GetFunctions(const Fullflash& image, Progress& progress) {
   if (!image.IsOpen() || !image.PageMode()) return {};
-  if (image.PhoneAddress(0) % 2 == 0) return FunctionSearch(image, progress).Run(0);
+  if (image.FirstWord() == 0) return FunctionSearch(image, progress).Run(0);
   Fullflash even(image.ff().subspan(1));
   even.SetCorrBase(image.CorrBase() + 1);
   if (!even.IsOpen()) return {};

@@ -64,6 +64,9 @@ class Instruction {
   [[nodiscard]] int High() const { return Byte(1) >> 4; }
   [[nodiscard]] int Low() const { return Byte(1) & 0xF; }
 
+  // Whether it is a word of 0000 or FFFF, which fills gaps.
+  [[nodiscard]] bool IsFilling() const { return size_ == 2 && (DataWord() == 0 || DataWord() == 0xFFFF); }
+
   // The rest is for instructions, not for data.
 
   [[nodiscard]] const Opcode& Row() const { return opcodes[Op()]; }

@@ -7,6 +7,7 @@
 #include "core/notation.h"
 
 namespace tarvelo {
+
 std::uint8_t MovableBytes(const Instruction& instruction, const ExtRange& range) {
   const std::uint32_t fixed = FixedBits(instruction, range);
   std::uint8_t bytes = 0;

@@ -6,8 +6,6 @@
 namespace tarvelo {
 namespace {
 
-bool IsSpecial(std::uint16_t address) { return address >= 0xFE00 || (address >= 0xF000 && address < 0xF200); }
-
 bool IsVariableBit(int bitoff) { return bitoff < 0x80; }
 
 constexpr std::uint32_t Byte(int i, std::uint32_t bits = 0xFF) { return bits << 8 * i; }
@@ -22,7 +20,7 @@ std::uint32_t MovingBits(const Instruction& instruction, Arg arg, const ExtRange
     case Arg::IndexedLow:
     case Arg::Data16:
     case Arg::PageOrSegment: return word;
-    case Arg::Mem: return IsSpecial(instruction.Word()) && !range.ReplacesDpp() ? 0 : word;
+    case Arg::Mem: return IsSpecialRegister(instruction.Word()) && !range.ReplacesDpp() ? 0 : word;
     case Arg::Relative: return Byte(1);
     case Arg::RelativeAt2: return Byte(2);
     case Arg::OpcodeBit: return IsVariableBit(instruction.Byte(1)) ? Byte(0, 0xF0) | Byte(1) : 0;
@@ -49,7 +47,7 @@ Movable OfArg(const Instruction& instruction, Arg arg, std::uint32_t address, co
     case Arg::BitQ: return BitOf(instruction.Byte(1), instruction.Byte(3) >> 4);
     case Arg::BitWord: return BitOf(instruction.Byte(1), BitFieldOf(instruction)->LowestBit());
     case Arg::Mem:
-      if (IsSpecial(instruction.Word()) && !range.ReplacesDpp()) return {};
+      if (IsSpecialRegister(instruction.Word()) && !range.ReplacesDpp()) return {};
       if (const auto data = range.Address(instruction.Word())) return {Address, *data};
       return {range.ReplacesDpp() ? Member : Near, instruction.Word()};
     default: return {};

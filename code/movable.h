@@ -10,10 +10,14 @@
 
 namespace tarvelo {
 
+// Whether a special function register is at a phone address: F000h .. F1FFh and FE00h .. FFFFh.
+[[nodiscard]] constexpr bool IsSpecialRegister(std::uint32_t address) {
+  return (address >= 0xF000 && address < 0xF200) || (address >= 0xFE00 && address < 0x10000);
+}
+
 // The bits that a linker or a moved variable leaves alone, as a mask over the bytes; byte 0 is the lowest.
-// `range` is what holds for the instruction.
-// Special function registers never move: memory operands from FE00h up and from F000h to F1FFh, and bits from
-// bitoff 80h up.
+// `range` is what holds for the instruction. Special function registers never move: memory operands that name
+// one, and bits from bitoff 80h up.
 [[nodiscard]] std::uint32_t FixedBits(const Instruction& instruction, const ExtRange& range);
 
 // The part of an instruction that can move.

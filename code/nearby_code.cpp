@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/byte_text.h"
+
 namespace tarvelo {
 namespace {
 
@@ -12,12 +14,6 @@ constexpr int enoughInstructions = 48;  // ahead, without a return
 constexpr int certainlyInStep = 16;     // in front of a place in the middle of an instruction
 constexpr Offset resync = 64;           // bytes after which any two walks are in step
 constexpr int dull = 8;                 // this many in a row that are not telling make data
-
-bool IsPrintable(std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; }
-
-bool IsFilling(const Instruction& instruction) {
-  return instruction.Size() == 2 && (instruction.DataWord() == 0 || instruction.DataWord() == 0xFFFF);
-}
 
 bool IsFixedReturn(const Instruction& instruction) {
   return instruction.GetFlow() == Flow::Stop ||
@@ -54,7 +50,7 @@ int ChangedDpp(const Instruction& instruction, bool isExtended) {
     case 0x43:
     case 0x46:
     case 0x47:
-    case 0xE2:  // PCALL
+    case op::pushAndCall:
     case 0xEC:  // PUSH
       return -1;
     default: return instruction.Byte(1);
@@ -62,7 +58,7 @@ int ChangedDpp(const Instruction& instruction, bool isExtended) {
 }
 
 DppValue NewPage(const Instruction& instruction) {
-  const bool isConstant = instruction.Op() == 0xE6 || instruction.Op() == 0xC6;  // MOV, SCXT reg, #data16
+  const bool isConstant = instruction.Op() == op::moveConstant || instruction.Op() == op::switchContext;
   if (!isConstant) return {};
   return {static_cast<std::uint16_t>(instruction.Word() & 0x3FF)};
 }
@@ -127,7 +123,7 @@ void NearbyCode::LookBack(Offset first) {
     const Instruction& instruction = step.instruction;
     step.before = before;
     step.isBehindEnd = isBehindEnd;
-    fillings = IsFilling(instruction) ? fillings + 1 : 0;
+    fillings = instruction.IsFilling() ? fillings + 1 : 0;
     dulls = step.isTelling ? 0 : dulls + 1;
     if (instruction.IsData() || fillings > 1 || dulls >= dull) {
       before = 0;
@@ -147,7 +143,7 @@ void NearbyCode::LookAhead(bool isImageEnd) {
     const auto at = static_cast<std::size_t>(i);
     Step& step = steps_[at];
     const Step& next = i + 1 < count_ ? steps_[at + 1] : end;
-    fillings = IsFilling(step.instruction) ? fillings + 1 : 0;
+    fillings = step.instruction.IsFilling() ? fillings + 1 : 0;
     dulls = step.isTelling ? 0 : dulls + 1;
     step.ahead = fillings > 1 ? Ahead::Filled : dulls >= dull ? Ahead::Broken : WayAhead(step, next);
     step.behind = 0;

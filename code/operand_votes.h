@@ -33,8 +33,9 @@ class OperandVotes {
   };
   // The new operand with the most votes; none: agreeing is 0.
   [[nodiscard]] Winner Best(const Movable& old, int without) const;
-  // The new operand that at least two votes and nine tenths of all speak for; or the single vote of a
-  // function, if a sure operand near it moved by the same distance.
+  // The new operand that at least two votes and nine tenths of all speak for.
+  [[nodiscard]] std::optional<std::uint32_t> Voted(const Movable& old) const;
+  // The same; or that of the single vote of a function, if a sure operand near it moved by the same distance.
   [[nodiscard]] std::optional<std::uint32_t> Sure(const Movable& old) const;
   // The sure operand nearest to `old`, at or in front of it, and its new value.
   [[nodiscard]] std::optional<std::pair<std::uint32_t, std::uint32_t>> Before(const Movable& old) const;
@@ -59,8 +60,6 @@ class OperandVotes {
     std::uint32_t end = 0;
   };
 
-  // By votes on the operand alone.
-  [[nodiscard]] std::optional<std::uint32_t> Voted(const Movable& old) const;
   [[nodiscard]] bool IsMovedAlike(const Pair& pair) const;
   [[nodiscard]] std::span<const Pair> PairsOf(const Movable& old) const;
   [[nodiscard]] int CountOf(const Pair& pair, int without) const;

@@ -89,8 +89,7 @@ bool Finder::Names(std::uint16_t word, std::uint16_t pageOrSegment) const {
 }
 
 std::vector<Reference> Finder::Find(Progress& progress) {
-  // Words and code lie at even phone addresses.
-  const Offset first = image_.PhoneAddress(0) & 1;
+  const Offset first = image_.FirstWord();
   const Probe probe{0, inPage_, pageMask};
   const Sieve sieve(2, {&probe, 1});
   ProgressRun run(progress, 0, size_);
@@ -192,8 +191,7 @@ void Finder::TakeMemory(Offset at, const Instruction& instruction) {
   // Any other range is of another page or segment, or of one in a register.
   if (range && bytes_[static_cast<std::size_t>(*range)] != op::atomicOrExtend) return;
   const int dpp = instruction.Word() >> 14;
-  std::optional<std::uint16_t> page = dpps_[static_cast<std::size_t>(dpp)];
-  if (!page && dpp == 3) page = 3;
+  std::optional<std::uint16_t> page = PageOf(dpps_, dpp);
   if (const std::optional<DppValue> value = nearby_.DppBefore(at, dpp)) page = value->page;
   if (page && *page != page_) return;
   Add(at, ReferenceKind::Data, page ? ReferenceSureness::Likely : ReferenceSureness::Possible, dpp,
@@ -316,6 +314,12 @@ bool Finder::IsPointerLike(Offset at) const {
 }
 
 }  // namespace
+
+std::optional<std::uint16_t> PageOf(const DppPages& dpps, int dpp) {
+  const auto& page = dpps[static_cast<std::size_t>(dpp)];
+  if (!page && dpp == 3) return std::uint16_t{3};
+  return page;
+}
 
 std::vector<Reference> GetReferences(const Fullflash& image, Offset target, const FunctionList& functions,
                                      const DppPages& dpps, Progress& progress) {

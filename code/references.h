@@ -44,6 +44,7 @@ struct Reference {
 
 // The pages that the user states for DPP0 .. DPP3; nothing: unknown. DPP3 is 3 unless stated otherwise.
 using DppPages = std::array<std::optional<std::uint16_t>, 4>;
+[[nodiscard]] std::optional<std::uint16_t> PageOf(const DppPages& dpps, int dpp);
 
 // The references to the byte at `target`, by offset; the merely possible ones, too. An image of more than
 // 16 MiB has none. Never throws because of an image's content.

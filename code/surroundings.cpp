@@ -19,12 +19,11 @@ constexpr std::uint16_t reti = 0x88FB;
 constexpr std::uint16_t ret = 0x00CB;
 constexpr std::uint16_t srst = 0x48B7;  // its first word
 constexpr std::uint8_t retp = 0xEB;
-constexpr std::uint8_t jmps = 0xFA;
 
 bool Ends(const Instruction& instruction) {
   if (instruction.IsData()) return false;
   const Flow flow = instruction.GetFlow();
-  return flow == Flow::Return || flow == Flow::Stop || instruction.Op() == jmps;
+  return flow == Flow::Return || flow == Flow::Stop || instruction.Op() == op::jumpSegment;
 }
 
 bool IsEmpty(std::uint16_t word) { return word == 0 || word == 0xFFFF; }
@@ -68,7 +67,8 @@ bool IsBehindEnd(Offset place, const Fullflash& image, const FlowWalk& walk) {
   const std::uint16_t earlier = room < 4 ? 0 : image.Word(place - 4);
   if (IsEmpty(word)) return IsEmpty(earlier) || IsReturn(earlier);
   const bool isReturn = IsReturn(word);
-  if (!isReturn && (word & 0xFF) != retp && (earlier & 0xFF) != jmps && earlier != srst) return false;
+  if (!isReturn && (word & 0xFF) != retp && (earlier & 0xFF) != op::jumpSegment && earlier != srst)
+    return false;
   const Approach approach = ApproachOf(place, shortJump, image);
   if (approach.isTarget) return false;
   const bool isOperand = opcodes[earlier & 0xFF].size == 4;

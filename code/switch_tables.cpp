@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "code/opcodes.h"
 #include "core/scan/vector_scan.h"
 
 namespace tarvelo {
@@ -58,7 +59,7 @@ bool SwitchTables::ReadForm(Offset jump, Form& form) const {
   const int target = byte(jump + 1);
   const int index = byte(at + 1) & 0xF;
   if (target > 0xF || byte(at) != 0xA8 || byte(at + 1) >> 4 != target) return false;
-  if (byte(at - 4) == 0xD7 && (byte(at - 3) & 0x8F) == 0) {
+  if (byte(at - 4) == op::extendByNumber && (byte(at - 3) & 0x8F) == 0) {
     form.range = static_cast<std::uint16_t>(image_.Byte(at - 3) | 1);
     form.number = image_.Word(at - 2);
     at -= 4;
@@ -69,7 +70,7 @@ bool SwitchTables::ReadForm(Offset jump, Form& form) const {
   form.table = image_.Word(at + 4);
   if (byte(at - 2) == 0xED)
     form.count = ReadCount(at - 2, index);
-  else if (byte(at - 4) == 0xEA && byte(at - 3) == 0xE0)
+  else if (byte(at - 4) == op::jumpAbsolute && byte(at - 3) == 0xE0)
     form.count = ReadCount(at - 4, index);
   return form.count > 0;
 }

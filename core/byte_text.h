@@ -10,6 +10,9 @@
 
 namespace tarvelo {
 
+// Whether a byte is a printable ASCII character.
+[[nodiscard]] constexpr bool IsPrintable(std::uint8_t byte) { return byte >= 0x20 && byte <= 0x7E; }
+
 // The Windows-1251 character of a byte, or a dot if it is not visible.
 [[nodiscard]] char16_t ShownCharacter(std::uint8_t byte);
 

@@ -110,7 +110,9 @@ FileReader::FileReader(const fs::path& path, std::uint64_t limit) : path_(path) 
   if (!file_) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
   const std::uint64_t size = fs::file_size(path, error);
   if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
-  if (size > limit) throw FileError(FileError::Kind::TooLarge, path, "it is larger than 2 GiB");
+  if (size > limit)
+    throw FileError(FileError::Kind::TooLarge, path,
+                    "it is larger than " + std::to_string(limit >> 20) + " MiB");
   size_ = static_cast<std::size_t>(size);
 }
 

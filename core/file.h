@@ -22,7 +22,7 @@ class FileError : public std::runtime_error {
  public:
   enum class Kind {
     CantOpen,   // missing, a folder, locked, or not permitted
-    TooLarge,   // longer than an image can be
+    TooLarge,   // longer than the limit
     CantRead,   // reading broke off
     CantWrite,  // writing broke off (a full disk)
   };

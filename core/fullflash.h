@@ -53,6 +53,14 @@ class Fullflash {
     return static_cast<std::uint32_t>(a + corrBase_);
   }
 
+  // Words and code lie at even phone addresses: at odd offsets if the base is odd, as in an image of odd
+  // size.
+  [[nodiscard]] bool BeginsWord(Offset a) const { return PhoneAddress(a) % 2 == 0; }
+  // The start of the word that has the byte at an offset; -1 if that word begins in front of the image.
+  [[nodiscard]] Offset WordStart(Offset a) const { return BeginsWord(a) ? a : a - 1; }
+  // The first offset at which a word begins, 0 or 1.
+  [[nodiscard]] Offset FirstWord() const { return BeginsWord(0) ? 0 : 1; }
+
   // C166 phones: images of at most 16 MiB, with page pointers.
   [[nodiscard]] bool PageMode() const { return ffEnd() < BigLimit; }
   [[nodiscard]] int PtrUnit() const { return PageMode() ? 1 : 2; }

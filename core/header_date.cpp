@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/byte_text.h"
+
 namespace tarvelo {
 namespace {
 
@@ -76,7 +78,7 @@ std::vector<std::string> PageStrings(Bytes bytes, Offset header) {
   for (Offset p = header; p < end; ++p) {
     const std::uint8_t b = ByteAt(bytes, p);
     const bool inField = p >= header + fieldsFirst && p < header + fieldsEnd;
-    if (b >= 0x20 && b < 0x7F && !inField)
+    if (IsPrintable(b) && !inField)
       strings.back() += static_cast<char>(b);
     else if (!strings.back().empty())
       strings.emplace_back();

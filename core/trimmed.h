@@ -5,7 +5,7 @@
 
 namespace tarvelo {
 
-// Without the spaces, tabs and carriage returns in front and behind.
+// Without the spaces, tabs and line breaks in front and behind.
 [[nodiscard]] inline std::string_view Trimmed(std::string_view text) {
   constexpr std::string_view blanks = " \t\r\n";
   const auto first = text.find_first_not_of(blanks);

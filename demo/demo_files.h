@@ -15,9 +15,8 @@
 
 namespace tarvelo {
 
-// The addresses are those of a phone whose flash ends at 0x1000000, also in a large image.
 // Fills `units` with units of 64 KiB or, for a large image, of 128 KiB, whose headers are longer; and `map`
-// with their map.
+// with their map. The addresses are those of a phone whose flash ends at 0x1000000, also in a large image.
 void WriteFiles(Flash& flash, Area units, Area map);
 
 }  // namespace tarvelo

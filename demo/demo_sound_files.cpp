@@ -3,19 +3,13 @@
 #include <string_view>
 
 #include "core/byte_writer.h"
+#include "ringtones/midi_number.h"
 #include "ringtones/wave_file.h"
 
 namespace tarvelo {
 namespace {
 
 constexpr unsigned ticksOfQuarter = ticksOfWhole / 4;
-
-// Appends a number: seven bits per byte, the highest first. All bytes but the last have bit 7 set.
-void Delta(ByteBuffer& out, unsigned ticks) {
-  for (int shift = 21; shift > 0; shift -= 7)
-    if (ticks >> shift != 0) out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
-  out.push_back(ticks & 0x7F);
-}
 
 void Chunk(ByteBuffer& out, std::string_view name, const ByteBuffer& content) {
   AppendText(out, name);
@@ -24,7 +18,7 @@ void Chunk(ByteBuffer& out, std::string_view name, const ByteBuffer& content) {
 }
 
 void EndTrack(ByteBuffer& track, unsigned delta) {
-  Delta(track, delta);
+  AppendMidiNumber(track, delta);
   AppendBytes(track, {0xFF, 0x2F, 0x00});
 }
 
@@ -55,9 +49,9 @@ ByteBuffer VoiceTrack(std::string_view notes, unsigned channel, std::uint8_t ins
     }
     const auto key = static_cast<std::uint8_t>(note.key);
     const unsigned sounding = ticks - ticks / 8;
-    Delta(track, waiting);
+    AppendMidiNumber(track, waiting);
     AppendBytes(track, {event(0x9), key, loudness});
-    Delta(track, sounding);
+    AppendMidiNumber(track, sounding);
     AppendBytes(track, {event(0x8), key, 0x40});
     waiting = ticks - sounding;
   }

@@ -70,9 +70,8 @@ std::string InstructionsOf(const Change& change, const Fullflash& image, const F
   if (!image.PageMode() || first < 0 || first >= size || change.newBytes.empty()) return {};
   const Offset end = std::min(size, first + change.Size());
   Stretch stretch;
-  const Offset parity = image.PhoneAddress(0) & 1;
-  if (first < parity) return {};
-  stretch.start = std::max(parity, first - (image.PhoneAddress(first) & 1) - runUp);
+  if (first < image.FirstWord()) return {};
+  stretch.start = std::max(image.FirstWord(), image.WordStart(first) - runUp);
   const Bytes bytes = image.Region(stretch.start, std::min(size, end + behind) - stretch.start);
   stretch.bytes.assign(bytes.begin(), bytes.end());
   stretch.Put(first, change.oldBytes);

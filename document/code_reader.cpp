@@ -15,10 +15,8 @@ namespace {
 
 constexpr std::uint32_t dataPage = 0x4000;
 constexpr std::uint32_t segmentSize = 0x10000;
-constexpr int pairReach = 5;              // instructions; a pair has no jump or call between its two
 constexpr std::size_t longestQuote = 60;  // characters shown of a text
 constexpr std::size_t shortestQuote = 4;
-constexpr std::uint8_t moveWord = 0xE6;  // MOV reg, #data16
 
 CodeInk InkOf(const Operand& operand) {
   using enum Operand::Kind;
@@ -72,23 +70,12 @@ std::string BesideData(Bytes bytes) {
   return ToUtf8(text);
 }
 
-// Whether a register of a MOV reg, #data16 is R0 .. R15.
-bool LoadsRegister(const Instruction& instruction) {
-  return !instruction.IsData() && instruction.Op() == moveWord && instruction.High() == 0xF;
-}
-
 }  // namespace
 
 std::string CodeLine::Text() const {
   std::string text;
   for (const CodePart& part : parts) text += part.text;
   return text;
-}
-
-std::optional<std::uint16_t> PageOf(const DppPages& dpps, int dpp) {
-  const auto& page = dpps[static_cast<std::size_t>(dpp)];
-  if (!page && dpp == 3) return std::uint16_t{3};
-  return page;
 }
 
 CodeLine CodeReader::Read(Offset number) const {
@@ -122,8 +109,8 @@ CodeLine CodeReader::Heading(const CodeRow& row) const {
 std::string CodeReader::FunctionAt(Offset offset) const {
   const Function* function = from_.functions->At(offset);
   if (!function) return {};
-  const std::string name(from_.dump->names.NameAt(Image().PhoneAddress(function->code.offset)));
-  if (!name.empty()) return name;
+  const std::string_view name = from_.dump->names.NameAt(Image().PhoneAddress(function->code.offset));
+  if (!name.empty()) return std::string(name);
   return std::string(texts_.Msg(Text::MapFunction)) + " " + SegmentText(Image(), function->code.offset);
 }
 
@@ -219,23 +206,31 @@ std::optional<std::uint32_t> CodeReader::MemoryAddress(const Instruction& instru
   return *page * dataPage + bits % dataPage;
 }
 
+// The instructions around that of a row, up to a jump or call.
+StraightLine CodeReader::LineAround(Offset row, const Instruction& instruction) const {
+  const auto next = [&](Offset from, int direction) {
+    const auto step = Neighbour(from, direction);
+    return step && step->instruction.GetFlow() == Flow::Next ? step : std::nullopt;
+  };
+  StraightLine line;
+  line.code[StraightLine::here] = instruction;
+  for (auto step = next(row, -1); step && line.first > 0; step = next(step->row, -1))
+    line.code[--line.first] = step->instruction;
+  for (auto step = next(row, 1); step && line.end < line.code.size(); step = next(step->row, 1))
+    line.code[line.end++] = step->instruction;
+  return line;
+}
+
 // The address that MOV Rn, #offset and MOV Rn+1, #page or #segment near it make together.
 std::optional<std::uint32_t> CodeReader::PairAddress(Offset row, const Instruction& instruction) const {
-  if (!LoadsRegister(instruction) || instruction.Low() == 0xF) return {};
-  const std::uint32_t low = instruction.Word();
-  for (const int direction : {1, -1}) {
-    auto step = Neighbour(row, direction);
-    for (int i = 0; step && i < pairReach; ++i, step = Neighbour(step->row, direction)) {
-      const Instruction& other = step->instruction;
-      if (other.GetFlow() != Flow::Next) break;
-      if (!LoadsRegister(other) || other.Low() != instruction.Low() + 1) continue;
-      const std::uint32_t high = other.Word();
-      for (const std::uint32_t unit : {dataPage, segmentSize})
-        if (low < unit && high <= 0xFFFFFF / unit && OffsetOf(Image(), high * unit + low))
-          return high * unit + low;
-      break;
-    }
-  }
+  if (!instruction.LoadsConstant()) return {};
+  const StraightLine line = LineAround(row, instruction);
+  const auto partner = PartnerOf(line.All(), StraightLine::here - line.first);
+  if (!partner) return {};
+  const std::uint32_t low = instruction.Word(), high = LoadOf(line.All()[*partner])->value;
+  for (const std::uint32_t unit : {dataPage, segmentSize})
+    if (low < unit && high <= 0xFFFFFF / unit && OffsetOf(Image(), high * unit + low))
+      return high * unit + low;
   return {};
 }
 

@@ -10,6 +10,7 @@
 #include "code/ext_range.h"
 #include "code/functions.h"
 #include "code/references.h"
+#include "code/register_pairs.h"
 #include "core/dump.h"
 #include "document/dump_map.h"
 #include "resources/messages.h"
@@ -41,9 +42,6 @@ struct CodeSources {
   DppPages dpps = {};
 };
 
-// The 16-bit data addresses that DPP3 serves go to page 3, unless the user says otherwise.
-[[nodiscard]] std::optional<std::uint16_t> PageOf(const DppPages& dpps, int dpp);
-
 class CodeReader {
  public:
   CodeReader(const CodeSources& sources, const Messages& texts) : from_(sources), texts_(texts) {}
@@ -68,6 +66,7 @@ class CodeReader {
   [[nodiscard]] ExtRange RangeAt(Offset row) const;
   [[nodiscard]] std::optional<std::uint32_t> MemoryAddress(const Instruction& instruction,
                                                            const ExtRange& range) const;
+  [[nodiscard]] StraightLine LineAround(Offset row, const Instruction& instruction) const;
   [[nodiscard]] std::optional<std::uint32_t> PairAddress(Offset row, const Instruction& instruction) const;
   [[nodiscard]] std::optional<std::uint32_t> PointerAt(Offset offset) const;
   [[nodiscard]] std::string QuotedText(Offset offset) const;

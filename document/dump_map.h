@@ -8,12 +8,12 @@
 //
 //   certain  the firmware header, the T9 area, empty 64 KiB blocks
 //   likely   erased runs of at least 256 bytes, which may belong to something
-//   guessed  texts; code; filling, up to 3 bytes 00 or FF in front of an even offset
+//   guessed  texts; code; filling, up to 3 bytes 00 or FF in front of an even phone address
 //
 // Text is at least 512 bytes of printable ASCII, tabs and line ends, with at most three zeros in a row; at
 // least half of it is letters and blanks. Code exists in page-mode images only: it is the unclaimed part of a
-// 4 KiB page that has at least 8 far returns of the C166 (DB 00 at even offsets). By chance, about one in 30
-// pages has a single one.
+// 4 KiB page that has at least 8 far returns of the C166 (DB 00 at even addresses). By chance, about one in
+// 30 pages has a single one.
 #pragma once
 
 #include <functional>

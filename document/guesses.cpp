@@ -50,7 +50,7 @@ TextRun TextRunAt(Bytes image, Offset begin, Offset end) {
 class Guesser {
  public:
   explicit Guesser(const Fullflash& image)
-      : image_(image.ff()), mayHoldCode_(image.PageMode()), firstWord_(image.PhoneAddress(0) & 1) {}
+      : image_(image.ff()), mayHoldCode_(image.PageMode()), firstWord_(image.FirstWord()) {}
 
   std::vector<Claim> Run(std::span<const Claim> regions) {
     for (const Claim& region : regions)
@@ -65,7 +65,8 @@ class Guesser {
 
  private:
   [[nodiscard]] bool IsFilling(const Claim& region) const {
-    if (region.kind != &map::unknown || region.size > longestFilling || region.End() % 2 != 0) return false;
+    if (region.kind != &map::unknown || region.size > longestFilling || (region.End() - firstWord_) % 2 != 0)
+      return false;
     const std::uint8_t value = At(image_, region.offset);
     if (value != 0 && value != 0xFF) return false;
     for (Offset p = region.offset; p < region.End(); ++p)

@@ -9,7 +9,6 @@
 #include "core/byte_writer.h"
 #include "core/notation.h"
 #include "core/places.h"
-#include "core/trimmed.h"
 #include "document/text_values.h"
 #include "document/value_bytes.h"
 #include "files/file_text.h"
@@ -102,12 +101,12 @@ std::vector<std::uint8_t> WritePointer(std::string_view text, const Dump& dump) 
 
 std::string ReadInstruction(const Dump& dump, Offset at) {
   const Fullflash& image = dump.image;
-  if (!image.PageMode() || at % 2 != 0) return {};
+  if (!image.PageMode() || !image.BeginsWord(at)) return {};
   return std::string(TextOf(Instruction::Decode(image.ff(), at), image.PhoneAddress(at), false).View());
 }
 
 std::optional<Offset> JumpTarget(const Fullflash& image, Offset at) {
-  if (!image.PageMode() || at % 2 != 0) return {};
+  if (!image.PageMode() || !image.BeginsWord(at)) return {};
   const Instruction instruction = Instruction::Decode(image.ff(), at);
   if (instruction.IsData()) return {};
   const auto address = instruction.Target(image.PhoneAddress(at));

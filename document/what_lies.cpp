@@ -58,7 +58,7 @@ void AddInstruction(const Document& document, Offset offset, std::vector<KnownTh
   constexpr int longestRange = 5;  // instructions, with the one that begins it
   const auto functions = document.KnownFunctions();
   const Bytes image = document.Image().ff();
-  Offset start = offset - (document.Image().PhoneAddress(offset) & 1);
+  Offset start = document.Image().WordStart(offset);
   if (!functions->IsInstruction(start)) start -= 2;
   if (start < 0 || !functions->IsInstruction(start)) return;
   Offset from = start;

@@ -1,6 +1,5 @@
 #include "eeprom/block_files.h"
 
-#include <algorithm>
 #include <limits>
 
 #include "core/file.h"
@@ -21,9 +20,7 @@ std::string NumberedName(std::string_view stem, int number) {
 
 std::string NameOf(const BlockStore& store, const EepromBlockRecord& block, std::string_view stem) {
   if (IsLive(store, block)) return BlockFileName(stem, block.Number);
-  const std::string digits = Hex(block.HeaderPos);
-  return NumberedName(stem, block.Number) + "_" + PadZero(digits, std::max<std::size_t>(6, digits.size())) +
-         ".bin";
+  return NumberedName(stem, block.Number) + "_" + WholeHex(block.HeaderPos) + ".bin";
 }
 
 std::string WrongSizeText(const std::filesystem::path& path, std::uint64_t fileSize, int blockSize) {

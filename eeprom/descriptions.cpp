@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "block_descriptions.h"
+#include "core/trimmed.h"
 #include "eeprom/block_store.h"
 #include "text/unicode.h"
 
@@ -14,12 +15,6 @@ namespace {
 
 constexpr std::size_t longestText = 200;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";  // some editors start every file with it
-
-std::string_view Trim(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 std::optional<int> BlockNumber(std::string_view text) {
   int number = 0;
@@ -32,13 +27,13 @@ std::optional<int> BlockNumber(std::string_view text) {
 // A text that any list can show. A UTF-16 unit has at most three bytes in UTF-8, so the rest of a huge line
 // is ignored.
 std::string CleanText(std::string_view raw) {
-  std::u16string text = ToUtf16(Trim(raw).substr(0, 4 * longestText));
+  std::u16string text = ToUtf16(Trimmed(raw).substr(0, 4 * longestText));
   std::ranges::replace_if(
       text, [](char16_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }, u' ');
   if (text.size() > longestText) text.resize(longestText);
   const bool isHalf = !text.empty() && text.back() >= 0xD800 && text.back() < 0xDC00;
   if (isHalf) text.pop_back();
-  return std::string(Trim(ToUtf8(text)));
+  return std::string(Trimmed(ToUtf8(text)));
 }
 
 }  // namespace
@@ -51,7 +46,7 @@ Descriptions ParseDescriptions(std::string_view file) {
     file.remove_prefix(std::min(file.size(), line.size() + 1));
     const auto tab = line.find('\t');
     if (line.starts_with('#') || tab == line.npos) continue;
-    if (const auto number = BlockNumber(Trim(line.substr(0, tab))))
+    if (const auto number = BlockNumber(Trimmed(line.substr(0, tab))))
       descriptions.insert_or_assign(*number, CleanText(line.substr(tab + 1)));
   }
   return descriptions;

@@ -24,16 +24,22 @@ bool IsSame(const FileRecord& record, const FileRecord& piece) {
          record.size == piece.size;
 }
 
+// Whether two pieces, or a piece and another record, have a byte in common.
 bool IsShared(const FileList& list, const FileEntry& entry) {
+  std::vector<const FileRecord*> pieces;  // by offset
+  for (std::uint32_t i = 0; i < entry.pieceCount; ++i)
+    if (const FileRecord& piece = Piece(list, entry, i); piece.size > 0) pieces.push_back(&piece);
+  std::ranges::sort(pieces, {}, &FileRecord::offset);
+  const auto overlap = [](const FileRecord* a, const FileRecord* b) { return Overlap(*a, *b); };
+  if (std::ranges::adjacent_find(pieces, overlap) != pieces.end()) return true;
   const FileVolumeRecords& volume = list.volumes[entry.volume];
-  for (std::uint32_t i = 0; i < entry.pieceCount; ++i) {
-    const FileRecord& piece = Piece(list, entry, i);
-    if (piece.size == 0) continue;
-    for (std::size_t record = 0; record < list.records.size(); ++record) {
-      const bool isOwn = record >= volume.firstRecord && record < volume.firstRecord + volume.recordCount &&
-                         IsSame(list.records[record], piece);
-      if (!isOwn && list.records[record].size > 0 && Overlap(list.records[record], piece)) return true;
-    }
+  for (std::size_t i = 0; i < list.records.size(); ++i) {
+    const FileRecord& record = list.records[i];
+    const bool isOfVolume = i >= volume.firstRecord && i < volume.firstRecord + volume.recordCount;
+    auto piece = std::ranges::upper_bound(pieces, Offset{record.offset}, {},
+                                          [](const FileRecord* each) { return each->Bytes().End(); });
+    for (; record.size > 0 && piece != pieces.end() && Overlap(record, **piece); ++piece)
+      if (!isOfVolume || !IsSame(record, **piece)) return true;
   }
   return false;
 }

@@ -1,5 +1,6 @@
 #include "files/unit_name.h"
 
+#include "core/byte_text.h"
 #include "files/volume.h"
 
 namespace tarvelo {
@@ -11,7 +12,7 @@ std::optional<std::string> UnitName(Bytes image, Offset unit) {
   for (Offset i = 0; i < nameSize; ++i) {
     const std::uint8_t byte = ByteAt(image, unit + nameAt + i);
     if (byte == 0) break;
-    if (byte < 0x20 || byte > 0x7E) return {};
+    if (!IsPrintable(byte)) return {};
     name += static_cast<char>(byte);
   }
   return name;

@@ -1,8 +1,9 @@
 // Searches arbitrary bytes for arbitrary text as a byte pattern, and compares with the plain search that
-// defines the result.
+// defines the result. Then takes the text for the pattern of a name.
 #include "core/scan/vector_scan.h"
 #include "fuzz/target.h"
 #include "patch/hit_search.h"
+#include "patch/name_pattern.h"
 #include "patch/pattern_walk.h"
 #include "tests/patch/plain_search.h"
 
@@ -14,6 +15,12 @@ std::vector<std::uint8_t> Repeated(Bytes bytes, int times) {
   std::vector<std::uint8_t> repeated;
   for (; times > 0; --times) repeated.insert(repeated.end(), bytes.begin(), bytes.end());
   return repeated;
+}
+
+void FindName(const std::string& text, const Fullflash& image) try {
+  Check(NamePattern(text).Find(image, 2).size() <= 2, "no more is found than asked for");
+} catch (const std::invalid_argument&) {
+  // the text is no such pattern
 }
 
 }  // namespace
@@ -44,6 +51,7 @@ void Run(Bytes data) {
     Check(LastBefore(image, pattern, hits[i] + 1) == hits[i], "a walk backwards finds a hit");
   }
   (void)NotFound(text, Messages());
+  FindName(text, image);
 }
 
 }  // namespace tarvelo::fuzz

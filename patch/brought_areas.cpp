@@ -9,7 +9,7 @@ namespace tarvelo {
 namespace {
 
 bool HasErased(const Fullflash& image, const Region& region) {
-  return HasRegion(image, region) && IsErased(image, region);
+  return HasRegion(image, region) && IsInErasedArea(image, region);
 }
 
 }  // namespace
@@ -30,11 +30,12 @@ BroughtAreas::BroughtAreas(const PatchedImage& image, const Fullflash& now, std:
     }
     areas_.push_back(area);
   }
-  FindNearPages(image.Patched());
+  FindNearPages(image);
 }
 
 // MOV DPPn, #page and SCXT DPPn, #page anywhere, whether or not it is known to be code.
-void BroughtAreas::FindNearPages(Bytes patched) {
+void BroughtAreas::FindNearPages(const PatchedImage& image) {
+  const Bytes patched = image.Patched();
   std::vector<bool> isMoved(0x10000);  // by page
   bool any = false;
   for (const AreaMove& area : areas_) {
@@ -42,7 +43,7 @@ void BroughtAreas::FindNearPages(Bytes patched) {
     for (Offset number = (area.from.offset + oldBase_) / page; Moves(area) && number <= end; ++number)
       isMoved[static_cast<std::size_t>(number)] = any = true;
   }
-  for (Offset at = 0; any && at + 4 <= std::ssize(patched); at += 2) {
+  for (Offset at = image.Old().FirstWord(); any && at + 4 <= std::ssize(patched); at += 2) {
     const std::uint32_t words = DWordAt(patched, at);
     const NearPage found{words >> 8 & 0xFF, words >> 16};
     if (((words & 0xFF) != op::moveConstant && (words & 0xFF) != op::switchContext) || found.dpp > 3)

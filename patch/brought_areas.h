@@ -45,7 +45,7 @@ class BroughtAreas {
  private:
   [[nodiscard]] bool Moves(const AreaMove& area) const { return Shift(area) != 0; }
   [[nodiscard]] Offset Shift(const AreaMove& area) const;  // of phone addresses
-  void FindNearPages(Bytes patched);
+  void FindNearPages(const PatchedImage& image);
   [[nodiscard]] bool MayBeNear(std::uint32_t word) const;
 
   // A DPP that is set to a page of a moved area.

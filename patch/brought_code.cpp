@@ -42,7 +42,8 @@ bool BroughtCode::LeadsOn(Offset place, const PatchedPiece& piece) const {
     if (instruction.IsData()) return false;
     if (const auto target = instruction.Target(image_.Old().PhoneAddress(place))) {
       const Offset to = Offset{*target} - image_.Old().CorrBase();
-      if (units_.UnitFrom(to) >= 0 || (to % 2 == 0 && piece.region.Holds(to) && IsStart(to))) return true;
+      if (units_.UnitFrom(to) >= 0 || (image_.Old().BeginsWord(to) && piece.region.Holds(to) && IsStart(to)))
+        return true;
     }
     place += instruction.Size();
     if (!instruction.FallsThrough()) return false;
@@ -53,11 +54,13 @@ bool BroughtCode::LeadsOn(Offset place, const PatchedPiece& piece) const {
 // What a region calls, or points to by two words: both are found by looking at every word.
 void BroughtCode::FollowReferences(const Region& region) {
   const Bytes bytes = image_.Patched();
-  const auto open = [&](std::uint32_t address) { Open(Offset{address} - image_.Old().CorrBase()); };
-  for (Offset at = region.offset & ~Offset{1}; at < region.End() && at + 4 <= std::ssize(bytes); at += 2) {
+  const Fullflash& old = image_.Old();
+  const auto open = [&](std::uint32_t address) { Open(Offset{address} - old.CorrBase()); };
+  for (Offset at = std::max(old.FirstWord(), old.WordStart(region.offset));
+       at < region.End() && at + 4 <= std::ssize(bytes); at += 2) {
     const Instruction instruction = Instruction::Decode(bytes, at);
     if (!instruction.IsData())
-      if (const auto target = instruction.Target(image_.Old().PhoneAddress(at))) open(*target);
+      if (const auto target = instruction.Target(old.PhoneAddress(at))) open(*target);
     open(DWordAt(bytes, at));
     if (!instruction.LoadsConstant() || at + 8 > std::ssize(bytes)) continue;
     const Instruction next = Instruction::Decode(bytes, at + 4);
@@ -67,7 +70,7 @@ void BroughtCode::FollowReferences(const Region& region) {
 }
 
 void BroughtCode::Open(Offset place) {
-  if (place % 2 == 0 && image_.ErasedAt(place) && !IsStart(place)) open_.push_back(place);
+  if (image_.Old().BeginsWord(place) && image_.ErasedAt(place) && !IsStart(place)) open_.push_back(place);
 }
 
 void BroughtCode::Walk() {
@@ -104,7 +107,8 @@ bool BroughtCode::IsStart(Offset place) const { return isStart_[static_cast<std:
 
 std::vector<Region> BroughtCode::In(const PatchedPiece& piece) const {
   std::vector<Region> runs;
-  for (Offset at = piece.region.offset + (piece.region.offset & 1); at < piece.region.End(); at += 2) {
+  const Offset from = piece.region.offset;
+  for (Offset at = image_.Old().BeginsWord(from) ? from : from + 1; at < piece.region.End(); at += 2) {
     if (!IsStart(at)) continue;
     const Offset size = Instruction::Decode(image_.Patched(), at).Size();
     if (!runs.empty() && runs.back().End() == at)

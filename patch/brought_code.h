@@ -30,7 +30,7 @@ class BroughtCode {
   const CodeUnits& units_;
   std::vector<Offset> open_;
   std::vector<Offset> assumed_;  // where such pieces begin
-  std::vector<bool> isStart_;    // for each even offset
+  std::vector<bool> isStart_;    // for each word
 };
 
 }  // namespace tarvelo

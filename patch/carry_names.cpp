@@ -2,18 +2,14 @@
 
 #include <algorithm>
 
+#include "code/movable.h"
 #include "core/places.h"
 
 namespace tarvelo {
 namespace {
 
 constexpr std::uint32_t pageThree = 0xC000, endOfPageThree = 0x10000;  // where DPP3 points
-constexpr int fewestNameVotes = 2;
-constexpr Offset dataSize = 16;  // bytes of data that must be unique
-
-bool IsSpecialRegister(std::uint32_t address) {
-  return (address >= 0xF000 && address < 0xF200) || (address >= 0xFE00 && address < 0x10000);
-}
+constexpr Offset dataSize = 16;                                        // bytes of data that must be unique
 
 class NameCarrier {
  public:
@@ -59,11 +55,9 @@ class NameCarrier {
     carried.address = address;
     if (IsSpecialRegister(address)) return;
     const auto takes = [&](Movable::Kind kind) {
-      const auto best = versions_.Pairing().Votes().Best({kind, address}, -1);
-      const bool isSure =
-          best.tally.agreeing >= fewestNameVotes && best.tally.agreeing * 10 >= best.tally.all * 9;
-      if (isSure) carried.address = best.value;
-      return isSure;
+      const auto voted = versions_.Pairing().Votes().Voted({kind, address});
+      if (voted) carried.address = *voted;
+      return voted.has_value();
     };
     // Two small numbers that a function gets look like an offset in one of the first pages.
     const auto kind = address >= endOfPageThree ? Movable::Kind::Address : Movable::Kind::Near;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/byte_text.h"
+
 namespace tarvelo {
 namespace {
 
@@ -26,7 +28,7 @@ void DataPlaces::MakeIndexes() const {
   if (oldGrams_) return;
   oldGrams_ = std::make_unique<GramIndex>(old_.ff());
   newGrams_ = std::make_unique<GramIndex>(now_.ff());
-  for (Offset at = 0; Has(now_, at, 4); at += 2)
+  for (Offset at = now_.FirstWord(); Has(now_, at, 4); at += 2)
     if (const int unit = FunctionAt(now_, at, false); unit >= 0)
       pointers_.emplace_back(unit, static_cast<std::uint32_t>(at));
   std::ranges::sort(pointers_);
@@ -65,8 +67,9 @@ bool DataPlaces::Agree(Offset old, Offset there, bool isOwn) const {
 
 // The start of pointers that agree and have the byte at `old`.
 std::optional<Offset> DataPlaces::PointerAround(Offset old, Offset shift) const {
-  if (shift % 2 != 0) return {};
-  for (const Offset at : {old & ~Offset{1}, (old & ~Offset{1}) - 2})
+  const Offset word = old_.WordStart(old);
+  if (!now_.BeginsWord(word + shift)) return {};
+  for (const Offset at : {word, word - 2})
     if (ArePointers(at, at + shift)) return at;
   return {};
 }
@@ -114,7 +117,8 @@ std::vector<Offset> DataPlaces::Candidates(const Region& region, bool isOwn) con
   const GramIndex& grams = isOwn ? *oldGrams_ : *newGrams_;
   for (Offset at = from; at < end; ++at)
     grams.Each(old_.ff(), at, [&](Offset place) { add(place - at + region.offset); });
-  for (Offset at = from & ~Offset{1}; !isOwn && Has(old_, at, 4) && at < end; at += 2) {
+  for (Offset at = std::max(old_.FirstWord(), old_.WordStart(from)); !isOwn && Has(old_, at, 4) && at < end;
+       at += 2) {
     const int unit = FunctionAt(old_, at, true);
     if (unit < 0 || pairing_.NewOf(unit) < 0) continue;
     const auto first = std::ranges::lower_bound(pointers_, std::pair(pairing_.NewOf(unit), 0U));
@@ -168,10 +172,7 @@ DataPlaces::Beside DataPlaces::BesideCode(const Region& region) const {
 
 // A region with the rest of the text that it is in: other texts may begin or end alike.
 Region DataPlaces::TextAround(const Region& region) const {
-  const auto isText = [&](Offset at) {
-    const int byte = old_.ff()[static_cast<std::size_t>(at)];
-    return byte >= 0x20 && byte < 0x7F;
-  };
+  const auto isText = [&](Offset at) { return IsPrintable(old_.ff()[static_cast<std::size_t>(at)]); };
   Region text = region;
   if (!isText(region.offset) || !isText(region.End() - 1)) return text;
   while (text.offset > 0 && region.offset - text.offset < longestText && isText(text.offset - 1))

@@ -33,9 +33,6 @@ class DataPlaces {
   // The place in the new dump that agrees most with a region of the old one; nothing if none does.
   [[nodiscard]] std::optional<Found> Find(const Region& region) const;
 
-  // Whether four bytes at even places are pointers of both versions to the same thing.
-  [[nodiscard]] bool ArePointers(Offset old, Offset now) const;
-
  private:
   struct Window {
     Offset from = 0;  // of the old dump
@@ -47,6 +44,8 @@ class DataPlaces {
   // How far two places agree; `isOwn`: both are of the old dump.
   [[nodiscard]] Window Agreeing(const Region& region, Offset there, bool isOwn) const;
   [[nodiscard]] bool Agree(Offset old, Offset there, bool isOwn) const;
+  // Whether four bytes are pointers of both versions to the same thing.
+  [[nodiscard]] bool ArePointers(Offset old, Offset now) const;
   [[nodiscard]] std::optional<Offset> PointerAround(Offset old, Offset shift) const;
   [[nodiscard]] std::vector<Offset> Candidates(const Region& region, bool isOwn) const;
   [[nodiscard]] std::optional<Offset> Voted(const Region& region) const;

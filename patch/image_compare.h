@@ -34,7 +34,7 @@ struct Comparison {
 constexpr Offset usualGap = 8;
 
 // The shift that compares two dumps by phone address. Dumps of up to 16 MiB all end at the same address;
-// larger ones begin at the same address. A dump of each kind have no address in common: the shift is 0.
+// larger ones begin at the same address. Dumps of different kinds have no address in common: the shift is 0.
 [[nodiscard]] Offset AddressShift(const Fullflash& one, const Fullflash& other);
 
 // Compares each byte of the first dump with the one of the second dump that lies `shift` bytes further, as

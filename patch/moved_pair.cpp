@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/byte_text.h"
 #include "patch/patched_image.h"
 
 namespace tarvelo {
@@ -19,9 +20,8 @@ bool IsUsedPage(std::uint32_t page, const CodePairing& pairing) {
 bool IsTextAt(std::uint32_t address, const Fullflash& image) {
   const Offset at = Offset{address} - image.CorrBase();
   if (at < 1 || at + textLength > std::ssize(image.ff())) return false;
-  const auto isPrintable = [](std::uint8_t byte) { return byte >= 0x20 && byte < 0x7F; };
-  return !isPrintable(image.ff()[static_cast<std::size_t>(at - 1)]) &&
-         std::ranges::all_of(image.Region(at, textLength), isPrintable);
+  return !IsPrintable(image.ff()[static_cast<std::size_t>(at - 1)]) &&
+         std::ranges::all_of(image.Region(at, textLength), IsPrintable);
 }
 
 bool IsKnownData(std::uint32_t address, const Fullflash& old, const CodePairing& pairing) {

@@ -5,6 +5,7 @@
 
 #include "code/ext_range.h"
 #include "code/register_pairs.h"
+#include "core/byte_text.h"
 #include "core/trimmed.h"
 #include "patch/patch_document.h"
 
@@ -14,10 +15,9 @@ namespace {
 constexpr int deepest = 16;  // braces within braces
 constexpr std::string_view separators = " \t\r";
 
-int DigitOf(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+// The value of the hexadecimal digit with which a text begins, if it does.
+std::optional<std::uint8_t> FirstDigit(std::string_view text) {
+  return text.empty() ? std::nullopt : DigitOf(static_cast<unsigned char>(text.front()));
 }
 
 // Two words as a pointer: offset and page where the offset fits a page and the place is in the image, else
@@ -101,7 +101,7 @@ class NamePatternReader {
         if (elements.back().there.empty()) Refuse("the braces are empty");
       } else if (Takes('[')) {
         elements.push_back(ReadBits());
-      } else if (text_.front() == '?' || DigitOf(text_.front()) >= 0) {
+      } else if (text_.front() == '?' || FirstDigit(text_)) {
         elements.push_back(ReadByte());
       } else {
         break;
@@ -113,11 +113,10 @@ class NamePatternReader {
   Element ReadByte() {
     Element byte;
     for (int half = 0; half < 2; ++half) {
-      if (text_.empty()) Refuse("half a byte is missing");
-      const int digit = DigitOf(text_.front());
-      if (digit < 0 && text_.front() != '?') Refuse("half a byte is missing");
-      byte.value = static_cast<std::uint8_t>(byte.value << 4 | std::max(digit, 0));
-      byte.mask = static_cast<std::uint8_t>(byte.mask << 4 | (digit >= 0 ? 0xF : 0));
+      const auto digit = FirstDigit(text_);
+      if (!digit && !text_.starts_with('?')) Refuse("half a byte is missing");
+      byte.value = static_cast<std::uint8_t>(byte.value << 4 | digit.value_or(0));
+      byte.mask = static_cast<std::uint8_t>(byte.mask << 4 | (digit ? 0xF : 0));
       text_.remove_prefix(1);
     }
     return byte;
@@ -139,11 +138,12 @@ class NamePatternReader {
   Offset ReadNumber() {
     SkipBlanks();
     if (text_.starts_with("0x") || text_.starts_with("0X")) text_.remove_prefix(2);
+    if (!FirstDigit(text_)) Refuse("a hexadecimal number is missing");
     Offset value = 0;
-    int digits = 0;
-    for (; !text_.empty() && DigitOf(text_.front()) >= 0; text_.remove_prefix(1), ++digits)
-      value = value * 16 + DigitOf(text_.front());
-    if (digits == 0 || digits > 8) Refuse("a hexadecimal number is missing");
+    for (; const auto digit = FirstDigit(text_); text_.remove_prefix(1)) {
+      value = value * 16 + *digit;
+      if (value > 0xFFFFFFFF) Refuse("a number has more than 32 bits");
+    }
     return value;
   }
 
@@ -160,6 +160,63 @@ class NamePatternReader {
   NamePattern& pattern_;
 };
 
+// Compares a pattern with places of an image. Braces can be read in two ways, so several places may have to
+// be followed at once, and braces within braces multiply them. A crafted image takes too long: then nothing
+// matches any more.
+class NamePatternMatcher {
+ public:
+  using Element = NamePattern::Element;
+
+  explicit NamePatternMatcher(const Fullflash& image)
+      : image_(image), left_(0x100000 + 16 * std::ssize(image.ff())) {}
+
+  bool Matches(Offset at, const std::vector<Element>& elements) {
+    auto element = elements.begin();
+    for (; element != elements.end() && !element->isFollowed; ++element, ++at)
+      if (!IsByte(at, *element)) return false;
+    std::vector<Offset> places{at};
+    for (; element != elements.end() && !places.empty(); ++element) {
+      if (element->isFollowed) {
+        places = Behind(places, *element);
+      } else {
+        std::erase_if(places, [&](Offset place) { return !IsByte(place, *element); });
+        for (Offset& place : places) ++place;
+      }
+    }
+    return !places.empty();
+  }
+
+ private:
+  [[nodiscard]] bool IsByte(Offset at, const Element& element) const {
+    return at >= 0 && at <= image_.ffEnd() && (image_.Byte(at) & element.mask) == element.value;
+  }
+
+  // Where a pattern goes on behind braces: behind the call or jump in whose place they stand, or where they
+  // stand if one ends there.
+  std::vector<Offset> Behind(const std::vector<Offset>& places, const Element& braces) {
+    std::vector<Offset> behind;
+    for (const Offset at : places) {
+      if (Follows(at, braces)) behind.push_back(at + Instruction::Decode(image_.ff(), at).Size());
+      if (Follows(at - 4, braces, 4) || Follows(at - 2, braces, 2)) behind.push_back(at);
+    }
+    std::ranges::sort(behind);
+    behind.erase(std::unique(behind.begin(), behind.end()), behind.end());
+    return behind;
+  }
+
+  // Whether a call or jump at `at`, of `size` bytes unless 0, leads to what stands in the braces.
+  bool Follows(Offset at, const Element& braces, int size = 0) {
+    if (at < 0 || at > image_.ffEnd()) return false;
+    const Instruction instruction = Instruction::Decode(image_.ff(), at);
+    if (instruction.IsData() || (size != 0 && instruction.Size() != size)) return false;
+    const auto target = instruction.Target(image_.PhoneAddress(at));
+    return target && left_-- > 0 && Matches(Offset{*target} - image_.CorrBase(), braces.there);
+  }
+
+  const Fullflash& image_;
+  std::int64_t left_;  // calls and jumps to follow
+};
+
 NamePattern::NamePattern(std::string_view text) { NamePatternReader(text, *this).Read(); }
 
 // How many bytes of the beginning have a fixed length, up to the first braces.
@@ -169,8 +226,9 @@ Offset NamePattern::FixedBytes() const {
 
 std::vector<std::uint32_t> NamePattern::Find(const Fullflash& image, std::size_t most) const {
   std::vector<std::uint32_t> found;
+  NamePatternMatcher matcher(image);
   const auto take = [&](Offset at) {
-    if (!Matches(image, at, elements_)) return false;
+    if (!matcher.Matches(at, elements_)) return false;
     if (const auto address = ResultAt(image, at)) found.push_back(*address);
     return found.size() >= most;
   };
@@ -192,50 +250,6 @@ std::vector<Probe> NamePattern::WholeBytes() const {
     if (const Element& element = elements_[static_cast<std::size_t>(i)]; element.mask == 0xFF)
       probes.push_back({i, element.value, element.mask});
   return probes;
-}
-
-// Braces can be read in two ways, so several places may have to be followed at once. Each pair of braces adds
-// one at most, which bounds the work.
-bool NamePattern::Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements) {
-  const auto isByte = [&](Offset place, const Element& element) {
-    return place >= 0 && place <= image.ffEnd() && (image.Byte(place) & element.mask) == element.value;
-  };
-  auto element = elements.begin();
-  for (; element != elements.end() && !element->isFollowed; ++element, ++at)
-    if (!isByte(at, *element)) return false;
-  std::vector<Offset> places{at};
-  for (; element != elements.end() && !places.empty(); ++element) {
-    if (element->isFollowed) {
-      places = Behind(image, places, *element);
-    } else {
-      std::erase_if(places, [&](Offset place) { return !isByte(place, *element); });
-      for (Offset& place : places) ++place;
-    }
-  }
-  return !places.empty();
-}
-
-// Where a pattern goes on behind braces: behind the call or jump in whose place they stand, or where they
-// stand if one ends there.
-std::vector<Offset> NamePattern::Behind(const Fullflash& image, const std::vector<Offset>& places,
-                                        const Element& braces) {
-  std::vector<Offset> behind;
-  for (const Offset at : places) {
-    if (Follows(image, at, braces)) behind.push_back(at + Instruction::Decode(image.ff(), at).Size());
-    if (Follows(image, at - 4, braces, 4) || Follows(image, at - 2, braces, 2)) behind.push_back(at);
-  }
-  std::ranges::sort(behind);
-  behind.erase(std::unique(behind.begin(), behind.end()), behind.end());
-  return behind;
-}
-
-// Whether a call or jump at `at`, of `size` bytes unless 0, leads to what stands in the braces.
-bool NamePattern::Follows(const Fullflash& image, Offset at, const Element& element, int size) {
-  if (at < 0 || at > image.ffEnd()) return false;
-  const Instruction instruction = Instruction::Decode(image.ff(), at);
-  if (instruction.IsData() || (size != 0 && instruction.Size() != size)) return false;
-  const auto target = instruction.Target(image.PhoneAddress(at));
-  return target && Matches(image, Offset{*target} - image.CorrBase(), element.there);
 }
 
 std::optional<std::uint32_t> NamePattern::ResultAt(const Fullflash& image, Offset at) const {

@@ -27,10 +27,12 @@ class NamePattern {
   explicit NamePattern(std::string_view text);
 
   // The phone addresses that the pattern finds, at most `most`, in the order of their places in the image.
+  // Follows at most 16 calls and jumps for each byte of the image, and finds nothing behind them.
   [[nodiscard]] std::vector<std::uint32_t> Find(const Fullflash& image, std::size_t most) const;
 
  private:
   friend class NamePatternReader;
+  friend class NamePatternMatcher;
 
   // A byte, or a call or jump and what stands where it leads.
   struct Element {
@@ -45,10 +47,6 @@ class NamePattern {
     Offset distance = 0;
   };
 
-  static bool Matches(const Fullflash& image, Offset at, const std::vector<Element>& elements);
-  static std::vector<Offset> Behind(const Fullflash& image, const std::vector<Offset>& places,
-                                    const Element& braces);
-  static bool Follows(const Fullflash& image, Offset at, const Element& element, int size = 0);
   [[nodiscard]] std::optional<std::uint32_t> ResultAt(const Fullflash& image, Offset at) const;
   [[nodiscard]] Offset FixedBytes() const;
   [[nodiscard]] std::vector<Probe> WholeBytes() const;

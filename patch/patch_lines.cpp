@@ -7,10 +7,7 @@
 
 namespace tarvelo {
 
-std::string PatchAddress(Offset offset) {
-  const std::string digits = Hex(offset);
-  return PadZero(digits, std::max<std::size_t>(6, digits.size()));
-}
+std::string PatchAddress(Offset offset) { return WholeHex(offset); }
 
 void AppendPatchLines(std::string& lines, Offset offset, Bytes oldBytes, Bytes newBytes) {
   const std::size_t size = std::min(oldBytes.size(), newBytes.size());

@@ -24,7 +24,7 @@ Offset StartOf(const CodeUnits& units, Offset offset) {
 
 }  // namespace
 
-bool IsErased(const Fullflash& image, const Region& region) {
+bool IsInErasedArea(const Fullflash& image, const Region& region) {
   const Offset from = std::max<Offset>(0, region.offset - erasedAround);
   const Offset end = std::min<Offset>(std::ssize(image.ff()), region.End() + erasedAround);
   return IsErasedRun(image, region.offset, region.End()) &&
@@ -53,7 +53,7 @@ void PatchedImage::Cut(std::span<const std::size_t> order, const CodeUnits& unit
     const Region region = OldRegion(changes_[i].change);
     PatchedPiece* const last = pieces_.empty() ? nullptr : &pieces_.back();
     const Offset gap = last ? region.offset - last->region.End() : 0;
-    const bool isErased = IsErased(old_, region);
+    const bool isErased = IsInErasedArea(old_, region);
     const bool isCode = !isErased && units.UnitAt(region.offset) >= 0;
     const auto kind = isErased ? Erased : isCode ? Code : Data;
     bool joins = false;

@@ -49,7 +49,7 @@ class PatchedImage {
 };
 
 // Whether a region of an image and what surrounds it, on one side at least, is erased.
-[[nodiscard]] bool IsErased(const Fullflash& image, const Region& region);
+[[nodiscard]] bool IsInErasedArea(const Fullflash& image, const Region& region);
 
 // Whether all of a region is in an image.
 [[nodiscard]] inline bool HasRegion(const Fullflash& image, const Region& region) {

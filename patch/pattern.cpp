@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/byte_text.h"
 #include "core/notation.h"
 #include "patch/hit_search.h"
 #include "resources/texts.h"
@@ -10,14 +11,6 @@
 
 namespace tarvelo {
 namespace {
-
-// The value of a hexadecimal digit, or -1.
-int Digit(char16_t c) {
-  if (c >= u'0' && c <= u'9') return c - u'0';
-  if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-  if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-  return -1;
-}
 
 // Roughly how common a byte is in flash images. The search looks for the rarest bytes first.
 int Commonness(std::uint8_t byte) {
@@ -51,11 +44,11 @@ Pattern::Pattern(std::string_view text) {
   std::erase_if(digits, [](char16_t c) { return c == u' ' || c == u','; });
   for (std::size_t i = 0; valid_ && i + 1 < digits.size(); i += 2) {
     const bool isWildcard = digits[i] == u'?' || digits[i + 1] == u'?';
-    const int high = Digit(digits[i]);
-    const int low = Digit(digits[i + 1]);
-    valid_ = isWildcard || (high >= 0 && low >= 0);
+    const auto high = DigitOf(digits[i]);
+    const auto low = DigitOf(digits[i + 1]);
+    valid_ = isWildcard || (high && low);
     hasWildcard_ = hasWildcard_ || isWildcard;
-    bytes_.push_back(isWildcard ? std::uint8_t{0} : static_cast<std::uint8_t>(high << 4 | low));
+    bytes_.push_back(isWildcard || !valid_ ? std::uint8_t{0} : static_cast<std::uint8_t>(*high << 4 | *low));
     mask_.push_back(isWildcard ? 0x00 : 0xFF);
   }
   for (std::size_t i = 0; i < bytes_.size(); ++i)

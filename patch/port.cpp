@@ -113,7 +113,7 @@ class Porter {
 
   // Whether a region that belongs to no unit is code all the same, and the patch puts addresses into it.
   [[nodiscard]] bool IsCodeWithAddresses(const Region& region) {
-    const Offset from = region.offset & ~Offset{1};
+    const Offset from = std::max(old_.FirstWord(), old_.WordStart(region.offset));
     if (!nearby_.IsInCode(from)) return false;
     bool hasAddress = false;
     Sweep(image_.Patched(), from, region.End(),

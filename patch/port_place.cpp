@@ -220,7 +220,7 @@ std::optional<std::uint32_t> PlaceFinder::CodeInside(std::uint32_t address) cons
 bool PlaceFinder::IsElsewhere(std::uint32_t address) const {
   const Offset offset = Offset{address} - old_.CorrBase();
   if (offset < 0 || offset >= old_.ffEnd()) return true;
-  return IsErased(old_, {offset, 2});
+  return IsInErasedArea(old_, {offset, 2});
 }
 
 // Code and variables in other memory move, too; nothing but votes tells where.

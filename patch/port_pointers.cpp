@@ -24,7 +24,7 @@ class PointerCarrier {
         maps_(maps) {}
 
   std::vector<Region> Run() && {
-    const Offset first = std::max<Offset>(0, region_.offset - 2) & ~Offset{1};
+    const Offset first = std::max(old_.FirstWord(), old_.WordStart(region_.offset - 2));
     for (Offset at = first; at < region_.End() && at + 4 <= std::ssize(patched_);) at += Pass(at) ? 4 : 2;
     return std::move(failed_);
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 namespace tarvelo {
+
 Sheet::Sheet(Bytes underneath) : underneath_(underneath) {}
 
 Bytes Sheet::Piece(std::size_t offset, std::size_t most) const {

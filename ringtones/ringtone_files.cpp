@@ -5,6 +5,7 @@
 #include "core/byte_writer.h"
 #include "core/file.h"
 #include "core/notation.h"
+#include "ringtones/midi_number.h"
 #include "ringtones/wave_file.h"
 
 namespace tarvelo {
@@ -21,15 +22,7 @@ std::filesystem::path WriteNumbered(const std::filesystem::path& folder, std::st
   return file;
 }
 
-// Appends the ticks before an event, up to longestDelta: seven bits per byte, the highest first. All bytes
-// but the last have bit 7 set.
-constexpr std::int64_t longestDelta = 0x0FFFFFFF;
-
-void Delta(ByteBuffer& out, std::int64_t ticks) {
-  for (int shift = 21; shift > 0; shift -= 7)
-    if (ticks >> shift != 0) out.push_back(static_cast<std::uint8_t>(0x80 | (ticks >> shift & 0x7F)));
-  out.push_back(static_cast<std::uint8_t>(ticks & 0x7F));
-}
+constexpr std::uint32_t longestDelta = 0x0FFFFFFF;  // ticks before an event
 
 // A quarter note has 500 ticks and lasts half a second, which players also assume if they ignore the tempo.
 constexpr int ticksOfQuarter = 500;
@@ -42,8 +35,8 @@ ByteBuffer MidiEvents(std::span<const Tone> melody) {
   track.push_back(microsecondsOfQuarter >> 16);
   AppendBigWord(track, microsecondsOfQuarter);
   AppendBytes(track, {0x00, 0xC0, squareLead});
-  std::int64_t waiting = 0;
-  std::int64_t time = 0;
+  std::uint32_t waiting = 0;
+  std::uint32_t time = 0;
   for (const Tone& record : melody) {
     const Tone tone = Heard(record);
     if (tone.duration == 0) continue;
@@ -55,13 +48,13 @@ ByteBuffer MidiEvents(std::span<const Tone> melody) {
       continue;
     }
     const auto keyByte = static_cast<std::uint8_t>(*key);
-    Delta(track, waiting);
+    AppendMidiNumber(track, waiting);
     AppendBytes(track, {0x90, keyByte, loudness});
-    Delta(track, tone.duration);
+    AppendMidiNumber(track, tone.duration);
     AppendBytes(track, {0x80, keyByte, 0x40});
     waiting = 0;
   }
-  Delta(track, waiting);
+  AppendMidiNumber(track, waiting);
   AppendBytes(track, {0xFF, 0x2F, 0x00});
   return track;
 }

@@ -20,10 +20,6 @@ bool HasChunk(Bytes file, Offset at, std::string_view name) {
   return std::equal(there.begin(), there.end(), name.begin(), name.end());
 }
 
-Offset LittleEndian(Bytes file, Offset at) {
-  return WordAt(file, at) | static_cast<Offset>(WordAt(file, at + 2)) << 16;
-}
-
 Offset BigEndian(Bytes file, Offset at, int bytes) {
   Offset value = 0;
   for (int i = 0; i < bytes; ++i) value = value << 8 | ByteAt(file, at + i);
@@ -41,10 +37,9 @@ std::int64_t TimeOfWave(Bytes wave) {
   Offset data = 0;
   Offset p = 12;
   for (int i = 0; i < mostWaveChunks && p <= end - chunkHead && (rate == 0 || data == 0); ++i) {
-    const Offset size = LittleEndian(wave, p + 4);
+    const Offset size = DWordAt(wave, p + 4);
     const Offset content = p + chunkHead;
-    if (HasChunk(wave, p, "fmt ") && size >= 12 && content <= end - 12)
-      rate = LittleEndian(wave, content + 8);
+    if (HasChunk(wave, p, "fmt ") && size >= 12 && content <= end - 12) rate = DWordAt(wave, content + 8);
     if (HasChunk(wave, p, "data")) data = std::min(size, end - content);
     p = content + size + size % 2;
   }
@@ -167,7 +162,7 @@ std::int64_t TimeOfTracks(std::span<const Bytes> tracks, int division) {
 
 FileLength LengthOfWave(Bytes file) {
   if (!HasChunk(file, 0, "RIFF")) return {};
-  const Offset size = std::min(LittleEndian(file, 4) + chunkHead, static_cast<Offset>(file.size()));
+  const Offset size = std::min(Offset{DWordAt(file, 4)} + chunkHead, static_cast<Offset>(file.size()));
   const Bytes wave = file.first(static_cast<std::size_t>(size));
   constexpr std::string_view name = "WAVE";
   const bool isWave = size >= 12 && std::equal(name.begin(), name.end(), wave.begin() + 8);

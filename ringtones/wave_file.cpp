@@ -3,6 +3,7 @@
 #include "core/byte_writer.h"
 
 namespace tarvelo {
+
 ByteBuffer WaveFile(std::span<const std::uint8_t> samples, std::uint32_t rate) {
   constexpr std::size_t headSize = 36;  // from behind the first eight bytes to the samples
   const std::size_t filling = samples.size() % 2;

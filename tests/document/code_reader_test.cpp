@@ -47,6 +47,8 @@ TEST_F(CodeReaderTest, JoinsTheHalvesOfAddresses) {
   // Not over a call, not with the wrong register.
   EXPECT_EQ(Read("E6FC0012 DB00 E6FDFC03"_hex), "MOV R12, #1200h\nRETS\nMOV R13, #3FCh\n");
   EXPECT_EQ(Read("E6FC0012 E6FEFC03"_hex), "MOV R12, #1200h\nMOV R14, #3FCh\n");
+  // Not with a register that no longer holds the offset.
+  EXPECT_EQ(Read("E6FC0012 F0C2 E6FDFC03"_hex), "MOV R12, #1200h\nMOV R12, R2\nMOV R13, #3FCh\n");
   // Lines are joined; what has other control characters is no text.
   builder.Text(0x1210, "Two\nlines");
   builder.Text(0x1220, "Two\x2lines");

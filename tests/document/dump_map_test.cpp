@@ -140,7 +140,7 @@ TEST(DumpMap, DistinguishesTextFromCode) {
   EXPECT_EQ(LinesOf(MapOf(moved)), (Lines{"0 12288 unknown", "3000 4096 code", "4000 1032193 unknown"}));
 }
 
-// Erased or zero bytes, three at most, in front of an even offset, between two known regions.
+// Erased or zero bytes, three at most, in front of an even address, between two known regions.
 TEST(DumpMap, GuessesFilling) {
   // The size of the block's data at 61000, and the bytes behind it; the next block's data is at 61020.
   const std::tuple<std::uint16_t, Data, const char*> cases[] = {
@@ -154,11 +154,14 @@ TEST(DumpMap, GuessesFilling) {
     image.Data(0x61000 + blockSize, rest);
     EXPECT_EQ(LabelOf(MapOf(image), 0x61000 + blockSize), what) << testing::PrintToString(rest);
   }
-  ImageBuilder odd = Plain();
-  PutBlock(odd, 0x1000, liveBlockState, 5076, 0x61000, 0x1E);
-  PutBlock(odd, 0x100C, liveBlockState, 5077, 0x6101F, 0x20);
-  odd.Byte(0x6101E, 0xFF);
-  EXPECT_EQ(LabelOf(MapOf(odd), 0x6101E), "unknown");
+  for (const auto& [size, what] : {std::pair(0x100000, "unknown"), {0x100001, "filling"}}) {
+    ImageBuilder odd(static_cast<std::size_t>(size));
+    odd.Fill(0, odd.Size(), nothing);
+    PutBlock(odd, 0x1000, liveBlockState, 5076, 0x61000, 0x1E);
+    PutBlock(odd, 0x100C, liveBlockState, 5077, 0x6101F, 0x20);
+    odd.Byte(0x6101E, 0xFF);
+    EXPECT_EQ(LabelOf(MapOf(odd), 0x6101E), what);
+  }
 }
 
 TEST(DumpMap, SaysHowSureEachKindIs) {

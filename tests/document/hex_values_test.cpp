@@ -106,12 +106,15 @@ TEST(HexValues, RefuseWhatDoesNotFit) {
 }
 
 TEST(HexValues, EndWithTheImage) {
-  ImageBuilder builder(0x10000);
-  builder.Data(0x100, Data{0xDA, 0xFF, 0x10, 0});
-  const Dump dump{ImageOf(std::move(builder)), {}, {}, {}};
-  const auto call = ReadValues(dump, 0x100, Messages()).at(IndexOf(dump, "Instruction"));
-  EXPECT_EQ(call.text, "CALLS 0FFh, 10h  -> 000010");
-  EXPECT_EQ(call.target, 0x10);
+  for (const Offset front : {0, 1}) {  // in an image of odd size, code is at odd offsets
+    ImageBuilder builder(static_cast<std::size_t>(0x10000 + front));
+    builder.Data(static_cast<std::size_t>(0x100 + front), Data{0xDA, 0xFF, 0x10, 0});
+    const Dump odd{ImageOf(std::move(builder)), {}, {}, {}};
+    const auto call = ReadValues(odd, 0x100 + front, Messages()).at(IndexOf(odd, "Instruction"));
+    EXPECT_EQ(call.text, "CALLS 0FFh, 10h  -> 00001" + std::to_string(front));
+    EXPECT_EQ(call.target, 0x10 + front);
+  }
+  const Dump dump = DumpWith({});
   const std::vector<HexValue> last = ReadValues(dump, 0xFFFF, Messages());
   EXPECT_EQ(last.at(IndexOf(dump, "uint8")).text, "255  0xFF");
   EXPECT_EQ(last.at(IndexOf(dump, "uint16 LE")).text, "");

@@ -37,6 +37,9 @@ TEST(ReplaceContent, RefusesWhatIsNotTheFilesAlone) {
   volume.files.Entry(0, {.number = 60, .name = "shares"});
   volume.files.Slot(0, 6061, 0xC00000 + static_cast<std::uint32_t>(volume.BytesOf(6031)) + 2, 1);
   volume.files.File(0, {.number = 62, .name = "gone"}, "1", gone);
+  // Both pieces of "twice" have the bytes of record 6067.
+  volume.files.Entry(0, {.number = 64, .name = "twice", .next = 66, .data = 67});
+  volume.files.File(0, {.number = 66}, "12");
   volume.Remove(6027);
   const Fullflash image = ImageOf(std::move(volume.image));
   const FileList list = FindFiles(image, noProgress);
@@ -45,6 +48,7 @@ TEST(ReplaceContent, RefusesWhatIsNotTheFilesAlone) {
     FileRefusal refusal;
   } cases[] = {{"FFS/b.txt", FileRefusal::Shared},
                {"FFS/shares", FileRefusal::Shared},
+               {"FFS/twice", FileRefusal::Shared},
                {"FFS/Pics/a.bmp", FileRefusal::Damaged},
                {"FFS/gone", FileRefusal::Deleted}};
   for (const auto& [name, refusal] : cases) {
@@ -54,7 +58,7 @@ TEST(ReplaceContent, RefusesWhatIsNotTheFilesAlone) {
     ASSERT_NE(entry, list.entries.end()) << path;
     EXPECT_EQ(ReplaceContent(image, list, *entry, AsBytes("x")).refusal, refusal) << path;
   }
-  const std::string damaged = "Damaged files and folders: 2\n";  // no folder lists "shares"
+  const std::string damaged = "Damaged files and folders: 3\n";  // no folder lists "shares" and "twice"
   EXPECT_NE(FileInformation(list, Messages()).find(damaged), std::string::npos);
 }
 

@@ -22,18 +22,19 @@ struct LinkedItem {
 
 class Linked {
  public:
-  // `values` are what is in no item: variables, bits, outer functions.
-  Linked(const std::vector<LinkedItem>& items, std::map<std::string, std::uint32_t> values)
-      : values_(std::move(values)), bytes_(imageSize, 0xFF) {
+  // `values` are what is in no item: variables, bits, outer functions. Bytes in front of the image change no
+  // phone address.
+  Linked(const std::vector<LinkedItem>& items, std::map<std::string, std::uint32_t> values, Offset front = 0)
+      : values_(std::move(values)), front_(front), bytes_(static_cast<std::size_t>(imageSize + front), 0xFF) {
     Offset at = 0x1000;
     for (const LinkedItem& item : items) {
       values_[item.name] = base + static_cast<std::uint32_t>(at);
       const Offset size = std::ssize(Bytes(item.source));
-      if (item.isFunction) functions_.push_back({{at, size}, 1});
+      if (item.isFunction) functions_.push_back({{at + front, size}, 1});
       at += size + (size & 1);
     }
     for (const LinkedItem& item : items)
-      std::ranges::copy(Bytes(item.source), bytes_.begin() + (values_.at(item.name) - base));
+      std::ranges::copy(Bytes(item.source), bytes_.begin() + At(item.name));
   }
 
   // Hexadecimal bytes; far:NAME segment and offset as in CALLS; word:FORM:NAME a word of an address, its
@@ -44,7 +45,7 @@ class Linked {
     for (std::string word; words >> word;) Append(bytes, Split(word));
     return bytes;
   }
-  [[nodiscard]] Offset At(const std::string& name) const { return values_.at(name) - base; }
+  [[nodiscard]] Offset At(const std::string& name) const { return values_.at(name) - base + front_; }
   void Put(const std::string& name, Offset at) { values_[name] = base + static_cast<std::uint32_t>(at); }
   [[nodiscard]] FunctionList Functions() const { return {functions_, {}}; }
   [[nodiscard]] std::vector<std::uint8_t>& Image() { return bytes_; }
@@ -89,6 +90,7 @@ class Linked {
   }
 
   std::map<std::string, std::uint32_t> values_;
+  Offset front_;
   std::vector<std::uint8_t> bytes_;
   std::vector<Function> functions_;
 };

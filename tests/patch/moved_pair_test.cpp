@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
+#include "patch/port_pointers.h"
+
 namespace tarvelo {
 namespace {
 
@@ -27,6 +32,12 @@ TEST(MovePair, TakesTheFormThatNamesWhatMoves) {
   maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
   EXPECT_EQ(moved(0x30), std::pair(0x1234u, 0x41u));
   EXPECT_EQ(moved(0xC0), std::pair(0x1234u, 0x104u));
+  // All of a pointer but its first byte.
+  std::vector<std::uint8_t> patched = bytes, part{0x12, 0x30, 0x00};
+  std::ranges::copy(std::array{0x34, 0x12, 0x30, 0x00}, patched.begin() + 0x100);
+  now.Write(0x100, std::vector<std::uint8_t>{0x34});
+  EXPECT_TRUE(CarryPointers(part, {{0x101, 3}, 0x101}, patched, image, now, pairing, maps).empty());
+  EXPECT_EQ(part, (std::vector<std::uint8_t>{0x12, 0x41, 0x00}));
   now.Write(0xC1234, std::vector<std::uint8_t>{0});  // page 30h moves, too
   maps.areas = BroughtAreas(PatchedImage(changes, image, none), now, moves);
   EXPECT_FALSE(moved(0x30));

@@ -61,9 +61,19 @@ TEST(NamePattern, FindsAddresses) {
   EXPECT_EQ(NamePattern("ABCD").Find(image, 1).size(), 1u);
 }
 
+// 32 KiB of JMPR to themselves, which both readings of each brace follow.
+TEST(NamePattern, GivesUpOnACraftedImage) {
+  ImageBuilder image(0x10000);
+  for (std::size_t at = 0; at < 0x8000; at += 2) image.Word(at, 0xFF0D);
+  std::string pattern = "0D";
+  for (int i = 0; i < 16; ++i) pattern = "{" + pattern + "}";
+  EXPECT_TRUE(NamePattern("FF " + pattern + " 1234").Find(ImageOf(std::move(image)), 1).empty());
+}
+
 TEST(NamePattern, RefusesWhatItCannotRead) {
-  for (const char* text : {"", "  ", "1", "123", "GG", "[1111000]", "[1111 0000]", "[11110000", "{E014}",
-                           "12 {", "12 {}", "12 }", "&12", "&(12", "12 +", "12 + 123456789", "12 34 x"})
+  for (const char* text :
+       {"", "  ", "1", "123", "GG", "[1111000]", "[1111 0000]", "[11110000", "{E014}", "12 {", "12 {}",
+        "12 }", "&12", "&(12", "12 +", "12 + 123456789", "12 - 123456789012345678901234", "12 34 x"})
     EXPECT_THROW(NamePattern{text}, std::invalid_argument) << text;
   std::string deep = "12";
   for (int i = 0; i < 100; ++i) deep = "12 {" + deep + "}";

@@ -124,13 +124,14 @@ std::vector<PortedChange> Port(const Linked& old, const std::vector<std::uint8_t
   const CodeUnits oldUnits = GetCodeUnits(before, old.Functions());
   const CodeUnits newUnits = GetCodeUnits(after, now.Functions());
   NoProgress progress;
-  const CodePairing pairing(oldUnits, base, newUnits, base, progress);
+  const CodePairing pairing(oldUnits, before.PhoneAddress(0), newUnits, after.PhoneAddress(0), progress);
   const std::vector<AreaMove> moves =
       used ? OfferAreas(changes, before, after, pairing, progress, *used) : std::vector<AreaMove>();
   return PortChanges(changes, before, after, pairing, progress, moves);
 }
 
-class PortBytes : public testing::Test {
+// With one byte in front of the old or new image, its code is at odd offsets.
+class PortBytes : public testing::TestWithParam<std::pair<Offset, Offset>> {
  protected:
   PatchChange ChangeOf(Offset at, std::vector<std::uint8_t> bytes) {
     const auto from = old.Image().begin() + at;
@@ -138,10 +139,13 @@ class PortBytes : public testing::Test {
   }
   // With `used`, areas move as offered.
   std::vector<PortedChange> Ported(const std::vector<PatchChange>& changes,
-                                   const std::optional<std::vector<Region>>& used = {}) {
+                                   std::optional<std::vector<Region>> used = {}) {
+    if (used)
+      for (Region& region : *used) region.offset += newFront;
     return Port(old, old.Image(), now, now.Image(), changes, used);
   }
 
+  const Offset oldFront = GetParam().first, newFront = GetParam().second;
   Linked old{Items(),
              {{"near", 0xCC},
               {"far", 0x184010},
@@ -157,7 +161,8 @@ class PortBytes : public testing::Test {
               {"u", 0x9000},
               {"v", 0x9100},
               {"area", base + 0x18000},
-              {"mark", base + 0x18400}}};
+              {"mark", base + 0x18400}},
+             oldFront};
   Linked now{LaterItems(),
              {{"near", 0x8244},
               {"far", 0x188030},
@@ -170,10 +175,14 @@ class PortBytes : public testing::Test {
               {"d", 0x252},
               {"w", 0x8246},
               {"x", 0x9000},
-              {"k", 0x9300}}};
+              {"k", 0x9300}},
+             newFront};
 };
 
-TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
+INSTANTIATE_TEST_SUITE_P(InFront, PortBytes,
+                         testing::Values(std::pair(0, 0), std::pair(1, 0), std::pair(0, 1), std::pair(1, 1)));
+
+TEST_P(PortBytes, AreThoseOfTheOtherVersion) {
   for (const Line& line : lines) {
     SCOPED_TRACE(std::string(line.name) + " + " + std::to_string(line.at) + ": " + line.source);
     const PortedChange ported = Ported({ChangeOf(old.At(line.name) + line.at, old.Bytes(line.source))})[0];
@@ -182,10 +191,27 @@ TEST_F(PortBytes, AreThoseOfTheOtherVersion) {
     EXPECT_EQ(ported.offset, now.At(line.name) + line.at + line.moved);
     EXPECT_EQ(ported.newBytes, now.Bytes(line.source));
   }
+  for (const Change& other : {Change{old.At("text"), {1}, {2}}, {imageSize + oldFront - 1, {255, 255}, {}}})
+    EXPECT_EQ(Ported({{0, other}})[0].refusal, PortRefusal::NotOld);
+}
+
+// Nothing but pointers, among erased bytes and at another place in each version.
+TEST_P(PortBytes, OfATableOfPointersAlone) {
+  const std::string table =
+      "word:off:first word:seg:first word:off:second word:seg:second word:off:third word:seg:third "
+      "word:off:leaf word:seg:leaf word:off:fourth word:seg:fourth";
+  const Offset at = 0x10000 + oldFront, there = 0x11000 + newFront;
+  std::ranges::copy(old.Bytes(table), old.Image().begin() + at);
+  std::ranges::copy(now.Bytes(table), now.Image().begin() + there);
+  const std::string source = "0 word:off:first word:seg:first";  // with a byte of the pointer in front
+  const PortedChange ported = Ported({ChangeOf(at + 7, old.Bytes(source))})[0];
+  EXPECT_EQ(ported.refusal, std::nullopt);
+  EXPECT_EQ(ported.offset, there + 7);
+  EXPECT_EQ(ported.newBytes, now.Bytes(source));
 }
 
 // Code in an erased area, cut into lines inside its instructions, and a text behind it that looks like JMPA.
-TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
+TEST_P(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
   const std::string source =
       "F2 F4 word:near 2D 2 DA far:third E6 FC 14 0 E6 FD FE 3 E6 F6 32 80 E6 F7 FF 0 DB 0 "
       "F2 F4 word:near 0D EF "                        // leads back to the start
@@ -193,7 +219,7 @@ TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
       "F2 F5 word:near DB 0 F2 F6 word:near DB 0 0";  // at 2Ch, which is called, and at 32h
   const std::vector<std::uint8_t> code = old.Bytes(source);
   const std::vector<std::uint8_t> wanted = now.Bytes(source);
-  constexpr Offset erased = 0x18000;
+  const Offset erased = old.At("area"), there = erased + newFront - oldFront;
   std::vector<PatchChange> changes{
       ChangeOf(old.At("first") + 56, {0xDA, 0xFF, 0x00, 0x80, 0xDA, 0xFF, 0x2C, 0x80})};
   for (Offset at = 0; at < std::ssize(code); at += 7) {
@@ -203,18 +229,18 @@ TEST_F(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
   const std::vector<PortedChange> ported = Ported(changes);
   EXPECT_EQ(ported[0].newBytes, changes[0].change.newBytes);
   for (std::size_t i = 1; i < ported.size(); ++i) {
-    EXPECT_EQ(ported[i].offset, changes[i].change.offset);
-    const auto first = wanted.begin() + (ported[i].offset - erased);
+    EXPECT_EQ(ported[i].offset, changes[i].change.offset + there - erased);
+    const auto first = wanted.begin() + (ported[i].offset - there);
     EXPECT_EQ(ported[i].newBytes,
               std::vector<std::uint8_t>(first, first + std::ssize(changes[i].change.newBytes)));
   }
-  now.Image()[erased + 3] = 0;
+  now.Image()[static_cast<std::size_t>(there) + 3] = 0;
   for (const PortedChange& change : Ported({changes[1], changes[2]}))
     EXPECT_EQ(change.refusal, PortRefusal::NotEmpty);
 }
 
 // The new dump is full where the patch has its area. All behind the items is erased but for that.
-TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
+TEST_P(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
   struct Case {
     std::vector<Region> used;
     Offset area, mark;  // 0: none
@@ -250,8 +276,8 @@ TEST_F(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
       {"fifth", 44, "E6 F6 04 40", Half::Page},     // the area through DPP1
       {"fourth", 48, "E6 F6 04 80", Half::Offset},  // a plain number
   };
-  std::ranges::copy(old.Bytes("E6 01 word:page:area"), old.Image().begin() + 0x10000);
-  std::fill_n(now.Image().begin() + 0x18000, 0x500, 0);
+  std::ranges::copy(old.Bytes("E6 01 word:page:area"), old.Image().begin() + 0x10000 + oldFront);
+  std::fill_n(now.Image().begin() + 0x18000 + newFront, 0x500, 0);
   std::vector<PatchChange> changes;
   for (const Place& place : places)
     changes.push_back(ChangeOf(old.At(place.name) + place.at, old.Bytes(place.source)));
@@ -291,7 +317,7 @@ TEST(PortFirst, HasNothingInFront) {
 }
 
 // Three lines, the last two in a text that has changed.
-TEST_F(PortBytes, AreNotMadeAfterAStop) {
+TEST_P(PortBytes, AreNotMadeAfterAStop) {
   struct Stopper final : Progress {
     void Start(std::int64_t, std::int64_t end) override { changes = end; }
     void At(std::int64_t position) override { at.push_back(position); }
@@ -306,7 +332,7 @@ TEST_F(PortBytes, AreNotMadeAfterAStop) {
   const CodeUnits oldUnits = GetCodeUnits(before, old.Functions());
   const CodeUnits newUnits = GetCodeUnits(after, now.Functions());
   NoProgress none;
-  const CodePairing pairing(oldUnits, base, newUnits, base, none);
+  const CodePairing pairing(oldUnits, before.PhoneAddress(0), newUnits, after.PhoneAddress(0), none);
   const std::vector<PatchChange> changes{ChangeOf(old.At("first"), {0xCC, 0}),
                                          ChangeOf(old.At("tail") + 4, {1}),
                                          ChangeOf(old.At("tail") + 5, {2})};

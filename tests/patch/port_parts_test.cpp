@@ -1,7 +1,8 @@
-// Two parts of carrying a patch: which loads make an address, and where an area may go.
+// Parts of carrying a patch: which loads make an address, where an area may go, what code comes along.
 #include <gtest/gtest.h>
 
 #include "images.h"
+#include "patch/brought_code.h"
 #include "patch/free_areas.h"
 #include "patch/load_pairs.h"
 
@@ -22,6 +23,23 @@ TEST(PartnerOf, IsTheNearestLoadOfTheNextRegister) {
     for (const char each : instructions)
       code.push_back({0, Instruction::Decode(*ReadHex(bytesOf[each]), 0), {}});
     EXPECT_EQ(PartnerOf(code, load), partner) << instructions << ", " << load;
+  }
+}
+
+// A pointer at 102h, whose low byte stays, leads to code behind three bytes. With one byte in front of the
+// image, both are at odd offsets.
+TEST(BroughtCode, IsAtEvenAddresses) {
+  for (const Offset front : {0, 1}) {
+    ImageBuilder builder(static_cast<std::size_t>(0x10000 + front));
+    builder.Fill(static_cast<std::size_t>(0x100 + front), 16, 0);
+    const Fullflash image = ImageOf(std::move(builder));
+    const CodeUnits none;
+    const std::vector<PatchChange> changes{{1, {0x103 + front, {0, 0, 0}, {0x80, 0xFF, 0}}},
+                                           {2, {0x7FFD + front, Data(7, 0xFF), "123456E014DB00"_hex}}};
+    const PatchedImage patched(changes, image, none);
+    const BroughtCode code(patched, none);
+    EXPECT_FALSE(code.IsAssumed(patched.Pieces()[1])) << front;
+    EXPECT_EQ(code.In(patched.Pieces()[1]), (std::vector<Region>{{0x8000 + front, 4}})) << front;
   }
 }
 

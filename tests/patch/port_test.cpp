@@ -168,27 +168,6 @@ TEST(Port, KeepsTheOperandsOfTheNewVersion) {
   EXPECT_GT(moved, static_cast<int>(ported.size()) / 4);
 }
 
-TEST(Port, CarriesDataByItsBytesAndErasedAreasByTheirAddress) {
-  const Versions versions(203, 200, 0.03);
-  const Offset text = versions.old.linked.texts.at(40);
-  const Bytes letters = versions.old.image.Region(text, 4);
-  const Offset erased = 0x1F0000;
-  const std::vector<PatchChange> changes{
-      {1, {text, {letters.begin(), letters.end()}, {'a', 'b', 'c', 'd'}}},
-      {2, {erased, {0xFF, 0xFF, 0xFF, 0xFF}, {0xCC, 0x00, 0xDB, 0x00}}},
-      {3, {text, {'?', '?'}, {'a', 'b'}}},
-      {4, {0x1FFFFF, {0xFF, 0xFF}, {'a', 'b'}}},
-  };
-  const std::vector<PortedChange> ported = versions.Ported(changes);
-  EXPECT_FALSE(ported[0].refusal);
-  EXPECT_EQ(ported[0].offset, versions.now.linked.texts.at(40));
-  EXPECT_FALSE(ported[1].refusal);
-  EXPECT_EQ(ported[1].offset, erased);
-  EXPECT_EQ(ported[1].newBytes, changes[1].change.newBytes);
-  EXPECT_EQ(ported[2].refusal, PortRefusal::NotOld);
-  EXPECT_EQ(ported[3].refusal, PortRefusal::NotOld);
-}
-
 TEST(Port, TextKeepsCommentsAndSaysWhatWasRefused) {
   const std::string text = ";Name\r\n100: 1234 5678 ;why\n  200: 11 22\rnonsense\n";
   const ReadPatch patch = ReadPatchText(text);
