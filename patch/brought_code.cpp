@@ -1,8 +1,10 @@
 #include "patch/brought_code.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "code/sweep.h"
+#include "core/byte_text.h"
 
 namespace tarvelo {
 
@@ -10,25 +12,51 @@ BroughtCode::BroughtCode(const PatchedImage& image, const CodeUnits& units)
     : image_(image), units_(units), isStart_(static_cast<std::size_t>(std::ssize(image.Patched())) / 2 + 1) {
   using enum PatchedPiece::Kind;
   for (const PatchedPiece& piece : image_.Pieces())
+    if (piece.kind == Erased) AddParts(piece);
+  for (const PatchedPiece& piece : image_.Pieces())
     if (piece.kind != Erased) FollowReferences(piece.region);
   Walk();
-  for (const PatchedPiece& piece : image_.Pieces()) {
-    if (piece.kind != Erased) continue;
-    if (In(piece).empty()) {
-      assumed_.push_back(piece.region.offset);
-      Open(piece.region.offset);
-      Walk();
-    }
-    OpenUnreached(piece);
+  for (const Region& part : parts_) {
+    Assume(part);
+    OpenUnreached(part);
   }
 }
 
+void BroughtCode::AddParts(const PatchedPiece& piece) {
+  for (const std::size_t i : piece.changes) {
+    const Change& change = image_.Changes()[i].change;
+    const Region region{change.offset, std::ssize(change.newBytes)};
+    if (parts_.empty() || region.offset > parts_.back().End())
+      parts_.push_back(region);
+    else
+      parts_.back().size = std::max(parts_.back().End(), region.End()) - parts_.back().offset;
+  }
+}
+
+const Region* BroughtCode::PartAt(Offset offset) const {
+  const auto after = std::ranges::upper_bound(parts_, offset, {}, &Region::offset);
+  if (after == parts_.begin() || !std::prev(after)->Holds(offset)) return nullptr;
+  return &*std::prev(after);
+}
+
+// Takes a part as code if nothing in it is data, nothing leads into it, and it is no text.
+void BroughtCode::Assume(const Region& part) {
+  const Bytes bytes =
+      image_.Patched().subspan(static_cast<std::size_t>(part.offset), static_cast<std::size_t>(part.size));
+  const bool isText =
+      std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0 || IsPrintable(byte); });
+  if (isText || !In(part).empty()) return;
+  assumed_.push_back(part);
+  Open(part.offset);
+  Walk();
+}
+
 // Code behind a jump or return that only a table leads to: it calls or jumps to what is known.
-void BroughtCode::OpenUnreached(const PatchedPiece& piece) {
+void BroughtCode::OpenUnreached(const Region& part) {
   for (bool isNew = true; isNew;) {
     isNew = false;
-    for (const Region& run : In(piece))
-      if (LeadsOn(run.End(), piece)) {
+    for (const Region& run : In(part))
+      if (LeadsOn(run.End(), part)) {
         open_.push_back(run.End());
         isNew = true;
       }
@@ -36,13 +64,13 @@ void BroughtCode::OpenUnreached(const PatchedPiece& piece) {
   }
 }
 
-bool BroughtCode::LeadsOn(Offset place, const PatchedPiece& piece) const {
-  while (place < piece.region.End() && !IsStart(place)) {
+bool BroughtCode::LeadsOn(Offset place, const Region& part) const {
+  while (place < part.End() && !IsStart(place)) {
     const Instruction instruction = Instruction::Decode(image_.Patched(), place);
     if (instruction.IsData()) return false;
     if (const auto target = instruction.Target(image_.Old().PhoneAddress(place))) {
       const Offset to = Offset{*target} - image_.Old().CorrBase();
-      if (units_.UnitFrom(to) >= 0 || (image_.Old().BeginsWord(to) && piece.region.Holds(to) && IsStart(to)))
+      if (units_.UnitFrom(to) >= 0 || (image_.Old().BeginsWord(to) && part.Holds(to) && IsStart(to)))
         return true;
     }
     place += instruction.Size();
@@ -70,7 +98,7 @@ void BroughtCode::FollowReferences(const Region& region) {
 }
 
 void BroughtCode::Open(Offset place) {
-  if (image_.Old().BeginsWord(place) && image_.ErasedAt(place) && !IsStart(place)) open_.push_back(place);
+  if (image_.Old().BeginsWord(place) && PartAt(place) && !IsStart(place)) open_.push_back(place);
 }
 
 void BroughtCode::Walk() {
@@ -83,12 +111,12 @@ void BroughtCode::Walk() {
 
 // Takes what a place leads to, up to an end, if nothing on the way is data.
 void BroughtCode::WalkFrom(Offset place) {
-  const PatchedPiece& piece = *image_.ErasedAt(place);
+  const Region& part = *PartAt(place);
   std::vector<Region> found;
   Offset at = place;
-  while (at < piece.region.End() && !IsStart(at)) {
+  while (at < part.End() && !IsStart(at)) {
     const Instruction instruction = Instruction::Decode(image_.Patched(), at);
-    if (instruction.IsData() || at + instruction.Size() > piece.region.End()) return;
+    if (instruction.IsData() || at + instruction.Size() > part.End()) return;
     found.push_back({at, instruction.Size()});
     at += instruction.Size();
     if (!instruction.FallsThrough()) break;
@@ -99,16 +127,19 @@ void BroughtCode::WalkFrom(Offset place) {
   }
 }
 
-bool BroughtCode::IsAssumed(const PatchedPiece& piece) const {
-  return std::ranges::find(assumed_, piece.region.offset) != assumed_.end();
+std::vector<Region> BroughtCode::AssumedIn(const PatchedPiece& piece) const {
+  std::vector<Region> parts;
+  std::ranges::copy_if(assumed_, std::back_inserter(parts),
+                       [&](const Region& part) { return piece.region.Holds(part.offset); });
+  return parts;
 }
 
 bool BroughtCode::IsStart(Offset place) const { return isStart_[static_cast<std::size_t>(place) / 2]; }
 
-std::vector<Region> BroughtCode::In(const PatchedPiece& piece) const {
+std::vector<Region> BroughtCode::In(const Region& region) const {
   std::vector<Region> runs;
-  const Offset from = piece.region.offset;
-  for (Offset at = image_.Old().BeginsWord(from) ? from : from + 1; at < piece.region.End(); at += 2) {
+  const Offset from = region.offset;
+  for (Offset at = image_.Old().BeginsWord(from) ? from : from + 1; at < region.End(); at += 2) {
     if (!IsStart(at)) continue;
     const Offset size = Instruction::Decode(image_.Patched(), at).Size();
     if (!runs.empty() && runs.back().End() == at)

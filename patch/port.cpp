@@ -1,6 +1,7 @@
 #include "patch/port.h"
 
 #include <algorithm>
+#include <set>
 
 #include "code/masked_pattern.h"
 #include "code/nearby_code.h"
@@ -37,7 +38,7 @@ class Porter {
   std::vector<PortedChange> Run() {
     for (PortedChange& ported : ported_) ported.refusal = PortRefusal::NotOld;
     for (const PatchedPiece& piece : image_.Pieces()) {
-      piece_ = piece.region;
+      carrying_ = {.user = &piece, .count = piece.changes.size()};
       Step();
       switch (piece.kind) {
         case PatchedPiece::Kind::Code: Code(piece); break;
@@ -45,6 +46,7 @@ class Porter {
         case PatchedPiece::Kind::Erased: Erased(piece); break;
       }
     }
+    RefuseUsersOfRefused();
     return std::move(ported_);
   }
 
@@ -52,6 +54,33 @@ class Porter {
   [[nodiscard]] const std::vector<AreaMove>& Referred() const { return referred_; }
 
  private:
+  // That some changes of a piece call or point to what another piece brings into an erased area.
+  struct Use {
+    const PatchedPiece* used = nullptr;
+    const PatchedPiece* user = nullptr;
+    std::size_t first = 0, count = 0;  // of the user's changes
+
+    [[nodiscard]] auto operator<=>(const Use&) const = default;
+  };
+
+  // What uses an erased piece needs all of it, which may need others in turn.
+  void RefuseUsersOfRefused() {
+    const auto isRefused = [this](std::size_t i) { return ported_[i].refusal.has_value(); };
+    std::vector<const PatchedPiece*> refused;
+    for (const PatchedPiece& piece : image_.Pieces())
+      if (std::ranges::any_of(piece.changes, isRefused)) refused.push_back(&piece);
+    while (!refused.empty()) {
+      const PatchedPiece* const used = refused.back();
+      refused.pop_back();
+      for (auto use = uses_.lower_bound({.used = used}); use != uses_.end() && use->used == used;
+           use = uses_.erase(use)) {
+        refused.push_back(use->user);
+        for (const std::size_t i : std::span(use->user->changes).subspan(use->first, use->count))
+          if (!isRefused(i)) ported_[i] = {.refusal = PortRefusal::NoAddress};
+      }
+    }
+  }
+
   // Reports the progress; long pieces report it, too, and can be stopped.
   void Step() { run_.At(done_); }
 
@@ -91,8 +120,10 @@ class Porter {
   void Data(const PatchedPiece& piece) {
     const NewPlace place = InData(piece.region);
     if (!place.refusal) return TakeData(piece, place);
-    for (const std::size_t i : piece.changes) {
+    carrying_.count = 1;
+    for (carrying_.first = 0; carrying_.first < piece.changes.size(); ++carrying_.first) {
       Step();
+      const std::size_t i = piece.changes[carrying_.first];
       const Change& change = image_.Changes()[i].change;
       const PatchedPiece one{piece.kind, {change.offset, std::ssize(change.oldBytes)}, {i}};
       const NewPlace there = piece.changes.size() == 1 ? place : InData(one.region);
@@ -147,14 +178,16 @@ class Porter {
       const Region region{dataFrom, end - dataFrom};
       if (region.size >= smallestData) take(region, AsData(region, newOf(region.offset)));
     };
-    for (const Region& run : brought_.In(piece)) {
+    for (const Region& run : brought_.In(piece.region)) {
       data(run.offset);
       dataFrom = run.End();
       const PatchedCode code{image_.Patched(), run, run, newOf(run.offset)};
       take(run, CarryOperands(code, old_, now_, pairing_, maps_));
     }
     data(piece.region.End());
-    if (moves && brought_.IsAssumed(piece)) FailAsData(piece.region, *there, carried);
+    if (moves)
+      for (const Region& part : brought_.AssumedIn(piece))
+        FailAsData(part, newOf(part.offset), piece, carried);
     Take(piece, {{}, *there, 0}, std::move(carried));
   }
 
@@ -171,14 +204,17 @@ class Porter {
     return carried;
   }
 
-  // Fails what would be carried in another way if it were data.
-  void FailAsData(const Region& region, Offset there, CarriedCode& carried) {
-    const CarriedCode data = AsData(region, there);
+  // Fails what would be carried in another way if a part of a piece were data.
+  void FailAsData(const Region& part, Offset there, const PatchedPiece& piece, CarriedCode& carried) {
+    const CarriedCode data = AsData(part, there);
     carried.failed.insert(carried.failed.end(), data.failed.begin(), data.failed.end());
-    const std::vector<std::uint8_t> patched = PatchedBytes(region);
-    for (std::size_t k = 0; k < patched.size(); ++k)
-      if (data.bytes[k] != patched[k] && data.bytes[k] != carried.bytes[k])
-        carried.failed.push_back({region.offset + static_cast<Offset>(k), 1});
+    const std::vector<std::uint8_t> patched = PatchedBytes(part);
+    const auto asCode = carried.bytes.begin() + (part.offset - piece.region.offset);
+    for (Offset k = 0; k < part.size; ++k) {
+      const std::uint8_t byte = data.bytes[static_cast<std::size_t>(k)];
+      if (byte != patched[static_cast<std::size_t>(k)] && byte != asCode[k])
+        carried.failed.push_back({part.offset + k, 1});
+    }
   }
 
   // Gives each change of a piece its part. Bytes of a piece that no change has must be what the new dump has.
@@ -239,8 +275,12 @@ class Porter {
   [[nodiscard]] std::optional<std::uint32_t> Mapped(std::uint32_t address, bool isCode) {
     const Offset offset = Offset{address} - old_.CorrBase();
     const AreaMove* const moved = maps_.areas.MovedAt(address);
-    if (moved && moved->from != piece_) referred_.push_back(*moved);
-    if (moved || image_.ErasedAt(offset)) {
+    if (const PatchedPiece* const used = image_.ErasedAt(moved ? moved->from.offset : offset)) {
+      if (used != carrying_.user) {
+        if (moved) referred_.push_back(*moved);
+        carrying_.used = used;
+        uses_.insert(carrying_);
+      }
       const auto there = maps_.areas.NewOf(offset);
       return there ? std::optional(now_.PhoneAddress(*there)) : std::nullopt;
     }
@@ -258,7 +298,8 @@ class Porter {
   FunctionList noFunctions_;
   NearbyCode nearby_;
   CarryMaps maps_;
-  Region piece_;  // that is being carried
+  Use carrying_;  // what is being carried, as a user
+  std::set<Use> uses_;
   std::vector<AreaMove> referred_;
   std::vector<PortedChange> ported_;
 };

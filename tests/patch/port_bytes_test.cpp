@@ -270,7 +270,8 @@ TEST_P(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
       {"table", 12, "word:pof:mark word:page:mark"},
       {"area", 0, code},
       {"area", 0x7E, "word:area", Half::Offset},
-      {"mark", 0, "word:area 12 34 FF FF 41 42", Half::Offset},
+      {"mark", 0, "12 34 FF FF 41 42 43 44"},
+      {"mark", 10, "word:area", Half::Offset},
       {"fifth", 40, "E6 F5 word:page:area", Half::Page},
       {"table", 8, "word:page:mark word:pof:mark", Half::Page},
       {"fifth", 44, "E6 F6 04 40", Half::Page},     // the area through DPP1
@@ -278,31 +279,40 @@ TEST_P(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
   };
   std::ranges::copy(old.Bytes("E6 01 word:page:area"), old.Image().begin() + 0x10000 + oldFront);
   std::fill_n(now.Image().begin() + 0x18000 + newFront, 0x500, 0);
-  std::vector<PatchChange> changes;
-  for (const Place& place : places)
-    changes.push_back(ChangeOf(old.At(place.name) + place.at, old.Bytes(place.source)));
-  for (const Case& each : cases) {
-    now.Put("area", each.area);
-    now.Put("mark", each.mark);
-    const auto ported = Ported(changes, each.used);
-    for (std::size_t i = 0; i < ported.size(); ++i) {
-      const auto& [name, at, source, half] = places[i];
-      SCOPED_TRACE(std::to_string(each.area) + ": " + source);
-      const bool isBrought = name == "area" || name == "mark";
-      if (each.area == 0 && isBrought) {
-        EXPECT_EQ(ported[i].refusal, PortRefusal::NotEmpty);
-      } else if (half == Half::None ? each.area == 0
-                                    : each.area != 0 && (half == Half::Page || each.area != 0x8000)) {
-        EXPECT_EQ(ported[i].refusal, PortRefusal::NoAddress);
-      } else if (each.area != 0) {
-        ASSERT_FALSE(ported[i].refusal);
-        EXPECT_EQ(ported[i].offset, now.At(name) + at);
-        EXPECT_EQ(ported[i].newBytes, now.Bytes(source));
+  // A half that is refused in an area takes along all that names the area.
+  for (const bool hasHalves : {false, true})
+    for (const Case& each : cases) {
+      std::vector<Place> lines;
+      std::ranges::copy_if(places, std::back_inserter(lines),
+                           [&](const Place& line) { return hasHalves || line.half == Half::None; });
+      std::vector<PatchChange> changes;
+      for (const Place& line : lines)
+        changes.push_back(ChangeOf(old.At(line.name) + line.at, old.Bytes(line.source)));
+      now.Put("area", each.area);
+      now.Put("mark", each.mark);
+      const auto ported = Ported(changes, each.used);
+      for (std::size_t i = 0; i < ported.size(); ++i) {
+        const auto& [name, at, source, half] = lines[i];
+        SCOPED_TRACE(std::to_string(each.area) + ": " + source);
+        const bool isBrought = name == "area" || name == "mark";
+        const bool isMoved = each.area != 0, isLow = each.area == 0x8000;
+        const bool isRefused = half == Half::None     ? name != "mark" && (!isMoved || (hasHalves && !isLow))
+                               : half == Half::Offset ? isMoved && !isLow
+                                                      : isMoved;
+        if (!isMoved && isBrought) {
+          EXPECT_EQ(ported[i].refusal, PortRefusal::NotEmpty);
+        } else if (isRefused) {
+          EXPECT_EQ(ported[i].refusal, PortRefusal::NoAddress);
+        } else if (isMoved) {
+          ASSERT_FALSE(ported[i].refusal);
+          EXPECT_EQ(ported[i].offset, now.At(name) + at);
+          EXPECT_EQ(ported[i].newBytes, now.Bytes(source));
+        }
       }
+      const PatchChange area = ChangeOf(old.At("area"), old.Bytes(code));
+      EXPECT_EQ(Ported({area}, each.used)[0].refusal, PortRefusal::NotEmpty);  // nothing refers to it
+      EXPECT_EQ(Ported(changes)[0].refusal, PortRefusal::NoAddress);           // unless the user wants it
     }
-    EXPECT_EQ(Ported({changes[4]}, each.used)[0].refusal, PortRefusal::NotEmpty);  // nothing refers to it
-    EXPECT_EQ(Ported(changes)[0].refusal, PortRefusal::NoAddress);                 // unless the user wants it
-  }
 }
 
 // The function in front of it is gone, so that it is the first one.

@@ -38,9 +38,31 @@ TEST(BroughtCode, IsAtEvenAddresses) {
                                            {2, {0x7FFD + front, Data(7, 0xFF), "123456E014DB00"_hex}}};
     const PatchedImage patched(changes, image, none);
     const BroughtCode code(patched, none);
-    EXPECT_FALSE(code.IsAssumed(patched.Pieces()[1])) << front;
-    EXPECT_EQ(code.In(patched.Pieces()[1]), (std::vector<Region>{{0x8000 + front, 4}})) << front;
+    EXPECT_TRUE(code.AssumedIn(patched.Pieces()[1]).empty()) << front;
+    EXPECT_EQ(code.In(patched.Pieces()[1].region), (std::vector<Region>{{0x8000 + front, 4}})) << front;
   }
+}
+
+// One piece of five parts, with erased bytes between them: what is called, code that nothing leads to, a
+// text, data, and two lines of more code.
+TEST(BroughtCode, IsAssumedInEachPartThatNothingLeadsTo) {
+  const Fullflash image = ImageOf(ImageBuilder(0x10000));
+  const CodeUnits none;
+  std::vector<PatchChange> changes;
+  const auto add = [&](Offset at, const Data& bytes) {
+    changes.push_back({0, {at, Data(bytes.size(), 0xFF), bytes}});
+  };
+  add(0x8000, "CC00 DAFF0080 DB00"_hex);
+  add(0x8020, "E014 DB00"_hex);
+  add(0x8040, "226F7261 6E676500"_hex);
+  add(0x8050, "0001 8C00"_hex);
+  add(0x8060, "CC00 DA"_hex);
+  add(0x8063, "FF0080 DB00"_hex);
+  const PatchedImage patched(changes, image, none);
+  const BroughtCode code(patched, none);
+  ASSERT_EQ(patched.Pieces().size(), 1u);
+  EXPECT_EQ(code.In(patched.Pieces()[0].region),
+            (std::vector<Region>{{0x8000, 8}, {0x8020, 4}, {0x8060, 8}}));
 }
 
 // 100h bytes from a phone address in an image of 320 KiB, whose segments begin at offset 0, 10000h and so on.
