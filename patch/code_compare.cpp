@@ -9,6 +9,11 @@ const CodeUnit& UnitOf(const CodeUnits& units, int unit) {
   return units.units[static_cast<std::size_t>(unit)];
 }
 
+// Whether two units agree in every instruction, but for what moves.
+bool AreAlike(const CodePairing& pairing, int oldUnit, int newUnit) {
+  return UnitOf(pairing.Old(), oldUnit).hash == UnitOf(pairing.New(), newUnit).hash;
+}
+
 void Count(ComparedFunction& function, SideMark mark) {
   if (mark == SideMark::Edited) ++function.edited;
   if (mark == SideMark::Constant) ++function.constants;
@@ -20,7 +25,7 @@ ComparedFunction Compared(const CodeVersions& versions, int oldUnit, int newUnit
                             .newUnit = newUnit,
                             .old = UnitOf(pairing.Old(), oldUnit).code,
                             .now = UnitOf(pairing.New(), newUnit).code};
-  if (pairing.IsSame(oldUnit)) {  // the usual case, without making the rows
+  if (AreAlike(pairing, oldUnit, newUnit)) {  // the usual case, without making the rows
     const auto old = pairing.OldCode(oldUnit);
     const auto now = pairing.NewCode(newUnit);
     for (std::size_t i = 0; i < old.size(); ++i) Count(function, MarkOf(pairing, old[i], oldUnit, now[i]));
@@ -35,15 +40,27 @@ ComparedFunction Compared(const CodeVersions& versions, int oldUnit, int newUnit
   return function;
 }
 
+// The new unit that is paired with an old one. Of twins that nothing tells apart, it is the one at the same
+// address. -1: none.
+int NewOf(const CodeVersions& versions, int oldUnit) {
+  const CodePairing& pairing = versions.Pairing();
+  if (const int paired = pairing.NewOf(oldUnit); paired >= 0) return paired;
+  const Offset place = UnitOf(pairing.Old(), oldUnit).code.offset;
+  const int now = pairing.NewUnitFrom(versions.Old().PhoneAddress(place));
+  return now >= 0 && pairing.OldOf(now) < 0 && AreAlike(pairing, oldUnit, now) ? now : -1;
+}
+
 }  // namespace
 
 std::vector<ComparedFunction> CompareFunctions(const CodeVersions& versions) {
   const CodePairing& pairing = versions.Pairing();
   const auto count = [](const CodeUnits& units) { return static_cast<int>(units.units.size()); };
   std::vector<ComparedFunction> functions;
+  std::vector<bool> isListed(pairing.New().units.size());
   for (int old = 0; old < count(pairing.Old()); ++old) {
     const CodeUnit& unit = UnitOf(pairing.Old(), old);
-    const int now = pairing.NewOf(old);
+    const int now = NewOf(versions, old);
+    if (now >= 0) isListed[static_cast<std::size_t>(now)] = true;
     const bool isFunction = unit.isFunction || (now >= 0 && UnitOf(pairing.New(), now).isFunction);
     if (!isFunction) continue;
     if (now >= 0)
@@ -52,7 +69,8 @@ std::vector<ComparedFunction> CompareFunctions(const CodeVersions& versions) {
       functions.push_back({.state = FunctionState::Gone, .oldUnit = old, .old = unit.code});
   }
   for (int now = 0; now < count(pairing.New()); ++now)
-    if (const CodeUnit& unit = UnitOf(pairing.New(), now); unit.isFunction && pairing.OldOf(now) < 0)
+    if (const CodeUnit& unit = UnitOf(pairing.New(), now);
+        unit.isFunction && !isListed[static_cast<std::size_t>(now)])
       functions.push_back({.state = FunctionState::New, .newUnit = now, .now = unit.code});
   return functions;
 }

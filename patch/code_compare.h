@@ -25,7 +25,7 @@ struct ComparedFunction {
   Region old;  // of no bytes: none
   Region now;
   int edited = 0;     // instructions that differ: an edited, added or removed one counts once
-  int constants = 0;  // constants and displacements that differ: addresses that moved, or edited
+  int constants = 0;  // constants, displacements and lone addresses that differ: moved, or edited
 };
 
 // The functions of the old version by offset, then those that only the new one has, by offset.

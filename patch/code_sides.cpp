@@ -27,7 +27,11 @@ SideMark MarkOf(const CodePairing& pairing, const UnitInstruction& old, int oldU
   if (kind == None) return SideMark::Same;
   if (kind == Constant || kind == Member || kind != now.movable.kind)
     return old.movable == now.movable ? SideMark::Same : SideMark::Constant;
-  return pairing.Judge(old, oldUnit, now) == Verdict::Contradicts ? SideMark::Edited : SideMark::Same;
+  const Verdict verdict = pairing.Judge(old, oldUnit, now);
+  if (verdict == Verdict::Contradicts) return SideMark::Edited;
+  const bool isKnown = verdict == Verdict::Agrees || kind == Code || old.movable == now.movable;
+  return isKnown || pairing.Votes().Sure(old.movable) == now.movable.value ? SideMark::Same
+                                                                           : SideMark::Constant;
 }
 
 std::vector<CodeSide> SidesOf(const CodePairing& pairing, int oldUnit, int newUnit) {

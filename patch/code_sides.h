@@ -12,7 +12,8 @@ namespace tarvelo {
 // How the instructions of a row compare.
 enum class SideMark : std::uint8_t {
   Same,      // but for addresses that moved
-  Constant,  // but for a constant or displacement, which may be an address that moved, or edited
+  Constant,  // but for a constant, a displacement, or an address of data that nothing else refers to: it may
+             // have moved, or been edited
   Edited,    // they differ, only one version has it, or it refers to something else
 };
 

@@ -47,7 +47,9 @@ class PointerCarrier {
     if (IsEntry(before) && IsInside(now)) return Put(at, maps_.code(now), 16);
     if (!IsPaged(now)) return false;
     const bool isOfUsedPages = IsUsedPage(before >> 16, pairing_) && IsUsedPage(now >> 16, pairing_);
-    const bool wasPointer = IsPaged(before) && (isOfUsedPages || IsKnownData(Paged(before), old_, pairing_));
+    const bool wasPointer =
+        IsPaged(before) &&
+        (isOfUsedPages || IsKnownData(Paged(before), old_, pairing_) || HasMoved(at, before));
     if (wasPointer || IsTextAt(target, old_)) return Put(at, maps_.data(target), 14);
     return false;
   }
@@ -85,6 +87,14 @@ class PointerCarrier {
   }
   [[nodiscard]] bool IsPaged(std::uint32_t words) const {
     return MayBePaged(words) && IsInside(Paged(words));
+  }
+  // Whether the new dump has another address in the place of these words.
+  [[nodiscard]] bool HasMoved(Offset at, std::uint32_t words) const {
+    const Offset there = at - region_.offset + there_;
+    if (!HasRegion(now_, {there, 4})) return false;
+    const std::uint32_t moved = DWordAt(now_.ff(), there);
+    return moved != words && MayBePaged(moved) &&
+           HasRegion(now_, {Offset{Paged(moved)} - now_.CorrBase(), 1});
   }
   [[nodiscard]] bool FarMoves(std::uint32_t words) const {
     return words <= 0xFFFFFF && maps_.areas.MovedAt(words);
