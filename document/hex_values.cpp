@@ -100,14 +100,19 @@ std::vector<std::uint8_t> WritePointer(std::string_view text, const Dump& dump) 
   return PointerBytes(text, form, dump);
 }
 
+// Code lies at even phone addresses.
+bool CanBeCode(const Fullflash& image, Offset at) {
+  return image.PageMode() && image.PhoneAddress(at) % 2 == 0;
+}
+
 std::string ReadInstruction(const Dump& dump, Offset at) {
   const Fullflash& image = dump.image;
-  if (!image.PageMode() || at % 2 != 0) return {};
+  if (!CanBeCode(image, at)) return {};
   return std::string(TextOf(Instruction::Decode(image.ff(), at), image.PhoneAddress(at), false).View());
 }
 
 std::optional<Offset> JumpTarget(const Fullflash& image, Offset at) {
-  if (!image.PageMode() || at % 2 != 0) return {};
+  if (!CanBeCode(image, at)) return {};
   const Instruction instruction = Instruction::Decode(image.ff(), at);
   if (instruction.IsData()) return {};
   const auto address = instruction.Target(image.PhoneAddress(at));

@@ -109,7 +109,7 @@ void CodePanel::CopyAsPattern_Click() {
   Copy(MaskedPattern(bench_.document.Image().ff(), chosen));
 }
 
-// Goes round at the end of the image.
+// Goes round at the end of the image. Code lies at even phone addresses, as what is chosen does.
 void CodePanel::FindAlike_Click() {
   const Fullflash& image = bench_.document.Image();
   const Region chosen = canvas_->Chosen();
@@ -118,7 +118,7 @@ void CodePanel::FindAlike_Click() {
   const Pattern pattern(MaskedPattern(image.ff(), chosen));
   const auto next = [&](Offset from) {
     Offset hit = FirstFrom(image, pattern, from);
-    while (hit >= 0 && hit % 2 != 0) hit = FirstFrom(image, pattern, hit + 1);
+    while (hit >= 0 && (hit - chosen.offset) % 2 != 0) hit = FirstFrom(image, pattern, hit + 1);
     return hit;
   };
   Offset hit = next(chosen.offset + 1);

@@ -112,6 +112,11 @@ TEST(HexValues, EndWithTheImage) {
   const auto call = ReadValues(dump, 0x100, Messages()).at(IndexOf(dump, "Instruction"));
   EXPECT_EQ(call.text, "CALLS 0FFh, 10h  -> 000010");
   EXPECT_EQ(call.target, 0x10);
+  ImageBuilder odd(0x10001);  // offset 1 is at FF0000
+  odd.Data(0x101, Data{0xDB, 0});
+  const Dump moved{ImageOf(std::move(odd)), {}, {}, {}};
+  EXPECT_EQ(ReadValues(moved, 0x100, Messages()).at(IndexOf(moved, "Instruction")).text, "");
+  EXPECT_EQ(ReadValues(moved, 0x101, Messages()).at(IndexOf(moved, "Instruction")).text, "RETS");
   const std::vector<HexValue> last = ReadValues(dump, 0xFFFF, Messages());
   EXPECT_EQ(last.at(IndexOf(dump, "uint8")).text, "255  0xFF");
   EXPECT_EQ(last.at(IndexOf(dump, "uint16 LE")).text, "");
