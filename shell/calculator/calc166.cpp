@@ -150,7 +150,7 @@ void Calc166::FitFields() {
   GetSizer()->SetSizeHints(this);
 }
 
-wxString Calc166::Error() const { return error_->GetLabel(); }
+wxString Calc166::Error() const { return error_->GetLabelText(); }
 
 std::int32_t Calc166::CorrBase() const { return dump_.corrBase ? dump_.corrBase() : 0; }
 
@@ -161,15 +161,15 @@ void Calc166::BaseChanged() {
 // Runs the change handler of a field that the user typed into. A field that cannot be read leaves the other
 // fields unchanged.
 void Calc166::Convert(wxTextCtrl& field, void (Calc166::*change)()) {
-  if (Updating) return;
-  Updating = true;
+  if (isUpdating_) return;
+  isUpdating_ = true;
   if (std::exchange(typed_, &field) != &field) pageBefore_ = Page->GetValue();
   try {
     (this->*change)();
   } catch (const std::overflow_error&) {
   } catch (const std::invalid_argument&) {
   }
-  Updating = false;
+  isUpdating_ = false;
   ShowFaults();
 }
 
@@ -185,7 +185,7 @@ void Calc166::ShowFaults() {
     text.Refresh();
     if (fault && (shown.empty() || &text == typed_)) shown = Wx(messages_.MsgS(*fault, value));
   }
-  error_->SetLabel(shown);
+  error_->SetLabelText(shown);
 }
 
 // The field that the user types into keeps its text.

@@ -4,7 +4,6 @@
 #include <wx/dataview.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
-#include <wx/splitter.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -13,6 +12,7 @@
 #include "core/notation.h"
 #include "shell/base/product.h"
 #include "shell/base/program_picture.h"
+#include "shell/base/splitter.h"
 #include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/services/clipboard.h"
@@ -123,7 +123,7 @@ wxSizer* BlockView::MakeFacts() {
 }
 
 void BlockView::MakeSheets() {
-  sheets_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
+  sheets_ = NewSplitter(*this);
   dump_ = new wxTextCtrl(sheets_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                          wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxTE_DONTWRAP | wxTE_NOHIDESEL);
   dump_->SetFont(wxFont(wxFontInfo().Family(wxFONTFAMILY_TELETYPE)));

@@ -139,10 +139,12 @@ void Main::OpenInNewWindow_Click() {
   if (path) OpenInNewWindow(*path, {});
 }
 
-// The new window belongs to a process of its own, which keeps a fault in one from the other.
+// The new window belongs to a process of its own, which keeps a fault in one from the other. Paths are in
+// quotes because they may contain apostrophes.
 void Main::OpenInNewWindow(const std::filesystem::path& dump, const std::filesystem::path& patch) {
-  std::string command = quot(PathText(ProgramFile())) + " " + quot(PathText(dump));
-  if (!patch.empty()) command += " " + quot(PathText(patch));
+  std::string command;
+  for (const std::filesystem::path& path : {ProgramFile(), dump, patch})
+    if (!path.empty()) command += (command.empty() ? "\"" : " \"") + PathText(path) + "\"";
   place_->StoreForNext(settings_);
   launcher_->shel(command);
 }

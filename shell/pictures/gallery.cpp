@@ -153,7 +153,7 @@ void Gallery::OpenMenu(const wxContextMenuEvent& event) {
 }
 
 void Gallery::PressKey(wxKeyEvent& event) {
-  if (count_ == 0) return event.Skip();
+  if (count_ == 0 || event.AltDown()) return event.Skip();  // Alt with an arrow goes back and forth
   const auto current = static_cast<long>(selected_.value_or(0));
   const auto step = static_cast<long>(columns_);
   const long page = step * std::max(1, GetClientSize().y / cell_.y);
@@ -169,6 +169,7 @@ void Gallery::PressKey(wxKeyEvent& event) {
     case WXK_HOME: next = 0; break;
     case WXK_END: next = last; break;
     case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
       if (onActivate) onActivate(static_cast<std::size_t>(current));
       return;
     default: return event.Skip();

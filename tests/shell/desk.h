@@ -19,7 +19,6 @@
 #include "demo/demo_image.h"
 #include "document/explorers.h"
 #include "image_builder.h"
-#include "patch/misfit_table.h"
 #include "shell/base/strings.h"
 #include "shell/frame/main.h"
 #include "shell/info/info_panel.h"
@@ -44,9 +43,8 @@ struct Script {
   bool confirm = false;
   std::string answer;  // empty: cancel
   std::optional<std::filesystem::path> file;
-  std::filesystem::path offered;  // the suggestion when the window asked for a file to open
-  bool applyOthers = false;
-  std::optional<ReviewAnswer> reviewed;                 // nothing: cancel
+  std::filesystem::path offered;         // the suggestion when the window asked for a file to open
+  std::optional<ReviewAnswer> reviewed;  // nothing: cancel
   std::function<void(const Review&)> lookThrough = {};  // called before a list is answered
   bool opensWithSystem = true;                          // the system knows a program for each file
 
@@ -96,10 +94,6 @@ struct ScriptedDialogs final : Scripted, Dialogs {
     script.said.push_back("review " + Utf8(review.summary) + "\n" + TabSeparated(review.rows.All(), "\n"));
     if (script.lookThrough) script.lookThrough(review);
     return script.reviewed;
-  }
-  bool ApplyOthers(const MisfitTable& misfits) override {
-    script.said.push_back(misfits.Summary() + "\n" + TabSeparated(misfits.Rows().All(), "\n"));
-    return script.applyOthers;
   }
 };
 

@@ -14,6 +14,7 @@
 #include "shell/frame/wx_dialogs.h"
 #include "shell/hex_desk.h"
 #include "shell/keys.h"
+#include "shell/patch/apply_patch.h"
 
 namespace tarvelo {
 namespace {
@@ -45,7 +46,7 @@ TEST_F(Desk, DialogsTakeTheKeyboard) {
     const KeyPresser presser(*main, key);
     dialogs.Message("Failure", Dialogs::Icon::Critical);
     EXPECT_FALSE(dialogs.Confirm("No by default"));
-    EXPECT_FALSE(dialogs.ApplyOthers(misfits));
+    EXPECT_FALSE(dialogs.Show(ReviewOf(misfits)));
   }
   const KeyPresser presser(*main, WXK_ESCAPE);
   EXPECT_FALSE(dialogs.OpenFile("Open", "All files|*.*", folder / "dump.bin"));

@@ -151,7 +151,7 @@ TEST_F(PatchDesk, ChecksLinesWhileOneTypes) {
   Choose(Id::GoBack);
   expectAt(2, "Line: 2    differs    Found: FF");
 
-  script.applyOthers = true;
+  script.reviewed = ReviewAnswer();
   Said(Id::ApplyThisPatch);
   EXPECT_EQ(AsHex(Image().Region(0, 2)), "13 FF");
   expectAt(2, "Line: 2    differs    Found: FF");
