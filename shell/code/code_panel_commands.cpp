@@ -21,8 +21,9 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset copyLimit = 0x20000;    // rows
-constexpr Offset patternLimit = 0x1000;  // bytes
+// Bytes.
+constexpr Offset copyLimit = 0x80000;
+constexpr Offset patternLimit = 0x1000;
 
 }  // namespace
 
@@ -91,9 +92,9 @@ void CodePanel::Follow_Click() {
 }
 
 void CodePanel::CopyText_Click(bool withBytes) {
-  const Region rows = canvas_->ChosenRows();
-  if (rows.size > copyLimit) return bench_.talk.ComplainOfSize(Text::CopyInstructions, rows.size, copyLimit);
-  Copy(RowsText(rows, withBytes));
+  const Offset bytes = canvas_->Chosen().size;
+  if (bytes > copyLimit) return bench_.talk.ComplainOfSize(Text::CopyInstructions, bytes, copyLimit);
+  Copy(RowsText(canvas_->ChosenRows(), withBytes));
 }
 
 void CodePanel::CopyPointer_Click(bool isPage) {

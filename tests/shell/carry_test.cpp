@@ -97,7 +97,7 @@ TEST_F(CarryDesk, APatchIsCarriedAndTheOtherDumpOpened) {
     EXPECT_EQ(Shown(*dialog.Details(), 4).substr(0, 13), "3401B9\t426174");  // its bytes
     EXPECT_EQ(RowOf(dialog.List(), 3),
               "    5\trefused\t\t\t\t\t\tThis is not a line of a patch. \"rubbish\"\n");
-    script.file = file;
+    script.file = folder / "carried";  // gets its extension
   });
   // The patch is for the file, whatever was edited since.
   Open().Write(0x314078, std::vector<std::uint8_t>{0, 0, 0, 0});

@@ -4,6 +4,7 @@
 #else
 #include <wx/msw/wrapwin.h>
 #endif
+#include <wx/app.h>
 #include <wx/clipbrd.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
@@ -154,6 +155,20 @@ TEST_F(Desk, ListsAreSearchedByKeyboard) {
   main->Run(Id::ShowBlock);
   const BlockView& view = *Shown<EepromPanel>().View();
   EXPECT_TRUE(PressUntil(view, WXK_ESCAPE, wxMOD_NONE, [&] { return !view.IsShown(); }));
+}
+
+// An edit starts the search again; stopping that must not keep others from hearing of the edit.
+TEST_F(Desk, AStoppedSearchForReferencesHidesNoEdit) {
+  main->Dumps().OpenF(WriteDump("phone.bin"));
+  main->Bench().frame.ShowReferences(0x100);
+  int heard = 0;
+  const auto watch = Open().OnChange([&] { ++heard; });
+  ASSERT_TRUE(Until([] { wxUIActionSimulator().KeyDown(WXK_ESCAPE); },
+                    [] { return wxTheApp->IsActive() && wxGetKeyState(WXK_ESCAPE); }));
+  Open().Write(0x10, std::vector<std::uint8_t>{1});
+  wxUIActionSimulator().KeyUp(WXK_ESCAPE);
+  EXPECT_EQ(heard, 1);
+  EXPECT_EQ(Utf8(List().EmptyHint()), Messages().Msg(Text::SearchStopped));
 }
 
 TEST_F(Desk, PicturesGoToTheClipboard) {
