@@ -1,5 +1,6 @@
 // The main window's commands.
 #include <wx/menu.h>
+#include <wx/stc/stc.h>
 #include <wx/stdpaths.h>
 
 #include <utility>
@@ -83,6 +84,20 @@ void Main::Run(int id) {
   talk_.Guard(name, panel ? Command(show) : command->second);
   // Restores the tick, which the click itself has toggled.
   panels_->CheckMenu();
+}
+
+// The menu bar comes first: otherwise an editor would take keys for commands of its own, and GTK's input
+// method takes Ctrl+Shift+U in every window.
+void Main::PressKey(wxKeyEvent& event) {
+  const bool isInEditor = dynamic_cast<wxStyledTextCtrl*>(event.GetEventObject()) != nullptr;
+  const bool isOfInputMethod =
+      event.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT) && event.GetKeyCode() == 'U';
+  const wxMenuItem* entry =
+      event.ControlDown() && (isInEditor || isOfInputMethod) ? menus_.EntryOf(event) : nullptr;
+  if (entry)
+    ProcessCommand(entry->GetId());
+  else
+    event.Skip();
 }
 
 void Main::OpenWhenShown(const std::vector<std::string>& names) {

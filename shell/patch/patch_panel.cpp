@@ -93,13 +93,6 @@ void PatchPanel::BindEditor() {
     if (event.GetPosition() == wxDefaultPosition) editor_->EnsureCaretVisible();
     bench_.frame.PopUpCommands(MenuPlace(event, *editor_, editor_->BelowCaret()));
   });
-  // If keys reach the control before the menu bar, it would swap two lines on Ctrl+T.
-  editor_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'T')
-      bench_.frame.Run(Id::SaveText);
-    else
-      event.Skip();
-  });
   bench_.frame.AcceptDrops(*editor_);
   bench_.frame.AcceptDrops(*preview_);
 }
