@@ -1,4 +1,5 @@
 // The main window's commands.
+#include <wx/dataview.h>
 #include <wx/menu.h>
 #include <wx/stc/stc.h>
 #include <wx/stdpaths.h>
@@ -86,14 +87,15 @@ void Main::Run(int id) {
   panels_->CheckMenu();
 }
 
-// The menu bar comes first: otherwise an editor would take keys for commands of its own, and GTK's input
-// method takes Ctrl+Shift+U in every window.
+// The menu bar comes first: editors and GTK's lists have commands of their own for keys such as Ctrl+N, and
+// GTK's input method takes Ctrl+Shift+U in every window.
 void Main::PressKey(wxKeyEvent& event) {
-  const bool isInEditor = dynamic_cast<wxStyledTextCtrl*>(event.GetEventObject()) != nullptr;
+  wxObject* const control = event.GetEventObject();
+  const bool hasOwnKeys = dynamic_cast<wxStyledTextCtrl*>(control) || dynamic_cast<wxDataViewCtrl*>(control);
   const bool isOfInputMethod =
       event.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT) && event.GetKeyCode() == 'U';
-  const wxMenuItem* entry =
-      event.ControlDown() && (isInEditor || isOfInputMethod) ? menus_.EntryOf(event) : nullptr;
+  const bool isTaken = event.ControlDown() && (hasOwnKeys || isOfInputMethod);
+  const wxMenuItem* entry = isTaken ? menus_.EntryOf(event) : nullptr;
   if (entry)
     ProcessCommand(entry->GetId());
   else

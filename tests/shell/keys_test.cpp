@@ -140,7 +140,7 @@ TEST_F(Desk, CalculatorIsUsedByKeyboardAlone) {
 }
 
 // In every list, whichever window of the panel has the focus.
-TEST_F(Desk, ListsAreSearchedByKeyboard) {
+TEST_F(Desk, ListsAreUsedByKeyboard) {
   OpenDemo(Id::Info);
   const auto asks = [this](int key, int modifiers) {
     script.said.clear();
@@ -151,6 +151,8 @@ TEST_F(Desk, ListsAreSearchedByKeyboard) {
     EXPECT_TRUE(asks('F', wxMOD_CONTROL)) << Title();
     EXPECT_EQ(script.TakeSaid(), "ask Enter the string for search: ");
     EXPECT_TRUE(asks(WXK_F3, wxMOD_NONE)) << Title();
+    EXPECT_TRUE(asks('N', wxMOD_CONTROL)) << Title();
+    EXPECT_EQ(script.TakeSaid(), "ask Name this place: ");
   }
   main->Run(Id::ShowBlock);
   const BlockView& view = *Shown<EepromPanel>().View();
