@@ -11,56 +11,59 @@ namespace {
 
 constexpr Offset wordBits = 64;
 
-void Set(std::vector<std::uint64_t>& bits, Offset even) {
-  const auto bit = static_cast<std::uint64_t>(even) / 2;
+void Set(std::vector<std::uint64_t>& bits, Offset word) {
+  const auto bit = static_cast<std::uint64_t>(word);
   bits[bit / wordBits] |= std::uint64_t{1} << bit % wordBits;
 }
 
-bool Has(const std::vector<std::uint64_t>& bits, Offset even) {
-  const auto bit = static_cast<std::uint64_t>(even) / 2;
+bool Has(const std::vector<std::uint64_t>& bits, Offset word) {
+  const auto bit = static_cast<std::uint64_t>(word);
   return bit / wordBits < bits.size() && (bits[bit / wordBits] >> bit % wordBits & 1) != 0;
 }
-
-Offset EvenEnd(const Region& region) { return region.End() + (region.End() & 1); }
 
 }  // namespace
 
 CodeRows::CodeRows(Bytes bytes, const FunctionList& functions, std::vector<Region> data,
-                   std::span<const Offset> labels)
+                   std::span<const Offset> labels, Offset firstWord)
     : starts_(bytes.size() / (2 * wordBits) + 1),
       headings_(starts_.size()),
       data_(std::move(data)),
-      size_(static_cast<Offset>(bytes.size())) {
-  for (const Offset label : labels)
-    if (label % 2 == 0 && label >= 0 && label < size_) Set(headings_, label);
-  for (const Function& function : functions.All())
-    if (function.code.offset % 2 == 0) Set(headings_, function.code.offset);
+      size_(static_cast<Offset>(bytes.size())),
+      firstWord_(firstWord) {
+  const auto addHeading = [this](Offset offset) {
+    const bool isWord = offset >= firstWord_ && (offset - firstWord_) % 2 == 0;
+    if (isWord && offset < size_) Set(headings_, WordAt(offset));
+  };
+  std::ranges::for_each(labels, addHeading);
+  for (const Function& function : functions.All()) addHeading(function.code.offset);
+  const Offset words = WordFrom(size_);
   Offset done = 0;
   for (const Region& region : data_) {
-    const Offset start = std::clamp<Offset>(region.offset + (region.offset & 1), done, size_);
-    const Offset end = std::clamp<Offset>(EvenEnd(region), start, size_);
+    const Offset start = std::clamp(WordFrom(region.offset), done, words);
+    const Offset end = std::clamp(WordFrom(region.End()), start, words);
     MarkCode(bytes, functions, done, start);
-    MarkData({start, end - start});
+    MarkData(start, end);
     done = end;
   }
-  MarkCode(bytes, functions, done, size_);
+  MarkCode(bytes, functions, done, words);
   for (std::size_t i = 0; i < headings_.size(); ++i) headings_[i] &= starts_[i];
   CountRows();
 }
 
 // Rows end at multiples of 8 bytes and in front of labelled places.
-void CodeRows::MarkData(const Region& region) {
-  for (Offset at = region.offset; at < region.End(); at += 2)
-    if (at == region.offset || at % dataBytes == 0 || Has(headings_, at)) Set(starts_, at);
+void CodeRows::MarkData(Offset from, Offset end) {
+  for (Offset word = from; word < end; ++word)
+    if (word == from || word * 2 % dataBytes == 0 || Has(headings_, word)) Set(starts_, word);
 }
 
 void CodeRows::MarkCode(Bytes bytes, const FunctionList& functions, Offset from, Offset end) {
-  for (Offset at = from; at < end;) {
-    Set(starts_, at);
-    const int size = Instruction::Decode(bytes, at).Size();
-    const bool isCut = size == 4 && !functions.IsInstruction(at) &&
-                       (functions.IsInstruction(at + 2) || Has(headings_, at + 2));
-    at += isCut ? 2 : size;
+  for (Offset word = from; word < end;) {
+    Set(starts_, word);
+    const Offset at = OffsetOf(word), behind = OffsetOf(word + 1);
+    const bool isLong = behind - at == 2 && Instruction::Decode(bytes, at).Size() == 4;
+    const bool isCut = isLong && !functions.IsInstruction(at) &&
+                       (functions.IsInstruction(behind) || Has(headings_, word + 1));
+    word += isLong && !isCut ? 2 : 1;
   }
 }
 
@@ -76,13 +79,13 @@ const Region* CodeRows::DataAt(Offset offset) const {
   const auto after = std::ranges::upper_bound(data_, offset, {}, &Region::offset);
   if (after == data_.begin()) return nullptr;
   const Region& region = *std::prev(after);
-  return offset < EvenEnd(region) ? &region : nullptr;
+  return WordAt(offset) < WordFrom(region.End()) ? &region : nullptr;
 }
 
 Offset CodeRows::NextStart(Offset offset) const {
-  do offset += 2;
-  while (offset < size_ && !Has(starts_, offset));
-  return std::min(offset, size_);
+  Offset word = WordAt(offset) + 1;
+  while (OffsetOf(word) < size_ && !Has(starts_, word)) ++word;
+  return std::min(OffsetOf(word), size_);
 }
 
 CodeRow CodeRows::At(Offset row) const {
@@ -92,7 +95,7 @@ CodeRow CodeRows::At(Offset row) const {
   std::uint64_t starts = starts_[i];
   for (;; starts &= starts - 1) {
     const int bit = std::countr_zero(starts);
-    const Offset offset = (block * wordBits + bit) * 2;
+    const Offset offset = OffsetOf(block * wordBits + bit);
     if ((headings_[i] >> bit & 1) != 0 && left-- == 0) return {CodeRow::Kind::Heading, offset, 0};
     if (left-- > 0) continue;
     const auto kind = DataAt(offset) ? CodeRow::Kind::Data : CodeRow::Kind::Code;
@@ -101,9 +104,9 @@ CodeRow CodeRows::At(Offset row) const {
 }
 
 Offset CodeRows::RowOf(Offset offset) const {
-  Offset start = offset & ~Offset{1};
-  while (!Has(starts_, start)) start -= 2;
-  const auto bit = static_cast<std::uint64_t>(start) / 2;
+  Offset start = WordAt(offset);
+  while (!Has(starts_, start)) --start;
+  const auto bit = static_cast<std::uint64_t>(start);
   const std::size_t i = bit / wordBits;
   const std::uint64_t below = (std::uint64_t{1} << bit % wordBits) - 1;
   const std::uint64_t upTo = below << 1 | 1;

@@ -1,7 +1,6 @@
 #include "shell/calculator/calc166.h"
 
 #include <wx/panel.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -13,6 +12,7 @@
 #include <utility>
 
 #include "core/calculator.h"
+#include "shell/base/legible_red.h"
 #include "shell/base/program_picture.h"
 #include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
@@ -22,7 +22,6 @@ namespace tarvelo {
 namespace {
 
 constexpr int ignoredKey = 14;
-const wxColour wrongColour(0xC0, 0, 0);
 
 // The character that a key types: letters up to H (in upper case), digits, control characters; ignoredKey for
 // all others.
@@ -83,7 +82,6 @@ Calc166::Calc166(wxWindow* parent, const Messages& messages, Dump dump)
   std::ranges::copy(fields, fields_);
   error_ = new wxStaticText(sheet, wxID_ANY, wxString(), wxDefaultPosition,
                             wxSize(-1, sheet->GetTextExtent("0").y), wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
-  error_->SetForegroundColour(wrongColour);
   Arrange(*sheet);
   Recaption(messages);
   AdFF->Bind(wxEVT_LEFT_DCLICK, [this](wxMouseEvent&) { AdFF_DblClick(); });
@@ -97,6 +95,10 @@ Calc166::Calc166(wxWindow* parent, const Messages& messages, Dump dump)
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) {
     if (dump_.closed) dump_.closed();
     Destroy();
+  });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    ShowFaults();
+    event.Skip();
   });
   // Fields know their height only once they are shown.
   Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
@@ -150,7 +152,7 @@ void Calc166::FitFields() {
   GetSizer()->SetSizeHints(this);
 }
 
-wxString Calc166::Error() const { return error_->GetLabel(); }
+wxString Calc166::Error() const { return error_->GetLabelText(); }
 
 std::int32_t Calc166::CorrBase() const { return dump_.corrBase ? dump_.corrBase() : 0; }
 
@@ -161,15 +163,15 @@ void Calc166::BaseChanged() {
 // Runs the change handler of a field that the user typed into. A field that cannot be read leaves the other
 // fields unchanged.
 void Calc166::Convert(wxTextCtrl& field, void (Calc166::*change)()) {
-  if (Updating) return;
-  Updating = true;
+  if (isUpdating_) return;
+  isUpdating_ = true;
   if (std::exchange(typed_, &field) != &field) pageBefore_ = Page->GetValue();
   try {
     (this->*change)();
   } catch (const std::overflow_error&) {
   } catch (const std::invalid_argument&) {
   }
-  Updating = false;
+  isUpdating_ = false;
   ShowFaults();
 }
 
@@ -181,11 +183,12 @@ void Calc166::ShowFaults() {
     wxTextCtrl& text = *field.text;
     const std::string value = Utf8(text.GetValue());
     const auto fault = FaultOf([&] { return &text == L10 ? DecimalVal(value) : HexVal(value); });
-    text.SetForegroundColour(fault ? wrongColour : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+    text.SetForegroundColour(fault ? LegibleRed() : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
     text.Refresh();
     if (fault && (shown.empty() || &text == typed_)) shown = Wx(messages_.MsgS(*fault, value));
   }
-  error_->SetLabel(shown);
+  error_->SetForegroundColour(LegibleRed());
+  error_->SetLabelText(shown);
 }
 
 // The field that the user types into keeps its text.

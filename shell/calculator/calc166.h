@@ -74,7 +74,7 @@ class Calc166 final : public wxFrame {
   wxStaticText* error_;
   wxTextCtrl* typed_ = nullptr;  // the field that was changed last; never rewritten meanwhile
   wxString pageBefore_;          // the page when typing into that field began
-  bool Updating = false;         // the program is rewriting fields: ignore their change events
+  bool isUpdating_ = false;      // the program is rewriting fields: ignore their change events
 };
 
 }  // namespace tarvelo

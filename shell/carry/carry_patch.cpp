@@ -47,8 +47,9 @@ void Save(Workbench& bench, const std::string& text, const Dump& other, const st
   std::filesystem::path suggested = dump;
   suggested.replace_extension(".qpt");
   const wxString filter = Wx(bench.texts.Msg(Text::Patch)) + " (*.qpt)|*.qpt";
-  const auto file = bench.talk.SaveFile(Text::SavePatch, filter, suggested);
+  auto file = bench.talk.SaveFile(Text::SavePatch, filter, suggested);
   if (!file) return;
+  if (!file->has_extension()) *file += ".qpt";
   wxString told = Wx(bench.texts.Msg(Text::PatchSaved)) + "\n\n" + WxPath(*file);
   if (KeepOld(*file, bench.status))
     told += "\n\n" + Wx(bench.texts.MsgS(Text::FileKeptAs, PathText(BackupOf(*file).filename())));

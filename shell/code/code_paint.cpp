@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "core/notation.h"
 #include "core/places.h"
+#include "patch/pattern.h"
 #include "shell/base/blend.h"
 #include "shell/base/strings.h"
 
@@ -61,7 +61,8 @@ class Row {
     Put(scene_.columns.Place(), OffsetText(image, row_.offset), palette_.place);
     Put(scene_.columns.Address(), SegmentText(image, row_.offset), palette_.place);
     if (row_.size <= 4)
-      Put(scene_.columns.Bytes(), BytesText(), IsChanged() ? palette_.changed : palette_.place);
+      Put(scene_.columns.Bytes(), HexOfBytes(image.Region(row_.offset, row_.size)),
+          IsChanged() ? palette_.changed : palette_.place);
     int column = scene_.columns.Code();
     for (const CodePart& part : line.parts) column = Put(column, part.text, palette_.Of(part.ink));
     Put(std::max(column + 2, scene_.columns.Meaning()), line.meaning, palette_.meaning);
@@ -97,12 +98,6 @@ class Row {
     const int column = Put(scene_.columns.Place(), line.Text(), palette_.text);
     dc_.SetFont(font);
     Put(std::max(column + 2, scene_.columns.Code()), line.meaning, palette_.meaning);
-  }
-
-  [[nodiscard]] std::string BytesText() const {
-    std::string text;
-    for (int i = 0; i < row_.size; ++i) text += HexOfByte(scene_.view->Image().Byte(row_.offset + i));
-    return text;
   }
 
   [[nodiscard]] bool IsChanged() const {
@@ -168,10 +163,6 @@ class JumpLines {
   Offset first_;
   Offset end_;
 };
-
-}  // namespace
-
-namespace {
 
 void DrawHeader(wxDC& dc, const CodeScene& scene, const Palette& palette, int width) {
   const int columns[] = {scene.columns.Place(), scene.columns.Address(), scene.columns.Bytes(),

@@ -1,16 +1,16 @@
 #include "shell/code/code_panel.h"
 
 #include <wx/sizer.h>
-#include <wx/splitter.h>
 
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
-#include "core/notation.h"
 #include "core/places.h"
 #include "document/what_lies.h"
+#include "patch/pattern.h"
 #include "resources/texts.h"
+#include "shell/base/splitter.h"
 #include "shell/base/strings.h"
 #include "shell/code/code_canvas.h"
 #include "shell/code/function_side.h"
@@ -27,7 +27,7 @@ CodePanel::CodePanel(Workbench& bench)
                  {.menuEntry = Id::CodeView, .name = Text::Code, .saveTextCaption = Text::SaveCodeAsText},
                  ColonForm::Segment),
       commands_(MakeCommands()),
-      body_(new wxSplitterWindow(&Window(), wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE)),
+      body_(NewSplitter(Window())),
       canvas_(new CodeCanvas(body_)),
       side_(new FunctionSide(body_, bench.texts)) {
   auto* content = new wxBoxSizer(wxVERTICAL);
@@ -192,8 +192,7 @@ std::string CodePanel::RowText(Offset row, bool withBytes) const {
     return line.Text() + (line.meaning.empty() ? "" : "  " + line.meaning);
   std::string text = OffsetText(image, place.offset) + "  " + SegmentText(image, place.offset) + "  ";
   if (withBytes) {
-    std::string bytes;
-    for (int i = 0; i < place.size; ++i) bytes += HexOfByte(image.Byte(place.offset + i));
+    std::string bytes = HexOfBytes(image.Region(place.offset, place.size));
     bytes.resize(std::max<std::size_t>(bytes.size(), 8), ' ');
     text += bytes + "  ";
   }

@@ -46,7 +46,7 @@ class CodePanel final : public ImagePanel {
   // The list of functions beside the code.
   [[nodiscard]] FunctionSide& Side() { return *side_; }
   [[nodiscard]] bool IsSideShown() const;
-  // The row with this number, as it is shown: "80:006A  DA806A00  CALLS 80h, 6Ah  name".
+  // The row with this number as text: "00006A  80:006A  DA806A00  CALLS 80h, 6Ah  ; name".
   [[nodiscard]] std::string RowText(Offset row, bool withBytes) const;
 
  private:

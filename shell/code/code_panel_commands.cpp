@@ -21,8 +21,9 @@
 namespace tarvelo {
 namespace {
 
-constexpr Offset copyLimit = 0x20000;    // rows
-constexpr Offset patternLimit = 0x1000;  // bytes
+// Bytes.
+constexpr Offset copyLimit = 0x80000;
+constexpr Offset patternLimit = 0x1000;
 
 }  // namespace
 
@@ -91,9 +92,9 @@ void CodePanel::Follow_Click() {
 }
 
 void CodePanel::CopyText_Click(bool withBytes) {
-  const Region rows = canvas_->ChosenRows();
-  if (rows.size > copyLimit) return bench_.talk.ComplainOfSize(Text::CopyInstructions, rows.size, copyLimit);
-  Copy(RowsText(rows, withBytes));
+  const Offset bytes = canvas_->Chosen().size;
+  if (bytes > copyLimit) return bench_.talk.ComplainOfSize(Text::CopyInstructions, bytes, copyLimit);
+  Copy(RowsText(canvas_->ChosenRows(), withBytes));
 }
 
 void CodePanel::CopyPointer_Click(bool isPage) {
@@ -109,7 +110,7 @@ void CodePanel::CopyAsPattern_Click() {
   Copy(MaskedPattern(bench_.document.Image().ff(), chosen));
 }
 
-// Goes round at the end of the image.
+// Goes round at the end of the image. Code lies at even phone addresses, as what is chosen does.
 void CodePanel::FindAlike_Click() {
   const Fullflash& image = bench_.document.Image();
   const Region chosen = canvas_->Chosen();
@@ -118,7 +119,7 @@ void CodePanel::FindAlike_Click() {
   const Pattern pattern(MaskedPattern(image.ff(), chosen));
   const auto next = [&](Offset from) {
     Offset hit = FirstFrom(image, pattern, from);
-    while (hit >= 0 && hit % 2 != 0) hit = FirstFrom(image, pattern, hit + 1);
+    while (hit >= 0 && (hit - chosen.offset) % 2 != 0) hit = FirstFrom(image, pattern, hit + 1);
     return hit;
   };
   Offset hit = next(chosen.offset + 1);

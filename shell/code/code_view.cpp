@@ -47,7 +47,8 @@ CodeView::CodeView(const Dump& dump, const Messages& texts, std::shared_ptr<cons
     : dump_(dump),
       functions_(std::move(functions)),
       map_(std::move(map)),
-      rows_(dump.image.ff(), *functions_, DataOf(dump.image.ff(), map_.get()), LabelsOf(dump)),
+      rows_(dump.image.ff(), *functions_, DataOf(dump.image.ff(), map_.get()), LabelsOf(dump),
+            dump.image.FirstWord()),
       reader_({&dump_, &rows_, functions_.get(), map_.get(), dpps}, texts) {}
 
 const std::vector<FunctionJump>& CodeView::JumpsAt(Offset offset) const {

@@ -1,6 +1,7 @@
 #include "shell/code/references_panel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/places.h"
 #include "resources/texts.h"
@@ -52,10 +53,15 @@ ReferencesPanel::ReferencesPanel(Workbench& bench)
   nameWatch_ = bench.document.OnNames(renew);
 }
 
+// An edit may have led here: a stopped search must not keep others from hearing of it.
 void ReferencesPanel::Build() {
   if (!isStale_) return;
   const auto row = List().Selected();
-  Search();
+  try {
+    Search(*target_);
+  } catch (const Stopped&) {
+    found_.clear();
+  }
   List().ReplaceRows(Rows());
   if (row && !found_.empty()) List().Select(std::min(*row, found_.size() - 1));
   ShowHint();
@@ -77,8 +83,7 @@ void ReferencesPanel::Recaption(const Messages& messages) {
 }
 
 void ReferencesPanel::Show(Offset target) {
-  target_ = target;
-  Search();
+  Search(target);
   List().SetRows(Rows());
   if (!found_.empty()) List().Select(0);
   ShowHint();
@@ -95,12 +100,14 @@ void ReferencesPanel::Return(Offset here) {
   if (row < std::ssize(found_)) ListPanel::Return(row);
 }
 
-void ReferencesPanel::Search() {
+void ReferencesPanel::Search(Offset target) {
   Document& document = bench_.document;
   SearchProgress progress(bench_);
-  functions_ = document.Functions(progress);
-  found_ = GetReferences(document.Image(), *target_, *functions_, document.Dpps(), progress);
+  auto functions = document.Functions(progress);
+  found_ = GetReferences(document.Image(), target, *functions, document.Dpps(), progress);
   std::ranges::stable_sort(found_, {}, &Reference::sure);
+  functions_ = std::move(functions);
+  target_ = target;
   isStale_ = false;
 }
 
@@ -108,7 +115,10 @@ void ReferencesPanel::Search() {
 void ReferencesPanel::ShowHint() {
   if (!target_) return List().SetEmptyHint(HowToFill(Text::WhoRefers, "Ctrl+U", Text::HelpWhoRefers));
   std::string hint = std::string(bench_.texts.Msg(Text::ReferencesToLabel)) + NameOfTarget();
-  if (found_.empty()) hint = hint + ". " + std::string(bench_.texts.Msg(Text::NothingRefers));
+  if (isStale_)
+    hint = bench_.texts.Msg(Text::SearchStopped);
+  else if (found_.empty())
+    hint = hint + ". " + std::string(bench_.texts.Msg(Text::NothingRefers));
   List().SetEmptyHint(Wx(hint));
 }
 

@@ -27,6 +27,7 @@ class ReferencesPanel final : public ListPanel {
   void Return(Offset here) override;
 
   // Searches and lists the references to the byte at an offset, the surest first. It must be in the image.
+  // Throws Stopped, and still lists the former ones, if the user stops the search.
   void Show(Offset target);
   // The place that the list is about; none before the first search.
   [[nodiscard]] std::optional<Offset> Target() const { return target_; }
@@ -36,7 +37,7 @@ class ReferencesPanel final : public ListPanel {
   [[nodiscard]] PanelCommands MakeCommands() override;
 
  private:
-  void Search();
+  void Search(Offset target);
   void ShowHint();
   [[nodiscard]] TableRows Rows() const;
   [[nodiscard]] Table::Row RowOf(const Reference& reference) const;

@@ -1,7 +1,6 @@
 #include "shell/files/files_panel.h"
 
 #include <wx/dnd.h>
-#include <wx/splitter.h>
 
 #include <algorithm>
 #include <utility>
@@ -10,6 +9,7 @@
 #include "files/file_content.h"
 #include "files/files_explorer.h"
 #include "resources/texts.h"
+#include "shell/base/splitter.h"
 #include "shell/base/strings.h"
 #include "shell/files/file_preview.h"
 #include "shell/files/folder_tree.h"
@@ -24,10 +24,6 @@
 
 namespace tarvelo {
 namespace {
-
-wxSplitterWindow* NewSplitter(wxWindow& parent) {
-  return new wxSplitterWindow(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-}
 
 constexpr std::pair<FileDamage, Text> damages[] = {
     {DamageSecond, Text::FileHasSecond},      {DamageCutOff, Text::FileIsCutOff},

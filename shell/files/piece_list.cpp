@@ -1,5 +1,7 @@
 #include "shell/files/piece_list.h"
 
+#include <algorithm>
+
 #include "resources/messages.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"

@@ -1,4 +1,5 @@
-// The window itself: building it, its panels, its language. The commands are in main_commands.cpp.
+// The window itself: building it, its panels, its language. The commands are in main_commands.cpp,
+// the requests of panels in main_requests.cpp.
 #include "shell/frame/main.h"
 
 #include <wx/app.h>
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "code/functions_explorer.h"
 #include "document/explorers.h"
 #include "resources/texts.h"
 #include "shell/base/product.h"
@@ -123,6 +123,7 @@ Main::Main(Surroundings surroundings)
     event.Skip();
     UpdateBar();
   });
+  Bind(wxEVT_CHAR_HOOK, &Main::PressKey, this);
   Bind(wxEVT_MENU, [this](wxCommandEvent& event) { Run(event.GetId()); });
   Bind(wxEVT_CLOSE_WINDOW, &Main::Form_Unload, this);
   wxTheApp->Bind(wxEVT_QUERY_END_SESSION, &Main::QueryEndSession, this);
@@ -226,120 +227,5 @@ void Main::UpdateMenus() {
     return commands_.contains(id) || panels_->Of(id);
   });
 }
-
-// --- Frame: requests of panels ---
-
-void Main::ShowBl(Offset start, Offset size) {
-  if (!IsInside(start)) return;
-  if (!tools_.ShowBl(document_.Path(), start, size)) ShowHex(start, size);
-}
-
-bool Main::IsInside(Offset offset) {
-  const bool isInside = offset >= 0 && offset <= document_.Image().ffEnd();
-  if (!isInside) talk_.Complain(Text::DataOutsideImage);
-  return isInside;
-}
-
-void Main::ShowHex(Offset start, Offset size) {
-  if (!IsInside(start)) return;
-  Jump([&] {
-    panels_->ShowPanel(*hex_);
-    hex_->Go(start, size);
-  });
-}
-
-void Main::ShowCode(Offset start, Offset size) {
-  if (!IsInside(start)) return;
-  if (!document_.Image().PageMode()) return talk_.Complain(Text::NoCodeInLargeImage);
-  Jump([&] {
-    panels_->ShowPanel(*code_);
-    code_->Go(start, size);
-  });
-}
-
-void Main::ShowReferences(Offset target) {
-  if (!IsInside(target)) return;
-  if (!document_.Image().PageMode()) return talk_.Complain(Text::NoCodeInLargeImage);
-  Jump([&] {
-    references_->Show(target);
-    panels_->ShowPanel(*references_);
-  });
-}
-
-void Main::ShowFunctions(Offset offset) {
-  const auto functions = document_.Functions(*status_);
-  const Function* function = functions->At(offset);
-  Panel& list = *panels_->Of(PanelId(functionsExplorer));
-  Jump([&] {
-    panels_->ShowPanel(list);
-    if (function) list.Return(function - functions->All().data());
-  });
-}
-
-VisitedPlace Main::Here() const {
-  const Panel* visible = panels_->Visible();
-  return visible ? VisitedPlace{visible->Traits().menuEntry, visible->Here()} : VisitedPlace();
-}
-
-void Main::Jump(const Command& go) {
-  const VisitedPlace from = Here();
-  go();
-  history_.Jump(from, Here());
-}
-
-void Main::Revisit(const std::optional<VisitedPlace>& place) {
-  Panel* panel = place ? panels_->Of(place->panel) : nullptr;
-  if (!panel) return;
-  panels_->ShowPanel(*panel);
-  panel->Return(place->at);
-}
-
-void Main::ShowInPatch(Offset offset) {
-  const auto line = patch_->LineOf(offset);
-  if (!line) return talk_.Complain(Text::NotInPatch);
-  Jump([&] {
-    panels_->ShowPanel(*patch_);
-    patch_->Return(*line);
-  });
-}
-
-void Main::ShowPanel(Panel& panel) {
-  Jump([&] { panels_->ShowPanel(panel); });
-}
-
-void Main::ShowHits(const std::string& pattern) { hits_->Search(pattern); }
-
-void Main::ShowWhatLies(Offset offset) {
-  if (!IsInside(offset)) return;
-  if (!whatLies_)
-    whatLies_ = new WhatLiesWindow(
-        this, bench_, [this](const Explorer& explorer, std::size_t record) { ShowRecord(explorer, record); });
-  whatLies_->ShowPlace(offset);
-}
-
-void Main::ShowRecord(const Explorer& explorer, std::size_t record) {
-  Jump([&] {
-    auto& panel = dynamic_cast<ExplorerPanel&>(*panels_->Of(PanelId(explorer)));
-    panels_->ShowPanel(panel);
-    panel.ShowRecord(record);
-  });
-}
-
-void Main::FollowInHex(Offset start, Offset size) {
-  if (panels_->Visible() == hex_) ShowHex(start, size);
-}
-
-OtherDump Main::Other() const { return compare_->Other(); }
-
-void Main::AddInformation(const std::string& lines) { info_->AppendText(Wx(lines)); }
-
-void Main::AddInformation(const std::string& name, const std::string& body) { info_->AddText(name, body); }
-
-void Main::AddPatch(Text command, Offset changedBytes, std::size_t all,
-                    const std::function<std::vector<Change>()>& makeChanges) {
-  patch_->AskAndAddPatch(command, changedBytes, all, makeChanges);
-}
-
-void Main::OpenPatch(const std::filesystem::path& file) { patch_->OpenPatch(file); }
 
 }  // namespace tarvelo

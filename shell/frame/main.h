@@ -132,6 +132,7 @@ class Main final : public wxFrame, private Frame {
   void Help_Click();
   void About_Click();
   void ExitM_Click();
+  void PressKey(wxKeyEvent& event);
   void Form_Unload(wxCloseEvent& event);
   // The session is ending: the first asks about unsaved data, the second stores the settings.
   void QueryEndSession(wxCloseEvent& event);

@@ -1,5 +1,7 @@
 // The main window's commands.
+#include <wx/dataview.h>
 #include <wx/menu.h>
+#include <wx/stc/stc.h>
 #include <wx/stdpaths.h>
 
 #include <utility>
@@ -85,6 +87,21 @@ void Main::Run(int id) {
   panels_->CheckMenu();
 }
 
+// The menu bar comes first: editors and GTK's lists have commands of their own for keys such as Ctrl+N, and
+// GTK's input method takes Ctrl+Shift+U in every window.
+void Main::PressKey(wxKeyEvent& event) {
+  wxObject* const control = event.GetEventObject();
+  const bool hasOwnKeys = dynamic_cast<wxStyledTextCtrl*>(control) || dynamic_cast<wxDataViewCtrl*>(control);
+  const bool isOfInputMethod =
+      event.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT) && event.GetKeyCode() == 'U';
+  const bool isTaken = event.ControlDown() && (hasOwnKeys || isOfInputMethod);
+  const wxMenuItem* entry = isTaken ? menus_.EntryOf(event) : nullptr;
+  if (entry)
+    ProcessCommand(entry->GetId());
+  else
+    event.Skip();
+}
+
 void Main::OpenWhenShown(const std::vector<std::string>& names) {
   openWhenIdle_ = names;
   Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
@@ -139,10 +156,12 @@ void Main::OpenInNewWindow_Click() {
   if (path) OpenInNewWindow(*path, {});
 }
 
-// The new window belongs to a process of its own, which keeps a fault in one from the other.
+// The new window belongs to a process of its own, which keeps a fault in one from the other. Paths are in
+// quotes because they may contain apostrophes.
 void Main::OpenInNewWindow(const std::filesystem::path& dump, const std::filesystem::path& patch) {
-  std::string command = quot(PathText(ProgramFile())) + " " + quot(PathText(dump));
-  if (!patch.empty()) command += " " + quot(PathText(patch));
+  std::string command;
+  for (const std::filesystem::path& path : {ProgramFile(), dump, patch})
+    if (!path.empty()) command += (command.empty() ? "\"" : " \"") + PathText(path) + "\"";
   place_->StoreForNext(settings_);
   launcher_->shel(command);
 }

@@ -1,7 +1,10 @@
 #include "shell/frame/menus.h"
 
+#include <wx/accel.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
+
+#include <memory>
 
 #include "resources/messages.h"
 #include "resources/texts.h"
@@ -37,6 +40,18 @@ void RecaptionEntries(wxMenuBar& bar, const MenuGroup& group, const Messages& me
     item.SetItemLabel(captions[i] + shortcut);
     item.SetHelp(Wx(messages.Msg(entry.help)));
   }
+}
+
+const wxMenuItem* EntryIn(const wxMenu& menu, const wxKeyEvent& key) {
+  for (const wxMenuItem* entry : menu.GetMenuItems()) {
+    const wxMenuItem* found = entry->IsSubMenu() ? EntryIn(*entry->GetSubMenu(), key) : nullptr;
+    if (found) return found;
+    const std::unique_ptr<wxAcceleratorEntry> shortcut(entry->GetAccel());
+    // The flags of shortcuts and of keys have the same values.
+    if (shortcut && shortcut->GetFlags() == key.GetModifiers() && shortcut->GetKeyCode() == key.GetKeyCode())
+      return entry;
+  }
+  return nullptr;
 }
 
 // The help of a table entry that stands for several menu entries.
@@ -156,6 +171,12 @@ void Menus::Enable(bool documentOpen, const std::function<bool(int id)>& hasHand
 void Menus::CheckPanel(int shown) {
   for (const MenuEntry& entry : PanelEntries())
     if (entry.kind == wxITEM_CHECK && entry.id != Id::PanelBar) bar_->Check(entry.id, entry.id == shown);
+}
+
+const wxMenuItem* Menus::EntryOf(const wxKeyEvent& key) const {
+  for (std::size_t i = 0; i < bar_->GetMenuCount(); ++i)
+    if (const wxMenuItem* entry = EntryIn(*bar_->GetMenu(i), key)) return entry;
+  return nullptr;
 }
 
 void Menus::EnablePlaces(bool canGoBack, bool canGoForward) {

@@ -8,8 +8,10 @@
 #include "shell/frame/menu_table.h"
 
 class wxFrame;
+class wxKeyEvent;
 class wxMenu;
 class wxMenuBar;
+class wxMenuItem;
 
 namespace tarvelo {
 
@@ -41,6 +43,9 @@ class Menus {
 
   // Enables going back and forth.
   void EnablePlaces(bool canGoBack, bool canGoForward);
+
+  // The entry with the shortcut that a key event is; null if there is none.
+  [[nodiscard]] const wxMenuItem* EntryOf(const wxKeyEvent& key) const;
 
   // Ticks the entry of the visible panel, and only that one.
   void CheckPanel(int id);

@@ -100,6 +100,7 @@ PanelButton& PanelBar::Add(int id, const std::string& icon, char letter, wxBoxSi
 }
 
 void PanelBar::Key(wxKeyEvent& event, PanelButton& button) {
+  if (event.AltDown()) return event.Skip();  // with an arrow it goes back and forth
   switch (event.GetKeyCode()) {
     case WXK_UP:
     case WXK_LEFT: return Step(button, -1);

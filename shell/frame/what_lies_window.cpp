@@ -23,6 +23,12 @@ WhatLiesWindow::WhatLiesWindow(wxWindow* parent, Workbench& bench, ShowRecord sh
   Bind(
       wxEVT_BUTTON, [this](wxCommandEvent&) { Hide(); }, wxID_CLOSE);
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Hide(); });
+  changeWatch_ = bench.document.OnChange([this] { isStale_ = true; });
+  nameWatch_ = bench.document.OnNames([this] { isStale_ = true; });
+  Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    event.Skip();
+    if (IsShown() && isStale_) Renew();
+  });
 }
 
 wxString WhatLiesWindow::Msg(Text text) const { return Wx(bench_.texts.Msg(text)); }
@@ -45,17 +51,17 @@ void WhatLiesWindow::Renew() {
 }
 
 void WhatLiesWindow::Fill() {
+  isStale_ = false;
   const int gap = FromDIP(8);
   SetTitle(Msg(Text::WhatLiesHere));
   DestroyChildren();
   auto* column = new wxBoxSizer(wxVERTICAL);
-  auto* place = new wxStaticText(this, wxID_ANY, Wx(PlaceText(bench_.document.Image(), offset_)));
+  auto* place = NewText(Wx(PlaceText(bench_.document.Image(), offset_)));
   place->SetFont(GetFont().Bold());
   column->Add(place, 0, wxALL, gap);
   const auto things = WhatLiesAt(bench_.document, offset_, bench_.texts);
   for (const KnownThing& thing : things) AddThing(*column, thing);
-  if (things.empty())
-    column->Add(new wxStaticText(this, wxID_ANY, Msg(Text::NothingKnownHere)), 0, wxLEFT | wxRIGHT, gap);
+  if (things.empty()) column->Add(NewText(Msg(Text::NothingKnownHere)), 0, wxLEFT | wxRIGHT, gap);
   AddSearches(*column);
   column->AddStretchSpacer();
   auto* close = new wxButton(this, wxID_CLOSE, Msg(Text::Close));
@@ -65,9 +71,16 @@ void WhatLiesWindow::Fill() {
   close->SetDefault();
 }
 
+// Names may contain "&", which a label would take as a mark.
+wxStaticText* WhatLiesWindow::NewText(const wxString& text) {
+  auto* shown = new wxStaticText(this, wxID_ANY, wxString());
+  shown->SetLabelText(text);
+  return shown;
+}
+
 wxButton* WhatLiesWindow::AddButton(wxBoxSizer& line, Text caption, std::function<void()> run) {
   auto* button = new wxButton(this, wxID_ANY, Msg(caption));
-  // Later, because the command may fill this window anew.
+  // Later, because the command may rebuild this window.
   button->Bind(wxEVT_BUTTON, [this, caption, run = std::move(run)](wxCommandEvent&) {
     CallAfter([this, caption, run] { bench_.talk.Guard(Msg(caption), run); });
   });
@@ -83,7 +96,7 @@ void WhatLiesWindow::AddThing(wxBoxSizer& column, const KnownThing& thing) {
     text += "\n" + Wx(OffsetText(image, offset) + " .. " + OffsetText(image, offset + size - 1) + "  (" +
                       std::to_string(size) + ")");
   auto* line = new wxBoxSizer(wxHORIZONTAL);
-  line->Add(new wxStaticText(this, wxID_ANY, text), 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, FromDIP(16));
+  line->Add(NewText(text), 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, FromDIP(16));
   const auto name = [&](wxButton* button) {
     platform::SetAccessibleName(*button, button->GetLabelText() + ": " + Wx(thing.what));
   };
@@ -105,8 +118,7 @@ void WhatLiesWindow::AddSearches(wxBoxSizer& column) {
   if (missing.empty() && bench_.document.KnownMap()) return;
   auto* line = new wxBoxSizer(wxHORIZONTAL);
   if (missing.empty()) missing = " " + Msg(Text::Dump);
-  line->Add(new wxStaticText(this, wxID_ANY, Msg(Text::NotSearchedYet) + missing), 1,
-            wxALIGN_CENTRE_VERTICAL);
+  line->Add(NewText(Msg(Text::NotSearchedYet) + missing), 1, wxALIGN_CENTRE_VERTICAL);
   AddButton(*line, Text::SearchNow, [this] { Search(); });
   column.Add(line, 0, wxEXPAND | wxALL, FromDIP(8));
 }

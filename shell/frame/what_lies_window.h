@@ -10,6 +10,7 @@
 
 class wxBoxSizer;
 class wxButton;
+class wxStaticText;
 
 namespace tarvelo {
 
@@ -22,7 +23,8 @@ class WhatLiesWindow final : public wxDialog {
 
   // The place, which must be in the image. Nothing is searched before the user asks for it.
   void ShowPlace(Offset offset);
-  // Shows the same place again: something was found, or the language has changed.
+  // Shows the same place again: something was found, or the language has changed. The window itself follows
+  // edits and names.
   void Renew();
 
  private:
@@ -30,12 +32,16 @@ class WhatLiesWindow final : public wxDialog {
   void AddThing(wxBoxSizer& column, const KnownThing& thing);
   void AddSearches(wxBoxSizer& column);
   void Search();
+  wxStaticText* NewText(const wxString& text);
   wxButton* AddButton(wxBoxSizer& line, Text caption, std::function<void()> run);
   [[nodiscard]] wxString Msg(Text text) const;
 
   Workbench& bench_;
   ShowRecord showRecord_;
   Offset offset_ = 0;
+  bool isStale_ = false;  // bytes or names have changed since the window was filled
+  Document::Watch changeWatch_;
+  Document::Watch nameWatch_;
 };
 
 }  // namespace tarvelo

@@ -16,7 +16,6 @@
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
 #include "shell/list/review_dialog.h"
-#include "shell/patch/patch_check_dialog.h"
 
 namespace tarvelo {
 namespace {
@@ -152,10 +151,6 @@ std::optional<ReviewAnswer> WxDialogs::Show(const Review& review) {
   if (answer == wxID_OK) return ReviewAnswer();
   if (answer == wxID_APPLY) return ReviewAnswer{dialog.List().SelectedRows()};
   return {};
-}
-
-bool WxDialogs::ApplyOthers(const MisfitTable& misfits) {
-  return PatchCheckDialog(parent_, messages_, misfits).ShowModal() == wxID_OK;
 }
 
 }  // namespace tarvelo

@@ -35,7 +35,6 @@ class WxDialogs final : public Dialogs {
   std::optional<std::filesystem::path> SaveFile(const wxString& title, const wxString& filter,
                                                 const std::filesystem::path& current) override;
   std::optional<ReviewAnswer> Show(const Review& review) override;
-  bool ApplyOthers(const MisfitTable& misfits) override;
 
  private:
   wxWindow* parent_;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <stdexcept>
 
 #include "core/places.h"
@@ -15,7 +16,7 @@
 #include "shell/hex/value_panel.h"
 #include "shell/services/ids.h"
 #include "shell/services/place_commands.h"
-#include "shell/services/status_bar.h"
+#include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
 
 namespace tarvelo {
@@ -187,7 +188,7 @@ std::vector<PanelCommand> HexPanel::LookEntries() {
   return entries;
 }
 
-// Shown anew, the list gets the keyboard.
+// When the list appears, it gets the keyboard.
 void HexPanel::ShowValues_Click() {
   HexLook look = look_;
   look.showsValues = valuesFirst_ = !values_->IsShown();
@@ -198,12 +199,13 @@ void HexPanel::ShowValues_Click() {
     canvas_->SetFocus();
 }
 
-// Makes the map if nobody has asked for it yet.
+// Makes the map if nobody has asked for it yet. If the user stops that, nothing changes.
 void HexPanel::MapColours_Click() {
   HexLook look = look_;
   look.mapColours = !look.mapColours || !canvas_->Map();
   if (look.mapColours) try {
-      (void)bench_.document.Map(bench_.status);
+      SearchProgress progress(bench_);
+      (void)bench_.document.Map(progress);
     } catch (const std::length_error&) {
       bench_.talk.Complain(Text::TooManyBlocks);
     }

@@ -149,11 +149,10 @@ class Row {
       if (region.sure == Sureness::Unknown || group == &map::erasedGroup) continue;  // FF says it all
       const auto first = static_cast<int>(std::max<Offset>(first_, region.offset - OffsetOf(0)));
       const auto last = static_cast<int>(std::min<Offset>(end_, region.End() - OffsetOf(0))) - 1;
-      const std::uint32_t rgb = group->colour;
       wxRect line = Cells(scene_.columns.Hex(first), scene_.columns.Hex(last) + 2);
       line.y += line.height - height;
       line.height = height;
-      Fill(line, wxColour(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF));
+      Fill(line, FromRgb(group->colour));
     }
   }
 

@@ -3,7 +3,6 @@
 
 #include <wx/panel.h>
 
-#include <functional>
 #include <vector>
 
 #include "document/hex_values.h"

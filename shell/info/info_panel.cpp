@@ -59,30 +59,38 @@ InfoPanel::InfoPanel(Workbench& bench)
       commands_(EditCommands(bench)),
       window_(new wxPanel(&bench.frame.Parent())) {
   sheet_ = new wxPanel(window_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME);
-  Text = new wxTextCtrl(sheet_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                        wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxBORDER_NONE);
-  for (wxWindow* part : {sheet_, static_cast<wxWindow*>(Text)})
-    part->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
-  Frame = new wxStaticBox(window_, wxID_ANY, productTitle);
-  PicAbout = new wxStaticBitmap(Frame, wxID_ANY, AboutPicture());
+  text_ = new wxTextCtrl(sheet_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                         wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | wxBORDER_NONE);
+  ChooseColours();
+  box_ = new wxStaticBox(window_, wxID_ANY, productTitle);
+  picture_ = new wxStaticBitmap(box_, wxID_ANY, AboutPicture());
   welcome_ = new Welcome(sheet_, bench);
-  bench.frame.AcceptDrops(*Text);
-  Text->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+  bench.frame.AcceptDrops(*text_);
+  text_->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
     event.Skip();
     Explain(event.GetPosition());
+  });
+  window_->Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    ChooseColours();
+    event.Skip();
   });
   watch_ = bench.document.OnModel([this] { UpdateSummary(); });
   Layout();
 }
 
+void InfoPanel::ChooseColours() {
+  for (wxWindow* part : {sheet_, static_cast<wxWindow*>(text_)})
+    part->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+}
+
 void InfoPanel::Layout() {
   const int gap = window_->FromDIP(8);
-  auto* box = new wxStaticBoxSizer(Frame, wxVERTICAL);
+  auto* box = new wxStaticBoxSizer(box_, wxVERTICAL);
   box->AddStretchSpacer(1);
-  box->Add(PicAbout, 0, wxALIGN_CENTRE_HORIZONTAL | wxLEFT | wxRIGHT, window_->FromDIP(24));
+  box->Add(picture_, 0, wxALIGN_CENTRE_HORIZONTAL | wxLEFT | wxRIGHT, window_->FromDIP(24));
   box->AddStretchSpacer(2);
   auto* margin = new wxBoxSizer(wxVERTICAL);  // the control's own margins work only on Windows
-  margin->Add(Text, 1, wxEXPAND | wxALL, gap);
+  margin->Add(text_, 1, wxEXPAND | wxALL, gap);
   found_ = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
   AddButtons(*found_);
   margin->Add(found_, 0, wxEXPAND | wxALL, gap / 2);
@@ -117,24 +125,24 @@ void InfoPanel::ShowFigures() {
 
 void InfoPanel::Explain(const wxPoint& mouse) {
   long column = 0, line = 0;
-  if (Text->HitTest(mouse, &column, &line) == wxTE_HT_UNKNOWN) line = -1;
+  if (text_->HitTest(mouse, &column, &line) == wxTE_HT_UNKNOWN) line = -1;
   if (line == explained_) return;
   explained_ = line;
-  const std::string text = line < 0 ? std::string() : Utf8(Text->GetLineText(line));
+  const std::string text = line < 0 ? std::string() : Utf8(text_->GetLineText(line));
   const auto found = std::ranges::find_if(explanations, [&](const Explanation& each) {
     return !text.empty() && text.starts_with(bench_.texts.Msg(each.label));
   });
   if (found == std::end(explanations))
-    Text->UnsetToolTip();
+    text_->UnsetToolTip();
   else
-    Text->SetToolTip(Wx(bench_.texts.Msg(found->meaning)));
+    text_->SetToolTip(Wx(bench_.texts.Msg(found->meaning)));
 }
 
 wxWindow& InfoPanel::Window() { return *window_; }
 
 wxWindow& InfoPanel::FirstFocus() {
   if (welcome_->IsShown()) return welcome_->FirstButton();
-  return *Text;
+  return *text_;
 }
 
 void InfoPanel::Save() {
@@ -154,7 +162,7 @@ void InfoPanel::Recaption(const Messages& messages) {
   welcome_->Recaption(messages);
   UpdateSummary();
   ShowFigures();
-  platform::SetAccessibleName(*Text, Wx(messages.Msg(Traits().name)));
+  platform::SetAccessibleName(*text_, Wx(messages.Msg(Traits().name)));
   window_->Layout();
 }
 
@@ -169,7 +177,7 @@ void InfoPanel::UpdateSummary() {
   if (summary_.empty() || !text.StartsWith(summary_)) return;
   const wxString added = text.Mid(summary_.length());
   summary_ = SummaryText();
-  Text->ChangeValue(summary_ + added);
+  text_->ChangeValue(summary_ + added);
 }
 
 wxString InfoPanel::SummaryText() const {
@@ -177,10 +185,10 @@ wxString InfoPanel::SummaryText() const {
 }
 
 void InfoPanel::SetText(const wxString& text) {
-  Text->ChangeValue(text);
+  text_->ChangeValue(text);
   const bool hadFocus = window_->IsDescendant(wxWindow::FindFocus());
   welcome_->Show(text.empty());
-  Text->Show(!text.empty());
+  text_->Show(!text.empty());
   found_->ShowItems(!text.empty());
   ShowFigures();
   sheet_->Layout();
@@ -191,7 +199,7 @@ void InfoPanel::SetText(const wxString& text) {
 void InfoPanel::ShowRecent(const RecentFiles& files) { welcome_->ShowRecent(files); }
 
 void InfoPanel::AppendText(const wxString& text) {
-  Text->AppendText(text);
+  text_->AppendText(text);
   ShowFigures();
 }
 
@@ -212,6 +220,6 @@ void InfoPanel::AppendLong(std::string_view text) {
   }
 }
 
-wxString InfoPanel::GetText() const { return Text->GetValue(); }
+wxString InfoPanel::GetText() const { return text_->GetValue(); }
 
 }  // namespace tarvelo

@@ -15,7 +15,6 @@ class wxButton;
 class wxSizer;
 class wxStaticBitmap;
 class wxStaticBox;
-class wxStaticText;
 class wxTextCtrl;
 
 namespace tarvelo {
@@ -53,6 +52,7 @@ class InfoPanel final : public Panel {
   void AddText(const std::string& name, const std::string& body);
 
  private:
+  void ChooseColours();
   void Layout();
   // A button for each explorer, with its figure if that is known.
   void AddButtons(wxSizer& line);
@@ -67,12 +67,12 @@ class InfoPanel final : public Panel {
   PanelCommands commands_;
   wxWindow* window_;
   wxWindow* sheet_;  // the white page around the text
-  wxTextCtrl* Text;
+  wxTextCtrl* text_;
   std::string file_;  // that the summary names
   wxString summary_;  // in the current language
   Document::Watch watch_;
-  wxStaticBox* Frame;
-  wxStaticBitmap* PicAbout;
+  wxStaticBox* box_;
+  wxStaticBitmap* picture_;
   wxSizer* found_ = nullptr;        // the buttons,
   std::vector<wxButton*> buttons_;  // in the order of Explorers()
   long explained_ = -1;             // the line whose tooltip is shown

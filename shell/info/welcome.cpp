@@ -33,8 +33,6 @@ wxColour LinkColour() {
 Welcome::Welcome(wxWindow* parent, Workbench& bench)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL),
       bench_(bench) {
-  SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
-  SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
   auto* title = new wxStaticText(this, wxID_ANY, productName);
   title->SetFont(GetFont().Bold().Scaled(2));
   hint_ = new wxStaticText(this, wxID_ANY, wxString());
@@ -44,18 +42,29 @@ Welcome::Welcome(wxWindow* parent, Workbench& bench)
   continue_ = AddButton(Id::Continue);
   open_ = AddButton(Id::OpenFF);
   recentTitle_ = new wxStaticText(this, wxID_ANY, wxString());
-  for (std::size_t i = 0; i < recent_.size(); ++i) {
+  for (std::size_t i = 0; i < recent_.size(); ++i)
     recent_[i] = AddButton(Id::File1 + static_cast<int>(i), wxBORDER_NONE);
-    recent_[i]->SetForegroundColour(LinkColour());
-  }
   demonstration_ = AddButton(Id::Demonstration);
   secondDemonstration_ = AddButton(Id::SecondDemonstration);
   help_ = AddButton(Id::Help);
   Arrange(*title);
+  ChooseColours();
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    ChooseColours();
+    event.Skip();
+  });
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
     ShowHint();
   });
+}
+
+void Welcome::ChooseColours() {
+  SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+  for (wxWindow* child : GetChildren())
+    if (dynamic_cast<wxStaticText*>(child))
+      child->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+  for (wxButton* file : recent_) file->SetForegroundColour(LinkColour());
 }
 
 // Wraps the texts to the window's width.

@@ -28,6 +28,7 @@ class Welcome final : public wxScrolledWindow {
 
  private:
   void Arrange(wxWindow& title);
+  void ChooseColours();
   void ShowHint();
   void Wrap(wxStaticText& control, const wxString& text, int width);
   // A button that runs a command.

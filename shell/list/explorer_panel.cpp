@@ -49,7 +49,10 @@ ExplorerPanel::ExplorerPanel(Workbench& bench, const Explorer& explorer, wxWindo
     if (IsSeen() && CanChange()) ExplorerPanel::Build();
   });
   nameWatch_ = bench.document.OnNames([this] {
-    if (found_) List().Reword(listing_.rows);
+    if (!found_) return;
+    isSelecting_ = true;
+    List().Reword(listing_.rows);
+    isSelecting_ = false;
   });
 }
 

@@ -67,7 +67,7 @@ class ExplorerPanel : public ListPanel {
   // Which records have rows, of those that would otherwise have one; empty: all. Called whenever the list is
   // made, with the new findings in Found.
   [[nodiscard]] virtual std::function<bool(std::size_t record)> Narrowing() { return {}; }
-  // Makes the list anew, after Narrowing has changed. The chosen record stays chosen; if it is no longer
+  // Rebuilds the list after Narrowing has changed. The chosen record stays chosen; if it is no longer
   // listed, the next one is chosen.
   void ListAgain();
   [[nodiscard]] bool ShowsDeleted() const { return showDeleted_; }

@@ -12,6 +12,7 @@
 #include "resources/messages.h"
 #include "resources/texts.h"
 #include "shell/base/blend.h"
+#include "shell/base/legible_red.h"
 #include "shell/base/strings.h"
 #include "shell/platform/accessible_name.h"
 #include "shell/platform/list_keys.h"
@@ -24,12 +25,6 @@ namespace {
 constexpr int widestColumn = 60;  // characters; longer texts are cut off on the screen
 constexpr std::size_t rowsMeasured = 500;
 constexpr std::size_t longestDrawn = 2000;  // bytes of a cell; a melody may have millions
-
-// A red that is legible on the theme's background.
-wxColour MarkedColour() {
-  const bool isDark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
-  return isDark ? wxColour(0xFF, 0x70, 0x70) : wxColour(0xC0, 0, 0);
-}
 
 // The ground of every second row, where the system has none: a little off the list's, in light and dark
 // themes.
@@ -69,7 +64,7 @@ class ListView::Model final : public wxDataViewVirtualListModel {
   bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attr) const override {
     const Table::Row* found = column < view_.markedColumns_ ? Find(row) : nullptr;
     if (!found || !found->marked) return false;
-    attr.SetColour(MarkedColour());
+    attr.SetColour(LegibleRed());
     return true;
   }
 

@@ -4,6 +4,7 @@
 #include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 
 #include <algorithm>
 
@@ -11,6 +12,7 @@
 #include "shell/base/product.h"
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
+#include "shell/platform/accessible_name.h"
 
 namespace tarvelo {
 
@@ -24,7 +26,11 @@ ReviewDialog::ReviewDialog(wxWindow* parent, const Messages& messages, const Rev
   list_->Recaption(messages, review.title);
   list_->SetRows(review.rows);
   auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(new wxStaticText(this, wxID_ANY, review.summary), 0, wxEXPAND | wxALL, gap);
+  if (!review.heading.empty())
+    column->Add(MakeHeading(messages), 0, wxEXPAND | wxLEFT | wxTOP | wxRIGHT, gap);
+  auto* summary = new wxStaticText(this, wxID_ANY, wxString());
+  summary->SetLabelText(review.summary);
+  column->Add(summary, 0, wxEXPAND | wxALL, gap);
   column->Add(list_, 3, wxEXPAND | wxLEFT | wxRIGHT, gap);
   if (review.details) {
     text_ = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
@@ -41,7 +47,18 @@ ReviewDialog::ReviewDialog(wxWindow* parent, const Messages& messages, const Rev
   SetSizerAndFit(column);  // the minimum size
   FitScreen();
   if (list_->RowCount() > 0) list_->Select(0);
-  list_->Control().SetFocus();
+  if (review.details || review.acceptSelected) list_->Control().SetFocus();
+}
+
+wxTextCtrl* ReviewDialog::MakeHeading(const Messages& messages) {
+  constexpr int mostLines = 6;
+  const wxString& text = review_.heading;
+  auto* heading = new wxTextCtrl(this, wxID_ANY, text, wxDefaultPosition, wxDefaultSize,
+                                 wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
+  platform::SetAccessibleName(*heading, Wx(messages.Msg(review_.title)));
+  const int lines = std::min(static_cast<int>(text.Freq('\n')) + 1, mostLines);
+  heading->SetMinSize(wxSize(-1, lines * heading->GetCharHeight() + FromDIP(24)));
+  return heading;
 }
 
 void ReviewDialog::ShowDetails(std::size_t row) {
@@ -69,9 +86,10 @@ wxSizer* ReviewDialog::MakeButtons(const Messages& messages) {
     selected->Bind(wxEVT_UPDATE_UI,
                    [this](wxUpdateUIEvent& event) { event.Enable(list_->Selected().has_value()); });
   }
-  auto* const cancel = add(wxID_CANCEL, Text::Cancel);
+  auto* const cancel = add(wxID_CANCEL, review_.cancel);
   SetEscapeId(wxID_CANCEL);
   cancel->SetDefault();
+  cancel->SetFocus();  // unless the list is to be used
   return row;
 }
 

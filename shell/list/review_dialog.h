@@ -6,6 +6,7 @@
 #include "shell/services/review.h"
 
 class wxStaticText;
+class wxTextCtrl;
 
 namespace tarvelo {
 
@@ -23,6 +24,7 @@ class ReviewDialog final : public wxDialog {
   [[nodiscard]] ListView* Details() { return details_; }
 
  private:
+  [[nodiscard]] wxTextCtrl* MakeHeading(const Messages& messages);
   [[nodiscard]] wxSizer* MakeButtons(const Messages& messages);
   void ShowDetails(std::size_t row);
   void FitScreen();

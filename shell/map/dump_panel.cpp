@@ -193,12 +193,12 @@ void DumpPanel::StepInKind(int direction) {
 }
 
 // Searches from the chosen region on, wrapping around.
-void DumpPanel::Step(int direction, const std::function<bool(const Claim&)>& isSought) {
+void DumpPanel::Step(int direction, const std::function<bool(const Claim&)>& isWanted) {
   const std::size_t count = Regions().size();
   std::size_t row = List().Selected().value_or(count - 1);
   for (std::size_t i = 0; i < count; ++i) {
     row = (row + (direction > 0 ? 1 : count - 1)) % count;
-    if (isSought(Regions()[row])) return List().Select(row);
+    if (isWanted(Regions()[row])) return List().Select(row);
   }
 }
 

@@ -45,7 +45,7 @@ class DumpPanel final : public ListPanel {
   void ImageChanged();
   // The row of the region at an offset; none outside the image.
   [[nodiscard]] std::optional<std::size_t> RowAt(Offset offset) const;
-  void Step(int direction, const std::function<bool(const Claim&)>& isSought);
+  void Step(int direction, const std::function<bool(const Claim&)>& isWanted);
   // Moves to the next or previous region of the same kind, wrapping around.
   void StepInKind(int direction);
   [[nodiscard]] const std::vector<Claim>& Regions() const { return map_->regions; }

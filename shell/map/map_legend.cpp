@@ -11,6 +11,7 @@
 #include "document/map_kinds.h"
 #include "document/map_table.h"
 #include "resources/texts.h"
+#include "shell/base/blend.h"
 #include "shell/base/strings.h"
 
 namespace tarvelo {
@@ -37,11 +38,7 @@ wxString Percent(Offset size, Offset whole) {
 
 }  // namespace
 
-wxColour ColourOf(const ClaimGroup& group) {
-  const std::uint32_t rgb = group.colour;
-  return {static_cast<unsigned char>(rgb >> 16), static_cast<unsigned char>(rgb >> 8),
-          static_cast<unsigned char>(rgb)};
-}
+wxColour ColourOf(const ClaimGroup& group) { return FromRgb(group.colour); }
 
 MapLegend::MapLegend(wxWindow* parent) : wxPanel(parent) {
   SetSizer(new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES));

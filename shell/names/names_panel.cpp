@@ -15,11 +15,12 @@ namespace tarvelo {
 
 NamesPanel::NamesPanel(Workbench& bench)
     : ListPanel(bench, {.menuEntry = Id::PlaceNames, .name = Text::PlaceNames}, 'N') {
-  nameWatch_ = bench.document.OnNames([this] {
+  const auto renew = [this] {
     isStale_ = true;
     if (bench_.frame.IsVisible(*this)) Build();
-  });
-  changeWatch_ = bench.document.OnChange([this] { List().Reword(Rows()); });
+  };
+  nameWatch_ = bench.document.OnNames(renew);
+  changeWatch_ = bench.document.OnChange(renew);
   List().Control().Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_DELETE && event.GetModifiers() == wxMOD_NONE)
       bench_.frame.Run(Id::RemoveNames);

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "shell/list/list_panel.h"
@@ -32,7 +31,7 @@ class NamesPanel final : public ListPanel {
   void Remove_Click();
 
   std::vector<std::uint32_t> addresses_;  // of the phone, ascending: one for each row
-  bool isStale_ = false;
+  bool isStale_ = false;                  // names, or what lies at their places, have changed
   Document::Watch changeWatch_;
   Document::Watch nameWatch_;
 };

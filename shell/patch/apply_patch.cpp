@@ -4,31 +4,15 @@
 
 #include <utility>
 
-#include "core/file.h"
-#include "patch/misfit_table.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/patch/patch_files.h"
-#include "shell/services/status_bar.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
 #include "text/unicode.h"
 
 namespace tarvelo {
 namespace {
-
-// The largest patch file, in bytes. In memory its lines take many times as much.
-constexpr std::uint64_t patchFileLimit = 32 << 20;
-
-// Reads a patch file. If it is too large, tells the user and returns nothing.
-std::optional<ReadPatch> ReadPatchFile(Workbench& bench, const std::filesystem::path& file) try {
-  const FileBytes bytes = ReadFile(file, patchFileLimit, bench.status);
-  return ReadPatchText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size});
-} catch (const FileError& error) {
-  if (error.Reason() != FileError::Kind::TooLarge) throw;
-  bench.talk.Complain(Wx(bench.texts.Msg(Text::PatchFileTooLarge)) + "\n\n" + WxPath(file));
-  return {};
-}
 
 // What the program says when it writes a patch, and when there is nothing to write.
 struct Words {
@@ -75,18 +59,28 @@ void Apply(Workbench& bench, const ReadPatch& patch, const Words& words, const s
   const auto tell = [&](Text text) { TellAbout(bench, std::string(bench.texts.Msg(text)), file); };
   if (misfits.Count() == 0 && patch.changes.empty()) return tell(Text::PatchWithoutChanges);
   if (misfits.Count() == 0 && check.CarriesAll()) return tell(words.allThere);
-  if (misfits.Count() > 0 && !bench.talk.ApplyOthers(misfits)) return;
+  if (misfits.Count() > 0 && !bench.talk.Show(ReviewOf(misfits))) return;
   if (misfits.Fitting() > 0) WriteChanges(bench, check.ToWrite(patch.changes), misfits, words, file);
 }
 
 }  // namespace
 
+Review ReviewOf(const MisfitTable& misfits) {
+  return {.title = misfits.Words().title,
+          .heading = Wx(misfits.Header()),
+          .summary = Wx(misfits.Summary()),
+          .rows = misfits.Rows(),
+          .accept = misfits.Words().accept,
+          .canAccept = misfits.Fitting() > 0,
+          .cancel = misfits.Words().leave};
+}
+
 void ApplyPatch_Click(Workbench& bench) {
-  const std::filesystem::path own = bench.document.Beside(".qpt");
-  const std::filesystem::path offered = FileExist(own) ? own : own.parent_path() / "";
-  const auto file = bench.talk.OpenFile(Text::ApplyPatchFile, PatchFilter(bench.texts), offered);
+  const auto file = AskForPatch(bench, Text::ApplyPatchFile, bench.document.Beside(".qpt"));
   if (!file) return;
-  if (const auto patch = ReadPatchFile(bench, *file)) Apply(bench, *patch, applying, *file);
+  if (const auto bytes = ReadPatchBytes(bench, *file))
+    Apply(bench, ReadPatchText({reinterpret_cast<const char*>(bytes->data.get()), bytes->size}), applying,
+          *file);
 }
 
 void ApplyPatch(Workbench& bench, const ReadPatch& patch) { Apply(bench, patch, applying, {}); }

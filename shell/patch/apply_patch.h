@@ -4,11 +4,16 @@
 
 #include <filesystem>
 
+#include "patch/misfit_table.h"
 #include "patch/patch_apply.h"
+#include "shell/services/review.h"
 
 namespace tarvelo {
 
 struct Workbench;
+
+// The lines that do not fit, for the user to decide whether to write the others. The table must outlive it.
+[[nodiscard]] Review ReviewOf(const MisfitTable& misfits);
 
 // Asks for a patch file and applies it. If lines do not fit, lists them and writes nothing unless the user
 // agrees.

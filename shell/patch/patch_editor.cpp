@@ -40,10 +40,7 @@ PatchEditor::PatchEditor(wxWindow* parent) : TextPane(parent) {
   SetMarginType(symbolMargin, wxSTC_MARGIN_BACK);
   SetMarginMask(symbolMargin, (1 << lineVerdicts) - 1);
   SetMarginWidth(symbolMargin, FromDIP(16));
-  for (const int key : {'D', 'L', 'M', 'N', 'T', 'U'})
-    CmdKeyClear(key, wxSTC_KEYMOD_CTRL);  // of the menu bar
-  for (const int key : {'L', 'T', 'U'})   // of other panels; here they would delete, copy and change a line
-    CmdKeyClear(key, wxSTC_KEYMOD_CTRL | wxSTC_KEYMOD_SHIFT);
+  CmdKeyClear('T', wxSTC_KEYMOD_CTRL | wxSTC_KEYMOD_SHIFT);  // copies a line, which no menu says
   Bind(wxEVT_STC_STYLENEEDED, &PatchEditor::StyleLines, this);
   Bind(wxEVT_STC_UPDATEUI, [this](wxStyledTextEvent& event) {
     UpdateSeen();

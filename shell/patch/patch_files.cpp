@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/file.h"
 #include "resources/texts.h"
 #include "shell/base/strings.h"
 #include "shell/services/kept_file.h"
@@ -14,8 +13,8 @@
 namespace tarvelo {
 namespace {
 
-constexpr std::uint64_t documentLimit = 32 << 20;  // bytes
-constexpr std::size_t lineLimit = 1 << 18;         // bytes; the editor lays out whole lines
+constexpr std::uint64_t fileLimit = 32 << 20;  // bytes; in memory the lines take many times as much
+constexpr std::size_t lineLimit = 1 << 18;     // bytes; the editor lays out whole lines
 
 bool AreSame(const std::filesystem::path& one, const std::filesystem::path& other) {
   std::error_code error;
@@ -28,6 +27,19 @@ wxString PatchFilter(const Messages& texts) {
   return Wx(texts.Msg(Text::Patch)) + " (*.qpt)|*.qpt|" + Wx(texts.Msg(Text::AllFiles)) + "|*.*";
 }
 
+std::optional<std::filesystem::path> AskForPatch(Workbench& bench, Text title,
+                                                 const std::filesystem::path& own) {
+  return bench.talk.OpenFile(title, PatchFilter(bench.texts), FileExist(own) ? own : own.parent_path() / "");
+}
+
+std::optional<FileBytes> ReadPatchBytes(Workbench& bench, const std::filesystem::path& file) try {
+  return ReadFile(file, fileLimit, bench.status);
+} catch (const FileError& error) {
+  if (error.Reason() != FileError::Kind::TooLarge) throw;
+  bench.talk.Complain(Wx(bench.texts.Msg(Text::PatchFileTooLarge)) + "\n\n" + WxPath(file));
+  return {};
+}
+
 PatchFiles::PatchFiles(Workbench& bench) : bench_(bench) { recent_.Read(bench.settings); }
 
 std::string PatchFiles::Phone() const { return bench_.document.Info().StatusText(); }
@@ -37,21 +49,16 @@ std::filesystem::path PatchFiles::OwnFile() const { return bench_.document.Besid
 // --- reading ---
 
 std::optional<std::filesystem::path> PatchFiles::Ask(Text title) {
-  const std::filesystem::path own = path_.empty() ? OwnFile() : path_;
-  return bench_.talk.OpenFile(title, PatchFilter(bench_.texts),
-                              FileExist(own) ? own : own.parent_path() / "");
+  return AskForPatch(bench_, title, path_.empty() ? OwnFile() : path_);
 }
 
-std::optional<PatchFileText> PatchFiles::Read(const std::filesystem::path& file) try {
-  const FileBytes bytes = ReadFile(file, documentLimit, bench_.status);
+std::optional<PatchFileText> PatchFiles::Read(const std::filesystem::path& file) {
+  const auto bytes = ReadPatchBytes(bench_, file);
+  if (!bytes) return {};
   PatchFileText text =
-      ReadPatchFileText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size}, Phone());
+      ReadPatchFileText({reinterpret_cast<const char*>(bytes->data.get()), bytes->size}, Phone());
   if (LongestLine(text.document) <= lineLimit) return text;
   bench_.talk.Complain(Wx(bench_.texts.Msg(Text::PatchLineTooLong)) + "\n\n" + WxPath(file));
-  return {};
-} catch (const FileError& error) {
-  if (error.Reason() != FileError::Kind::TooLarge) throw;
-  bench_.talk.Complain(Wx(bench_.texts.Msg(Text::PatchFileTooLarge)) + "\n\n" + WxPath(file));
   return {};
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/file.h"
 #include "patch/patch_file_text.h"
 #include "resources/texts.h"
 #include "shell/settings/recent_files.h"
@@ -20,6 +21,13 @@ struct Workbench;
 // The file dialog filter for patch files.
 [[nodiscard]] wxString PatchFilter(const Messages& texts);
 
+// Asks for a patch file to open; `title` is the command. Offers `own`, or its folder if there is no such
+// file.
+[[nodiscard]] std::optional<std::filesystem::path> AskForPatch(Workbench& bench, Text title,
+                                                               const std::filesystem::path& own);
+// Reads a patch file. If it has more than 32 MiB, tells the user and returns nothing. Throws FileError.
+[[nodiscard]] std::optional<FileBytes> ReadPatchBytes(Workbench& bench, const std::filesystem::path& file);
+
 class PatchFiles {
  public:
   explicit PatchFiles(Workbench& bench);
@@ -30,8 +38,8 @@ class PatchFiles {
 
   // Asks for a patch file to open; `title` is the command.
   [[nodiscard]] std::optional<std::filesystem::path> Ask(Text title);
-  // Reads the text of a patch file. If it is too large, or has a line that would make the editor too slow,
-  // tells the user and returns nothing. Throws FileError.
+  // Reads the text of a patch file (ReadPatchBytes). If it has a line that would make the editor too slow,
+  // tells the user and returns nothing.
   [[nodiscard]] std::optional<PatchFileText> Read(const std::filesystem::path& file);
 
   // The document is that of a file now, or of none.

@@ -46,16 +46,16 @@ PatchPanel::PatchPanel(Workbench& bench)
                                wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
       halves_(new wxSplitterWindow(window_, wxID_ANY, wxDefaultPosition, window_->FromDIP(wxSize(400, 300)),
                                    wxSP_LIVE_UPDATE)),
-      Patch_(new PatchEditor(halves_)),
+      editor_(new PatchEditor(halves_)),
       below_(new wxPanel(halves_)),
       lineFacts_(new wxStaticText(below_, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE)),
       preview_(new ChangeView(below_, bench)),
       files_(bench),
-      check_(bench.document, *Patch_, [this] { ShowTotals(); }),
+      check_(bench.document, *editor_, [this] { ShowTotals(); }),
       search_(bench,
               [this](const auto& text, SearchFrom from) {
-                return Patch_->SelectNext(text, from == SearchFrom::Before);
+                return editor_->SelectNext(text, from == SearchFrom::Before);
               }),
       commands_(MakeCommands()) {
   Layout();
@@ -75,7 +75,7 @@ void PatchPanel::Layout() {
   below_->SetSizer(lower);
   halves_->SetMinimumPaneSize(window_->FromDIP(40));
   halves_->SetSashGravity(1);
-  halves_->SplitHorizontally(Patch_, below_, -window_->FromDIP(130));
+  halves_->SplitHorizontally(editor_, below_, -window_->FromDIP(130));
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(totals_, 0, wxEXPAND | wxALL, gap);
   all->Add(halves_, 1, wxEXPAND);
@@ -83,30 +83,23 @@ void PatchPanel::Layout() {
 }
 
 void PatchPanel::BindEditor() {
-  Patch_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { Patch_Change(); });
-  Patch_->Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-    const bool isStale = isLineStale_ || Patch_->CaretLine() != shownAt_;
-    if (isStale && Patch_->IsShownOnScreen()) ShowCaretLine();
+  editor_->Bind(wxEVT_STC_CHANGE, [this](wxStyledTextEvent&) { TextChanged(); });
+  editor_->Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    const bool isStale = isLineStale_ || editor_->CaretLine() != shownAt_;
+    if (isStale && editor_->IsShownOnScreen()) ShowCaretLine();
     event.Skip();
   });
-  Patch_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
-    if (event.GetPosition() == wxDefaultPosition) Patch_->EnsureCaretVisible();
-    bench_.frame.PopUpCommands(MenuPlace(event, *Patch_, Patch_->BelowCaret()));
+  editor_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    if (event.GetPosition() == wxDefaultPosition) editor_->EnsureCaretVisible();
+    bench_.frame.PopUpCommands(MenuPlace(event, *editor_, editor_->BelowCaret()));
   });
-  // If keys reach the control before the menu bar, it would swap two lines on Ctrl+T.
-  Patch_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'T')
-      bench_.frame.Run(Id::SaveText);
-    else
-      event.Skip();
-  });
-  bench_.frame.AcceptDrops(*Patch_);
+  bench_.frame.AcceptDrops(*editor_);
   bench_.frame.AcceptDrops(*preview_);
 }
 
 wxWindow& PatchPanel::Window() { return *window_; }
 
-wxWindow& PatchPanel::FirstFocus() { return *Patch_; }
+wxWindow& PatchPanel::FirstFocus() { return *editor_; }
 
 void PatchPanel::Build() {
   isLineStale_ = true;
@@ -114,7 +107,7 @@ void PatchPanel::Build() {
 }
 
 void PatchPanel::Clear() {
-  Patch_->Forget();
+  editor_->Forget();
   files_.Forget();
   check_.Restart();
   shownLine_.clear();
@@ -122,16 +115,16 @@ void PatchPanel::Clear() {
 }
 
 void PatchPanel::Recaption(const Messages& messages) {
-  platform::SetAccessibleName(*Patch_, Wx(messages.Msg(Traits().name)));
+  platform::SetAccessibleName(*editor_, Wx(messages.Msg(Traits().name)));
   platform::SetAccessibleName(*preview_, Wx(messages.Msg(Text::ChangeAsCode)));
   shownLine_.clear();
   isLineStale_ = true;
   ShowTotals();
 }
 
-Offset PatchPanel::Here() const { return static_cast<Offset>(Patch_->CaretLine()); }
+Offset PatchPanel::Here() const { return static_cast<Offset>(editor_->CaretLine()); }
 
-void PatchPanel::Return(Offset here) { Patch_->GoToLine(static_cast<std::size_t>(here)); }
+void PatchPanel::Return(Offset here) { editor_->GoToLine(static_cast<std::size_t>(here)); }
 
 // --- the check ---
 
@@ -143,7 +136,7 @@ void PatchPanel::ShowTotals() {
   };
   if (check)
     append(TotalsText(*check, bench_.texts));
-  else if (!Patch_->IsEmpty())
+  else if (!editor_->IsEmpty())
     append(std::string(bench_.texts.Msg(Text::CheckingPatch)));
   totals_->SetLabelText(Wx(text));
   totals_->SetToolTip(Wx(text));  // for a narrow window
@@ -154,9 +147,9 @@ void PatchPanel::ShowTotals() {
 void PatchPanel::ShowCaretLine() {
   isLineStale_ = false;
   const DocumentCheck* check = check_.Complete();
-  shownAt_ = Patch_->CaretLine();
+  shownAt_ = editor_->CaretLine();
   lineFacts_->SetLabelText(check ? Wx(LineText(*check, shownAt_, bench_.texts)) : wxString());
-  std::string line = Patch_->LineAtCaret();
+  std::string line = editor_->LineAtCaret();
   if (line == shownLine_) return;
   shownLine_ = std::move(line);
   bench_.talk.Guard(Wx(bench_.texts.Msg(Text::ChangeAsCode)),
@@ -168,7 +161,7 @@ wxString PatchPanel::Totals() const { return totals_->GetLabelText(); }
 wxString PatchPanel::LineFacts() const { return lineFacts_->GetLabelText(); }
 
 std::optional<Change> PatchPanel::CaretChange() const {
-  PatchLine read = ReadPatchLine(Patch_->LineAtCaret());
+  PatchLine read = ReadPatchLine(editor_->LineAtCaret());
   if (read.kind != PatchLine::Kind::Change) return {};
   return Change{Offset{read.address}, std::move(read.oldBytes), std::move(read.newBytes)};
 }
@@ -184,21 +177,21 @@ std::optional<Offset> PatchPanel::LineOf(Offset offset) {
 void PatchPanel::GoToProblem(bool backwards) {
   const DocumentCheck* check = check_.Finish(bench_.status);
   if (!check) return;
-  const auto line = check->NextProblem(Patch_->CaretLine(), backwards);
+  const auto line = check->NextProblem(editor_->CaretLine(), backwards);
   if (!line) return bench_.talk.Tell(Wx(bench_.texts.Msg(Text::NoProblems)));
-  Patch_->GoToLine(*line);
+  editor_->GoToLine(*line);
 }
 
 // --- the document ---
 
 // Every change, by the user or by the program, counts as unsaved; an empty text has nothing to lose.
-void PatchPanel::Patch_Change() {
-  bench_.status.SetPanel(StatusBar::patchPanel, Patch_->IsEmpty() ? "" : "P");
+void PatchPanel::TextChanged() {
+  bench_.status.SetPanel(StatusBar::patchPanel, editor_->IsEmpty() ? "" : "P");
   check_.Restart();
 }
 
 void PatchPanel::AddPatch(const std::string& name, const std::string& body, bool announce) {
-  Patch_->Append(PatchBlock(name, body));
+  editor_->Append(PatchBlock(name, body));
   if (announce)
     bench_.talk.Announce(Wx(bench_.texts.MsgS(Text::PatchAdded, name)), Wx(";" + name + "\n\n" + body));
 }
@@ -207,16 +200,16 @@ void PatchPanel::AskAndAddPatch(Text command, Offset changedBytes, std::size_t a
                                 const std::function<std::vector<Change>()>& makeChanges) {
   if (changedBytes > patchLimit) return bench_.talk.ComplainOfSize(command, changedBytes, patchLimit);
   const Messages& texts = bench_.texts;
-  const MergedPatch merged = MergeIntoPatch(Patch_->Lines(), makeChanges());
+  const MergedPatch merged = MergeIntoPatch(editor_->Lines(), makeChanges());
   if (merged.taken == 0) return bench_.talk.Tell(Wx(texts.Msg(Text::PatchHoldsChanges)));
   if (!merged.replaced.empty() && !bench_.talk.Confirm(Wx(texts.Msg(Text::AskReplacePatchLines)))) return;
   std::optional<std::string> name;
   if (!merged.added.empty() && !(name = bench_.talk.Ask(Text::AskPatchName, NameFor(merged.added)))) return;
   const std::string body = PatchLines(merged.added);
-  Patch_->BeginUndoAction();
-  Patch_->ReplaceLines(merged.replaced);
-  if (name) Patch_->Append(PatchBlock(*name, body));
-  Patch_->EndUndoAction();
+  editor_->BeginUndoAction();
+  editor_->ReplaceLines(merged.replaced);
+  if (name) editor_->Append(PatchBlock(*name, body));
+  editor_->EndUndoAction();
 
   std::string told = std::string(texts.Msg(Text::ChangesTakenLabel)) + std::to_string(merged.taken) + " / " +
                      std::to_string(all);
@@ -245,7 +238,7 @@ void PatchPanel::OpenPatch(const std::filesystem::path& file) {
   if (WasChanged(bench_)) return;
   const auto text = files_.Read(file);
   if (!text) return;
-  Patch_->Open(text->document);
+  editor_->Open(text->document);
   files_.Opened(file, *text);
   bench_.status.SetPanel(StatusBar::patchPanel, wxString());
   bench_.frame.RenewMenu(*this);
@@ -254,11 +247,11 @@ void PatchPanel::OpenPatch(const std::filesystem::path& file) {
 }
 
 bool PatchPanel::IsFromElsewhere() const {
-  return !Patch_->IsEmpty() && !files_.Path().empty() && files_.Path() != files_.OwnFile();
+  return !editor_->IsEmpty() && !files_.Path().empty() && files_.Path() != files_.OwnFile();
 }
 
 void PatchPanel::SavePatch() {
-  files_.Save(Patch_->Document());
+  files_.Save(editor_->Document());
   ShowTotals();
 }
 
@@ -267,7 +260,7 @@ void PatchPanel::SavePatchAs_Click() {
   auto file = bench_.talk.SaveFile(Text::SavePatchAs, PatchFilter(bench_.texts), offered);
   if (!file) return;
   if (!file->has_extension()) *file += ".qpt";
-  files_.SaveTo(*file, Patch_->Document());
+  files_.SaveTo(*file, editor_->Document());
   bench_.frame.RenewMenu(*this);
   ShowTotals();
 }

@@ -66,7 +66,7 @@ class PatchPanel final : public Panel {
   // Shows the instructions that the change in the current line concerns, before and after.
   void ChangeAsCode_Click();
 
-  [[nodiscard]] PatchEditor& Patch() { return *Patch_; }
+  [[nodiscard]] PatchEditor& Patch() { return *editor_; }
   // The texts above the patch and below it, and the instructions.
   [[nodiscard]] wxString Totals() const;
   [[nodiscard]] wxString LineFacts() const;
@@ -75,7 +75,7 @@ class PatchPanel final : public Panel {
  private:
   void Layout();
   void BindEditor();
-  void Patch_Change();
+  void TextChanged();
   void SavePatchAs_Click();
   void ClosePatch_Click();
   void ShowTotals();
@@ -92,7 +92,7 @@ class PatchPanel final : public Panel {
   wxPanel* window_;
   wxStaticText* totals_;
   wxSplitterWindow* halves_;
-  PatchEditor* Patch_;
+  PatchEditor* editor_;
   wxPanel* below_;
   wxStaticText* lineFacts_;
   ChangeView* preview_;

@@ -26,23 +26,23 @@ PanelCommands PatchPanel::MakeCommands() {
 // The text that copying and selecting are about.
 wxStyledTextCtrl& PatchPanel::Focused() {
   if (preview_->HasFocus()) return *preview_;
-  return *Patch_;
+  return *editor_;
 }
 
 std::vector<PanelCommand> PatchPanel::EditCommands() {
-  const auto any = [this] { return !Patch_->IsEmpty(); };
-  const auto selected = [this] { return !Patch_->GetSelectionEmpty(); };
+  const auto any = [this] { return !editor_->IsEmpty(); };
+  const auto selected = [this] { return !editor_->GetSelectionEmpty(); };
   const auto canCopy = [this] { return !Focused().GetSelectionEmpty(); };
-  const auto canUndo = [this] { return Patch_->CanUndo(); };
-  const auto canRedo = [this] { return Patch_->CanRedo(); };
-  const auto canPaste = [this] { return Patch_->CanPaste(); };
+  const auto canUndo = [this] { return editor_->CanUndo(); };
+  const auto canRedo = [this] { return editor_->CanRedo(); };
+  const auto canPaste = [this] { return editor_->CanPaste(); };
   return {
-      {Id::Undo, Text::Undo, Text::HelpUndo, "Ctrl+Z", [this] { Patch_->Undo(); }, canUndo},
-      {Id::Redo, Text::Redo, Text::HelpRedo, "Ctrl+Y", [this] { Patch_->Redo(); }, canRedo},
+      {Id::Undo, Text::Undo, Text::HelpUndo, "Ctrl+Z", [this] { editor_->Undo(); }, canUndo},
+      {Id::Redo, Text::Redo, Text::HelpRedo, "Ctrl+Y", [this] { editor_->Redo(); }, canRedo},
       {},
-      {Id::Cut, Text::Cut, Text::HelpCut, "Ctrl+X", [this] { Patch_->Cut(); }, selected},
+      {Id::Cut, Text::Cut, Text::HelpCut, "Ctrl+X", [this] { editor_->Cut(); }, selected},
       {Id::Copy, Text::Copy, Text::HelpCopy, "Ctrl+C", [this] { Focused().Copy(); }, canCopy},
-      {Id::Paste, Text::Paste, Text::HelpPaste, "Ctrl+V", [this] { Patch_->Paste(); }, canPaste},
+      {Id::Paste, Text::Paste, Text::HelpPaste, "Ctrl+V", [this] { editor_->Paste(); }, canPaste},
       {Id::SelectAll, Text::SelectAll, Text::HelpSelectAll, "Ctrl+A", [this] { Focused().SelectAll(); }, any},
       {},
       {Id::Find, Text::SearchInPatch, Text::HelpSearchText, "Ctrl+F", [this] { search_.Find(); }, any},
@@ -54,7 +54,7 @@ std::vector<PanelCommand> PatchPanel::EditCommands() {
 
 // For the line at the caret.
 std::vector<PanelCommand> PatchPanel::LineCommands() {
-  const auto any = [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); };
+  const auto any = [this] { return !editor_->IsEmpty() && bench_.document.IsOpen(); };
   const auto chosen = [this]() -> std::optional<Region> {
     const auto change = CaretChange();
     if (!change) return {};
@@ -72,20 +72,20 @@ std::vector<PanelCommand> PatchPanel::LineCommands() {
 
 // For the whole patch.
 std::vector<PanelCommand> PatchPanel::WholeCommands() {
-  const auto any = [this] { return !Patch_->IsEmpty() && bench_.document.IsOpen(); };
+  const auto any = [this] { return !editor_->IsEmpty() && bench_.document.IsOpen(); };
   const auto open = [this] { return bench_.document.IsOpen(); };
   return {{Id::ApplyThisPatch, Text::ApplyThisPatch, Text::HelpApplyThisPatch, "F9",
-           [this] { ApplyPatch(bench_, ReadPatchText(Patch_->Document())); }, any},
+           [this] { ApplyPatch(bench_, ReadPatchText(editor_->Document())); }, any},
           {Id::TakeOutPatch, Text::TakeOutPatch, Text::HelpTakeOutPatch, "Shift+F9",
-           [this] { TakeOutPatch(bench_, ReadPatchText(Patch_->Document())); }, any},
+           [this] { TakeOutPatch(bench_, ReadPatchText(editor_->Document())); }, any},
           {Id::ReversePatch, Text::ReversePatch, Text::HelpReversePatch, "",
-           [this] { Patch_->ReplaceAll(ReversedText(Patch_->Document())); }, any},
+           [this] { editor_->ReplaceAll(ReversedText(editor_->Document())); }, any},
           {Id::CarryPatch, Text::CarryPatch, Text::HelpCarryPatch, "",
-           [this] { CarryPatch(bench_, Patch_->Document()); }, any},
+           [this] { CarryPatch(bench_, editor_->Document()); }, any},
           {Id::AddPatchFile, Text::AddPatchFile, Text::HelpAddPatchFile, "",
-           [this] { AddPatchFile_Click(bench_, files_, *Patch_); }, open},
+           [this] { AddPatchFile_Click(bench_, files_, *editor_); }, open},
           {Id::SplitPatch, Text::SplitPatch, Text::HelpSplitPatch, "",
-           [this] { SplitPatch_Click(bench_, files_, *Patch_); }, any}};
+           [this] { SplitPatch_Click(bench_, files_, *editor_); }, any}};
 }
 
 std::vector<PanelCommand> PatchPanel::FileCommands() {
@@ -99,7 +99,7 @@ std::vector<PanelCommand> PatchPanel::FileCommands() {
           {Id::SavePatch, Text::SavePatch, Text::HelpSavePatch, "", [this] { SavePatch(); }},
           {Id::SavePatchAs, Text::SavePatchAs, Text::HelpSavePatchAs, "", [this] { SavePatchAs_Click(); }},
           {Id::ClosePatch, Text::ClosePatch, Text::HelpClosePatch, "", [this] { ClosePatch_Click(); },
-           [this] { return !Patch_->IsEmpty() || !files_.Path().empty(); }}};
+           [this] { return !editor_->IsEmpty() || !files_.Path().empty(); }}};
 }
 
 }  // namespace tarvelo

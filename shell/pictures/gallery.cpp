@@ -17,15 +17,18 @@ constexpr std::size_t mostThumbnails = 1500;  // many screenfuls, about 20 MiB
 }  // namespace
 
 Gallery::Gallery(wxWindow* parent)
-    : wxScrolledCanvas(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxWANTS_CHARS),
-      cell_(FromDIP(wxSize(64, 56))) {
+    : wxScrolledCanvas(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxWANTS_CHARS) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
-  SetMinSize(cell_ * 2);
-  SetScrollRate(0, cell_.y / 2);
+  MeasureCells();
   Bind(wxEVT_PAINT, &Gallery::Paint, this);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     Arrange();
     if (selected_) ShowCell(*selected_);
+    event.Skip();
+  });
+  Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
+    MeasureCells();
+    Arrange();
     event.Skip();
   });
   Bind(wxEVT_CHAR_HOOK, &Gallery::PressKey, this);
@@ -37,6 +40,13 @@ Gallery::Gallery(wxWindow* parent)
     if (const auto index = At(event.GetPosition()); index && onActivate) onActivate(*index);
   });
   Bind(wxEVT_CONTEXT_MENU, &Gallery::OpenMenu, this);
+}
+
+void Gallery::MeasureCells() {
+  cell_ = FromDIP(wxSize(64, 56));
+  SetMinSize(cell_ * 2);
+  SetScrollRate(0, cell_.y / 2);
+  thumbnails_.clear();
 }
 
 void Gallery::SetPictures(std::size_t count, std::function<Bitmap(std::size_t)> draw) {
@@ -153,7 +163,7 @@ void Gallery::OpenMenu(const wxContextMenuEvent& event) {
 }
 
 void Gallery::PressKey(wxKeyEvent& event) {
-  if (count_ == 0) return event.Skip();
+  if (count_ == 0 || event.AltDown()) return event.Skip();  // Alt with an arrow goes back and forth
   const auto current = static_cast<long>(selected_.value_or(0));
   const auto step = static_cast<long>(columns_);
   const long page = step * std::max(1, GetClientSize().y / cell_.y);
@@ -169,6 +179,7 @@ void Gallery::PressKey(wxKeyEvent& event) {
     case WXK_HOME: next = 0; break;
     case WXK_END: next = last; break;
     case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
       if (onActivate) onActivate(static_cast<std::size_t>(current));
       return;
     default: return event.Skip();

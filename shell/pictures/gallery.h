@@ -32,6 +32,7 @@ class Gallery final : public wxScrolledCanvas {
   std::function<void(const wxPoint& place)> onContextMenu;  // on the screen
 
  private:
+  void MeasureCells();
   void Arrange();
   void ShowCell(std::size_t index);
   void Choose(std::size_t index);

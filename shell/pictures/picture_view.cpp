@@ -98,7 +98,9 @@ void PictureView::PressKey(wxKeyEvent& event) {
     case '+':
     case '=': ZoomBy(1); break;
     case '-': ZoomBy(-1); break;
-    case '0': FitWindow(); break;
+    case '0':
+      if (event.HasModifiers()) return event.Skip();  // of the menu bar
+      return FitWindow();
     default: event.Skip();
   }
 }

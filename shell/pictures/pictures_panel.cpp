@@ -3,7 +3,6 @@
 #include <wx/clipbrd.h>
 #include <wx/image.h>
 #include <wx/sizer.h>
-#include <wx/splitter.h>
 #include <wx/statbox.h>
 
 #include <algorithm>
@@ -13,6 +12,7 @@
 #include "pictures/picture_files.h"
 #include "pictures/pictures_explorer.h"
 #include "resources/texts.h"
+#include "shell/base/splitter.h"
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
 #include "shell/pictures/gallery.h"
@@ -24,14 +24,6 @@
 #include "shell/services/workbench.h"
 
 namespace tarvelo {
-namespace {
-
-wxSplitterWindow* NewSplitter(wxWindow& parent) {
-  return new wxSplitterWindow(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-}
-
-}  // namespace
-
 PicturesPanel::PicturesPanel(Workbench& bench) : PicturesPanel(bench, NewSplitter(bench.frame.Parent())) {}
 
 PicturesPanel::PicturesPanel(Workbench& bench, wxSplitterWindow* window)
@@ -43,11 +35,11 @@ PicturesPanel::PicturesPanel(Workbench& bench, wxSplitterWindow* window)
 void PicturesPanel::Layout() {
   const int gap = window_->FromDIP(6);
   auto* top = new wxPanel(right_);
-  Frame = new wxStaticBox(top, wxID_ANY, wxString());
-  Pic_ = new PictureView(Frame);
+  box_ = new wxStaticBox(top, wxID_ANY, wxString());
+  view_ = new PictureView(box_);
   gallery_ = new Gallery(right_);
-  auto* box = new wxStaticBoxSizer(Frame, wxVERTICAL);
-  box->Add(Pic_, 1, wxEXPAND | wxALL, gap / 2);
+  auto* box = new wxStaticBoxSizer(box_, wxVERTICAL);
+  box->Add(view_, 1, wxEXPAND | wxALL, gap / 2);
   auto* around = new wxBoxSizer(wxVERTICAL);
   around->Add(box, 1, wxEXPAND | wxALL, gap);
   top->SetSizer(around);
@@ -62,19 +54,19 @@ void PicturesPanel::Bind() {
   gallery_->onSelect = [this](std::size_t record) { SelectRecord(record); };
   gallery_->onActivate = [this](std::size_t) { bench_.frame.Run(Id::ShowPic); };
   gallery_->onContextMenu = [this](const wxPoint& place) { bench_.frame.PopUpCommands(place); };
-  Pic_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
-    const wxSize size = Pic_->GetClientSize();
-    bench_.frame.PopUpCommands(MenuPlace(event, *Pic_, {size.x / 2, size.y / 2}));
+  view_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    const wxSize size = view_->GetClientSize();
+    bench_.frame.PopUpCommands(MenuPlace(event, *view_, {size.x / 2, size.y / 2}));
   });
   window_->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     const bool copy = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C';
-    if (copy && (gallery_->HasFocus() || Pic_->HasFocus()))
+    if (copy && (gallery_->HasFocus() || view_->HasFocus()))
       bench_.frame.Run(Id::CopyPic);
     else
       event.Skip();
   });
   bench_.frame.AcceptDrops(*gallery_);
-  bench_.frame.AcceptDrops(*Pic_);
+  bench_.frame.AcceptDrops(*view_);
 }
 
 // Starts with the first picture each time.
@@ -95,16 +87,16 @@ void PicturesPanel::ListChanged(bool) {
   if (count > 0) decoder_ = std::make_unique<PictureDecoder>(bench_.document.Image().ff());
   gallery_->SetPictures(count, [this](std::size_t record) { return Draw(Pictures().pictures[record]); });
   if (count > 0) return;
-  Pic_->Show(std::nullopt);
-  Frame->SetLabel(wxString());
-  platform::SetAccessibleName(*Pic_, Wx(bench_.texts.Msg(Traits().name)));
+  view_->Show(std::nullopt);
+  box_->SetLabel(wxString());
+  platform::SetAccessibleName(*view_, Wx(bench_.texts.Msg(Traits().name)));
 }
 
 void PicturesPanel::Recaption(const Messages& messages) {
   ExplorerPanel::Recaption(messages);
   const wxString name = Wx(messages.Msg(Traits().name));
   platform::SetAccessibleName(*gallery_, name);
-  if (!ChosenPicture()) platform::SetAccessibleName(*Pic_, name);
+  if (!ChosenPicture()) platform::SetAccessibleName(*view_, name);
 }
 
 const PictureList& PicturesPanel::Pictures() const {
@@ -121,9 +113,9 @@ const Picture* PicturesPanel::ChosenPicture() const {
 
 void PicturesPanel::RecordChosen(std::size_t record) {
   const Picture& picture = Pictures().pictures[record];
-  Frame->SetLabel(Wx(picture.Caption()));
-  platform::SetAccessibleName(*Pic_, Wx(picture.Caption()));
-  Pic_->Show(Draw(picture));
+  box_->SetLabel(Wx(picture.Caption()));
+  platform::SetAccessibleName(*view_, Wx(picture.Caption()));
+  view_->Show(Draw(picture));
   gallery_->Select(record);
 }
 
@@ -148,9 +140,9 @@ ExplorerPanel::OwnCommands PicturesPanel::Own() {
                  [this] { savePng_ = !savePng_; },
                  {},
                  [this] { return savePng_; }}},
-      .last = {{Id::ZoomIn, Text::ZoomIn, Text::HelpZoom, "Ctrl++", [this] { Pic_->ZoomBy(1); }},
-               {Id::ZoomOut, Text::ZoomOut, Text::HelpZoom, "Ctrl+-", [this] { Pic_->ZoomBy(-1); }},
-               {Id::ZoomFit, Text::FitToWindow, Text::HelpShowPicture, "", [this] { Pic_->FitWindow(); }}},
+      .last = {{Id::ZoomIn, Text::ZoomIn, Text::HelpZoom, "Ctrl++", [this] { view_->ZoomBy(1); }},
+               {Id::ZoomOut, Text::ZoomOut, Text::HelpZoom, "Ctrl+-", [this] { view_->ZoomBy(-1); }},
+               {Id::ZoomFit, Text::FitToWindow, Text::HelpShowPicture, "", [this] { view_->FitWindow(); }}},
       .defaultId = Id::ShowPic,
       .search = Text::SearchPicture};
 }
@@ -187,7 +179,7 @@ void PicturesPanel::SaveAllPic_Click() {
 }
 
 void PicturesPanel::CopyPic_Click() {
-  const auto& bitmap = Pic_->GetBitmap();
+  const auto& bitmap = view_->GetBitmap();
   if (!ChosenPicture() || !bitmap || bitmap->pixels.empty()) return;
   // At its own size and without the checkerboard: transparent pixels stay transparent in the clipboard.
   wxImage image = ToImage(*bitmap, 1, wxRect(0, 0, bitmap->width, bitmap->height));
@@ -201,8 +193,8 @@ void PicturesPanel::CopyPic_Click() {
 
 void PicturesPanel::ShowPic_Click() {
   if (!ChosenPicture()) return;
-  Pic_->FitWindow();
-  Pic_->SetFocus();
+  view_->FitWindow();
+  view_->SetFocus();
 }
 
 }  // namespace tarvelo

@@ -29,7 +29,7 @@ class PicturesPanel final : public ExplorerPanel {
   void CopyPic_Click();
   void ShowPic_Click();
 
-  [[nodiscard]] PictureView& Pic() { return *Pic_; }
+  [[nodiscard]] PictureView& Pic() { return *view_; }
   [[nodiscard]] Gallery& AllPictures() { return *gallery_; }
   // The listed pictures.
   [[nodiscard]] const PictureList& Pictures() const;
@@ -51,8 +51,8 @@ class PicturesPanel final : public ExplorerPanel {
 
   wxSplitterWindow* window_;
   wxSplitterWindow* right_;
-  wxStaticBox* Frame;
-  PictureView* Pic_;
+  wxStaticBox* box_;
+  PictureView* view_;
   Gallery* gallery_;
   std::unique_ptr<PictureDecoder> decoder_;  // for the current image; null while nothing is listed
   bool savePng_ = false;

@@ -1,13 +1,12 @@
 #include "shell/ringtones/ringtones_panel.h"
 
-#include <wx/splitter.h>
-
 #include <utility>
 #include <vector>
 
 #include "resources/texts.h"
 #include "ringtones/melody.h"
 #include "ringtones/ringtones_explorer.h"
+#include "shell/base/splitter.h"
 #include "shell/base/strings.h"
 #include "shell/list/list_view.h"
 #include "shell/platform/accessible_name.h"
@@ -19,14 +18,6 @@
 #include "shell/services/workbench.h"
 
 namespace tarvelo {
-namespace {
-
-wxSplitterWindow* NewSplitter(wxWindow& parent) {
-  return new wxSplitterWindow(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-}
-
-}  // namespace
-
 RingtonesPanel::RingtonesPanel(Workbench& bench) : RingtonesPanel(bench, NewSplitter(bench.frame.Parent())) {}
 
 RingtonesPanel::RingtonesPanel(Workbench& bench, wxSplitterWindow* window)

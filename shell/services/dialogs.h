@@ -9,7 +9,6 @@
 
 namespace tarvelo {
 
-class MisfitTable;
 struct Review;
 struct ReviewAnswer;
 
@@ -37,8 +36,6 @@ class Dialogs {
                                                         const std::filesystem::path& current) = 0;
   // Shows a list before anything is done. Nothing if the user cancels.
   virtual std::optional<ReviewAnswer> Show(const Review& review) = 0;
-  // Shows which lines of a patch do not fit. True if the others are to be applied.
-  virtual bool ApplyOthers(const MisfitTable& misfits) = 0;
 };
 
 }  // namespace tarvelo

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <string_view>
 
 #include "core/progress.h"
 

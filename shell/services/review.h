@@ -22,10 +22,12 @@ struct ReviewDetails {
 
 struct Review {
   Text title;
-  wxString summary;  // above the list
+  wxString heading{};  // above all else; a long one scrolls. Empty: none
+  wxString summary;    // above the list
   TableRows rows;
   Text accept;  // the button that does it
   bool canAccept = true;
+  Text cancel = Text::Cancel;            // the button that does nothing, which Enter and Escape press
   std::optional<Text> acceptSelected{};  // the button that does it for the selected rows alone
   std::function<ReviewDetails(std::size_t row)> details{};  // shown below the list; none: nothing is
 };

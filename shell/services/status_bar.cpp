@@ -32,10 +32,10 @@ wxString OneLine(const wxString& text) {
 
 StatusBar::StatusBar(wxWindow* parent)
     : wxStatusBar(parent, wxID_ANY, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE | wxFULL_REPAINT_ON_RESIZE),
-      ProgressBar(new wxGauge(this, wxID_ANY, steps, wxDefaultPosition, wxDefaultSize,
-                              wxGA_HORIZONTAL | wxGA_SMOOTH)) {
+      progressBar_(new wxGauge(this, wxID_ANY, steps, wxDefaultPosition, wxDefaultSize,
+                               wxGA_HORIZONTAL | wxGA_SMOOTH)) {
   SetFieldsCount(panels);
-  ProgressBar->Hide();
+  progressBar_->Hide();
   ShowTexts();
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     PlaceProgressBar();
@@ -104,9 +104,9 @@ void StatusBar::Start(std::int64_t first, std::int64_t last) {
   nextMove_ = Clock::now() + betweenMoves;
   nextAsk_ = {};
   isStopAsked_ = false;
-  ProgressBar->SetValue(0);
+  progressBar_->SetValue(0);
   PlaceProgressBar();
-  ProgressBar->Show();
+  progressBar_->Show();
 }
 
 // Painting takes longer than most scans, so the bar moves only as often as the eye can see.
@@ -115,12 +115,12 @@ void StatusBar::At(std::int64_t position) {
   if (now < nextMove_) return;
   nextMove_ = now + betweenMoves;
   const auto value = std::clamp<std::int64_t>((position - first_) * steps / span_, 0, steps);
-  ProgressBar->SetValue(static_cast<int>(value));
-  ProgressBar->Update();
+  progressBar_->SetValue(static_cast<int>(value));
+  progressBar_->Update();
   if (wxEventLoopBase* loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_UI);
 }
 
-void StatusBar::Finish() { ProgressBar->Hide(); }
+void StatusBar::Finish() { progressBar_->Hide(); }
 
 // Asking the system for a key takes long, too.
 bool StatusBar::StopAsked() {
@@ -145,7 +145,7 @@ void StatusBar::FitPanels() {
 void StatusBar::PlaceProgressBar() {
   wxRect first, last;
   if (!GetFieldRect(firstFigure - 1, first) || !GetFieldRect(lastFigure - 1, last)) return;
-  ProgressBar->SetSize(first.Union(last).Deflate(FromDIP(1)));
+  progressBar_->SetSize(first.Union(last).Deflate(FromDIP(1)));
 }
 
 void StatusBar::ShowTooltip(wxMouseEvent& event) {

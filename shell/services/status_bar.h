@@ -43,7 +43,7 @@ class StatusBar final : public wxStatusBar, public Progress {
   // width.
   void FitPanels();
 
-  // The tooltips of panels 1, 2, 9 and 10. Those of the first two include their text.
+  // The tooltips say what the panels mean. Those of the first two include their text.
   void Recaption(const Messages& messages);
   [[nodiscard]] wxString Tooltip(int number) const;
 
@@ -61,7 +61,7 @@ class StatusBar final : public wxStatusBar, public Progress {
   void PlaceProgressBar();
   void ShowTooltip(wxMouseEvent& event);
 
-  wxGauge* ProgressBar;
+  wxGauge* progressBar_;
   std::array<wxString, panels> labels_;
   std::array<wxString, panels> texts_;
   wxString help_;

@@ -49,8 +49,6 @@ class Talk {
                                                               const std::filesystem::path& current);
   // Shows a list before anything is done (dialogs.h).
   [[nodiscard]] std::optional<ReviewAnswer> Show(const Review& review);
-  // Shows which lines of a patch do not fit. True if the others are to be applied.
-  [[nodiscard]] bool ApplyOthers(const MisfitTable& misfits) { return dialogs_.ApplyOthers(misfits); }
 
   // Runs a command with this name. If it throws, reports the fault under that name.
   void Guard(const wxString& command, const std::function<void()>& run);

@@ -3,6 +3,7 @@
 //   [General]      Language     two-letter code of the interface language
 //   [History]      File1..5     the most recently opened files
 //                  Phone1..5    what they hold
+//   [Patches]      File1..5     the most recently opened patch files
 //   [Session]      File, Panel, Place   where the user left off (dump_commands.h)
 //   [Integration]  HexEditor, Quillo, Calculator   other programs, edited by the user (external_tools.h)
 //   [HexView]      how the hex view looks (hex_look.h)

@@ -16,10 +16,8 @@ namespace tarvelo {
 namespace {
 
 constexpr char section[] = "Window";
-constexpr int longestArrival = 500;  // milliseconds
-constexpr int soon = 100;
-constexpr int windowStep = 32;  // in device-independent pixels
-constexpr int shortestArrival = 30;
+constexpr int longestArrival = 500, shortestArrival = 30, soon = 100;  // milliseconds
+constexpr int windowStep = 32;                                         // in device-independent pixels
 constexpr std::array keys{"Left", "Top", "Width", "Height"};
 
 std::optional<wxRect> StoredPlace(const Settings& settings) {

@@ -8,6 +8,8 @@
 #include <optional>
 #include <utility>
 
+#include "shell/services/panel_commands.h"
+
 namespace tarvelo {
 namespace {
 
@@ -243,9 +245,8 @@ void RowCanvas::BindMouse() {
     event.Skip();
   });
   Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
-    const bool isKey = event.GetPosition() == wxDefaultPosition;
-    if (isKey) ShowCursor(false);
-    if (onContextMenu) onContextMenu(isKey ? ClientToScreen(CursorPlace()) : event.GetPosition());
+    if (event.GetPosition() == wxDefaultPosition) ShowCursor(false);
+    if (onContextMenu) onContextMenu(MenuPlace(event, *this, CursorPlace()));
   });
   dragTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ScrollWhileDragging(); });
 }

@@ -67,21 +67,40 @@ TEST(CodeRows, DataStandsInRowsOfEight) {
             "data 8 at 0, data 8 at 8, data 8 at 16, data 8 at 24, data 3 at 32");
 }
 
+// In an image of odd size, the even phone addresses are the odd offsets.
+TEST(CodeRows, BeginAtEvenAddresses) {
+  std::vector<std::uint8_t> bytes = sweptBytes;
+  bytes.insert(bytes.begin(), 0xDA);  // an odd byte is no instruction
+  std::vector<std::uint64_t> starts = {1 << 2};
+  const FunctionList functions({{{5, 4}, 1}}, starts, 1);
+  const Offset labels[] = {0, 12, 15};
+  const CodeRows rows(bytes, functions, {{8, 4}}, labels, 1);
+  EXPECT_EQ(All(rows),
+            "code 1 at 0, code 2 at 1, code 2 at 3, heading 0 at 5, code 2 at 5, code 2 at 7, data 4 at 9, "
+            "code 2 at 13, heading 0 at 15, code 2 at 15");
+  EXPECT_EQ(rows.RowOf(0), 0);
+  EXPECT_EQ(rows.RowOf(2), 1);
+  EXPECT_EQ(rows.RowOf(5), 4);
+  EXPECT_EQ(rows.RowOf(16), 9);
+}
+
 TEST(CodeRows, EveryByteHasItsRowInAnyImage) {
   std::vector<std::uint8_t> bytes(3001);
   std::uint32_t state = 1;
   for (std::uint8_t& byte : bytes)
     byte = static_cast<std::uint8_t>((state = state * 1664525 + 1013904223) >> 24);
   const Offset labels[] = {0, 128, 130, 2999, 3000};
-  const CodeRows rows(bytes, FunctionList(), {{400, 300}, {700, 1}, {2000, 128}}, labels);
-  Offset next = 0;
-  for (Offset i = 0; i < rows.Count(); ++i) {
-    const CodeRow row = rows.At(i);
-    ASSERT_EQ(row.offset, next);
-    for (Offset at = row.offset; at < row.offset + row.size; ++at) EXPECT_EQ(rows.RowOf(at), i);
-    next += row.size;
+  for (const Offset firstWord : {0, 1}) {
+    const CodeRows rows(bytes, FunctionList(), {{400, 300}, {700, 1}, {2000, 128}}, labels, firstWord);
+    Offset next = 0;
+    for (Offset i = 0; i < rows.Count(); ++i) {
+      const CodeRow row = rows.At(i);
+      ASSERT_EQ(row.offset, next);
+      for (Offset at = row.offset; at < row.offset + row.size; ++at) EXPECT_EQ(rows.RowOf(at), i);
+      next += row.size;
+    }
+    EXPECT_EQ(next, 3001);
   }
-  EXPECT_EQ(next, 3001);
   EXPECT_EQ(CodeRows(Bytes(), FunctionList(), {}, {}).Count(), 0);
 }
 

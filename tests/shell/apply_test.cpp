@@ -1,7 +1,8 @@
 #include <wx/display.h>
 
 #include "shell/hex_desk.h"
-#include "shell/patch/patch_check_dialog.h"
+#include "shell/list/review_dialog.h"
+#include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_editor.h"
 
 namespace tarvelo {
@@ -44,11 +45,12 @@ TEST_F(ApplyDesk, WritesFittingLinesAsOneStep) {
 }
 
 TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
-  script.applyOthers = true;
+  script.reviewed = ReviewAnswer();
   for (const auto& [patch, said] :
        {std::pair("; only\n\n; comments", "iThe patch holds no changes."),
         {"0: 0102 FFFF\n4: 00 FF", "iThe fullflash carries this patch already."},
-        {"nothing\n3: FF FF", "Lines of the patch that don't fit the fullflash: 1\nLines that fit: 0\n"}})
+        {"nothing\n3: FF FF",
+         "review Lines of the patch that don't fit the fullflash: 1\nLines that fit: 0\n"}})
     EXPECT_TRUE(Apply(patch).starts_with(said)) << patch;
   script.file.reset();
   Said(Id::ApplyPatch);  // cancelled
@@ -63,12 +65,12 @@ TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
 TEST_F(ApplyDesk, ListsMisfitsAndAsks) {
   const char* const mixed = "0: FFFF 4869\n2: 00 01 ;not what stands there\nrub\tbish\n3: FF FF\n";
   const std::string list =
-      "Lines of the patch that don't fit the fullflash: 2\nLines that fit: 1\n"
+      "review Lines of the patch that don't fit the fullflash: 2\nLines that fit: 1\n"
       "Lines that were applied already: 1\nLine\tOffset\tPhone address\tExpected\tFound\n"
       "2\t000002\t3C0:0002\t00\tFF\n3\t\t\t\tThis is not a line of a patch. \"rub bish\"\n";
   EXPECT_EQ(Apply(mixed), list);
   EXPECT_EQ(Start(), "FF FF FF FF FF FF FF FF");
-  script.applyOthers = true;
+  script.reviewed = ReviewAnswer();
   EXPECT_EQ(Apply(mixed), list +
                               " | iThe patch was applied. Number of changes: 1\n"
                               "Lines that were applied already: 1\n"
@@ -116,7 +118,8 @@ TEST_F(ApplyDesk, ListsAMillionLinesAtMost) {
   const PatchCheck check = CheckPatch(patch.changes, Image());
   const MisfitTable misfits(patch, check, Image(), main->Bench().texts);
   EXPECT_NE(misfits.Summary().find("\nOnly the first 1000000 lines are listed."), std::string::npos);
-  PatchCheckDialog dialog(main, main->Bench().texts, misfits);
+  const Review review = ReviewOf(misfits);
+  ReviewDialog dialog(main, main->Bench().texts, review);
   dialog.Show();
   Settle();
   EXPECT_EQ(dialog.List().RowCount(), 1000000u);

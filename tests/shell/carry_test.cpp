@@ -97,7 +97,7 @@ TEST_F(CarryDesk, APatchIsCarriedAndTheOtherDumpOpened) {
     EXPECT_EQ(Shown(*dialog.Details(), 4).substr(0, 13), "3401B9\t426174");  // its bytes
     EXPECT_EQ(RowOf(dialog.List(), 3),
               "    5\trefused\t\t\t\t\t\tThis is not a line of a patch. \"rubbish\"\n");
-    script.file = file;
+    script.file = folder / "carried";  // gets its extension
   });
   // The patch is for the file, whatever was edited since.
   Open().Write(0x314078, std::vector<std::uint8_t>{0, 0, 0, 0});
@@ -112,7 +112,7 @@ TEST_F(CarryDesk, APatchIsCarriedAndTheOtherDumpOpened) {
   EXPECT_NE(Carry(patch).find(" | save second.qpt | iPatch was saved in file" + At(file) +
                               " | ?Open the other fullflash with this patch in a new window?" + At(second)),
             std::string::npos);
-  EXPECT_TRUE(script.started.back().ends_with(" " + quot(PathText(second)) + " " + quot(PathText(file))));
+  EXPECT_TRUE(script.started.back().ends_with(" \"" + PathText(second) + "\" \"" + PathText(file) + "\""));
   EXPECT_NE(ReadAll(file).find("C55 v25"), std::string::npos);
   EXPECT_NE(ReadAll(file).find(";Own\r\n316470: DAB11A64 DAB14064\r\n;"), std::string::npos) << ReadAll(file);
   WriteFile(file, "old");

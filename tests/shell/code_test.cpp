@@ -242,6 +242,16 @@ TEST_F(CodeDesk, CopiesInstructionsAndPointers) {
             "001010  F0:1010  3D01      JMPR cc_NZ, 1014h\n001012  F0:1012  0801      ADD R0, #1h\n");
 }
 
+TEST_F(CodeDesk, CodeOfAnOddImageLiesAtOddOffsets) {
+  std::vector<std::uint8_t> image = CodeImage();
+  image.insert(image.begin(), 0xFF);
+  OpenBytes("dump.bin", image, Id::CodeView);
+  Settle();
+  EXPECT_EQ(RowAt(a + 1), "001001  F0:1000  DAF00011  CALLS 0F0h, 1100h");
+  main->Run(Id::FindAlike);
+  EXPECT_EQ(Canvas().At(), a + 5);
+}
+
 TEST_F(CodeDesk, FindsWhatLooksTheSame) {
   OpenCode();
   Go(a);

@@ -1,5 +1,4 @@
-// A main window for tests: its settings are in a temporary folder, its beeper records, and its dialogs answer
-// from a script and record the questions.
+// A main window for tests, with its settings in a temporary folder, and what a user does with it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,8 +9,6 @@
 #include <wx/stopwatch.h>
 #include <wx/utils.h>
 
-#include <deque>
-#include <map>
 #include <optional>
 
 #include "core/byte_text.h"
@@ -19,116 +16,19 @@
 #include "demo/demo_image.h"
 #include "document/explorers.h"
 #include "image_builder.h"
-#include "patch/misfit_table.h"
 #include "shell/base/strings.h"
 #include "shell/frame/main.h"
 #include "shell/info/info_panel.h"
 #include "shell/list/explorer_panel.h"
 #include "shell/list/list_view.h"
 #include "shell/patch/patch_panel.h"
+#include "shell/script.h"
 #include "shell/services/clipboard.h"
 #include "shell/services/ids.h"
-#include "shell/services/review.h"
 #include "shell/test_app.h"
 #include "temporary_folder.h"
 
 namespace tarvelo {
-
-// The messages and questions of the window, oldest first, and the answers to give.
-struct Script {
-  std::deque<std::string> said;
-  std::deque<std::string> beeps;
-  std::function<void()> duringBeep;  // called while a tone sounds
-  std::deque<std::string> started;
-  std::map<std::string, std::string> registry;
-  bool confirm = false;
-  std::string answer;  // empty: cancel
-  std::optional<std::filesystem::path> file;
-  std::filesystem::path offered;  // the suggestion when the window asked for a file to open
-  bool applyOthers = false;
-  std::optional<ReviewAnswer> reviewed;                 // nothing: cancel
-  std::function<void(const Review&)> lookThrough = {};  // called before a list is answered
-  bool opensWithSystem = true;                          // the system knows a program for each file
-
-  // Takes the oldest message or question; empty if there is none.
-  std::string TakeSaid() {
-    std::string text;
-    if (!said.empty()) text = std::move(said.front());
-    if (!said.empty()) said.pop_front();
-    return text;
-  }
-};
-
-struct Scripted {
-  Script& script;
-};
-
-struct ScriptedDialogs final : Scripted, Dialogs {
-  explicit ScriptedDialogs(Script& s) : Scripted{s} {}
-  void Message(const wxString& text, Icon icon) override {
-    script.said.push_back((icon == Icon::Critical ? "!" : "i") + Utf8(text));
-  }
-  void Announce(const wxString& title, const wxString& text) override {
-    script.said.push_back("[" + Utf8(title) + "]" + Utf8(text));
-  }
-  bool Confirm(const wxString& text) override { return Offer(text); }
-  bool Offer(const wxString& text) override {
-    script.said.push_back("?" + Utf8(text));
-    return script.confirm;
-  }
-  std::optional<wxString> Ask(const wxString& prompt, const wxString& initial) override {
-    script.said.push_back("ask " + Utf8(prompt) + ": " + Utf8(initial));
-    if (script.answer.empty()) return {};
-    return Wx(script.answer);
-  }
-  std::optional<std::filesystem::path> OpenFile(const wxString&, const wxString& filter,
-                                                const std::filesystem::path& current) override {
-    script.said.push_back("open " + Utf8(filter));
-    script.offered = current;
-    return script.file;
-  }
-  std::optional<std::filesystem::path> SaveFile(const wxString&, const wxString&,
-                                                const std::filesystem::path& current) override {
-    script.said.push_back("save " + PathText(current.filename()));
-    return script.file;
-  }
-  std::optional<ReviewAnswer> Show(const Review& review) override {
-    script.said.push_back("review " + Utf8(review.summary) + "\n" + TabSeparated(review.rows.All(), "\n"));
-    if (script.lookThrough) script.lookThrough(review);
-    return script.reviewed;
-  }
-  bool ApplyOthers(const MisfitTable& misfits) override {
-    script.said.push_back(misfits.Summary() + "\n" + TabSeparated(misfits.Rows().All(), "\n"));
-    return script.applyOthers;
-  }
-};
-
-struct RecordingBeeper final : Scripted, Beeper {
-  explicit RecordingBeeper(Script& s) : Scripted{s} {}
-  bool BeepOn(int frequency, int milliseconds, const GoOn& goOn) override {
-    script.beeps.push_back(std::to_string(frequency) + " Hz " + std::to_string(milliseconds) + " ms");
-    if (script.duringBeep) script.duringBeep();
-    return milliseconds == 0 || goOn();
-  }
-};
-
-// Records programs instead of starting them: "run ...", "open ...".
-struct RecordingLauncher final : Scripted, Launcher {
-  explicit RecordingLauncher(Script& s) : Scripted{s} {}
-  [[nodiscard]] std::string RegRead(const std::string& key) const override {
-    const auto found = script.registry.find(key);
-    return found == script.registry.end() ? std::string() : found->second;
-  }
-  [[nodiscard]] std::string CalculatorCommand() const override { return "calc"; }
-  long shel(const std::string& commandLine) override {
-    script.started.push_back("run " + commandLine);
-    return 1;
-  }
-  bool OpenWithSystem(const std::filesystem::path& file) override {
-    if (script.opensWithSystem) script.started.push_back("open " + PathText(file));
-    return script.opensWithSystem;
-  }
-};
 
 // The menu entries of the explorers' panels.
 inline int EntryOf(std::string_view key) { return PanelId(*FindExplorer(key)); }
@@ -262,6 +162,8 @@ class Desk : public testing::Test {
   static bool Key(wxWindow& window, int key, int modifiers = wxMOD_NONE) {
     wxKeyEvent event(wxEVT_CHAR_HOOK);
     event.m_keyCode = key;
+    if (key < WXK_START) event.m_uniChar = key;
+    event.SetAltDown((modifiers & wxMOD_ALT) != 0);
     event.SetControlDown((modifiers & wxMOD_CONTROL) != 0);
     event.SetShiftDown((modifiers & wxMOD_SHIFT) != 0);
     event.SetEventObject(&window);

@@ -4,7 +4,8 @@
 #include "shell/frame/wx_dialogs.h"
 #include "shell/hex_desk.h"
 #include "shell/keys.h"
-#include "shell/patch/patch_check_dialog.h"
+#include "shell/list/review_dialog.h"
+#include "shell/patch/apply_patch.h"
 #include "shell/patch/patch_editor.h"
 #include "shell/pictures/gallery.h"
 #include "shell/pictures/pictures_panel.h"
@@ -53,7 +54,8 @@ TEST_F(Desk, ListOfMisfitsShowsTheHeaderOfThePatch) {
     const ReadPatch patch = ReadPatchText(std::string(header) + "1: 00 11\n;end\n");
     const PatchCheck check = CheckPatch(patch.changes, Image());
     const MisfitTable misfits(patch, check, Image(), main->Bench().texts);
-    PatchCheckDialog dialog(main, main->Bench().texts, misfits);
+    const Review review = ReviewOf(misfits);
+    ReviewDialog dialog(main, main->Bench().texts, review);
     const auto shows = [](const wxTextCtrl& text) { return text.GetValue() == ";C55 24\n;Greeting"; };
     EXPECT_EQ(FirstIn<wxTextCtrl>(dialog, shows) != nullptr, *header != '\0');
   }

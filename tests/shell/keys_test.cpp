@@ -4,6 +4,7 @@
 #else
 #include <wx/msw/wrapwin.h>
 #endif
+#include <wx/app.h>
 #include <wx/clipbrd.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
@@ -14,6 +15,7 @@
 #include "shell/frame/wx_dialogs.h"
 #include "shell/hex_desk.h"
 #include "shell/keys.h"
+#include "shell/patch/apply_patch.h"
 
 namespace tarvelo {
 namespace {
@@ -45,7 +47,7 @@ TEST_F(Desk, DialogsTakeTheKeyboard) {
     const KeyPresser presser(*main, key);
     dialogs.Message("Failure", Dialogs::Icon::Critical);
     EXPECT_FALSE(dialogs.Confirm("No by default"));
-    EXPECT_FALSE(dialogs.ApplyOthers(misfits));
+    EXPECT_FALSE(dialogs.Show(ReviewOf(misfits)));
   }
   const KeyPresser presser(*main, WXK_ESCAPE);
   EXPECT_FALSE(dialogs.OpenFile("Open", "All files|*.*", folder / "dump.bin"));
@@ -138,7 +140,7 @@ TEST_F(Desk, CalculatorIsUsedByKeyboardAlone) {
 }
 
 // In every list, whichever window of the panel has the focus.
-TEST_F(Desk, ListsAreSearchedByKeyboard) {
+TEST_F(Desk, ListsAreUsedByKeyboard) {
   OpenDemo(Id::Info);
   const auto asks = [this](int key, int modifiers) {
     script.said.clear();
@@ -149,10 +151,26 @@ TEST_F(Desk, ListsAreSearchedByKeyboard) {
     EXPECT_TRUE(asks('F', wxMOD_CONTROL)) << Title();
     EXPECT_EQ(script.TakeSaid(), "ask Enter the string for search: ");
     EXPECT_TRUE(asks(WXK_F3, wxMOD_NONE)) << Title();
+    EXPECT_TRUE(asks('N', wxMOD_CONTROL)) << Title();
+    EXPECT_EQ(script.TakeSaid(), "ask Name this place: ");
   }
   main->Run(Id::ShowBlock);
   const BlockView& view = *Shown<EepromPanel>().View();
   EXPECT_TRUE(PressUntil(view, WXK_ESCAPE, wxMOD_NONE, [&] { return !view.IsShown(); }));
+}
+
+// An edit starts the search again; stopping that must not keep others from hearing of the edit.
+TEST_F(Desk, AStoppedSearchForReferencesHidesNoEdit) {
+  main->Dumps().OpenF(WriteDump("phone.bin"));
+  main->Bench().frame.ShowReferences(0x100);
+  int heard = 0;
+  const auto watch = Open().OnChange([&] { ++heard; });
+  ASSERT_TRUE(Until([] { wxUIActionSimulator().KeyDown(WXK_ESCAPE); },
+                    [] { return wxTheApp->IsActive() && wxGetKeyState(WXK_ESCAPE); }));
+  Open().Write(0x10, std::vector<std::uint8_t>{1});
+  wxUIActionSimulator().KeyUp(WXK_ESCAPE);
+  EXPECT_EQ(heard, 1);
+  EXPECT_EQ(Utf8(List().EmptyHint()), Messages().Msg(Text::SearchStopped));
 }
 
 TEST_F(Desk, PicturesGoToTheClipboard) {

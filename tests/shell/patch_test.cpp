@@ -88,9 +88,22 @@ TEST_F(PatchDesk, MarksCommentsAndInvalidLines) {
   EXPECT_EQ(style("comment"), style(";comment"));
   EXPECT_EQ(style("wrong"), style("last"));
   EXPECT_EQ(std::set({style("comment"), style("change"), style("wrong")}).size(), 3u);
-  EXPECT_TRUE(Key(Editor(), 'T', wxMOD_CONTROL));  // the menu bar's shortcut, not the control's own
+}
+
+// The control has commands of its own for these keys.
+TEST_F(PatchDesk, LeavesShortcutsToTheMenus) {
+  Editor().SetText("10: FF 01");
+  for (const auto& [key, title] : {std::pair('U', "References"), {'D', "Code"}, {'M', "Patch"}}) {
+    Choose(Id::PatchMenu);
+    EXPECT_TRUE(Key(Editor(), key, wxMOD_CONTROL));
+    EXPECT_EQ(Title(), "Tarvelo - " + std::string(title));
+  }
+  EXPECT_EQ(script.TakeSaid(), "ask Comment on this place: ");
+  EXPECT_TRUE(Key(Editor(), 'T', wxMOD_CONTROL));
   EXPECT_EQ(script.TakeSaid(), "iPatch was saved in file" + At(File()));
-  EXPECT_EQ(Document(), text);
+  EXPECT_EQ(Document(), "10: FF 01");
+  EXPECT_TRUE(Key(Editor(), 'U', wxMOD_CONTROL | wxMOD_SHIFT));
+  EXPECT_EQ(Title(), "Tarvelo - References");
 }
 
 TEST_F(PatchDesk, IsSavedBeforeThePatcherTakesIt) {
@@ -151,7 +164,7 @@ TEST_F(PatchDesk, ChecksLinesWhileOneTypes) {
   Choose(Id::GoBack);
   expectAt(2, "Line: 2    differs    Found: FF");
 
-  script.applyOthers = true;
+  script.reviewed = ReviewAnswer();
   Said(Id::ApplyThisPatch);
   EXPECT_EQ(AsHex(Image().Region(0, 2)), "13 FF");
   expectAt(2, "Line: 2    differs    Found: FF");

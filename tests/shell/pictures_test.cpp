@@ -71,6 +71,9 @@ TEST_F(PicturesDesk, ZoomStaysWithinBounds) {
     Panel().Pic().ProcessWindowEvent(turn);
     EXPECT_EQ(Panel().Pic().Zoom(), zoom);
   }
+  EXPECT_TRUE(Key(Panel().Pic(), '0'));
+  EXPECT_FALSE(Key(Panel().Pic(), '0', wxMOD_CONTROL));  // keys of the menu bar
+  EXPECT_FALSE(Key(Panel().AllPictures(), WXK_LEFT, wxMOD_ALT));
 }
 
 // A picture of width 0 among others: they stay visible, and the gallery keeps its background.

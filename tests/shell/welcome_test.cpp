@@ -1,5 +1,7 @@
 #include "shell/frame/demonstration.h"
 
+#include <wx/settings.h>
+
 #include "shell/desk.h"
 
 namespace tarvelo {
@@ -28,6 +30,12 @@ TEST_F(WelcomeDesk, IsShownUntilADumpIsOpen) {
   main->Dumps().OpenF(folder / "missing.bin");  // closes the dump
   EXPECT_EQ(InfoText(), "");
   EXPECT_EQ(&main->InfoText().FirstFocus(), Button("Open"));
+  wxWindow& page = *Button("Open")->GetParent();
+  page.SetBackgroundColour(*wxRED);
+  wxSysColourChangedEvent themed;
+  themed.SetEventObject(main);
+  main->ProcessWindowEvent(themed);
+  EXPECT_EQ(page.GetBackgroundColour(), wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
   Choose(Id::FirstLanguage + 10);
   const Messages greek(*FindLanguage("GR"));
   for (const Text text : {Text::Open, Text::TryDemonstration, Text::Help})

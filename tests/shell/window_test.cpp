@@ -125,6 +125,9 @@ TEST_F(WindowDesk, SaysWhatLiesHere) {
   Click(*ButtonIn(window, Text::ShowInPanel));
   EXPECT_EQ(Title(), "Tarvelo - Pictures");
   EXPECT_EQ(List().Selected(), 1u);
+  Open().NamePlace(0x280010, "A & B", "");
+  Settle();
+  EXPECT_NE(TextsIn(window).find("|A & B|"), std::string::npos) << TextsIn(window);
   main->Dumps().CloseFF();
   EXPECT_FALSE(window.IsShown());
 }
