@@ -47,9 +47,8 @@ class PointerCarrier {
     if (IsEntry(before) && IsInside(now)) return Put(at, maps_.code(now), 16);
     if (!IsPaged(now)) return false;
     const bool isOfUsedPages = IsUsedPage(before >> 16, pairing_) && IsUsedPage(now >> 16, pairing_);
-    const bool wasPointer =
-        IsPaged(before) &&
-        (isOfUsedPages || IsKnownData(Paged(before), old_, pairing_) || HasMoved(at, before));
+    const bool wasPointer = IsPaged(before) && (isOfUsedPages || IsKnownData(Paged(before), old_, pairing_) ||
+                                                HasMoved(at, before));
     if (wasPointer || IsTextAt(target, old_)) return Put(at, maps_.data(target), 14);
     return false;
   }

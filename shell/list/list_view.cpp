@@ -33,12 +33,11 @@ wxColour SecondRowColour() {
                wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW), 0.05);
 }
 
-// The part of a cell that can be visible.
-std::string_view Drawn(std::string_view cell) {
-  if (cell.size() <= longestDrawn) return cell;
-  std::size_t end = longestDrawn;
-  while (end > 0 && (cell[end] & 0xC0) == 0x80) --end;  // do not split a character
-  return cell.substr(0, end);
+// The part of a cell that can be visible, in one line as in saved lists.
+std::string Drawn(std::string_view cell) {
+  std::size_t end = std::min(cell.size(), longestDrawn);
+  while (end > 0 && end < cell.size() && (cell[end] & 0xC0) == 0x80) --end;  // do not split a character
+  return InOneLine(cell.substr(0, end));
 }
 
 // The width of a text in characters. Three-byte characters count twice, because most of them are wide in a

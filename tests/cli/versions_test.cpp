@@ -32,7 +32,7 @@ TEST_F(Versions, DiffListsWhatBecameOfEachFunction) {
            "moved\t314048\tB1:4048\t    8\t316440\tB1:6440\t    8",  // behind dimming, half as long
            "gone\t314080\tB1:4080\t   20",                           // keypad test
            "moved\t3140BA\tB1:40BA\t   24\t31649E\tB1:649E\t   24\t   0\t   2",    // two displacements
-           "changed\t3140D2\tB1:40D2\t   30\t3164B6\tB1:64B6\t   36\t   2\t   0",  // dims at its start
+           "changed\t3140D2\tB1:40D2\t   30\t3164B6\tB1:64B6\t   36\t   2\t   2",  // dims at its start
            "new\t\t\t\t316438\tB1:6438\t    8\t\t\t\t\n",                          // dims
        })
     EXPECT_NE(result.out.find("\n" + std::string(row)), std::string::npos) << row;

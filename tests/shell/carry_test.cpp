@@ -54,7 +54,7 @@ TEST_F(CarryDesk, FunctionsAreCompared) {
   EXPECT_NE(Utf8(panel.Figures()).find("    gone: "), std::string::npos) << panel.Figures();
   ASSERT_TRUE(List().Find("3140D2", SearchFrom::Top, 1));
   EXPECT_EQ(RowOf(List(), *List().Selected()),
-            "changed\t3140D2\tB1:40D2\t   30\t3164B6\tB1:64B6\t   36\t   2\t   0\tStart\t\n");
+            "changed\t3140D2\tB1:40D2\t   30\t3164B6\tB1:64B6\t   36\t   2\t   2\tStart\t\n");
   // The call of the text's function moved, two instructions are new, the loop reads a variable elsewhere.
   for (const auto& [row, text] : {std::pair(1u, "3140D6\tMOV DPP2, #0h\t\t3164BA\tMOV DPP2, #0h\n"),
                                   {4u, "3140E2\tCALLS 0B1h, 400Eh\t~\t3164C6\tCALLS 0B1h, 640Eh\n"},

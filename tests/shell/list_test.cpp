@@ -219,6 +219,9 @@ TEST_F(ListDesk, DrawsItsCells) {
   wxVariant drawn;
   List().Control().GetModel()->GetValue(drawn, ItemAt(1), 7);
   EXPECT_EQ(Utf8(drawn.GetString()), Cell(1, 7));
+  List().SetRows({{"Name"}, 1, [](std::size_t) { return Table::Row{{"a\n\4b"}}; }});
+  List().Control().GetModel()->GetValue(drawn, ItemAt(0), 0);
+  EXPECT_EQ(Utf8(drawn.GetString()), "a  b");
 }
 
 TEST_F(ListDesk, MenuKeyOpensTheMenuAtTheRow) {
