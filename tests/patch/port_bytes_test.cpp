@@ -210,6 +210,30 @@ TEST_P(PortBytes, OfATableOfPointersAlone) {
   EXPECT_EQ(ported.newBytes, now.Bytes(source));
 }
 
+// Nothing but the other version's bytes says that its numbers are pointers.
+TEST_P(PortBytes, OfATableThatHasOtherPointersInTheOtherVersion) {
+  const auto put = [](Linked& version, const std::string& name, Offset at, int seed, Offset front) {
+    version.Put(name, at);
+    for (Offset k = 0; k < 64; ++k)
+      version.Image()[static_cast<std::size_t>(at + front + k)] =
+          static_cast<std::uint8_t>(0x80 | (seed + k * k));
+  };
+  const std::string table = "word:pof:one word:page:one";
+  const Offset place = 0x6020;
+  for (const bool isOld : {true, false}) {
+    Linked& version = isOld ? old : now;
+    const Offset front = isOld ? oldFront : newFront;
+    put(version, "one", isOld ? 0x9000 : 0x9042, 1, front);
+    put(version, "two", isOld ? 0xA100 : 0xA166, 2, front);
+    put(version, "around", place - 32, 3, front);
+    std::ranges::copy(version.Bytes(table), version.Image().begin() + place + front);
+  }
+  const PortedChange ported =
+      Ported({ChangeOf(place + oldFront, old.Bytes("word:pof:two word:page:two"))})[0];
+  ASSERT_EQ(ported.refusal, std::nullopt);
+  EXPECT_EQ(ported.newBytes, now.Bytes("word:pof:two word:page:two"));
+}
+
 // Code in an erased area, cut into lines inside its instructions, and a text behind it that looks like JMPA.
 TEST_P(PortBytes, OfABroughtFunctionAreCarriedAcrossLines) {
   const std::string source =
