@@ -54,7 +54,7 @@ TEST(BroughtCode, IsAssumedInEachPartThatNothingLeadsTo) {
   };
   add(0x8000, "CC00 DAFF0080 DB00"_hex);
   add(0x8020, "E014 DB00"_hex);
-  add(0x8040, "226F7261 6E676500"_hex);
+  add(0x8040, "226F7261 6E676E00"_hex);
   add(0x8050, "0001 8C00"_hex);
   add(0x8060, "CC00 DA"_hex);
   add(0x8063, "FF0080 DB00"_hex);
