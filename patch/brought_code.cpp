@@ -45,7 +45,7 @@ void BroughtCode::Assume(const Region& part) {
       image_.Patched().subspan(static_cast<std::size_t>(part.offset), static_cast<std::size_t>(part.size));
   const bool isText =
       std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0 || IsPrintable(byte); });
-  if (isText || !In(part).empty()) return;
+  if (isText || !RunsIn(part).empty()) return;
   assumed_.push_back(part);
   Open(part.offset);
   Walk();
@@ -55,7 +55,7 @@ void BroughtCode::Assume(const Region& part) {
 void BroughtCode::OpenUnreached(const Region& part) {
   for (bool isNew = true; isNew;) {
     isNew = false;
-    for (const Region& run : In(part))
+    for (const Region& run : RunsIn(part))
       if (LeadsOn(run.End(), part)) {
         open_.push_back(run.End());
         isNew = true;
@@ -136,19 +136,38 @@ std::vector<Region> BroughtCode::AssumedIn(const PatchedPiece& piece) const {
 
 bool BroughtCode::IsStart(Offset place) const { return isStart_[static_cast<std::size_t>(place) / 2]; }
 
-std::vector<Region> BroughtCode::In(const Region& region) const {
+std::vector<Region> BroughtCode::RunsIn(const Region& part) const {
   std::vector<Region> runs;
-  const Offset from = region.offset;
-  for (Offset at = image_.Old().BeginsWord(from) ? from : from + 1; at < region.End(); at += 2) {
+  bool isBehindEnd = true;
+  const Offset first = image_.Old().BeginsWord(part.offset) ? part.offset : part.offset + 1;
+  for (Offset at = first; at < part.End(); at += 2) {
     if (!IsStart(at)) continue;
-    const Offset size = Instruction::Decode(image_.Patched(), at).Size();
-    if (!runs.empty() && runs.back().End() == at)
-      runs.back().size += size;
+    const Instruction instruction = Instruction::Decode(image_.Patched(), at);
+    if (!isBehindEnd && runs.back().End() == at)
+      runs.back().size += instruction.Size();
     else
-      runs.push_back({at, size});
-    at += size - 2;
+      runs.push_back({at, instruction.Size()});
+    isBehindEnd = !instruction.FallsThrough();
+    at += instruction.Size() - 2;
   }
   return runs;
+}
+
+std::vector<BroughtBlock> BroughtCode::Blocks() const {
+  std::vector<BroughtBlock> blocks;
+  for (const Region& part : parts_) {
+    Offset done = part.offset;
+    const auto data = [&](Offset end) {
+      if (end > done) blocks.push_back({{done, end - done}, false});
+    };
+    for (const Region& run : RunsIn(part)) {
+      data(run.offset);
+      blocks.push_back({run, true});
+      done = run.End();
+    }
+    data(part.End());
+  }
+  return blocks;
 }
 
 }  // namespace tarvelo

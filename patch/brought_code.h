@@ -9,16 +9,26 @@
 
 namespace tarvelo {
 
+// What is carried as one: code up to an instruction that nothing follows, or the data up to the next code.
+struct BroughtBlock {
+  Region region;
+  bool isCode = false;
+
+  [[nodiscard]] bool operator==(const BroughtBlock&) const = default;
+};
+
 class BroughtCode {
  public:
   BroughtCode(const PatchedImage& image, const CodeUnits& units);
 
-  // The runs of instructions in a region of an erased piece, by offset.
-  [[nodiscard]] std::vector<Region> In(const Region& region) const;
+  // What the erased pieces bring, by offset.
+  [[nodiscard]] std::vector<BroughtBlock> Blocks() const;
   // The parts of an erased piece that nothing leads into, so that their code may as well be data.
   [[nodiscard]] std::vector<Region> AssumedIn(const PatchedPiece& piece) const;
 
  private:
+  // The runs of instructions in a part, by offset; none reaches over an instruction that nothing follows.
+  [[nodiscard]] std::vector<Region> RunsIn(const Region& part) const;
   void FollowReferences(const Region& region);
   void Open(Offset place);
   void AddParts(const PatchedPiece& piece);

@@ -28,6 +28,7 @@ class Porter {
         image_(changes, old, pairing.Old()),
         brought_(image_, pairing.Old()),
         nearby_(old, noFunctions_),
+        blocks_(brought_.Blocks()),
         ported_(changes.size()) {
     maps_.code = [this](std::uint32_t address) { return Mapped(address, true); };
     maps_.jump = [this](std::uint32_t address) { return places_.CodeInside(address); };
@@ -39,6 +40,7 @@ class Porter {
     for (PortedChange& ported : ported_) ported.refusal = PortRefusal::NotOld;
     for (const PatchedPiece& piece : image_.Pieces()) {
       carrying_ = {.user = &piece, .count = piece.changes.size()};
+      carried_ = {};
       Step();
       switch (piece.kind) {
         case PatchedPiece::Kind::Code: Code(piece); break;
@@ -54,31 +56,59 @@ class Porter {
   [[nodiscard]] const std::vector<AreaMove>& Referred() const { return referred_; }
 
  private:
-  // That some changes of a piece call or point to what another piece brings into an erased area.
+  // That some changes of a piece call or point to a block of what the patch brings into an erased area.
   struct Use {
-    const PatchedPiece* used = nullptr;
+    std::size_t used = 0;  // index in `blocks_`
     const PatchedPiece* user = nullptr;
     std::size_t first = 0, count = 0;  // of the user's changes
 
     [[nodiscard]] auto operator<=>(const Use&) const = default;
   };
 
-  // What uses an erased piece needs all of it, which may need others in turn.
+  // What uses a block needs all of it, and may be part of a block itself.
   void RefuseUsersOfRefused() {
-    const auto isRefused = [this](std::size_t i) { return ported_[i].refusal.has_value(); };
-    std::vector<const PatchedPiece*> refused;
-    for (const PatchedPiece& piece : image_.Pieces())
-      if (std::ranges::any_of(piece.changes, isRefused)) refused.push_back(&piece);
+    std::vector<std::size_t> refused;
+    for (std::size_t i = 0; i < ported_.size(); ++i)
+      if (ported_[i].refusal) refused.push_back(i);
     while (!refused.empty()) {
-      const PatchedPiece* const used = refused.back();
+      const Change& change = image_.Changes()[refused.back()].change;
       refused.pop_back();
-      for (auto use = uses_.lower_bound({.used = used}); use != uses_.end() && use->used == used;
-           use = uses_.erase(use)) {
-        refused.push_back(use->user);
-        for (const std::size_t i : std::span(use->user->changes).subspan(use->first, use->count))
-          if (!isRefused(i)) ported_[i] = {.refusal = PortRefusal::NoAddress};
-      }
+      const Offset end = change.offset + std::ssize(change.oldBytes);
+      for (std::size_t block = BlockBehind(change.offset);
+           block < blocks_.size() && blocks_[block].region.offset < end; ++block)
+        RefuseUsers(block, refused);
     }
+  }
+
+  void RefuseUsers(std::size_t block, std::vector<std::size_t>& refused) {
+    for (auto use = uses_.lower_bound({.used = block}); use != uses_.end() && use->used == block;
+         use = uses_.erase(use))
+      for (const std::size_t i : std::span(use->user->changes).subspan(use->first, use->count)) {
+        if (ported_[i].refusal) continue;
+        ported_[i] = {.refusal = PortRefusal::NoAddress};
+        refused.push_back(i);
+      }
+  }
+
+  // The first block that ends behind an offset.
+  [[nodiscard]] std::size_t BlockBehind(Offset offset) const {
+    const auto block = std::ranges::upper_bound(blocks_, offset, {},
+                                                [](const BroughtBlock& each) { return each.region.End(); });
+    return static_cast<std::size_t>(block - blocks_.begin());
+  }
+
+  // Takes a block as what is being carried.
+  void Carry(const PatchedPiece& piece, const Region& block) {
+    const auto overlaps = [&](std::size_t i) {
+      const Change& change = image_.Changes()[i].change;
+      return change.offset < block.End() && change.offset + std::ssize(change.oldBytes) > block.offset;
+    };
+    const auto first = std::ranges::find_if(piece.changes, overlaps);
+    const auto end = std::find_if_not(first, piece.changes.end(), overlaps);
+    carrying_ = {.user = &piece,
+                 .first = static_cast<std::size_t>(first - piece.changes.begin()),
+                 .count = static_cast<std::size_t>(end - first)};
+    carried_ = block;
   }
 
   // Reports the progress; long pieces report it, too, and can be stopped.
@@ -173,18 +203,17 @@ class Porter {
       carried.failed.insert(carried.failed.end(), part.failed.begin(), part.failed.end());
     };
     const auto newOf = [&](Offset old) { return old - piece.region.offset + *there; };
-    Offset dataFrom = piece.region.offset;
-    const auto data = [&](Offset end) {
-      const Region region{dataFrom, end - dataFrom};
-      if (region.size >= smallestData) take(region, AsData(region, newOf(region.offset)));
-    };
-    for (const Region& run : brought_.In(piece.region)) {
-      data(run.offset);
-      dataFrom = run.End();
-      const PatchedCode code{image_.Patched(), run, run, newOf(run.offset)};
-      take(run, CarryOperands(code, old_, now_, pairing_, maps_));
+    for (std::size_t i = BlockBehind(piece.region.offset);
+         i < blocks_.size() && piece.region.Holds(blocks_[i].region.offset); ++i) {
+      const auto& [block, isCode] = blocks_[i];
+      Carry(piece, block);
+      const PatchedCode code{image_.Patched(), block, block, newOf(block.offset)};
+      if (isCode)
+        take(block, CarryOperands(code, old_, now_, pairing_, maps_));
+      else if (block.size >= smallestData)
+        take(block, AsData(block, newOf(block.offset)));
     }
-    data(piece.region.End());
+    carrying_.count = 0;
     if (moves)
       for (const Region& part : brought_.AssumedIn(piece))
         FailAsData(part, newOf(part.offset), piece, carried);
@@ -276,11 +305,9 @@ class Porter {
     const Offset offset = Offset{address} - old_.CorrBase();
     const AreaMove* const moved = maps_.areas.MovedAt(address);
     if (const PatchedPiece* const used = image_.ErasedAt(moved ? moved->from.offset : offset)) {
-      if (used != carrying_.user) {
-        if (moved) referred_.push_back(*moved);
-        carrying_.used = used;
-        uses_.insert(carrying_);
-      }
+      if (moved && used != carrying_.user) referred_.push_back(*moved);
+      carrying_.used = BlockBehind(offset);
+      if (!carried_.Holds(offset)) uses_.insert(carrying_);
       const auto there = maps_.areas.NewOf(offset);
       return there ? std::optional(now_.PhoneAddress(*there)) : std::nullopt;
     }
@@ -298,7 +325,9 @@ class Porter {
   FunctionList noFunctions_;
   NearbyCode nearby_;
   CarryMaps maps_;
-  Use carrying_;  // what is being carried, as a user
+  std::vector<BroughtBlock> blocks_;
+  Use carrying_;    // what is being carried, as a user,
+  Region carried_;  // and the block that it is
   std::set<Use> uses_;
   std::vector<AreaMove> referred_;
   std::vector<PortedChange> ported_;

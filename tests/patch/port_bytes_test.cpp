@@ -294,8 +294,8 @@ TEST_P(PortBytes, OfAnAreaThatIsFullMoveWithAllThatNamesThem) {
       {"table", 12, "word:pof:mark word:page:mark"},
       {"area", 0, code},
       {"area", 0x7E, "word:area", Half::Offset},
-      {"mark", 0, "12 34 FF FF 41 42 43 44"},
-      {"mark", 10, "word:area", Half::Offset},
+      {"mark", 0, "12 34 FF FF 41 42 8C 0"},
+      {"mark", 8, "word:area", Half::Offset},
       {"fifth", 40, "E6 F5 word:page:area", Half::Page},
       {"table", 8, "word:page:mark word:pof:mark", Half::Page},
       {"fifth", 44, "E6 F6 04 40", Half::Page},     // the area through DPP1

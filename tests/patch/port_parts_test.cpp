@@ -39,7 +39,8 @@ TEST(BroughtCode, IsAtEvenAddresses) {
     const PatchedImage patched(changes, image, none);
     const BroughtCode code(patched, none);
     EXPECT_TRUE(code.AssumedIn(patched.Pieces()[1]).empty()) << front;
-    EXPECT_EQ(code.In(patched.Pieces()[1].region), (std::vector<Region>{{0x8000 + front, 4}})) << front;
+    EXPECT_EQ(code.Blocks(), (std::vector<BroughtBlock>{{{0x7FFD + front, 3}}, {{0x8000 + front, 4}, true}}))
+        << front;
   }
 }
 
@@ -61,8 +62,9 @@ TEST(BroughtCode, IsAssumedInEachPartThatNothingLeadsTo) {
   const PatchedImage patched(changes, image, none);
   const BroughtCode code(patched, none);
   ASSERT_EQ(patched.Pieces().size(), 1u);
-  EXPECT_EQ(code.In(patched.Pieces()[0].region),
-            (std::vector<Region>{{0x8000, 8}, {0x8020, 4}, {0x8060, 8}}));
+  const std::vector<BroughtBlock> blocks{
+      {{0x8000, 8}, true}, {{0x8020, 4}, true}, {{0x8040, 8}}, {{0x8050, 4}}, {{0x8060, 8}, true}};
+  EXPECT_EQ(code.Blocks(), blocks);
 }
 
 // 100h bytes from a phone address in an image of 320 KiB, whose segments begin at offset 0, 10000h and so on.
