@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "resources/messages.h"
 #include "resources/texts.h"
@@ -24,6 +25,7 @@ namespace {
 
 constexpr int widestColumn = 60;  // characters; longer texts are cut off on the screen
 constexpr std::size_t rowsMeasured = 500;
+constexpr int usualHeight = 200;  // of the list on the screen, in pixels of 96 dots per inch; lower ones grow
 constexpr std::size_t longestDrawn = 2000;  // bytes of a cell; a melody may have millions
 
 // The ground of every second row, where the system has none: a little off the list's, in light and dark
@@ -105,6 +107,12 @@ ListView::ListView(wxWindow* parent)
     event.Skip();
     if (!hint_.empty()) WrapHint();
   });
+  // A row that is chosen before the list has its height may stay scrolled out of it.
+  Bind(wxEVT_SIZE, [this, height = 0](wxSizeEvent& event) mutable {
+    event.Skip();
+    const int before = std::exchange(height, event.GetSize().y);
+    if (before < height && before < FromDIP(usualHeight)) CallAfter([this] { ShowCurrent(); });
+  });
   filterLine_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { Filter(Utf8(filterLine_->GetValue())); });
   control_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
     if (const auto row = Selected(); row && onSelect) onSelect(*row);
@@ -141,6 +149,11 @@ wxPoint ListView::MenuPlace() const {
   if (!item.IsOk()) return control_->ClientToScreen(FromDIP(wxPoint(24, 24)));
   control_->EnsureVisible(item);
   return control_->ClientToScreen(control_->GetItemRect(item).GetBottomLeft() + FromDIP(wxPoint(24, 0)));
+}
+
+void ListView::ShowCurrent() {
+  const wxDataViewItem current = control_->GetCurrentItem();
+  if (current.IsOk() && model_->GetRow(current) < order_.size()) control_->EnsureVisible(current);
 }
 
 void ListView::SetRows(TableRows rows) {

@@ -95,6 +95,7 @@ class ListView final : public wxPanel {
  private:
   class Model;
 
+  void ShowCurrent();
   [[nodiscard]] wxPoint MenuPlace() const;
   void FitColumns();
   void Arrange();
