@@ -1,11 +1,11 @@
 #include "patch/port.h"
 
 #include <algorithm>
-#include <set>
 
 #include "code/masked_pattern.h"
 #include "code/nearby_code.h"
 #include "code/sweep.h"
+#include "patch/area_uses.h"
 #include "patch/brought_code.h"
 #include "patch/free_areas.h"
 #include "patch/port_operands.h"
@@ -28,7 +28,7 @@ class Porter {
         image_(changes, old, pairing.Old()),
         brought_(image_, pairing.Old()),
         nearby_(old, noFunctions_),
-        blocks_(brought_.Blocks()),
+        uses_(image_, brought_.Blocks()),
         ported_(changes.size()) {
     maps_.code = [this](std::uint32_t address) { return Mapped(address, true); };
     maps_.jump = [this](std::uint32_t address) { return places_.CodeInside(address); };
@@ -39,8 +39,7 @@ class Porter {
   std::vector<PortedChange> Run() {
     for (PortedChange& ported : ported_) ported.refusal = PortRefusal::NotOld;
     for (const PatchedPiece& piece : image_.Pieces()) {
-      carrying_ = {.user = &piece, .count = piece.changes.size()};
-      carried_ = {};
+      uses_.Begin(piece);
       Step();
       switch (piece.kind) {
         case PatchedPiece::Kind::Code: Code(piece); break;
@@ -56,59 +55,12 @@ class Porter {
   [[nodiscard]] const std::vector<AreaMove>& Referred() const { return referred_; }
 
  private:
-  // That some changes of a piece call or point to a block of what the patch brings into an erased area.
-  struct Use {
-    std::size_t used = 0;  // index in `blocks_`
-    const PatchedPiece* user = nullptr;
-    std::size_t first = 0, count = 0;  // of the user's changes
-
-    [[nodiscard]] auto operator<=>(const Use&) const = default;
-  };
-
-  // What uses a block needs all of it, and may be part of a block itself.
   void RefuseUsersOfRefused() {
     std::vector<std::size_t> refused;
     for (std::size_t i = 0; i < ported_.size(); ++i)
       if (ported_[i].refusal) refused.push_back(i);
-    while (!refused.empty()) {
-      const Change& change = image_.Changes()[refused.back()].change;
-      refused.pop_back();
-      const Offset end = change.offset + std::ssize(change.oldBytes);
-      for (std::size_t block = BlockBehind(change.offset);
-           block < blocks_.size() && blocks_[block].region.offset < end; ++block)
-        RefuseUsers(block, refused);
-    }
-  }
-
-  void RefuseUsers(std::size_t block, std::vector<std::size_t>& refused) {
-    for (auto use = uses_.lower_bound({.used = block}); use != uses_.end() && use->used == block;
-         use = uses_.erase(use))
-      for (const std::size_t i : std::span(use->user->changes).subspan(use->first, use->count)) {
-        if (ported_[i].refusal) continue;
-        ported_[i] = {.refusal = PortRefusal::NoAddress};
-        refused.push_back(i);
-      }
-  }
-
-  // The first block that ends behind an offset.
-  [[nodiscard]] std::size_t BlockBehind(Offset offset) const {
-    const auto block = std::ranges::upper_bound(blocks_, offset, {},
-                                                [](const BroughtBlock& each) { return each.region.End(); });
-    return static_cast<std::size_t>(block - blocks_.begin());
-  }
-
-  // Takes a block as what is being carried.
-  void Carry(const PatchedPiece& piece, const Region& block) {
-    const auto overlaps = [&](std::size_t i) {
-      const Change& change = image_.Changes()[i].change;
-      return change.offset < block.End() && change.offset + std::ssize(change.oldBytes) > block.offset;
-    };
-    const auto first = std::ranges::find_if(piece.changes, overlaps);
-    const auto end = std::find_if_not(first, piece.changes.end(), overlaps);
-    carrying_ = {.user = &piece,
-                 .first = static_cast<std::size_t>(first - piece.changes.begin()),
-                 .count = static_cast<std::size_t>(end - first)};
-    carried_ = block;
+    for (const std::size_t i : uses_.UsersOf(std::move(refused)))
+      ported_[i] = {.refusal = PortRefusal::NoAddress};
   }
 
   // Reports the progress; long pieces report it, too, and can be stopped.
@@ -150,10 +102,10 @@ class Porter {
   void Data(const PatchedPiece& piece) {
     const NewPlace place = InData(piece.region);
     if (!place.refusal) return TakeData(piece, place);
-    carrying_.count = 1;
-    for (carrying_.first = 0; carrying_.first < piece.changes.size(); ++carrying_.first) {
+    for (std::size_t k = 0; k < piece.changes.size(); ++k) {
       Step();
-      const std::size_t i = piece.changes[carrying_.first];
+      uses_.BeginChange(piece, k);
+      const std::size_t i = piece.changes[k];
       const Change& change = image_.Changes()[i].change;
       const PatchedPiece one{piece.kind, {change.offset, std::ssize(change.oldBytes)}, {i}};
       const NewPlace there = piece.changes.size() == 1 ? place : InData(one.region);
@@ -203,17 +155,15 @@ class Porter {
       carried.failed.insert(carried.failed.end(), part.failed.begin(), part.failed.end());
     };
     const auto newOf = [&](Offset old) { return old - piece.region.offset + *there; };
-    for (std::size_t i = BlockBehind(piece.region.offset);
-         i < blocks_.size() && piece.region.Holds(blocks_[i].region.offset); ++i) {
-      const auto& [block, isCode] = blocks_[i];
-      Carry(piece, block);
+    for (const auto& [block, isCode] : uses_.BlocksOf(piece)) {
+      uses_.BeginBlock(piece, block);
       const PatchedCode code{image_.Patched(), block, block, newOf(block.offset)};
       if (isCode)
         take(block, CarryOperands(code, old_, now_, pairing_, maps_));
       else if (block.size >= smallestData)
         take(block, AsData(block, newOf(block.offset)));
     }
-    carrying_.count = 0;
+    uses_.End();
     if (moves)
       for (const Region& part : brought_.AssumedIn(piece))
         FailAsData(part, newOf(part.offset), piece, carried);
@@ -305,9 +255,8 @@ class Porter {
     const Offset offset = Offset{address} - old_.CorrBase();
     const AreaMove* const moved = maps_.areas.MovedAt(address);
     if (const PatchedPiece* const used = image_.ErasedAt(moved ? moved->from.offset : offset)) {
-      if (moved && used != carrying_.user) referred_.push_back(*moved);
-      carrying_.used = BlockBehind(offset);
-      if (!carried_.Holds(offset)) uses_.insert(carrying_);
+      if (moved && used != uses_.Piece()) referred_.push_back(*moved);
+      uses_.Add(offset);
       const auto there = maps_.areas.NewOf(offset);
       return there ? std::optional(now_.PhoneAddress(*there)) : std::nullopt;
     }
@@ -325,10 +274,7 @@ class Porter {
   FunctionList noFunctions_;
   NearbyCode nearby_;
   CarryMaps maps_;
-  std::vector<BroughtBlock> blocks_;
-  Use carrying_;    // what is being carried, as a user,
-  Region carried_;  // and the block that it is
-  std::set<Use> uses_;
+  AreaUses uses_;
   std::vector<AreaMove> referred_;
   std::vector<PortedChange> ported_;
 };
