@@ -1,6 +1,7 @@
 #include "patch/area_uses.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tarvelo {
@@ -38,14 +39,13 @@ void AreaUses::BeginChange(const PatchedPiece& piece, std::size_t change) {
 }
 
 void AreaUses::BeginBlock(const PatchedPiece& piece, const Region& block) {
-  const auto overlaps = [&](std::size_t i) {
-    const Region change = RegionOf(i);
-    return change.offset < block.End() && change.End() > block.offset;
-  };
-  const auto first = std::ranges::find_if(piece.changes, overlaps);
-  const auto end = std::find_if_not(first, piece.changes.end(), overlaps);
+  const std::vector<std::size_t>& changes = piece.changes;
+  const auto isInFront = [&](std::size_t i) { return RegionOf(i).offset < block.End(); };
+  const auto end = std::ranges::partition_point(changes, isInFront);
+  auto first = end;
+  while (first != changes.begin() && RegionOf(*std::prev(first)).End() > block.offset) --first;
   user_ = {.piece = &piece,
-           .first = static_cast<std::size_t>(first - piece.changes.begin()),
+           .first = static_cast<std::size_t>(first - changes.begin()),
            .count = static_cast<std::size_t>(end - first)};
   block_ = block;
 }
