@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "patch/port.h"
-#include "tests/code/firmware_versions.h"
+#include "port/port.h"
+#include "tests/versions/firmware_versions.h"
 
 namespace tarvelo {
 namespace {

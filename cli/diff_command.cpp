@@ -6,11 +6,11 @@
 #include "cli/files.h"
 #include "cli/output.h"
 #include "cli/subcommands.h"
-#include "patch/function_table.h"
 #include "patch/image_compare.h"
 #include "patch/patch_document.h"
 #include "patch/patch_lines.h"
 #include "patch/pattern.h"
+#include "versions/function_table.h"
 
 namespace tarvelo::cli {
 namespace {

@@ -7,9 +7,9 @@
 #include "cli/subcommands.h"
 #include "core/notation.h"
 #include "core/places.h"
-#include "patch/carry_names.h"
 #include "patch/name_pattern.h"
-#include "patch/port.h"
+#include "port/carry_names.h"
+#include "port/port.h"
 
 namespace tarvelo::cli {
 namespace {

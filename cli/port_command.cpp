@@ -6,9 +6,9 @@
 #include "cli/output.h"
 #include "cli/subcommands.h"
 #include "document/used_areas.h"
-#include "patch/carried_lines.h"
 #include "patch/pattern.h"
-#include "patch/port_text.h"
+#include "port/carried_lines.h"
+#include "port/port_text.h"
 
 namespace tarvelo::cli {
 namespace {

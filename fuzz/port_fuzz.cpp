@@ -1,10 +1,10 @@
 // Carries an arbitrary patch from arbitrary bytes to what an editor made of them: text, a zero, edits, bytes.
 #include <vector>
 
-#include "code/code_pairing.h"
 #include "fuzz/target.h"
-#include "patch/port.h"
-#include "patch/port_text.h"
+#include "port/port.h"
+#include "port/port_text.h"
+#include "versions/code_pairing.h"
 
 namespace tarvelo::fuzz {
 namespace {

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "document/used_areas.h"
-#include "patch/carried_lines.h"
 #include "patch/patch_document.h"
-#include "patch/port_text.h"
+#include "port/carried_lines.h"
+#include "port/port_text.h"
 #include "shell/base/strings.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/kept_file.h"

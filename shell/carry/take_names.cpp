@@ -9,9 +9,9 @@
 
 #include "core/notation.h"
 #include "core/places.h"
-#include "patch/carried_lines.h"
-#include "patch/carry_names.h"
 #include "patch/name_pattern.h"
+#include "port/carried_lines.h"
+#include "port/carry_names.h"
 #include "shell/base/strings.h"
 #include "shell/services/dump_files.h"
 #include "shell/services/review.h"

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "patch/function_table.h"
 #include "shell/services/search_progress.h"
 #include "shell/services/talk.h"
 #include "shell/services/workbench.h"
+#include "versions/function_table.h"
 
 namespace tarvelo {
 

@@ -10,7 +10,7 @@
 #include "core/names.h"
 #include "core/region.h"
 #include "core/table.h"
-#include "patch/code_compare.h"
+#include "versions/code_compare.h"
 
 namespace tarvelo {
 

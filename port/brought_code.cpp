@@ -1,0 +1,173 @@
+#include "port/brought_code.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "code/sweep.h"
+#include "core/byte_text.h"
+
+namespace tarvelo {
+
+BroughtCode::BroughtCode(const PatchedImage& image, const CodeUnits& units)
+    : image_(image), units_(units), isStart_(static_cast<std::size_t>(std::ssize(image.Patched())) / 2 + 1) {
+  using enum PatchedPiece::Kind;
+  for (const PatchedPiece& piece : image_.Pieces())
+    if (piece.kind == Erased) AddParts(piece);
+  for (const PatchedPiece& piece : image_.Pieces())
+    if (piece.kind != Erased) FollowReferences(piece.region);
+  Walk();
+  for (const Region& part : parts_) {
+    Assume(part);
+    OpenUnreached(part);
+  }
+}
+
+void BroughtCode::AddParts(const PatchedPiece& piece) {
+  for (const std::size_t i : piece.changes) {
+    const Change& change = image_.Changes()[i].change;
+    const Region region{change.offset, std::ssize(change.newBytes)};
+    if (parts_.empty() || region.offset > parts_.back().End())
+      parts_.push_back(region);
+    else
+      parts_.back().size = std::max(parts_.back().End(), region.End()) - parts_.back().offset;
+  }
+}
+
+const Region* BroughtCode::PartAt(Offset offset) const {
+  const auto after = std::ranges::upper_bound(parts_, offset, {}, &Region::offset);
+  if (after == parts_.begin() || !std::prev(after)->Holds(offset)) return nullptr;
+  return &*std::prev(after);
+}
+
+// Takes a part as code if nothing in it is data, nothing leads into it, and it is no text.
+void BroughtCode::Assume(const Region& part) {
+  const Bytes bytes =
+      image_.Patched().subspan(static_cast<std::size_t>(part.offset), static_cast<std::size_t>(part.size));
+  const bool isText =
+      std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0 || IsPrintable(byte); });
+  if (isText || !RunsIn(part).empty()) return;
+  assumed_.push_back(part);
+  Open(part.offset);
+  Walk();
+}
+
+// Code behind a jump or return that only a table leads to: it calls or jumps to what is known.
+void BroughtCode::OpenUnreached(const Region& part) {
+  for (bool isNew = true; isNew;) {
+    isNew = false;
+    for (const Region& run : RunsIn(part))
+      if (LeadsOn(run.End(), part)) {
+        open_.push_back(run.End());
+        isNew = true;
+      }
+    Walk();
+  }
+}
+
+bool BroughtCode::LeadsOn(Offset place, const Region& part) const {
+  while (place < part.End() && !IsStart(place)) {
+    const Instruction instruction = Instruction::Decode(image_.Patched(), place);
+    if (instruction.IsData()) return false;
+    if (const auto target = instruction.Target(image_.Old().PhoneAddress(place))) {
+      const Offset to = Offset{*target} - image_.Old().CorrBase();
+      if (units_.UnitFrom(to) >= 0 || (image_.Old().BeginsWord(to) && part.Holds(to) && IsStart(to)))
+        return true;
+    }
+    place += instruction.Size();
+    if (!instruction.FallsThrough()) return false;
+  }
+  return false;
+}
+
+// What a region calls, or points to by two words: both are found by looking at every word.
+void BroughtCode::FollowReferences(const Region& region) {
+  const Bytes bytes = image_.Patched();
+  const Fullflash& old = image_.Old();
+  const auto open = [&](std::uint32_t address) { Open(Offset{address} - old.CorrBase()); };
+  for (Offset at = std::max(old.FirstWord(), old.WordStart(region.offset));
+       at < region.End() && at + 4 <= std::ssize(bytes); at += 2) {
+    const Instruction instruction = Instruction::Decode(bytes, at);
+    if (!instruction.IsData())
+      if (const auto target = instruction.Target(old.PhoneAddress(at))) open(*target);
+    open(DWordAt(bytes, at));
+    if (!instruction.LoadsConstant() || at + 8 > std::ssize(bytes)) continue;
+    const Instruction next = Instruction::Decode(bytes, at + 4);
+    if (next.LoadsConstant() && next.Byte(1) == instruction.Byte(1) + 1)
+      open(std::uint32_t{next.Word()} << 16 | instruction.Word());
+  }
+}
+
+void BroughtCode::Open(Offset place) {
+  if (image_.Old().BeginsWord(place) && PartAt(place) && !IsStart(place)) open_.push_back(place);
+}
+
+void BroughtCode::Walk() {
+  while (!open_.empty()) {
+    const Offset place = open_.back();
+    open_.pop_back();
+    WalkFrom(place);
+  }
+}
+
+// Takes what a place leads to, up to an end, if nothing on the way is data.
+void BroughtCode::WalkFrom(Offset place) {
+  const Region& part = *PartAt(place);
+  std::vector<Region> found;
+  Offset at = place;
+  while (at < part.End() && !IsStart(at)) {
+    const Instruction instruction = Instruction::Decode(image_.Patched(), at);
+    if (instruction.IsData() || at + instruction.Size() > part.End()) return;
+    found.push_back({at, instruction.Size()});
+    at += instruction.Size();
+    if (!instruction.FallsThrough()) break;
+  }
+  for (const Region& region : found) {
+    isStart_[static_cast<std::size_t>(region.offset) / 2] = true;
+    FollowReferences(region);
+  }
+}
+
+std::vector<Region> BroughtCode::AssumedIn(const PatchedPiece& piece) const {
+  std::vector<Region> parts;
+  std::ranges::copy_if(assumed_, std::back_inserter(parts),
+                       [&](const Region& part) { return piece.region.Holds(part.offset); });
+  return parts;
+}
+
+bool BroughtCode::IsStart(Offset place) const { return isStart_[static_cast<std::size_t>(place) / 2]; }
+
+std::vector<Region> BroughtCode::RunsIn(const Region& part) const {
+  std::vector<Region> runs;
+  bool isBehindEnd = true;
+  const Offset first = image_.Old().BeginsWord(part.offset) ? part.offset : part.offset + 1;
+  for (Offset at = first; at < part.End(); at += 2) {
+    if (!IsStart(at)) continue;
+    const Instruction instruction = Instruction::Decode(image_.Patched(), at);
+    if (!isBehindEnd && runs.back().End() == at)
+      runs.back().size += instruction.Size();
+    else
+      runs.push_back({at, instruction.Size()});
+    isBehindEnd = !instruction.FallsThrough();
+    at += instruction.Size() - 2;
+  }
+  return runs;
+}
+
+std::vector<BroughtBlock> BroughtCode::Blocks() const {
+  std::vector<BroughtBlock> blocks;
+  for (const Region& part : parts_) {
+    Offset done = part.offset;
+    const auto data = [&](Offset end) {
+      if (end > done) blocks.push_back({{done, end - done}, false});
+    };
+    for (const Region& run : RunsIn(part)) {
+      data(run.offset);
+      blocks.push_back({run, true});
+      done = run.End();
+    }
+    data(part.End());
+  }
+  return blocks;
+}
+
+}  // namespace tarvelo
