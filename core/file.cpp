@@ -96,6 +96,11 @@ FileError::FileError(Kind kind, const fs::path& path, std::string_view cause, Pu
       purpose_(purpose),
       path_(path) {}
 
+FileError::FileError(const fs::path& path, std::uint64_t limit)
+    : FileError(Kind::TooLarge, path, "it is larger than " + std::to_string(limit >> 20) + " MiB") {
+  limit_ = limit >> 20;
+}
+
 FileReader::FileReader(const fs::path& path, std::uint64_t limit) : path_(path) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
@@ -110,9 +115,7 @@ FileReader::FileReader(const fs::path& path, std::uint64_t limit) : path_(path) 
   if (!file_) throw FileError(FileError::Kind::CantOpen, path, Cause("it can't be opened"));
   const std::uint64_t size = fs::file_size(path, error);
   if (error) throw FileError(FileError::Kind::CantOpen, path, error.message());
-  if (size > limit)
-    throw FileError(FileError::Kind::TooLarge, path,
-                    "it is larger than " + std::to_string(limit >> 20) + " MiB");
+  if (size > limit) throw FileError(path, limit);
   size_ = static_cast<std::size_t>(size);
 }
 

@@ -30,16 +30,21 @@ class FileError : public std::runtime_error {
 
   FileError(Kind kind, const std::filesystem::path& path, std::string_view cause,
             Purpose purpose = Purpose::Read);
+  // The file is longer than `limit` bytes.
+  FileError(const std::filesystem::path& path, std::uint64_t limit);
 
   [[nodiscard]] Kind Reason() const { return kind_; }
   // Whether the file was to be read or written.
   [[nodiscard]] Purpose OpenedTo() const { return purpose_; }
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+  // In MiB, if the file is too large.
+  [[nodiscard]] std::uint64_t Limit() const { return limit_; }
 
  private:
   Kind kind_;
   Purpose purpose_;
   std::filesystem::path path_;
+  std::uint64_t limit_ = 0;
 };
 
 // The bytes of a whole file. A moved-from object is empty.

@@ -59,13 +59,26 @@ void AddChange(const Fullflash& image, Offset offset, Bytes bytes, std::vector<C
     changes.push_back({offset, {old.begin(), old.end()}, {bytes.begin(), bytes.end()}});
 }
 
-// The size of a piece, in its slot and in the copies of the slot.
-void Resize(const Fullflash& image, const FileList& list, const FileEntry& entry, const FileRecord& piece,
-            Offset size, std::vector<Change>& changes) {
-  const std::uint8_t word[] = {static_cast<std::uint8_t>(size), static_cast<std::uint8_t>(size >> 8)};
+struct Resized {
+  const FileRecord* piece;
+  Offset size;  // the new one
+};
+
+// The sizes of pieces, in their slots and in the copies of these.
+void Resize(const Fullflash& image, const FileList& list, const FileEntry& entry,
+            std::vector<Resized> resized, std::vector<Change>& changes) {
+  if (resized.empty()) return;
+  const auto offset = [](const Resized& each) { return each.piece->offset; };
+  std::ranges::sort(resized, {}, offset);
   const FileVolumeRecords& volume = list.volumes[entry.volume];
-  for (std::size_t i = volume.firstRecord; i < volume.firstRecord + volume.recordCount; ++i)
-    if (IsSame(list.records[i], piece)) AddChange(image, list.records[i].slot + sizeInSlot, word, changes);
+  for (std::size_t i = volume.firstRecord; i < volume.firstRecord + volume.recordCount; ++i) {
+    const FileRecord& record = list.records[i];
+    const auto found = std::ranges::lower_bound(resized, record.offset, {}, offset);
+    if (found == resized.end() || !IsSame(record, *found->piece)) continue;
+    const std::uint8_t word[] = {static_cast<std::uint8_t>(found->size),
+                                 static_cast<std::uint8_t>(found->size >> 8)};
+    AddChange(image, record.slot + sizeInSlot, word, changes);
+  }
 }
 
 }  // namespace
@@ -111,13 +124,15 @@ FileReplacement ReplaceContent(const Fullflash& image, const FileList& list, con
                                Bytes bytes) {
   FileReplacement replacement{Refusal(image, list, entry, bytes), {}};
   if (replacement.refusal != FileRefusal::None) return replacement;
+  std::vector<Resized> resized;
   for (std::uint32_t i = 0; i < entry.pieceCount; ++i) {
     const FileRecord& piece = Piece(list, entry, i);
     const auto size = std::min<std::size_t>(piece.size, bytes.size());
     AddChange(image, piece.offset, bytes.first(size), replacement.changes);
-    if (size < piece.size) Resize(image, list, entry, piece, static_cast<Offset>(size), replacement.changes);
+    if (size < piece.size) resized.push_back({&piece, static_cast<Offset>(size)});
     bytes = bytes.subspan(size);
   }
+  Resize(image, list, entry, std::move(resized), replacement.changes);
   return replacement;
 }
 

@@ -19,6 +19,11 @@ std::string Utf8(const wxString& text) { return text.utf8_string(); }
 
 std::filesystem::path PathFrom(const wxString& text) { return PathOf(Utf8(text)); }
 
+wxString WithNumber(wxString text, std::int64_t number) {
+  text.Replace("%s", std::to_string(number));
+  return text;
+}
+
 std::string quot(std::string_view text) {
   const std::string_view mark = text.find(' ') != text.npos ? "\"" : "";
   return std::string(mark).append(text).append(mark);

@@ -40,11 +40,6 @@ void ShowWrapped(wxStaticText& control, const wxString& text, int width) {
   if (width > 0) control.Wrap(width);
 }
 
-wxString WithNumber(wxString text, Offset number) {
-  text.Replace("%s", std::to_string(number));
-  return text;
-}
-
 }  // namespace
 
 ComparePanel::ComparePanel(Workbench& bench) : ComparePanel(bench, new wxPanel(&bench.frame.Parent())) {}

@@ -78,9 +78,8 @@ Review ReviewOf(const MisfitTable& misfits) {
 void ApplyPatch_Click(Workbench& bench) {
   const auto file = AskForPatch(bench, Text::ApplyPatchFile, bench.document.Beside(".qpt"));
   if (!file) return;
-  if (const auto bytes = ReadPatchBytes(bench, *file))
-    Apply(bench, ReadPatchText({reinterpret_cast<const char*>(bytes->data.get()), bytes->size}), applying,
-          *file);
+  const FileBytes bytes = ReadPatchBytes(bench, *file);
+  Apply(bench, ReadPatchText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size}), applying, *file);
 }
 
 void ApplyPatch(Workbench& bench, const ReadPatch& patch) { Apply(bench, patch, applying, {}); }

@@ -32,12 +32,8 @@ std::optional<std::filesystem::path> AskForPatch(Workbench& bench, Text title,
   return bench.talk.OpenFile(title, PatchFilter(bench.texts), FileExist(own) ? own : own.parent_path() / "");
 }
 
-std::optional<FileBytes> ReadPatchBytes(Workbench& bench, const std::filesystem::path& file) try {
+FileBytes ReadPatchBytes(Workbench& bench, const std::filesystem::path& file) {
   return ReadFile(file, fileLimit, bench.status);
-} catch (const FileError& error) {
-  if (error.Reason() != FileError::Kind::TooLarge) throw;
-  bench.talk.Complain(Wx(bench.texts.Msg(Text::PatchFileTooLarge)) + "\n\n" + WxPath(file));
-  return {};
 }
 
 PatchFiles::PatchFiles(Workbench& bench) : bench_(bench) { recent_.Read(bench.settings); }
@@ -53,10 +49,9 @@ std::optional<std::filesystem::path> PatchFiles::Ask(Text title) {
 }
 
 std::optional<PatchFileText> PatchFiles::Read(const std::filesystem::path& file) {
-  const auto bytes = ReadPatchBytes(bench_, file);
-  if (!bytes) return {};
+  const FileBytes bytes = ReadPatchBytes(bench_, file);
   PatchFileText text =
-      ReadPatchFileText({reinterpret_cast<const char*>(bytes->data.get()), bytes->size}, Phone());
+      ReadPatchFileText({reinterpret_cast<const char*>(bytes.data.get()), bytes.size}, Phone());
   if (LongestLine(text.document) <= lineLimit) return text;
   bench_.talk.Complain(Wx(bench_.texts.Msg(Text::PatchLineTooLong)) + "\n\n" + WxPath(file));
   return {};

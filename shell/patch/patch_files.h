@@ -25,8 +25,8 @@ struct Workbench;
 // file.
 [[nodiscard]] std::optional<std::filesystem::path> AskForPatch(Workbench& bench, Text title,
                                                                const std::filesystem::path& own);
-// Reads a patch file. If it has more than 32 MiB, tells the user and returns nothing. Throws FileError.
-[[nodiscard]] std::optional<FileBytes> ReadPatchBytes(Workbench& bench, const std::filesystem::path& file);
+// Reads a patch file of up to 32 MiB. Throws FileError.
+[[nodiscard]] FileBytes ReadPatchBytes(Workbench& bench, const std::filesystem::path& file);
 
 class PatchFiles {
  public:

@@ -93,10 +93,10 @@ void Talk::TellFault(const wxString& command, const wxString& cause) {
 
 void Talk::TellFileError(const FileError& error) {
   const bool isTooLarge = error.Reason() == FileError::Kind::TooLarge;
-  Text text = Text::CantOpenFile;
-  if (isTooLarge) text = Text::FileTooLarge;
-  if (error.Reason() == FileError::Kind::CantWrite) text = Text::CantWriteFile;
-  wxString told = Msg(text) + "\n\n" + WxPath(error.Path());
+  const bool isWriting = error.Reason() == FileError::Kind::CantWrite;
+  wxString told = isTooLarge ? WithNumber(Msg(Text::FileTooLarge), static_cast<std::int64_t>(error.Limit()))
+                             : Msg(isWriting ? Text::CantWriteFile : Text::CantOpenFile);
+  told += "\n\n" + WxPath(error.Path());
   const bool toWrite = error.OpenedTo() == FileError::Purpose::Write;
   if (!isTooLarge) told += "\n\n" + Msg(toWrite ? Text::AdviceOnWriting : Text::AdviceOnReading);
   Complain(told);

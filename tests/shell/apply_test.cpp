@@ -57,8 +57,7 @@ TEST_F(ApplyDesk, SaysWhyThereIsNothingToWrite) {
   const auto large = folder.Write("large.qpt", std::string("0: FF 12\n"));
   std::filesystem::resize_file(large, std::uintmax_t{33} << 20);
   script.file = large;
-  EXPECT_EQ(SaidAtLast(Id::ApplyPatch),
-            "!The patch file is larger than 32 MiB and can't be applied." + At(large));
+  EXPECT_EQ(SaidAtLast(Id::ApplyPatch), "!The file is larger than 32 MiB and can't be opened." + At(large));
   EXPECT_FALSE(Open().Edits().CanUndo());
 }
 
