@@ -48,17 +48,18 @@ CodePairing::CodePairing(const CodeUnits& old, std::uint32_t oldBase, const Code
   AddRepeated(old, twins_);
   AddRepeated(now, twins_);
   std::ranges::sort(twins_);
-  ProgressRun run(progress, 0, mostRounds);
+  constexpr void (CodePairing::*steps[])() = {&CodePairing::CollectVotes, &CodePairing::GiveUpContradicted,
+                                              &CodePairing::PairCalled,   &CodePairing::PairNeighbours,
+                                              &CodePairing::PairTwins,    &CodePairing::PairUnique};
+  constexpr int count = std::ssize(steps);
+  ProgressRun run(progress, 0, mostRounds * count);
   PairUnique();
   for (int round = 0; round < mostRounds; ++round) {
-    run.At(round);
     const std::vector<int> before = newOf_;
-    CollectVotes();
-    GiveUpContradicted();
-    PairCalled();
-    PairNeighbours();
-    PairTwins();
-    PairUnique();
+    for (int step = 0; step < count; ++step) {
+      run.At(round * count + step);
+      (this->*steps[step])();
+    }
     if (newOf_ == before) break;
   }
   CollectVotes();
