@@ -39,25 +39,24 @@ class BroughtAreas {
   [[nodiscard]] const AreaMove* MovedAt(std::uint32_t address) const;
   // Whether a word may be the page or segment of an old address in a moved area, or the offset in one, and
   // that becomes another. A near pointer goes through a DPP that something in the dump sets to its page.
-  [[nodiscard]] bool MayBeNumber(std::uint32_t word) const;
-  [[nodiscard]] bool MayBeOffset(std::uint32_t word) const;
+  [[nodiscard]] bool MayBeNumber(std::uint32_t word) const { return Holds(isNumber_, word); }
+  [[nodiscard]] bool MayBeOffset(std::uint32_t word) const { return Holds(isOffset_, word); }
 
  private:
+  using Words = std::vector<bool>;  // by word; empty: none
+
+  [[nodiscard]] static bool Holds(const Words& words, std::uint32_t word) {
+    return word < words.size() && words[word];
+  }
+  [[nodiscard]] const AreaMove* At(Offset old) const;
   [[nodiscard]] bool Moves(const AreaMove& area) const { return Shift(area) != 0; }
   [[nodiscard]] Offset Shift(const AreaMove& area) const;  // of phone addresses
-  void FindNearPages(const PatchedImage& image);
-  [[nodiscard]] bool MayBeNear(std::uint32_t word) const;
+  void FindWords(const PatchedImage& image);
+  void AddNumbers(const AreaMove& area);
+  void AddOffsets(const AreaMove& area, const std::vector<std::uint8_t>& dpps);
 
-  // A DPP that is set to a page of a moved area.
-  struct NearPage {
-    std::uint32_t dpp = 0;
-    std::uint32_t page = 0;
-
-    [[nodiscard]] bool operator==(const NearPage&) const = default;
-  };
-
-  std::vector<AreaMove> areas_;
-  std::vector<NearPage> nearPages_;
+  std::vector<AreaMove> areas_;  // by old place
+  Words isNumber_, isOffset_;
   Offset oldBase_ = 0;
   Offset newBase_ = 0;
 };

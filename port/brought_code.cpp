@@ -7,6 +7,11 @@
 #include "core/byte_text.h"
 
 namespace tarvelo {
+namespace {
+
+constexpr int mostRounds = 64;  // through a part; each may find what the one before led to
+
+}  // namespace
 
 BroughtCode::BroughtCode(const PatchedImage& image, const CodeUnits& units)
     : image_(image), units_(units), isStart_(static_cast<std::size_t>(std::ssize(image.Patched())) / 2 + 1) {
@@ -53,15 +58,26 @@ void BroughtCode::Assume(const Region& part) {
 
 // Code behind a jump or return that only a table leads to: it calls or jumps to what is known.
 void BroughtCode::OpenUnreached(const Region& part) {
-  for (bool isNew = true; isNew;) {
+  bool isNew = true;
+  for (int round = 0; isNew && round < mostRounds; ++round) {
     isNew = false;
     for (const Region& run : RunsIn(part))
-      if (LeadsOn(run.End(), part)) {
-        open_.push_back(run.End());
+      for (Offset end = run.End(); LeadsOn(end, part); end = EndOfRun(end)) {
+        Open(end);
+        Walk();
+        if (!IsStart(end)) break;  // it runs into data
         isNew = true;
       }
-    Walk();
   }
+}
+
+Offset BroughtCode::EndOfRun(Offset place) const {
+  while (IsStart(place)) {
+    const Instruction instruction = Instruction::Decode(image_.Patched(), place);
+    place += instruction.Size();
+    if (!instruction.FallsThrough()) break;
+  }
+  return place;
 }
 
 bool BroughtCode::LeadsOn(Offset place, const Region& part) const {
@@ -127,11 +143,9 @@ void BroughtCode::WalkFrom(Offset place) {
   }
 }
 
-std::vector<Region> BroughtCode::AssumedIn(const PatchedPiece& piece) const {
-  std::vector<Region> parts;
-  std::ranges::copy_if(assumed_, std::back_inserter(parts),
-                       [&](const Region& part) { return piece.region.Holds(part.offset); });
-  return parts;
+std::span<const Region> BroughtCode::AssumedIn(const PatchedPiece& piece) const {
+  const auto first = std::ranges::lower_bound(assumed_, piece.region.offset, {}, &Region::offset);
+  return {first, std::ranges::lower_bound(assumed_, piece.region.End(), {}, &Region::offset)};
 }
 
 bool BroughtCode::IsStart(Offset place) const { return isStart_[static_cast<std::size_t>(place) / 2]; }

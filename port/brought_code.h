@@ -3,6 +3,7 @@
 // code if it can be. The rest is data.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "port/patched_image.h"
@@ -24,7 +25,7 @@ class BroughtCode {
   // What the erased pieces bring, by offset.
   [[nodiscard]] std::vector<BroughtBlock> Blocks() const;
   // The parts of an erased piece that nothing leads into, so that their code may as well be data.
-  [[nodiscard]] std::vector<Region> AssumedIn(const PatchedPiece& piece) const;
+  [[nodiscard]] std::span<const Region> AssumedIn(const PatchedPiece& piece) const;
 
  private:
   // The runs of instructions in a part, by offset; none reaches over an instruction that nothing follows.
@@ -35,6 +36,8 @@ class BroughtCode {
   [[nodiscard]] const Region* PartAt(Offset offset) const;
   void Assume(const Region& part);
   void OpenUnreached(const Region& part);
+  // Where the instructions that follow each other from `place` on end.
+  [[nodiscard]] Offset EndOfRun(Offset place) const;
   [[nodiscard]] bool LeadsOn(Offset place, const Region& part) const;
   void Walk();
   void WalkFrom(Offset place);
@@ -44,8 +47,8 @@ class BroughtCode {
   const CodeUnits& units_;
   std::vector<Region> parts_;  // of erased pieces: what is brought without a gap, by offset
   std::vector<Offset> open_;
-  std::vector<Region> assumed_;
-  std::vector<bool> isStart_;  // for each word
+  std::vector<Region> assumed_;  // by offset
+  std::vector<bool> isStart_;    // for each word
 };
 
 }  // namespace tarvelo

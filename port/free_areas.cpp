@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <functional>
+#include <iterator>
 
 #include "core/erased_runs.h"
 
@@ -23,30 +23,41 @@ bool HasRoom(const Region& area, const Region& place) {
 
 }  // namespace
 
-FreeAreas::FreeAreas(const Fullflash& image, std::span<const Region> used)
-    : base_(image.CorrBase()), areas_(ErasedRuns(image.ff())) {
+FreeAreas::FreeAreas(const Fullflash& image, std::span<const Region> used) : base_(image.CorrBase()) {
+  for (const Region& run : ErasedRuns(image.ff())) Add(run.offset, run.End());
   Take({0, BroughtAreas::segment - base_});
   Take({std::ssize(image.ff()) - kept, kept});
   for (const Region& region : used) Take(region);
 }
 
+void FreeAreas::Add(Offset offset, Offset end) {
+  if (end <= offset) return;
+  ends_.emplace(offset, end);
+  areas_.insert({offset, end - offset});
+}
+
 void FreeAreas::Take(const Region& region) {
   if (region.size <= 0) return;
-  std::vector<Region> left;
-  for (const Region& area : areas_) {
-    const Offset firstEnd = std::min(area.End(), region.offset);
-    const Offset second = std::max(area.offset, region.End());
-    if (firstEnd > area.offset) left.push_back({area.offset, firstEnd - area.offset});
-    if (second < area.End()) left.push_back({second, area.End() - second});
+  auto area = ends_.upper_bound(region.offset);
+  if (area != ends_.begin()) --area;
+  while (area != ends_.end() && area->first < region.End()) {
+    const auto [offset, end] = *area;
+    if (end <= region.offset) {
+      ++area;
+      continue;
+    }
+    area = ends_.erase(area);
+    areas_.erase({offset, end - offset});
+    Add(offset, region.offset);
+    Add(region.End(), end);
   }
-  areas_ = std::move(left);
 }
 
 std::optional<Offset> FreeAreas::Find(Offset from, Offset size) const {
-  std::vector<Region> areas = areas_;
-  std::ranges::stable_sort(areas, std::greater{}, &Region::size);
-  for (const Region& area : areas)
+  for (const Region& area : areas_) {
+    if (area.size < size + 2 * margin) break;
     if (const auto place = FindIn(area, from, size)) return place;
+  }
   return {};
 }
 
@@ -65,9 +76,11 @@ std::optional<Offset> FreeAreas::FindIn(const Region& area, Offset from, Offset 
 }
 
 bool FreeAreas::Suits(Offset from, Offset size, Offset to) const {
-  const auto hasRoom = [&](const Region& area) { return HasRoom(area, {to, size}); };
+  const auto after = ends_.upper_bound(to);
+  if (after == ends_.begin()) return false;
+  const auto& [offset, end] = *std::prev(after);
   return (to + base_ - from) % finest == 0 && KeepsBounds(from, size, to) &&
-         std::ranges::any_of(areas_, hasRoom);
+         HasRoom({offset, end - offset}, {to, size});
 }
 
 bool FreeAreas::KeepsBounds(Offset from, Offset size, Offset to) const {

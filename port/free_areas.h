@@ -1,9 +1,10 @@
 // Erased areas of a dump for what a patch brings along.
 #pragma once
 
+#include <map>
 #include <optional>
+#include <set>
 #include <span>
-#include <vector>
 
 #include "core/fullflash.h"
 #include "core/region.h"
@@ -33,8 +34,18 @@ class FreeAreas {
   [[nodiscard]] std::optional<Offset> FindIn(const Region& area, Offset from, Offset size) const;
   [[nodiscard]] bool KeepsBounds(Offset from, Offset size, Offset to) const;
 
-  Offset base_;                // phone address of offset 0
-  std::vector<Region> areas_;  // with their margins
+  struct Longer {
+    [[nodiscard]] bool operator()(const Region& a, const Region& b) const {
+      return a.size != b.size ? a.size > b.size : a.offset < b.offset;
+    }
+  };
+
+  void Add(Offset offset, Offset end);
+
+  Offset base_;  // phone address of offset 0
+  // With their margins: the end by the offset, and the longest first.
+  std::map<Offset, Offset> ends_;
+  std::set<Region, Longer> areas_;
 };
 
 }  // namespace tarvelo

@@ -1,6 +1,7 @@
 #include "port/port.h"
 
 #include <algorithm>
+#include <set>
 
 #include "code/masked_pattern.h"
 #include "code/nearby_code.h"
@@ -8,6 +9,7 @@
 #include "port/area_uses.h"
 #include "port/brought_code.h"
 #include "port/free_areas.h"
+#include "port/marked_bytes.h"
 #include "port/port_operands.h"
 #include "port/port_pointers.h"
 
@@ -51,8 +53,8 @@ class Porter {
     return std::move(ported_);
   }
 
-  // The moved areas that carried changes elsewhere refer to.
-  [[nodiscard]] const std::vector<AreaMove>& Referred() const { return referred_; }
+  // The old places of the moved areas that carried changes elsewhere refer to.
+  [[nodiscard]] const std::set<Offset>& Referred() const { return referred_; }
 
  private:
   void RefuseUsersOfRefused() {
@@ -167,7 +169,7 @@ class Porter {
     if (moves)
       for (const Region& part : brought_.AssumedIn(piece))
         FailAsData(part, newOf(part.offset), piece, carried);
-    Take(piece, {{}, *there, 0}, std::move(carried));
+    Take(piece, {{}, *there, 0}, carried);
   }
 
   [[nodiscard]] std::vector<std::uint8_t> PatchedBytes(const Region& region) const {
@@ -196,18 +198,17 @@ class Porter {
     }
   }
 
-  // Gives each change of a piece its part. Bytes of a piece that no change has must be what the new dump has.
-  void Take(const PatchedPiece& piece, const NewPlace& place, CarriedCode carried) {
+  // Gives each change of a piece its part, unless a byte of it fails.
+  void Take(const PatchedPiece& piece, const NewPlace& place, const CarriedCode& carried) {
     done_ += std::ssize(piece.changes);
-    FailUncovered(piece, place, carried);
+    MarkedBytes failed(piece.region);
+    for (const Region& region : carried.failed) failed.Mark(region);
+    if (piece.kind == PatchedPiece::Kind::Code) FailUncovered(piece, place, carried.bytes, failed);
     for (const std::size_t i : piece.changes) {
       const Change& change = image_.Changes()[i].change;
       const Region region{change.offset, std::ssize(change.oldBytes)};
       PortedChange& ported = ported_[i];
-      const auto touches = [&](const Region& failed) {
-        return failed.offset < region.End() && region.offset < failed.End();
-      };
-      if (std::ranges::any_of(carried.failed, touches)) {
+      if (failed.Touch(region)) {
         ported.refusal = PortRefusal::NoAddress;
         continue;
       }
@@ -226,28 +227,23 @@ class Porter {
     }
   }
 
-  void FailUncovered(const PatchedPiece& piece, const NewPlace& place, CarriedCode& carried) const {
-    std::vector<bool> isCovered(carried.bytes.size());
+  // Bytes of a piece of code that no change has must be what the new dump has.
+  void FailUncovered(const PatchedPiece& piece, const NewPlace& place, Bytes bytes,
+                     MarkedBytes& failed) const {
+    MarkedBytes covered(piece.region);
     for (const std::size_t i : piece.changes) {
       const Change& change = image_.Changes()[i].change;
-      std::fill_n(isCovered.begin() + (change.offset - piece.region.offset), change.oldBytes.size(), true);
+      covered.Mark({change.offset, std::ssize(change.oldBytes)});
     }
     const Bytes there = now_.Region(place.offset, piece.region.size);
-    for (std::size_t k = 0; k < carried.bytes.size(); ++k)
-      if (!isCovered[k] && carried.bytes[k] != there[k])
-        carried.failed.push_back(InstructionAround(piece.region.offset + static_cast<Offset>(k), piece));
-  }
-
-  // The patched instruction with a byte of a piece of code.
-  [[nodiscard]] Region InstructionAround(Offset byte, const PatchedPiece& piece) const {
-    Region region{byte, 1};
-    if (piece.kind == PatchedPiece::Kind::Code)
-      Sweep(image_.Patched(), piece.region.offset, piece.region.End(),
-            [&](Offset at, const Instruction& instruction, const ExtRange&) {
-              region = {at, instruction.Size()};
-              return region.Holds(byte);
-            });
-    return region;
+    Sweep(image_.Patched(), piece.region.offset, piece.region.End(),
+          [&](Offset at, const Instruction& instruction, const ExtRange&) {
+            for (Offset k = at; k < std::min(at + instruction.Size(), piece.region.End()); ++k) {
+              const auto byte = static_cast<std::size_t>(k - piece.region.offset);
+              if (!covered.Touch({k, 1}) && bytes[byte] != there[byte]) failed.Mark({at, instruction.Size()});
+            }
+            return false;
+          });
   }
 
   // A new address for an old one, or for what the patch brings along.
@@ -255,7 +251,7 @@ class Porter {
     const Offset offset = Offset{address} - old_.CorrBase();
     const AreaMove* const moved = maps_.areas.MovedAt(address);
     if (const PatchedPiece* const used = image_.ErasedAt(moved ? moved->from.offset : offset)) {
-      if (moved && used != uses_.Piece()) referred_.push_back(*moved);
+      if (moved && used != uses_.Piece()) referred_.insert(moved->from.offset);
       uses_.Add(offset);
       const auto there = maps_.areas.NewOf(offset);
       return there ? std::optional(now_.PhoneAddress(*there)) : std::nullopt;
@@ -275,7 +271,7 @@ class Porter {
   NearbyCode nearby_;
   CarryMaps maps_;
   AreaUses uses_;
-  std::vector<AreaMove> referred_;
+  std::set<Offset> referred_;
   std::vector<PortedChange> ported_;
 };
 
@@ -335,9 +331,7 @@ std::vector<AreaMove> OfferAreas(std::span<const PatchChange> changes, const Ful
   if (moves.empty()) return moves;
   Porter porter(changes, old, now, pairing, progress, moves);
   porter.Run();
-  std::erase_if(moves, [&](const AreaMove& move) {
-    return std::ranges::find(porter.Referred(), move) == porter.Referred().end();
-  });
+  std::erase_if(moves, [&](const AreaMove& move) { return !porter.Referred().contains(move.from.offset); });
   return moves;
 }
 

@@ -67,6 +67,18 @@ TEST(BroughtCode, IsAssumedInEachPartThatNothingLeadsTo) {
   EXPECT_EQ(code.Blocks(), blocks);
 }
 
+// Routines one behind the other that call the first, the last of which runs into data.
+TEST(BroughtCode, GoesOnBehindEachReturn) {
+  const Fullflash image = ImageOf(ImageBuilder(0x10000));
+  const CodeUnits none;
+  const Data bytes = "DB00 DAFF0080 DB00 DAFF0080 DB00 DAFF0080 8C00"_hex;
+  const std::vector<PatchChange> changes{{0, {0x8000, Data(bytes.size(), 0xFF), bytes}}};
+  const PatchedImage patched(changes, image, none);
+  const std::vector<BroughtBlock> blocks{
+      {{0x8000, 2}, true}, {{0x8002, 6}, true}, {{0x8008, 6}, true}, {{0x800E, 6}}};
+  EXPECT_EQ(BroughtCode(patched, none).Blocks(), blocks);
+}
+
 // 100h bytes from a phone address in an image of 320 KiB, whose segments begin at offset 0, 10000h and so on.
 TEST(FreeAreas, HaveRoomWithinTheBoundsOfPagesAndSegments) {
   const std::tuple<std::vector<Region>, Offset, std::optional<Offset>> cases[] = {
