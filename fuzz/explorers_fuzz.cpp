@@ -72,10 +72,11 @@ void CheckRegions(const DumpMap& map, const Fullflash& image) {
     Check(region.offset == end && region.size > 0, "a region begins where the one before it ends");
     Check((region.kind == &map::unknown) == (region.sure == Sureness::Unknown), "what is known is sure");
     Check(map.Within(region.offset, region.size).size() == 1, "a region is found where it lies");
-    Check(!LabelOf(map, region.offset, image.ffEnd()).empty(), "bytes of the image have a label");
+    Check(!LabelOf(map, region.offset, region.size).empty(), "bytes of the image have a label");
     end = region.End();
   }
   Check(end == std::ssize(image.ff()), "the regions make up the whole image");
+  Check(!LabelOf(map, 0, end).empty(), "the image has a label");
   Check(MapRows(map, image).All().rows.size() == map.regions.size(), "a region has a row");
 }
 
