@@ -11,10 +11,15 @@ namespace {
 
 constexpr int mostRounds = 64;  // through a part; each may find what the one before led to
 
+std::size_t Word(Offset place) { return static_cast<std::size_t>(place) / 2; }
+
 }  // namespace
 
 BroughtCode::BroughtCode(const PatchedImage& image, const CodeUnits& units)
-    : image_(image), units_(units), isStart_(static_cast<std::size_t>(std::ssize(image.Patched())) / 2 + 1) {
+    : image_(image),
+      units_(units),
+      isStart_(Word(std::ssize(image.Patched())) + 1),
+      endsInData_(isStart_.size()) {
   using enum PatchedPiece::Kind;
   for (const PatchedPiece& piece : image_.Pieces())
     if (piece.kind == Erased) AddParts(piece);
@@ -132,13 +137,16 @@ void BroughtCode::WalkFrom(Offset place) {
   Offset at = place;
   while (at < part.End() && !IsStart(at)) {
     const Instruction instruction = Instruction::Decode(image_.Patched(), at);
-    if (instruction.IsData() || at + instruction.Size() > part.End()) return;
     found.push_back({at, instruction.Size()});
+    if (instruction.IsData() || at + instruction.Size() > part.End() || endsInData_[Word(at)]) {
+      for (const Region& region : found) endsInData_[Word(region.offset)] = true;
+      return;
+    }
     at += instruction.Size();
     if (!instruction.FallsThrough()) break;
   }
   for (const Region& region : found) {
-    isStart_[static_cast<std::size_t>(region.offset) / 2] = true;
+    isStart_[Word(region.offset)] = true;
     FollowReferences(region);
   }
 }
@@ -148,7 +156,7 @@ std::span<const Region> BroughtCode::AssumedIn(const PatchedPiece& piece) const 
   return {first, std::ranges::lower_bound(assumed_, piece.region.End(), {}, &Region::offset)};
 }
 
-bool BroughtCode::IsStart(Offset place) const { return isStart_[static_cast<std::size_t>(place) / 2]; }
+bool BroughtCode::IsStart(Offset place) const { return isStart_[Word(place)]; }
 
 std::vector<Region> BroughtCode::RunsIn(const Region& part) const {
   std::vector<Region> runs;

@@ -47,8 +47,9 @@ class BroughtCode {
   const CodeUnits& units_;
   std::vector<Region> parts_;  // of erased pieces: what is brought without a gap, by offset
   std::vector<Offset> open_;
-  std::vector<Region> assumed_;  // by offset
-  std::vector<bool> isStart_;    // for each word
+  std::vector<Region> assumed_;   // by offset
+  std::vector<bool> isStart_;     // for each word: of an instruction of the code
+  std::vector<bool> endsInData_;  // for each word: what begins there is no code
 };
 
 }  // namespace tarvelo
