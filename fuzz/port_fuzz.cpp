@@ -1,7 +1,9 @@
 // Carries an arbitrary patch from arbitrary bytes to what an editor made of them: text, a zero, edits, bytes.
+// If there is no text, changes follow the zero.
 #include <vector>
 
 #include "fuzz/target.h"
+#include "patch/patch_lines.h"
 #include "port/port.h"
 #include "port/port_text.h"
 #include "versions/code_pairing.h"
@@ -26,6 +28,31 @@ std::vector<std::uint8_t> Edited(Bytes bytes, Input& input) {
   return edited;
 }
 
+struct NewBytes {
+  Offset offset = 0;
+  Bytes bytes;
+};
+
+// Up to seven changes: a word, which is half the place, a length and the new bytes.
+std::vector<NewBytes> TakeNewBytes(Input& input) {
+  std::vector<NewBytes> all;
+  for (int count = input.Byte() & 7; count > 0; --count) {
+    const Offset offset = Offset{input.Word()} * 2;
+    const std::size_t size = input.Byte();
+    all.push_back({offset, input.Take(size)});
+  }
+  return all;
+}
+
+// Their patch for a dump; those that reach behind its end are left out.
+std::string TextFor(const Fullflash& old, const std::vector<NewBytes>& all) {
+  std::string text;
+  for (const NewBytes& each : all)
+    if (const Offset size = std::ssize(each.bytes); each.offset + size <= std::ssize(old.ff()))
+      AppendPatchLines(text, each.offset, old.Region(each.offset, size), each.bytes);
+  return text;
+}
+
 void CheckPorted(const PatchChange& change, const PortedChange& ported, const Fullflash& old,
                  const Fullflash& now) {
   if (ported.refusal) return Check(!ReasonOf(*ported.refusal).empty(), "a refusal has a reason");
@@ -42,13 +69,15 @@ void CheckPorted(const PatchChange& change, const PortedChange& ported, const Fu
 
 void Run(Bytes data) {
   Input input(data);
-  const std::string text = input.Text();
+  std::string text = input.Text();
+  const std::vector<NewBytes> changes = text.empty() ? TakeNewBytes(input) : std::vector<NewBytes>();
   // The edits are read once the old dump, which is behind them, is known.
   Input edits = input;
   (void)Edited({}, input);
   const Fullflash old = ImageOf(input.Rest());
   if (!old.IsOpen() || old.ff().size() > 0x20000) return;
   const Fullflash now(Bytes(Edited(old.ff(), edits)));
+  if (text.empty()) text = TextFor(old, changes);
   const CodeUnits before = GetCodeUnits(old, GetFunctions(old, noProgress));
   const CodeUnits after = GetCodeUnits(now, GetFunctions(now, noProgress));
   const CodePairing pairing(before, old.PhoneAddress(0), after, now.PhoneAddress(0), noProgress);

@@ -57,6 +57,13 @@ class Input {
     return static_cast<std::int32_t>(low | std::uint32_t{Word()} << 16);
   }
 
+  // As many bytes as there are, up to a number.
+  Bytes Take(std::size_t most) {
+    const Bytes taken = rest_.first(std::min(most, rest_.size()));
+    rest_ = rest_.subspan(taken.size());
+    return taken;
+  }
+
   // The text up to the next zero byte, which is consumed too.
   std::string Text() {
     const auto end = static_cast<std::size_t>(std::ranges::find(rest_, 0) - rest_.begin());
